@@ -1,0 +1,31 @@
+// How a host loads the package: one function that the module exports, one object that it hands out.
+#pragma once
+
+#include "package/host/api/ideservices.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace deployment {
+
+/// Goes up with every change of a header in this folder; host and package must agree.
+inline constexpr std::uint32_t PackageInterfaceVersion = 1;
+
+/// The loaded package. Owned by the host, which destroys it before it unloads the module and after
+/// it closed every module that the package attached a handler to.
+class IPackage {
+public:
+  virtual ~IPackage() = default;
+  /// Initialises the units in order. A second call does nothing.
+  virtual void Start() = 0;
+  /// Finalises the started units in reverse order. May come twice, and without a start.
+  virtual void Stop() = 0;
+};
+
+/// Name and type of the exported function. It fills `package` and answers true; it answers false
+/// when the host was built for another version of the interface.
+inline constexpr const char* CreatePackageName = "CreateDeploymentPackage";
+using TCreatePackage = bool (*)(VelmorIDEServices& host, std::uint32_t interfaceVersion,
+                                std::unique_ptr<IPackage>& package);
+
+} // namespace deployment

@@ -1,0 +1,96 @@
+// A session: the host with the package loaded, and the projects that are open in it. Both faces of
+// the workbench work on this object.
+#pragma once
+
+#include "package/host/api/deploymentapi.h"
+#include "package/host/api/toolsapi.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+class TPlatformTable;
+class TProjectSettings;
+
+/// What a session is made with.
+struct TSessionOptions {
+  std::filesystem::path Root; ///< from "--root"; empty: by environment, then the built-in place
+};
+
+/// Something the user should know although the work goes on.
+struct TWarning {
+  std::string Text;
+  std::string File;
+  unsigned Line = 0; ///< 0 when it is about no line
+};
+
+/// Outcome of a save.
+struct TSaveReport {
+  bool ProjectWritten = false;  ///< false: the file has been what it should be already
+  bool SideFileWritten = false; ///< false: it has been what it should be already
+  std::filesystem::path SideFile;
+};
+
+/// One project that is open. Owned by the session; closed with it.
+class TOpenProject {
+public:
+  virtual ~TOpenProject() = default;
+
+  /// The file under the name that the user gave.
+  virtual const std::filesystem::path& GivenFileName() const = 0;
+  virtual deployment::IOTAProject& Project() = 0;
+  /// Throws TInputError when the project carries no deployment.
+  virtual deployment::IProjectDeployment& Deployment() = 0;
+  /// Configurations, platforms and evaluated properties of the project.
+  virtual const TProjectSettings& Settings() const = 0;
+  /// "Version" of the section as the file said when it was read; 0 when it said nothing.
+  virtual int SectionVersionRead() const = 0;
+  /// True when the file was read in an older layout, so that a save brings it up to date.
+  virtual bool WasUpgraded() const = 0;
+  /// What reading the project brought up, in order.
+  virtual const std::vector<TWarning>& Warnings() const = 0;
+
+  /// True when the deployment changed since it was read or saved.
+  virtual bool HasChanges() const = 0;
+  /// Says that the deployment changed in a way that listeners do not hear of.
+  virtual void MarkChanged() = 0;
+
+  /// Writes the project when it has changes, and then the side file. With `force` a file that
+  /// changed on disk since it was read is overwritten. Throws TSaveError; then the file on disk is
+  /// what it was before.
+  virtual TSaveReport Save(bool force) = 0;
+  /// Writes the side file alone. Throws TSaveError.
+  virtual TSaveReport Export() = 0;
+};
+
+/// The host and everything in it.
+class TSession {
+public:
+  /// Makes the services, loads the package and tells it that the host is ready. Throws TInputError
+  /// when the platform table cannot be read or the package cannot be loaded.
+  explicit TSession(const TSessionOptions& options);
+  ~TSession();
+  TSession(const TSession&) = delete;
+  TSession& operator=(const TSession&) = delete;
+
+  /// Opens a project file and reads its deployment. Throws TInputError, and nothing is open then.
+  TOpenProject& Open(const std::filesystem::path& file);
+  /// Closes it without saving.
+  void Close(TOpenProject& project);
+
+  const TPlatformTable& Platforms() const;
+  /// Root directory whose ObjRepos/Deploy is in use.
+  const std::filesystem::path& Root() const;
+  /// The classes that ship with the workbench, for projects without a list of their own. Variables
+  /// of the template are filled with empty texts. Throws TInputError.
+  std::vector<std::shared_ptr<deployment::IProjectDeploymentClass>> ShippedClasses();
+
+private:
+  struct TParts;
+  std::unique_ptr<TParts> FParts;
+};
+
+} // namespace workbench
