@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace workbench {
@@ -18,6 +19,12 @@ class TProjectSettings;
 /// What a session is made with.
 struct TSessionOptions {
   std::filesystem::path Root; ///< from "--root"; empty: by environment, then the built-in place
+};
+
+/// What a project is opened for.
+enum class TOpenPurpose {
+  Look, ///< nothing will be saved, or a save takes the lock for itself
+  Edit, ///< the file is locked against other runs from before it is read until it is closed
 };
 
 /// Something the user should know although the work goes on.
@@ -76,8 +83,12 @@ public:
   TSession(const TSession&) = delete;
   TSession& operator=(const TSession&) = delete;
 
-  /// Opens a project file and reads its deployment. Throws TInputError, and nothing is open then.
-  TOpenProject& Open(const std::filesystem::path& file);
+  /// Opens a project file and reads its deployment. Throws TInputError when it cannot be read, and
+  /// TSaveError when another run holds it for longer than ten seconds; nothing is open then.
+  TOpenProject& Open(const std::filesystem::path& file, TOpenPurpose purpose);
+  /// Writes a new project file from its text and runs the first-content step of every section
+  /// owner on it. Throws TSaveError when the file exists already or cannot be written.
+  void Create(const std::filesystem::path& file, std::string_view projectText);
   /// Closes it without saving.
   void Close(TOpenProject& project);
 
