@@ -31,6 +31,14 @@ public:
   virtual std::string Filter(std::string_view fileName) const = 0;
 };
 
+/// Tells the user what they should know while the work goes on. Implemented by the host.
+class IOTAMessageServices {
+public:
+  virtual ~IOTAMessageServices() = default;
+  /// One sentence about a place in an input.
+  virtual void AddWarning(std::string_view text, const TErrorPlace& place) = 0;
+};
+
 /// The services of the host. Implemented by the host and alive as long as the package is loaded.
 /// Those returned by reference every host has; a pointer is null in a host without that service.
 class VelmorIDEServices {
@@ -46,6 +54,7 @@ public:
   virtual IFileUtils& GetFileUtils() = 0;
   virtual IAppStrings& GetAppStrings() = 0;
   virtual ISettingsStore& GetSettings() = 0;
+  virtual IOTAMessageServices& GetMessageServices() = 0;
   virtual std::unique_ptr<ICoExpertFilter> CreateTextFilter() = 0;
 
   virtual IOTAPersonalityServices* GetPersonalityServices() = 0;

@@ -3,6 +3,7 @@
 
 #include "package/common/errors.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,6 +20,9 @@ public:
   virtual std::string_view NodeName() const = 0;
   /// The value of an attribute; nothing when the element does not carry it.
   virtual std::optional<std::string_view> GetAttribute(std::string_view name) const = 0;
+  /// Number of attributes, and their names in document order.
+  virtual std::size_t AttributeCount() const = 0;
+  virtual std::string_view AttributeName(std::size_t index) const = 0;
   /// Sets an attribute; a new one goes behind the present ones.
   virtual void SetAttribute(std::string_view name, std::string_view value) = 0;
   /// The text directly inside the element, joined; empty when there is none.

@@ -1,0 +1,38 @@
+#include "package/model/application_type.h"
+
+namespace deployment {
+namespace {
+
+struct TApplicationTypeRow {
+  std::string_view ApplicationType;
+  std::string_view Kind;
+};
+
+// The first row that matches wins.
+constexpr TApplicationTypeRow ApplicationTypeRows[] = {
+    {"Console", "Console"},
+    {"CppConsoleApplication", "Console"},
+    {"CppGuiApplication", "Application"},
+    {"CppNWLApplication", "Application"},
+    {"KyxGuiApplication", "Application"},
+    {"RzmGuiApplication", "Application"},
+    {"RziGuiApplication", "Application"},
+    {"Application", "Application"},
+    {"CppDynamicLibrary", "Library"},
+    {"Library", "Library"},
+    {"CppManagedDynamicLibrary", "Library"},
+    {"CppPackage", "Package"},
+    {"Package", "Package"},
+};
+
+} // namespace
+
+std::string_view MapApplicationType(std::string_view applicationType) {
+  for (const TApplicationTypeRow& row : ApplicationTypeRows) {
+    if (row.ApplicationType == applicationType)
+      return row.Kind;
+  }
+  return applicationType;
+}
+
+} // namespace deployment

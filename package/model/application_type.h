@@ -1,0 +1,13 @@
+// Kinds of program: from what a project calls itself to the few kinds that templates know.
+#pragma once
+
+#include <string_view>
+
+namespace deployment {
+
+/// The kind of program ("Application", "Console", "Library" or "Package") behind a project's
+/// application type, compared exactly. A type that is in no row, an empty one too, is its own kind.
+/// The view points into a constant or into `applicationType`.
+std::string_view MapApplicationType(std::string_view applicationType);
+
+} // namespace deployment

@@ -1,0 +1,93 @@
+#include "package/model/deployment_section.h"
+
+#include "package/common/case_fold.h"
+#include "package/host/api/xmlutils.h"
+#include "package/model/deployment_class.h"
+#include "package/model/deployment_file.h"
+#include "package/model/section_names.h"
+
+#include <memory>
+#include <string>
+
+namespace deployment {
+namespace {
+
+// Each kind of element is read and written side by side.
+
+void ReadFiles(IProjectDeployment& deployment, IXMLNode& section) {
+  for (IXMLNode* node = FindChild(section, section_names::DeployFile); node;
+       node = FirstNamed(node->NextSibling(), section_names::DeployFile)) {
+    const auto file = std::make_shared<TDeploymentFile>();
+    file->Read(*node);
+    deployment.AddFileEntry(file->GetConfiguration(), file->GetFilePlatform(), file);
+  }
+}
+
+void WriteFiles(IProjectDeployment& deployment, IXMLNode& section) {
+  // Asking for every entry through the search leaves a project that nobody looked at without the
+  // default deployment, so that saving it changes nothing.
+  for (const auto& file : deployment.FindFiles("", "", "", ""))
+    dynamic_cast<const TDeploymentFile&>(*file).Write(section.AddChild(section_names::DeployFile));
+}
+
+void ReadClasses(IProjectDeployment& deployment, IXMLNode& section) {
+  for (IXMLNode* node = FindChild(section, section_names::DeployClass); node;
+       node = FirstNamed(node->NextSibling(), section_names::DeployClass)) {
+    const auto deploymentClass = std::make_shared<TDeploymentClass>();
+    deploymentClass->Read(*node);
+    deployment.AddClass(deploymentClass);
+  }
+}
+
+void WriteClasses(IProjectDeployment& deployment, IXMLNode& section) {
+  for (const auto& deploymentClass : deployment.GetClasses())
+    dynamic_cast<const TDeploymentClass&>(*deploymentClass)
+        .Write(section.AddChild(section_names::DeployClass));
+}
+
+void ReadProjectRoots(IProjectDeployment& deployment, IXMLNode& section) {
+  for (IXMLNode* node = FindChild(section, section_names::ProjectRoot); node;
+       node = FirstNamed(node->NextSibling(), section_names::ProjectRoot)) {
+    const std::string_view name = ExpectAttribute(*node, section_names::Name);
+    deployment.SetProjectRoot(ExpectAttribute(*node, section_names::Platform), name);
+  }
+}
+
+void WriteProjectRoots(IProjectDeployment& deployment, IXMLNode& section) {
+  for (const auto& root : deployment.GetProjectRoots()) {
+    IXMLNode& node = section.AddChild(section_names::ProjectRoot);
+    node.SetAttribute(section_names::Platform, root.Key);
+    node.SetAttribute(section_names::Name, root.Value);
+  }
+}
+
+} // namespace
+
+bool IsDeploymentSection(const IXMLNode& node) {
+  return SameText(node.NodeName(), DeploymentSectionName);
+}
+
+int ReadSectionVersion(const IXMLNode& node) {
+  const auto version = node.GetAttribute(section_names::Version);
+  return version ? ExpectInteger(node, section_names::Version, *version) : 0;
+}
+
+void ReadSectionEntries(IProjectDeployment& deployment, IXMLNode& node) {
+  ReadFiles(deployment, node);
+  ReadClasses(deployment, node);
+  ReadProjectRoots(deployment, node);
+}
+
+void WriteSection(IProjectDeployment& deployment, IXMLNode& node) {
+  node.RemoveChildren();
+  if (deployment.IsEmpty()) {
+    node.RemoveAttributes();
+    return;
+  }
+  node.SetAttribute(section_names::Version, std::to_string(CurrentSectionVersion));
+  WriteFiles(deployment, node);
+  WriteClasses(deployment, node);
+  WriteProjectRoots(deployment, node);
+}
+
+} // namespace deployment

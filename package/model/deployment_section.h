@@ -1,0 +1,28 @@
+// The Deployment section of a project file: the entries of a deployment as elements and back.
+#pragma once
+
+#include "package/host/api/deploymentapi.h"
+#include "package/host/api/xml.h"
+
+namespace deployment {
+
+/// The layout that is written, and the one that a new project starts with.
+inline constexpr int CurrentSectionVersion = 2;
+
+/// True when the element is a section (its name compared ignoring case).
+bool IsDeploymentSection(const IXMLNode& node);
+
+/// The layout of a section; 0, the oldest, when it does not say. Throws TInputError when it says
+/// anything but an integer.
+int ReadSectionVersion(const IXMLNode& node);
+
+/// Adds the entries and root names of a section to the deployment. An entry takes the place of
+/// one with the same configuration, platform and local name. Throws TInputError at an element that
+/// cannot be understood; what was added before it stays.
+void ReadSectionEntries(IProjectDeployment& deployment, IXMLNode& node);
+
+/// Rebuilds the section from the deployment as it is: the default deployment is not made sure of.
+/// A deployment with neither files nor classes leaves a section without children and attributes.
+void WriteSection(IProjectDeployment& deployment, IXMLNode& node);
+
+} // namespace deployment

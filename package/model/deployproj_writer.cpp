@@ -1,0 +1,127 @@
+#include "package/model/deployproj_writer.h"
+
+#include "package/common/delimited_list.h"
+#include "package/common/path_text.h"
+#include "package/model/repository_file.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace deployment {
+namespace {
+
+// An entry with what is the same for every platform, found out once.
+struct TListedFile {
+  IProjectDeploymentFile& File;
+  std::string Condition;
+  bool EnabledEverywhere; ///< by its record for all platforms
+  bool Required;
+};
+
+std::string TestOf(std::string_view property, std::string_view value) {
+  return "'$(" + std::string(property) + ")'=='" + std::string(value) + "'";
+}
+
+std::string ItemCondition(const IProjectDeploymentFile& file) {
+  std::string condition;
+  if (!file.GetConfiguration().empty())
+    condition = TestOf("Config", file.GetConfiguration());
+  if (!condition.empty() && !file.GetCondition().empty())
+    condition += " And ";
+  return condition += file.GetCondition();
+}
+
+// Only the record itself counts: the getter alone would answer from another record without one.
+bool IsEnabledEverywhere(const IProjectDeploymentFile& file) {
+  const auto platforms = file.GetPlatforms();
+  return std::find(platforms.begin(), platforms.end(), sAllPlatforms) != platforms.end() &&
+         file.GetEnabled(sAllPlatforms);
+}
+
+std::vector<TListedFile> ListFiles(const TDeploymentFiles& files,
+                                   const IDeploymentClassList& classes) {
+  std::vector<TListedFile> listed;
+  listed.reserve(files.size());
+  for (const auto& file : files)
+    listed.push_back(TListedFile{*file, ItemCondition(*file), IsEnabledEverywhere(*file),
+                                 GetDeploymentRequired(*file, classes)});
+  return listed;
+}
+
+/// Writes the files of one platform.
+class TPlatformWriter {
+public:
+  TPlatformWriter(IMSBuildProjectDocument& document, IProjectDeployment& deployment,
+                  std::string_view platform)
+      : FGroup(document.AddItemGroup(TestOf("Platform", platform))), FDeployment(deployment),
+        FPlatform(platform),
+        FBaseDir(WithTrailingDelimiter(deployment.GetRemoteBaseDir(platform))) {}
+
+  void WriteFile(const TListedFile& listed) {
+    IProjectDeploymentFile& file = listed.File;
+    if (!file.GetEnabled(FPlatform) && !listed.EnabledEverywhere)
+      return;
+    IMSBuildItem& item = FGroup.AddItem("DeployFile", file.GetLocalName());
+    if (!listed.Condition.empty())
+      item.SetCondition(listed.Condition);
+    const auto operation = static_cast<int>(GetDeploymentOperation(file, FPlatform, FDeployment));
+    item.AddMetadata("RemoteDir", RemoteDir(file));
+    item.AddMetadata("RemoteName", file.GetRemoteName(FPlatform));
+    item.AddMetadata("DeployClass", file.GetDeploymentClass());
+    item.AddMetadata("Operation", std::to_string(operation));
+    item.AddMetadata("LocalCommand", Commands(&GetDeploymentLocalCommands, file));
+    item.AddMetadata("RemoteCommand", Commands(&GetDeploymentRemoteCommands, file));
+    item.AddMetadata("Overwrite", file.GetOverwrite(FPlatform) ? "True" : "False");
+    if (listed.Required)
+      item.AddMetadata("Required", "True");
+  }
+
+private:
+  using TGetCommands = TCommandList (*)(IProjectDeploymentFile&, std::string_view,
+                                        const IDeploymentClassList&);
+
+  std::string RemoteDir(const IProjectDeploymentFile& file) const {
+    std::string directory = GetDeploymentRemoteDir(file, FPlatform, FDeployment);
+    if (!IsAbsolutePath(directory)) {
+      const bool climbs = directory.starts_with("..");
+      directory = CanonicalizePath(FBaseDir + directory);
+      // A climb out of the base directory must not end at the root of the target.
+      if (climbs && !directory.empty() && IsPathDelimiter(directory.front()))
+        directory.erase(0, 1);
+    }
+    return WithTrailingDelimiter(directory);
+  }
+
+  std::string Commands(TGetCommands getCommands, IProjectDeploymentFile& file) const {
+    return JoinDelimited(getCommands(file, FPlatform, FDeployment), "\r\n");
+  }
+
+  IMSBuildItemGroup& FGroup;
+  IProjectDeployment& FDeployment;
+  std::string_view FPlatform;
+  std::string FBaseDir;
+};
+
+} // namespace
+
+void WriteDeployProj(VelmorIDEServices& host, const ICustomProject& project,
+                     IProjectDeployment& deployment) {
+  const auto document = host.GetProjectFileUtils().MSBuildLoadProjectDocument(
+      RepositoryFile(host.GetAppStrings(), "Deploy\\deploymenttemplate.xml"));
+  const TDeploymentFiles files = deployment.GetFiles();
+  const std::vector<TListedFile> listed = ListFiles(files, deployment);
+  for (const std::string& platform :
+       host.GetPlatformManager().AvailablePlatforms(project.GetPersonality())) {
+    TPlatformWriter writer(*document, deployment, platform);
+    for (const TListedFile& file : listed)
+      writer.WriteFile(file);
+  }
+  // The old file stays until the host's save puts the new one in its place whole, or finds it to
+  // be the same and leaves it untouched. So a save that fails loses nothing, and builds that look
+  // at time stamps see a new one only when something changed.
+  document->SaveToFile(ChangeExtension(project.GetProjectFileName(), ".deployproj"));
+}
+
+} // namespace deployment

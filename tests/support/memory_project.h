@@ -1,0 +1,133 @@
+// A project in memory for tests: plain fields that a test fills, and what the package gave to it.
+#pragma once
+
+#include "package/host/api/platformapi.h"
+#include "package/host/api/toolsapi.h"
+#include "tests/support/memory_xml.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace deployment {
+
+/// A build configuration with its platforms.
+class TMemoryConfiguration : public IOTABuildConfiguration {
+public:
+  TMemoryConfiguration(std::string name, const TMemoryConfiguration* parent)
+      : Name(std::move(name)), Parent(parent) {}
+
+  std::string GetName() const override { return Name; }
+  const IOTABuildConfiguration* GetParent() const override { return Parent; }
+  std::vector<std::string> GetPlatforms() const override { return Platforms; }
+
+  std::string Name;
+  const TMemoryConfiguration* Parent;
+  std::vector<std::string> Platforms;
+};
+
+/// Options by "configuration|platform|option", base properties by name; "Base" and "Debug" exist.
+class TMemoryOptions : public IOTAProjectOptionsConfigurations {
+public:
+  std::vector<const IOTABuildConfiguration*> GetConfigurations() const override;
+  const IOTABuildConfiguration& GetBaseConfiguration() const override { return Base; }
+  std::string GetOptionValue(std::string_view configuration, std::string_view platform,
+                             std::string_view option) const override;
+  std::string GetBaseProperty(std::string_view name) const override;
+  void SetBaseProperty(std::string_view name, std::string_view value) override;
+
+  TMemoryConfiguration Base{"Base", nullptr};
+  TMemoryConfiguration Debug{"Debug", &Base};
+  std::map<std::string, std::string> Values;
+  std::map<std::string, std::string> BaseProperties;
+};
+
+/// The platforms of a project.
+class TMemoryProjectPlatforms : public IOTAProjectPlatforms {
+public:
+  std::string GetActivePlatform() const override { return Active; }
+  bool SetActivePlatform(std::string_view platform) override;
+  std::vector<std::string> GetSupportedPlatforms() const override { return Supported; }
+  std::string GetProfileName(std::string_view platform) const override;
+  std::string GetSDKName(std::string_view) const override { return {}; }
+
+  std::string Active = "Win32";
+  bool MayChange = true;
+  std::vector<std::string> Supported{"Win32"};
+  std::map<std::string, std::string, std::less<>> Profiles;
+};
+
+/// The project and its module. Sections stand for the nodes in its file.
+class TMemoryProject : public IOTAProject {
+public:
+  TMemoryProject() = default;
+  TMemoryProject(const TMemoryProject&) = delete;
+  TMemoryProject& operator=(const TMemoryProject&) = delete;
+  ~TMemoryProject() override;
+
+  std::string GetFileName() const override { return FileName; }
+  bool IsProjectModule() const override { return ProjectModule; }
+  bool IsWithoutDeployment() const override { return WithoutDeployment; }
+  ICustomProject* GetProject() override { return this; }
+  int AddNotifier(std::shared_ptr<IOTAModuleNotifier> notifier) override;
+  void RemoveNotifier(int index) override;
+  void AttachHandler(std::shared_ptr<IModuleHandler> handler) override;
+
+  IProjectDeployment* GetProjectDeployment() const override;
+  std::string GetProjectFileName() const override { return FileName; }
+  std::string GetModuleName() const override { return ModuleName; }
+  std::string GetBaseName() const override { return ModuleName; }
+  std::string GetPersonality() const override { return Personality; }
+  std::string GetApplicationType() const override { return ApplicationType; }
+  std::string GetFrameworkType() const override { return FrameworkType; }
+  std::string GetProjectOption(std::string_view name) const override;
+  std::string GetCurrentPlatform() const override { return CurrentPlatform; }
+  std::string GetCurrentConfiguration() const override { return CurrentConfiguration; }
+  std::string GetOutputFileName(std::string_view configuration,
+                                std::string_view platform) const override;
+  std::string GetOutputKind() const override { return ApplicationType; }
+  std::vector<std::string> GetCompleteFileList() const override { return ProjectFiles; }
+  bool GetModified() const override { return Modified; }
+  void SetModified(bool modified) override { Modified = modified; }
+  IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override { return &Options; }
+  IOTAProjectPlatforms* GetProjectPlatforms() override { return &Platforms; }
+  IPlatformOptions* GetPlatformOptions() override { return nullptr; }
+  IBuildOptions* GetBuildOptions() override { return nullptr; }
+  ICorvaneCompilerOptions* GetCorvaneCompilerOptions() override { return nullptr; }
+
+  /// The section of that name, ignoring case; null when the project has none.
+  TMemoryXMLNode* FindSection(std::string_view name);
+  TMemoryXMLNode& AddSection(std::string_view name);
+  /// Number of listeners that are registered.
+  std::size_t NotifierCount() const;
+  /// Plays an event of the module to its listeners.
+  void RaiseAfterSave();
+  void RaiseModuleRenamed(std::string_view oldName, std::string_view newName);
+  void RaiseModuleRemoved(std::string_view name);
+  /// Closes the module: listeners are told, handlers destroyed.
+  void Close();
+
+  std::string FileName = R"(C:\work\App\App.vproj)";
+  std::string ModuleName = "App";
+  std::string Personality = "Ardent.Personality";
+  std::string ApplicationType = "Application";
+  std::string FrameworkType = "Form";
+  std::map<std::string, std::string, std::less<>> ProjectOptions;
+  std::string CurrentPlatform = "Win32";
+  std::string CurrentConfiguration = "Debug";
+  std::vector<std::string> ProjectFiles;
+  bool ProjectModule = true;
+  bool WithoutDeployment = false;
+  bool Modified = false;
+  TMemoryOptions Options;
+  TMemoryProjectPlatforms Platforms;
+  /// Answered by GetProjectDeployment when no handler offers a deployment; not owned.
+  IProjectDeployment* GivenDeployment = nullptr;
+  std::vector<std::unique_ptr<TMemoryXMLNode>> Sections;
+  std::vector<std::shared_ptr<IOTAModuleNotifier>> Notifiers; ///< removed ones are null
+  std::vector<std::shared_ptr<IModuleHandler>> Handlers;
+};
+
+} // namespace deployment

@@ -1,0 +1,28 @@
+// What an evaluation passed over, for whoever wants to tell the user.
+#pragma once
+
+#include "package/common/errors.h"
+
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+enum class TNoteKind {
+  MissingImport,      ///< there is no such file on this machine; everyday for foreign projects
+  SkippedImport,      ///< circular, imported already, or not a file of this machine
+  IgnoredAssignment,  ///< of a property that the build itself sets
+  IgnoredItem,        ///< an include or another list that cannot be evaluated here
+  WrongConfiguration, ///< a configuration was taken as a child of the base one
+};
+
+/// Something that was passed over.
+struct TEvaluationNote {
+  TNoteKind Kind;
+  std::string Text; ///< one sentence
+  deployment::TErrorPlace Place;
+};
+
+using TEvaluationNotes = std::vector<TEvaluationNote>;
+
+} // namespace workbench

@@ -1,0 +1,83 @@
+// The properties of a project while it is evaluated.
+#pragma once
+
+#include "package/common/case_fold.h"
+#include "package/host/api/xml.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace workbench {
+
+/// True for a letter or "_" followed by letters, digits, "_" and "-". A "." would start a property
+/// function: "$(Name.Length)".
+bool IsPropertyName(std::string_view name);
+
+/// Properties by name, ignoring case. A value is kept with its escapes and loses them when it is
+/// used, so that "%3B" in a property never splits a list.
+class TPropertyTable {
+public:
+  enum class TAssignment { Done, IsGlobal, IsReserved };
+
+  /// Names that the project cannot assign; the value is plain text.
+  void SetReserved(std::string_view name, std::string_view text);
+  /// A value given from outside that wins over every assignment of the project; plain text.
+  void SetGlobal(std::string_view name, std::string_view text);
+  /// A value that the project may replace; plain text.
+  void SetInitial(std::string_view name, std::string_view text);
+  /// What a reference gets while nothing sets the property; expanded at each use. A default may
+  /// refer to other defaults, but not in a circle.
+  void SetDefault(std::string_view name, std::string_view text);
+  /// Sets MSBuildThisFile and its kin.
+  void SetThisFile(const std::filesystem::path& file);
+
+  /// Stores a value that `node` of the project assigns, escapes and all.
+  TAssignment Assign(std::string_view name, std::string value,
+                     const deployment::IXMLNode& node);
+
+  /// The text with references replaced by values, escapes kept. Property functions stay as they
+  /// are written. Throws TInputError at `node` when the text grows beyond all measure.
+  std::string Expand(std::string_view text, const deployment::IXMLNode& node) const;
+  /// Expand without escapes.
+  std::string ExpandPlain(std::string_view text, const deployment::IXMLNode& node) const;
+
+  /// The plain text of a property, or of its default; empty when it has neither.
+  std::string PlainValue(std::string_view name, const deployment::IXMLNode& node) const;
+  /// The element that assigned the present value; null when none did.
+  const deployment::IXMLNode* AssignedBy(std::string_view name) const;
+
+private:
+  enum class TSource { Project, Initial, Global, Reserved };
+
+  struct TProperty {
+    std::string Value;
+    TSource Source = TSource::Project;
+    const deployment::IXMLNode* Node = nullptr;
+  };
+
+  struct THash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const { return deployment::HashText(name); }
+  };
+  struct TSame {
+    using is_transparent = void;
+    bool operator()(std::string_view left, std::string_view right) const {
+      return deployment::SameText(left, right);
+    }
+  };
+  template <class TValue>
+  using TNames = std::unordered_map<std::string, TValue, THash, TSame>;
+
+  void Store(std::string_view name, TProperty property);
+  void AppendValue(std::string& text, std::string_view name,
+                   const deployment::IXMLNode& node) const;
+
+  TNames<TProperty> FProperties;
+  TNames<std::string> FDefaults;
+  mutable std::size_t FExpandedBytes = 0;
+};
+
+} // namespace workbench

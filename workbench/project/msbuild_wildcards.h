@@ -1,0 +1,46 @@
+// Wildcards in includes: * and ? within a name, ** for any number of directories.
+#pragma once
+
+#include "package/common/errors.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace workbench {
+
+/// A path with wildcards, as a project writes it: "%2A" is a plain star.
+class TWildcardPattern {
+public:
+  /// True when the text, escapes not resolved, holds a wildcard.
+  static bool IsPattern(std::string_view escaped);
+
+  explicit TWildcardPattern(std::string_view escaped);
+
+  /// Does the pattern take in this plain path? Letters ignoring case, "\" and "/" alike.
+  bool Matches(std::string_view path) const;
+
+  /// The files of this machine that the pattern takes in, sorted, written as the pattern writes
+  /// its fixed part and with "\" behind it. Links to directories are not followed. Throws
+  /// TInputError with `place` when too much would have to be looked at.
+  std::vector<std::string> Expand(const std::filesystem::path& directory,
+                                  const deployment::TErrorPlace& place) const;
+
+  /// The part in front of the first wildcard, up to and including a delimiter; plain text.
+  const std::string& FixedPart() const { return FFixedPart; }
+
+private:
+  using TParts = std::vector<std::string>;
+
+  bool MatchesParts(const TParts& parts) const;
+  std::size_t DeepestDirectory() const;
+
+  std::string FText;
+  std::string FFixedPart;
+  TParts FFixedParts;
+  TParts FParts; // behind the fixed part, upper case; wildcards as bytes that no name has
+};
+
+} // namespace workbench

@@ -1,0 +1,213 @@
+#include "workbench/project/project_document.h"
+
+#include "package/common/case_fold.h"
+#include "package/host/api/xmlutils.h"
+#include "workbench/project/file_reader.h"
+#include "workbench/project/short_text.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace workbench {
+namespace {
+
+TXmlElement* NextNamed(TXmlElement* element, std::string_view name) {
+  return static_cast<TXmlElement*>(deployment::FirstNamed(element, name));
+}
+
+bool IsImportOf(TXmlElement& element, std::string_view import) {
+  const auto project = element.GetAttribute("Project");
+  return element.NodeName() == "Import" && project && deployment::SameText(*project, import);
+}
+
+TXmlReader::TInput InputFrom(const std::filesystem::path& file) {
+  return [file](const TReserveMemory& reserve) { return ReadWholeFileInto(file, reserve); };
+}
+
+TXmlReader::TInput InputFrom(std::string_view text) {
+  return [text](const TReserveMemory& reserve) {
+    std::memcpy(reserve(text.size()), text.data(), text.size());
+    return text.size();
+  };
+}
+
+} // namespace
+
+TProjectDocument::TProjectDocument(const std::filesystem::path& file, std::string_view largeSection)
+    : FLargeSection(largeSection),
+      FReader(InputFrom(file), file.string(), {SectionContainer, FLargeSection}),
+      FSource(FReader.Bytes(), FReader.Encoding()) {
+  CheckProject();
+}
+
+TProjectDocument::TProjectDocument(std::string_view text, std::string name,
+                                   std::string_view largeSection)
+    : FLargeSection(largeSection),
+      FReader(InputFrom(text), std::move(name), {SectionContainer, FLargeSection}),
+      FSource(FReader.Bytes(), FReader.Encoding()) {
+  CheckProject();
+}
+
+void TProjectDocument::CheckProject() {
+  TXmlElement& root = Root();
+  if (root.NodeName() != "Project")
+    throw deployment::TInputError("the root element is \"" + ShortText(root.NodeName()) +
+                                      "\", so this is not an MSBuild project",
+                                  root.Place());
+  const TXmlElement* first = nullptr;
+  for (TXmlElement* container = NextNamed(root.FirstChild(), SectionContainer); container;
+       container = NextNamed(container->NextSibling(), SectionContainer)) {
+    for (TXmlElement* child = container->FirstChild(); child; child = child->NextSibling()) {
+      if (!deployment::SameText(child->NodeName(), FLargeSection))
+        continue;
+      if (first)
+        throw deployment::TInputError("the project holds a second section \"" +
+                                          std::string(child->NodeName()) +
+                                          "\"; the first one stands in line " +
+                                          std::to_string(first->Place().Line),
+                                      child->Place());
+      first = child;
+    }
+  }
+}
+
+TXmlElement* TProjectDocument::FindContainer() {
+  return NextNamed(Root().FirstChild(), SectionContainer);
+}
+
+TXmlElement* TProjectDocument::FindSection(std::string_view name) {
+  for (TXmlElement* container = FindContainer(); container;
+       container = NextNamed(container->NextSibling(), SectionContainer)) {
+    for (TXmlElement* child = container->FirstChild(); child; child = child->NextSibling()) {
+      if (deployment::SameText(child->NodeName(), name))
+        return child;
+    }
+  }
+  for (const auto& added : FAddedSections) {
+    if (deployment::SameText(added->Root()->NodeName(), name))
+      return added->Root();
+  }
+  return nullptr;
+}
+
+TXmlElement& TProjectDocument::AddSection(std::string_view name) {
+  if (TXmlElement* present = FindSection(name))
+    return *present;
+  FAddedSections.push_back(std::make_unique<TXmlTree>(Name()));
+  return FAddedSections.back()->MakeRoot(name);
+}
+
+bool TProjectDocument::HasImport(std::string_view import) {
+  if (FNewImport && deployment::SameText(FNewImport->Project, import))
+    return true;
+  for (TXmlElement* child = Root().FirstChild(); child; child = child->NextSibling()) {
+    if (IsImportOf(*child, import))
+      return true;
+    if (child->NodeName() != "ImportGroup")
+      continue;
+    for (TXmlElement* inner = child->FirstChild(); inner; inner = inner->NextSibling()) {
+      if (IsImportOf(*inner, import))
+        return true;
+    }
+  }
+  return false;
+}
+
+void TProjectDocument::AddImport(std::string_view import, std::string_view condition) {
+  if (!HasImport(import))
+    FNewImport = TImport{std::string(import), std::string(condition)};
+}
+
+std::unique_ptr<TTextPieces> TProjectDocument::Compose(const TWriteSection& write) {
+  std::vector<TEdit> edits;
+  std::string newRootChildren;
+  if (TXmlElement* section = FReader.Section()) {
+    if (auto edit = RewriteSection(*section, write))
+      edits.push_back(std::move(*edit));
+  } else if (TXmlElement* container = FindContainer()) {
+    edits.push_back(InsertAsLastChild(
+        *container, NewSectionMarkup(LayoutForChild(FSource, *container), write)));
+  } else {
+    newRootChildren = NewContainerMarkup(write);
+  }
+  if (FNewImport)
+    newRootChildren += NewImportMarkup();
+  if (!newRootChildren.empty())
+    edits.push_back(InsertAsLastChild(Root(), std::move(newRootChildren)));
+  return edits.empty() ? nullptr : Apply(std::move(edits));
+}
+
+std::optional<TProjectDocument::TEdit>
+TProjectDocument::RewriteSection(TXmlElement& section, const TWriteSection& write) {
+  const auto tree = std::make_shared<TXmlTree>(Name());
+  const auto rewrite =
+      std::make_shared<TSectionRewrite>(FSource, section, FReader.SectionChildren());
+  TXmlElement& root = tree->MakeRoot(section.NodeName());
+  tree->HandChildrenTo(*rewrite);
+  write(root);
+  tree->HandLastChild();
+  if (rewrite->SaysTheSame(root))
+    return std::nullopt;
+  return TEdit{section.Range(),
+               [tree, rewrite](TTextPieces& pieces) { rewrite->AppendTo(pieces, *tree->Root()); }};
+}
+
+std::string TProjectDocument::NewSectionMarkup(const TChildLayout& layout,
+                                               const TWriteSection& write) {
+  TXmlTree tree(Name());
+  TXmlElement& root = tree.MakeRoot(FLargeSection);
+  write(root);
+  std::string markup;
+  AppendXmlLine(markup, layout.Layout, layout.Indentation);
+  AppendXmlElement(markup, root, layout.Layout, layout.Indentation);
+  return markup;
+}
+
+std::string TProjectDocument::NewContainerMarkup(const TWriteSection& write) {
+  const TChildLayout outer = LayoutForChild(FSource, Root());
+  const TChildLayout inner{outer.Layout, outer.Indentation + outer.Layout.Indent};
+  std::string markup;
+  AppendXmlLine(markup, outer.Layout, outer.Indentation);
+  markup += "<" + std::string(SectionContainer) + ">";
+  markup += NewSectionMarkup(inner, write);
+  AppendXmlLine(markup, outer.Layout, outer.Indentation);
+  return markup + "</" + std::string(SectionContainer) + ">";
+}
+
+std::string TProjectDocument::NewImportMarkup() {
+  const TChildLayout layout = LayoutForChild(FSource, Root());
+  TXmlTree tree(Name());
+  TXmlElement& import = tree.MakeRoot("Import");
+  import.SetAttribute("Project", FNewImport->Project);
+  import.SetAttribute("Condition", FNewImport->Condition);
+  std::string markup;
+  AppendXmlLine(markup, layout.Layout, layout.Indentation);
+  AppendXmlElement(markup, import, layout.Layout, layout.Indentation);
+  return markup;
+}
+
+TProjectDocument::TEdit TProjectDocument::InsertAsLastChild(TXmlElement& parent,
+                                                            std::string markup) {
+  const TChildInsertion insertion = InsertionOfLastChild(FSource, parent);
+  std::string text = insertion.Before + std::move(markup) + insertion.After;
+  return {insertion.Place, [this, text = std::move(text)](TTextPieces& pieces) {
+            pieces.Own(EncodeMarkup(text, FSource.Encoding()));
+          }};
+}
+
+std::unique_ptr<TTextPieces> TProjectDocument::Apply(std::vector<TEdit> edits) {
+  std::stable_sort(edits.begin(), edits.end(), [](const TEdit& left, const TEdit& right) {
+    return left.Range.Start < right.Range.Start;
+  });
+  auto pieces = std::make_unique<TTextPieces>();
+  std::uint32_t done = 0;
+  for (const TEdit& edit : edits) {
+    pieces->Borrow(FSource.Bytes({done, edit.Range.Start}));
+    edit.Append(*pieces);
+    done = edit.Range.End;
+  }
+  pieces->Borrow(FSource.Bytes({done, static_cast<std::uint32_t>(Bytes().size())}));
+  return pieces;
+}
+
+} // namespace workbench

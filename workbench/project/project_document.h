@@ -1,0 +1,87 @@
+// An MSBuild project file in memory: its bytes as they were read, a tree that points into them, and
+// the few places where a save puts something else.
+#pragma once
+
+#include "workbench/project/section_rewrite.h"
+#include "workbench/project/source_text.h"
+#include "workbench/project/text_pieces.h"
+#include "workbench/project/xml_reader.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace workbench {
+
+/// Element that holds the sections which MSBuild itself does not read.
+inline constexpr std::string_view SectionContainer = "ProjectExtensions";
+
+/// One project file. It is never written from its tree: a save splices the changed section and a
+/// missing import line into the bytes that were read.
+class TProjectDocument {
+public:
+  /// Writes the new content of a section into an empty element of the section's name.
+  using TWriteSection = std::function<void(deployment::IXMLNode&)>;
+
+  /// Reads a file. `largeSection` names the section that is kept in compact form. Throws
+  /// TInputError when it cannot be read, is not well-formed XML, is no MSBuild project, or holds
+  /// the large section twice.
+  TProjectDocument(const std::filesystem::path& file, std::string_view largeSection);
+  /// The same for a text; `name` is what errors call the file.
+  TProjectDocument(std::string_view text, std::string name, std::string_view largeSection);
+
+  TXmlElement& Root() { return FReader.Root(); }
+  std::string_view Bytes() const { return FReader.Bytes(); }
+  const std::string& Name() { return FReader.Tree().FileName(); }
+
+  /// The section of that name, ignoring case; null when there is none.
+  TXmlElement* FindSection(std::string_view name);
+  /// Adds an empty section in memory, or returns the one that is there.
+  TXmlElement& AddSection(std::string_view name);
+  /// Gives back the memory of the large section's entries.
+  void ForgetLargeSection() { FReader.ForgetSection(); }
+
+  /// True when the project imports the file, whatever the condition, or will after a save.
+  bool HasImport(std::string_view import);
+  /// A save adds the import line. Does nothing when the project has it.
+  void AddImport(std::string_view import, std::string_view condition);
+
+  /// The content of the file with the large section written anew; null when it is the content that
+  /// was read. The pieces borrow from the document. Throws what `write` throws, and TInputError
+  /// for text that XML cannot hold.
+  std::unique_ptr<TTextPieces> Compose(const TWriteSection& write);
+
+private:
+  // Bytes to be replaced; an empty range is a place to insert at.
+  struct TEdit {
+    TByteRange Range;
+    std::function<void(TTextPieces&)> Append;
+  };
+  struct TImport {
+    std::string Project;
+    std::string Condition;
+  };
+
+  void CheckProject();
+  TXmlElement* FindContainer();
+  std::optional<TEdit> RewriteSection(TXmlElement& section, const TWriteSection& write);
+  std::string NewSectionMarkup(const TChildLayout& layout, const TWriteSection& write);
+  std::string NewContainerMarkup(const TWriteSection& write);
+  std::string NewImportMarkup();
+  TEdit InsertAsLastChild(TXmlElement& parent, std::string markup);
+  std::unique_ptr<TTextPieces> Apply(std::vector<TEdit> edits);
+
+  const std::string FLargeSection;
+  TXmlReader FReader;
+  TSourceText FSource;
+  std::vector<std::unique_ptr<TXmlTree>> FAddedSections;
+  std::optional<TImport> FNewImport;
+};
+
+} // namespace workbench

@@ -1,0 +1,39 @@
+// Where the host is installed, what it is called and which language it speaks.
+#pragma once
+
+#include "package/host/api/appstrs.h"
+#include "workbench/services/settings_store.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace workbench {
+
+/// The root directory, below which ObjRepos stands: the option when it is not empty, else the
+/// environment variable ZELK, else the place beside the running program, else the one that was
+/// fixed when the program was built. A full path that need not exist.
+std::filesystem::path FindRoot(const std::filesystem::path& option);
+
+/// Languages that the environment asks for, the wanted ones first, such as "de_AT", "de". "en" is
+/// the language of files without one.
+std::vector<std::string> UserLanguages();
+
+/// Answers by the environment and by the settings, which must outlive it. File names and the root
+/// are stored paths.
+class TAppStrings : public deployment::IAppStrings {
+public:
+  TAppStrings(const std::filesystem::path& root, const TSettings& settings);
+
+  std::string fnRootDir() const override;
+  std::string rkBaseRegKey() const override;
+  std::string CoreProductName() const override;
+  std::string GetLocaleFile(std::string_view fileName) const override;
+
+private:
+  std::string FRoot;
+  const TSettings& FSettings;
+};
+
+} // namespace workbench
