@@ -14,11 +14,10 @@ std::string ValueOf(const TMap& map, std::string_view key) {
 }
 
 template <class TAction>
-void ForEachNotifier(const std::vector<std::shared_ptr<IOTAModuleNotifier>>& notifiers,
-                     TAction action) {
-  const auto snapshot = notifiers;
-  for (const auto& notifier : snapshot) {
-    if (notifier)
+void ForEachNotifier(std::vector<std::shared_ptr<IOTAModuleNotifier>>& notifiers, TAction action) {
+  // By index, and each one shared while it runs: a listener may take itself off the list.
+  for (std::size_t i = 0; i < notifiers.size(); ++i) {
+    if (const auto notifier = notifiers[i])
       action(*notifier);
   }
 }

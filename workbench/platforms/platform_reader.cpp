@@ -18,7 +18,9 @@ constexpr int TableVersion = 1;
                                 node.Place());
 }
 
-std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+std::string Quoted(std::string_view text) {
+  return "\"" + std::string(text) + "\"";
+}
 
 // A name that an entry of a table is found by.
 std::string ExpectName(const IXMLNode& node, std::string_view attribute) {
@@ -47,8 +49,8 @@ std::string ReadRemoteDir(const IXMLNode& node) {
 void ReadOutput(const IXMLNode& node, TPlatformFacts& facts) {
   const std::string kind = ExpectName(node, "Kind");
   if (facts.Outputs.Find(kind))
-    Fail(node, "the platform " + Quoted(facts.Name) + " has the output kind " + Quoted(kind) +
-                   " twice");
+    Fail(node,
+         "the platform " + Quoted(facts.Name) + " has the output kind " + Quoted(kind) + " twice");
   facts.Outputs.Set(kind, {std::string(deployment::ExpectAttribute(node, "Prefix")),
                            std::string(deployment::ExpectAttribute(node, "Extension"))});
 }
@@ -56,11 +58,10 @@ void ReadOutput(const IXMLNode& node, TPlatformFacts& facts) {
 void ReadPersonality(const IXMLNode& node, TPlatformFacts& facts) {
   const std::string name = ExpectName(node, "Name");
   if (facts.Personalities.Find(name))
-    Fail(node, "the platform " + Quoted(facts.Name) + " has the personality " + Quoted(name) +
-                   " twice");
-  facts.Personalities.Set(name,
-                          {std::string(deployment::ExpectAttribute(node, "SymbolExtension")),
-                           ReadBoolean(node, "RequiresProfile")});
+    Fail(node,
+         "the platform " + Quoted(facts.Name) + " has the personality " + Quoted(name) + " twice");
+  facts.Personalities.Set(name, {std::string(deployment::ExpectAttribute(node, "SymbolExtension")),
+                                 ReadBoolean(node, "RequiresProfile")});
 }
 
 TPlatformFacts ReadPlatform(IXMLNode& node) {

@@ -117,11 +117,11 @@ void TConditionScanner::ReadOperator() {
   };
   // Longer spellings stand before those that they begin with.
   static constexpr TOperator Operators[] = {
-      {"==", TConditionToken::Equal},          {"!=", TConditionToken::NotEqual},
-      {"<=", TConditionToken::LessOrEqual},    {">=", TConditionToken::GreaterOrEqual},
-      {"<", TConditionToken::Less},            {">", TConditionToken::Greater},
-      {"!", TConditionToken::Not},             {"(", TConditionToken::Open},
-      {")", TConditionToken::Close},           {",", TConditionToken::Comma},
+      {"==", TConditionToken::Equal},       {"!=", TConditionToken::NotEqual},
+      {"<=", TConditionToken::LessOrEqual}, {">=", TConditionToken::GreaterOrEqual},
+      {"<", TConditionToken::Less},         {">", TConditionToken::Greater},
+      {"!", TConditionToken::Not},          {"(", TConditionToken::Open},
+      {")", TConditionToken::Close},        {",", TConditionToken::Comma},
   };
   for (const TOperator& candidate : Operators) {
     if (!FCondition.substr(FStart).starts_with(candidate.Spelling))

@@ -12,7 +12,7 @@ namespace workbench {
 /// A word of a condition.
 enum class TConditionToken {
   End,
-  Text,  ///< quoted text, a bare word, a number or a reference; Value holds it without quotes
+  Text, ///< quoted text, a bare word, a number or a reference; Value holds it without quotes
   Equal,
   NotEqual,
   Less,

@@ -13,7 +13,8 @@ TNamedTexts ProcessEnvironment() {
     const std::string_view text = *entry;
     const std::size_t equals = text.find('=');
     if (equals != std::string_view::npos && IsPropertyName(text.substr(0, equals)))
-      variables.push_back({std::string(text.substr(0, equals)), std::string(text.substr(equals + 1))});
+      variables.push_back(
+          {std::string(text.substr(0, equals)), std::string(text.substr(equals + 1))});
   }
   return variables;
 }

@@ -1,5 +1,6 @@
 #include "workbench/project/file_attributes.h"
 
+#include <algorithm>
 #include <string_view>
 #include <sys/xattr.h>
 
@@ -7,6 +8,7 @@ namespace workbench {
 namespace {
 
 constexpr mode_t AllRights = 07777;
+constexpr mode_t WithoutOwnersProgram = 03777; // an owner's program must not become another's
 
 // Rights of a file whose group could not be kept: the new group gets what everybody has.
 mode_t WithoutGroupRights(mode_t mode) {
@@ -31,7 +33,7 @@ mode_t CopyOwner(const struct stat& wanted, const TFileDescriptor& target,
                      (ownerKept ? "group" : (groupKept ? "owner" : "owner and group")) +
                      " than before");
   return (groupKept ? mode : WithoutGroupRights(mode)) &
-         (ownerKept ? AllRights : static_cast<mode_t>(AllRights & ~S_ISUID));
+         (ownerKept ? AllRights : WithoutOwnersProgram);
 }
 
 // Attributes that belong to the user's data; the others are the system's own to set.

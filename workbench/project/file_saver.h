@@ -22,7 +22,7 @@ struct TSaveRequest {
   /// The new content, piece after piece.
   std::span<const std::string_view> Content;
   /// The content that was read and that must still be there. Nothing: there must be no file.
-  std::optional<std::string_view> Expected;
+  std::optional<std::string_view> Expected = std::nullopt;
   /// Write also when the file on disk is another one than expected.
   bool Force = false;
   /// Keep the old content under the user's state directory.

@@ -200,14 +200,15 @@ std::vector<std::string> TMSBuildEvaluation::ImportNames(const IXMLNode& import)
 void TMSBuildEvaluation::ImportFile(const fs::path& file, const IXMLNode& import) {
   if (FRealFiles.contains(RealPath(file))) {
     Note(TNoteKind::SkippedImport,
-         "the import \"" + ShortText(file.string()) + "\" was skipped: it is part of the project already",
+         "the import \"" + ShortText(file.string()) +
+             "\" was skipped: it is part of the project already",
          import);
     return;
   }
   if (FImportDepth == DeepestImport)
     throw deployment::TInputError("the import \"" + ShortText(file.string()) +
-                                      "\" is nested deeper than " +
-                                      std::to_string(DeepestImport) + " levels",
+                                      "\" is nested deeper than " + std::to_string(DeepestImport) +
+                                      " levels",
                                   import.Place());
   const auto document = FImports.Load(file);
   if (!document) {
@@ -254,9 +255,8 @@ void TMSBuildEvaluation::EvaluateItemGroup(IXMLNode& group, TItemEvaluator& item
 
 bool TMSBuildEvaluation::Holds(const IXMLNode& node, const fs::path& directory) const {
   const auto condition = node.GetAttribute("Condition");
-  return !condition || EvaluateCondition(*condition,
-                                         TElementContext(FProperties, node, directory),
-                                         node.Place());
+  return !condition ||
+         EvaluateCondition(*condition, TElementContext(FProperties, node, directory), node.Place());
 }
 
 void TMSBuildEvaluation::Note(TNoteKind kind, std::string text, const IXMLNode& node) {

@@ -77,7 +77,7 @@ private:
   TEvaluationNotes FNotes;
   std::vector<TItemGroup> FItemGroups;
   std::optional<std::vector<TProjectItem>> FItems;
-  std::set<std::filesystem::path> FFiles;    // every file read, as the project names it
+  std::set<std::filesystem::path> FFiles;     // every file read, as the project names it
   std::set<std::filesystem::path> FRealFiles; // the same with links resolved
   std::vector<std::shared_ptr<deployment::IXMLDocument>> FDocuments;
   const std::filesystem::path* FFile = nullptr; // the file at hand

@@ -47,10 +47,17 @@ std::string_view ReferencedType(std::string_view reference) {
 
 // Attributes that steer an item; every other one is metadata written short.
 bool IsSteeringAttribute(std::string_view name) {
-  static constexpr std::array<std::string_view, 11> Names = {
-      "Include",        "Exclude",        "Remove",         "Update",
-      "Condition",      "Label",          "KeepDuplicates", "KeepMetadata",
-      "RemoveMetadata", "MatchOnMetadata", "MatchOnMetadataOptions"};
+  static constexpr std::array<std::string_view, 11> Names = {"Include",
+                                                             "Exclude",
+                                                             "Remove",
+                                                             "Update",
+                                                             "Condition",
+                                                             "Label",
+                                                             "KeepDuplicates",
+                                                             "KeepMetadata",
+                                                             "RemoveMetadata",
+                                                             "MatchOnMetadata",
+                                                             "MatchOnMetadataOptions"};
   return std::ranges::find(Names, name) != Names.end() || name.starts_with("xmlns") ||
          name.find(':') != std::string_view::npos;
 }
@@ -196,8 +203,8 @@ std::vector<std::string> TItemEvaluator::Names(const deployment::IXMLNode& eleme
   return names;
 }
 
-const TItemEvaluator::TPositions*
-TItemEvaluator::Referenced(const deployment::IXMLNode& element, std::string_view reference) {
+const TItemEvaluator::TPositions* TItemEvaluator::Referenced(const deployment::IXMLNode& element,
+                                                             std::string_view reference) {
   const std::string_view type = ReferencedType(reference);
   if (type.empty()) {
     Note(element, reference, "transforms a list");

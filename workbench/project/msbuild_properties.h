@@ -35,8 +35,7 @@ public:
   void SetThisFile(const std::filesystem::path& file);
 
   /// Stores a value that `node` of the project assigns, escapes and all.
-  TAssignment Assign(std::string_view name, std::string value,
-                     const deployment::IXMLNode& node);
+  TAssignment Assign(std::string_view name, std::string value, const deployment::IXMLNode& node);
 
   /// The text with references replaced by values, escapes kept. Property functions stay as they
   /// are written. Throws TInputError at `node` when the text grows beyond all measure.

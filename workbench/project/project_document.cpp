@@ -36,7 +36,7 @@ TXmlReader::TInput InputFrom(std::string_view text) {
 TProjectDocument::TProjectDocument(const std::filesystem::path& file, std::string_view largeSection)
     : FLargeSection(largeSection),
       FReader(InputFrom(file), file.string(), {SectionContainer, FLargeSection}),
-      FSource(FReader.Bytes(), FReader.Encoding()) {
+      FSource(FReader.Bytes(), FReader.Encoding()), FProperties(FReader.Root(), FSource) {
   CheckProject();
 }
 
@@ -44,7 +44,7 @@ TProjectDocument::TProjectDocument(std::string_view text, std::string name,
                                    std::string_view largeSection)
     : FLargeSection(largeSection),
       FReader(InputFrom(text), std::move(name), {SectionContainer, FLargeSection}),
-      FSource(FReader.Bytes(), FReader.Encoding()) {
+      FSource(FReader.Bytes(), FReader.Encoding()), FProperties(FReader.Root(), FSource) {
   CheckProject();
 }
 
@@ -120,7 +120,9 @@ void TProjectDocument::AddImport(std::string_view import, std::string_view condi
 
 std::unique_ptr<TTextPieces> TProjectDocument::Compose(const TWriteSection& write) {
   std::vector<TEdit> edits;
-  std::string newRootChildren;
+  for (TReplacement& replacement : FProperties.Replacements())
+    edits.push_back(Replace(std::move(replacement)));
+  std::string newRootChildren = FProperties.NewRootChildren();
   if (TXmlElement* section = FReader.Section()) {
     if (auto edit = RewriteSection(*section, write))
       edits.push_back(std::move(*edit));
@@ -128,7 +130,7 @@ std::unique_ptr<TTextPieces> TProjectDocument::Compose(const TWriteSection& writ
     edits.push_back(InsertAsLastChild(
         *container, NewSectionMarkup(LayoutForChild(FSource, *container), write)));
   } else {
-    newRootChildren = NewContainerMarkup(write);
+    newRootChildren += NewContainerMarkup(write);
   }
   if (FNewImport)
     newRootChildren += NewImportMarkup();
@@ -189,9 +191,12 @@ std::string TProjectDocument::NewImportMarkup() {
 TProjectDocument::TEdit TProjectDocument::InsertAsLastChild(TXmlElement& parent,
                                                             std::string markup) {
   const TChildInsertion insertion = InsertionOfLastChild(FSource, parent);
-  std::string text = insertion.Before + std::move(markup) + insertion.After;
-  return {insertion.Place, [this, text = std::move(text)](TTextPieces& pieces) {
-            pieces.Own(EncodeMarkup(text, FSource.Encoding()));
+  return Replace({insertion.Place, insertion.Before + std::move(markup) + insertion.After});
+}
+
+TProjectDocument::TEdit TProjectDocument::Replace(TReplacement replacement) {
+  return {replacement.Place, [this, markup = std::move(replacement.Markup)](TTextPieces& pieces) {
+            pieces.Own(EncodeMarkup(markup, FSource.Encoding()));
           }};
 }
 

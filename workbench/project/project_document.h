@@ -2,6 +2,7 @@
 // the few places where a save puts something else.
 #pragma once
 
+#include "workbench/project/base_properties.h"
 #include "workbench/project/section_rewrite.h"
 #include "workbench/project/source_text.h"
 #include "workbench/project/text_pieces.h"
@@ -38,7 +39,10 @@ public:
 
   TXmlElement& Root() { return FReader.Root(); }
   std::string_view Bytes() const { return FReader.Bytes(); }
+  /// What errors call the file.
   const std::string& Name() { return FReader.Tree().FileName(); }
+
+  const std::string& LargeSectionName() const { return FLargeSection; }
 
   /// The section of that name, ignoring case; null when there is none.
   TXmlElement* FindSection(std::string_view name);
@@ -51,6 +55,11 @@ public:
   bool HasImport(std::string_view import);
   /// A save adds the import line. Does nothing when the project has it.
   void AddImport(std::string_view import, std::string_view condition);
+
+  /// Sets an unconditional property of the project: in the tree at once, in the file by a save.
+  void SetBaseProperty(std::string_view name, std::string_view value) {
+    FProperties.Set(name, value);
+  }
 
   /// The content of the file with the large section written anew; null when it is the content that
   /// was read. The pieces borrow from the document. Throws what `write` throws, and TInputError
@@ -75,6 +84,7 @@ private:
   std::string NewContainerMarkup(const TWriteSection& write);
   std::string NewImportMarkup();
   TEdit InsertAsLastChild(TXmlElement& parent, std::string markup);
+  TEdit Replace(TReplacement replacement);
   std::unique_ptr<TTextPieces> Apply(std::vector<TEdit> edits);
 
   const std::string FLargeSection;
@@ -82,6 +92,7 @@ private:
   TSourceText FSource;
   std::vector<std::unique_ptr<TXmlTree>> FAddedSections;
   std::optional<TImport> FNewImport;
+  TBasePropertyChanges FProperties;
 };
 
 } // namespace workbench

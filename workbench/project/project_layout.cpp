@@ -137,14 +137,17 @@ TNamedTexts TargetProperties(TProjectDialect dialect, std::string_view configura
           {"Platform", std::string(platform == Win64 ? Win64OfMSBuild : platform)}};
 }
 
-TNamedTexts DialectDefaults(TProjectDialect dialect, std::string_view projectDirectory) {
+TNamedTexts DialectDefaults(TProjectDialect dialect, std::string_view platform) {
   if (dialect == TProjectDialect::Own)
     return {};
+  // Only the oldest platform has its outputs in a directory without its name.
+  const std::string directory = platform == "Win32" ? "" : "$(Platform)\\";
   return {{"ProjectName", "$(MSBuildProjectName)"},
           {"ProjectDir", "$(MSBuildProjectDirectory)\\"},
           {"ProjectFileName", "$(MSBuildProjectFile)"},
           {"ProjectPath", "$(MSBuildProjectFullPath)"},
-          {"SolutionDir", std::string(projectDirectory)},
+          {"SolutionDir", "$(MSBuildProjectDirectory)\\"},
+          {"OutDir", "$(SolutionDir)" + directory + "$(Configuration)\\"},
           {"TargetName", "$(ProjectName)"}};
 }
 

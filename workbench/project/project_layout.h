@@ -19,7 +19,7 @@ struct TProjectPlatform {
 
 /// Who wrote the project, as far as it matters for reading it.
 enum class TProjectDialect {
-  Own,    ///< items BuildConfiguration and TargetPlatform
+  Own,        ///< items BuildConfiguration and TargetPlatform
   MSBuildCpp, ///< items ProjectConfiguration, as MSBuild C++ projects have them
 };
 
@@ -40,8 +40,8 @@ TProjectLayout ReadProjectLayout(TMSBuildEvaluation& evaluation, std::string_vie
 TNamedTexts TargetProperties(TProjectDialect dialect, std::string_view configuration,
                              std::string_view platform);
 
-/// What unset properties of the dialect count as. `projectDirectory` ends in a delimiter.
-TNamedTexts DialectDefaults(TProjectDialect dialect, std::string_view projectDirectory);
+/// What unset properties of the dialect count as for a target platform.
+TNamedTexts DialectDefaults(TProjectDialect dialect, std::string_view platform);
 
 /// The names between ";", blanks around them and empty ones dropped.
 std::vector<std::string> SplitNames(std::string_view list);

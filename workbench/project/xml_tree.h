@@ -77,6 +77,8 @@ public:
   TByteRange Range() const { return {FStart, FEnd}; }
   /// Behind the start tag; equal to the end of the range for an element without end tag.
   std::uint32_t ContentStart() const { return FStart + FStartTagLength; }
+  /// False for an element that was added after reading.
+  bool StandsInSource() const { return FEnd != 0; }
   bool HasEndTag() const { return ContentStart() != FEnd; }
 
 private:

@@ -1,7 +1,6 @@
-#include "workbench/project/file_lock.h"
-
 #include "package/common/errors.h"
 #include "tests/workbench/project/save_fixture.h"
+#include "workbench/project/file_lock.h"
 #include "workbench/project/file_saver.h"
 
 #include <array>

@@ -1,7 +1,6 @@
-#include "workbench/project/file_reader.h"
-
 #include "package/common/errors.h"
 #include "tests/workbench/project/save_fixture.h"
+#include "workbench/project/file_reader.h"
 
 #include <atomic>
 #include <sys/socket.h>
@@ -79,8 +78,7 @@ TEST_F(FileReader, RefusesAFileOverTheLimitWithoutReadingIt) {
   EXPECT_EQ(ReadError(FFile, 4), "the project file has 5 bytes; at most 4 are read");
   EXPECT_EQ(ReadWholeFile(FFile, 5).Text(), "12345");
   std::filesystem::resize_file(FFile, MaximumFileSize + 1);
-  EXPECT_EQ(ReadError(FFile),
-            "the project file has 268435457 bytes; at most 268435456 are read");
+  EXPECT_EQ(ReadError(FFile), "the project file has 268435457 bytes; at most 268435456 are read");
 }
 
 TEST_F(FileReader, GivesUpOnAFileThatNeverHasTheSizeItSays) {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <chrono>
+#include <fcntl.h>
 #include <future>
 #include <signal.h>
 #include <spawn.h>
@@ -45,9 +46,10 @@ protected:
   bool RunWithFault(const std::string& call, const std::string& fault, int when) {
     Restore();
     // Leak checkers do not work under a tracer.
-    FStatus = Shell("ASAN_OPTIONS=detect_leaks=0 strace -f -o " + Log().string() + " -e trace=" +
-                    call + " -e inject=" + call + ":" + fault + ":when=" + std::to_string(when) +
-                    " " + ProbeCommand() + " > /dev/null 2> " + Errors().string());
+    FStatus =
+        Shell("ASAN_OPTIONS=detect_leaks=0 strace -f -o " + Log().string() + " -e trace=" + call +
+              " -e inject=" + call + ":" + fault + ":when=" + std::to_string(when) + " " +
+              ProbeCommand() + " > /dev/null 2> " + Errors().string());
     const std::string log = Read(Log());
     return log.find("(INJECTED)") != std::string::npos ||
            log.find("killed by SIGKILL") != std::string::npos;
@@ -65,8 +67,9 @@ protected:
 };
 
 // Every call that a save makes, by the name that the system has for it.
-constexpr std::array SavingCalls = {"openat", "newfstatat", "pread64",   "writev", "fsync", "close",
-                                    "fchmod", "flock",      "renameat",  "link",   "faccessat2"};
+constexpr std::array SavingCalls = {"openat",   "newfstatat", "pread64",   "writev",
+                                    "fsync",    "close",      "fchmod",    "flock",
+                                    "renameat", "link",       "faccessat2"};
 
 TEST_F(FileSaverFault, SaysTheTruthAboutTheContentWhereverACallFails) {
   if (!HasTracer())
@@ -77,13 +80,12 @@ TEST_F(FileSaverFault, SaysTheTruthAboutTheContentWhereverACallFails) {
       ++faults;
       const std::string text = Read(Errors());
       SCOPED_TRACE(call + " " + std::to_string(when) + ": " + text);
-      if (FStatus == 0 || text.find("the new content is in place") != std::string::npos)
-        EXPECT_TRUE(HasNew());
-      else
-        EXPECT_TRUE(HasOld());
-      if (FStatus == 1)
-        EXPECT_TRUE(text.find("is in place") != std::string::npos ||
-                    text.find("nothing was written") != std::string::npos);
+      const bool isNew =
+          FStatus == 0 || text.find("the new content is in place") != std::string::npos;
+      EXPECT_TRUE(isNew ? HasNew() : HasOld());
+      const bool isExplained = text.find("is in place") != std::string::npos ||
+                               text.find("nothing was written") != std::string::npos;
+      EXPECT_TRUE(FStatus != 1 || isExplained);
       EXPECT_EQ(Names(), std::vector<std::string>{"demo.vproj"});
     }
   }
@@ -103,8 +105,8 @@ TEST_F(FileSaverFault, LeavesTheOldOrTheNewContentWhereverItIsKilled) {
         EXPECT_TRUE(name == "demo.vproj" ||
                     (name.starts_with(".demo.vproj.") && name.ends_with(".tmp")))
             << name;
-      if (HasOld())
-        EXPECT_EQ(Shell(ProbeCommand() + " > /dev/null"), 0);
+      const int next = HasOld() ? Shell(ProbeCommand() + " > /dev/null") : 0;
+      EXPECT_EQ(next, 0);
       EXPECT_TRUE(HasNew());
     }
   }
@@ -125,8 +127,8 @@ TEST_F(FileSaverFault, NamesTheFailedStepAndTheContentInPlace) {
   const std::vector<TCase> cases = {
       {"writev", "error=ENOSPC", 1, "writing the new content: No space left on device" + kept,
        false},
-      {"fsync", "error=EIO", 1,
-       "bringing the new content to the disk: Input/output error" + kept, false},
+      {"fsync", "error=EIO", 1, "bringing the new content to the disk: Input/output error" + kept,
+       false},
       {"renameat", "error=EXDEV", 1,
        "putting the new content in place: Invalid cross-device link" + kept, false},
       {"fsync", "error=EIO", 2,
@@ -138,11 +140,11 @@ TEST_F(FileSaverFault, NamesTheFailedStepAndTheContentInPlace) {
     std::filesystem::remove_all(FRoot / "state");
     ASSERT_TRUE(RunWithFault(item.Call, item.Fault, item.When));
     EXPECT_EQ(FStatus, 1);
-    EXPECT_EQ(Read(Errors()), FFile.string() +
-                                  (item.IsNewInPlace
-                                       ? " was written but may be lost if the machine stops now: "
-                                       : " was not written: ") +
-                                  item.Text);
+    EXPECT_EQ(Read(Errors()),
+              FFile.string() +
+                  (item.IsNewInPlace ? " was written but may be lost if the machine stops now: "
+                                     : " was not written: ") +
+                  item.Text);
     EXPECT_TRUE(item.IsNewInPlace ? HasNew() : HasOld());
     EXPECT_EQ(Names(), std::vector<std::string>{"demo.vproj"});
     EXPECT_EQ(NewestBackup(FFile).has_value(), item.IsNewInPlace);
@@ -161,9 +163,8 @@ TEST_F(FileSaverFault, CopiesTheBackupWhereTheSystemRefusesASecondName) {
 TEST_F(FileSaverFault, NoticesThatTheFileIsReplacedWhileItIsSaved) {
   if (!HasTracer())
     GTEST_SKIP() << "this machine has no tracer";
-  auto run = std::async(std::launch::async, [this] {
-    return RunWithFault("fsync", "delay_enter=1500000", 1);
-  });
+  auto run = std::async(std::launch::async,
+                        [this] { return RunWithFault("fsync", "delay_enter=1500000", 1); });
   while (Names().size() < 2)
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
   Write(FRoot / "theirs", "of an editor");
@@ -185,10 +186,10 @@ TEST_F(FileSaverFault, KeepsTheOldContentOnAFullDisk) {
   if (Shell("unshare -m sh -c '" + mount + "' 2> /dev/null") != 0)
     GTEST_SKIP() << "this user cannot mount a small disk";
   const std::string target = mounted + "/demo.vproj";
-  EXPECT_EQ(Shell("unshare -m sh -c '" + mount + " && cp " + FOld.string() + " " + target + " && { " +
-                  FProbe + " " + target + " " + FOld.string() + " " + FNew.string() + " 2> " +
-                  Errors().string() + "; cmp " + target + " " + FOld.string() + " && ls -A " +
-                  mounted + " > " + Log().string() + "; }'"),
+  EXPECT_EQ(Shell("unshare -m sh -c '" + mount + " && cp " + FOld.string() + " " + target +
+                  " && { " + FProbe + " " + target + " " + FOld.string() + " " + FNew.string() +
+                  " 2> " + Errors().string() + "; cmp " + target + " " + FOld.string() +
+                  " && ls -A " + mounted + " > " + Log().string() + "; }'"),
             0);
   EXPECT_EQ(Read(Errors()), target + " was not written: writing the new content: "
                                      "No space left on device; the old content is in place\n");
@@ -197,6 +198,9 @@ TEST_F(FileSaverFault, KeepsTheOldContentOnAFullDisk) {
 
 TEST_F(FileSaverFault, SurvivesAKillAtAnyMoment) {
   Write(FNew, std::string(8'000'000, 'n'));
+  posix_spawn_file_actions_t quiet = {};
+  posix_spawn_file_actions_init(&quiet);
+  posix_spawn_file_actions_addopen(&quiet, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
   for (int step = 0; step < 40; ++step) {
     Restore();
     const std::string target = FFile.string();
@@ -206,7 +210,7 @@ TEST_F(FileSaverFault, SurvivesAKillAtAnyMoment) {
                                       const_cast<char*>(oldFile.c_str()),
                                       const_cast<char*>(newFile.c_str()), nullptr};
     pid_t child = 0;
-    ASSERT_EQ(posix_spawn(&child, FProbe.c_str(), nullptr, nullptr, arguments.data(), environ), 0);
+    ASSERT_EQ(posix_spawn(&child, FProbe.c_str(), &quiet, nullptr, arguments.data(), environ), 0);
     std::this_thread::sleep_for(std::chrono::microseconds(700 * step));
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
@@ -214,6 +218,7 @@ TEST_F(FileSaverFault, SurvivesAKillAtAnyMoment) {
     for (const std::string& name : Names())
       EXPECT_TRUE(name == "demo.vproj" || name.ends_with(".tmp")) << name;
   }
+  posix_spawn_file_actions_destroy(&quiet);
 }
 
 } // namespace

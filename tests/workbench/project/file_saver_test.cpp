@@ -1,9 +1,9 @@
+#include "tests/workbench/project/save_fixture.h"
 #include "workbench/project/file_saver.h"
 
-#include "tests/workbench/project/save_fixture.h"
+#include <climits>
 
 #include <array>
-#include <climits>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -51,7 +51,8 @@ TEST_F(FileSaver, WritesManyPieces) {
   std::vector<std::string> texts;
   std::string whole;
   for (int i = 0; i < 5000; ++i)
-    whole += texts.emplace_back(i % 7 == 0 ? "" : std::string(static_cast<std::size_t>(i % 300), 'x'));
+    whole +=
+        texts.emplace_back(i % 7 == 0 ? "" : std::string(static_cast<std::size_t>(i % 300), 'x'));
   const std::vector<std::string_view> pieces(texts.begin(), texts.end());
   EXPECT_TRUE(SaveFile({.Target = FFile, .Content = pieces, .Expected = {}}).Written);
   EXPECT_EQ(Read(FFile), whole);
@@ -80,9 +81,9 @@ TEST_F(FileSaver, RefusesAFileThatChangedSinceItWasRead) {
 }
 
 TEST_F(FileSaver, RefusesAFileThatWasRemovedSinceItWasRead) {
-  EXPECT_EQ(SaveFailure("mine", "new"),
-            FFile.string() + " was removed since it was read; nothing was written "
-                             "(--force-save writes it anew)");
+  EXPECT_EQ(SaveFailure("mine", "new"), FFile.string() +
+                                            " was removed since it was read; nothing was written "
+                                            "(--force-save writes it anew)");
   EXPECT_TRUE(Names().empty());
   EXPECT_TRUE(Save("mine", "new", true).Written);
   EXPECT_EQ(Read(FFile), "new");
@@ -163,7 +164,8 @@ TEST_F(FileSaver, WarnsOfFurtherNamesOfTheFile) {
 
 TEST_F(FileSaver, RefusesADirectory) {
   std::filesystem::create_directory(FFile);
-  EXPECT_EQ(SaveFailure(std::nullopt, "new"), FFile.string() + " is a directory; nothing was written");
+  EXPECT_EQ(SaveFailure(std::nullopt, "new"),
+            FFile.string() + " is a directory; nothing was written");
 }
 
 TEST_F(FileSaver, SaysThatTheDirectoryIsMissing) {
@@ -202,7 +204,8 @@ TEST_F(FileSaver, SavesWithAWarningWhenThereIsNoRoomForABackup) {
 TEST_F(FileSaver, RemovesOnlyOldTemporaryFilesOfTheSameTarget) {
   Write(FFile, "old");
   const auto twoDaysAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(48);
-  for (const char* name : {".demo.vproj.abc123.tmp", ".demo.vproj.ABC123.tmp", ".other.abc123.tmp"}) {
+  for (const char* name :
+       {".demo.vproj.abc123.tmp", ".demo.vproj.ABC123.tmp", ".other.abc123.tmp"}) {
     Write(FDirectory / name, "left");
     std::filesystem::last_write_time(FDirectory / name, twoDaysAgo);
   }

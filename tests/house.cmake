@@ -1,0 +1,11 @@
+# Rules of the house that a compiler does not check.
+add_test(NAME House.IncludesPointDown
+  COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR}
+          -P ${CMAKE_CURRENT_SOURCE_DIR}/house/check_includes.cmake)
+
+# Sanitizers bring libraries of their own.
+if(NOT DEPLOYMENT_SANITIZE)
+  add_test(NAME House.PackageNeedsTheStandardLibraryAlone
+    COMMAND ${CMAKE_COMMAND} -DMODULE=$<TARGET_FILE:deployment_module> -DREADELF=${CMAKE_READELF}
+            -P ${CMAKE_CURRENT_SOURCE_DIR}/house/check_needed_libraries.cmake)
+endif()

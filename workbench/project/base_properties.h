@@ -1,0 +1,57 @@
+// Changes of a project's unconditional properties, in the tree at once and in the bytes at a save.
+#pragma once
+
+#include "workbench/project/source_text.h"
+#include "workbench/project/xml_tree.h"
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace workbench {
+
+/// A piece of markup and the bytes whose place it takes.
+struct TReplacement {
+  TByteRange Place;
+  std::string Markup;
+};
+
+/// Remembers what was changed. Tree and source must outlive it.
+class TBasePropertyChanges {
+public:
+  TBasePropertyChanges(TXmlElement& root, const TSourceText& source)
+      : FRoot(root), FSource(source) {}
+
+  /// Sets the last property of that name (ignoring case) that stands without condition in a group
+  /// without condition; made in the first such group when absent, and the group with it.
+  void Set(std::string_view name, std::string_view value);
+
+  /// What a save puts into the bytes. Throws TInputError for text that XML cannot hold.
+  std::vector<TReplacement> Replacements() const;
+  /// Markup for new last children of the root; empty for none.
+  std::string NewRootChildren() const;
+
+private:
+  struct TNewProperty {
+    TXmlElement* Element;
+    TChildLayout Layout;
+  };
+  struct TGroup {
+    TXmlElement* Element;
+    TChildInsertion Insertion;
+    std::vector<TNewProperty> Properties;
+  };
+
+  TXmlElement* FindProperty(std::string_view name);
+  TXmlElement& AddProperty(TXmlElement& group, std::string_view name);
+
+  TXmlElement& FRoot;
+  const TSourceText& FSource;
+  std::vector<TXmlElement*> FChanged; // elements that stand in the bytes
+  std::vector<TGroup> FExtended;      // groups of the bytes with new properties
+  TXmlElement* FNewGroup = nullptr;
+  TChildLayout FNewGroupLayout;
+};
+
+} // namespace workbench

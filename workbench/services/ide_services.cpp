@@ -1,0 +1,17 @@
+#include "workbench/services/ide_services.h"
+
+#include "workbench/services/text_filter.h"
+
+namespace workbench {
+
+TIDEServices::TIDEServices(const std::filesystem::path& root, const TPlatformTable& platforms,
+                           const std::filesystem::path& settingsFile)
+    : FPlatforms(platforms), FMacroUtils(root),
+      FSettings(settingsFile, [this](const TWarning& warning) { FMessages.Add(warning); }),
+      FAppStrings(root, FSettings) {}
+
+std::unique_ptr<deployment::ICoExpertFilter> TIDEServices::CreateTextFilter() {
+  return std::make_unique<TTextFilter>();
+}
+
+} // namespace workbench

@@ -1,0 +1,165 @@
+#include "workbench/services/open_project.h"
+
+#include "package/common/convert.h"
+#include "package/common/path_text.h"
+#include "workbench/project/file_backup.h"
+#include "workbench/project/file_saver.h"
+#include "workbench/services/machine_path.h"
+
+#include <utility>
+
+namespace workbench {
+namespace {
+
+std::filesystem::path FullPath(const std::filesystem::path& file) {
+  if (file.empty())
+    throw deployment::TInputError("the name of the project file is empty");
+  // Stored paths take "\" for a delimiter, so such a project could not be told from another one.
+  if (file.string().find('\\') != std::string::npos)
+    throw deployment::TInputError(
+        "the path holds a \"\\\", which this program takes for a path delimiter",
+        {file.string(), 0});
+  return std::filesystem::absolute(file).lexically_normal();
+}
+
+// A file that was damaged since it was last saved here can be had back.
+[[noreturn]] void RethrowWithBackup(const deployment::TInputError& error,
+                                    const std::filesystem::path& file) {
+  const auto backup = NewestBackup(file);
+  if (!backup || !std::filesystem::exists(file) || std::filesystem::is_directory(file))
+    throw error;
+  throw deployment::TInputError(std::string(error.what()) +
+                                    " (the last content that was replaced here is kept as " +
+                                    backup->string() + ")",
+                                error.Place());
+}
+
+std::unique_ptr<TProjectDocument> ReadDocument(const std::filesystem::path& full,
+                                               const std::filesystem::path& given,
+                                               const std::string& section) {
+  try {
+    return std::make_unique<TProjectDocument>(given, section);
+  } catch (const deployment::TInputError& error) {
+    RethrowWithBackup(error, full);
+  }
+}
+
+} // namespace
+
+class TOpenProjectFile::TChangeListener final : public deployment::IProjectDeploymentNotifier {
+public:
+  void ItemChanged(deployment::IProjectDeploymentItem& /*item*/,
+                   deployment::TDeploymentItemAction /*action*/) override {
+    Changed = true;
+  }
+  void Loaded(std::string_view /*projectName*/) override {}
+  void Destroyed() override {}
+
+  bool Changed = false;
+};
+
+TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
+                                   const std::filesystem::path& file, TOpenPurpose purpose)
+    : FServices(services), FGivenName(file), FListener(std::make_shared<TChangeListener>()) {
+  const std::filesystem::path full = FullPath(file);
+  // The kind of file is looked at before it is locked, since a lock opens it.
+  if (purpose == TOpenPurpose::Edit)
+    FLock.emplace(file);
+  TProjectFileStorage& storage = FServices.GetProjectFileStorage();
+  FModule = std::make_unique<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
+                                             platforms, FServices.GetSettings());
+  FServices.GetModuleHandlerGauntlet().AttachHandlers(*FModule);
+  ReadVersion();
+  storage.ProjectLoaded(*FModule);
+  CollectWarnings();
+  if (auto* deployment = FModule->GetProjectDeployment()) {
+    FWasEmpty = deployment->IsEmpty();
+    FListenerIndex = deployment->AddNotifier(FListener);
+  }
+}
+
+TOpenProjectFile::~TOpenProjectFile() {
+  if (FListenerIndex >= 0)
+    FModule->GetProjectDeployment()->RemoveNotifier(FListenerIndex);
+  FServices.GetProjectFileStorage().ProjectClosing(*FModule);
+}
+
+void TOpenProjectFile::ReadVersion() {
+  constexpr int CurrentVersion = 2;
+  TXmlElement* section =
+      FModule->Document().FindSection(FServices.GetProjectFileStorage().SectionName());
+  if (!section)
+    return;
+  const auto version = section->GetAttribute("Version");
+  FVersionRead = version ? deployment::TextToInteger(*version).value_or(0) : 0;
+  FWasUpgraded = FVersionRead < CurrentVersion && section->FirstChild();
+}
+
+void TOpenProjectFile::CollectWarnings() {
+  FWarnings = FServices.GetMessageServices().TakeWarnings();
+  for (const TEvaluationNote& note : FModule->Settings().Notes()) {
+    // Build tools of other machines are imported by nearly every foreign project.
+    if (note.Kind != TNoteKind::MissingImport)
+      FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
+  }
+}
+
+deployment::IProjectDeployment& TOpenProjectFile::Deployment() {
+  auto* deployment = FModule->GetProjectDeployment();
+  if (!deployment)
+    throw deployment::TInputError("the project carries no deployment", {FGivenName.string(), 0});
+  return *deployment;
+}
+
+bool TOpenProjectFile::HasChanges() const {
+  const auto* deployment = FModule->GetProjectDeployment();
+  return FMarkedChanged || FListener->Changed ||
+         (FWasEmpty && deployment && !deployment->IsEmpty());
+}
+
+TSaveReport TOpenProjectFile::Save(bool force) {
+  TSaveReport report;
+  if (!HasChanges())
+    return report;
+  const bool written = SaveProject(force);
+  report = Export();
+  report.ProjectWritten = written;
+  return report;
+}
+
+bool TOpenProjectFile::SaveProject(bool force) {
+  bool written = false;
+  try {
+    auto pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
+    if (pieces) {
+      TSaveRequest request;
+      request.Target = FGivenName;
+      request.Content = pieces->Pieces();
+      request.Expected = FModule->Document().Bytes();
+      request.Force = force;
+      request.Lock = FLock ? &*FLock : nullptr;
+      TSaveOutcome outcome = SaveFile(request);
+      written = outcome.Written;
+      for (std::string& warning : outcome.Warnings)
+        FWarnings.push_back({std::move(warning), FGivenName.string(), 0});
+      FModule->DocumentWasSaved(std::move(pieces));
+    }
+  } catch (const deployment::TInputError& error) {
+    throw TSaveError(std::string("the project was not saved: ") + error.what(), FGivenName);
+  }
+  FListener->Changed = false;
+  FMarkedChanged = false;
+  FWasEmpty = false;
+  return written;
+}
+
+TSaveReport TOpenProjectFile::Export() {
+  TSaveReport report;
+  Deployment().SaveToDeployProj();
+  report.SideFile = FGivenName;
+  report.SideFile.replace_extension(".deployproj");
+  report.SideFileWritten = FServices.GetProjectFileUtils().LastDocumentWasWritten();
+  return report;
+}
+
+} // namespace workbench

@@ -1,0 +1,55 @@
+// A project that a session has open: module, deployment, lock and what happened to them.
+#pragma once
+
+#include "workbench/project/file_lock.h"
+#include "workbench/services/ide_services.h"
+#include "workbench/services/project_module.h"
+#include "workbench/services/session.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace workbench {
+
+class TOpenProjectFile final : public TOpenProject {
+public:
+  /// Reads the project and its deployment. Throws as TSession::Open does.
+  TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
+                   const std::filesystem::path& file, TOpenPurpose purpose);
+  ~TOpenProjectFile() override;
+
+  const std::filesystem::path& GivenFileName() const override { return FGivenName; }
+  deployment::IOTAProject& Project() override { return *FModule; }
+  deployment::IProjectDeployment& Deployment() override;
+  const TProjectSettings& Settings() const override { return FModule->Settings(); }
+  int SectionVersionRead() const override { return FVersionRead; }
+  bool WasUpgraded() const override { return FWasUpgraded; }
+  const std::vector<TWarning>& Warnings() const override { return FWarnings; }
+  bool HasChanges() const override;
+  void MarkChanged() override { FMarkedChanged = true; }
+  TSaveReport Save(bool force) override;
+  TSaveReport Export() override;
+
+private:
+  class TChangeListener;
+
+  void ReadVersion();
+  void CollectWarnings();
+  bool SaveProject(bool force);
+
+  TIDEServices& FServices;
+  const std::filesystem::path FGivenName;
+  std::optional<TFileLock> FLock;
+  std::unique_ptr<TProjectModule> FModule;
+  std::shared_ptr<TChangeListener> FListener;
+  int FListenerIndex = -1;
+  int FVersionRead = 0;
+  bool FWasUpgraded = false;
+  bool FWasEmpty = true; // no entries when it was read, so whatever is there now is new
+  bool FMarkedChanged = false;
+  std::vector<TWarning> FWarnings;
+};
+
+} // namespace workbench

@@ -1,0 +1,155 @@
+#include "workbench/services/project_module.h"
+
+#include "package/host/api/deploymentapi.h"
+#include "workbench/project/file_reader.h"
+#include "workbench/services/settings_store.h"
+
+#include <utility>
+
+namespace workbench {
+namespace {
+
+class TImportedDocument final : public deployment::IXMLDocument {
+public:
+  explicit TImportedDocument(const std::filesystem::path& file)
+      : FReader(
+            [file](const TReserveMemory& reserve) {
+              return ReadWholeFileInto(file, reserve, MaximumFileSize, "imported project file");
+            },
+            file.string()) {}
+  deployment::IXMLNode& DocumentElement() override { return FReader.Root(); }
+
+private:
+  TXmlReader FReader;
+};
+
+class TImportLoader final : public ILoadImports {
+public:
+  std::shared_ptr<deployment::IXMLDocument> Load(const std::filesystem::path& file) override {
+    std::error_code ignored;
+    if (!std::filesystem::exists(file, ignored))
+      return nullptr;
+    return std::make_shared<TImportedDocument>(file);
+  }
+};
+
+} // namespace
+
+TProjectModule::TProjectModule(std::filesystem::path file,
+                               std::unique_ptr<TProjectDocument> document,
+                               const TPlatformTable& platforms, const TSettings& userSettings)
+    : FFile(std::move(file)), FPlatforms(platforms), FDocument(std::move(document)),
+      FImports(std::make_unique<TImportLoader>()), FOptions(*this), FPlatformAnswers(*this),
+      FPlatformOptions(*this), FBuildOptions(*this), FCompilerOptions(userSettings) {}
+
+TProjectModule::~TProjectModule() {
+  for (std::size_t i = 0; i < FNotifiers.size(); ++i) {
+    if (const auto notifier = FNotifiers[i])
+      notifier->Destroyed();
+  }
+}
+
+TProjectDocument& TProjectModule::Document() {
+  if (FSaved)
+    ReadSavedDocument();
+  return *FDocument;
+}
+
+TProjectSettings& TProjectModule::Settings() {
+  if (FSaved)
+    ReadSavedDocument();
+  return ReadSettings();
+}
+
+TProjectSettings& TProjectModule::ReadSettings() const {
+  if (!FSettings)
+    FSettings = std::make_unique<TProjectSettings>(FDocument->Root(), FFile, *FImports, FPlatforms);
+  return *FSettings;
+}
+
+void TProjectModule::DocumentWasSaved(std::unique_ptr<TTextPieces> pieces) {
+  FSaved = std::move(pieces);
+  FModified = false;
+  for (std::size_t i = 0; i < FNotifiers.size(); ++i) {
+    if (const auto notifier = FNotifiers[i])
+      notifier->AfterSave();
+  }
+}
+
+// What stands on disk becomes the document that the next save starts from.
+void TProjectModule::ReadSavedDocument() {
+  std::string text;
+  for (const std::string_view piece : FSaved->Pieces())
+    text += piece;
+  auto document =
+      std::make_unique<TProjectDocument>(text, FDocument->Name(), FDocument->LargeSectionName());
+  document->ForgetLargeSection();
+  FSettings.reset();
+  FSaved.reset();
+  FDocument = std::move(document);
+}
+
+int TProjectModule::AddNotifier(std::shared_ptr<deployment::IOTAModuleNotifier> notifier) {
+  FNotifiers.push_back(std::move(notifier));
+  return static_cast<int>(FNotifiers.size()) - 1;
+}
+
+void TProjectModule::RemoveNotifier(int index) {
+  if (index >= 0 && static_cast<std::size_t>(index) < FNotifiers.size())
+    FNotifiers[static_cast<std::size_t>(index)].reset();
+}
+
+void TProjectModule::AttachHandler(std::shared_ptr<deployment::IModuleHandler> handler) {
+  FHandlers.push_back(std::move(handler));
+}
+
+deployment::IProjectDeployment* TProjectModule::GetProjectDeployment() const {
+  for (const auto& handler : FHandlers) {
+    if (auto* deployment = handler->GetProjectDeployment())
+      return deployment;
+  }
+  return nullptr;
+}
+
+std::string TProjectModule::GetBaseName() const {
+  return ReadSettings().BaseName();
+}
+
+std::string TProjectModule::GetPersonality() const {
+  return ReadSettings().Personality();
+}
+
+std::string TProjectModule::GetApplicationType() const {
+  return ReadSettings().ApplicationType();
+}
+
+std::string TProjectModule::GetFrameworkType() const {
+  return ReadSettings().FrameworkType();
+}
+
+std::string TProjectModule::GetProjectOption(std::string_view name) const {
+  return ReadSettings().ProjectOption(name);
+}
+
+std::string TProjectModule::GetCurrentPlatform() const {
+  return FCurrentPlatform.value_or(ReadSettings().ActivePlatform());
+}
+
+std::string TProjectModule::GetCurrentConfiguration() const {
+  return ReadSettings().ActiveConfiguration();
+}
+
+std::string TProjectModule::GetOutputFileName(std::string_view configuration,
+                                              std::string_view platform) const {
+  return ReadSettings().OutputFileName(configuration, platform);
+}
+
+std::string TProjectModule::GetOutputKind() const {
+  return ReadSettings().OutputKind();
+}
+
+std::vector<std::string> TProjectModule::GetCompleteFileList() const {
+  return ReadSettings().CompleteFileList();
+}
+
+} // namespace workbench

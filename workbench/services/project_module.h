@@ -1,0 +1,97 @@
+// One project that the host has open: its document, its settings and what packages attached to it.
+#pragma once
+
+#include "package/host/api/toolsapi.h"
+#include "workbench/project/project_document.h"
+#include "workbench/project/project_settings.h"
+#include "workbench/services/project_answers.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace workbench {
+
+class TPlatformTable;
+class TSettings;
+
+/// Destroyed before the package is unloaded, since it owns the handlers that the package attached.
+class TProjectModule final : public deployment::IOTAProject {
+public:
+  /// `file` is the full path under the name that the user gave. Platforms and settings must
+  /// outlive the module.
+  TProjectModule(std::filesystem::path file, std::unique_ptr<TProjectDocument> document,
+                 const TPlatformTable& platforms, const TSettings& userSettings);
+  ~TProjectModule() override;
+  TProjectModule(const TProjectModule&) = delete;
+  TProjectModule& operator=(const TProjectModule&) = delete;
+
+  const std::filesystem::path& File() const { return FFile; }
+  /// The document as it stands on disk, with the changes that wait for a save.
+  TProjectDocument& Document();
+  /// Evaluated at the first call. Throws TInputError.
+  TProjectSettings& Settings();
+  /// Says that the pieces stand on disk now. They borrow from the present document.
+  void DocumentWasSaved(std::unique_ptr<TTextPieces> pieces);
+  void SetCurrentPlatform(std::string_view platform) { FCurrentPlatform = platform; }
+
+  std::string GetFileName() const override { return GetProjectFileName(); }
+  bool IsProjectModule() const override { return true; }
+  bool IsWithoutDeployment() const override { return false; }
+  deployment::ICustomProject* GetProject() override { return this; }
+  int AddNotifier(std::shared_ptr<deployment::IOTAModuleNotifier> notifier) override;
+  void RemoveNotifier(int index) override;
+  void AttachHandler(std::shared_ptr<deployment::IModuleHandler> handler) override;
+
+  deployment::IProjectDeployment* GetProjectDeployment() const override;
+  std::string GetProjectFileName() const override { return FFile.string(); }
+  std::string GetModuleName() const override { return FFile.stem().string(); }
+  std::string GetBaseName() const override;
+  std::string GetPersonality() const override;
+  std::string GetApplicationType() const override;
+  std::string GetFrameworkType() const override;
+  std::string GetProjectOption(std::string_view name) const override;
+  std::string GetCurrentPlatform() const override;
+  std::string GetCurrentConfiguration() const override;
+  std::string GetOutputFileName(std::string_view configuration,
+                                std::string_view platform) const override;
+  std::string GetOutputKind() const override;
+  std::vector<std::string> GetCompleteFileList() const override;
+  bool GetModified() const override { return FModified; }
+  void SetModified(bool modified) override { FModified = modified; }
+  deployment::IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override {
+    return &FOptions;
+  }
+  deployment::IOTAProjectPlatforms* GetProjectPlatforms() override { return &FPlatformAnswers; }
+  deployment::IPlatformOptions* GetPlatformOptions() override { return &FPlatformOptions; }
+  deployment::IBuildOptions* GetBuildOptions() override { return &FBuildOptions; }
+  deployment::ICorvaneCompilerOptions* GetCorvaneCompilerOptions() override {
+    return &FCompilerOptions;
+  }
+
+private:
+  // Settings are read when they are first asked for, which leaves the project itself unchanged.
+  TProjectSettings& ReadSettings() const;
+  void ReadSavedDocument();
+
+  const std::filesystem::path FFile;
+  const TPlatformTable& FPlatforms;
+  std::unique_ptr<TProjectDocument> FDocument;
+  std::unique_ptr<TTextPieces> FSaved; // on disk but not yet in FDocument
+  std::unique_ptr<ILoadImports> FImports;
+  mutable std::unique_ptr<TProjectSettings> FSettings;
+  std::optional<std::string> FCurrentPlatform;
+  bool FModified = false;
+  std::vector<std::shared_ptr<deployment::IOTAModuleNotifier>> FNotifiers;
+  std::vector<std::shared_ptr<deployment::IModuleHandler>> FHandlers;
+  TOptionsConfigurations FOptions;
+  TProjectPlatforms FPlatformAnswers;
+  TPlatformOptions FPlatformOptions;
+  TBuildOptions FBuildOptions;
+  TCorvaneCompilerOptions FCompilerOptions;
+};
+
+} // namespace workbench
