@@ -1,4 +1,5 @@
 # Fails when an include points up the house. Run as: cmake -DSOURCE=<tree> -P check_includes.cmake
+cmake_minimum_required(VERSION 3.25)
 
 set(foundation package/common package/host/api)
 # What each floor may include besides itself. The longest folder name that fits a file counts.

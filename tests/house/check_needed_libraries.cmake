@@ -1,4 +1,5 @@
 # Fails when the package's module needs more than the C and C++ libraries at run time.
+cmake_minimum_required(VERSION 3.25)
 # Run as: cmake -DMODULE=<file> -DREADELF=<program> -P check_needed_libraries.cmake
 
 execute_process(COMMAND ${READELF} -d ${MODULE} OUTPUT_VARIABLE dynamic RESULT_VARIABLE status)

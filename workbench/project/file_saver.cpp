@@ -20,9 +20,8 @@ constexpr mode_t UnfinishedMode = 0600;
 
 // The path behind the symbolic links at the end of `target`; it need not exist.
 std::filesystem::path FollowLinks(const std::filesystem::path& target) {
-  std::error_code error;
-  std::filesystem::path file = std::filesystem::absolute(target, error);
-  for (int hops = 0; std::filesystem::is_symlink(file, error); ++hops) {
+  std::filesystem::path file = std::filesystem::absolute(target);
+  for (int hops = 0; std::filesystem::is_symlink(file); ++hops) {
     if (hops == LinksFollowed)
       throw std::system_error(ELOOP, std::generic_category(), "following the symbolic link");
     file = file.parent_path() / std::filesystem::read_symlink(file);

@@ -158,13 +158,13 @@ private:
     const std::partial_ordering order = Compare(left, right);
     switch (comparison) {
     case TConditionToken::Less:
-      return order < 0;
+      return std::is_lt(order);
     case TConditionToken::Greater:
-      return order > 0;
+      return std::is_gt(order);
     case TConditionToken::LessOrEqual:
-      return order <= 0;
+      return std::is_lteq(order);
     default:
-      return order >= 0;
+      return std::is_gteq(order);
     }
   }
 

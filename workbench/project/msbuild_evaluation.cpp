@@ -3,6 +3,7 @@
 #include "package/host/api/xmlutils.h"
 #include "workbench/project/msbuild_condition.h"
 #include "workbench/project/msbuild_escapes.h"
+#include "workbench/project/msbuild_includes.h"
 #include "workbench/project/project_paths.h"
 #include "workbench/project/short_text.h"
 
@@ -205,11 +206,6 @@ void TMSBuildEvaluation::ImportFile(const fs::path& file, const IXMLNode& import
          import);
     return;
   }
-  if (FImportDepth == DeepestImport)
-    throw deployment::TInputError("the import \"" + ShortText(file.string()) +
-                                      "\" is nested deeper than " + std::to_string(DeepestImport) +
-                                      " levels",
-                                  import.Place());
   const auto document = FImports.Load(file);
   if (!document) {
     Note(TNoteKind::MissingImport,
@@ -217,6 +213,11 @@ void TMSBuildEvaluation::ImportFile(const fs::path& file, const IXMLNode& import
          import);
     return;
   }
+  if (FImportDepth == DeepestImport)
+    throw deployment::TInputError("the import \"" + ShortText(file.string()) +
+                                      "\" is nested deeper than " + std::to_string(DeepestImport) +
+                                      " levels",
+                                  import.Place());
   FDocuments.push_back(document);
   FRealFiles.insert(RealPath(file));
   IXMLNode& root = document->DocumentElement();

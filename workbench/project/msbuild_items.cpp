@@ -2,8 +2,8 @@
 
 #include "package/common/case_fold.h"
 #include "package/common/path_text.h"
-#include "workbench/project/condition_tokens.h"
 #include "workbench/project/msbuild_escapes.h"
+#include "workbench/project/msbuild_includes.h"
 #include "workbench/project/project_paths.h"
 #include "workbench/project/short_text.h"
 
@@ -17,32 +17,10 @@ namespace {
 // Lists that refer to themselves grow without end; real projects stay far below.
 constexpr std::size_t MostWork = 10'000'000;
 constexpr std::size_t LongestPattern = 4096;
-constexpr std::string_view Blanks = " \t\r\n";
 
 // Two includes with the same key are the same file.
 std::string KeyOf(std::string_view include) {
   return deployment::UpperCase(deployment::CanonicalizePath(include));
-}
-
-std::string_view Trim(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(Blanks);
-  if (first == std::string_view::npos)
-    return {};
-  return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
-
-bool IsItemReference(std::string_view piece) {
-  return piece.starts_with("@(");
-}
-
-// The type that "@(Type)" or "@(Type, ';')" names; empty for a transformation.
-std::string_view ReferencedType(std::string_view reference) {
-  std::string_view inside = reference.substr(2);
-  if (!inside.ends_with(")"))
-    return {};
-  inside.remove_suffix(1);
-  const std::string_view name = Trim(inside.substr(0, inside.find(',')));
-  return IsPropertyName(name) ? name : std::string_view();
 }
 
 // Attributes that steer an item; every other one is metadata written short.
@@ -74,29 +52,6 @@ void SetMetadata(std::vector<std::pair<std::string, std::string>>& metadata, std
 }
 
 } // namespace
-
-std::vector<std::string_view> SplitIncludes(std::string_view escaped) {
-  std::vector<std::string_view> pieces;
-  std::size_t start = 0;
-  bool references = true; // until one is found that never closes
-  const auto finish = [&](std::size_t end) {
-    if (const std::string_view piece = Trim(escaped.substr(start, end - start)); !piece.empty())
-      pieces.push_back(piece);
-    start = end + 1;
-  };
-  for (std::size_t i = 0; i < escaped.size(); ++i) {
-    if (references && escaped.substr(i).starts_with("@(")) {
-      const std::size_t end = ReferenceEnd(escaped, i);
-      references = end != std::string_view::npos;
-      if (references)
-        i = end - 1;
-    } else if (escaped[i] == ';') {
-      finish(i);
-    }
-  }
-  finish(escaped.size());
-  return pieces;
-}
 
 std::string_view TProjectItem::FindMetadata(std::string_view name) const {
   for (const auto& [present, value] : Metadata) {

@@ -83,8 +83,4 @@ private:
   std::size_t FWork = 0;
 };
 
-/// The pieces of an include between ";", blanks around them and empty ones dropped. A ";" inside
-/// "@(...)" does not split. The views point into `escaped`.
-std::vector<std::string_view> SplitIncludes(std::string_view escaped);
-
 } // namespace workbench

@@ -1,10 +1,13 @@
 #include "workbench/project/project_layout.h"
 
 #include "package/common/case_fold.h"
+#include "workbench/project/msbuild_includes.h"
 
 #include <algorithm>
+#include <set>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace workbench {
 namespace {
@@ -20,7 +23,7 @@ std::string PlatformFromMSBuild(std::string_view name) {
 std::vector<TConfigurationRecord> ReadPairs(const std::vector<TProjectItem>& items) {
   std::vector<TConfigurationRecord> records;
   std::unordered_map<std::string, std::size_t> positions;
-  std::unordered_set<std::string> pairs;
+  std::set<std::pair<std::string, std::string>> pairs;
   for (const TProjectItem& item : items) {
     if (!deployment::SameText(item.Type, "ProjectConfiguration"))
       continue;
@@ -38,7 +41,7 @@ std::vector<TConfigurationRecord> ReadPairs(const std::vector<TProjectItem>& ite
     if (isNew)
       records.push_back({name, {}, {}, item.Node->Place()});
     const std::string known = PlatformFromMSBuild(platform);
-    if (!known.empty() && pairs.insert(name + '|' + known).second)
+    if (!known.empty() && pairs.emplace(name, known).second)
       records[position->second].Platforms.push_back(known);
   }
   return records;

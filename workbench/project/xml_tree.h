@@ -61,6 +61,7 @@ public:
   void SetAttribute(std::string_view name, std::string_view value) override;
   std::string_view Text() const override { return FText; }
   void SetText(std::string_view text) override;
+  bool HasChildren() const override { return FLastChild || FContent != TContent::Complete; }
   TXmlElement* FirstChild() override;
   TXmlElement* NextSibling() override;
   TXmlElement& AddChild(std::string_view name) override;

@@ -92,7 +92,7 @@ void TOpenProjectFile::ReadVersion() {
     return;
   const auto version = section->GetAttribute("Version");
   FVersionRead = version ? deployment::TextToInteger(*version).value_or(0) : 0;
-  FWasUpgraded = FVersionRead < CurrentVersion && section->FirstChild();
+  FWasUpgraded = FVersionRead < CurrentVersion && section->HasChildren();
 }
 
 void TOpenProjectFile::CollectWarnings() {
@@ -121,13 +121,13 @@ TSaveReport TOpenProjectFile::Save(bool force) {
   TSaveReport report;
   if (!HasChanges())
     return report;
-  const bool written = SaveProject(force);
+  const bool written = SaveProjectFile(force);
   report = Export();
   report.ProjectWritten = written;
   return report;
 }
 
-bool TOpenProjectFile::SaveProject(bool force) {
+bool TOpenProjectFile::SaveProjectFile(bool force) {
   bool written = false;
   try {
     auto pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);

@@ -30,6 +30,7 @@ public:
   bool HasChanges() const override;
   void MarkChanged() override { FMarkedChanged = true; }
   TSaveReport Save(bool force) override;
+  bool SaveProjectFile(bool force) override;
   TSaveReport Export() override;
 
 private:
@@ -37,7 +38,6 @@ private:
 
   void ReadVersion();
   void CollectWarnings();
-  bool SaveProject(bool force);
 
   TIDEServices& FServices;
   const std::filesystem::path FGivenName;

@@ -69,6 +69,8 @@ public:
   /// changed on disk since it was read is overwritten. Throws TSaveError; then the file on disk is
   /// what it was before.
   virtual TSaveReport Save(bool force) = 0;
+  /// Writes the project alone; true when the file on disk was another one.
+  virtual bool SaveProjectFile(bool force) = 0;
   /// Writes the side file alone. Throws TSaveError.
   virtual TSaveReport Export() = 0;
 };

@@ -29,6 +29,9 @@ public:
   virtual std::string_view Text() const = 0;
   /// Replaces the element's text. Child elements stay.
   virtual void SetText(std::string_view text) = 0;
+  /// True when the element has child elements. Never reads anything, unlike a walk, for which a
+  /// host may have to fetch a long list.
+  virtual bool HasChildren() const = 0;
   /// The first child element; null when there is none.
   virtual IXMLNode* FirstChild() = 0;
   /// The next element of the same parent; null behind the last one.

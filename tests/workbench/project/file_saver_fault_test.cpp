@@ -79,7 +79,7 @@ TEST_F(FileSaverFault, SaysTheTruthAboutTheContentWhereverACallFails) {
     for (int when = 1; when < MostCalls && RunWithFault(call, "error=EIO", when); ++when) {
       ++faults;
       const std::string text = Read(Errors());
-      SCOPED_TRACE(call + " " + std::to_string(when) + ": " + text);
+      SCOPED_TRACE(::testing::Message() << call << " " << when << ": " << text);
       const bool isNew =
           FStatus == 0 || text.find("the new content is in place") != std::string::npos;
       EXPECT_TRUE(isNew ? HasNew() : HasOld());
@@ -99,7 +99,7 @@ TEST_F(FileSaverFault, LeavesTheOldOrTheNewContentWhereverItIsKilled) {
   for (const std::string call : SavingCalls) {
     for (int when = 1; when < MostCalls && RunWithFault(call, "signal=KILL", when); ++when) {
       ++kills;
-      SCOPED_TRACE(call + " " + std::to_string(when));
+      SCOPED_TRACE(::testing::Message() << call << " " << when);
       EXPECT_TRUE(HasOld() || HasNew());
       for (const std::string& name : Names())
         EXPECT_TRUE(name == "demo.vproj" ||

@@ -216,7 +216,8 @@ TEST_F(MSBuildLimits, StopPropertiesThatDoubleEachOther) {
   for (int i = 1; i < 60; ++i) {
     const std::string before = "$(A" + std::to_string(i - 1) + ")";
     const std::string name = "A" + std::to_string(i);
-    group.append("<" + name + ">" + before + before + "</" + name + ">");
+    for (const std::string& piece : {"<" + name + ">", before, before, "</" + name + ">"})
+      group += piece;
   }
   EXPECT_EQ(ErrorOf([&] { Evaluate("<PropertyGroup>" + group + "</PropertyGroup>"); }),
             "element \"A17\": with its references replaced, \"$(A16)$(A16)\" grows too long");

@@ -1,0 +1,17 @@
+// Project files of any size to measure on.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+
+namespace bench {
+
+/// Local name of an entry.
+std::string EntryName(std::size_t entry);
+
+/// A project file with that many entries of two platforms each, made once per size and removed
+/// when the program ends.
+const std::filesystem::path& SampleProject(std::size_t entries);
+
+} // namespace bench
