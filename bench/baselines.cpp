@@ -2,6 +2,9 @@
 
 #include "bench/sample_project.h"
 
+#include <expat.h>
+#include <pugixml.hpp>
+
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
@@ -9,9 +12,6 @@
 #include <string>
 #include <unistd.h>
 #include <vector>
-
-#include <expat.h>
-#include <pugixml.hpp>
 
 namespace bench {
 namespace {
@@ -69,7 +69,8 @@ void XMLCALL OnText(void* data, const XML_Char* text, int length) {
 
 std::string ReadAll(const std::filesystem::path& file) {
   std::string text(std::filesystem::file_size(file), '\0');
-  std::ifstream(file, std::ios::binary).read(text.data(), static_cast<std::streamsize>(text.size()));
+  std::ifstream(file, std::ios::binary)
+      .read(text.data(), static_cast<std::streamsize>(text.size()));
   return text;
 }
 
@@ -111,8 +112,8 @@ std::size_t LoadWithPugixml(const std::filesystem::path& project) {
   pugi::xml_document document;
   document.load_file(project.c_str());
   std::size_t count = 0;
-  for (pugi::xml_node node = document.child("Project").child("ProjectExtensions")
-                                 .child("Deployment").first_child();
+  for (pugi::xml_node node =
+           document.child("Project").child("ProjectExtensions").child("Deployment").first_child();
        node; node = node.next_sibling())
     ++count;
   return count;
@@ -120,9 +121,8 @@ std::size_t LoadWithPugixml(const std::filesystem::path& project) {
 
 void SaveWithPugixml(std::size_t entries, const std::filesystem::path& target, bool durable) {
   pugi::xml_document document;
-  pugi::xml_node section = document.append_child("Project")
-                               .append_child("ProjectExtensions")
-                               .append_child("Deployment");
+  pugi::xml_node section =
+      document.append_child("Project").append_child("ProjectExtensions").append_child("Deployment");
   section.append_attribute("Version") = 2;
   for (std::size_t i = 0; i < entries; ++i) {
     const std::string name = EntryName(i);

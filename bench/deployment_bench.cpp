@@ -6,12 +6,12 @@
 #include "package/host/api/deploymentapi.h"
 #include "workbench/services/session.h"
 
+#include <benchmark/benchmark.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <malloc.h>
 #include <string>
-
-#include <benchmark/benchmark.h>
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include "package/common/case_fold.h"
 #include "package/host/api/xmlutils.h"
-#include "workbench/project/xml_text.h"
+#include "workbench/xml/xml_text.h"
 
 #include <algorithm>
 
@@ -52,12 +52,11 @@ TXmlElement& TBasePropertyChanges::AddProperty(TXmlElement& group, std::string_v
   auto extended = std::find_if(FExtended.begin(), FExtended.end(),
                                [&group](const TGroup& entry) { return entry.Element == &group; });
   // Looked at before the group gets an element that stands in no bytes.
-  const TChildLayout layout = extended == FExtended.end()
-                                  ? LayoutForChild(FSource, group)
-                                  : extended->Properties.front().Layout;
+  const TChildLayout layout = extended == FExtended.end() ? LayoutForChild(FSource, group)
+                                                          : extended->Properties.front().Layout;
   if (extended == FExtended.end())
-    extended = FExtended.insert(FExtended.end(),
-                                TGroup{&group, InsertionOfLastChild(FSource, group), {}});
+    extended =
+        FExtended.insert(FExtended.end(), TGroup{&group, InsertionOfLastChild(FSource, group), {}});
   TXmlElement& property = group.AddChild(name);
   extended->Properties.push_back({&property, layout});
   return property;

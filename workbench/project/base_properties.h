@@ -1,8 +1,8 @@
 // Changes of a project's unconditional properties, in the tree at once and in the bytes at a save.
 #pragma once
 
-#include "workbench/project/source_text.h"
-#include "workbench/project/xml_tree.h"
+#include "workbench/xml/source_text.h"
+#include "workbench/xml/xml_tree.h"
 
 #include <string>
 #include <string_view>

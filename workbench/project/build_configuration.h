@@ -2,7 +2,7 @@
 #pragma once
 
 #include "package/host/api/codemgr.h"
-#include "workbench/project/evaluation_note.h"
+#include "workbench/msbuild/evaluation_note.h"
 
 #include <memory>
 #include <string>

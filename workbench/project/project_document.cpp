@@ -2,8 +2,8 @@
 
 #include "package/common/case_fold.h"
 #include "package/host/api/xmlutils.h"
-#include "workbench/project/file_reader.h"
-#include "workbench/project/short_text.h"
+#include "workbench/files/file_reader.h"
+#include "workbench/xml/short_text.h"
 
 #include <algorithm>
 #include <cstring>
@@ -61,11 +61,10 @@ void TProjectDocument::CheckProject() {
       if (!deployment::SameText(child->NodeName(), FLargeSection))
         continue;
       if (first)
-        throw deployment::TInputError("the project holds a second section \"" +
-                                          std::string(child->NodeName()) +
-                                          "\"; the first one stands in line " +
-                                          std::to_string(first->Place().Line),
-                                      child->Place());
+        throw deployment::TInputError(
+            "the project holds a second section \"" + std::string(child->NodeName()) +
+                "\"; the first one stands in line " + std::to_string(first->Place().Line),
+            child->Place());
       first = child;
     }
   }

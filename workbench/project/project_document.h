@@ -4,9 +4,9 @@
 
 #include "workbench/project/base_properties.h"
 #include "workbench/project/section_rewrite.h"
-#include "workbench/project/source_text.h"
-#include "workbench/project/text_pieces.h"
-#include "workbench/project/xml_reader.h"
+#include "workbench/xml/source_text.h"
+#include "workbench/xml/text_pieces.h"
+#include "workbench/xml/xml_reader.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "workbench/project/project_layout.h"
 
 #include "package/common/case_fold.h"
-#include "workbench/project/msbuild_includes.h"
+#include "workbench/msbuild/msbuild_includes.h"
 
 #include <algorithm>
 #include <set>

@@ -1,8 +1,8 @@
 // Which configurations and platforms a project names, and in which words.
 #pragma once
 
+#include "workbench/msbuild/msbuild_evaluation.h"
 #include "workbench/project/build_configuration.h"
-#include "workbench/project/msbuild_evaluation.h"
 
 #include <string>
 #include <string_view>

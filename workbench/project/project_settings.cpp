@@ -3,9 +3,9 @@
 #include "package/common/case_fold.h"
 #include "package/common/convert.h"
 #include "package/common/path_text.h"
+#include "workbench/msbuild/project_paths.h"
 #include "workbench/project/project_kind.h"
-#include "workbench/project/project_paths.h"
-#include "workbench/project/short_text.h"
+#include "workbench/xml/short_text.h"
 
 #include <algorithm>
 #include <array>

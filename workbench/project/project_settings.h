@@ -2,12 +2,12 @@
 #pragma once
 
 #include "package/host/api/xml.h"
+#include "workbench/msbuild/environment.h"
+#include "workbench/msbuild/evaluation_note.h"
+#include "workbench/msbuild/msbuild_evaluation.h"
+#include "workbench/msbuild/msbuild_imports.h"
 #include "workbench/platforms/platform_table.h"
 #include "workbench/project/build_configuration.h"
-#include "workbench/project/environment.h"
-#include "workbench/project/evaluation_note.h"
-#include "workbench/project/msbuild_evaluation.h"
-#include "workbench/project/msbuild_imports.h"
 #include "workbench/project/project_layout.h"
 
 #include <filesystem>

@@ -1,6 +1,6 @@
 #include "workbench/project/section_rewrite.h"
 
-#include "workbench/project/xml_fingerprint.h"
+#include "workbench/xml/xml_fingerprint.h"
 
 #include <algorithm>
 #include <utility>
@@ -113,9 +113,9 @@ std::vector<bool> TSectionRewrite::KeptInPlace() const {
   for (std::size_t i = 0; i < FNew.size(); ++i) {
     if (!FNew[i].Old)
       continue;
-    const auto place =
-        std::lower_bound(ends.begin(), ends.end(), *FNew[i].Old,
-                         [this](std::size_t end, std::uint32_t old) { return *FNew[end].Old < old; });
+    const auto place = std::lower_bound(
+        ends.begin(), ends.end(), *FNew[i].Old,
+        [this](std::size_t end, std::uint32_t old) { return *FNew[end].Old < old; });
     if (place != ends.begin())
       before[i] = *(place - 1);
     if (place == ends.end())

@@ -2,11 +2,11 @@
 // before keeps its very bytes, and what stands between children stays with them.
 #pragma once
 
-#include "workbench/project/source_text.h"
-#include "workbench/project/text_pieces.h"
-#include "workbench/project/xml_tree.h"
-#include "workbench/project/xml_tree_builder.h"
-#include "workbench/project/xml_writer.h"
+#include "workbench/xml/source_text.h"
+#include "workbench/xml/text_pieces.h"
+#include "workbench/xml/xml_tree.h"
+#include "workbench/xml/xml_tree_builder.h"
+#include "workbench/xml/xml_writer.h"
 
 #include <cstddef>
 #include <cstdint>

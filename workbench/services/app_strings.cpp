@@ -2,7 +2,7 @@
 
 #include "package/common/delimited_list.h"
 #include "package/common/path_text.h"
-#include "workbench/services/machine_path.h"
+#include "workbench/files/machine_path.h"
 
 #include <algorithm>
 #include <cstdlib>

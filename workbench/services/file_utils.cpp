@@ -4,8 +4,8 @@
 #include "package/common/delimited_list.h"
 #include "package/common/errors.h"
 #include "package/common/path_text.h"
-#include "workbench/project/file_reader.h"
-#include "workbench/services/machine_path.h"
+#include "workbench/files/file_reader.h"
+#include "workbench/files/machine_path.h"
 
 #include <algorithm>
 #include <array>

@@ -13,7 +13,7 @@
 #include "workbench/services/project_file_utils.h"
 #include "workbench/services/settings_store.h"
 #include "workbench/services/storage_service.h"
-#include "workbench/services/xml_documents.h"
+#include "workbench/xml/xml_documents.h"
 
 #include <filesystem>
 #include <memory>

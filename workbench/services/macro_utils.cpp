@@ -2,7 +2,7 @@
 
 #include "package/common/case_fold.h"
 #include "package/common/delimited_list.h"
-#include "workbench/services/machine_path.h"
+#include "workbench/files/machine_path.h"
 #include "workbench/services/variable_references.h"
 
 namespace workbench {

@@ -2,9 +2,9 @@
 
 #include "package/common/convert.h"
 #include "package/common/path_text.h"
-#include "workbench/project/file_backup.h"
-#include "workbench/project/file_saver.h"
-#include "workbench/services/machine_path.h"
+#include "workbench/files/file_backup.h"
+#include "workbench/files/file_saver.h"
+#include "workbench/files/machine_path.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // A project that a session has open: module, deployment, lock and what happened to them.
 #pragma once
 
-#include "workbench/project/file_lock.h"
+#include "workbench/files/file_lock.h"
 #include "workbench/services/ide_services.h"
 #include "workbench/services/project_module.h"
 #include "workbench/services/session.h"

@@ -1,7 +1,7 @@
 #include "workbench/services/package_loader.h"
 
 #include "package/common/errors.h"
-#include "workbench/services/machine_path.h"
+#include "workbench/files/machine_path.h"
 
 #include <dlfcn.h>
 #include <string>

@@ -1,7 +1,7 @@
 #include "workbench/services/project_file_utils.h"
 
-#include "workbench/project/msbuild_document.h"
-#include "workbench/services/machine_path.h"
+#include "workbench/files/machine_path.h"
+#include "workbench/msbuild/msbuild_document.h"
 #include "workbench/services/project_module.h"
 
 namespace workbench {

@@ -1,7 +1,7 @@
 #include "workbench/services/project_module.h"
 
 #include "package/host/api/deploymentapi.h"
-#include "workbench/project/file_reader.h"
+#include "workbench/files/file_reader.h"
 #include "workbench/services/settings_store.h"
 
 #include <utility>

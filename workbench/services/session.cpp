@@ -1,8 +1,8 @@
 #include "workbench/services/session.h"
 
 #include "package/host/api/deploymentapi.h"
-#include "workbench/project/file_reader.h"
-#include "workbench/project/file_saver.h"
+#include "workbench/files/file_reader.h"
+#include "workbench/files/file_saver.h"
 #include "workbench/services/app_strings.h"
 #include "workbench/services/ide_services.h"
 #include "workbench/services/open_project.h"
@@ -65,8 +65,8 @@ TSession::~TSession() {
 }
 
 TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose purpose) {
-  FParts->Projects.push_back(std::make_unique<TOpenProjectFile>(
-      FParts->Services, FParts->Platforms, file, purpose));
+  FParts->Projects.push_back(
+      std::make_unique<TOpenProjectFile>(FParts->Services, FParts->Platforms, file, purpose));
   return *FParts->Projects.back();
 }
 

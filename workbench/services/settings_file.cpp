@@ -1,8 +1,8 @@
 #include "workbench/services/settings_file.h"
 
 #include "package/common/errors.h"
-#include "workbench/project/file_reader.h"
-#include "workbench/project/file_saver.h"
+#include "workbench/files/file_reader.h"
+#include "workbench/files/file_saver.h"
 
 #include <nlohmann/json.hpp>
 

@@ -2,7 +2,7 @@
 
 #include "package/common/convert.h"
 #include "package/common/errors.h"
-#include "workbench/services/user_directories.h"
+#include "workbench/files/user_directories.h"
 
 #include <algorithm>
 

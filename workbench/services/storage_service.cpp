@@ -25,8 +25,8 @@ void TProjectFileStorage::RemoveNotifier(int index) {
 }
 
 std::size_t TProjectFileStorage::NotifierCount() const {
-  return static_cast<std::size_t>(std::count_if(FNotifiers.begin(), FNotifiers.end(),
-                                                [](const auto& entry) { return entry != nullptr; }));
+  return static_cast<std::size_t>(std::count_if(
+      FNotifiers.begin(), FNotifiers.end(), [](const auto& entry) { return entry != nullptr; }));
 }
 
 deployment::IOTAProjectFileStorageNotifier* TProjectFileStorage::Owner() const {

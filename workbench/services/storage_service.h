@@ -2,7 +2,7 @@
 #pragma once
 
 #include "package/host/api/node.h"
-#include "workbench/project/text_pieces.h"
+#include "workbench/xml/text_pieces.h"
 
 #include <memory>
 #include <string>

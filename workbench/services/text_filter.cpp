@@ -1,7 +1,7 @@
 #include "workbench/services/text_filter.h"
 
-#include "workbench/project/file_reader.h"
-#include "workbench/services/machine_path.h"
+#include "workbench/files/file_reader.h"
+#include "workbench/files/machine_path.h"
 #include "workbench/services/variable_references.h"
 
 namespace workbench {

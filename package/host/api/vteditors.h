@@ -27,9 +27,8 @@ class ICellEditors {
 public:
   virtual ~ICellEditors() = default;
   /// Edit box with a button that shows an image of the form's image list.
-  virtual std::unique_ptr<ICellEditor> CreateButtonEditor(int imageIndex,
-                                                          TEditorButtonHandler pressed,
-                                                          TEditorValidator validate) = 0;
+  virtual std::unique_ptr<ICellEditor>
+  CreateButtonEditor(int imageIndex, TEditorButtonHandler pressed, TEditorValidator validate) = 0;
   /// Combo box whose items are the user's history of that name.
   virtual std::unique_ptr<ICellEditor> CreateHistoryComboEditor(std::string_view historyName) = 0;
   virtual std::unique_ptr<ICellEditor> CreateComboEditor(std::vector<std::string> items,

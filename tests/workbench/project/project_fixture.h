@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tests/support/memory_xml.h"
-#include "workbench/project/msbuild_evaluation.h"
+#include "workbench/msbuild/msbuild_evaluation.h"
 #include "workbench/project/project_settings.h"
 
 #include <gtest/gtest.h>

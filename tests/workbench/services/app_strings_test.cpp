@@ -1,7 +1,7 @@
-#include "tests/workbench/project/save_fixture.h"
+#include "tests/workbench/files/save_fixture.h"
 #include "tests/workbench/services/environment_fixture.h"
+#include "workbench/files/machine_path.h"
 #include "workbench/services/app_strings.h"
-#include "workbench/services/machine_path.h"
 
 namespace workbench {
 namespace {

@@ -1,5 +1,5 @@
 #include "package/common/errors.h"
-#include "tests/workbench/project/save_fixture.h"
+#include "tests/workbench/files/save_fixture.h"
 #include "workbench/services/package_loader.h"
 #include "workbench/services/settings_store.h"
 

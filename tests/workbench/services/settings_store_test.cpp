@@ -1,6 +1,6 @@
 #include "package/common/errors.h"
-#include "tests/workbench/project/save_fixture.h"
-#include "workbench/project/save_error.h"
+#include "tests/workbench/files/save_fixture.h"
+#include "workbench/files/save_error.h"
 #include "workbench/services/settings_store.h"
 
 #include <sys/stat.h>

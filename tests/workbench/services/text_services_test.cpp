@@ -1,6 +1,6 @@
 #include "package/common/errors.h"
-#include "tests/workbench/project/save_fixture.h"
-#include "workbench/services/machine_path.h"
+#include "tests/workbench/files/save_fixture.h"
+#include "workbench/files/machine_path.h"
 #include "workbench/services/macro_utils.h"
 #include "workbench/services/text_filter.h"
 #include "workbench/services/variable_references.h"

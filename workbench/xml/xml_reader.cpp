@@ -1,0 +1,103 @@
+#include "workbench/xml/xml_reader.h"
+
+#include <cstring>
+#include <new>
+#include <utility>
+
+namespace workbench {
+namespace {
+
+void RefuseEmpty(std::string_view bytes, const std::string& fileName) {
+  if (bytes.starts_with("\xEF\xBB\xBF"))
+    bytes.remove_prefix(3);
+  if (bytes.find_first_not_of(" \t\r\n") == std::string_view::npos)
+    throw deployment::TInputError("the file is empty", {fileName, 1});
+  if (bytes.find_first_not_of('\0') == std::string_view::npos)
+    throw deployment::TInputError("the file holds nothing but zero bytes", {fileName, 1});
+}
+
+} // namespace
+
+TXmlReader::TXmlReader(const TInput& input, std::string fileName, const TXmlSectionPath& section,
+                       const TXmlLimits& limits)
+    : FTree(std::move(fileName)) {
+  char* memory = nullptr;
+  const std::size_t size = input([&](std::size_t wanted) {
+    if (wanted > limits.Bytes + 1)
+      throw deployment::TInputError("the file is larger than " + std::to_string(limits.Bytes) +
+                                        " bytes",
+                                    {FTree.FileName(), 0});
+    memory = FParser.Reserve(wanted);
+    return memory;
+  });
+  FTree.SetSource({memory, size}, *this);
+  RefuseEmpty(Bytes(), FTree.FileName());
+  TXmlTreeBuilder builder(FTree, limits, section, FSection);
+  FParser.Parse(FTree, builder, size);
+  FEncoding = DetectEncoding(Bytes(), FParser.DeclaredEncoding());
+}
+
+TXmlReader::TXmlReader(std::string_view bytes, std::string fileName, const TXmlSectionPath& section,
+                       const TXmlLimits& limits)
+    : TXmlReader(
+          [bytes](const std::function<char*(std::size_t)>& reserve) {
+            std::memcpy(reserve(bytes.size()), bytes.data(), bytes.size());
+            return bytes.size();
+          },
+          std::move(fileName), section, limits) {}
+
+void TXmlReader::ForgetSection() {
+  if (!FSection.Arena)
+    return;
+  FSection.Element->FLastChild = nullptr;
+  FSection.Element->FContent = TXmlElement::TContent::Forgotten;
+  FSection.Arena.reset();
+  FLookedInto = nullptr;
+  FContentArena.Clear();
+}
+
+void TXmlReader::MakeContent(TXmlElement& element) {
+  if (element.FContent == TXmlElement::TContent::Recorded)
+    MakeFromRecord(element);
+  else
+    ReadAgain(element);
+}
+
+void TXmlReader::MakeFromRecord(TXmlElement& element) {
+  if (FLookedInto) {
+    FLookedInto->FLastChild = nullptr;
+    FLookedInto->FContent = TXmlElement::TContent::Recorded;
+    FContentArena.WindBack();
+  }
+  FLookedInto = &element;
+  element.FContent = TXmlElement::TContent::Complete;
+  TXmlRecordReader record(element.FRecord);
+  TXmlElement* parent = &element;
+  while (!record.AtEnd()) {
+    const TXmlName* name = nullptr;
+    std::uint32_t offset = 0;
+    std::size_t attributes = 0;
+    if (!record.TakeStart(name, offset, attributes)) {
+      parent->FText = record.TakeEnd();
+      parent = parent->FParent;
+      continue;
+    }
+    auto* child = FContentArena.Make<TXmlElement>(FTree, parent, *name);
+    child->FStart = offset;
+    child->TakeAttributes(record, attributes, FContentArena);
+    parent->Append(*child);
+    parent = child;
+  }
+}
+
+void TXmlReader::ReadAgain(TXmlElement& element) {
+  element.FContent = TXmlElement::TContent::Complete;
+  const TByteRange range = element.Range();
+  const std::size_t size = range.End - range.Start;
+  TXmlParser parser(EncodingName(FEncoding));
+  std::memcpy(parser.Reserve(size), Bytes().data() + range.Start, size);
+  TXmlTreeBuilder builder(element);
+  parser.Parse(FTree, builder, size, range.Start);
+}
+
+} // namespace workbench
