@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 
 namespace deployment {
@@ -105,6 +106,15 @@ char32_t TakeUpper(std::string_view& text) {
   return UpperCodePoint(TakeCodePoint(text));
 }
 
+// Eight ASCII characters with their small letters made capital. Adding to each byte sets its high
+// bit when the character is at least "a", or beyond "z"; no sum reaches the next byte.
+constexpr std::uint64_t UpperAsciiBlock(std::uint64_t block) {
+  constexpr std::uint64_t Ones = 0x0101010101010101U;
+  const std::uint64_t atLeastA = block + Ones * (0x80 - 'a');
+  const std::uint64_t beyondZ = block + Ones * (0x80 - 'z' - 1);
+  return block - (((atLeastA & ~beyondZ & (Ones * 0x80)) >> 7) * ('a' - 'A'));
+}
+
 } // namespace
 
 std::string UpperCase(std::string_view text) {
@@ -143,8 +153,18 @@ std::strong_ordering CompareText(std::string_view left, std::string_view right) 
 }
 
 std::size_t HashText(std::string_view text) {
-  // FNV-1a over the upper-cased code points.
+  constexpr std::uint64_t Multiplier = 0x9E3779B97F4A7C15U;
   std::uint64_t hash = 0xCBF29CE484222325U;
+  // Eight letters at a time up to the first one beyond ASCII: texts that count as the same have
+  // it in the same place, since no letter of ASCII equals one beyond it.
+  for (; text.size() >= 8; text.remove_prefix(8)) {
+    std::uint64_t block = 0;
+    std::memcpy(&block, text.data(), sizeof(block));
+    if ((block & 0x8080808080808080U) != 0)
+      break;
+    hash = (hash ^ UpperAsciiBlock(block)) * Multiplier;
+    hash ^= hash >> 29;
+  }
   while (!text.empty())
     hash = (hash ^ TakeUpper(text)) * 0x100000001B3U;
   return static_cast<std::size_t>(hash ^ (hash >> 32));

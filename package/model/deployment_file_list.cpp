@@ -27,13 +27,15 @@ TDeploymentFileList::~TDeploymentFileList() {
 
 std::shared_ptr<TDeploymentFile> TDeploymentFileList::Add(const TFileKey& key,
                                                           std::shared_ptr<TDeploymentFile> file) {
-  const TSlot present = FindSlot(key);
-  if (present != NoSlot && FEntries[present].File == file)
+  const std::size_t hash = HashKey(key);
+  TSlot slot = FindSlot(key, hash);
+  if (slot != NoSlot && FEntries[slot].File == file)
     return nullptr;
-  if (Holds(*file))
+  if (Holds(*file)) {
     RemoveSlot(file->FSlot);
-  // Looked up anew, since a removal may have moved the entries together.
-  TSlot slot = FindSlot(key);
+    // Looked up anew, since a removal may have moved the entries together.
+    slot = FindSlot(key, hash);
+  }
   std::shared_ptr<TDeploymentFile> replaced;
   if (slot == NoSlot) {
     slot = static_cast<TSlot>(FEntries.size());
@@ -41,17 +43,17 @@ std::shared_ptr<TDeploymentFile> TDeploymentFileList::Add(const TFileKey& key,
   } else {
     replaced = TakeOut(slot);
   }
-  Put(slot, key, std::move(file));
+  Put(slot, key, hash, std::move(file));
   return replaced;
 }
 
 std::shared_ptr<TDeploymentFile> TDeploymentFileList::Get(const TFileKey& key) const {
-  const TSlot slot = FindSlot(key);
+  const TSlot slot = FindSlot(key, HashKey(key));
   return slot == NoSlot ? nullptr : FEntries[slot].File;
 }
 
 std::shared_ptr<TDeploymentFile> TDeploymentFileList::Remove(const TFileKey& key) {
-  const TSlot slot = FindSlot(key);
+  const TSlot slot = FindSlot(key, HashKey(key));
   return slot == NoSlot ? nullptr : RemoveSlot(slot);
 }
 
@@ -133,19 +135,19 @@ void TDeploymentFileList::Release(TDeploymentFile& file) {
   file.SetOwner(nullptr);
 }
 
-TSlot TDeploymentFileList::FindSlot(const TFileKey& key) const {
-  TSlot slot = FByKey.First(HashKey(key));
+TSlot TDeploymentFileList::FindSlot(const TFileKey& key, std::size_t hash) const {
+  TSlot slot = FByKey.First(hash);
   while (slot != NoSlot && !SameKey(KeyOf(FEntries[slot]), key))
     slot = FByKey.Next(slot);
   return slot;
 }
 
-void TDeploymentFileList::Put(TSlot slot, const TFileKey& key,
+void TDeploymentFileList::Put(TSlot slot, const TFileKey& key, std::size_t hash,
                               std::shared_ptr<TDeploymentFile> file) {
   TEntry& entry = FEntries[slot];
   entry.FrozenKey =
       SameKey(key, OwnKey(*file)) ? nullptr : std::make_unique<std::string>(JoinKey(key));
-  FByKey.Link(slot, HashKey(key));
+  FByKey.Link(slot, hash);
   FByClass.Link(slot, HashText(file->GetDeploymentClass()));
   FByLocalName.Link(slot, HashText(file->GetLocalName()));
   file->FSlot = slot;

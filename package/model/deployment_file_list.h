@@ -70,8 +70,9 @@ private:
   static TFileKey OwnKey(const TDeploymentFile& file);
   static TFileKey KeyOf(const TEntry& entry);
   static void Release(TDeploymentFile& file);
-  TSlot FindSlot(const TFileKey& key) const;
-  void Put(TSlot slot, const TFileKey& key, std::shared_ptr<TDeploymentFile> file);
+  TSlot FindSlot(const TFileKey& key, std::size_t hash) const;
+  void Put(TSlot slot, const TFileKey& key, std::size_t hash,
+           std::shared_ptr<TDeploymentFile> file);
   std::shared_ptr<TDeploymentFile> TakeOut(TSlot slot);
   std::shared_ptr<TDeploymentFile> RemoveSlot(TSlot slot);
   void Compact();

@@ -4,6 +4,8 @@
 #include "package/model/deployment_file.h"
 #include "package/model/section_names.h"
 
+#include <array>
+
 namespace deployment {
 
 void TDeploymentFile::Read(IXMLNode& node) {
@@ -26,14 +28,16 @@ void TDeploymentFile::Write(IXMLNode& node) const {
 void TDeploymentFile::ReadPlatformData(IXMLNode& node, std::string_view platform) {
   TDeploymentItem::ReadPlatformData(node, platform);
   SetFilePlatform(platform);
+  constexpr std::array Names{section_names::Enabled, section_names::RemoteName,
+                             section_names::Overwrite};
+  std::array<IXMLNode*, Names.size()> found{};
+  FindChildren(node, Names, found);
+  const auto [enabled, remoteName, overwrite] = found;
   // Set in any case, so that every platform that is read has a record.
-  const IXMLNode* enabled = FindChild(node, section_names::Enabled);
   SetEnabled(platform,
              !enabled || ExpectBoolean(*enabled, section_names::Enabled, enabled->Text()));
-  const IXMLNode* remoteName = FindChild(node, section_names::RemoteName);
   if (remoteName && !remoteName->Text().empty())
     SetRemoteName(platform, remoteName->Text());
-  const IXMLNode* overwrite = FindChild(node, section_names::Overwrite);
   if (overwrite && !overwrite->Text().empty())
     SetOverwrite(platform, ExpectBoolean(*overwrite, section_names::Overwrite, overwrite->Text()));
 }

@@ -5,6 +5,8 @@
 #include "package/model/deployment_item.h"
 #include "package/model/section_names.h"
 
+#include <array>
+
 namespace deployment {
 namespace {
 
@@ -23,9 +25,8 @@ void WriteOperation(IXMLNode& node, TDeployOperation operation) {
     SetChildValue(node, section_names::Operation, std::to_string(static_cast<int>(operation)));
 }
 
-void ReadCommands(IXMLNode& node, std::string_view name, TCommandList& commands) {
-  for (IXMLNode* child = FindChild(node, name); child;
-       child = FirstNamed(child->NextSibling(), name))
+void ReadCommands(IXMLNode* first, std::string_view name, TCommandList& commands) {
+  for (IXMLNode* child = first; child; child = FirstNamed(child->NextSibling(), name))
     commands.emplace_back(child->Text());
 }
 
@@ -64,17 +65,21 @@ void TDeploymentItem::Write(IXMLNode& node) const {
 }
 
 void TDeploymentItem::ReadPlatformData(IXMLNode& node, std::string_view platform) {
+  constexpr std::array Names{section_names::RemoteDir, section_names::Operation,
+                             section_names::LocalCommand, section_names::RemoteCommand};
+  std::array<IXMLNode*, Names.size()> found{};
+  FindChildren(node, Names, found);
+  const auto [remoteDir, operation, localCommand, remoteCommand] = found;
   // An empty element counts as absent: it does not even give the platform a record.
-  const IXMLNode* remoteDir = FindChild(node, section_names::RemoteDir);
   if (remoteDir && !remoteDir->Text().empty())
     SetRemoteDir(platform, remoteDir->Text());
-  if (const IXMLNode* operation = FindChild(node, section_names::Operation))
+  if (operation)
     SetOperation(platform, ReadOperation(*operation));
-  if (FindChild(node, section_names::LocalCommand))
-    ReadCommands(node, section_names::LocalCommand,
+  if (localCommand)
+    ReadCommands(localCommand, section_names::LocalCommand,
                  GetData(platform, /*create=*/true)->LocalCommands);
-  if (FindChild(node, section_names::RemoteCommand))
-    ReadCommands(node, section_names::RemoteCommand,
+  if (remoteCommand)
+    ReadCommands(remoteCommand, section_names::RemoteCommand,
                  GetData(platform, /*create=*/true)->RemoteCommands);
 }
 

@@ -102,7 +102,7 @@ void TDeploymentModuleHandler::EnsureDefaultDeployment() {
 void TDeploymentModuleHandler::ReadDefaultsUnlessStored(ICustomProject& project) {
   IOTAProjectFileStorage& sections = FServices.GetProjectFileStorage();
   IXMLNode* section = sections.GetProjectStorageNode(*FModule, DeploymentSectionName);
-  if (section && section->FirstChild())
+  if (section && section->HasChildren())
     return;
   if (!section)
     sections.AddNewSection(*FModule, DeploymentSectionName);

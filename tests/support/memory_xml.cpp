@@ -166,6 +166,10 @@ void TMemoryXMLNode::SetAttribute(std::string_view name, std::string_view value)
   FAttributes.emplace_back(name, value);
 }
 
+bool TMemoryXMLNode::HasChildren() const {
+  return !FChildren.empty();
+}
+
 TMemoryXMLNode* TMemoryXMLNode::FirstChild() {
   return FChildren.empty() ? nullptr : FChildren.front().get();
 }

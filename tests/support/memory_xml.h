@@ -25,6 +25,7 @@ public:
   void SetAttribute(std::string_view name, std::string_view value) override;
   std::string_view Text() const override { return FText; }
   void SetText(std::string_view text) override { FText = text; }
+  bool HasChildren() const override;
   TMemoryXMLNode* FirstChild() override;
   TMemoryXMLNode* NextSibling() override { return FNext; }
   TMemoryXMLNode& AddChild(std::string_view name) override;

@@ -6,13 +6,13 @@
 #include "workbench/xml/short_text.h"
 #include "workbench/xml/xml_text.h"
 
-#include <algorithm>
-#include <array>
+#include <utility>
 
 namespace workbench {
 namespace {
 
 constexpr std::string_view What = "MSBuild template";
+constexpr std::size_t PieceSize = std::size_t{256} * 1024;
 
 TXmlReader::TInput InputFrom(const std::filesystem::path& file) {
   return [file](const TReserveMemory& reserve) {
@@ -39,6 +39,9 @@ TMSBuildDocument::TMSBuildDocument(const std::filesystem::path& templateFile)
                                       "\", so this is not an MSBuild project",
                                   root.Place());
   FLayout = LayoutForChild(FSource, root);
+  FInsertion = InsertionOfLastChild(FSource, root);
+  FPieces.Borrow(FSource.Bytes({0, FInsertion.Place.Start}));
+  FMarkup = FInsertion.Before;
   FItemIndentation = FLayout.Indentation + FLayout.Layout.Indent;
   FMetadataIndentation = FItemIndentation + FLayout.Layout.Indent;
 }
@@ -76,6 +79,8 @@ void TMSBuildDocument::CloseItem() {
   if (!FInItem)
     return;
   FInItem = false;
+  if (FMarkup.size() > PieceSize)
+    KeepMarkup();
   AppendXmlLine(FMarkup, FLayout.Layout, FItemIndentation);
   FMarkup += '<';
   FMarkup += FItem.Name;
@@ -116,17 +121,21 @@ void TMSBuildDocument::CloseGroup() {
   FMarkup += "</ItemGroup>";
 }
 
+// Large documents are kept in pieces, so that none of them is ever copied as a whole.
+void TMSBuildDocument::KeepMarkup() {
+  FPieces.Own(EncodeMarkup(std::exchange(FMarkup, {}), FSource.Encoding()));
+  FMarkup.reserve(PieceSize + PieceSize / 8);
+}
+
 void TMSBuildDocument::SaveToFile(std::string_view fileName) {
   CloseGroup();
-  const TChildInsertion insertion = InsertionOfLastChild(FSource, FTemplate.Root());
-  const std::string added =
-      EncodeMarkup(insertion.Before + FMarkup + insertion.After, FSource.Encoding());
+  FMarkup += FInsertion.After;
+  KeepMarkup();
   const auto size = static_cast<std::uint32_t>(FTemplate.Bytes().size());
-  const std::array<std::string_view, 3> content{FSource.Bytes({0, insertion.Place.Start}), added,
-                                                FSource.Bytes({insertion.Place.End, size})};
+  FPieces.Borrow(FSource.Bytes({FInsertion.Place.End, size}));
   TSaveRequest request;
   request.Target = ToMachinePath(fileName);
-  request.Content = content;
+  request.Content = FPieces.Pieces();
   // The file is generated, so whatever stands there may go, and nobody wants it back.
   request.Force = true;
   request.WithBackup = false;

@@ -3,6 +3,7 @@
 
 #include "package/host/api/msbnodes.h"
 #include "workbench/xml/source_text.h"
+#include "workbench/xml/text_pieces.h"
 #include "workbench/xml/xml_reader.h"
 
 #include <filesystem>
@@ -14,7 +15,7 @@
 namespace workbench {
 
 /// The groups become markup as they are added, front to back: an item is complete when the next one
-/// is added.
+/// is added. It is saved once.
 class TMSBuildDocument final : public deployment::IMSBuildProjectDocument,
                                private deployment::IMSBuildItemGroup,
                                private deployment::IMSBuildItem {
@@ -43,10 +44,13 @@ private:
 
   void CloseItem();
   void CloseGroup();
+  void KeepMarkup();
 
   TXmlReader FTemplate;
   TSourceText FSource;
   TChildLayout FLayout;
+  TChildInsertion FInsertion;
+  TTextPieces FPieces;
   std::string FItemIndentation;
   std::string FMetadataIndentation;
   std::string FMarkup;

@@ -256,8 +256,15 @@ void TMSBuildEvaluation::EvaluateItemGroup(IXMLNode& group, TItemEvaluator& item
 
 bool TMSBuildEvaluation::Holds(const IXMLNode& node, const fs::path& directory) const {
   const auto condition = node.GetAttribute("Condition");
-  return !condition ||
-         EvaluateCondition(*condition, TElementContext(FProperties, node, directory), node.Place());
+  try {
+    return !condition ||
+           EvaluateCondition(*condition, TElementContext(FProperties, node, directory), {});
+  } catch (const deployment::TInputError& error) {
+    // The place is worked out for errors alone: finding a line takes a look at the whole file.
+    if (!error.Place().File.empty())
+      throw;
+    throw deployment::TInputError(error.what(), node.Place());
+  }
 }
 
 void TMSBuildEvaluation::Note(TNoteKind kind, std::string text, const IXMLNode& node) {

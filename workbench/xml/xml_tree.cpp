@@ -8,6 +8,26 @@
 #include <new>
 
 namespace workbench {
+namespace {
+
+constexpr std::size_t LineBlock = std::size_t{16} * 1024;
+
+// LF, CR LF and CR each end one line. In UTF-16 a zero stands between CR and LF.
+unsigned CountLineEnds(std::string_view bytes, std::size_t start, std::size_t end) {
+  using namespace std::string_view_literals;
+  end = std::min(end, bytes.size());
+  unsigned count = 0;
+  for (std::size_t i = start; i < end; ++i) {
+    if (bytes[i] == '\n')
+      ++count;
+    else if (bytes[i] == '\r' && bytes.substr(i + 1, 1) != "\n"sv &&
+             bytes.substr(i + 1, 2) != "\0\n"sv)
+      ++count;
+  }
+  return count;
+}
+
+} // namespace
 
 std::optional<std::string_view> TXmlElement::GetAttribute(std::string_view name) const {
   for (std::uint32_t i = 0; i < FAttributeCount; ++i) {
@@ -118,19 +138,14 @@ const TXmlName& TXmlTree::InternName(std::string_view name) {
 }
 
 unsigned TXmlTree::LineOf(std::uint32_t offset) const {
-  if (FLineStarts.empty()) {
-    using namespace std::string_view_literals;
-    FLineStarts.push_back(0);
-    // LF, CR LF and CR each end one line. In UTF-16 a zero stands between CR and LF.
-    for (std::size_t i = 0; i < FSource.size(); ++i) {
-      const bool carriageReturnAlone = FSource[i] == '\r' && FSource.substr(i + 1, 1) != "\n"sv &&
-                                       FSource.substr(i + 1, 2) != "\0\n"sv;
-      if (FSource[i] == '\n' || carriageReturnAlone)
-        FLineStarts.push_back(static_cast<std::uint32_t>(i + 1));
-    }
+  if (FLinesBefore.empty())
+    FLinesBefore.push_back(0);
+  const std::size_t block = offset / LineBlock;
+  while (FLinesBefore.size() <= block) {
+    const std::size_t start = (FLinesBefore.size() - 1) * LineBlock;
+    FLinesBefore.push_back(FLinesBefore.back() + CountLineEnds(FSource, start, start + LineBlock));
   }
-  const auto behind = std::upper_bound(FLineStarts.begin(), FLineStarts.end(), offset);
-  return static_cast<unsigned>(behind - FLineStarts.begin());
+  return 1 + FLinesBefore[block] + CountLineEnds(FSource, block * LineBlock, offset);
 }
 
 } // namespace workbench

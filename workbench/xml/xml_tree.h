@@ -139,7 +139,8 @@ public:
     FContentSource = &contentSource;
   }
   std::string_view Source() const { return FSource; }
-  /// Line of a byte, counted from 1. Linear in the file at the first call, fast afterwards.
+  /// Line of a byte, counted from 1. Looks at the file up to there at the first call, and at a
+  /// few kilobytes afterwards.
   unsigned LineOf(std::uint32_t offset) const;
 
 private:
@@ -159,7 +160,7 @@ private:
   TXmlElement* FRoot = nullptr;
   IXmlContentSource* FContentSource = nullptr; // null for a tree that was not read
   IXmlChildSink* FChildSink = nullptr;
-  mutable std::vector<std::uint32_t> FLineStarts;
+  mutable std::vector<unsigned> FLinesBefore; // number of line ends before each block of bytes
 };
 
 } // namespace workbench

@@ -30,6 +30,21 @@ IXMLNode* FindChild(IXMLNode& parent, std::string_view name) {
   return FirstNamed(parent.FirstChild(), name);
 }
 
+void FindChildren(IXMLNode& parent, std::span<const std::string_view> names,
+                  std::span<IXMLNode*> found) {
+  for (IXMLNode*& node : found)
+    node = nullptr;
+  for (IXMLNode* child = parent.FirstChild(); child; child = child->NextSibling()) {
+    const std::string_view name = child->NodeName();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (!found[i] && name == names[i]) {
+        found[i] = child;
+        break;
+      }
+    }
+  }
+}
+
 void SetChildValue(IXMLNode& parent, std::string_view name, std::string_view value) {
   IXMLNode* child = FindChild(parent, name);
   (child ? *child : parent.AddChild(name)).SetText(value);

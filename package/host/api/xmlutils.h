@@ -4,6 +4,7 @@
 #include "package/host/api/xml.h"
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace deployment {
@@ -14,6 +15,11 @@ IXMLNode* FirstNamed(IXMLNode* node, std::string_view name);
 
 /// The first child element of that name; null when there is none.
 IXMLNode* FindChild(IXMLNode& parent, std::string_view name);
+
+/// The first child element of each name, found in one walk; null where there is none. Both spans
+/// have one length.
+void FindChildren(IXMLNode& parent, std::span<const std::string_view> names,
+                  std::span<IXMLNode*> found);
 
 /// Finds the first child of that name, or makes it, and sets its text.
 void SetChildValue(IXMLNode& parent, std::string_view name, std::string_view value);
