@@ -4,6 +4,7 @@
 #include "package/host/api/xmlutils.h"
 #include "package/model/deployment_class.h"
 #include "package/model/deployment_file.h"
+#include "package/model/lost_content.h"
 #include "package/model/section_names.h"
 
 #include <memory>
@@ -14,13 +15,19 @@ namespace {
 
 // Each kind of element is read and written side by side.
 
-void ReadFiles(IProjectDeployment& deployment, IXMLNode& section) {
+void ReadFiles(IProjectDeployment& deployment, IXMLNode& section, TLostContent* lost) {
+  std::size_t expected = deployment.FindFiles("", "", "", "").size();
   for (IXMLNode* node = FindChild(section, section_names::DeployFile); node;
        node = FirstNamed(node->NextSibling(), section_names::DeployFile)) {
     const auto file = std::make_shared<TDeploymentFile>();
     file->Read(*node);
+    if (lost)
+      lost->CheckFile(*node);
     deployment.AddFileEntry(file->GetConfiguration(), file->GetFilePlatform(), file);
+    ++expected;
   }
+  if (lost)
+    lost->AddReplaced(expected - deployment.FindFiles("", "", "", "").size(), section);
 }
 
 void WriteFiles(IProjectDeployment& deployment, IXMLNode& section) {
@@ -30,11 +37,13 @@ void WriteFiles(IProjectDeployment& deployment, IXMLNode& section) {
     dynamic_cast<const TDeploymentFile&>(*file).Write(section.AddChild(section_names::DeployFile));
 }
 
-void ReadClasses(IProjectDeployment& deployment, IXMLNode& section) {
+void ReadClasses(IProjectDeployment& deployment, IXMLNode& section, TLostContent* lost) {
   for (IXMLNode* node = FindChild(section, section_names::DeployClass); node;
        node = FirstNamed(node->NextSibling(), section_names::DeployClass)) {
     const auto deploymentClass = std::make_shared<TDeploymentClass>();
     deploymentClass->Read(*node);
+    if (lost)
+      lost->CheckClass(*node);
     deployment.AddClass(deploymentClass);
   }
 }
@@ -45,11 +54,13 @@ void WriteClasses(IProjectDeployment& deployment, IXMLNode& section) {
         .Write(section.AddChild(section_names::DeployClass));
 }
 
-void ReadProjectRoots(IProjectDeployment& deployment, IXMLNode& section) {
+void ReadProjectRoots(IProjectDeployment& deployment, IXMLNode& section, TLostContent* lost) {
   for (IXMLNode* node = FindChild(section, section_names::ProjectRoot); node;
        node = FirstNamed(node->NextSibling(), section_names::ProjectRoot)) {
     const std::string_view name = ExpectAttribute(*node, section_names::Name);
     deployment.SetProjectRoot(ExpectAttribute(*node, section_names::Platform), name);
+    if (lost)
+      lost->CheckProjectRoot(*node);
   }
 }
 
@@ -72,10 +83,14 @@ int ReadSectionVersion(const IXMLNode& node) {
   return version ? ExpectInteger(node, section_names::Version, *version) : 0;
 }
 
-void ReadSectionEntries(IProjectDeployment& deployment, IXMLNode& node) {
-  ReadFiles(deployment, node);
-  ReadClasses(deployment, node);
-  ReadProjectRoots(deployment, node);
+void ReadSectionEntries(IProjectDeployment& deployment, IXMLNode& node, TLostContent* lost) {
+  if (lost)
+    lost->CheckSection(node);
+  ReadFiles(deployment, node, lost);
+  ReadClasses(deployment, node, lost);
+  ReadProjectRoots(deployment, node, lost);
+  if (lost)
+    lost->Finish(node);
 }
 
 void WriteSection(IProjectDeployment& deployment, IXMLNode& node) {

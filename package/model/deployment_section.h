@@ -6,6 +6,8 @@
 
 namespace deployment {
 
+class TLostContent;
+
 /// The layout that is written, and the one that a new project starts with.
 inline constexpr int CurrentSectionVersion = 2;
 
@@ -17,9 +19,10 @@ bool IsDeploymentSection(const IXMLNode& node);
 int ReadSectionVersion(const IXMLNode& node);
 
 /// Adds the entries and root names of a section to the deployment. An entry takes the place of
-/// one with the same configuration, platform and local name. Throws TInputError at an element that
-/// cannot be understood; what was added before it stays.
-void ReadSectionEntries(IProjectDeployment& deployment, IXMLNode& node);
+/// one with the same configuration, platform and local name. What a save will not write again is
+/// told to `lost`, which may be null. Throws TInputError at an element that cannot be understood;
+/// what was added before it stays.
+void ReadSectionEntries(IProjectDeployment& deployment, IXMLNode& node, TLostContent* lost);
 
 /// Rebuilds the section from the deployment as it is: the default deployment is not made sure of.
 /// A deployment with neither files nor classes leaves a section without children and attributes.

@@ -4,6 +4,7 @@
 #include "package/model/deployment_section.h"
 #include "package/model/deployment_upgrade.h"
 #include "package/model/deployproj_writer.h"
+#include "package/model/lost_content.h"
 #include "package/model/section_names.h"
 
 namespace deployment {
@@ -36,8 +37,10 @@ void TDeploymentStorageManager::ProjectLoaded(IOTAModule& projectOrGroup, IXMLNo
   IProjectDeployment* deployment = DeploymentOf(projectOrGroup);
   if (!deployment)
     return;
-  if (node)
-    Read(*deployment, *node);
+  if (node) {
+    TLostContent lost(FHost.GetMessageServices());
+    ReadSection(*deployment, *node, &lost);
+  }
   UpgradeDeployment(*deployment, node, FDeploymentFileVersion);
   FDeploymentFileVersion = CurrentSectionVersion;
 }
@@ -63,10 +66,15 @@ void TDeploymentStorageManager::WriteMSB(ICustomProject& project, IProjectDeploy
 }
 
 void TDeploymentStorageManager::Read(IProjectDeployment& deployment, IXMLNode& node) {
+  ReadSection(deployment, node, nullptr);
+}
+
+void TDeploymentStorageManager::ReadSection(IProjectDeployment& deployment, IXMLNode& node,
+                                            TLostContent* lost) {
   if (!IsDeploymentSection(node))
     return;
   FDeploymentFileVersion = ReadSectionVersion(node);
-  ReadSectionEntries(deployment, node);
+  ReadSectionEntries(deployment, node, lost);
 }
 
 void TDeploymentStorageManager::Write(IProjectDeployment& deployment, IXMLNode& node) const {

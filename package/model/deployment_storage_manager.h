@@ -8,6 +8,8 @@
 
 namespace deployment {
 
+class TLostContent;
+
 /// Reads and writes the deployments of all projects. One per run of the host.
 class TDeploymentStorageManager : public IOTAProjectFileStorageNotifier, public IDeploymentStorage {
 public:
@@ -31,6 +33,8 @@ public:
   void Write(IProjectDeployment& deployment, IXMLNode& node) const;
 
 private:
+  void ReadSection(IProjectDeployment& deployment, IXMLNode& node, TLostContent* lost);
+
   VelmorIDEServices& FHost;
   /// Layout of the section last read, of whichever project, or of the default deployment.
   int FDeploymentFileVersion = 0;

@@ -1,0 +1,48 @@
+# The two commands of the README are `make run` and `make test`; each installs what is missing.
+
+BUILD := build
+GENERATOR := $(if $(shell command -v ninja),Ninja,Unix Makefiles)
+JOBS := $(shell nproc)
+SOURCES = $(shell git ls-files '*.h' '*.cpp')
+
+.PHONY: all run test bench lint dependencies test-dependencies bench-dependencies \
+	lint-dependencies clean
+
+all: dependencies
+	@cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+		-DBUILD_TESTING=OFF -DDEPLOYMENT_BENCH=OFF > $(BUILD).log 2>&1 \
+		|| { cat $(BUILD).log; rm -f $(BUILD).log; exit 1; }
+	@rm -f $(BUILD).log
+	@cmake --build $(BUILD) -j $(JOBS)
+
+run: all
+	@tools/tour.sh $(BUILD)/bin
+
+test: test-dependencies
+	cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBUILD_TESTING=ON
+	cmake --build $(BUILD) -j $(JOBS)
+	ctest --test-dir $(BUILD) -j $(JOBS) --output-on-failure
+
+bench: bench-dependencies
+	cmake -S . -B $(BUILD)-release -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=Release \
+		-DBUILD_TESTING=OFF -DDEPLOYMENT_BENCH=ON
+	cmake --build $(BUILD)-release -j $(JOBS)
+	ZELK=$(CURDIR) $(BUILD)-release/bin/deployment_bench
+
+# Formatting, then the short list of .clang-tidy, in which every finding is an error.
+lint: lint-dependencies
+	clang-format-14 --dry-run -Werror $(SOURCES)
+	cmake -S . -B $(BUILD)-lint -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=OFF
+	run-clang-tidy-14 -quiet -j $(JOBS) -p $(BUILD)-lint '/(package|workbench)/'
+
+dependencies:
+	@tools/install_dependencies.sh build
+test-dependencies:
+	@tools/install_dependencies.sh build test
+bench-dependencies:
+	@tools/install_dependencies.sh build bench
+lint-dependencies:
+	@tools/install_dependencies.sh build lint
+
+clean:
+	rm -rf $(BUILD) $(BUILD)-*

@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing for the given purposes: build, test, bench, lint.
+# Says nothing when everything is there. Elsewhere than on Debian it only says what is needed.
+set -eu
+
+packages=()
+for purpose in "$@"; do
+  case "$purpose" in
+    build) packages+=(g++ cmake ninja-build libexpat1-dev libcli11-dev nlohmann-json3-dev) ;;
+    test) packages+=(binutils libgtest-dev mono-xbuild strace) ;;
+    bench) packages+=(libbenchmark-dev libpugixml-dev) ;;
+    lint) packages+=(clang-format-14 clang-tidy-14 clang-tools-14) ;;
+    sanitize) packages+=(clang-14 libclang-rt-14-dev) ;;
+    *)
+      echo "install_dependencies.sh: unknown purpose \"$purpose\"" >&2
+      exit 2
+      ;;
+  esac
+done
+
+command -v dpkg-query >/dev/null || {
+  echo "These packages of Debian 12, or what they are called here, are needed: ${packages[*]}" >&2
+  exit 0
+}
+
+missing=()
+for package in "${packages[@]}"; do
+  status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
+  [ "$status" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+echo "Installing ${missing[*]}"
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  command -v sudo >/dev/null || {
+    echo "Please install as root: apt-get install ${missing[*]}" >&2
+    exit 1
+  }
+  as_root=(sudo)
+fi
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
