@@ -1,0 +1,102 @@
+// deploymgr add: puts files on the list.
+#include "workbench/cli/added_file.h"
+#include "workbench/cli/change_report.h"
+#include "workbench/cli/command.h"
+#include "workbench/cli/commands.h"
+#include "workbench/cli/target.h"
+#include "workbench/platforms/platform_table.h"
+
+#include <CLI/CLI.hpp>
+
+namespace workbench {
+namespace {
+
+class TAddCommand final : public ICommand {
+public:
+  std::string Name() const override { return "add"; }
+  std::string Summary() const override { return "Put files on the list for a target"; }
+
+  void AddOptions(CLI::App& app) override {
+    AddProjectArgument(app, FProject);
+    app.add_option("FILE", FFiles, "Files on this machine, or names with macros")->required();
+    app.add_option("--class", FClass, "Deployment class")->capture_default_str();
+    app.add_option("--remote-dir", FRemoteDir, "Directory on the target");
+    app.add_option("--remote-name", FRemoteName, "Name on the target");
+    app.add_flag("--disabled", FDisabled, "Do not deploy the files yet");
+    AddChangeOptions(app, FChange);
+    app.footer("With \"-p all\" the entry answers for every platform; it is stored under \"All\".");
+  }
+
+  int Run(TCommandContext& context) override {
+    if (!FRemoteName.empty() && FFiles.size() > 1)
+      throw TUsageError("--remote-name goes with one file only");
+    TOpenProject& project =
+        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    const TTarget target = ChooseTarget(context, project);
+    const std::string configuration = target.Configuration.empty()
+                                          ? std::string(deployment::BaseConfiguration)
+                                          : target.Configuration;
+    const std::string platform =
+        target.AllPlatforms ? std::string(deployment::FallbackPlatform) : target.Platform;
+    std::vector<TAddedFile> added;
+    for (const std::string& file : FFiles)
+      added.push_back(LocalNameOf(file, project.GivenFileName()));
+    std::vector<TEntryChange> changes;
+    for (const TAddedFile& file : added)
+      changes.push_back({file.LocalName, configuration, platform,
+                         AddEntry(context, project, file, configuration, platform)});
+    WarnOfUnknownClass(context, project);
+    SaveAndReport(context, project, FChange, changes);
+    return exit_status::Done;
+  }
+
+private:
+  // Returns what was done.
+  std::string AddEntry(TCommandContext& context, TOpenProject& project, const TAddedFile& file,
+                       const std::string& configuration, const std::string& platform) const {
+    deployment::IProjectDeployment& deployment = project.Deployment();
+    const std::string given = project.GivenFileName().string();
+    if (deployment.FindFile(configuration, platform, file.LocalName)) {
+      context.Output.Warn({"\"" + file.LocalName + "\" is on the list for " + configuration + ", " +
+                               platform + " already; \"set\" changes it",
+                           given, 0});
+      return "present";
+    }
+    if (!file.Exists)
+      context.Output.Warn({"there is no file \"" + file.LocalName + "\" now", given, 0});
+    const auto entry = deployment.AddFile(configuration, platform, file.LocalName);
+    entry->SetDeploymentClass(FClass);
+    entry->SetEnabled(platform, !FDisabled);
+    entry->SetRemoteDir(platform,
+                        FRemoteDir.empty() ? DefaultRemoteDir(context, platform) : FRemoteDir);
+    entry->SetRemoteName(platform, FRemoteName);
+    return "added";
+  }
+
+  static std::string DefaultRemoteDir(const TCommandContext& context, const std::string& platform) {
+    const TPlatform* known = context.Session.Platforms().FindPlatform(platform);
+    return known ? known->GetDefaultRemoteDir() : ".\\";
+  }
+
+  void WarnOfUnknownClass(TCommandContext& context, TOpenProject& project) const {
+    if (!project.Deployment().FindClass(FClass))
+      context.Output.Warn(
+          {"the project has no class \"" + FClass + "\"", project.GivenFileName().string(), 0});
+  }
+
+  std::string FProject;
+  std::vector<std::string> FFiles;
+  std::string FClass = "File";
+  std::string FRemoteDir;
+  std::string FRemoteName;
+  bool FDisabled = false;
+  TChangeOptions FChange;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakeAddCommand() {
+  return std::make_unique<TAddCommand>();
+}
+
+} // namespace workbench

@@ -1,0 +1,45 @@
+#include "workbench/cli/command.h"
+
+#include "workbench/cli/commands.h"
+
+#include <CLI/CLI.hpp>
+
+namespace workbench {
+
+std::vector<std::unique_ptr<ICommand>> AllCommands() {
+  std::vector<std::unique_ptr<ICommand>> commands;
+  commands.push_back(MakeNewCommand());
+  commands.push_back(MakeShowCommand());
+  commands.push_back(MakeAddCommand());
+  commands.push_back(MakeRemoveCommand());
+  commands.push_back(MakeSetCommand());
+  commands.push_back(MakeUpgradeCommand());
+  commands.push_back(MakeExportCommand());
+  commands.push_back(MakeClassesCommand());
+  commands.push_back(MakePlatformsCommand());
+  return commands;
+}
+
+void AddChangeOptions(CLI::App& app, TChangeOptions& options) {
+  app.add_flag("--dry-run", options.DryRun, "Say what would change; change nothing");
+  app.add_flag("--yes", options.Yes, "Answer every question with yes");
+  app.add_flag("--force-save", options.ForceSave,
+               "Overwrite a project that changed on disk since it was read");
+}
+
+void AddProjectArgument(CLI::App& app, std::string& project, bool required) {
+  auto* option = app.add_option("PROJECT", project, "Project file");
+  if (required)
+    option->required();
+}
+
+TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOpenPurpose purpose) {
+  if (file.empty())
+    throw TUsageError("the name of the project file is empty");
+  TOpenProject& project = context.Session.Open(file, purpose);
+  for (const TWarning& warning : project.Warnings())
+    context.Output.Warn(warning);
+  return project;
+}
+
+} // namespace workbench

@@ -1,0 +1,176 @@
+#include "workbench/cli/command_line.h"
+
+#include "package/common/errors.h"
+#include "workbench/cli/command.h"
+#include "workbench/cli/name_hint.h"
+#include "workbench/cli/utf8.h"
+#include "workbench/files/save_error.h"
+
+#include <CLI/CLI.hpp>
+
+#include <exception>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#ifndef DEPLOYMENT_VERSION
+#define DEPLOYMENT_VERSION "unknown"
+#endif
+
+namespace workbench {
+namespace {
+
+constexpr const char* Description =
+    "Keeps the list of files that must reach each target platform of a project.";
+constexpr const char* Footer =
+    "Run \"deploymgr COMMAND --help\" for the options of a command.\n"
+    "Exit status: 0 done, 1 the work failed, 2 wrong usage, 3 an input cannot be read.";
+
+void AddCommonOptions(CLI::App& app, TCommonOptions& options) {
+  app.add_option("-c,--config", options.Configuration, "Build configuration")->type_name("NAME");
+  app.add_option("-p,--platform", options.Platform, "Target platform, or \"all\"")
+      ->type_name("NAME");
+  app.add_flag("--json", options.Json, "Print one JSON document");
+  app.add_flag("--quiet", options.Quiet, "Print results of --json and errors only; ask nothing");
+  app.add_flag("--no-color", options.NoColor, "Print without colours");
+  app.add_option("--root", options.Root, "Directory that holds ObjRepos")->type_name("DIR");
+}
+
+// What the command line says, before any of it is acted upon.
+struct TInvocation {
+  TInvocation() : App(Description, "deploymgr") {
+    App.footer(Footer);
+    App.require_subcommand(1);
+    App.set_version_flag("--version", std::string("deploymgr ") + DEPLOYMENT_VERSION);
+    App.set_help_flag("-h,--help", "Print this help and end");
+    for (auto& command : AllCommands()) {
+      CLI::App* sub = App.add_subcommand(command->Name(), command->Summary());
+      sub->set_help_flag("-h,--help", "Print this help and end");
+      sub->set_version_flag("--version", std::string("deploymgr ") + DEPLOYMENT_VERSION);
+      command->AddOptions(*sub);
+      AddCommonOptions(*sub, Options);
+      Commands.emplace_back(sub, std::move(command));
+    }
+  }
+
+  ICommand& Chosen() const {
+    for (const auto& [sub, command] : Commands) {
+      if (sub->parsed())
+        return *command;
+    }
+    throw TUsageError("no command is given");
+  }
+
+  CLI::App App;
+  TCommonOptions Options;
+  std::vector<std::pair<CLI::App*, std::unique_ptr<ICommand>>> Commands;
+};
+
+// Names that were meant, when the first argument is no command.
+std::string UnknownCommand(const TInvocation& invocation, const std::string& word) {
+  std::vector<std::string> names;
+  for (const auto& [sub, command] : invocation.Commands)
+    names.push_back(command->Name());
+  return "there is no command \"" + word + "\"" + HintAt(word, names);
+}
+
+void CheckArguments(const TInvocation& invocation, int argc, const char* const* argv) {
+  for (int i = 1; i < argc; ++i) {
+    if (!IsUtf8(argv[i]))
+      throw TUsageError("argument " + std::to_string(i) + " is not UTF-8 text");
+  }
+  if (argc < 2)
+    throw TUsageError("no command is given; try \"deploymgr --help\"");
+  const std::string first = argv[1];
+  if (first.empty() || first.front() == '-')
+    return;
+  for (const auto& [sub, command] : invocation.Commands) {
+    if (command->Name() == first)
+      return;
+  }
+  throw TUsageError(UnknownCommand(invocation, first));
+}
+
+bool HasArgument(int argc, const char* const* argv, std::string_view wanted) {
+  for (int i = 1; i < argc && std::string_view(argv[i]) != "--"; ++i) {
+    if (argv[i] == wanted)
+      return true;
+  }
+  return false;
+}
+
+int RunCommand(const TInvocation& invocation, TOutput& output) {
+  ICommand& command = invocation.Chosen();
+  TSession session(TSessionOptions{invocation.Options.Root});
+  TCommandContext context{invocation.Options, session, output};
+  const int status = command.Run(context);
+  if (output.Flush())
+    return status;
+  output.Error(exit_status::WorkFailed, "the result could not be written to standard output", {},
+               0);
+  return exit_status::WorkFailed;
+}
+
+int Report(TOutput& output, int status, const std::string& text, const std::string& file = {},
+           unsigned line = 0) {
+  output.Error(status, text, file, line);
+  output.Flush();
+  return status;
+}
+
+// Turns whatever an action throws into a message and an exit status.
+template <class TAction>
+int Reported(TOutput& output, TAction action) {
+  try {
+    return action();
+  } catch (const TUsageError& error) {
+    return Report(output, exit_status::WrongUsage, error.what());
+  } catch (const deployment::TInputError& error) {
+    return Report(output, exit_status::UnreadableInput, error.what(), error.Place().File,
+                  error.Place().Line);
+  } catch (const TSaveError& error) {
+    // Its sentence names the file already.
+    return Report(output, exit_status::WorkFailed, error.what());
+  } catch (const std::exception& error) {
+    return Report(output, exit_status::WorkFailed, error.what());
+  }
+}
+
+int Run(int argc, const char* const* argv) {
+  TInvocation invocation;
+  TOutput early(HasArgument(argc, argv, "--json"), false, true);
+  bool complete = false;
+  const int status = Reported(early, [&] {
+    CheckArguments(invocation, argc, argv);
+    try {
+      invocation.App.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+      // Help and version; CLI11 prints them.
+      return invocation.App.exit(success);
+    } catch (const CLI::ParseError& error) {
+      throw TUsageError(error.what());
+    }
+    complete = true;
+    return exit_status::Done;
+  });
+  if (!complete)
+    return status;
+  TOutput output(invocation.Options.Json, invocation.Options.Quiet, invocation.Options.NoColor);
+  return Reported(output, [&] { return RunCommand(invocation, output); });
+}
+
+} // namespace
+
+int RunCommandLine(int argc, const char* const* argv) noexcept {
+  try {
+    return Run(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "deploymgr: " << error.what() << '\n';
+  } catch (...) {
+    std::cerr << "deploymgr: an unknown error ended the run\n";
+  }
+  return exit_status::WorkFailed;
+}
+
+} // namespace workbench

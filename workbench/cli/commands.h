@@ -1,0 +1,20 @@
+// The commands of deploymgr; each lives in a file of its own name.
+#pragma once
+
+#include "workbench/cli/command.h"
+
+#include <memory>
+
+namespace workbench {
+
+std::unique_ptr<ICommand> MakeNewCommand();
+std::unique_ptr<ICommand> MakeShowCommand();
+std::unique_ptr<ICommand> MakeAddCommand();
+std::unique_ptr<ICommand> MakeRemoveCommand();
+std::unique_ptr<ICommand> MakeSetCommand();
+std::unique_ptr<ICommand> MakeUpgradeCommand();
+std::unique_ptr<ICommand> MakeExportCommand();
+std::unique_ptr<ICommand> MakeClassesCommand();
+std::unique_ptr<ICommand> MakePlatformsCommand();
+
+} // namespace workbench

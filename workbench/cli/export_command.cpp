@@ -1,0 +1,54 @@
+// deploymgr export: writes the side file for command-line builds.
+#include "workbench/cli/command.h"
+#include "workbench/cli/commands.h"
+
+#include <CLI/CLI.hpp>
+
+namespace workbench {
+namespace {
+
+class TExportCommand final : public ICommand {
+public:
+  std::string Name() const override { return "export"; }
+  std::string Summary() const override { return "Write <project>.deployproj for builds"; }
+  void AddOptions(CLI::App& app) override {
+    AddProjectArgument(app, FProject);
+    app.add_flag("--dry-run", FDryRun, "Say what would be written; write nothing");
+    app.add_flag("--yes", FYes, "Answer every question with yes (an export asks none)");
+  }
+
+  int Run(TCommandContext& context) override {
+    if (!context.Options.Configuration.empty() || !context.Options.Platform.empty())
+      throw TUsageError("the side file holds every target; leave --config and --platform out");
+    TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
+    TSaveReport report;
+    if (FDryRun)
+      report.SideFile = std::filesystem::path(FProject).replace_extension(".deployproj");
+    else
+      report = project.Export();
+    const std::string file = report.SideFile.string();
+    if (context.Output.IsJson())
+      context.Output.Document({{"project", FProject},
+                               {"sideFile", file},
+                               {"changed", report.SideFileWritten},
+                               {"dryRun", FDryRun}});
+    context.Output.Line((FDryRun                  ? "would write "
+                         : report.SideFileWritten ? "wrote "
+                                                  : "up to date: ") +
+                        Visible(file));
+    return exit_status::Done;
+  }
+
+private:
+  std::string FProject;
+  bool FDryRun = false;
+  bool FYes = false;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakeExportCommand() {
+  return std::make_unique<TExportCommand>();
+}
+
+} // namespace workbench

@@ -1,0 +1,57 @@
+// Where results, warnings and errors go.
+#pragma once
+
+#include "workbench/services/session.h"
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <string_view>
+
+namespace workbench {
+
+/// JSON whose keys keep their order.
+using TJson = nlohmann::ordered_json;
+
+/// The JSON text of a value; bytes that are not UTF-8 become replacement characters.
+std::string JsonText(const TJson& value, int indent = 2);
+
+/// The text with everything that could change how a terminal shows it made visible: control
+/// characters, and those that turn the direction of writing.
+std::string Visible(std::string_view text);
+
+/// Results go to standard output, everything else to standard error.
+class TOutput {
+public:
+  TOutput(bool json, bool quiet, bool noColor);
+
+  bool IsJson() const { return FJson; }
+  bool IsQuiet() const { return FQuiet; }
+  /// True when a person can be asked.
+  bool CanAsk() const;
+  /// Asks a question that is answered with yes or no; no without a person.
+  bool Ask(const std::string& question) const;
+
+  /// One line of the result, as it is; left out with --json and --quiet.
+  void Line(std::string_view text);
+  /// Part of the result, as it is.
+  void Write(std::string_view text);
+  /// A whole JSON document.
+  void Document(const TJson& document);
+  void Warn(const TWarning& warning);
+  void Error(int status, const std::string& text, const std::string& file, unsigned line);
+  /// False when something of the result could not be written.
+  bool Flush();
+
+  /// The text in bold or dim letters where the terminal shows colour.
+  std::string Bold(std::string_view text) const;
+  std::string Dim(std::string_view text) const;
+
+private:
+  bool FJson;
+  bool FQuiet;
+  bool FColor;
+  bool FFailed = false;
+};
+
+} // namespace workbench

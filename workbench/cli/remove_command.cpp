@@ -1,0 +1,65 @@
+// deploymgr remove: takes files off the list.
+#include "package/common/delimited_list.h"
+#include "workbench/cli/change_report.h"
+#include "workbench/cli/command.h"
+#include "workbench/cli/commands.h"
+#include "workbench/cli/entry_lookup.h"
+#include "workbench/cli/target.h"
+
+#include <CLI/CLI.hpp>
+
+namespace workbench {
+namespace {
+
+class TRemoveCommand final : public ICommand {
+public:
+  std::string Name() const override { return "remove"; }
+  std::string Summary() const override { return "Take files off the list"; }
+  void AddOptions(CLI::App& app) override {
+    AddProjectArgument(app, FProject);
+    app.add_option("FILE", FFiles, "Local names as the list has them")->required();
+    AddChangeOptions(app, FChange);
+  }
+
+  int Run(TCommandContext& context) override {
+    TOpenProject& project =
+        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    CheckPlatformOption(context, &project);
+    deployment::IProjectDeployment& deployment = project.Deployment();
+    const TEntryLookup lookup(deployment.GetFiles(), context.Options, TPlatformNarrowing::Always);
+    const deployment::TDeploymentFiles files = lookup.FindAll(FFiles);
+    std::vector<TEntryChange> changes;
+    for (const auto& file : files) {
+      if (!MayRemove(context, *file))
+        continue;
+      changes.push_back({file->GetLocalName(), file->GetConfiguration(),
+                         deployment::JoinDelimited(file->GetPlatforms(), ","), "removed"});
+      deployment.RemoveFileEntry(*file);
+    }
+    if (changes.empty() && !FChange.Yes && !context.Output.CanAsk())
+      throw TWorkError("nothing was removed, since nobody could be asked; --yes removes without "
+                       "a question");
+    SaveAndReport(context, project, FChange, changes);
+    return exit_status::Done;
+  }
+
+private:
+  bool MayRemove(const TCommandContext& context,
+                 const deployment::IProjectDeploymentFile& file) const {
+    return FChange.DryRun || FChange.Yes ||
+           context.Output.Ask("Are you sure you want to delete file \"" + file.GetLocalName() +
+                              "\"?");
+  }
+
+  std::string FProject;
+  std::vector<std::string> FFiles;
+  TChangeOptions FChange;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakeRemoveCommand() {
+  return std::make_unique<TRemoveCommand>();
+}
+
+} // namespace workbench
