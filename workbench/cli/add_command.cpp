@@ -11,6 +11,9 @@
 namespace workbench {
 namespace {
 
+// Class of the files that users add.
+constexpr std::string_view UserFileClass = "File";
+
 class TAddCommand final : public ICommand {
 public:
   std::string Name() const override { return "add"; }
@@ -79,14 +82,15 @@ private:
   }
 
   void WarnOfUnknownClass(TCommandContext& context, TOpenProject& project) const {
-    if (!project.Deployment().FindClass(FClass))
+    // A list without the class of users' files is common and harmless.
+    if (FClass != UserFileClass && !project.Deployment().FindClass(FClass))
       context.Output.Warn(
           {"the project has no class \"" + FClass + "\"", project.GivenFileName().string(), 0});
   }
 
   std::string FProject;
   std::vector<std::string> FFiles;
-  std::string FClass = "File";
+  std::string FClass{UserFileClass};
   std::string FRemoteDir;
   std::string FRemoteName;
   bool FDisabled = false;

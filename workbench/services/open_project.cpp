@@ -122,7 +122,13 @@ TSaveReport TOpenProjectFile::Save(bool force) {
   if (!HasChanges())
     return report;
   const bool written = SaveProjectFile(force);
-  report = Export();
+  try {
+    report = Export();
+  } catch (const deployment::TInputError& error) {
+    throw TSaveError("the project is saved, but not its side file: " + error.Place().File + ": " +
+                         error.what(),
+                     FGivenName);
+  }
   report.ProjectWritten = written;
   return report;
 }

@@ -18,7 +18,9 @@ TXmlParser::TXmlParser(const char* encodingName) : FParser(XML_ParserCreate(enco
 }
 
 char* TXmlParser::Reserve(std::size_t size) {
-  auto* memory = static_cast<char*>(XML_GetBuffer(FParser.get(), static_cast<int>(size)));
+  // For no bytes at all the parser would give no memory, and nothing to tell that from a failure.
+  const int wanted = static_cast<int>(std::max<std::size_t>(size, 1));
+  auto* memory = static_cast<char*>(XML_GetBuffer(FParser.get(), wanted));
   if (!memory)
     throw std::bad_alloc();
   return memory;

@@ -47,7 +47,7 @@ TXmlReader::TXmlReader(std::string_view bytes, std::string fileName, const TXmlS
           std::move(fileName), section, limits) {}
 
 void TXmlReader::ForgetSection() {
-  if (!FSection.Arena)
+  if (!FSection.Arena || !FSection.Element->FLastChild)
     return;
   FSection.Element->FLastChild = nullptr;
   FSection.Element->FContent = TXmlElement::TContent::Forgotten;

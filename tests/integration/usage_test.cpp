@@ -1,0 +1,105 @@
+#include "tests/integration/run_program.h"
+
+#include <gtest/gtest.h>
+
+namespace integration {
+namespace {
+
+TEST(Usage, OfNothingIsWrong) {
+  TWorkplace place;
+  const TRun run = place.Run({});
+  EXPECT_EQ(run.Status, 2);
+  EXPECT_EQ(run.Output, "");
+  EXPECT_EQ(run.Errors, "deploymgr: no command is given; try \"deploymgr --help\"\n");
+}
+
+TEST(Usage, NamesTheNearestCommand) {
+  TWorkplace place;
+  EXPECT_EQ(place.Run({"shwo", "p"}).Errors,
+            "deploymgr: there is no command \"shwo\"; did you mean \"show\"?\n");
+}
+
+TEST(Usage, ThatIsWrongHasStatusTwo) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  for (const std::vector<std::string>& command : {std::vector<std::string>{"show"},
+                                                  {"show", "p.vproj", "--no-such-option"},
+                                                  {"show", "p.vproj", "-p"},
+                                                  {"show", "p.vproj", "--platform", "win32"},
+                                                  {"show", ""},
+                                                  {"show", "p.vproj", "--dry-run"},
+                                                  {"show", "\xFF"},
+                                                  {"add", "p.vproj"},
+                                                  {"reconcile", "p.vproj"},
+                                                  {"upgrade", "p.vproj", "-p", "Win32"},
+                                                  {"--nope"}}) {
+    const TRun run = place.Run(command);
+    EXPECT_EQ(run.Status, 2) << testing::PrintToString(command) << run.Errors;
+    EXPECT_TRUE(run.Errors.starts_with("deploymgr: ")) << run.Errors;
+  }
+}
+
+TEST(Usage, ListsTheKnownPlatforms) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  EXPECT_EQ(place.Run({"show", "p.vproj", "-p", "Android64"}).Errors,
+            "deploymgr: there is no platform \"Android64\"; known are: Win32, Win64, OSX32, "
+            "iOSSimulator, iOSDevice32, iOSDevice64, Android; did you mean \"Android\"?\n");
+}
+
+TEST(Usage, WarnsOfATargetThatTheProjectHasNotSetUp) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  const TRun run = place.Run({"add", "p.vproj", "$(X)\\a", "-p", "OSX32"});
+  EXPECT_EQ(run.Status, 0);
+  EXPECT_EQ(run.Errors, "deploymgr: p.vproj: warning: the project has not set up configuration "
+                        "\"Debug\" for platform \"OSX32\"\n");
+}
+
+TEST(Usage, TakesNamesThatLookLikeOptionsBehindTwoDashes) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  place.Write("-odd.dat", "x");
+  const TRun run = place.Run({"add", "p.vproj", "--", "-odd.dat"});
+  EXPECT_EQ(run.Status, 0) << run.Errors;
+  EXPECT_EQ(run.Output, "added -odd.dat for Debug, Win32\n");
+}
+
+TEST(Usage, HelpAndVersionEndWell) {
+  TWorkplace place;
+  const TRun help = place.Run({"--help"});
+  EXPECT_EQ(help.Status, 0);
+  EXPECT_NE(help.Output.find("upgrade"), std::string::npos);
+  EXPECT_EQ(help.Output.find("reconcile"), std::string::npos);
+  EXPECT_EQ(place.Run({"--version"}).Output, "deploymgr 0.1.0\n");
+  EXPECT_EQ(place.Run({"set", "--help"}).Status, 0);
+}
+
+TEST(Usage, OfAFullDeviceFails) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  const TRun run =
+      place.RunProgram({"sh", "-c", std::string(DEPLOYMGR_PROGRAM) + " show p.vproj > /dev/full"});
+  EXPECT_EQ(run.Status, 1);
+  EXPECT_EQ(run.Errors, "deploymgr: the result could not be written to standard output\n");
+}
+
+TEST(Usage, IsPlainAndQuietWhenAskedTo) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  EXPECT_EQ(place.Run({"show", "p.vproj"}).Output.find('\x1b'), std::string::npos);
+  const TRun run = place.Run({"add", "p.vproj", "missing.dat", "--quiet"});
+  EXPECT_EQ(run.Status, 0);
+  EXPECT_EQ(run.Output + run.Errors, "");
+}
+
+TEST(Usage, NeedsNoHomeDirectory) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  const TRun run = place.RunProgram({"env", "-i", std::string("ZELK=") + SOURCE_TREE,
+                                     DEPLOYMGR_PROGRAM, "add", "p.vproj", "x", "--quiet"});
+  EXPECT_EQ(run.Status, 0) << run.Errors;
+}
+
+} // namespace
+} // namespace integration

@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Shows the Deployment Manager at work on copies of the example projects. Run as: tools/tour.sh BIN
+set -eu
+
+bin=$(cd "$1" && pwd)
+tree=$(cd "$(dirname "$0")/.." && pwd)
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+# Settings and backups of the tour stay in its own directory.
+export XDG_CONFIG_HOME="$place/config" XDG_STATE_HOME="$place/state"
+cp -r "$tree/examples/sky-chart" "$tree/examples/tide-logger" "$place"
+cd "$place"
+
+step() { printf '\n\033[1m%s\033[0m\n' "$1"; }
+[ -t 1 ] || step() { printf '\n%s\n' "$1"; }
+run() {
+  printf '$ deploymgr %s\n' "$*"
+  "$bin/deploymgr" "$@"
+}
+
+step 'The list of a project: local name, class and configuration, and where the file goes'
+run show tide-logger/TideLogger.vproj -p Win32
+
+step 'A list of an older version is upgraded; a second time there is nothing to do'
+run upgrade sky-chart/SkyChart.vproj
+run upgrade sky-chart/SkyChart.vproj
+
+step 'A file is added, edited and shown'
+run add sky-chart/SkyChart.vproj sky-chart/data/*.json -p Win32 -c Release
+run set sky-chart/SkyChart.vproj data/constellations.json --remote-dir 'charts\' --overwrite false \
+  -p Win32 -c Release
+run show sky-chart/SkyChart.vproj -p Win32 -c Release
+
+step 'Only what changed has changed'
+diff "$tree/examples/tide-logger/TideLogger.vproj" tide-logger/TideLogger.vproj \
+  && echo 'tide-logger: byte for byte the same'
+diff <(sed '/<Deployment/,/<\/Deployment>/d' "$tree/examples/sky-chart/SkyChart.vproj") \
+  <(sed '/<Deployment/,/<\/Deployment>/d' sky-chart/SkyChart.vproj) \
+  && echo 'sky-chart: byte for byte the same outside its list'
+
+step 'What a command-line build sees of it'
+run export sky-chart/SkyChart.vproj
+grep -n -A9 'constellations.json' sky-chart/SkyChart.deployproj
