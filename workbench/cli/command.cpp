@@ -17,6 +17,7 @@ std::vector<std::unique_ptr<ICommand>> AllCommands() {
   commands.push_back(MakeExportCommand());
   commands.push_back(MakeClassesCommand());
   commands.push_back(MakePlatformsCommand());
+  commands.push_back(MakeSettingsCommand());
   return commands;
 }
 

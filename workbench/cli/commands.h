@@ -16,5 +16,6 @@ std::unique_ptr<ICommand> MakeUpgradeCommand();
 std::unique_ptr<ICommand> MakeExportCommand();
 std::unique_ptr<ICommand> MakeClassesCommand();
 std::unique_ptr<ICommand> MakePlatformsCommand();
+std::unique_ptr<ICommand> MakeSettingsCommand();
 
 } // namespace workbench

@@ -57,7 +57,8 @@ private:
         output.Line(FileLine(*file, output));
     }
     for (const auto& root : project.Deployment().GetProjectRoots())
-      output.Line("root of " + Visible(root.Key) + ": " + Visible(root.Value));
+      output.Line("root of " + Visible(root.Key) + ": " +
+                  (root.Value.empty() ? "(none)" : Visible(root.Value)));
     const auto classes = project.Deployment().GetClasses();
     for (const auto& deploymentClass : classes)
       output.Line("class " + ClassLine(*deploymentClass, output));

@@ -97,6 +97,10 @@ const TPlatformTable& TSession::Platforms() const {
   return FParts->Platforms;
 }
 
+TSettings& TSession::Settings() {
+  return FParts->Services.GetSettings();
+}
+
 const std::filesystem::path& TSession::Root() const {
   return FParts->Root;
 }

@@ -15,6 +15,7 @@ namespace workbench {
 
 class TPlatformTable;
 class TProjectSettings;
+class TSettings;
 
 /// What a session is made with.
 struct TSessionOptions {
@@ -95,6 +96,8 @@ public:
   void Close(TOpenProject& project);
 
   const TPlatformTable& Platforms() const;
+  /// The user's settings.
+  TSettings& Settings();
   /// Root directory whose ObjRepos/Deploy is in use.
   const std::filesystem::path& Root() const;
   /// The classes that ship with the workbench, for projects without a list of their own. Variables

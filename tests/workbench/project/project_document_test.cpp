@@ -2,6 +2,10 @@
 
 #include "tests/workbench/project/document_fixture.h"
 
+#include <cstdlib>
+#include <filesystem>
+#include <unistd.h>
+
 namespace workbench {
 namespace {
 
