@@ -31,11 +31,13 @@ std::string Items(const TProjectValues& values) {
   const std::string platforms = deployment::JoinDelimited(values.Platforms);
   std::string text = "  <ItemGroup>\n    <BuildConfiguration Include=\"Base\"/>\n";
   for (const std::string& configuration : values.Configurations)
-    text += "    <BuildConfiguration Include=\"" + configuration +
-            "\"><Parent>Base</Parent><Platforms>" + platforms +
-            "</Platforms></BuildConfiguration>\n";
+    text.append("    <BuildConfiguration Include=\"")
+        .append(configuration)
+        .append("\"><Parent>Base</Parent><Platforms>")
+        .append(platforms)
+        .append("</Platforms></BuildConfiguration>\n");
   for (const std::string& platform : values.Platforms)
-    text += "    <TargetPlatform Include=\"" + platform + "\"/>\n";
+    text.append("    <TargetPlatform Include=\"").append(platform).append("\"/>\n");
   return text + "  </ItemGroup>\n";
 }
 

@@ -129,9 +129,17 @@ std::vector<bool> TSectionRewrite::KeptInPlace() const {
   return kept;
 }
 
+bool TSectionRewrite::HoldsMoreThanChildren() const {
+  for (std::size_t old = 0; old < FOld.size(); ++old) {
+    if (!FSource.IsBlank(GapBefore(old)))
+      return true;
+  }
+  return !FSource.IsBlank(Rest());
+}
+
 void TSectionRewrite::AppendTo(TTextPieces& pieces, TXmlElement& newSection) {
   const TByteRange range = FSection.Range();
-  if (FNew.empty()) {
+  if (FNew.empty() && !HoldsMoreThanChildren()) {
     std::string markup;
     AppendXmlTagStart(markup, newSection);
     AppendOwned(pieces, markup + "/>");
@@ -145,9 +153,7 @@ void TSectionRewrite::AppendTo(TTextPieces& pieces, TXmlElement& newSection) {
     AppendOwned(pieces, markup + ">");
   }
   AppendChildren(pieces);
-  const std::uint32_t endTag = FSource.EndTagStart(FSection);
-  const std::uint32_t behindLast = FOld.empty() ? FSection.ContentStart() : FOld.back().Range.End;
-  const TByteRange rest{behindLast, endTag};
+  const TByteRange rest = Rest();
   const bool hasRest = FSection.HasEndTag() && (!FOld.empty() || !FSource.IsBlank(rest));
   if (hasRest) {
     pieces.Borrow(FSource.Bytes(rest));
@@ -157,7 +163,7 @@ void TSectionRewrite::AppendTo(TTextPieces& pieces, TXmlElement& newSection) {
     AppendOwned(pieces, std::move(line));
   }
   if (FSection.HasEndTag())
-    pieces.Borrow(FSource.Bytes({endTag, range.End}));
+    pieces.Borrow(FSource.Bytes({rest.End, range.End}));
   else
     AppendOwned(pieces, "</" + std::string(FSection.NodeName()) + ">");
 }
@@ -182,6 +188,12 @@ void TSectionRewrite::AppendChildren(TTextPieces& pieces) {
 TByteRange TSectionRewrite::GapBefore(std::size_t old) const {
   const std::uint32_t start = old == 0 ? FSection.ContentStart() : FOld[old - 1].Range.End;
   return {start, FOld[old].Range.Start};
+}
+
+// What stands behind the last child.
+TByteRange TSectionRewrite::Rest() const {
+  const std::uint32_t start = FOld.empty() ? FSection.ContentStart() : FOld.back().Range.End;
+  return {start, FSource.EndTagStart(FSection)};
 }
 
 // Between two children that stay: the new children take the places of the old ones by turns, so

@@ -45,7 +45,9 @@ private:
   void BuildOldIndex();
   bool HasSameAttributes(TXmlElement& newSection) const;
   std::vector<bool> KeptInPlace() const;
+  bool HoldsMoreThanChildren() const;
   TByteRange GapBefore(std::size_t old) const;
+  TByteRange Rest() const;
   void AppendChildren(TTextPieces& pieces);
   void AppendGap(TTextPieces& pieces, std::size_t firstOld, std::size_t lastOld,
                  std::size_t firstNew, std::size_t lastNew);

@@ -18,10 +18,9 @@ unsigned CountLineEnds(std::string_view bytes, std::size_t start, std::size_t en
   end = std::min(end, bytes.size());
   unsigned count = 0;
   for (std::size_t i = start; i < end; ++i) {
-    if (bytes[i] == '\n')
-      ++count;
-    else if (bytes[i] == '\r' && bytes.substr(i + 1, 1) != "\n"sv &&
-             bytes.substr(i + 1, 2) != "\0\n"sv)
+    const bool carriageReturnAlone =
+        bytes[i] == '\r' && bytes.substr(i + 1, 1) != "\n"sv && bytes.substr(i + 1, 2) != "\0\n"sv;
+    if (bytes[i] == '\n' || carriageReturnAlone)
       ++count;
   }
   return count;

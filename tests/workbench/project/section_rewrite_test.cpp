@@ -93,13 +93,25 @@ TEST(SectionRewrite, ReplacesEveryEntryInItsPlace) {
                               EntryC, "<E N=\"cc\"/>"));
 }
 
-TEST(SectionRewrite, WritesAnEmptySectionWhenAllEntriesGo) {
-  const std::string emptied =
-      Edited(Project, [](TSectionModel& model) { model.Entries.clear(); });
-  const std::size_t start = Project.find("<Deployment");
-  const std::size_t end = Project.find("</Deployment  >") + 15;
-  EXPECT_EQ(emptied,
-            Project.substr(0, start) + "<Deployment Version=\"2\"/>" + Project.substr(end));
+TEST(SectionRewrite, KeepsCommentsWhenAllEntriesGo) {
+  EXPECT_EQ(Edited(Project, [](TSectionModel& model) { model.Entries.clear(); }),
+            Replaced(Replaced(Replaced(Project, "\n      " + EntryA, ""), "\n      " + EntryB, ""),
+                     "\n\n      " + EntryC, ""));
+}
+
+TEST(SectionRewrite, WritesAnEmptyTagWhenNothingIsLeft) {
+  const std::string head = "<Project><ProjectExtensions>\n";
+  const std::string tail = "\n</ProjectExtensions></Project>";
+  EXPECT_EQ(Edited(head + "<Deployment  Version=\"2\">\n <E N=\"a\"/>\n</Deployment>" + tail,
+                   [](TSectionModel& model) { model.Entries.clear(); }),
+            head + "<Deployment Version=\"2\"/>" + tail);
+}
+
+TEST(SectionRewrite, KeepsACommentWhenOnlyAttributesChange) {
+  const std::string text = "<Project><ProjectExtensions><Deployment Version=\"1\"><!-- c -->"
+                           "</Deployment></ProjectExtensions></Project>";
+  EXPECT_EQ(Edited(text, [](TSectionModel& model) { model.Version = "2"; }),
+            Replaced(text, "\"1\"", "\"2\""));
 }
 
 TEST(SectionRewrite, WritesTheStartTagAnewWhenAttributesChange) {

@@ -4,6 +4,8 @@
 #include "package/common/errors.h"
 #include "tests/workbench/files/save_fixture.h"
 #include "tests/workbench/services/environment_fixture.h"
+#include "workbench/files/file_backup.h"
+#include "workbench/files/file_lock.h"
 #include "workbench/files/save_error.h"
 #include "workbench/services/session.h"
 
@@ -41,13 +43,13 @@ protected:
   }
 
   /// The session that the test works in, made when it is first asked for.
-  TSession& Session() {
+  TSession& Host() {
     if (!FSession)
       FSession = std::make_unique<TSession>(TSessionOptions{std::filesystem::current_path()});
     return *FSession;
   }
   TOpenProject& Open(TOpenPurpose purpose = TOpenPurpose::Look) {
-    return Session().Open(FFile, purpose);
+    return Host().Open(FFile, purpose);
   }
   TOpenProject& OpenText(std::string_view text, TOpenPurpose purpose = TOpenPurpose::Look) {
     Write(FFile, text);

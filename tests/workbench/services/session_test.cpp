@@ -6,6 +6,7 @@
 #include "workbench/services/package_loader.h"
 #include "workbench/services/project_module.h"
 
+#include <algorithm>
 #include <dlfcn.h>
 
 namespace workbench {
@@ -59,15 +60,14 @@ TEST_F(Session, LeavesNothingRegisteredWhenThePackageStops) {
       EXPECT_FALSE(hasDeployment());
     }
     services.GetEvents().MainFormCreated().Raise(); // nobody listens who is gone
-    services.GetPlatformManager();
   }
 }
 
 TEST_F(Session, ClosesWhatIsOpenAtItsEnd) {
   Write(FDirectory / "other.vproj", ProjectWith(""));
   OpenText(ProjectWith(StoredEntry), TOpenPurpose::Edit);
-  Session().Open(FDirectory / "other.vproj", TOpenPurpose::Look);
-  Session().ShippedClasses();
+  Host().Open(FDirectory / "other.vproj", TOpenPurpose::Look);
+  Host().ShippedClasses();
   FSession.reset();
   EXPECT_EQ(Names(), (std::vector<std::string>{"demo.vproj", "other.vproj"}));
 }
@@ -75,19 +75,19 @@ TEST_F(Session, ClosesWhatIsOpenAtItsEnd) {
 TEST_F(Session, OpensClosesAndOpensAgain) {
   TOpenProject& first = OpenText(ProjectWith(StoredEntry), TOpenPurpose::Edit);
   AddFile(first, "lost.dat");
-  Session().Close(first);
+  Host().Close(first);
   EXPECT_EQ(FilesOf(Open(TOpenPurpose::Edit)), "data\\levels.dat");
 }
 
 TEST_F(Session, KeepsSeveralProjectsApart) {
   TOpenProject& first = OpenText(ProjectWith(StoredEntry));
   Write(FDirectory / "other.vproj", ProjectWith(""));
-  TOpenProject& second = Session().Open(FDirectory / "other.vproj", TOpenPurpose::Look);
+  TOpenProject& second = Host().Open(FDirectory / "other.vproj", TOpenPurpose::Look);
   AddFile(second, "b.dat");
   EXPECT_EQ(FilesOf(first), "data\\levels.dat");
   EXPECT_FALSE(first.HasChanges());
   EXPECT_TRUE(second.HasChanges());
-  Session().Close(first);
+  Host().Close(first);
   EXPECT_NE(FilesOf(second).find("b.dat"), std::string::npos);
 }
 
@@ -103,8 +103,8 @@ TEST_F(Session, StaysUsableAfterAProjectThatCannotBeRead) {
 }
 
 TEST_F(Session, KnowsItsRootAndPlatforms) {
-  EXPECT_EQ(Session().Root(), std::filesystem::current_path());
-  EXPECT_NE(Session().Platforms().FindPlatform("Win32"), nullptr);
+  EXPECT_EQ(Host().Root(), std::filesystem::current_path());
+  EXPECT_NE(Host().Platforms().FindPlatform("Win32"), nullptr);
 }
 
 TEST_F(Session, TakesTheBuiltInPlatformsWithoutATable) {
@@ -123,15 +123,15 @@ TEST_F(Session, RefusesADamagedPlatformTable) {
 }
 
 TEST_F(Session, ListsTheShippedClassesWithoutAProject) {
-  const auto classes = Session().ShippedClasses();
+  const auto classes = Host().ShippedClasses();
   EXPECT_GT(classes.size(), 20U);
-  EXPECT_EQ(Session().ShippedClasses(), classes);
+  EXPECT_EQ(Host().ShippedClasses(), classes);
   const auto isFile = [](const auto& entry) { return entry->GetClassId() == "File"; };
   EXPECT_TRUE(std::any_of(classes.begin(), classes.end(), isFile));
 }
 
 TEST_F(Session, CreatesAProjectWithAnEmptySection) {
-  Session().Create(FFile, "<Project>\n  <PropertyGroup/>\n</Project>\n");
+  Host().Create(FFile, "<Project>\n  <PropertyGroup/>\n</Project>\n");
   EXPECT_EQ(Read(FFile), "<Project>\n  <PropertyGroup/>\n  <ProjectExtensions>\n"
                          "    <Deployment Version=\"2\"/>\n  </ProjectExtensions>\n</Project>\n");
   TOpenProject& project = Open();
@@ -141,13 +141,13 @@ TEST_F(Session, CreatesAProjectWithAnEmptySection) {
 
 TEST_F(Session, CreatesNoProjectOverAFile) {
   Write(FFile, "precious");
-  const std::string error = ErrorOf<TSaveError>([this] { Session().Create(FFile, "<Project/>"); });
+  const std::string error = ErrorOf<TSaveError>([this] { Host().Create(FFile, "<Project/>"); });
   EXPECT_NE(error.find(FFile.string()), std::string::npos) << error;
   EXPECT_EQ(Read(FFile), "precious");
 }
 
 TEST_F(Session, CreatesNoProjectFromAnotherText) {
-  EXPECT_EQ(ErrorOf<TInputError>([this] { Session().Create(FFile, "<Solution/>"); }),
+  EXPECT_EQ(ErrorOf<TInputError>([this] { Host().Create(FFile, "<Solution/>"); }),
             "the root element is \"Solution\", so this is not an MSBuild project");
   EXPECT_FALSE(std::filesystem::exists(FFile));
 }
