@@ -89,11 +89,10 @@ std::string CanonicalizePath(std::string_view path) {
     rest.remove_prefix(std::min(end + 1, rest.size()));
     if (part.empty() || part == ".")
       continue;
-    if (part != "..")
-      parts.push_back(part);
-    else if (!parts.empty() && parts.back() != "..")
+    const bool climbs = part == "..";
+    if (climbs && !parts.empty() && parts.back() != "..")
       parts.pop_back();
-    else if (rootLength == 0)
+    else if (!climbs || rootLength == 0)
       parts.push_back(part);
   }
   for (const std::string_view part : parts) {

@@ -42,6 +42,7 @@ public:
     const std::string platform =
         target.AllPlatforms ? std::string(deployment::FallbackPlatform) : target.Platform;
     std::vector<TAddedFile> added;
+    added.reserve(FFiles.size());
     for (const std::string& file : FFiles)
       added.push_back(LocalNameOf(file, project.GivenFileName()));
     std::vector<TEntryChange> changes;

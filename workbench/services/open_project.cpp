@@ -136,6 +136,8 @@ TSaveReport TOpenProjectFile::Save(bool force) {
 bool TOpenProjectFile::SaveProjectFile(bool force) {
   bool written = false;
   try {
+    // Brings the default classes and the import line, which belong into this save already.
+    Deployment().GetFiles();
     auto pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
     if (pieces) {
       TSaveRequest request;

@@ -198,9 +198,9 @@ bool TXmlTreeBuilder::IsDeclared(std::string_view prefix) const {
 
 // The same dozen names make up nearly every file; the cache answers for them without hashing.
 const TXmlName& TXmlTreeBuilder::Intern(std::string_view name) {
-  const std::size_t slot = (name.size() * 7 + static_cast<unsigned char>(name.front()) * 3 +
-                            static_cast<unsigned char>(name.back())) %
-                           FNameCache.size();
+  const std::size_t first = static_cast<unsigned char>(name.front());
+  const std::size_t last = static_cast<unsigned char>(name.back());
+  const std::size_t slot = (name.size() * 7 + first * 3 + last) % FNameCache.size();
   if (FNameCache[slot] && FNameCache[slot]->Text == name)
     return *FNameCache[slot];
   FNameCache[slot] = &FTree.InternName(name);

@@ -1,8 +1,7 @@
-#include "workbench/msbuild/msbuild_document.h"
-
 #include "package/common/errors.h"
 #include "tests/workbench/files/save_fixture.h"
 #include "workbench/files/save_error.h"
+#include "workbench/msbuild/msbuild_document.h"
 #include "workbench/xml/xml_encoding.h"
 
 namespace workbench {

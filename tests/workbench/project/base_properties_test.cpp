@@ -1,12 +1,10 @@
-#include "workbench/project/base_properties.h"
-
 #include "tests/workbench/project/document_fixture.h"
+#include "workbench/project/base_properties.h"
 
 namespace workbench {
 namespace {
 
-const std::string Section =
-    "<ProjectExtensions><Deployment Version=\"2\"/></ProjectExtensions>";
+const std::string Section = "<ProjectExtensions><Deployment Version=\"2\"/></ProjectExtensions>";
 
 /// The project's bytes with properties set, given by turns as name and value.
 std::string WithProperties(const std::string& content,
@@ -96,9 +94,9 @@ TEST(BaseProperties, AreSeenInTheTreeAtOnce) {
 }
 
 TEST(BaseProperties, KeepACommentInsideAPropertyThatDoesNotChange) {
-  EXPECT_EQ(WithProperties("<PropertyGroup><A>1<!-- c --></A><B>2</B></PropertyGroup>",
-                           {{"B", "3"}}),
-            "<PropertyGroup><A>1<!-- c --></A><B>3</B></PropertyGroup>" + Section);
+  EXPECT_EQ(
+      WithProperties("<PropertyGroup><A>1<!-- c --></A><B>2</B></PropertyGroup>", {{"B", "3"}}),
+      "<PropertyGroup><A>1<!-- c --></A><B>3</B></PropertyGroup>" + Section);
 }
 
 } // namespace

@@ -39,7 +39,10 @@ TEST(DocumentEncoding, StaysLatin1WithReferencesForOtherCharacters) {
 
 TEST(DocumentEncoding, StaysAscii) {
   const std::string bytes = "<?xml version=\"1.0\" encoding=\"us-ascii\"?><Project/>";
-  EXPECT_EQ(Edited(bytes, [](TSectionModel& model) { model = {"2", {{"\xC3\xA4", ""}}}; }),
+  EXPECT_EQ(Edited(bytes,
+                   [](TSectionModel& model) {
+                     model = {"2", {{"\xC3\xA4", ""}}};
+                   }),
             "<?xml version=\"1.0\" encoding=\"us-ascii\"?><Project><ProjectExtensions><Deployment "
             "Version=\"2\"><E N=\"&#228;\"/></Deployment></ProjectExtensions></Project>");
 }

@@ -1,6 +1,5 @@
-#include "workbench/project/project_document.h"
-
 #include "tests/workbench/project/document_fixture.h"
+#include "workbench/project/project_document.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -54,11 +53,10 @@ TEST(ProjectDocument, AddsASectionInMemoryOnce) {
 }
 
 TEST(ProjectDocument, KnowsItsImports) {
-  TProjectDocument document(
-      "<Project><Import Project=\"A.targets\" Condition=\"false\"/>"
-      "<ImportGroup><Import Project=\"B.targets\"/></ImportGroup>"
-      "<Other><Import Project=\"C.targets\"/></Other><Import/></Project>",
-      "demo.vproj", "Deployment");
+  TProjectDocument document("<Project><Import Project=\"A.targets\" Condition=\"false\"/>"
+                            "<ImportGroup><Import Project=\"B.targets\"/></ImportGroup>"
+                            "<Other><Import Project=\"C.targets\"/></Other><Import/></Project>",
+                            "demo.vproj", "Deployment");
   EXPECT_TRUE(document.HasImport("a.TARGETS"));
   EXPECT_TRUE(document.HasImport("b.targets"));
   EXPECT_FALSE(document.HasImport("C.targets"));

@@ -16,7 +16,7 @@ public:
   std::string OneOf(const std::vector<std::string>& texts) { return texts[Below(texts.size())]; }
   std::string Text() {
     static const std::vector<std::string> Pieces = {
-        "a",  "b",  "<",    ">",  "&",         "\"",           "'",
+        "a",  "b",  "<",    ">",  "&",        "\"",           "'",
         " ",  "\t", "\r\n", "\n", "\xC3\xA4", "\xE2\x82\xAC", "\xF0\x9F\x98\x80",
         "]]>"};
     std::string text;
@@ -45,8 +45,9 @@ public:
 
   void Change(TSectionModel& model) {
     auto& entries = model.Entries;
-    const auto place = [&] { return entries.begin() + static_cast<std::ptrdiff_t>(
-                                                          Below(entries.size() + 1)); };
+    const auto place = [&] {
+      return entries.begin() + static_cast<std::ptrdiff_t>(Below(entries.size() + 1));
+    };
     const std::size_t kind = Below(8);
     if (kind < 3 || entries.empty()) {
       entries.insert(place(), Entry());

@@ -27,8 +27,7 @@ const std::string Project = R"(<Project>
 
 const std::string EntryA = "<E N='a'  ><T>1&#50;</T></E>";
 const std::string EntryB = "<E  N=\"b\"/>";
-const std::string EntryC =
-    "<E N=\"c\">\n          <T><![CDATA[<c>]]></T>\n      </E>";
+const std::string EntryC = "<E N=\"c\">\n          <T><![CDATA[<c>]]></T>\n      </E>";
 
 TEST(SectionRewrite, LeavesAnUnchangedSectionAlone) {
   TProjectDocument document(Project, "demo.vproj", "Deployment");
@@ -41,7 +40,10 @@ TEST(SectionRewrite, ChangesTheBytesOfAChangedEntryOnly) {
 }
 
 TEST(SectionRewrite, AddsBehindTheLastEntry) {
-  EXPECT_EQ(Edited(Project, [](TSectionModel& model) { model.Entries.push_back({"d", ""}); }),
+  EXPECT_EQ(Edited(Project,
+                   [](TSectionModel& model) {
+                     model.Entries.push_back({"d", ""});
+                   }),
             Replaced(Project, EntryC, EntryC + "\n      <E N=\"d\"/>"));
 }
 
@@ -67,12 +69,12 @@ TEST(SectionRewrite, RemovesAnEntryWithItsLine) {
 }
 
 TEST(SectionRewrite, KeepsTheCommentInFrontOfARemovedEntry) {
-  EXPECT_EQ(Edited(Project,
-                   [](TSectionModel& model) { model.Entries.erase(model.Entries.begin()); }),
-            Replaced(Project, "\n      " + EntryA, ""));
-  EXPECT_EQ(Edited(Project,
-                   [](TSectionModel& model) { model.Entries.erase(model.Entries.begin() + 1); }),
-            Replaced(Project, "\n      " + EntryB, ""));
+  EXPECT_EQ(
+      Edited(Project, [](TSectionModel& model) { model.Entries.erase(model.Entries.begin()); }),
+      Replaced(Project, "\n      " + EntryA, ""));
+  EXPECT_EQ(
+      Edited(Project, [](TSectionModel& model) { model.Entries.erase(model.Entries.begin() + 1); }),
+      Replaced(Project, "\n      " + EntryB, ""));
 }
 
 TEST(SectionRewrite, MovesAnEntryWithItsBytes) {
@@ -88,9 +90,9 @@ TEST(SectionRewrite, ReplacesEveryEntryInItsPlace) {
     for (auto& entry : model.Entries)
       entry = {entry.Name + entry.Name, ""};
   });
-  EXPECT_EQ(changed, Replaced(Replaced(Replaced(Project, EntryA, "<E N=\"aa\"/>"), EntryB,
-                                       "<E N=\"bb\"/>"),
-                              EntryC, "<E N=\"cc\"/>"));
+  EXPECT_EQ(changed,
+            Replaced(Replaced(Replaced(Project, EntryA, "<E N=\"aa\"/>"), EntryB, "<E N=\"bb\"/>"),
+                     EntryC, "<E N=\"cc\"/>"));
 }
 
 TEST(SectionRewrite, KeepsCommentsWhenAllEntriesGo) {
@@ -121,7 +123,9 @@ TEST(SectionRewrite, WritesTheStartTagAnewWhenAttributesChange) {
 
 TEST(SectionRewrite, EscapesWhatItWrites) {
   EXPECT_EQ(Edited(Project,
-                   [](TSectionModel& model) { model.Entries[1] = {"<&\"\t\r\n", "a&b\r\nc"}; }),
+                   [](TSectionModel& model) {
+                     model.Entries[1] = {"<&\"\t\r\n", "a&b\r\nc"};
+                   }),
             Replaced(Project, EntryB,
                      "<E N=\"&lt;&amp;&quot;&#x9;&#xD;&#xA;\">\n        "
                      "<T>a&amp;b&#xD;&#xA;c</T>\n      </E>"));
@@ -162,9 +166,8 @@ TEST(SectionRewrite, StaysLinearWhenTheOrderIsReversed) {
   for (int i = 0; i < 50'000; ++i)
     text += "<E N=\"" + std::to_string(i) + "\"/>\n";
   text += "</Deployment></ProjectExtensions></Project>";
-  Edited(text, [](TSectionModel& model) {
-    std::reverse(model.Entries.begin(), model.Entries.end());
-  });
+  Edited(text,
+         [](TSectionModel& model) { std::reverse(model.Entries.begin(), model.Entries.end()); });
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "tests/workbench/services/session_fixture.h"
+#include "workbench/project/project_settings.h"
 
 #include <chrono>
 
@@ -39,9 +40,9 @@ TEST_F(OpenProject, TakesDefaultClassesOnlyWhenItIsAskedForFiles) {
 }
 
 TEST_F(OpenProject, TakesDefaultClassesForAnEmptySectionToo) {
-  TOpenProject& project = OpenText(std::string(ProjectHead) +
-                                   "<ProjectExtensions><Deployment/></ProjectExtensions>"
-                                   "</Project>\n");
+  TOpenProject& project =
+      OpenText(std::string(ProjectHead) + "<ProjectExtensions><Deployment/></ProjectExtensions>"
+                                          "</Project>\n");
   EXPECT_FALSE(project.WasUpgraded());
   project.Deployment().GetFiles();
   EXPECT_NE(project.Deployment().FindClass("File"), nullptr);
@@ -76,9 +77,8 @@ TEST_F(OpenProject, WarnsOfWhatASaveWouldDrop) {
 }
 
 TEST_F(OpenProject, WarnsOfImportsThatWereSkippedButNotOfMissingOnes) {
-  TOpenProject& project =
-      OpenText("<Project><Import Project=\"absent.targets\"/>\n"
-               "<Import Project=\"http://localhost/x.targets\"/></Project>");
+  TOpenProject& project = OpenText("<Project><Import Project=\"absent.targets\"/>\n"
+                                   "<Import Project=\"http://localhost/x.targets\"/></Project>");
   ASSERT_EQ(project.Warnings().size(), 1U);
   EXPECT_EQ(project.Warnings()[0].Line, 2U);
 }

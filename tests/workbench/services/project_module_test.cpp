@@ -1,7 +1,6 @@
-#include "workbench/services/project_module.h"
-
 #include "tests/workbench/files/save_fixture.h"
 #include "workbench/platforms/platform_table.h"
+#include "workbench/services/project_module.h"
 #include "workbench/services/settings_store.h"
 
 namespace workbench {
@@ -68,7 +67,8 @@ TEST_F(ProjectModule, AnswersFromTheProjectsSettings) {
   EXPECT_EQ(FModule->GetProjectOption("AppType"), "Library");
   EXPECT_EQ(FModule->GetProjectOption("Imported"), "yes");
   EXPECT_EQ(FModule->GetCurrentConfiguration(), "Release");
-  EXPECT_EQ(FModule->GetCompleteFileList(), std::vector<std::string>{"readme.txt"});
+  EXPECT_EQ(FModule->GetCompleteFileList(),
+            std::vector<std::string>{(FDirectory / "readme.txt").string()});
 }
 
 TEST_F(ProjectModule, ListsConfigurationsAndPlatforms) {

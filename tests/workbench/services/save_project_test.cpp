@@ -10,9 +10,8 @@ using testing::StoredEntry;
 
 using SaveProject = testing::TSessionTest;
 
-const std::string ImportLine =
-    "  <Import Project=\"$(MSBuildProjectName).deployproj\" "
-    "Condition=\"Exists('$(MSBuildProjectName).deployproj')\"/>\n";
+const std::string ImportLine = "  <Import Project=\"$(MSBuildProjectName).deployproj\" "
+                               "Condition=\"Exists('$(MSBuildProjectName).deployproj')\"/>\n";
 
 std::size_t CountOf(const std::string& text, std::string_view piece) {
   std::size_t count = 0;
@@ -95,6 +94,7 @@ TEST_F(SaveProject, WritesTheProjectAlone) {
   TOpenProject& project = OpenText(ProjectWith(StoredEntry), TOpenPurpose::Edit);
   AddFile(project, "b.dat");
   EXPECT_TRUE(project.SaveProjectFile(false));
+  EXPECT_EQ(CountOf(Read(FFile), ImportLine), 1U);
   EXPECT_FALSE(project.HasChanges());
   EXPECT_EQ(Names(), std::vector<std::string>{"demo.vproj"});
 }

@@ -29,9 +29,8 @@ inline constexpr std::string_view StoredEntry =
     "          <RemoteName>levels.dat</RemoteName>\n        </Platform>\n      </DeployFile>\n";
 
 inline std::string ProjectWith(std::string_view entries) {
-  return std::string(ProjectHead) +
-         "  <ProjectExtensions>\n    <Deployment Version=\"2\">\n" + std::string(entries) +
-         "    </Deployment>\n  </ProjectExtensions>\n</Project>\n";
+  return std::string(ProjectHead) + "  <ProjectExtensions>\n    <Deployment Version=\"2\">\n" +
+         std::string(entries) + "    </Deployment>\n  </ProjectExtensions>\n</Project>\n";
 }
 
 class TSessionTest : public TSaveTest {
@@ -56,9 +55,7 @@ protected:
     return Open(purpose);
   }
   static void AddFile(TOpenProject& project, std::string_view name) {
-    project.Deployment()
-        .AddFile("Debug", "Win32", name)
-        ->SetRemoteDir("Win32", "data\\");
+    project.Deployment().AddFile("Debug", "Win32", name)->SetRemoteDir("Win32", "data\\");
   }
   /// Local names of the project's files, in order, joined by spaces.
   static std::string FilesOf(TOpenProject& project) {

@@ -1,10 +1,9 @@
-#include "workbench/services/session.h"
-
 #include "tests/workbench/services/session_fixture.h"
 #include "workbench/platforms/platform_table.h"
 #include "workbench/services/ide_services.h"
 #include "workbench/services/package_loader.h"
 #include "workbench/services/project_module.h"
+#include "workbench/services/session.h"
 
 #include <algorithm>
 #include <dlfcn.h>
@@ -26,14 +25,18 @@ bool PackageIsLoaded() {
   return module != nullptr;
 }
 
-TEST_F(Session, LoadsThePackageAndUnloadsItTwice) {
+TEST_F(Session, CanBeMadeAgainAfterItsEnd) {
   Write(FFile, ProjectWith(StoredEntry));
   for (int round = 0; round < 2; ++round) {
-    EXPECT_FALSE(PackageIsLoaded());
     EXPECT_EQ(FilesOf(Open()), "data\\levels.dat");
     EXPECT_TRUE(PackageIsLoaded());
     FSession.reset();
   }
+}
+
+TEST_F(Session, TakesThePackageOutOfMemoryAtItsEnd) {
+  OpenText(ProjectWith(StoredEntry));
+  FSession.reset();
   EXPECT_FALSE(PackageIsLoaded());
 }
 
@@ -51,9 +54,9 @@ TEST_F(Session, LeavesNothingRegisteredWhenThePackageStops) {
     {
       const TPackageLoader loader(services);
       loader.Package().Start();
+      services.GetEvents().MainFormCreated().Raise();
       EXPECT_EQ(services.GetProjectFileStorage().NotifierCount(), 1U);
       EXPECT_EQ(services.GetProjectFileStorage().SectionName(), "Deployment");
-      services.GetEvents().MainFormCreated().Raise();
       EXPECT_TRUE(hasDeployment());
       loader.Package().Stop();
       EXPECT_EQ(services.GetProjectFileStorage().NotifierCount(), 0U);
@@ -119,7 +122,6 @@ TEST_F(Session, RefusesADamagedPlatformTable) {
   Write(folder / "platforms.xml", "<Platforms>");
   EXPECT_EQ(ErrorOf<TInputError>([this] { TSession({FRoot / "root"}); }),
             "not well-formed XML: no element found");
-  EXPECT_FALSE(PackageIsLoaded());
 }
 
 TEST_F(Session, ListsTheShippedClassesWithoutAProject) {

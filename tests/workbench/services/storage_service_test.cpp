@@ -1,9 +1,8 @@
-#include "workbench/services/storage_service.h"
-
 #include "tests/workbench/files/save_fixture.h"
 #include "workbench/platforms/platform_table.h"
 #include "workbench/services/project_module.h"
 #include "workbench/services/settings_store.h"
+#include "workbench/services/storage_service.h"
 
 namespace workbench {
 namespace {

@@ -1,6 +1,5 @@
-#include "workbench/xml/source_text.h"
-
 #include "tests/workbench/xml/xml_fixture.h"
+#include "workbench/xml/source_text.h"
 
 namespace workbench {
 namespace {

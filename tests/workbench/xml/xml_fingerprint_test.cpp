@@ -1,6 +1,5 @@
-#include "workbench/xml/xml_fingerprint.h"
-
 #include "tests/workbench/xml/xml_fixture.h"
+#include "workbench/xml/xml_fingerprint.h"
 
 #include <array>
 #include <set>
@@ -18,7 +17,8 @@ TEST(XmlFingerprint, IsTheSameWhateverTheLayout) {
 }
 
 TEST(XmlFingerprint, IsTheSameWhateverTheOrderOfAttributes) {
-  EXPECT_EQ(Fingerprint("<a x=\"1\" y=\"2\" z=\"3\"/>"), Fingerprint("<a z=\"3\" x=\"1\" y=\"2\"/>"));
+  EXPECT_EQ(Fingerprint("<a x=\"1\" y=\"2\" z=\"3\"/>"),
+            Fingerprint("<a z=\"3\" x=\"1\" y=\"2\"/>"));
 }
 
 TEST(XmlFingerprint, IsTheSameForEntitiesAndCharacters) {

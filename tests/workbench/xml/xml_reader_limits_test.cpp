@@ -24,8 +24,7 @@ std::string WithAttributes(int count) {
 
 TEST(XmlLimits, AllowADepthOf256) {
   EXPECT_EQ(ReadError(Nested(256)), "no error");
-  EXPECT_EQ(ReadError(Nested(257)),
-            "demo.vproj:257: elements are nested deeper than 256 levels");
+  EXPECT_EQ(ReadError(Nested(257)), "demo.vproj:257: elements are nested deeper than 256 levels");
   EXPECT_EQ(ReadError(Nested(1'000'000)),
             "demo.vproj:257: elements are nested deeper than 256 levels");
 }
@@ -66,8 +65,7 @@ TEST(XmlLimits, ShortenTheNameInTheMessage) {
   TXmlLimits limits;
   limits.Attributes = 0;
   EXPECT_EQ(ReadError("<" + std::string(1000, 'n') + " x=\"\"/>", limits),
-            "demo.vproj:1: element \"" + std::string(80, 'n') +
-                "...\" has more than 0 attributes");
+            "demo.vproj:1: element \"" + std::string(80, 'n') + "...\" has more than 0 attributes");
 }
 
 TEST(XmlLimits, RefuseALargeInputBeforeItIsRead) {

@@ -71,8 +71,7 @@ TEST(XmlReaderRefusals, NameAnUndeclaredPrefix) {
 TEST(XmlReaderRefusals, SpareDeclaredPrefixes) {
   EXPECT_EQ(ReadError("<p:a xmlns:p=\"u\" p:x=\"\"><b><p:c/></b></p:a>"), "no error");
   EXPECT_EQ(ReadError("<a xml:space=\"preserve\" xmlns=\"u\"/>"), "no error");
-  EXPECT_EQ(ReadError("<a><b xmlns:p=\"u\"><p:c/></b><b xmlns:p=\"v\" p:x=\"\"/></a>"),
-            "no error");
+  EXPECT_EQ(ReadError("<a><b xmlns:p=\"u\"><p:c/></b><b xmlns:p=\"v\" p:x=\"\"/></a>"), "no error");
 }
 
 TEST(XmlReaderRefusals, SeeUndeclaredPrefixesInsideTheSection) {

@@ -46,9 +46,9 @@ TEST(XmlSection, IsTheFirstOfItsNameInAContainerBelowTheRoot) {
             "DEPLOYMENT");
   EXPECT_EQ(Read("<P><projectextensions><Deployment/></projectextensions></P>", Path)->Section(),
             nullptr);
-  EXPECT_EQ(Read("<P><a><ProjectExtensions><Deployment/></ProjectExtensions></a></P>", Path)
-                ->Section(),
-            nullptr);
+  EXPECT_EQ(
+      Read("<P><a><ProjectExtensions><Deployment/></ProjectExtensions></a></P>", Path)->Section(),
+      nullptr);
   EXPECT_EQ(Read(Text)->Section(), nullptr);
 }
 
@@ -118,8 +118,7 @@ TEST(XmlSection, IsReadAgainWithPrefixesDeclaredOutsideOfIt) {
 }
 
 TEST(XmlSection, WithoutChildrenStaysWithoutThemWhenForgotten) {
-  const auto reader =
-      Read("<P><ProjectExtensions><Deployment/></ProjectExtensions></P>", Path);
+  const auto reader = Read("<P><ProjectExtensions><Deployment/></ProjectExtensions></P>", Path);
   reader->ForgetSection();
   EXPECT_FALSE(reader->Section()->HasChildren());
   EXPECT_EQ(reader->Section()->FirstChild(), nullptr);

@@ -1,6 +1,5 @@
-#include "workbench/xml/xml_tree.h"
-
 #include "tests/workbench/xml/xml_fixture.h"
+#include "workbench/xml/xml_tree.h"
 
 #include <utility>
 #include <vector>

@@ -1,8 +1,7 @@
-#include "workbench/xml/xml_writer.h"
-
 #include "tests/workbench/xml/xml_fixture.h"
 #include "workbench/xml/short_text.h"
 #include "workbench/xml/xml_text.h"
+#include "workbench/xml/xml_writer.h"
 
 namespace workbench {
 namespace {
