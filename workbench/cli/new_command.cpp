@@ -20,7 +20,7 @@ std::vector<std::string> NamesIn(const std::string& option, const std::string& l
     if (name.empty())
       throw TUsageError(option + " holds an empty name");
     if (std::find(names.begin(), names.end(), name) != names.end())
-      throw TUsageError(option + " names \"" + name + "\" twice");
+      throw TUsageError(std::string(option).append(" names \"").append(name).append("\" twice"));
     names.push_back(name);
   }
   if (names.empty())

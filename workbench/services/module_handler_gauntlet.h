@@ -3,6 +3,7 @@
 
 #include "package/host/api/docmodul.h"
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -17,6 +18,9 @@ public:
   /// Sends an opened module through the chain. Members that come or go meanwhile count from the
   /// next module on.
   void AttachHandlers(deployment::IOTAModule& module) const;
+
+  /// Number of members.
+  std::size_t Count() const { return FMembers.size(); }
 
 private:
   struct TMember {
