@@ -1,6 +1,6 @@
 #include "package/model/default_deployment.h"
 
-#include "package/model/application_type.h"
+#include "package/common/application_type.h"
 #include "package/model/repository_file.h"
 
 #include <string>

@@ -27,6 +27,8 @@ public:
   /// without condition; made in the first such group when absent, and the group with it.
   void Set(std::string_view name, std::string_view value);
 
+  /// True when nothing was changed.
+  bool IsEmpty() const { return FChanged.empty() && FExtended.empty() && !FNewGroup; }
   /// What a save puts into the bytes. Throws TInputError for text that XML cannot hold.
   std::vector<TReplacement> Replacements() const;
   /// Markup for new last children of the root; empty for none.

@@ -61,6 +61,9 @@ public:
     FProperties.Set(name, value);
   }
 
+  /// True when a property waits for a save.
+  bool HasPropertyChanges() const { return !FProperties.IsEmpty(); }
+
   /// The content of the file with the large section written anew; null when it is the content that
   /// was read. The pieces borrow from the document. Throws what `write` throws, and TInputError
   /// for text that XML cannot hold.

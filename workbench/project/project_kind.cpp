@@ -12,22 +12,6 @@ struct TKindRow {
   std::string_view Kind;
 };
 
-constexpr std::array<TKindRow, 13> ApplicationTypes = {{
-    {"Console", "Console"},
-    {"CppConsoleApplication", "Console"},
-    {"CppGuiApplication", "Application"},
-    {"CppNWLApplication", "Application"},
-    {"KyxGuiApplication", "Application"},
-    {"RzmGuiApplication", "Application"},
-    {"RziGuiApplication", "Application"},
-    {"Application", "Application"},
-    {"CppDynamicLibrary", "Library"},
-    {"Library", "Library"},
-    {"CppManagedDynamicLibrary", "Library"},
-    {"CppPackage", "Package"},
-    {"Package", "Package"},
-}};
-
 constexpr std::array<TKindRow, 3> ConfigurationTypes = {{
     {"Application", "Application"},
     {"DynamicLibrary", "Library"},
@@ -35,14 +19,6 @@ constexpr std::array<TKindRow, 3> ConfigurationTypes = {{
 }};
 
 } // namespace
-
-std::string_view OutputKindOf(std::string_view applicationType) {
-  for (const TKindRow& row : ApplicationTypes) {
-    if (row.Type == applicationType)
-      return row.Kind;
-  }
-  return applicationType;
-}
 
 std::string_view ApplicationTypeOf(std::string_view configurationType) {
   for (const TKindRow& row : ConfigurationTypes) {

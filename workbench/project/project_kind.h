@@ -10,11 +10,6 @@ inline constexpr std::string_view ForeignPersonality = "Corvane.Personality";
 /// The personality whose options name a kind of output of their own.
 inline constexpr std::string_view OutputKindPersonality = "Corvane.Personality";
 
-/// The kind ("Application", "Console", "Library", "Package") that the platform table knows for an
-/// application type, compared exactly; the type itself for any other. The view points into a
-/// constant or into the argument.
-std::string_view OutputKindOf(std::string_view applicationType);
-
 /// The kind of an MSBuild C++ project's ConfigurationType; the type itself for one that builds no
 /// program or library.
 std::string_view ApplicationTypeOf(std::string_view configurationType);

@@ -1,5 +1,6 @@
 #include "workbench/project/project_settings.h"
 
+#include "package/common/application_type.h"
 #include "package/common/case_fold.h"
 #include "package/common/convert.h"
 #include "package/common/path_text.h"
@@ -212,7 +213,7 @@ std::string TProjectSettings::OutputKindIn(const TMSBuildEvaluation& evaluation)
     if (std::string kind = evaluation.Property("OutputKind"); !kind.empty())
       return kind;
   }
-  return std::string(OutputKindOf(ApplicationTypeIn(evaluation)));
+  return std::string(deployment::MapApplicationType(ApplicationTypeIn(evaluation)));
 }
 
 std::string TProjectSettings::ProjectOption(std::string_view name) const {

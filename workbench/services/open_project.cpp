@@ -113,7 +113,7 @@ deployment::IProjectDeployment& TOpenProjectFile::Deployment() {
 
 bool TOpenProjectFile::HasChanges() const {
   const auto* deployment = FModule->GetProjectDeployment();
-  return FMarkedChanged || FListener->Changed ||
+  return FMarkedChanged || FListener->Changed || FModule->Document().HasPropertyChanges() ||
          (FWasEmpty && deployment && !deployment->IsEmpty());
 }
 

@@ -16,20 +16,25 @@ void RefuseEmpty(std::string_view bytes, const std::string& fileName) {
     throw deployment::TInputError("the file holds nothing but zero bytes", {fileName, 1});
 }
 
+void RefuseLarge(std::size_t size, const TXmlLimits& limits, const std::string& fileName) {
+  if (size > limits.Bytes)
+    throw deployment::TInputError(
+        "the file is larger than " + std::to_string(limits.Bytes) + " bytes", {fileName, 0});
+}
+
 } // namespace
 
 TXmlReader::TXmlReader(const TInput& input, std::string fileName, const TXmlSectionPath& section,
                        const TXmlLimits& limits)
     : FTree(std::move(fileName)) {
   char* memory = nullptr;
+  // An input that looks for the end of its file asks for one byte more than there are.
   const std::size_t size = input([&](std::size_t wanted) {
-    if (wanted > limits.Bytes + 1)
-      throw deployment::TInputError("the file is larger than " + std::to_string(limits.Bytes) +
-                                        " bytes",
-                                    {FTree.FileName(), 0});
+    RefuseLarge(wanted > 0 ? wanted - 1 : 0, limits, FTree.FileName());
     memory = FParser.Reserve(wanted);
     return memory;
   });
+  RefuseLarge(size, limits, FTree.FileName());
   FTree.SetSource({memory, size}, *this);
   RefuseEmpty(Bytes(), FTree.FileName());
   TXmlTreeBuilder builder(FTree, limits, section, FSection);

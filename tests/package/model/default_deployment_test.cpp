@@ -1,4 +1,4 @@
-#include "package/model/application_type.h"
+#include "package/common/application_type.h"
 #include "package/model/default_deployment.h"
 #include "tests/package/model/stored_deployment.h"
 

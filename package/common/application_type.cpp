@@ -1,4 +1,4 @@
-#include "package/model/application_type.h"
+#include "package/common/application_type.h"
 
 namespace deployment {
 namespace {
