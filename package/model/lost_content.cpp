@@ -119,6 +119,8 @@ void TLostContent::CheckPlatform(IXMLNode& node, TNames values) {
 
 void TLostContent::CheckValue(IXMLNode& value) {
   CheckAttributes(value, {});
+  if (!value.HasChildren())
+    return;
   if (IXMLNode* child = value.FirstChild())
     Report("unknown element " + Quoted(child->NodeName()) + " in " + Quoted(value.NodeName()),
            *child);

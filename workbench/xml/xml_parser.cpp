@@ -41,14 +41,15 @@ void TXmlParser::Parse(const TXmlTree& tree, TXmlTreeBuilder& builder, std::size
 
 void XMLCALL TXmlParser::OnStart(void* self, const XML_Char* name, const XML_Char** attributes) {
   auto* parser = static_cast<TXmlParser*>(self);
-  parser->Guarded([=] {
-    parser->FBuilder->Start({parser->Offset(), parser->EventEnd()}, name, attributes);
-  });
+  parser->Guarded([=] { parser->FBuilder->Start(parser->EventRange(), name, attributes); });
 }
 
 void XMLCALL TXmlParser::OnEnd(void* self, const XML_Char* /*name*/) {
   auto* parser = static_cast<TXmlParser*>(self);
-  parser->Guarded([=] { parser->FBuilder->End(parser->EventEnd()); });
+  parser->Guarded([=] {
+    TXmlTreeBuilder& builder = *parser->FBuilder;
+    builder.End(builder.NeedsEnd() ? parser->EventRange().End : 0);
+  });
 }
 
 void XMLCALL TXmlParser::OnText(void* self, const XML_Char* text, int length) {
@@ -80,8 +81,9 @@ std::uint32_t TXmlParser::Offset() const {
   return FBaseOffset + static_cast<std::uint32_t>(XML_GetCurrentByteIndex(FParser.get()));
 }
 
-std::uint32_t TXmlParser::EventEnd() const {
-  return Offset() + static_cast<std::uint32_t>(XML_GetCurrentByteCount(FParser.get()));
+TByteRange TXmlParser::EventRange() const {
+  const std::uint32_t start = Offset();
+  return {start, start + static_cast<std::uint32_t>(XML_GetCurrentByteCount(FParser.get()))};
 }
 
 void TXmlParser::RaiseParserError() const {

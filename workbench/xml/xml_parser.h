@@ -45,7 +45,7 @@ private:
                                     int standalone);
 
   std::uint32_t Offset() const;
-  std::uint32_t EventEnd() const;
+  TByteRange EventRange() const;
   [[noreturn]] void RaiseParserError() const;
 
   // Runs one event. No exception may pass through the parser's frames, so what it throws is kept

@@ -11,20 +11,16 @@ constexpr const TXmlName* EndMark = nullptr;
 } // namespace
 
 void TXmlRecorder::Start(const TXmlName& name, std::uint32_t offset, std::size_t attributes) {
-  Put(&name);
-  Put(offset);
-  Put(static_cast<std::uint32_t>(attributes));
+  Put(&name, offset, static_cast<std::uint32_t>(attributes));
 }
 
 void TXmlRecorder::Attribute(const TXmlName& name, std::string_view value) {
-  Put(&name);
-  Put(static_cast<std::uint32_t>(value.size()));
+  Put(&name, static_cast<std::uint32_t>(value.size()));
   FRecord += value;
 }
 
 void TXmlRecorder::End(std::string_view text) {
-  Put(EndMark);
-  Put(static_cast<std::uint32_t>(text.size()));
+  Put(EndMark, static_cast<std::uint32_t>(text.size()));
   FRecord += text;
 }
 

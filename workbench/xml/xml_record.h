@@ -5,8 +5,10 @@
 #include "workbench/xml/arena.h"
 #include "workbench/xml/xml_tree.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -25,9 +27,12 @@ public:
   void Clear() { FRecord.clear(); }
 
 private:
-  template <class TValue>
-  void Put(const TValue& value) {
-    FRecord.append(reinterpret_cast<const char*>(&value), sizeof(value));
+  template <class... TValues>
+  void Put(const TValues&... values) {
+    std::array<char, (sizeof(TValues) + ...)> bytes;
+    char* at = bytes.data();
+    ((std::memcpy(at, &values, sizeof(values)), at += sizeof(values)), ...);
+    FRecord.append(bytes.data(), bytes.size());
   }
 
   std::string FRecord;

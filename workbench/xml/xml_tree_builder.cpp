@@ -14,7 +14,8 @@ namespace {
 constexpr std::size_t SectionLevel = 3;
 
 bool IsBlank(std::string_view text) {
-  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; });
 }
 
 } // namespace

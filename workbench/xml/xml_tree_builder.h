@@ -48,6 +48,8 @@ public:
   /// A start tag: where its bytes stand, its name, and attribute names and values by turns up to a
   /// null.
   void Start(TByteRange tag, std::string_view name, const char* const* attributes);
+  /// True when End needs to know where the innermost element ends.
+  bool NeedsEnd() const { return FFrames.back().Element != nullptr; }
   /// The end of the innermost element, whose last byte stands before `end`.
   void End(std::uint32_t end);
   void Text(std::string_view text) { FText += text; }
