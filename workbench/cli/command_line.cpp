@@ -100,18 +100,6 @@ bool HasArgument(int argc, const char* const* argv, std::string_view wanted) {
   return false;
 }
 
-int RunCommand(const TInvocation& invocation, TOutput& output) {
-  ICommand& command = invocation.Chosen();
-  TSession session(TSessionOptions{invocation.Options.Root});
-  TCommandContext context{invocation.Options, session, output};
-  const int status = command.Run(context);
-  if (output.Flush())
-    return status;
-  output.Error(exit_status::WorkFailed, "the result could not be written to standard output", {},
-               0);
-  return exit_status::WorkFailed;
-}
-
 int Report(TOutput& output, int status, const std::string& text, const std::string& file = {},
            unsigned line = 0) {
   output.Error(status, text, file, line);
@@ -135,6 +123,20 @@ int Reported(TOutput& output, TAction action) {
   } catch (const std::exception& error) {
     return Report(output, exit_status::WorkFailed, error.what());
   }
+}
+
+// What the command throws is reported while the session lives: an error that the package raised is
+// made of the package's code, which goes with the session.
+int RunCommand(const TInvocation& invocation, TOutput& output) {
+  ICommand& command = invocation.Chosen();
+  TSession session(TSessionOptions{invocation.Options.Root});
+  TCommandContext context{invocation.Options, session, output};
+  return Reported(output, [&] {
+    const int status = command.Run(context);
+    if (!output.Flush())
+      throw TWorkError("the result could not be written to standard output");
+    return status;
+  });
 }
 
 int Run(int argc, const char* const* argv) {

@@ -9,6 +9,7 @@
 #include "workbench/services/package_loader.h"
 
 #include <algorithm>
+#include <exception>
 #include <list>
 #include <utility>
 
@@ -54,8 +55,13 @@ struct TSession::TParts {
 };
 
 TSession::TSession(const TSessionOptions& options) : FParts(std::make_unique<TParts>(options)) {
-  FParts->Package.Package().Start();
-  FParts->Services.GetEvents().MainFormCreated().Raise();
+  try {
+    FParts->Package.Package().Start();
+    FParts->Services.GetEvents().MainFormCreated().Raise();
+  } catch (const std::exception& error) {
+    // The package goes with this object, and its own error with it.
+    throw deployment::TInputError(std::string("the package could not be started: ") + error.what());
+  }
 }
 
 TSession::~TSession() {

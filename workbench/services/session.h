@@ -76,7 +76,8 @@ public:
   virtual TSaveReport Export() = 0;
 };
 
-/// The host and everything in it.
+/// The host and everything in it. Errors that the package raises are made of its code, which is
+/// unloaded with the session: they must be handled while the session lives.
 class TSession {
 public:
   /// Makes the services, loads the package and tells it that the host is ready. Throws TInputError
