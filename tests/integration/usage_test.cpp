@@ -31,7 +31,6 @@ TEST(Usage, ThatIsWrongHasStatusTwo) {
                                                   {"show", "\xFF"},
                                                   {"add", "p.vproj"},
                                                   {"reconcile", "p.vproj"},
-                                                  {"upgrade", "p.vproj", "-p", "Win32"},
                                                   {"--nope"}}) {
     const TRun run = place.Run(command);
     EXPECT_EQ(run.Status, 2) << testing::PrintToString(command) << run.Errors;
@@ -54,6 +53,17 @@ TEST(Usage, WarnsOfATargetThatTheProjectHasNotSetUp) {
   EXPECT_EQ(run.Status, 0);
   EXPECT_EQ(run.Errors, "deploymgr: p.vproj: warning: the project has not set up configuration "
                         "\"Debug\" for platform \"OSX32\"\n");
+}
+
+TEST(Usage, SaysWhereATargetChangesNothing) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  const TRun run = place.Run({"export", "p.vproj", "-p", "Win32"});
+  EXPECT_EQ(run.Status, 0);
+  EXPECT_EQ(run.Errors, "deploymgr: warning: the side file holds every target; --config and "
+                        "--platform change nothing\n");
+  EXPECT_EQ(place.Run({"upgrade", "p.vproj", "-c", "Debug"}).Status, 0);
+  EXPECT_EQ(place.Run({"export", "p.vproj", "-p", "win32"}).Status, 2);
 }
 
 TEST(Usage, TakesNamesThatLookLikeOptionsBehindTwoDashes) {

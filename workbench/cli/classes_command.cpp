@@ -26,7 +26,7 @@ public:
       project = &OpenProject(context, FProject, TOpenPurpose::Look);
       project->Deployment().GetFiles(); // a project without a list gets the default classes
     }
-    RefuseConfiguration(context);
+    WarnOfConfiguration(context, "classes have no configuration");
     CheckPlatformOption(context, project);
     auto classes = project ? project->Deployment().GetClasses() : context.Session.ShippedClasses();
     const std::string& platform = context.Options.Platform;
@@ -40,11 +40,6 @@ public:
   }
 
 private:
-  static void RefuseConfiguration(const TCommandContext& context) {
-    if (!context.Options.Configuration.empty())
-      throw TUsageError("classes have no configuration; leave --config out");
-  }
-
   static bool HasPlatform(const deployment::IProjectDeploymentClass& entry,
                           const std::string& platform) {
     const auto platforms = entry.GetPlatforms();

@@ -1,6 +1,7 @@
 // deploymgr export: writes the side file for command-line builds.
 #include "workbench/cli/command.h"
 #include "workbench/cli/commands.h"
+#include "workbench/cli/target.h"
 
 #include <CLI/CLI.hpp>
 
@@ -18,9 +19,8 @@ public:
   }
 
   int Run(TCommandContext& context) override {
-    if (!context.Options.Configuration.empty() || !context.Options.Platform.empty())
-      throw TUsageError("the side file holds every target; leave --config and --platform out");
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
+    WarnOfTarget(context, &project, "the side file holds every target");
     TSaveReport report;
     if (FDryRun)
       report.SideFile = std::filesystem::path(FProject).replace_extension(".deployproj");

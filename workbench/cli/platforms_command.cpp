@@ -43,8 +43,7 @@ public:
   void AddOptions(CLI::App& app) override { AddProjectArgument(app, FProject, /*required=*/false); }
 
   int Run(TCommandContext& context) override {
-    if (!context.Options.Configuration.empty())
-      throw TUsageError("platforms have no configuration; leave --config out");
+    WarnOfConfiguration(context, "platforms have no configuration");
     const TOpenProject* project =
         FProject.empty() ? nullptr : &OpenProject(context, FProject, TOpenPurpose::Look);
     CheckPlatformOption(context, project);

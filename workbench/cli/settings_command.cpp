@@ -1,6 +1,7 @@
 // deploymgr settings: the user's settings.
 #include "workbench/cli/command.h"
 #include "workbench/cli/commands.h"
+#include "workbench/cli/target.h"
 #include "workbench/services/settings_store.h"
 
 #include <CLI/CLI.hpp>
@@ -23,9 +24,8 @@ public:
   }
 
   int Run(TCommandContext& context) override {
-    if (!context.Options.Configuration.empty() || !context.Options.Platform.empty())
-      throw TUsageError("settings are of no target; leave --config and --platform out");
     CheckArguments();
+    WarnOfTarget(context, nullptr, "settings are of no target");
     TSettings& settings = context.Session.Settings();
     if (FAction == "list")
       List(context, settings);

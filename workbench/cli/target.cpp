@@ -63,6 +63,18 @@ void CheckPlatformOption(TCommandContext& context, const TOpenProject* project) 
     CheckPlatform(context, project, platform);
 }
 
+void WarnOfTarget(TCommandContext& context, const TOpenProject* project,
+                  const std::string& reason) {
+  CheckPlatformOption(context, project);
+  if (!context.Options.Configuration.empty() || !context.Options.Platform.empty())
+    context.Output.Warn({reason + "; --config and --platform change nothing", {}, 0});
+}
+
+void WarnOfConfiguration(TCommandContext& context, const std::string& reason) {
+  if (!context.Options.Configuration.empty())
+    context.Output.Warn({reason + "; --config changes nothing", {}, 0});
+}
+
 TTarget ChooseTarget(TCommandContext& context, const TOpenProject& project) {
   CheckPlatformOption(context, &project);
   const TCommonOptions& options = context.Options;

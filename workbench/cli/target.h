@@ -22,6 +22,13 @@ void CheckPlatformOption(TCommandContext& context, const TOpenProject* project);
 /// project has not set up. Throws as CheckPlatformOption does.
 TTarget ChooseTarget(TCommandContext& context, const TOpenProject& project);
 
+/// For commands that work on every target: checks the platform option as above, and says that a
+/// target which was chosen changes nothing, for the reason given.
+void WarnOfTarget(TCommandContext& context, const TOpenProject* project, const std::string& reason);
+
+/// The same for commands that a configuration alone does not concern.
+void WarnOfConfiguration(TCommandContext& context, const std::string& reason);
+
 /// True when the platform is one that the table or the project knows.
 bool IsKnownPlatform(TCommandContext& context, const TOpenProject* project,
                      const std::string& platform);

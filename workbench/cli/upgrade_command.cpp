@@ -2,6 +2,7 @@
 #include "workbench/cli/change_report.h"
 #include "workbench/cli/command.h"
 #include "workbench/cli/commands.h"
+#include "workbench/cli/target.h"
 
 #include <CLI/CLI.hpp>
 
@@ -18,10 +19,9 @@ public:
   }
 
   int Run(TCommandContext& context) override {
-    if (!context.Options.Configuration.empty() || !context.Options.Platform.empty())
-      throw TUsageError("an upgrade is of the whole list; leave --config and --platform out");
     TOpenProject& project =
         OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    WarnOfTarget(context, &project, "an upgrade is of the whole list");
     const bool hadList = !project.Deployment().IsEmpty();
     project.Deployment().GetFiles(); // a project without a list gets the default classes
     const int before = project.SectionVersionRead();
