@@ -32,7 +32,8 @@ bench: bench-dependencies
 # Formatting, then the short list of .clang-tidy, in which every finding is an error.
 lint: lint-dependencies
 	clang-format-14 --dry-run -Werror $(SOURCES)
-	cmake -S . -B $(BUILD)-lint -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=OFF
+	cmake -S . -B $(BUILD)-lint -G "$(GENERATOR)" -DCMAKE_CXX_COMPILER=clang++-14 \
+		-DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=OFF
 	run-clang-tidy-14 -quiet -j $(JOBS) -p $(BUILD)-lint '/(package|workbench)/'
 
 dependencies:

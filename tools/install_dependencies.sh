@@ -9,7 +9,7 @@ for purpose in "$@"; do
     build) packages+=(g++ cmake ninja-build libexpat1-dev libcli11-dev nlohmann-json3-dev) ;;
     test) packages+=(binutils libgtest-dev mono-xbuild strace) ;;
     bench) packages+=(libbenchmark-dev libpugixml-dev) ;;
-    lint) packages+=(clang-format-14 clang-tidy-14 clang-tools-14) ;;
+    lint) packages+=(clang-14 clang-format-14 clang-tidy-14 clang-tools-14) ;;
     sanitize) packages+=(clang-14 libclang-rt-14-dev) ;;
     *)
       echo "install_dependencies.sh: unknown purpose \"$purpose\"" >&2

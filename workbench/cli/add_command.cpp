@@ -46,6 +46,7 @@ public:
     for (const std::string& file : FFiles)
       added.push_back(LocalNameOf(file, project.GivenFileName()));
     std::vector<TEntryChange> changes;
+    changes.reserve(added.size());
     for (const TAddedFile& file : added)
       changes.push_back({file.LocalName, configuration, platform,
                          AddEntry(context, project, file, configuration, platform)});
