@@ -1,5 +1,5 @@
 // Bad projects: status 3, one sentence with file and line, and the file on disk as it was.
-#include "tests/integration/run_program.h"
+#include "tests/integration/temporary_project.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // A save touches the Deployment element and, once, the import line; every other byte stays.
-#include "tests/integration/run_program.h"
+#include "tests/integration/temporary_project.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Projects that other people's tools wrote, and the examples that ship.
-#include "tests/integration/run_program.h"
+#include "tests/integration/temporary_project.h"
 
 #include <gtest/gtest.h>
 

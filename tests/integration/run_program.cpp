@@ -1,28 +1,68 @@
 #include "tests/integration/run_program.h"
 
-#include <algorithm>
 #include <array>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <fstream>
 #include <poll.h>
-#include <sstream>
 #include <stdexcept>
+#include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace integration {
 namespace {
 
-constexpr uid_t Nobody = 65534;
+using TClock = std::chrono::steady_clock;
+
+class TDescriptor {
+public:
+  explicit TDescriptor(int file) : FFile(file) {
+    if (file < 0)
+      throw std::runtime_error("no file descriptor");
+  }
+  ~TDescriptor() { Close(); }
+  TDescriptor(const TDescriptor&) = delete;
+  TDescriptor& operator=(const TDescriptor&) = delete;
+
+  int Get() const { return FFile; }
+  void Close() {
+    if (FFile >= 0)
+      ::close(FFile);
+    FFile = -1;
+  }
+
+private:
+  int FFile;
+};
+
+std::array<int, 2> OpenPipe() {
+  std::array<int, 2> ends{-1, -1};
+  if (::pipe2(ends.data(), O_CLOEXEC) != 0)
+    throw std::runtime_error("no pipe");
+  return ends;
+}
 
 struct TPipe {
-  TPipe() {
-    if (::pipe2(Ends.data(), O_CLOEXEC) != 0)
-      throw std::runtime_error("no pipe");
-  }
-  std::array<int, 2> Ends{};
+  explicit TPipe(std::array<int, 2> ends) : Read(ends[0]), Write(ends[1]) {}
+  TDescriptor Read;
+  TDescriptor Write;
 };
+
+// A person's side of a terminal.
+int OpenTerminal() {
+  const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+  if (terminal < 0 || ::grantpt(terminal) != 0 || ::unlockpt(terminal) != 0)
+    throw std::runtime_error("no terminal");
+  return terminal;
+}
+
+std::string ProgramSideOf(int terminal) {
+  std::array<char, 128> name{};
+  if (::ptsname_r(terminal, name.data(), name.size()) != 0)
+    throw std::runtime_error("no terminal");
+  return name.data();
+}
 
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
@@ -32,151 +72,107 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
   return pointers;
 }
 
-void ReadBoth(int output, int errors, TRun& run) {
-  std::array<pollfd, 2> files{{{output, POLLIN, 0}, {errors, POLLIN, 0}}};
-  std::array<std::string*, 2> texts{&run.Output, &run.Errors};
-  std::array<char, 65536> buffer{};
-  while (files[0].fd >= 0 || files[1].fd >= 0) {
-    ::poll(files.data(), files.size(), -1);
-    for (std::size_t i = 0; i < files.size(); ++i) {
-      if (files[i].fd < 0 || files[i].revents == 0)
-        continue;
-      const ssize_t count = ::read(files[i].fd, buffer.data(), buffer.size());
-      if (count > 0)
-        texts[i]->append(buffer.data(), static_cast<std::size_t>(count));
-      else
-        files[i].fd = -1;
+// One run from its start to its end.
+class TProcess {
+public:
+  explicit TProcess(TStart start)
+      : FStart(std::move(start)),
+        FTerminal(FStart.Answer ? OpenTerminal() : ::open("/dev/null", O_RDONLY | O_CLOEXEC)),
+        FOutput(OpenPipe()), FErrors(OpenPipe()) {}
+
+  TRun Run() {
+    Begin();
+    ReadBoth();
+    int status = 0;
+    ::waitpid(FChild, &status, 0);
+    FRun.Status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    return std::move(FRun);
+  }
+
+private:
+  void Begin() {
+    const std::string input = FStart.Answer ? ProgramSideOf(FTerminal.Get()) : "/dev/null";
+    const std::vector<char*> arguments = Pointers(FStart.Command);
+    const std::vector<char*> environment = Pointers(FStart.Environment);
+    FChild = ::fork();
+    if (FChild < 0)
+      throw std::runtime_error("no process");
+    if (FChild == 0) {
+      ::dup2(::open(input.c_str(), O_RDONLY | O_NOCTTY), STDIN_FILENO);
+      ::dup2(FOutput.Write.Get(), STDOUT_FILENO);
+      ::dup2(FErrors.Write.Get(), STDERR_FILENO);
+      if (::setpgid(0, 0) != 0 || ::chdir(FStart.Directory.c_str()) != 0 ||
+          (FStart.AsNobody && (::setgid(Nobody) != 0 || ::setuid(Nobody) != 0)))
+        ::_exit(126);
+      ::execvpe(arguments[0], arguments.data(), environment.data());
+      ::_exit(127);
+    }
+    ::setpgid(FChild, FChild); // whoever comes first, so that the whole group can be killed
+    FOutput.Write.Close();
+    FErrors.Write.Close();
+  }
+
+  void ReadBoth() {
+    const TClock::time_point end = TClock::now() + FStart.Patience;
+    std::array<pollfd, 2> files{{{FOutput.Read.Get(), POLLIN, 0}, {FErrors.Read.Get(), POLLIN, 0}}};
+    bool killed = false;
+    while (files[0].fd >= 0 || files[1].fd >= 0) {
+      if (!killed && !WaitUntil(end, files)) {
+        ::kill(-FChild, SIGKILL);
+        killed = true;
+      }
+      ReadFrom(files[0], FRun.Output);
+      ReadFrom(files[1], FRun.Errors);
+      AnswerQuestion();
     }
   }
-}
+
+  // False when the time is over.
+  static bool WaitUntil(TClock::time_point end, std::array<pollfd, 2>& files) {
+    const auto left =
+        std::chrono::duration_cast<std::chrono::nanoseconds>(end - TClock::now()).count();
+    if (left <= 0)
+      return false;
+    constexpr long Second = 1'000'000'000;
+    const timespec time{left / Second, left % Second};
+    return ::ppoll(files.data(), files.size(), &time, nullptr) != 0;
+  }
+
+  // After a kill this blocks until the pipe is closed, which is at once.
+  static void ReadFrom(pollfd& file, std::string& text) {
+    if (file.fd < 0 || ::poll(&file, 1, 0) <= 0)
+      return;
+    std::array<char, 65536> buffer{};
+    const ssize_t count = ::read(file.fd, buffer.data(), buffer.size());
+    if (count > 0)
+      text.append(buffer.data(), static_cast<std::size_t>(count));
+    else
+      file.fd = -1;
+  }
+
+  void AnswerQuestion() {
+    const std::string_view text = FRun.Errors;
+    if (!FStart.Answer || text.size() == FAnswered || !text.ends_with("] "))
+      return;
+    FAnswered = text.size();
+    const std::string answer = FStart.Answer({FRun.Errors, FChild}) + "\n";
+    if (::write(FTerminal.Get(), answer.data(), answer.size()) < 0)
+      throw std::runtime_error("the terminal takes no answer");
+  }
+
+  TStart FStart;
+  TDescriptor FTerminal;
+  TPipe FOutput;
+  TPipe FErrors;
+  pid_t FChild = -1;
+  TRun FRun;
+  std::size_t FAnswered = 0;
+};
 
 } // namespace
 
-TWorkplace::TWorkplace() {
-  std::string name = (std::filesystem::temp_directory_path() / "deploymgr-XXXXXX").string();
-  if (!::mkdtemp(name.data()))
-    throw std::runtime_error("no temporary directory");
-  FDirectory = name;
-}
-
-TWorkplace::~TWorkplace() {
-  std::error_code ignored;
-  std::filesystem::permissions(FDirectory, std::filesystem::perms::owner_all, ignored);
-  std::filesystem::remove_all(FDirectory, ignored);
-}
-
-std::filesystem::path TWorkplace::Write(std::string_view name, std::string_view content) const {
-  std::filesystem::create_directories(Path(name).parent_path());
-  std::ofstream(Path(name), std::ios::binary) << content;
-  return Path(name);
-}
-
-std::string TWorkplace::Read(std::string_view name) const {
-  std::ostringstream text;
-  text << std::ifstream(Path(name), std::ios::binary).rdbuf();
-  return text.str();
-}
-
-std::filesystem::path TWorkplace::CopyOf(const std::filesystem::path& file) const {
-  const auto copy = Path(file.filename().string());
-  std::filesystem::copy(file, copy, std::filesystem::copy_options::recursive);
-  return copy;
-}
-
-std::vector<std::string> TWorkplace::Files() const {
-  std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(FDirectory)) {
-    const std::string name = entry.path().lexically_relative(FDirectory).string();
-    if (!entry.is_directory() && !name.starts_with("home"))
-      names.push_back(name);
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-bool TWorkplace::BecomeOrdinary() {
-  if (::getuid() != 0)
-    return true;
-  std::filesystem::create_directories(Path("home"));
-  FOrdinary = ::chown(FDirectory.c_str(), Nobody, Nobody) == 0 &&
-              ::chown(Path("home").c_str(), Nobody, Nobody) == 0;
-  return FOrdinary;
-}
-
-TRun TWorkplace::Run(std::vector<std::string> arguments) const {
-  arguments.insert(arguments.begin(), DEPLOYMGR_PROGRAM);
-  return RunProgram(std::move(arguments));
-}
-
-TRun TWorkplace::RunProgram(std::vector<std::string> command) const {
-  std::vector<std::string> environment{"HOME=" + Path("home").string(),
-                                       "PATH=/usr/local/bin:/usr/bin:/bin",
-                                       std::string("ZELK=") + SOURCE_TREE, "LANG=C.UTF-8"};
-  environment.insert(environment.end(), FVariables.begin(), FVariables.end());
-  const std::vector<char*> argv = Pointers(command);
-  const std::vector<char*> envp = Pointers(environment);
-  TPipe output;
-  TPipe errors;
-  const pid_t child = ::fork();
-  if (child < 0)
-    throw std::runtime_error("no process");
-  if (child == 0) {
-    ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO);
-    ::dup2(output.Ends[1], STDOUT_FILENO);
-    ::dup2(errors.Ends[1], STDERR_FILENO);
-    if (::chdir(FDirectory.c_str()) != 0 ||
-        (FOrdinary && (::setgid(Nobody) != 0 || ::setuid(Nobody) != 0)))
-      ::_exit(126);
-    ::execvpe(argv[0], argv.data(), envp.data());
-    ::_exit(127);
-  }
-  ::close(output.Ends[1]);
-  ::close(errors.Ends[1]);
-  TRun run;
-  ReadBoth(output.Ends[0], errors.Ends[0], run);
-  ::close(output.Ends[0]);
-  ::close(errors.Ends[0]);
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  run.Status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-  return run;
-}
-
-std::string ProjectWith(std::string_view section) {
-  return R"XML(<?xml version="1.0" encoding="utf-8"?>
-<Project DefaultTargets="Build" xmlns="http://schemas.microsoft.com/developer/msbuild/2003">
-  <PropertyGroup>
-    <ProjectPersonality>Ardent.Personality</ProjectPersonality>
-    <AppType>Application</AppType>
-    <Config Condition="'$(Config)'==''">Debug</Config>
-    <Platform Condition="'$(Platform)'==''">Win32</Platform>
-  </PropertyGroup>
-  <ItemGroup>
-    <BuildConfiguration Include="Base"/>
-    <BuildConfiguration Include="Debug"><Parent>Base</Parent></BuildConfiguration>
-    <BuildConfiguration Include="Release"><Parent>Base</Parent></BuildConfiguration>
-    <TargetPlatform Include="Win32"/>
-    <TargetPlatform Include="Android"/>
-  </ItemGroup>
-  <ProjectExtensions>
-)XML" + std::string(section) +
-         R"XML(
-  </ProjectExtensions>
-  <Target Name="Build"/>
-  <Import Project="$(MSBuildProjectName).deployproj" Condition="Exists('$(MSBuildProjectName).deployproj')"/>
-</Project>
-)XML";
-}
-
-std::string WithoutSection(std::string_view project) {
-  std::string text(project);
-  const std::size_t start = text.find("<Deployment");
-  if (start != std::string::npos) {
-    const std::size_t close = text.find("</Deployment>", start);
-    const std::size_t end = close == std::string::npos ? text.find("/>", start) + 2 : close + 13;
-    text.erase(start, end - start);
-  }
-  return text;
+TRun RunProgram(TStart start) {
+  return TProcess(std::move(start)).Run();
 }
 
 } // namespace integration

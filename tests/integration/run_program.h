@@ -1,11 +1,13 @@
-// Runs deploymgr as a user would, and a directory to run it in.
+// Runs a program as a user would and keeps what it left behind.
 #pragma once
 
 #include <nlohmann/json.hpp>
 
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <string>
-#include <string_view>
+#include <sys/types.h>
 #include <vector>
 
 namespace integration {
@@ -19,41 +21,27 @@ struct TRun {
   nlohmann::ordered_json Json() const { return nlohmann::ordered_json::parse(Output); }
 };
 
-/// A directory of its own for each test, with settings and state of its own, removed at the end.
-class TWorkplace {
-public:
-  TWorkplace();
-  ~TWorkplace();
-  TWorkplace(const TWorkplace&) = delete;
-  TWorkplace& operator=(const TWorkplace&) = delete;
-
-  const std::filesystem::path& Directory() const { return FDirectory; }
-  std::filesystem::path Path(std::string_view name) const { return FDirectory / name; }
-  std::filesystem::path Write(std::string_view name, std::string_view content) const;
-  std::string Read(std::string_view name) const;
-  std::filesystem::path CopyOf(const std::filesystem::path& file) const;
-  /// Names of all files below, sorted; settings and state left out.
-  std::vector<std::string> Files() const;
-
-  /// Runs deploymgr there, with the data of the source tree.
-  TRun Run(std::vector<std::string> arguments) const;
-  /// Runs another program there; its name is looked up.
-  TRun RunProgram(std::vector<std::string> command) const;
-  /// For runs from now on, such as "LANG=de_DE.UTF-8".
-  void SetVariable(std::string assignment) { FVariables.push_back(std::move(assignment)); }
-  /// Runs as an ordinary user from now on, when the tests run as root; false when that fails.
-  bool BecomeOrdinary();
-
-private:
-  std::filesystem::path FDirectory;
-  std::vector<std::string> FVariables;
-  bool FOrdinary = false;
+/// A question that a program asks at the terminal.
+struct TQuestion {
+  std::string Text; ///< everything that was written to standard error so far
+  pid_t Process = 0;
 };
 
-/// A project with this content in its Deployment section ("" for none at all).
-std::string ProjectWith(std::string_view section);
+struct TStart {
+  std::vector<std::string> Command; ///< the program is looked up
+  std::vector<std::string> Environment;
+  std::filesystem::path Directory;
+  bool AsNobody = false; ///< as a user without rights; the caller must be root
+  /// What a person at the terminal types at a question; without one standard input is empty.
+  std::function<std::string(const TQuestion&)> Answer;
+  /// The program is killed when it takes longer.
+  std::chrono::microseconds Patience = std::chrono::seconds(60);
+};
 
-/// The text outside the Deployment element and the import line.
-std::string WithoutSection(std::string_view project);
+/// The user and the group that own nothing.
+constexpr uid_t Nobody = 65534;
+
+/// Throws std::runtime_error when no process can be made.
+TRun RunProgram(TStart start);
 
 } // namespace integration

@@ -1,4 +1,4 @@
-#include "tests/integration/run_program.h"
+#include "tests/integration/temporary_project.h"
 
 #include <gtest/gtest.h>
 

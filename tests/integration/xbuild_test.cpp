@@ -1,5 +1,5 @@
 // An MSBuild engine sees what the list says.
-#include "tests/integration/run_program.h"
+#include "tests/integration/temporary_project.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,9 @@
 #include "workbench/cli/command.h"
 #include "workbench/cli/commands.h"
 #include "workbench/cli/target.h"
+#include "workbench/cli/text_check.h"
 #include "workbench/platforms/platform_table.h"
+#include "workbench/project/project_settings.h"
 
 #include <CLI/CLI.hpp>
 
@@ -33,12 +35,17 @@ public:
   int Run(TCommandContext& context) override {
     if (!FRemoteName.empty() && FFiles.size() > 1)
       throw TUsageError("--remote-name goes with one file only");
+    CheckStorable("--class", FClass);
+    CheckStorable("--remote-dir", FRemoteDir);
+    CheckStorable("--remote-name", FRemoteName);
     TOpenProject& project =
         OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
     const TTarget target = ChooseTarget(context, project);
     const std::string configuration = target.Configuration.empty()
                                           ? std::string(deployment::BaseConfiguration)
                                           : target.Configuration;
+    if (!project.Settings().FindConfiguration(configuration))
+      CheckName("configuration", configuration);
     const std::string platform =
         target.AllPlatforms ? std::string(deployment::FallbackPlatform) : target.Platform;
     std::vector<TAddedFile> added;

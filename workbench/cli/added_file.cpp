@@ -1,8 +1,8 @@
 #include "workbench/cli/added_file.h"
 
+#include "workbench/cli/text_check.h"
 #include "workbench/files/machine_path.h"
 
-#include <algorithm>
 #include <system_error>
 
 namespace workbench {
@@ -23,11 +23,27 @@ TKind KindOf(const fs::path& path) {
 void CheckName(const std::string& name) {
   if (name.empty())
     throw TUsageError("the name of a file is empty");
-  const bool control = std::any_of(name.begin(), name.end(), [](char c) {
-    return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
-  });
-  if (control)
-    throw TUsageError("the file name \"" + name + "\" holds control characters");
+  CheckStorable("the file name", name);
+}
+
+bool LeavesDirectory(const fs::path& relative) {
+  return relative.empty() || *relative.begin() == "..";
+}
+
+// Seen from the project's directory. Where a symbolic link leads into that directory, the file is
+// in it all the same; and ".." behind a link leads where the link points to.
+fs::path FromProject(const fs::path& given, const fs::path& directory) {
+  const fs::path full = fs::absolute(given).lexically_normal();
+  const fs::path relative = full.lexically_relative(directory);
+  if (!LeavesDirectory(relative))
+    return relative;
+  std::error_code error;
+  const fs::path realDirectory = fs::canonical(directory, error);
+  const fs::path realPlace = error ? fs::path() : fs::canonical(full.parent_path(), error);
+  const fs::path real = (realPlace / full.filename()).lexically_relative(realDirectory);
+  if (!error && !real.empty())
+    return real;
+  return relative.empty() ? full : relative;
 }
 
 [[noreturn]] void RaiseDirectory(const std::string& name) {
@@ -45,11 +61,8 @@ TAddedFile LocalNameOf(const std::string& argument, const fs::path& projectFile)
   switch (KindOf(given)) {
   case TKind::Directory:
     RaiseDirectory(argument);
-  case TKind::File: {
-    const fs::path full = fs::absolute(given).lexically_normal();
-    const fs::path relative = full.lexically_relative(directory);
-    return {ToStoredPath(relative.empty() ? full : relative), true};
-  }
+  case TKind::File:
+    return {ToStoredPath(FromProject(given, directory)), true};
   case TKind::Nothing:
     break;
   }

@@ -48,8 +48,7 @@ void SaveAndReport(TCommandContext& context, TOpenProject& project, const TChang
   if (changed && !options.DryRun) {
     const std::size_t told = project.Warnings().size();
     project.Save(options.ForceSave);
-    for (std::size_t i = told; i < project.Warnings().size(); ++i)
-      context.Output.Warn(project.Warnings()[i]);
+    WarnSince(context, project, told);
   }
   if (context.Output.IsJson())
     PrintDocument(context, project, changes, changed, options.DryRun);

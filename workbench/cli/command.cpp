@@ -38,9 +38,13 @@ TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOp
   if (file.empty())
     throw TUsageError("the name of the project file is empty");
   TOpenProject& project = context.Session.Open(file, purpose);
-  for (const TWarning& warning : project.Warnings())
-    context.Output.Warn(warning);
+  WarnSince(context, project, 0);
   return project;
+}
+
+void WarnSince(TCommandContext& context, const TOpenProject& project, std::size_t told) {
+  for (std::size_t i = told; i < project.Warnings().size(); ++i)
+    context.Output.Warn(project.Warnings()[i]);
 }
 
 } // namespace workbench

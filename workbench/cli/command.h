@@ -89,4 +89,7 @@ void AddProjectArgument(CLI::App& app, std::string& project, bool required = tru
 /// Opens the project and warns of what reading it brought up.
 TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOpenPurpose purpose);
 
+/// Warns of what came up since the project had `told` warnings.
+void WarnSince(TCommandContext& context, const TOpenProject& project, std::size_t told);
+
 } // namespace workbench

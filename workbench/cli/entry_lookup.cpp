@@ -86,7 +86,8 @@ void TEntryLookup::RaiseNone(const std::string& name) const {
   for (const auto& file : FFiles)
     names.push_back(file->GetLocalName());
   throw TWorkError("\"" + name + "\" is not in the list" +
-                   (narrowed ? " for this configuration and platform" : "") + HintAt(name, names));
+                   (narrowed ? " for this configuration and platform" : "") +
+                   HintAt(WithBackslashes(name), names));
 }
 
 } // namespace workbench

@@ -25,7 +25,7 @@ public:
     if (FDryRun)
       report.SideFile = std::filesystem::path(FProject).replace_extension(".deployproj");
     else
-      report = project.Export();
+      report = Export(context, project);
     const std::string file = report.SideFile.string();
     if (context.Output.IsJson())
       context.Output.Document({{"project", FProject},
@@ -40,6 +40,13 @@ public:
   }
 
 private:
+  static TSaveReport Export(TCommandContext& context, TOpenProject& project) {
+    const std::size_t told = project.Warnings().size();
+    TSaveReport report = project.Export();
+    WarnSince(context, project, told);
+    return report;
+  }
+
   std::string FProject;
   bool FDryRun = false;
   bool FYes = false;

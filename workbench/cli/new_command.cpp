@@ -4,6 +4,7 @@
 #include "workbench/cli/commands.h"
 #include "workbench/cli/project_text.h"
 #include "workbench/cli/target.h"
+#include "workbench/cli/text_check.h"
 #include "workbench/files/save_error.h"
 
 #include <CLI/CLI.hpp>
@@ -26,16 +27,6 @@ std::vector<std::string> NamesIn(const std::string& option, const std::string& l
   if (names.empty())
     throw TUsageError(option + " holds no name");
   return names;
-}
-
-// Names stand in conditions and in ";"-lists of the project.
-void CheckName(const std::string& what, const std::string& name) {
-  const bool bad = std::any_of(name.begin(), name.end(), [](char c) {
-    return static_cast<unsigned char>(c) < 0x20 ||
-           std::string_view("'\"`;|<>&$%@*?()").find(c) != std::string_view::npos;
-  });
-  if (name.empty() || bad)
-    throw TUsageError(what + " \"" + name + "\" holds characters that a project cannot hold there");
 }
 
 class TNewCommand final : public ICommand {
@@ -61,6 +52,10 @@ public:
   int Run(TCommandContext& context) override {
     if (FProject.empty())
       throw TUsageError("the name of the project file is empty");
+    CheckStorable("the project file", FProject);
+    // Stored paths take it for a delimiter; such a project could not be opened.
+    if (FProject.find('\\') != std::string::npos)
+      throw TUsageError("the project file \"" + FProject + "\" holds a \"\\\"");
     std::filesystem::path file = FProject;
     if (!file.has_extension())
       file += ".vproj";
@@ -70,8 +65,10 @@ public:
     if (!FDryRun)
       context.Session.Create(file, ProjectText(FValues));
     if (context.Output.IsJson())
-      context.Output.Document(
-          {{"project", file.string()}, {"changed", !FDryRun}, {"dryRun", FDryRun}});
+      context.Output.Document({{"project", file.string()},
+                               {"changed", true},
+                               {"dryRun", FDryRun},
+                               {"files", TJson::array()}});
     context.Output.Line((FDryRun ? "would write " : "wrote ") + Visible(file.string()));
     return exit_status::Done;
   }

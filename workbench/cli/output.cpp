@@ -1,5 +1,7 @@
 #include "workbench/cli/output.h"
 
+#include "package/common/case_fold.h"
+
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -22,17 +24,28 @@ std::string Place(const std::string& file, unsigned line) {
   return Visible(file) + ":" + (line > 0 ? std::to_string(line) + ":" : "") + " ";
 }
 
-// The three bytes of UTF-8 of a mark that changes the direction of writing.
-bool IsDirectionMark(std::string_view text) {
-  constexpr std::array<std::string_view, 11> Marks{"\xE2\x80\x8E", "\xE2\x80\x8F", "\xE2\x80\xAA",
-                                                   "\xE2\x80\xAB", "\xE2\x80\xAC", "\xE2\x80\xAD",
-                                                   "\xE2\x80\xAE", "\xE2\x81\xA6", "\xE2\x81\xA7",
-                                                   "\xE2\x81\xA8", "\xE2\x81\xA9"};
+// Length of a mark that changes the direction of writing or breaks the line, in UTF-8; 0 for
+// others.
+std::size_t MarkLength(std::string_view text) {
+  constexpr std::array<std::string_view, 14> Marks{
+      "\xD8\x9C",     "\xE2\x80\x8E", "\xE2\x80\x8F", "\xE2\x80\xA8", "\xE2\x80\xA9",
+      "\xE2\x80\xAA", "\xE2\x80\xAB", "\xE2\x80\xAC", "\xE2\x80\xAD", "\xE2\x80\xAE",
+      "\xE2\x81\xA6", "\xE2\x81\xA7", "\xE2\x81\xA8", "\xE2\x81\xA9"};
   for (const std::string_view mark : Marks) {
     if (text.starts_with(mark))
-      return true;
+      return mark.size();
   }
-  return false;
+  return 0;
+}
+
+// Length of a character that a terminal acts upon instead of showing it; 0 for others.
+std::size_t HiddenLength(std::string_view text) {
+  const auto byte = static_cast<unsigned char>(text.front());
+  if (byte < 0x20 || byte == 0x7F)
+    return 1;
+  if (byte == 0xC2 && text.size() > 1 && static_cast<unsigned char>(text[1]) < 0xA0)
+    return 2;
+  return MarkLength(text);
 }
 
 } // namespace
@@ -43,23 +56,17 @@ std::string JsonText(const TJson& value, int indent) {
 
 std::string Visible(std::string_view text) {
   std::string shown;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    const bool direction = IsDirectionMark(text.substr(i));
-    const bool c1 =
-        byte == 0xC2 && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0;
-    const std::size_t length = direction ? 3 : c1 ? 2 : 1;
-    if (!direction && !c1 && byte >= 0x20 && byte != 0x7F) {
-      shown.push_back(text[i]);
-      continue;
-    }
-    for (std::size_t k = 0; k < length; ++k) {
+  shown.reserve(text.size());
+  while (!text.empty()) {
+    const std::size_t hidden = HiddenLength(text);
+    if (hidden == 0)
+      shown.push_back(text.front());
+    for (std::size_t i = 0; i < hidden; ++i) {
       std::array<char, 5> escape{};
-      std::snprintf(escape.data(), escape.size(), "\\x%02X",
-                    static_cast<unsigned char>(text[i + k]));
+      std::snprintf(escape.data(), escape.size(), "\\x%02X", static_cast<unsigned char>(text[i]));
       shown += escape.data();
     }
-    i += length - 1;
+    text.remove_prefix(hidden == 0 ? 1 : hidden);
   }
   return shown;
 }
@@ -72,13 +79,18 @@ bool TOutput::CanAsk() const {
   return !FQuiet && ::isatty(STDIN_FILENO) == 1;
 }
 
-bool TOutput::Ask(const std::string& question) const {
+TAnswer TOutput::Ask(const std::string& question, bool several) const {
   if (!CanAsk())
-    return false;
-  std::cerr << Visible(question) << " [y/N] " << std::flush;
+    return TAnswer::None;
+  std::cerr << Visible(question) << (several ? " [y/N/a] " : " [y/N] ") << std::flush;
   std::string answer;
-  std::getline(std::cin, answer);
-  return answer == "y" || answer == "Y" || answer == "yes" || answer == "Yes";
+  if (!std::getline(std::cin, answer))
+    return TAnswer::None;
+  if (deployment::SameText(answer, "y") || deployment::SameText(answer, "yes"))
+    return TAnswer::Yes;
+  if (several && (deployment::SameText(answer, "a") || deployment::SameText(answer, "all")))
+    return TAnswer::YesToAll;
+  return TAnswer::No;
 }
 
 void TOutput::Line(std::string_view text) {
@@ -104,10 +116,15 @@ void TOutput::Warn(const TWarning& warning) {
               << "warning: " << Visible(warning.Text) << '\n';
 }
 
-void TOutput::Error(int status, const std::string& text, const std::string& file, unsigned line) {
-  std::cerr << ProgramName << ": " << Place(file, line) << Visible(text) << '\n';
+void TOutput::Error(const TFailure& failure) {
+  const std::string place = failure.TextNamesFile ? "" : Place(failure.File, failure.Line);
+  std::cerr << ProgramName << ": " << place << Visible(failure.Text) << '\n';
   if (FJson)
-    Document({{"error", {{"code", status}, {"message", text}, {"file", file}, {"line", line}}}});
+    Document({{"error",
+               {{"code", failure.Status},
+                {"message", failure.Text},
+                {"file", failure.File},
+                {"line", failure.Line}}}});
 }
 
 bool TOutput::Flush() {

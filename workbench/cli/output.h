@@ -20,6 +20,23 @@ std::string JsonText(const TJson& value, int indent = 2);
 /// characters, and those that turn the direction of writing.
 std::string Visible(std::string_view text);
 
+/// What a person answered to a question.
+enum class TAnswer {
+  Yes,
+  No,
+  YesToAll,
+  None, ///< nobody could be asked, or the input ended
+};
+
+/// Why a run failed.
+struct TFailure {
+  int Status = 1;
+  std::string Text;
+  std::string File;           ///< empty when it is about no file
+  unsigned Line = 0;          ///< 0 when unknown
+  bool TextNamesFile = false; ///< the text says already which file it is about
+};
+
 /// Results go to standard output, everything else to standard error.
 class TOutput {
 public:
@@ -29,8 +46,8 @@ public:
   bool IsQuiet() const { return FQuiet; }
   /// True when a person can be asked.
   bool CanAsk() const;
-  /// Asks a question that is answered with yes or no; no without a person.
-  bool Ask(const std::string& question) const;
+  /// Asks a question; `several` offers an answer for this and all further ones.
+  TAnswer Ask(const std::string& question, bool several) const;
 
   /// One line of the result, as it is; left out with --json and --quiet.
   void Line(std::string_view text);
@@ -39,7 +56,7 @@ public:
   /// A whole JSON document.
   void Document(const TJson& document);
   void Warn(const TWarning& warning);
-  void Error(int status, const std::string& text, const std::string& file, unsigned line);
+  void Error(const TFailure& failure);
   /// False when something of the result could not be written.
   bool Flush();
 

@@ -19,6 +19,8 @@ public:
     AddProjectArgument(app, FProject);
     app.add_option("FILE", FFiles, "Local names as the list has them")->required();
     AddChangeOptions(app, FChange);
+    app.footer(
+        "Without --yes each file is asked about; \"a\" answers for it and all further ones.");
   }
 
   int Run(TCommandContext& context) override {
@@ -30,30 +32,35 @@ public:
     const deployment::TDeploymentFiles files = lookup.FindAll(FFiles);
     std::vector<TEntryChange> changes;
     for (const auto& file : files) {
-      if (!MayRemove(context, *file))
+      if (!MayRemove(context, *file, files.size() > 1))
         continue;
       changes.push_back({file->GetLocalName(), file->GetConfiguration(),
                          deployment::JoinDelimited(file->GetPlatforms(), ","), "removed"});
       deployment.RemoveFileEntry(*file);
     }
-    if (changes.empty() && !FChange.Yes && !context.Output.CanAsk())
-      throw TWorkError("nothing was removed, since nobody could be asked; --yes removes without "
-                       "a question");
     SaveAndReport(context, project, FChange, changes);
     return exit_status::Done;
   }
 
 private:
-  bool MayRemove(const TCommandContext& context,
-                 const deployment::IProjectDeploymentFile& file) const {
-    return FChange.DryRun || FChange.Yes ||
-           context.Output.Ask("Are you sure you want to delete file \"" + file.GetLocalName() +
-                              "\"?");
+  // Throws TWorkError without an answer; nothing is saved then.
+  bool MayRemove(const TCommandContext& context, const deployment::IProjectDeploymentFile& file,
+                 bool several) {
+    if (FChange.DryRun || FChange.Yes || FYesToAll)
+      return true;
+    const TAnswer answer = context.Output.Ask(
+        "Are you sure you want to delete file \"" + file.GetLocalName() + "\"?", several);
+    if (answer == TAnswer::None)
+      throw TWorkError("nothing was removed, since nobody could be asked; --yes removes without "
+                       "a question");
+    FYesToAll = answer == TAnswer::YesToAll;
+    return FYesToAll || answer == TAnswer::Yes;
   }
 
   std::string FProject;
   std::vector<std::string> FFiles;
   TChangeOptions FChange;
+  bool FYesToAll = false;
 };
 
 } // namespace

@@ -1,4 +1,5 @@
 // deploymgr set: edits entries.
+#include "package/common/case_fold.h"
 #include "package/common/convert.h"
 #include "package/common/delimited_list.h"
 #include "workbench/cli/change_report.h"
@@ -8,6 +9,7 @@
 #include "workbench/cli/entry_lookup.h"
 #include "workbench/cli/entry_text.h"
 #include "workbench/cli/target.h"
+#include "workbench/cli/text_check.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,7 +29,7 @@ deployment::TDeployOperation OperationOf(const std::string& text) {
   const auto ordinal = deployment::TextToInteger(text);
   for (int i = 0; i < deployment::DeployOperationCount; ++i) {
     const auto operation = static_cast<deployment::TDeployOperation>(i);
-    if (ordinal == i || text == OperationName(operation))
+    if (ordinal == i || deployment::SameText(text, OperationName(operation)))
       return operation;
   }
   throw TUsageError("--operation takes 0 to 6, or copy, copy-executable, unpack, run, "
@@ -74,6 +76,11 @@ public:
     const TEntryLookup lookup(project.Deployment().GetFiles(), context.Options,
                               TPlatformNarrowing::WhenSeveral);
     const deployment::TDeploymentFiles files = lookup.FindAll(FFiles);
+    CheckRemovedPlatforms(context, project, files);
+    if (FEdit.Condition) {
+      for (const auto& file : files)
+        CheckCondition(*FEdit.Condition, project, *file);
+    }
     const TTarget target = ChooseTarget(context, project);
     std::vector<TEntryChange> changes;
     for (const auto& file : files)
@@ -100,6 +107,25 @@ private:
       FEdit.Condition = FCondition;
     if (FEdit.IsEmpty())
       throw TUsageError("nothing is given to be set; see \"deploymgr set --help\"");
+    CheckStorable("--remote-dir", FRemoteDir);
+    CheckStorable("--remote-name", FRemoteName);
+    CheckStorable("--condition", FCondition);
+    for (const std::string& platform : FEdit.AddPlatforms) {
+      if (std::ranges::count(FEdit.RemovePlatforms, platform) > 0)
+        throw TUsageError("platform \"" + platform + "\" is to be added and removed at once");
+    }
+  }
+
+  // A platform that nobody knows can be taken from an entry that has it.
+  void CheckRemovedPlatforms(TCommandContext& context, const TOpenProject& project,
+                             const deployment::TDeploymentFiles& files) const {
+    for (const std::string& platform : FEdit.RemovePlatforms) {
+      const bool held = std::ranges::any_of(files, [&](const auto& file) {
+        return std::ranges::count(file->GetPlatforms(), platform) > 0;
+      });
+      if (!held)
+        CheckPlatform(context, &project, platform);
+    }
   }
 
   TEntryChange Edit(TOpenProject& project, deployment::IProjectDeploymentFile& file,

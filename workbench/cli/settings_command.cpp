@@ -21,6 +21,7 @@ public:
     app.add_option("KEY", FKey, "Such as library-path.Win32");
     FValueOption = app.add_option("VALUE", FValue, "The new value");
     app.add_flag("--dry-run", FDryRun, "Say what would change; change nothing");
+    app.add_flag("--yes", FYes, "Answer every question with yes (settings ask none)");
   }
 
   int Run(TCommandContext& context) override {
@@ -84,6 +85,7 @@ private:
   std::string FAction, FKey, FValue;
   CLI::Option* FValueOption = nullptr;
   bool FDryRun = false;
+  bool FYes = false;
 };
 
 } // namespace
