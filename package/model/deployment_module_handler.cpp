@@ -164,19 +164,34 @@ void TDeploymentModuleHandler::ModuleRemoved(std::string_view name) {
   FRemovedModules.emplace_back(name);
 }
 
-TReconcileResult TDeploymentModuleHandler::Reconcile(std::string_view configuration,
-                                                     std::string_view platform,
-                                                     bool reconcileInternally) {
+TReconcileResult TDeploymentModuleHandler::RunReconciler(std::string_view configuration,
+                                                         std::string_view platform,
+                                                         bool reconcileInternally,
+                                                         IReconcileJournal* journal) {
   ICustomProject* project = Project();
   if (!project)
     return TReconcileResult::CannotReconcile;
-  return TDeployModuleReconciler(*project, platform, configuration, reconcileInternally, FServices)
+  return TDeployModuleReconciler(*project, platform, configuration, reconcileInternally, FServices,
+                                 journal)
       .Reconcile();
 }
 
 TReconcileResult TDeploymentModuleHandler::Reconcile(std::string_view configuration,
+                                                     std::string_view platform,
+                                                     bool reconcileInternally) {
+  return RunReconciler(configuration, platform, reconcileInternally, nullptr);
+}
+
+TReconcileResult TDeploymentModuleHandler::Reconcile(std::string_view configuration,
+                                                     std::string_view platform,
+                                                     bool reconcileInternally,
+                                                     IReconcileJournal& journal) {
+  return RunReconciler(configuration, platform, reconcileInternally, &journal);
+}
+
+TReconcileResult TDeploymentModuleHandler::Reconcile(std::string_view configuration,
                                                      std::string_view platform) {
-  return Reconcile(configuration, platform, /*reconcileInternally=*/false);
+  return RunReconciler(configuration, platform, /*reconcileInternally=*/false, nullptr);
 }
 
 void TDeploymentModuleHandler::SaveToDeployProj() {

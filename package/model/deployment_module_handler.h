@@ -92,6 +92,9 @@ public:
   TReconcileResult Reconcile(std::string_view configuration, std::string_view platform,
                              bool reconcileInternally) override;
   TReconcileResult Reconcile(std::string_view configuration, std::string_view platform) override;
+  TReconcileResult Reconcile(std::string_view configuration, std::string_view platform,
+                             bool reconcileInternally, IReconcileJournal& journal) override;
+  void Revert(std::span<const std::string> platforms, bool keepAddedFiles) override;
   void SaveToDeployProj() override;
 
 private:
@@ -105,6 +108,10 @@ private:
   ICustomProject* Project() const;
   void StartListening();
   void Notify(IProjectDeploymentItem& item, TDeploymentItemAction action) const;
+  TReconcileResult RunReconciler(std::string_view configuration, std::string_view platform,
+                                 bool reconcileInternally, IReconcileJournal* journal);
+  void DropPlatforms(std::span<const std::string> platforms, bool keepAddedFiles);
+  void ReconcileConfigurations(std::span<const std::string> platforms);
   void EnsureDefaultDeployment();
   void ReadDefaultsUnlessStored(ICustomProject& project);
   void StoreFile(const TFileKey& key, std::shared_ptr<TDeploymentFile> file);

@@ -30,7 +30,7 @@ TEST(Usage, ThatIsWrongHasStatusTwo) {
                                                   {"show", "p.vproj", "--dry-run"},
                                                   {"show", "\xFF"},
                                                   {"add", "p.vproj"},
-                                                  {"reconcile", "p.vproj"},
+                                                  {"reconsile", "p.vproj"},
                                                   {"--nope"}}) {
     const TRun run = place.Run(command);
     EXPECT_EQ(run.Status, 2) << testing::PrintToString(command) << run.Errors;
@@ -80,7 +80,7 @@ TEST(Usage, HelpAndVersionEndWell) {
   const TRun help = place.Run({"--help"});
   EXPECT_EQ(help.Status, 0);
   EXPECT_NE(help.Output.find("upgrade"), std::string::npos);
-  EXPECT_EQ(help.Output.find("reconcile"), std::string::npos);
+  EXPECT_EQ(help.Output.find("reconsile"), std::string::npos);
   EXPECT_EQ(place.Run({"--version"}).Output, "deploymgr 0.1.0\n");
   EXPECT_EQ(place.Run({"set", "--help"}).Status, 0);
 }

@@ -152,6 +152,17 @@ TImageWidth TMemoryFileUtils::IsImage64Bit(std::string_view path) const {
   return found == ImageWidths.end() ? TImageWidth::Neither : found->second;
 }
 
+std::string TMemoryFileUtils::DescribeImage(std::string_view path) const {
+  switch (IsImage64Bit(path)) {
+  case TImageWidth::Bits32:
+    return "32-bit program";
+  case TImageWidth::Bits64:
+    return "64-bit program";
+  default:
+    return "no program";
+  }
+}
+
 std::string TMemoryFileUtils::QualifyPath(std::string_view path, std::string_view baseFile) const {
   return CanonicalizePath(Combine(DirectoryPart(baseFile), path));
 }

@@ -110,6 +110,7 @@ public:
   explicit TMemoryFileUtils(TMemoryFiles& files) : FFiles(files) {}
   bool FileExists(std::string_view path) const override;
   TImageWidth IsImage64Bit(std::string_view path) const override;
+  std::string DescribeImage(std::string_view path) const override;
   std::string QualifyPath(std::string_view path, std::string_view baseFile) const override;
   std::string MakeAbsolutePath(std::string_view path, std::string_view directory) const override;
   std::string MakeRelativePath(std::string_view path, std::string_view directory) const override;
@@ -126,14 +127,27 @@ struct TMemoryPlatform : IPlatform {
   std::string GetName() const override { return Name; }
   bool IsMobile() const override { return Mobile; }
   std::string GetDefaultRemoteDir() const override { return DefaultRemoteDir; }
-  std::string GetOutputPrefix(std::string_view) const override { return {}; }
-  std::string GetOutputExtension(std::string_view) const override { return {}; }
+  std::string GetOutputPrefix(std::string_view kind) const override {
+    return Named(Prefixes, kind);
+  }
+  std::string GetOutputExtension(std::string_view kind) const override {
+    return Named(Extensions, kind);
+  }
   bool RequiresProfile(std::string_view) const override { return false; }
   bool PersonalityRequiresProfile(std::string_view) const override { return false; }
 
   std::string Name;
   bool Mobile = false;
   std::string DefaultRemoteDir;
+  std::map<std::string, std::string, std::less<>> Prefixes;   ///< by kind of output
+  std::map<std::string, std::string, std::less<>> Extensions; ///< by kind of output
+
+private:
+  static std::string Named(const std::map<std::string, std::string, std::less<>>& names,
+                           std::string_view kind) {
+    const auto found = names.find(kind);
+    return found == names.end() ? std::string() : found->second;
+  }
 };
 
 /// The same platforms for every personality, in the order of the list.
@@ -211,6 +225,7 @@ public:
   std::unique_ptr<ICoExpertFilter> CreateTextFilter() override;
   IOTAPersonalityServices* GetPersonalityServices() override { return PersonalityServices; }
   IPlatformSDKServices* GetSDKServices() override { return SDKServices; }
+  IAndroidToolServices* GetAndroidToolServices() override { return AndroidToolServices; }
   IOTARemoteProfileServices* GetRemoteProfileServices() override { return ProfileServices; }
   IProjectEvents* GetProjectEvents() override { return ProjectEvents; }
   IOTAEditorViewServices* GetEditorViewServices() override { return EditorViewServices; }
@@ -233,6 +248,7 @@ public:
 
   IOTAPersonalityServices* PersonalityServices = nullptr;
   IPlatformSDKServices* SDKServices = nullptr;
+  IAndroidToolServices* AndroidToolServices = nullptr;
   IOTARemoteProfileServices* ProfileServices = nullptr;
   IProjectEvents* ProjectEvents = nullptr;
   IOTAEditorViewServices* EditorViewServices = nullptr;

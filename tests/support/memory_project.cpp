@@ -53,6 +53,10 @@ std::string TMemoryProjectPlatforms::GetProfileName(std::string_view platform) c
   return ValueOf(Profiles, platform);
 }
 
+std::string TMemoryProjectPlatforms::GetSDKName(std::string_view platform) const {
+  return ValueOf(SDKs, platform);
+}
+
 TMemoryProject::~TMemoryProject() {
   Close();
 }
@@ -85,6 +89,9 @@ std::string TMemoryProject::GetProjectOption(std::string_view name) const {
 
 std::string TMemoryProject::GetOutputFileName(std::string_view configuration,
                                               std::string_view platform) const {
+  const std::string key = std::string(configuration).append("|").append(platform);
+  if (const auto found = OutputFiles.find(key); found != OutputFiles.end())
+    return found->second;
   return std::string(R"(C:\work\App\)")
       .append(platform)
       .append("\\")

@@ -7,6 +7,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,12 +52,33 @@ public:
   bool SetActivePlatform(std::string_view platform) override;
   std::vector<std::string> GetSupportedPlatforms() const override { return Supported; }
   std::string GetProfileName(std::string_view platform) const override;
-  std::string GetSDKName(std::string_view) const override { return {}; }
+  std::string GetSDKName(std::string_view platform) const override;
 
   std::string Active = "Win32";
   bool MayChange = true;
   std::vector<std::string> Supported{"Win32"};
   std::map<std::string, std::string, std::less<>> Profiles;
+  std::map<std::string, std::string, std::less<>> SDKs;
+};
+
+/// What a project of an Apple or Android platform answers.
+struct TMemoryPlatformOptions : IPlatformOptions {
+  int GetOSXKind() const override { return OSXKind; }
+  int OSXKind = 1;
+};
+
+/// Remote debug symbols by "configuration|platform".
+struct TMemoryBuildOptions : IBuildOptions {
+  bool HasRemoteDebugSymbols(std::string_view configuration,
+                             std::string_view platform) const override {
+    return RemoteDebugSymbols.contains(std::string(configuration).append("|").append(platform));
+  }
+  std::set<std::string, std::less<>> RemoteDebugSymbols;
+};
+
+struct TMemoryCompilerOptions : ICorvaneCompilerOptions {
+  std::string GetOSXDirectory() const override { return OSXDirectory; }
+  std::string OSXDirectory;
 };
 
 /// The project and its module. Sections stand for the nodes in its file.
@@ -78,7 +100,10 @@ public:
   IProjectDeployment* GetProjectDeployment() const override;
   std::string GetProjectFileName() const override { return FileName; }
   std::string GetModuleName() const override { return ModuleName; }
-  std::string GetBaseName() const override { return ModuleName; }
+  std::string GetBaseName(std::string_view /*configuration*/,
+                          std::string_view /*platform*/) const override {
+    return BaseName.empty() ? ModuleName : BaseName;
+  }
   std::string GetPersonality() const override { return Personality; }
   std::string GetApplicationType() const override { return ApplicationType; }
   std::string GetFrameworkType() const override { return FrameworkType; }
@@ -87,15 +112,22 @@ public:
   std::string GetCurrentConfiguration() const override { return CurrentConfiguration; }
   std::string GetOutputFileName(std::string_view configuration,
                                 std::string_view platform) const override;
-  std::string GetOutputKind() const override { return ApplicationType; }
+  std::string GetOutputKind(std::string_view /*configuration*/,
+                            std::string_view /*platform*/) const override {
+    return OutputKind.empty() ? ApplicationType : OutputKind;
+  }
   std::vector<std::string> GetCompleteFileList() const override { return ProjectFiles; }
   bool GetModified() const override { return Modified; }
   void SetModified(bool modified) override { Modified = modified; }
-  IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override { return &Options; }
+  IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override {
+    return HasOptions ? &Options : nullptr;
+  }
   IOTAProjectPlatforms* GetProjectPlatforms() override { return &Platforms; }
-  IPlatformOptions* GetPlatformOptions() override { return nullptr; }
-  IBuildOptions* GetBuildOptions() override { return nullptr; }
-  ICorvaneCompilerOptions* GetCorvaneCompilerOptions() override { return nullptr; }
+  IPlatformOptions* GetPlatformOptions() override {
+    return HasPlatformOptions ? &PlatformOptions : nullptr;
+  }
+  IBuildOptions* GetBuildOptions() override { return HasBuildOptions ? &BuildOptions : nullptr; }
+  ICorvaneCompilerOptions* GetCorvaneCompilerOptions() override { return &CompilerOptions; }
 
   /// The section of that name, ignoring case; null when the project has none.
   TMemoryXMLNode* FindSection(std::string_view name);
@@ -121,7 +153,17 @@ public:
   bool ProjectModule = true;
   bool WithoutDeployment = false;
   bool Modified = false;
+  /// Names of outputs by "configuration|platform", full paths; others are made of the names.
+  std::map<std::string, std::string> OutputFiles;
+  std::string BaseName;   ///< empty: the module's name
+  std::string OutputKind; ///< empty: the application type
+  bool HasOptions = true;
+  bool HasPlatformOptions = false;
+  bool HasBuildOptions = false;
   TMemoryOptions Options;
+  TMemoryPlatformOptions PlatformOptions;
+  TMemoryBuildOptions BuildOptions;
+  TMemoryCompilerOptions CompilerOptions;
   TMemoryProjectPlatforms Platforms;
   /// Answered by GetProjectDeployment when no handler offers a deployment; not owned.
   IProjectDeployment* GivenDeployment = nullptr;

@@ -23,6 +23,7 @@ inline constexpr int Done = 0;
 inline constexpr int WorkFailed = 1;
 inline constexpr int WrongUsage = 2;
 inline constexpr int UnreadableInput = 3;
+inline constexpr int CannotReconcile = 4;
 } // namespace exit_status
 
 /// The command line asks for what cannot be.

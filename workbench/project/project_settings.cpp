@@ -204,8 +204,9 @@ std::string TProjectSettings::FrameworkType() const {
   return ProjectOption("FrameworkType");
 }
 
-std::string TProjectSettings::OutputKind() const {
-  return OutputKindIn(Evaluate({}, {}));
+std::string TProjectSettings::OutputKind(std::string_view configuration,
+                                         std::string_view platform) const {
+  return OutputKindIn(Evaluate(configuration, platform));
 }
 
 std::string TProjectSettings::OutputKindIn(const TMSBuildEvaluation& evaluation) const {

@@ -67,7 +67,7 @@ public:
   std::string ApplicationType() const;
   std::string FrameworkType() const;
   /// Kind of output that the options name, else the kind of the application type.
-  std::string OutputKind() const;
+  std::string OutputKind(std::string_view configuration = {}, std::string_view platform = {}) const;
   /// A property under the active target; empty when unset.
   std::string ProjectOption(std::string_view name) const;
 

@@ -2,67 +2,18 @@
 
 #include "package/common/case_fold.h"
 #include "package/common/delimited_list.h"
-#include "package/common/errors.h"
 #include "package/common/path_text.h"
-#include "workbench/files/file_reader.h"
 #include "workbench/files/machine_path.h"
+#include "workbench/files/program_image.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
 #include <cstdlib>
-#include <optional>
 #include <vector>
 
 namespace workbench {
 namespace {
 
 using deployment::TImageWidth;
-
-constexpr off_t OffsetOfHeaderOffset = 0x3c;
-
-// The little-endian number of `TNumber`'s size at an offset; nothing behind the end.
-template <class TNumber>
-std::optional<TNumber> NumberAt(const TFileDescriptor& file, off_t offset) {
-  std::array<unsigned char, sizeof(TNumber)> bytes = {};
-  ssize_t count = -1;
-  do {
-    count = ::pread(file.Get(), bytes.data(), bytes.size(), offset);
-  } while (count < 0 && errno == EINTR);
-  if (count != static_cast<ssize_t>(bytes.size()))
-    return std::nullopt;
-  std::uint64_t value = 0;
-  for (std::size_t i = bytes.size(); i > 0; --i)
-    value = value << 8 | bytes[i - 1];
-  return static_cast<TNumber>(value);
-}
-
-TImageWidth WidthOfMachine(std::uint16_t machine) {
-  switch (machine) {
-  case 0x014c: // x86
-  case 0x01c0: // ARM
-  case 0x01c4: // ARM with Thumb-2
-    return TImageWidth::Bits32;
-  case 0x0200: // Itanium
-  case 0x8664: // x86-64
-  case 0xaa64: // ARM64
-    return TImageWidth::Bits64;
-  default:
-    return TImageWidth::Neither;
-  }
-}
-
-TImageWidth ReadImageWidth(const TFileDescriptor& file) {
-  constexpr std::uint16_t programMark = 0x5a4d;    // "MZ"
-  constexpr std::uint32_t headerMark = 0x00004550; // "PE", 0, 0
-  if (NumberAt<std::uint16_t>(file, 0) != programMark)
-    return TImageWidth::Neither;
-  const auto header = NumberAt<std::uint32_t>(file, OffsetOfHeaderOffset);
-  if (!header || NumberAt<std::uint32_t>(file, *header) != headerMark)
-    return TImageWidth::Neither;
-  const auto machine = NumberAt<std::uint16_t>(file, off_t(*header) + 4);
-  return machine ? WidthOfMachine(*machine) : TImageWidth::Neither;
-}
 
 bool HasDrive(std::string_view path) {
   return path.size() > 1 && path[1] == ':';
@@ -86,11 +37,14 @@ bool TFileUtils::FileExists(std::string_view path) const {
 }
 
 TImageWidth TFileUtils::IsImage64Bit(std::string_view path) const {
-  try {
-    return ReadImageWidth(OpenPlainFile(ToMachinePath(path), "program"));
-  } catch (const deployment::TInputError&) {
+  const TProgramImage image = ReadProgramImage(ToMachinePath(path));
+  if (image.Format != TProgramFormat::PE || image.Bits == 0)
     return TImageWidth::Neither;
-  }
+  return image.Bits == 64 ? TImageWidth::Bits64 : TImageWidth::Bits32;
+}
+
+std::string TFileUtils::DescribeImage(std::string_view path) const {
+  return DescribeProgramImage(ReadProgramImage(ToMachinePath(path)));
 }
 
 std::string TFileUtils::QualifyPath(std::string_view path, std::string_view baseFile) const {

@@ -14,6 +14,8 @@ public:
   bool FileExists(std::string_view path) const override;
   /// Knows the headers of Windows programs. A header that is cut off is none.
   deployment::TImageWidth IsImage64Bit(std::string_view path) const override;
+  /// Knows the programs of Windows, Linux, Android and Apple's systems.
+  std::string DescribeImage(std::string_view path) const override;
   std::string QualifyPath(std::string_view path, std::string_view baseFile) const override;
   std::string MakeAbsolutePath(std::string_view path, std::string_view directory) const override;
   std::string MakeRelativePath(std::string_view path, std::string_view directory) const override;

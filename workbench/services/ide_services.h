@@ -9,8 +9,10 @@
 #include "workbench/services/macro_utils.h"
 #include "workbench/services/message_services.h"
 #include "workbench/services/module_handler_gauntlet.h"
+#include "workbench/services/personality_services.h"
 #include "workbench/services/platform_manager.h"
 #include "workbench/services/project_file_utils.h"
+#include "workbench/services/sdk_services.h"
 #include "workbench/services/settings_store.h"
 #include "workbench/services/storage_service.h"
 #include "workbench/xml/xml_documents.h"
@@ -49,9 +51,11 @@ public:
   TMessageServices& GetMessageServices() override { return FMessages; }
   std::unique_ptr<deployment::ICoExpertFilter> CreateTextFilter() override;
 
+  TPersonalityServices* GetPersonalityServices() override { return &FPersonalities; }
+  TSDKServices* GetSDKServices() override { return &FSDKs; }
+  TAndroidToolServices* GetAndroidToolServices() override { return &FAndroidTools; }
+
   // Services that this host does not have.
-  deployment::IOTAPersonalityServices* GetPersonalityServices() override { return nullptr; }
-  deployment::IPlatformSDKServices* GetSDKServices() override { return nullptr; }
   deployment::IOTARemoteProfileServices* GetRemoteProfileServices() override { return nullptr; }
   deployment::IProjectEvents* GetProjectEvents() override { return nullptr; }
   deployment::IOTAEditorViewServices* GetEditorViewServices() override { return nullptr; }
@@ -68,6 +72,9 @@ private:
   TFileUtils FFileUtils;
   TMessageServices FMessages;
   TSettings FSettings;
+  TPersonalityServices FPersonalities;
+  TSDKServices FSDKs;
+  TAndroidToolServices FAndroidTools;
   TAppStrings FAppStrings;
 };
 

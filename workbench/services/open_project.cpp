@@ -96,12 +96,17 @@ void TOpenProjectFile::ReadVersion() {
 }
 
 void TOpenProjectFile::CollectWarnings() {
-  FWarnings = FServices.GetMessageServices().TakeWarnings();
   for (const TEvaluationNote& note : FModule->Settings().Notes()) {
     // Build tools of other machines are imported by nearly every foreign project.
     if (note.Kind != TNoteKind::MissingImport)
       FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
   }
+}
+
+const std::vector<TWarning>& TOpenProjectFile::Warnings() const {
+  for (TWarning& warning : FServices.GetMessageServices().TakeWarnings())
+    FWarnings.push_back(std::move(warning));
+  return FWarnings;
 }
 
 deployment::IProjectDeployment& TOpenProjectFile::Deployment() {

@@ -26,7 +26,7 @@ public:
   const TProjectSettings& Settings() const override { return FModule->Settings(); }
   int SectionVersionRead() const override { return FVersionRead; }
   bool WasUpgraded() const override { return FWasUpgraded; }
-  const std::vector<TWarning>& Warnings() const override { return FWarnings; }
+  const std::vector<TWarning>& Warnings() const override;
   bool HasChanges() const override;
   void MarkChanged() override { FMarkedChanged = true; }
   TSaveReport Save(bool force) override;
@@ -49,7 +49,7 @@ private:
   bool FWasUpgraded = false;
   bool FWasEmpty = true; // no entries when it was read, so whatever is there now is new
   bool FMarkedChanged = false;
-  std::vector<TWarning> FWarnings;
+  mutable std::vector<TWarning> FWarnings; // those that still wait are taken when asked for
 };
 
 } // namespace workbench

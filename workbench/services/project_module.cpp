@@ -111,8 +111,9 @@ deployment::IProjectDeployment* TProjectModule::GetProjectDeployment() const {
   return nullptr;
 }
 
-std::string TProjectModule::GetBaseName() const {
-  return ReadSettings().BaseName();
+std::string TProjectModule::GetBaseName(std::string_view configuration,
+                                        std::string_view platform) const {
+  return ReadSettings().BaseName(configuration, platform);
 }
 
 std::string TProjectModule::GetPersonality() const {
@@ -144,8 +145,9 @@ std::string TProjectModule::GetOutputFileName(std::string_view configuration,
   return ReadSettings().OutputFileName(configuration, platform);
 }
 
-std::string TProjectModule::GetOutputKind() const {
-  return ReadSettings().OutputKind();
+std::string TProjectModule::GetOutputKind(std::string_view configuration,
+                                          std::string_view platform) const {
+  return ReadSettings().OutputKind(configuration, platform);
 }
 
 std::vector<std::string> TProjectModule::GetCompleteFileList() const {

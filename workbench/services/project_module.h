@@ -49,7 +49,7 @@ public:
   deployment::IProjectDeployment* GetProjectDeployment() const override;
   std::string GetProjectFileName() const override { return FFile.string(); }
   std::string GetModuleName() const override { return FFile.stem().string(); }
-  std::string GetBaseName() const override;
+  std::string GetBaseName(std::string_view configuration, std::string_view platform) const override;
   std::string GetPersonality() const override;
   std::string GetApplicationType() const override;
   std::string GetFrameworkType() const override;
@@ -58,7 +58,8 @@ public:
   std::string GetCurrentConfiguration() const override;
   std::string GetOutputFileName(std::string_view configuration,
                                 std::string_view platform) const override;
-  std::string GetOutputKind() const override;
+  std::string GetOutputKind(std::string_view configuration,
+                            std::string_view platform) const override;
   std::vector<std::string> GetCompleteFileList() const override;
   bool GetModified() const override { return FModified; }
   void SetModified(bool modified) override { FModified = modified; }

@@ -58,7 +58,7 @@ public:
   virtual int SectionVersionRead() const = 0;
   /// True when the file was read in an older layout, so that a save brings it up to date.
   virtual bool WasUpgraded() const = 0;
-  /// What reading the project brought up, in order.
+  /// What reading the project and working on it brought up so far, in order.
   virtual const std::vector<TWarning>& Warnings() const = 0;
 
   /// True when the deployment changed since it was read or saved.

@@ -77,8 +77,9 @@ public:
   virtual std::string GetProjectFileName() const = 0;
   /// Name of the project without directory and extension.
   virtual std::string GetModuleName() const = 0;
-  /// Name of what the project builds, without path and extension.
-  virtual std::string GetBaseName() const = 0;
+  /// Name of what a build of the target makes, without path, prefix and extension.
+  virtual std::string GetBaseName(std::string_view configuration,
+                                  std::string_view platform) const = 0;
   /// "Ardent.Personality", "Corvane.Personality" or another id.
   virtual std::string GetPersonality() const = 0;
   /// Kind of program as the project names it; may be empty.
@@ -93,8 +94,9 @@ public:
   /// Full path of the file that a build of the target makes.
   virtual std::string GetOutputFileName(std::string_view configuration,
                                         std::string_view platform) const = 0;
-  /// Kind of output that the options of a Corvane project name.
-  virtual std::string GetOutputKind() const = 0;
+  /// Kind of output that the options of a Corvane project name for the target.
+  virtual std::string GetOutputKind(std::string_view configuration,
+                                    std::string_view platform) const = 0;
   /// Full paths of the files that belong to the project, in the project's order.
   virtual std::vector<std::string> GetCompleteFileList() const = 0;
 

@@ -16,6 +16,7 @@ namespace deployment {
 
 class IOTAProject;
 class IProjectDeployment;
+class IReconcileJournal;
 
 /// The root configuration; an entry without a configuration counts as one of it.
 inline constexpr std::string_view BaseConfiguration = "Base";
@@ -272,6 +273,15 @@ public:
   virtual TReconcileResult Reconcile(std::string_view configuration, std::string_view platform,
                                      bool reconcileInternally) = 0;
   virtual TReconcileResult Reconcile(std::string_view configuration, std::string_view platform) = 0;
+  /// The first form, telling why each file is or is not in the list.
+  virtual TReconcileResult Reconcile(std::string_view configuration, std::string_view platform,
+                                     bool reconcileInternally, IReconcileJournal& journal) = 0;
+
+  /// Takes the platforms away from every default entry (and, without `keepAddedFiles`, from those
+  /// of class "File" too), drops entries that belong to no platform any more, reads the default
+  /// classes again and reconciles all configurations of the platforms. Throws what reading the
+  /// defaults throws; then nothing has changed.
+  virtual void Revert(std::span<const std::string> platforms, bool keepAddedFiles) = 0;
 
   /// Writes "<project>.deployproj" beside the project file. Throws what the host's save throws.
   virtual void SaveToDeployProj() = 0;

@@ -59,6 +59,7 @@ public:
 
   virtual IOTAPersonalityServices* GetPersonalityServices() = 0;
   virtual IPlatformSDKServices* GetSDKServices() = 0;
+  virtual IAndroidToolServices* GetAndroidToolServices() = 0;
   virtual IOTARemoteProfileServices* GetRemoteProfileServices() = 0;
   virtual IProjectEvents* GetProjectEvents() = 0;
   virtual IOTAEditorViewServices* GetEditorViewServices() = 0;

@@ -54,6 +54,12 @@ public:
   virtual const IAndroidSDK* AsAndroidSDK(const IPlatformSDK& sdk) const = 0;
 };
 
+/// The tools of the Android platform. A host that has them can build Android programs.
+class IAndroidToolServices {
+public:
+  virtual ~IAndroidToolServices() = default;
+};
+
 /// A way to one remote machine. Implemented by the host.
 class IOTARemoteProfile {
 public:

@@ -57,7 +57,7 @@ public:
   virtual ~IPackageService() = default;
   /// Fills `packages` with file names; false when the service cannot tell. Both flags are true in
   /// every call that the package makes.
-  virtual bool GetPackages(const ICustomProject& project, std::string_view configuration,
+  virtual bool GetPackages(ICustomProject& project, std::string_view configuration,
                            bool runtimePackages, bool recursive, std::string_view platform,
                            std::vector<std::string>& packages) const = 0;
 };

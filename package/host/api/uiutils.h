@@ -17,6 +17,9 @@ public:
   virtual bool FileExists(std::string_view path) const = 0;
   /// Reads the header of a program file. Neither when it is none or cannot be read.
   virtual TImageWidth IsImage64Bit(std::string_view path) const = 0;
+  /// What the file is by its first bytes, as words for a message ("64-bit ELF program for
+  /// x86-64"); "no program" when it is none or cannot be read.
+  virtual std::string DescribeImage(std::string_view path) const = 0;
   /// The path made absolute against the directory of a base file.
   virtual std::string QualifyPath(std::string_view path, std::string_view baseFile) const = 0;
   /// The path made absolute against a directory.

@@ -377,9 +377,9 @@ TEST_F(DeploymentModuleHandler, HandsTheProjectToTheWriterOfTheSideFile) {
   EXPECT_EQ(Storage.Written, TLog{R"(C:\work\App\App.vproj)"});
 }
 
-TEST_F(DeploymentModuleHandler, ReconcilesTheProject) {
-  EXPECT_EQ(Deployment.Reconcile("", "", true), TReconcileResult::Reconciled);
-  EXPECT_EQ(Deployment.Reconcile("Debug", "Win32"), TReconcileResult::Reconciled);
+TEST_F(DeploymentModuleHandler, PassesOnWhatAReconcileAnswers) {
+  EXPECT_EQ(Deployment.Reconcile("", "", true), TReconcileResult::CannotReconcile);
+  EXPECT_EQ(Deployment.Reconcile("Base", "Win32"), TReconcileResult::Reconciled);
 }
 
 TEST_F(DeploymentModuleHandler, RemovesALargeClassWithASignalForEach) {

@@ -15,7 +15,10 @@ public:
   IProjectDeployment* GetProjectDeployment() const override { return nullptr; }
   std::string GetProjectFileName() const override { return "/home/ada/demo.vproj"; }
   std::string GetModuleName() const override { return "demo"; }
-  std::string GetBaseName() const override { return "demo"; }
+  std::string GetBaseName(std::string_view /*configuration*/,
+                          std::string_view /*platform*/) const override {
+    return "demo";
+  }
   std::string GetPersonality() const override { return "Ardent.Personality"; }
   std::string GetApplicationType() const override { return {}; }
   std::string GetFrameworkType() const override { return {}; }
@@ -23,7 +26,10 @@ public:
   std::string GetCurrentPlatform() const override { return "Android"; }
   std::string GetCurrentConfiguration() const override { return "Release"; }
   std::string GetOutputFileName(std::string_view, std::string_view) const override { return {}; }
-  std::string GetOutputKind() const override { return {}; }
+  std::string GetOutputKind(std::string_view /*configuration*/,
+                            std::string_view /*platform*/) const override {
+    return {};
+  }
   std::vector<std::string> GetCompleteFileList() const override { return {}; }
   bool GetModified() const override { return false; }
   void SetModified(bool) override {}

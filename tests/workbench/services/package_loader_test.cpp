@@ -31,6 +31,7 @@ public:
   std::unique_ptr<ICoExpertFilter> CreateTextFilter() override { return nullptr; }
   IOTAPersonalityServices* GetPersonalityServices() override { return nullptr; }
   IPlatformSDKServices* GetSDKServices() override { return nullptr; }
+  IAndroidToolServices* GetAndroidToolServices() override { return nullptr; }
   IOTARemoteProfileServices* GetRemoteProfileServices() override { return nullptr; }
   IProjectEvents* GetProjectEvents() override { return nullptr; }
   IOTAEditorViewServices* GetEditorViewServices() override { return nullptr; }
