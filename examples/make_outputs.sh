@@ -58,7 +58,7 @@ windows() { # PLATFORM CONFIGURATION SOURCE OUTPUT [FLAG...]
   config=$2 source=$3 output=$4
   shift 4
   case $output in
-    *.dll) set -- "$@" -shared -Wl,--entry=0 ;;
+    *.dll | *.vpk | *.de | *.fr | *.ja) set -- "$@" -shared -Wl,--entry=0 ;;
     *) set -- "$@" "-Wl,--entry=$entry" ;;
   esac
   # shellcheck disable=SC2046
@@ -214,6 +214,32 @@ tide_logger() { # CONFIGURATION PLATFORM...
   done
 }
 
+# Runtime packages come built already, so that they are the same for every configuration.
+package() { # PLATFORM SOURCE FILE SYMBOLFILE LANGUAGE...
+  platform=$1 source=$2 file=$3 symbols=$4
+  shift 4
+  mkdir -p "$(dirname "$file")"
+  case $platform in
+    OSX32) apple OSX32 Release "$source" "$file" ;;
+    *) windows "$platform" Release "$source" "$file" ;;
+  esac
+  symbols "$platform" "$source" "$symbols"
+  for language in "$@"; do
+    windows "$platform" Release "$source" "${file%.*}.$language" "-DTRANSLATION=\"$language\""
+  done
+}
+
+packages() {
+  for platform in Win32 Win64; do
+    chart=sky-chart/packages/$platform/Ephemeris logger=tide-logger/packages/$platform/TideTables
+    package $platform sky-chart/src/Ephemeris.cpp $chart.vpk $chart.qds de fr ja
+    package $platform tide-logger/src/TideTables.cpp $logger.vpk $logger.vcp de
+  done
+  # On OS X a name keeps its dots, so the extension of the symbols is added to it.
+  chart=sky-chart/packages/OSX32/vpkEphemeris.dylib
+  package OSX32 sky-chart/src/Ephemeris.cpp $chart $chart.qds
+}
+
 run_time() { # DIRECTORY: the library of one example stands for each of them
   source=tide-logger/src/TideLogger.cpp
   for processor in x86:i686-linux-android21 armeabi:armv5te-linux-androideabi21 \
@@ -234,7 +260,8 @@ case ${1-} in
       sky_chart "$configuration"
       tide_logger "$configuration" Win32 Win64 OSX32 Android
     done
-    tide_logger Field Win32 Android ;;
+    tide_logger Field Win32 Android
+    packages ;;
   --run-time) run_time "$run_time_root" ;;
   *)
     echo "usage: make_outputs.sh [--run-time DIR]" >&2

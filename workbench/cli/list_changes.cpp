@@ -83,9 +83,10 @@ public:
     const auto* file = dynamic_cast<const IProjectDeploymentFile*>(&item);
     if (!file)
       return;
-    FTargets[static_cast<std::size_t>(action)][file] = FTarget;
-    if (action == TDeploymentItemAction::Removed)
+    if (action == TDeploymentItemAction::Removed &&
+        TargetOf(*file, TDeploymentItemAction::Added) != FTarget)
       FRemoved.emplace_back(NamesOf(*file), NameOf(*file));
+    FTargets[static_cast<std::size_t>(action)][file] = FTarget;
   }
   void Loaded(std::string_view /*projectName*/) override {}
   void Destroyed() override {}
@@ -96,10 +97,10 @@ public:
   std::size_t TargetOf(const IProjectDeploymentFile& file, TDeploymentItemAction action) const {
     const auto& targets = FTargets[static_cast<std::size_t>(action)];
     const auto found = targets.find(&file);
-    return found == targets.end() ? FCount - 1 : found->second;
+    return found == targets.end() ? std::max<std::size_t>(FCount, 1) - 1 : found->second;
   }
 
-  // Names in full, and as they are told.
+  // What a target took out that did not come with it: names in full, and as they are told.
   const std::vector<std::pair<std::string, TChangedEntry>>& Removed() const { return FRemoved; }
 
 private:
@@ -149,7 +150,7 @@ void TListChanges::FindLost(const std::vector<TEntry>& after) {
 std::vector<TTargetChanges> TListChanges::Compare(const std::vector<TEntry>& after) const {
   std::vector<TTargetChanges> changes(std::max<std::size_t>(FListener->Count(), 1));
   std::unordered_map<const IProjectDeploymentFile*, const TEntry*> gone;
-  std::unordered_map<const IProjectDeploymentFile*, const std::string*> contents;
+  std::unordered_map<const IProjectDeploymentFile*, const TEntry*> entries;
   for (const TEntry& entry : FBefore)
     gone.emplace(entry.File.get(), &entry);
   std::vector<IProjectDeploymentFile*> added;
@@ -157,7 +158,7 @@ std::vector<TTargetChanges> TListChanges::Compare(const std::vector<TEntry>& aft
     const auto before = gone.find(entry.File.get());
     if (before == gone.end()) {
       added.push_back(entry.File.get());
-      contents.emplace(entry.File.get(), &entry.Content);
+      entries.emplace(entry.File.get(), &entry);
       continue;
     }
     if (before->second->Content != entry.Content)
@@ -169,13 +170,15 @@ std::vector<TTargetChanges> TListChanges::Compare(const std::vector<TEntry>& aft
   for (const TEntry& entry : FBefore) {
     if (gone.contains(entry.File.get())) {
       removed.push_back(entry.File.get());
-      contents.emplace(entry.File.get(), &entry.Content);
+      entries.emplace(entry.File.get(), &entry);
     }
   }
-  TakePairs(
-      added, removed, [&](const IProjectDeploymentFile& file) { return *contents.at(&file); },
-      [](const IProjectDeploymentFile&) {});
-  TakePairs(added, removed, NamesOf, [&](const IProjectDeploymentFile& file) {
+  const auto contentOf = [&](const IProjectDeploymentFile& file) {
+    return entries.at(&file)->Content;
+  };
+  const auto namesOf = [&](const IProjectDeploymentFile& file) { return entries.at(&file)->Names; };
+  TakePairs(added, removed, contentOf, [](const IProjectDeploymentFile&) {});
+  TakePairs(added, removed, namesOf, [&](const IProjectDeploymentFile& file) {
     changes[FListener->TargetOf(file, TDeploymentItemAction::Added)].Modified.push_back(
         NameOf(file));
   });

@@ -1,5 +1,4 @@
 // deploymgr revert: back to the default entries and classes.
-#include "package/common/delimited_list.h"
 #include "workbench/cli/command.h"
 #include "workbench/cli/commands.h"
 #include "workbench/cli/entry_json.h"
@@ -98,8 +97,9 @@ private:
       context.Output.Document(document);
       return;
     }
-    PrintChanges(context.Output, changes, deployment::JoinDelimited(platforms, ", "),
-                 FChange.DryRun);
+    const std::string target =
+        platforms.size() == 1 ? platforms.front() : std::string("every platform");
+    PrintChanges(context.Output, changes, target, FChange.DryRun);
     if (classesChanged)
       context.Output.Line(FChange.DryRun ? "would read the default classes again"
                                          : "read the default classes again");
