@@ -174,6 +174,41 @@ void ExportBarePugixml(benchmark::State& state) {
     bench::ExportWithPugixml(Entries(state), target);
 }
 
+// A second reconcile of a target, which changes nothing.
+void ReconcileUnchanged(benchmark::State& state) {
+  TOpenProject& project = Session().Open(bench::SampleProject(Entries(state)), TOpenPurpose::Look);
+  project.Deployment().Reconcile("Debug", "Win32");
+  for (auto _ : state)
+    benchmark::DoNotOptimize(project.Deployment().Reconcile("Debug", "Win32"));
+  Session().Close(project);
+}
+
+constexpr std::size_t EntriesBesidePackages = 10'000;
+
+void ReconcilePackagesUnchanged(benchmark::State& state) {
+  const std::size_t packages = Entries(state);
+  TOpenProject& project = Session().Open(
+      bench::SampleProjectWithPackages(EntriesBesidePackages, packages), TOpenPurpose::Look);
+  project.Deployment().Reconcile("Debug", "Win32");
+  for (auto _ : state)
+    benchmark::DoNotOptimize(project.Deployment().Reconcile("Debug", "Win32"));
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(packages));
+  Session().Close(project);
+}
+
+// All packages come, and all of them go again.
+void ReconcilePackagesAnew(benchmark::State& state) {
+  const std::size_t packages = Entries(state);
+  TOpenProject& project = Session().Open(
+      bench::SampleProjectWithPackages(EntriesBesidePackages, packages), TOpenPurpose::Look);
+  for (auto _ : state) {
+    project.Deployment().Reconcile("Debug", "Win32");
+    project.Deployment().Reconcile("Debug", "Win32", /*reconcileInternally=*/true);
+  }
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(packages));
+  Session().Close(project);
+}
+
 void Sizes(benchmark::internal::Benchmark* benchmark) {
   benchmark->Arg(1'000)->Arg(10'000)->Arg(100'000);
 }
@@ -193,6 +228,9 @@ BENCHMARK(SaveBarePugixml)->Apply(FileSizes);
 BENCHMARK(SaveDurablePugixml)->Apply(FileSizes);
 BENCHMARK(SaveOneChanged)->Apply(FileSizes);
 BENCHMARK(SaveAllChanged)->Apply(FileSizes);
+BENCHMARK(ReconcileUnchanged)->Apply(FileSizes);
+BENCHMARK(ReconcilePackagesUnchanged)->Arg(100)->Arg(1'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReconcilePackagesAnew)->Arg(100)->Arg(1'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ExportBarePugixml)->Apply(FileSizes);
 BENCHMARK(Export)->Apply(FileSizes);
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <fstream>
 #include <map>
+#include <sstream>
 #include <unistd.h>
 
 namespace bench {
@@ -86,6 +87,28 @@ constexpr const char* Tail = R"XML(    </Deployment>
 
 std::string EntryName(std::size_t entry) {
   return "data\\levels\\" + Chapter(entry) + "\\" + Level(entry);
+}
+
+std::filesystem::path SampleProjectWithPackages(std::size_t entries, std::size_t packages) {
+  const std::filesystem::path& plain = SampleProject(entries);
+  const std::filesystem::path project = std::filesystem::path(plain).replace_filename(
+      "packages" + std::to_string(packages) + ".vproj");
+  const std::filesystem::path directory = plain.parent_path() / "packages";
+  std::filesystem::create_directories(directory);
+  std::string list;
+  for (std::size_t package = 0; package < packages; ++package) {
+    const std::string name = "package" + std::to_string(package);
+    std::ofstream(directory / (name + ".vpk")) << "MZ";
+    std::ofstream(directory / (name + ".de")) << "MZ";
+    list.append("packages\\").append(name).append(".vpk;");
+  }
+  std::ostringstream text;
+  text << std::ifstream(plain).rdbuf();
+  std::string content = std::move(text).str();
+  const std::size_t at = content.find("    <Config Condition");
+  content.insert(at, "    <RuntimePackages>" + list + "</RuntimePackages>\n");
+  std::ofstream(project) << content;
+  return project;
 }
 
 const std::filesystem::path& SampleProject(std::size_t entries) {

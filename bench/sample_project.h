@@ -14,4 +14,7 @@ std::string EntryName(std::size_t entry);
 /// when the program ends.
 const std::filesystem::path& SampleProject(std::size_t entries);
 
+/// The same with that many runtime packages in its settings, and their files on disk.
+std::filesystem::path SampleProjectWithPackages(std::size_t entries, std::size_t packages);
+
 } // namespace bench
