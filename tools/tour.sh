@@ -28,6 +28,14 @@ step 'A list of an older version is upgraded; a second time there is nothing to 
 run upgrade sky-chart/SkyChart.vproj
 run upgrade sky-chart/SkyChart.vproj
 
+step 'What the settings of the project ask for comes into the list, and a second time nothing changes'
+run reconcile sky-chart/SkyChart.vproj -p Win32
+run reconcile sky-chart/SkyChart.vproj -p Win32
+
+step 'Why a file is in the list, or is not'
+run explain sky-chart/SkyChart.vproj packages/Win32/Ephemeris.de -p Win32
+run explain sky-chart/SkyChart.vproj art/ios/iPhone_AppIcon57.png -p iOSSimulator
+
 step 'A file is added, edited and shown'
 run add sky-chart/SkyChart.vproj sky-chart/data/*.json -p Win32 -c Release
 run set sky-chart/SkyChart.vproj data/constellations.json --remote-dir 'charts\' --overwrite false \

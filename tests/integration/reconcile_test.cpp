@@ -408,8 +408,7 @@ TEST(Explain, SaysWhatAPackageResourceFollows) {
                               "packages\\Win64\\TideTables.de", "-p", "Win64", "-c", "Debug"});
   EXPECT_EQ(run.Status, 0) << run.Errors;
   EXPECT_NE(run.Output.find("as \"DependencyPackageResource\""), std::string::npos) << run.Output;
-  EXPECT_NE(run.Output.find("looked for beside \"packages\\Win64\\TideTables.vpk\""),
-            std::string::npos)
+  EXPECT_NE(run.Output.find("it belongs to \"packages\\Win64\\TideTables.vpk\""), std::string::npos)
       << run.Output;
   const TRun french = place.Run(
       {"explain", "tide-logger/TideLogger.vproj", "packages\\Win64\\TideTables.fr", "-p", "Win64"});

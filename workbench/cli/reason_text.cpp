@@ -31,10 +31,10 @@ constexpr std::array<TWords, 8> Steps{{
 
 // In the order of TReconcileOutcome.
 constexpr std::array<TWords, 5> Outcomes{{
-    {"added", "added it"},
-    {"updated", "brought it up to date"},
-    {"kept", "wants it as it is"},
-    {"removed", "removed it"},
+    {"added", "adds it"},
+    {"updated", "brings it up to date"},
+    {"kept", "keeps it"},
+    {"removed", "removes it"},
     {"skipped", "makes no entry"},
 }};
 
@@ -96,7 +96,9 @@ std::string SourceSentence(const TReconcileReason& reason) {
   case TReasonSource::IDEFile:
     return "the IDE ships it; the option " + name + " is " + value;
   case TReasonSource::FileSearch:
-    return "it was looked for beside " + name + " (" + reason.SourceValue + ")";
+    return reason.Cause == TReasonCause::WrongImage
+               ? name + " is a file of the name, but \"" + reason.SourceValue + "\""
+               : "it belongs to " + name + ", in the language " + value;
   case TReasonSource::ProjectFileList:
     return "it belongs to the project";
   case TReasonSource::OtherEntry:

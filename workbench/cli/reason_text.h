@@ -8,7 +8,7 @@
 
 namespace workbench {
 
-/// A sentence without a full stop, such as "the artwork step added it as "iPhone_AppIcon57": the
+/// A sentence without a full stop, such as "the step "artwork" adds it as "iPhone_AppIcon57": the
 /// option "iPhone_AppIcon57" is "art\57.png"".
 std::string ReasonSentence(const deployment::TReconcileReason& reason);
 
