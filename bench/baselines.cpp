@@ -94,6 +94,15 @@ void FlushAndReadBack(const std::filesystem::path& target) {
   static_cast<void>(sum);
 }
 
+std::size_t BytesBelow(const pugi::xml_node& node) {
+  std::size_t bytes = std::strlen(node.name()) + std::strlen(node.value());
+  for (const pugi::xml_attribute& attribute : node.attributes())
+    bytes += std::strlen(attribute.name()) + std::strlen(attribute.value());
+  for (const pugi::xml_node& child : node.children())
+    bytes += BytesBelow(child);
+  return bytes;
+}
+
 } // namespace
 
 std::size_t LoadWithExpat(const std::filesystem::path& project) {
@@ -158,6 +167,12 @@ void ExportWithPugixml(std::size_t entries, const std::filesystem::path& target)
     item.append_child("Overwrite").text() = "True";
   }
   document.save_file(target.c_str(), "  ");
+}
+
+std::size_t WalkWithPugixml(const std::filesystem::path& file) {
+  pugi::xml_document document;
+  document.load_file(file.c_str());
+  return BytesBelow(document);
 }
 
 } // namespace bench

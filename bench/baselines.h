@@ -20,4 +20,8 @@ void SaveWithPugixml(std::size_t entries, const std::filesystem::path& target, b
 /// The same for the side file of such a project: an item per entry with eight metadata.
 void ExportWithPugixml(std::size_t entries, const std::filesystem::path& target);
 
+/// Loads the file with pugixml and looks at every name, attribute and text of it. Returns how many
+/// bytes they have.
+std::size_t WalkWithPugixml(const std::filesystem::path& file);
+
 } // namespace bench

@@ -111,6 +111,24 @@ std::filesystem::path SampleProjectWithPackages(std::size_t entries, std::size_t
   return project;
 }
 
+std::filesystem::path SampleProjectWithFiles(std::size_t files) {
+  const std::filesystem::path project =
+      std::filesystem::path(SampleProject(0))
+          .replace_filename("files" + std::to_string(files) + ".vproj");
+  if (std::filesystem::exists(project))
+    return project;
+  std::string items;
+  for (std::size_t file = 0; file < files; ++file)
+    items.append("    <ProjectFile Include=\"")
+        .append(EntryName(file))
+        .append({'.', "abcd"[file % 4]})
+        .append("\"/>\n");
+  std::string head = Head;
+  head.insert(head.find("  </ItemGroup>"), items);
+  std::ofstream(project, std::ios::binary) << head << Tail;
+  return project;
+}
+
 const std::filesystem::path& SampleProject(std::size_t entries) {
   static const TTemporaryDirectory directory;
   static std::map<std::size_t, std::filesystem::path> projects;

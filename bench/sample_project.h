@@ -17,4 +17,7 @@ const std::filesystem::path& SampleProject(std::size_t entries);
 /// The same with that many runtime packages in its settings, and their files on disk.
 std::filesystem::path SampleProjectWithPackages(std::size_t entries, std::size_t packages);
 
+/// A project without entries and with that many files of its own, of four types.
+std::filesystem::path SampleProjectWithFiles(std::size_t files);
+
 } // namespace bench

@@ -1,7 +1,7 @@
 #include "package/model/default_deployment.h"
 
 #include "package/common/application_type.h"
-#include "package/model/repository_file.h"
+#include "package/host/api/repositoryfile.h"
 
 #include <string>
 #include <string_view>

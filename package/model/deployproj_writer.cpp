@@ -2,7 +2,7 @@
 
 #include "package/common/delimited_list.h"
 #include "package/common/path_text.h"
-#include "package/model/repository_file.h"
+#include "package/host/api/repositoryfile.h"
 
 #include <algorithm>
 #include <string>

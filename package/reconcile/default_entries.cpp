@@ -18,9 +18,19 @@ TDeploymentFiles TDefaultEntries::OfClass(std::string_view className) const {
 
 std::shared_ptr<IProjectDeploymentFile> TDefaultEntries::AddOrUpdate(const TDefaultEntry& wanted) {
   const TDeploymentFiles present = OfClass(wanted.ClassName);
-  if (present.empty())
-    return Add(wanted);
-  const auto& entry = present.front();
+  return present.empty() ? Add(wanted) : Update(present.front(), wanted);
+}
+
+std::shared_ptr<IProjectDeploymentFile>
+TDefaultEntries::AddOrUpdateFile(const TDefaultEntry& wanted) {
+  const TDeploymentFiles present =
+      FDeployment.FindFiles(wanted.LocalName, FConfiguration, FPlatform, wanted.ClassName);
+  return present.empty() ? Add(wanted) : Update(present.front(), wanted);
+}
+
+std::shared_ptr<IProjectDeploymentFile>
+TDefaultEntries::Update(const std::shared_ptr<IProjectDeploymentFile>& entry,
+                        const TDefaultEntry& wanted) {
   DropEarlierClaim(wanted);
   const bool renamed = entry->GetLocalName() != wanted.LocalName;
   entry->SetLocalName(wanted.LocalName);
@@ -55,6 +65,8 @@ std::shared_ptr<IProjectDeploymentFile> TDefaultEntries::Make(const TDefaultEntr
   entry->SetDeploymentClass(wanted.ClassName);
   if (wanted.RemoteNameOnCreation)
     entry->SetRemoteName(FPlatform, *wanted.RemoteNameOnCreation);
+  if (wanted.RemoteDirOnCreation)
+    entry->SetRemoteDir(FPlatform, *wanted.RemoteDirOnCreation);
   entry->SetEnabled(FPlatform, wanted.EnabledOnCreation);
   WriteTargetValues(wanted, *entry);
   Claim(wanted, entry);

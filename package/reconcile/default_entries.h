@@ -5,11 +5,11 @@
 #include "package/host/api/reconcilejournal.h"
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace deployment {
@@ -32,6 +32,7 @@ struct TDefaultEntry {
   bool EnabledOnCreation = true;
   /// Written when the entry is made; one that exists keeps the name that the user may have given.
   std::optional<std::string> RemoteNameOnCreation = std::nullopt;
+  std::optional<std::string> RemoteDirOnCreation = std::nullopt;
   /// Written in any case.
   std::optional<std::string> RemoteName = std::nullopt;
   std::optional<std::string> RemoteDir = std::nullopt;
@@ -55,6 +56,8 @@ public:
   /// Makes the entry of that class, or gives the first one that exists its local name. Null when
   /// the file is the entry of another class so far; Finish decides then.
   std::shared_ptr<IProjectDeploymentFile> AddOrUpdate(const TDefaultEntry& wanted);
+  /// The same for a class with many files: an entry is the one wanted when its local name is.
+  std::shared_ptr<IProjectDeploymentFile> AddOrUpdateFile(const TDefaultEntry& wanted);
   /// Makes an entry whether or not the class has one; null as above.
   std::shared_ptr<IProjectDeploymentFile> Add(const TDefaultEntry& wanted);
   /// Says that an existing entry is wanted as it is.
@@ -77,6 +80,8 @@ private:
     std::weak_ptr<IProjectDeploymentFile> Entry;
   };
 
+  std::shared_ptr<IProjectDeploymentFile>
+  Update(const std::shared_ptr<IProjectDeploymentFile>& entry, const TDefaultEntry& wanted);
   std::shared_ptr<IProjectDeploymentFile> Make(const TDefaultEntry& wanted);
   std::shared_ptr<IProjectDeploymentFile> Holder(const std::string& localName) const;
   void FreeKey(std::string_view configuration, std::string_view platform,
@@ -94,7 +99,7 @@ private:
   IReconcileJournal* FJournal;
   TRoleConflictHandler FConflict;
   // By local name: what the steps wanted so far.
-  std::map<std::string, TClaim, std::less<>> FClaims;
+  std::unordered_map<std::string, TClaim> FClaims;
   std::vector<TDefaultEntry> FPutOff;
 };
 

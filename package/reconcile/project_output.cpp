@@ -4,6 +4,7 @@
 #include "package/reconcile/class_names.h"
 #include "package/reconcile/ios_defaults.h"
 #include "package/reconcile/osx_defaults.h"
+#include "package/reconcile/project_files.h"
 
 #include <array>
 
@@ -41,6 +42,10 @@ TReasonCause WhyNoAndroidDefaults(const TReconcileTarget& target) {
   return WhyNoMobileDefaults(target, target.Platform() == "Android");
 }
 
+TReasonCause WhyNoProjectFiles(const TReconcileTarget& target) {
+  return target.ApplicationKind() == "Application" ? TReasonCause::None : TReasonCause::WrongKind;
+}
+
 // A step behind the output: the reason why it does not run for a target, and its run.
 struct TDefaultStep {
   TReconcileStep Step;
@@ -49,10 +54,11 @@ struct TDefaultStep {
 };
 
 // In the order in which they run.
-constexpr std::array<TDefaultStep, 3> DefaultSteps{{
+constexpr std::array<TDefaultStep, 4> DefaultSteps{{
     {TReconcileStep::OSXDefaults, WhyNoOSXDefaults, ReconcileOSXDefaults},
     {TReconcileStep::iOSDefaults, WhyNoiOSDefaults, ReconcileiOSDefaults},
     {TReconcileStep::AndroidDefaults, WhyNoAndroidDefaults, ReconcileAndroidDefaults},
+    {TReconcileStep::ProjectFiles, WhyNoProjectFiles, ReconcileProjectFiles},
 }};
 
 std::shared_ptr<IProjectDeploymentFile> ReconcileOutputFile(TReconcileContext& context) {

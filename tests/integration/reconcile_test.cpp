@@ -350,10 +350,10 @@ TEST(Revert, GoesBackToTheDefaultsOfAPlatform) {
   ASSERT_EQ(place.Run({"set", "p.vproj", "p.exe", "-c", "Debug", "--enabled", "false"}).Status, 0);
   const TRun run = place.Run({"revert", "p.vproj"});
   EXPECT_EQ(run.Status, 0) << run.Errors;
-  EXPECT_EQ(run.Output, "modified p.exe [ProjectOutput] for Win32\n");
+  EXPECT_EQ(run.Output, "modified p.exe [ProjectOutput] for Debug, Win32\n");
   EXPECT_EQ(place.Run({"revert", "p.vproj"}).Output, "nothing to do\n");
   EXPECT_EQ(place.Run({"revert", "p.vproj", "--drop-added"}).Output,
-            "removed mine.dat [File] for Win32\n");
+            "removed mine.dat [File] for Debug, Win32\n");
 }
 
 TEST(Revert, AsADryRunChangesNothing) {

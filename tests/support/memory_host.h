@@ -226,6 +226,7 @@ public:
   IOTAPersonalityServices* GetPersonalityServices() override { return PersonalityServices; }
   IPlatformSDKServices* GetSDKServices() override { return SDKServices; }
   IAndroidToolServices* GetAndroidToolServices() override { return AndroidToolServices; }
+  IModalForms* GetModalForms() override { return ModalForms; }
   IOTARemoteProfileServices* GetRemoteProfileServices() override { return ProfileServices; }
   IProjectEvents* GetProjectEvents() override { return ProjectEvents; }
   IOTAEditorViewServices* GetEditorViewServices() override { return EditorViewServices; }
@@ -235,7 +236,7 @@ public:
   TMemoryIDEEvents Events;
   TMemoryGauntlet Gauntlet;
   TMemoryFileStorage FileStorage;
-  TMemoryXMLDocuments XMLDocuments;
+  TMemoryXMLDocuments XMLDocuments{Files};
   TMemoryProjectFileUtils ProjectFileUtils{Files};
   TMemoryFileUtils FileUtils{Files};
   TMemoryPlatforms PlatformManager;
@@ -249,6 +250,7 @@ public:
   IOTAPersonalityServices* PersonalityServices = nullptr;
   IPlatformSDKServices* SDKServices = nullptr;
   IAndroidToolServices* AndroidToolServices = nullptr;
+  IModalForms* ModalForms = nullptr;
   IOTARemoteProfileServices* ProfileServices = nullptr;
   IProjectEvents* ProjectEvents = nullptr;
   IOTAEditorViewServices* EditorViewServices = nullptr;

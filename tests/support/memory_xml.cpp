@@ -226,4 +226,11 @@ std::shared_ptr<IXMLDocument> TMemoryXMLDocuments::LoadXMLData(std::string_view 
   return std::make_shared<TMemoryXMLDocument>(ParseMemoryXML(text, name));
 }
 
+std::shared_ptr<IXMLDocument> TMemoryXMLDocuments::LoadXMLFile(std::string_view fileName) {
+  const auto found = FFiles.find(fileName);
+  if (found == FFiles.end())
+    throw TInputError("the file cannot be read", {std::string(fileName), 0});
+  return LoadXMLData(found->second, fileName);
+}
+
 } // namespace deployment

@@ -3,6 +3,7 @@
 
 #include "package/host/api/xml.h"
 
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -68,9 +69,17 @@ std::string EscapeMemoryXML(std::string_view text);
 /// Makes documents with ParseMemoryXML and keeps the names that it was asked for.
 class TMemoryXMLDocuments : public IXMLDocuments {
 public:
+  using TFiles = std::map<std::string, std::string, std::less<>>;
+
+  /// `files` must outlive the object.
+  explicit TMemoryXMLDocuments(const TFiles& files) : FFiles(files) {}
   std::shared_ptr<IXMLDocument> LoadXMLData(std::string_view text, std::string_view name) override;
+  std::shared_ptr<IXMLDocument> LoadXMLFile(std::string_view fileName) override;
 
   std::vector<std::string> Loaded;
+
+private:
+  const TFiles& FFiles;
 };
 
 } // namespace deployment

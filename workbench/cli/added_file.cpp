@@ -34,13 +34,13 @@ bool LeavesDirectory(const fs::path& relative) {
 // in it all the same; and ".." behind a link leads where the link points to.
 fs::path FromProject(const fs::path& given, const fs::path& directory) {
   const fs::path full = fs::absolute(given).lexically_normal();
-  const fs::path relative = full.lexically_relative(directory);
+  fs::path relative = full.lexically_relative(directory);
   if (!LeavesDirectory(relative))
     return relative;
   std::error_code error;
   const fs::path realDirectory = fs::canonical(directory, error);
   const fs::path realPlace = error ? fs::path() : fs::canonical(full.parent_path(), error);
-  const fs::path real = (realPlace / full.filename()).lexically_relative(realDirectory);
+  fs::path real = (realPlace / full.filename()).lexically_relative(realDirectory);
   if (!error && !real.empty())
     return real;
   return relative.empty() ? full : relative;

@@ -16,6 +16,7 @@ std::vector<std::unique_ptr<ICommand>> AllCommands() {
   commands.push_back(MakeReconcileCommand());
   commands.push_back(MakeRevertCommand());
   commands.push_back(MakeExplainCommand());
+  commands.push_back(MakeFeaturedCommand());
   commands.push_back(MakeUpgradeCommand());
   commands.push_back(MakeExportCommand());
   commands.push_back(MakeClassesCommand());

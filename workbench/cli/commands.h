@@ -15,6 +15,7 @@ std::unique_ptr<ICommand> MakeSetCommand();
 std::unique_ptr<ICommand> MakeReconcileCommand();
 std::unique_ptr<ICommand> MakeRevertCommand();
 std::unique_ptr<ICommand> MakeExplainCommand();
+std::unique_ptr<ICommand> MakeFeaturedCommand();
 std::unique_ptr<ICommand> MakeUpgradeCommand();
 std::unique_ptr<ICommand> MakeExportCommand();
 std::unique_ptr<ICommand> MakeClassesCommand();

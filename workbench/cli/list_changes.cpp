@@ -49,7 +49,10 @@ std::string ContentOf(IProjectDeploymentFile& file) {
 }
 
 TChangedEntry NameOf(const IProjectDeploymentFile& file) {
-  return {file.GetLocalName(), file.GetDeploymentClass()};
+  const std::string& configuration = file.GetConfiguration();
+  return {file.GetLocalName(), file.GetDeploymentClass(),
+          (configuration.empty() ? std::string(deployment::BaseConfiguration) : configuration) +
+              ", " + deployment::JoinDelimited(file.GetPlatforms(), ", ")};
 }
 
 // Takes pairs out of both lists that have the same key; tells of each.
@@ -113,7 +116,7 @@ private:
 TListChanges::TListChanges(deployment::IProjectDeployment& deployment)
     : FDeployment(deployment), FListener(std::make_shared<TListener>()) {
   for (const auto& file : deployment.GetFiles())
-    FBefore.push_back({file, NamesOf(*file), ContentOf(*file)});
+    FBefore.push_back({file, NamesOf(*file), ContentOf(*file), NameOf(*file)});
   FListenerIndex = deployment.AddNotifier(FListener);
 }
 
@@ -128,7 +131,7 @@ void TListChanges::StartTarget() {
 std::vector<TTargetChanges> TListChanges::Finish() {
   std::vector<TEntry> after;
   for (const auto& file : FDeployment.GetFiles())
-    after.push_back({file, NamesOf(*file), ContentOf(*file)});
+    after.push_back({file, NamesOf(*file), ContentOf(*file), NameOf(*file)});
   FindLost(after);
   return Compare(after);
 }
@@ -187,7 +190,7 @@ std::vector<TTargetChanges> TListChanges::Compare(const std::vector<TEntry>& aft
         NameOf(*file));
   for (const IProjectDeploymentFile* file : removed)
     changes[FListener->TargetOf(*file, TDeploymentItemAction::Removed)].Removed.push_back(
-        NameOf(*file));
+        entries.at(file)->Told);
   return changes;
 }
 
@@ -203,13 +206,12 @@ TJson ChangesAsJson(const TTargetChanges& changes) {
           {"removed", list(changes.Removed)}};
 }
 
-void PrintChanges(TOutput& output, const TTargetChanges& changes, const std::string& target,
-                  bool dryRun) {
+void PrintChanges(TOutput& output, const TTargetChanges& changes, bool dryRun) {
   const auto print = [&](const std::vector<TChangedEntry>& entries, const char* done,
                          const char* planned) {
     for (const TChangedEntry& entry : entries)
       output.Line(std::string(dryRun ? planned : done) + " " + Visible(entry.LocalName) + " [" +
-                  Visible(entry.ClassName) + "] for " + Visible(target));
+                  Visible(entry.ClassName) + "] for " + Visible(entry.Target));
   };
   print(changes.Added, "added", "would add");
   print(changes.Modified, "modified", "would modify");

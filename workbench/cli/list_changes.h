@@ -13,10 +13,11 @@
 
 namespace workbench {
 
-/// An entry, named as it is when the change is told.
+/// An entry, named as it is after the change, or before when it is gone.
 struct TChangedEntry {
   std::string LocalName;
   std::string ClassName;
+  std::string Target; ///< configuration and platforms, such as "Debug, Win32"
 };
 
 /// What changed with one target.
@@ -51,6 +52,7 @@ private:
     std::shared_ptr<deployment::IProjectDeploymentFile> File;
     std::string Names;   ///< what tells it from others
     std::string Content; ///< all that is stored of it
+    TChangedEntry Told;  ///< as a change of it is told
   };
   class TListener;
 
@@ -68,7 +70,6 @@ private:
 TJson ChangesAsJson(const TTargetChanges& changes);
 
 /// One line for each change, such as "added data\a.dat [File] for Debug, Win32".
-void PrintChanges(TOutput& output, const TTargetChanges& changes, const std::string& target,
-                  bool dryRun);
+void PrintChanges(TOutput& output, const TTargetChanges& changes, bool dryRun);
 
 } // namespace workbench

@@ -1,5 +1,5 @@
 // deploymgr reconcile: brings the default entries in line with the project's settings.
-#include "workbench/cli/change_report.h"
+#include "workbench/cli/asking_forms.h"
 #include "workbench/cli/command.h"
 #include "workbench/cli/commands.h"
 #include "workbench/cli/list_changes.h"
@@ -30,6 +30,7 @@ std::vector<TReconciledTarget*> InOrderOfRun(TCommandContext& context, TOpenProj
                                              std::vector<TReconciledTarget>& targets) {
   const std::string personality = project.Settings().Personality();
   std::vector<TReconciledTarget*> order;
+  order.reserve(targets.size());
   for (TReconciledTarget& target : targets)
     order.push_back(&target);
   std::stable_partition(order.begin(), order.end(), [&](const TReconciledTarget* target) {
@@ -69,7 +70,11 @@ public:
     TOpenProject& project =
         OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
     std::vector<TReconciledTarget> targets = Targets(context, project);
+    TAskingForms forms(context.Output);
+    if (context.Output.CanAsk() && !FChange.Yes && !FChange.DryRun)
+      context.Session.SetModalForms(&forms);
     Reconcile(context, project, targets);
+    context.Session.SetModalForms(nullptr);
     SaveIfChanged(context, project, targets);
     Report(context, targets);
     const bool noneDone =
@@ -117,7 +122,9 @@ private:
 
   void SaveIfChanged(TCommandContext& context, TOpenProject& project,
                      const std::vector<TReconciledTarget>& targets) const {
-    const bool same = std::all_of(targets.begin(), targets.end(),
+    // An answer about optional files is recorded in a property of the project.
+    const bool same = !project.HasPropertyChanges() &&
+                      std::all_of(targets.begin(), targets.end(),
                                   [](const auto& target) { return target.Changes.IsEmpty(); });
     if (same || FChange.DryRun)
       return;
@@ -138,7 +145,7 @@ private:
       const std::string name = target.Configuration + ", " + target.Platform;
       if (target.Result == TReconcileResult::CannotReconcile)
         context.Output.Warn({"the project cannot be reconciled for " + name, FProject, 0});
-      PrintChanges(context.Output, target.Changes, name, FChange.DryRun);
+      PrintChanges(context.Output, target.Changes, FChange.DryRun);
       nothing = nothing && target.Changes.IsEmpty();
     }
     if (context.Output.IsJson())

@@ -97,9 +97,7 @@ private:
       context.Output.Document(document);
       return;
     }
-    const std::string target =
-        platforms.size() == 1 ? platforms.front() : std::string("every platform");
-    PrintChanges(context.Output, changes, target, FChange.DryRun);
+    PrintChanges(context.Output, changes, FChange.DryRun);
     if (classesChanged)
       context.Output.Line(FChange.DryRun ? "would read the default classes again"
                                          : "read the default classes again");

@@ -54,6 +54,9 @@ public:
   TPersonalityServices* GetPersonalityServices() override { return &FPersonalities; }
   TSDKServices* GetSDKServices() override { return &FSDKs; }
   TAndroidToolServices* GetAndroidToolServices() override { return &FAndroidTools; }
+  deployment::IModalForms* GetModalForms() override { return FModalForms; }
+  /// Who shows dialogs from now on; null for nobody. Not owned.
+  void SetModalForms(deployment::IModalForms* forms) { FModalForms = forms; }
 
   // Services that this host does not have.
   deployment::IOTARemoteProfileServices* GetRemoteProfileServices() override { return nullptr; }
@@ -75,6 +78,7 @@ private:
   TPersonalityServices FPersonalities;
   TSDKServices FSDKs;
   TAndroidToolServices FAndroidTools;
+  deployment::IModalForms* FModalForms = nullptr;
   TAppStrings FAppStrings;
 };
 

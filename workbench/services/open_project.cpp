@@ -116,9 +116,13 @@ deployment::IProjectDeployment& TOpenProjectFile::Deployment() {
   return *deployment;
 }
 
+bool TOpenProjectFile::HasPropertyChanges() const {
+  return FModule->Document().HasPropertyChanges();
+}
+
 bool TOpenProjectFile::HasChanges() const {
   const auto* deployment = FModule->GetProjectDeployment();
-  return FMarkedChanged || FListener->Changed || FModule->Document().HasPropertyChanges() ||
+  return FMarkedChanged || FListener->Changed || HasPropertyChanges() ||
          (FWasEmpty && deployment && !deployment->IsEmpty());
 }
 

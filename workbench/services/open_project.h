@@ -28,6 +28,7 @@ public:
   bool WasUpgraded() const override { return FWasUpgraded; }
   const std::vector<TWarning>& Warnings() const override;
   bool HasChanges() const override;
+  bool HasPropertyChanges() const override;
   void MarkChanged() override { FMarkedChanged = true; }
   TSaveReport Save(bool force) override;
   bool SaveProjectFile(bool force) override;

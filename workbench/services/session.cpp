@@ -99,6 +99,10 @@ void TSession::Create(const std::filesystem::path& file, std::string_view projec
   SaveFile(request);
 }
 
+void TSession::SetModalForms(deployment::IModalForms* forms) {
+  FParts->Services.SetModalForms(forms);
+}
+
 const TPlatformTable& TSession::Platforms() const {
   return FParts->Platforms;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "package/host/api/deploymentapi.h"
+#include "package/host/api/forms.h"
 #include "package/host/api/toolsapi.h"
 
 #include <filesystem>
@@ -63,6 +64,8 @@ public:
 
   /// True when the deployment changed since it was read or saved.
   virtual bool HasChanges() const = 0;
+  /// True when properties of the project wait for a save.
+  virtual bool HasPropertyChanges() const = 0;
   /// Says that the deployment changed in a way that listeners do not hear of.
   virtual void MarkChanged() = 0;
 
@@ -95,6 +98,9 @@ public:
   void Create(const std::filesystem::path& file, std::string_view projectText);
   /// Closes it without saving.
   void Close(TOpenProject& project);
+
+  /// Who shows dialogs of the package from now on; null, as at the start, for nobody. Not owned.
+  void SetModalForms(deployment::IModalForms* forms);
 
   const TPlatformTable& Platforms() const;
   /// The user's settings.

@@ -14,6 +14,7 @@
 
 namespace deployment {
 
+class IFeatureFileForm;
 class IOTAProject;
 class IProjectDeployment;
 class IReconcileJournal;
@@ -282,6 +283,14 @@ public:
   /// classes again and reconciles all configurations of the platforms. Throws what reading the
   /// defaults throws; then nothing has changed.
   virtual void Revert(std::span<const std::string> platforms, bool keepAddedFiles) = 0;
+
+  /// The dialog of optional files for an extension with its dot: what it holds, for who wants to
+  /// look without showing it. Empty means every feature. The form is good as long as the project.
+  /// Throws TInputError when the catalog cannot be understood.
+  virtual std::shared_ptr<const IFeatureFileForm> GetFeaturedFiles(std::string_view extension) = 0;
+  /// Shows the dialog of all optional files and applies what is chosen. `showAuto` is its box "Show
+  /// automatically when required". Throws as above; nothing has changed then.
+  virtual void ModifyFeaturedFiles(bool& showAuto) = 0;
 
   /// Writes "<project>.deployproj" beside the project file. Throws what the host's save throws.
   virtual void SaveToDeployProj() = 0;

@@ -4,6 +4,7 @@
 #include "package/host/api/appstrs.h"
 #include "package/host/api/docmodul.h"
 #include "package/host/api/envoptions.h"
+#include "package/host/api/forms.h"
 #include "package/host/api/ideintf.h"
 #include "package/host/api/macroutils.h"
 #include "package/host/api/node.h"
@@ -60,6 +61,8 @@ public:
   virtual IOTAPersonalityServices* GetPersonalityServices() = 0;
   virtual IPlatformSDKServices* GetSDKServices() = 0;
   virtual IAndroidToolServices* GetAndroidToolServices() = 0;
+  /// Null where nobody can answer a dialog.
+  virtual IModalForms* GetModalForms() = 0;
   virtual IOTARemoteProfileServices* GetRemoteProfileServices() = 0;
   virtual IProjectEvents* GetProjectEvents() = 0;
   virtual IOTAEditorViewServices* GetEditorViewServices() = 0;

@@ -17,6 +17,8 @@ class IOTAProjectPlatforms {
 public:
   virtual ~IOTAProjectPlatforms() = default;
   virtual std::string GetActivePlatform() const = 0;
+  /// True when the project lets its active platform be changed.
+  virtual bool CanSetActivePlatform() const { return true; }
   /// False when the project does not let its active platform be changed.
   virtual bool SetActivePlatform(std::string_view platform) = 0;
   /// Names in the project's order.

@@ -11,7 +11,7 @@
 
 namespace deployment {
 
-class IFrame;
+class IControls;
 
 /// A listener of one module. The module shares ownership while it is registered.
 class IOTAModuleNotifier {
@@ -89,24 +89,53 @@ public:
   virtual IEnvironmentService* GetEnvironmentService(std::string_view personality) = 0;
 };
 
+/// A form's content that a host shows; the host owns it. Its controls are those that the host gave
+/// it when it was made.
+class IFrame {
+public:
+  virtual ~IFrame() = default;
+  /// Name of the component, its own among the frames that are open.
+  virtual std::string GetName() const = 0;
+};
+
+/// Editing commands of the host's menu.
+enum class TEditAction { Undo, Redo, Cut, Copy, Paste, Delete, SelectAll };
+
 /// A view that the package shows in the editor area. Implemented by the package.
 class INTACustomEditorView {
 public:
   virtual ~INTACustomEditorView() = default;
+  /// A second view of the same thing; null when there can be one only.
+  virtual std::shared_ptr<INTACustomEditorView> CloneView() = 0;
+  /// The host has shown the view for the first time.
+  virtual void ViewShown() = 0;
   virtual std::string GetCaption() const = 0;
   virtual std::string GetEditorWindowCaption() const = 0;
   /// Kept in the user's window layout; never changes.
   virtual std::string GetViewIdentifier() const = 0;
+  /// The editing commands that the view can carry out now.
+  virtual std::vector<TEditAction> GetEditState() const = 0;
+  /// True when the view carried the command out.
+  virtual bool EditAction(TEditAction action) = 0;
+  /// Asked before the view is closed.
   virtual bool CanClose() const = 0;
-  /// Makes the frame that the host shows; the host owns it.
-  virtual std::unique_ptr<IFrame> CreateFrame() = 0;
+  /// The view came to the front, and left it again.
+  virtual void ViewActivated() = 0;
+  virtual void ViewDeactivated() = 0;
+  /// Makes the frame with the controls of the window that will show it. The host owns the frame
+  /// and destroys it before the controls and before it lets go of the view.
+  virtual std::unique_ptr<IFrame> CreateFrame(IControls& controls) = 0;
+  /// Told once the host holds the frame that CreateFrame made.
+  virtual void FrameCreated(IFrame& frame) = 0;
 };
 
 /// What later hosts ask of a view besides.
 class INTACustomEditorView150 : public INTACustomEditorView {
 public:
   virtual int GetImageIndex() const = 0;
+  /// Empty: no hint.
   virtual std::string GetTabHintText() const = 0;
+  /// Asked before the view's tab is closed.
   virtual bool CanCloseTab() const = 0;
 };
 
@@ -116,6 +145,7 @@ public:
   virtual ~IOTAEditorViewServices() = default;
   /// Shows the view, or brings it forward when it is shown.
   virtual void ShowEditorView(const std::shared_ptr<INTACustomEditorView>& view) = 0;
+  /// Closes the view and lets go of it; one that is not shown is ignored.
   virtual void CloseEditorView(const std::shared_ptr<INTACustomEditorView>& view) = 0;
 };
 

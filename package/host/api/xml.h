@@ -65,6 +65,8 @@ public:
   /// well-formed XML or breaks a limit of the host.
   virtual std::shared_ptr<IXMLDocument> LoadXMLData(std::string_view text,
                                                     std::string_view name) = 0;
+  /// Reads and parses a file. Throws as above, and when the file cannot be read.
+  virtual std::shared_ptr<IXMLDocument> LoadXMLFile(std::string_view fileName) = 0;
 };
 
 } // namespace deployment

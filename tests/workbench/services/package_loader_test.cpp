@@ -32,6 +32,7 @@ public:
   IOTAPersonalityServices* GetPersonalityServices() override { return nullptr; }
   IPlatformSDKServices* GetSDKServices() override { return nullptr; }
   IAndroidToolServices* GetAndroidToolServices() override { return nullptr; }
+  IModalForms* GetModalForms() override { return nullptr; }
   IOTARemoteProfileServices* GetRemoteProfileServices() override { return nullptr; }
   IProjectEvents* GetProjectEvents() override { return nullptr; }
   IOTAEditorViewServices* GetEditorViewServices() override { return nullptr; }

@@ -1,4 +1,4 @@
-#include "package/model/repository_file.h"
+#include "package/host/api/repositoryfile.h"
 
 #include "package/common/path_text.h"
 
