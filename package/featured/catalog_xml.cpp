@@ -8,13 +8,13 @@ bool IsElement(const IXMLNode& node, std::string_view name) {
   return node.NodeName() == name || SameText(node.NodeName(), name);
 }
 
-std::string CatalogAttribute(const IXMLNode& node, std::string_view name) {
+std::string_view CatalogAttribute(const IXMLNode& node, std::string_view name) {
   if (const auto value = node.GetAttribute(name))
-    return std::string(*value);
+    return *value;
   for (std::size_t i = 0; i < node.AttributeCount(); ++i) {
     const std::string_view attribute = node.AttributeName(i);
     if (SameText(attribute, name))
-      return std::string(node.GetAttribute(attribute).value_or(""));
+      return node.GetAttribute(attribute).value_or("");
   }
   return {};
 }

@@ -10,8 +10,8 @@ namespace deployment {
 
 bool IsElement(const IXMLNode& node, std::string_view name);
 
-/// Empty when the element does not carry it.
-std::string CatalogAttribute(const IXMLNode& node, std::string_view name);
+/// Empty when the element does not carry it. Good until the element is changed.
+std::string_view CatalogAttribute(const IXMLNode& node, std::string_view name);
 
 /// The text of an element that holds nothing but text. Throws TInputError for one with children.
 std::string PlainText(const IXMLNode& node);

@@ -15,8 +15,7 @@ TDeployFile::TDeployFile(IXMLNode& node)
 }
 
 void TDeployFile::ReadPlatform(IXMLNode& node) {
-  const std::string platform = CatalogAttribute(node, "Name");
-  FPlatforms.push_back(platform);
+  const std::string& platform = FPlatforms.emplace_back(CatalogAttribute(node, "Name"));
   if (!node.HasChildren() && Trimmed(node.Text()).empty())
     return;
   IXMLNode* directory = node.FirstChild();

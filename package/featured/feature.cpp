@@ -6,8 +6,7 @@
 namespace deployment {
 
 TFeature::TFeature(IXMLNode& node) {
-  const std::string classes = CatalogAttribute(node, "FeatureClass");
-  for (const std::string_view name : SplitDelimited(classes))
+  for (const std::string_view name : SplitDelimited(CatalogAttribute(node, "FeatureClass")))
     FFeaturesClasses.emplace_back(name);
   for (IXMLNode* child = node.FirstChild(); child; child = child->NextSibling()) {
     if (IsElement(*child, "Title"))

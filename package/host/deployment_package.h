@@ -23,6 +23,7 @@ public:
 
   /// When a unit throws, the units before it are finalized again and the error goes on.
   void Start() override;
+  void IDERegister() override { deployment::IDERegister(FUnits); }
   void Stop() override;
 
 private:

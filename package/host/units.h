@@ -2,8 +2,13 @@
 #pragma once
 
 #include "package/host/api/ideservices.h"
+#include "package/host/deploy_data_module.h"
+#include "package/host/deploy_reg.h"
+#include "package/host/deploy_strs.h"
+#include "package/host/deployment_window.h"
 #include "package/model/deployment_unit.h"
 
+#include <memory>
 #include <span>
 #include <string_view>
 
@@ -12,9 +17,16 @@ namespace deployment {
 /// The unit-level objects of one loaded package.
 struct TPackageUnits {
   /// `host` must outlive the units.
-  explicit TPackageUnits(VelmorIDEServices& host) : DeploymentImpl(host) {}
+  explicit TPackageUnits(VelmorIDEServices& host)
+      : Host(host), DeploymentImpl(host), Views(std::make_shared<TViewContext>(host)) {}
 
+  VelmorIDEServices& Host;
   TDeploymentImplUnit DeploymentImpl;
+  /// Threads of the unit "DeploymentMgrFrame" and registry of the unit "DeploymentWindow".
+  std::shared_ptr<TViewContext> Views;
+  TDeployStrs DeployStrs;
+  TDeployDataModule DeployDataModule;
+  TDeployReg DeployReg;
 };
 
 /// A row of the start-up table.
@@ -26,5 +38,8 @@ struct TUnit {
 
 /// All units in the order of their initialization; they are finalized in the reverse one.
 std::span<const TUnit> StartUpTable();
+
+/// Registers the package with its host; nothing happens when it is registered.
+void IDERegister(TPackageUnits& units);
 
 } // namespace deployment

@@ -43,7 +43,7 @@ TDefaultEntries::Update(const std::shared_ptr<IProjectDeploymentFile>& entry,
 
 std::shared_ptr<IProjectDeploymentFile> TDefaultEntries::Add(const TDefaultEntry& wanted) {
   const auto holder = Holder(wanted.LocalName);
-  const bool isClaimed = FClaims.contains(wanted.LocalName);
+  const bool isClaimed = FClaims.contains(std::string_view(wanted.LocalName));
   if (holder && !isClaimed && !SameText(holder->GetDeploymentClass(), wanted.ClassName)) {
     // A later step may want the file for the class that it has now; then it stays as it is.
     FPutOff.push_back(wanted);
@@ -102,7 +102,7 @@ void TDefaultEntries::Skip(std::string_view className, std::string_view localNam
 
 void TDefaultEntries::Finish() {
   for (const TDefaultEntry& wanted : std::exchange(FPutOff, {})) {
-    const auto claim = FClaims.find(wanted.LocalName);
+    const auto claim = FClaims.find(std::string_view(wanted.LocalName));
     if (claim == FClaims.end()) {
       Make(wanted);
       continue;
@@ -142,11 +142,11 @@ void TDefaultEntries::FreeKey(std::string_view configuration, std::string_view p
 
 void TDefaultEntries::Claim(const TDefaultEntry& wanted,
                             const std::shared_ptr<IProjectDeploymentFile>& entry) {
-  FClaims.insert_or_assign(wanted.LocalName, TClaim{wanted.ClassName, entry});
+  FClaims.insert_or_assign(std::pmr::string(wanted.LocalName), TClaim{wanted.ClassName, entry});
 }
 
 void TDefaultEntries::DropEarlierClaim(const TDefaultEntry& wanted) {
-  const auto claim = FClaims.find(wanted.LocalName);
+  const auto claim = FClaims.find(std::string_view(wanted.LocalName));
   if (claim == FClaims.end() || SameText(claim->second.ClassName, wanted.ClassName))
     return;
   FConflict(wanted.LocalName, claim->second.ClassName, wanted.ClassName);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory_resource>
 #include <unordered_set>
 
 namespace deployment {
@@ -20,76 +21,133 @@ TEntryReason BelongsToProject(TReasonCause cause = TReasonCause::None) {
   return {TReconcileStep::ProjectFiles, TReasonSource::ProjectFileList, {}, {}, cause};
 }
 
+struct TFoldedHash {
+  std::size_t operator()(std::string_view text) const { return HashText(text); }
+};
+struct TFoldedEqual {
+  bool operator()(std::string_view left, std::string_view right) const {
+    return SameText(left, right);
+  }
+};
+
+// Local names of the files in their order; one block of memory after the other holds them.
+using TLocalNames = std::pmr::vector<std::pmr::string>;
+
+// The files of the project, asked by the local name of an entry.
+class TListedFiles {
+public:
+  // Both lists are parallel and must outlive the object.
+  TListedFiles(const std::vector<std::string>& files, const TLocalNames& localNames);
+
+  // An entry whose name was written in another way is found by its full path.
+  bool Contains(std::string_view localName, const IFileUtils& files, std::string_view projectFile);
+
+private:
+  static std::pmr::string KeyOf(std::string_view path) {
+    return std::pmr::string(UpperCase(CanonicalizePath(path)));
+  }
+
+  const std::vector<std::string>& FFiles;
+  std::pmr::monotonic_buffer_resource FMemory;
+  std::pmr::unordered_set<std::string_view, TFoldedHash, TFoldedEqual> FLocalNames{&FMemory};
+  std::pmr::unordered_set<std::pmr::string> FPaths{&FMemory}; // filled for an unknown local name
+};
+
+TListedFiles::TListedFiles(const std::vector<std::string>& files, const TLocalNames& localNames)
+    : FFiles(files) {
+  FLocalNames.reserve(localNames.size());
+  for (const std::pmr::string& name : localNames) {
+    if (!name.empty())
+      FLocalNames.insert(name);
+  }
+}
+
+bool TListedFiles::Contains(std::string_view localName, const IFileUtils& files,
+                            std::string_view projectFile) {
+  if (FLocalNames.contains(localName))
+    return true;
+  if (FPaths.empty()) {
+    for (const std::string& file : FFiles)
+      FPaths.insert(KeyOf(file));
+  }
+  return FPaths.contains(KeyOf(files.QualifyPath(localName, projectFile)));
+}
+
 class TProjectFileStep {
 public:
-  explicit TProjectFileStep(TReconcileContext& context)
-      : FContext(context), FTarget(context.Target),
-        FProjectFile(FTarget.Project().GetProjectFileName()),
-        FFiles(FTarget.Project().GetCompleteFileList()) {}
+  explicit TProjectFileStep(TReconcileContext& context);
 
   void Run();
 
 private:
-  std::string KeyOf(std::string_view path) const;
   void RemoveStaleEntries();
-  void ReconcileFile(const std::string& file);
+  void ReconcileFile(std::string_view file, std::string_view localName);
   void OfferFeatures(std::string_view extension);
 
   TReconcileContext& FContext;
   const TReconcileTarget& FTarget;
   const std::string FProjectFile;
   const std::vector<std::string> FFiles;
+  std::pmr::monotonic_buffer_resource FMemory;
+  TLocalNames FLocalNames{&FMemory};        // of FFiles; empty for an empty one
+  TDefaultEntry FWanted;                    // with the local name of the file at hand
   std::unordered_set<std::string> FOffered; // extensions
   bool FCanOffer = true;
 };
 
+TProjectFileStep::TProjectFileStep(TReconcileContext& context)
+    : FContext(context), FTarget(context.Target),
+      FProjectFile(FTarget.Project().GetProjectFileName()),
+      FFiles(FTarget.Project().GetCompleteFileList()), FWanted{
+                                                           std::string(class_names::ProjectFile),
+                                                           {},
+                                                           BelongsToProject()} {
+  FWanted.RemoteDirOnCreation = FTarget.GetDefaultPlatformRemoteDir(FTarget.Platform());
+  const IFileUtils& files = FTarget.Services().GetFileUtils();
+  FLocalNames.reserve(FFiles.size());
+  for (const std::string& file : FFiles)
+    FLocalNames.emplace_back(
+        file.empty() ? file : files.MakeRelativePath(file, DirectoryPart(FProjectFile)));
+}
+
 void TProjectFileStep::Run() {
   bool isFirst = true;
-  for (const std::string& file : FFiles) {
-    if (file.empty())
+  for (std::size_t i = 0; i < FFiles.size(); ++i) {
+    if (FFiles[i].empty())
       continue;
     // With the first file, so that a project without files keeps its entries.
     if (isFirst)
       RemoveStaleEntries();
     isFirst = false;
-    ReconcileFile(file);
+    ReconcileFile(FFiles[i], FLocalNames[i]);
   }
 }
 
-// One file of the project has one key, however it is written.
-std::string TProjectFileStep::KeyOf(std::string_view path) const {
-  return UpperCase(CanonicalizePath(path));
-}
-
 void TProjectFileStep::RemoveStaleEntries() {
-  std::unordered_set<std::string> listed;
-  for (const std::string& file : FFiles)
-    listed.insert(KeyOf(file));
+  TListedFiles listed(FFiles, FLocalNames);
   const IFileUtils& files = FTarget.Services().GetFileUtils();
   for (const auto& entry : FContext.Entries.OfClass(class_names::ProjectFile)) {
-    if (!listed.contains(KeyOf(files.QualifyPath(entry->GetLocalName(), FProjectFile))))
+    if (!listed.Contains(entry->GetLocalName(), files, FProjectFile))
       FContext.Entries.Remove(entry, BelongsToProject(TReasonCause::NoLongerNamed));
   }
 }
 
-void TProjectFileStep::ReconcileFile(const std::string& file) {
-  const std::string localName =
-      FTarget.Services().GetFileUtils().MakeRelativePath(file, DirectoryPart(FProjectFile));
+void TProjectFileStep::ReconcileFile(std::string_view file, std::string_view localName) {
   const std::string_view extension = ExtensionPart(file);
   if (std::find(ExcludedExtensions.begin(), ExcludedExtensions.end(), extension) !=
       ExcludedExtensions.end())
     return FContext.Entries.Skip(class_names::ProjectFile, localName,
                                  BelongsToProject(TReasonCause::ExcludedExtension));
-  TDefaultEntry wanted{std::string(class_names::ProjectFile), localName, BelongsToProject()};
-  wanted.RemoteDirOnCreation = FTarget.GetDefaultPlatformRemoteDir(FTarget.Platform());
-  FContext.Entries.AddOrUpdateFile(wanted);
+  FWanted.LocalName = localName;
+  FContext.Entries.AddOrUpdateFile(FWanted);
   OfferFeatures(extension);
 }
 
 // Once for each extension: what was answered is recorded in the project.
 void TProjectFileStep::OfferFeatures(std::string_view extension) {
   std::string lowered = LowerCaseAscii(extension);
-  if (!FCanOffer || !FOffered.insert(lowered).second)
+  // No feature goes with a file without one, and no answer about it could be recorded.
+  if (lowered.empty() || !FCanOffer || !FOffered.insert(lowered).second)
     return;
   VelmorIDEServices& host = FTarget.Services();
   ISettingsStore& settings = host.GetSettings();

@@ -11,9 +11,12 @@ set(may_see_package/model ${foundation} package/featured package/reconcile)
 set(may_see_package/view ${foundation} package/featured package/reconcile)
 set(may_see_package/host ${foundation} package/featured package/reconcile package/model
     package/view)
-set(may_see_workbench ${foundation})
+set(may_see_workbench/files ${foundation})
+set(may_see_workbench/platforms ${foundation})
+set(may_see_workbench/remote ${foundation} workbench/files workbench/platforms)
+set(may_see_workbench ${foundation} workbench/files workbench/platforms workbench/remote)
 set(floors package/common package/host/api package/featured package/reconcile package/model
-    package/view package/host workbench)
+    package/view package/host workbench workbench/files workbench/platforms workbench/remote)
 
 function(floor_of path result)
   set(best "")

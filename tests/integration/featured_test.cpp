@@ -135,6 +135,18 @@ TEST_F(Featured, AreMixedWhenOnePlatformIsMissing) {
   EXPECT_EQ(StateOf(Place, "Bright stars"), "mixed");
 }
 
+TEST_F(Featured, OfAProjectWithoutConfigurationsAreNotTaken) {
+  Place.Write("p.vproj", "<Project xmlns=\"http://schemas.microsoft.com/developer/msbuild/2003\">"
+                         "<ItemGroup><TargetPlatform Include=\"Win32\"/></ItemGroup></Project>");
+  const TRun list = Place.Run({"featured", "p.vproj", "--extension", ".ttf"});
+  EXPECT_EQ(list.Output, "unchecked  Text fonts  [Typography]\n");
+  EXPECT_EQ(list.Errors, "deploymgr: p.vproj: warning: the project has no configuration but Base, "
+                         "so it takes no optional files\n");
+  const std::string before = Place.Read("p.vproj");
+  EXPECT_EQ(Place.Run({"featured", "p.vproj", "--choose", "Text fonts"}).Output, "nothing to do\n");
+  EXPECT_EQ(Place.Read("p.vproj"), before);
+}
+
 TEST_F(Featured, ChangeNothingInADryRun) {
   const std::string before = Place.Read(Chart);
   const TRun run = Place.Run({"featured", Chart, "--choose", "Text fonts", "--dry-run"});
@@ -183,6 +195,12 @@ TEST_F(Featured, CatalogWithAMistakeIsReportedByAReconcileWhichGoesOn) {
       << run.Errors;
   EXPECT_NE(run.Output.find("added data\\levels.dat [ProjectFile]"), std::string::npos);
   EXPECT_EQ(Place.Read(Chart).find("FeatureFilesAdded"), std::string::npos);
+}
+
+TEST_F(Featured, CatalogWithAMistakeIsReportedOnceForAllTargets) {
+  const TRun run = RunWith("no XML", {"reconcile", Chart, "--all"});
+  EXPECT_EQ(run.Status, 0);
+  EXPECT_EQ(CountOf(run.Errors, "no optional files are offered"), 1U) << run.Errors;
 }
 
 TEST_F(Featured, AreNotOfferedWhereNobodyCanAnswer) {

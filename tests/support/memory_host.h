@@ -133,11 +133,15 @@ struct TMemoryPlatform : IPlatform {
   std::string GetOutputExtension(std::string_view kind) const override {
     return Named(Extensions, kind);
   }
-  bool RequiresProfile(std::string_view) const override { return false; }
-  bool PersonalityRequiresProfile(std::string_view) const override { return false; }
+  bool RequiresProfile(std::string_view) const override { return NeedsProfile; }
+  bool PersonalityRequiresProfile(std::string_view personality) const override {
+    return PersonalityWithProfile == personality;
+  }
 
   std::string Name;
   bool Mobile = false;
+  bool NeedsProfile = false;
+  std::string PersonalityWithProfile; ///< the one whose projects need a profile here
   std::string DefaultRemoteDir;
   std::map<std::string, std::string, std::less<>> Prefixes;   ///< by kind of output
   std::map<std::string, std::string, std::less<>> Extensions; ///< by kind of output

@@ -25,7 +25,9 @@ void ForEachNotifier(std::vector<std::shared_ptr<IOTAModuleNotifier>>& notifiers
 } // namespace
 
 std::vector<const IOTABuildConfiguration*> TMemoryOptions::GetConfigurations() const {
-  return {&Base, &Debug};
+  std::vector<const IOTABuildConfiguration*> configurations{&Base, &Debug};
+  configurations.insert(configurations.end(), Further.begin(), Further.end());
+  return configurations;
 }
 
 std::string TMemoryOptions::GetOptionValue(std::string_view configuration,

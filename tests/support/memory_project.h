@@ -41,6 +41,7 @@ public:
 
   TMemoryConfiguration Base{"Base", nullptr};
   TMemoryConfiguration Debug{"Debug", &Base};
+  std::vector<const IOTABuildConfiguration*> Further; ///< behind these two; not owned
   std::map<std::string, std::string> Values;
   std::map<std::string, std::string> BaseProperties;
 };
@@ -49,6 +50,7 @@ public:
 class TMemoryProjectPlatforms : public IOTAProjectPlatforms {
 public:
   std::string GetActivePlatform() const override { return Active; }
+  bool CanSetActivePlatform() const override { return MayChange; }
   bool SetActivePlatform(std::string_view platform) override;
   std::vector<std::string> GetSupportedPlatforms() const override { return Supported; }
   std::string GetProfileName(std::string_view platform) const override;
@@ -122,7 +124,9 @@ public:
   IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override {
     return HasOptions ? &Options : nullptr;
   }
-  IOTAProjectPlatforms* GetProjectPlatforms() override { return &Platforms; }
+  IOTAProjectPlatforms* GetProjectPlatforms() override {
+    return HasPlatforms ? &Platforms : nullptr;
+  }
   IPlatformOptions* GetPlatformOptions() override {
     return HasPlatformOptions ? &PlatformOptions : nullptr;
   }
@@ -158,6 +162,7 @@ public:
   std::string BaseName;   ///< empty: the module's name
   std::string OutputKind; ///< empty: the application type
   bool HasOptions = true;
+  bool HasPlatforms = true;
   bool HasPlatformOptions = false;
   bool HasBuildOptions = false;
   TMemoryOptions Options;

@@ -24,6 +24,8 @@ inline constexpr int WorkFailed = 1;
 inline constexpr int WrongUsage = 2;
 inline constexpr int UnreadableInput = 3;
 inline constexpr int CannotReconcile = 4;
+inline constexpr int NoConnection = 5;
+inline constexpr int NoConsent = 6;
 } // namespace exit_status
 
 /// The command line asks for what cannot be.
@@ -36,6 +38,16 @@ public:
 class TWorkError : public std::runtime_error {
 public:
   using std::runtime_error::runtime_error;
+};
+
+/// The work could not be done, for a reason that has an exit status of its own.
+class TExitError : public std::runtime_error {
+public:
+  TExitError(int status, const std::string& text) : std::runtime_error(text), FStatus(status) {}
+  int Status() const { return FStatus; }
+
+private:
+  int FStatus;
 };
 
 /// Options that every command takes.
@@ -73,8 +85,8 @@ public:
   virtual std::string Summary() const = 0;
   /// Declares the command's own options and arguments.
   virtual void AddOptions(CLI::App& app) = 0;
-  /// Does the work; returns the exit status. Throws TUsageError, TWorkError, TInputError and
-  /// TSaveError.
+  /// Does the work; returns the exit status. Throws TUsageError, TWorkError, TExitError,
+  /// TInputError and TSaveError.
   virtual int Run(TCommandContext& context) = 0;
 };
 

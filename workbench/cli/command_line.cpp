@@ -165,6 +165,8 @@ int Reported(TOutput& output, TAction action) {
   } catch (const deployment::TInputError& error) {
     return Report(output, {exit_status::UnreadableInput, error.what(), error.Place().File,
                            error.Place().Line, false});
+  } catch (const TExitError& error) {
+    return Report(output, {error.Status(), error.what(), {}, 0, false});
   } catch (const TSaveError& error) {
     return Report(output, {exit_status::WorkFailed, error.what(), error.File().string(), 0, true});
   } catch (const std::exception& error) {

@@ -9,6 +9,8 @@ namespace workbench {
 
 std::unique_ptr<ICommand> MakeNewCommand();
 std::unique_ptr<ICommand> MakeShowCommand();
+std::unique_ptr<ICommand> MakeListCommand();
+std::unique_ptr<ICommand> MakeStatusCommand();
 std::unique_ptr<ICommand> MakeAddCommand();
 std::unique_ptr<ICommand> MakeRemoveCommand();
 std::unique_ptr<ICommand> MakeSetCommand();
@@ -16,6 +18,8 @@ std::unique_ptr<ICommand> MakeReconcileCommand();
 std::unique_ptr<ICommand> MakeRevertCommand();
 std::unique_ptr<ICommand> MakeExplainCommand();
 std::unique_ptr<ICommand> MakeFeaturedCommand();
+std::unique_ptr<ICommand> MakeProfileCommand();
+std::unique_ptr<ICommand> MakeDeployCommand();
 std::unique_ptr<ICommand> MakeUpgradeCommand();
 std::unique_ptr<ICommand> MakeExportCommand();
 std::unique_ptr<ICommand> MakeClassesCommand();

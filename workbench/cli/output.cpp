@@ -45,7 +45,7 @@ std::size_t HiddenLength(std::string_view text) {
     return 1;
   if (byte == 0xC2 && text.size() > 1 && static_cast<unsigned char>(text[1]) < 0xA0)
     return 2;
-  return MarkLength(text);
+  return byte == 0xD8 || byte == 0xE2 ? MarkLength(text) : 0;
 }
 
 } // namespace
@@ -72,8 +72,8 @@ std::string Visible(std::string_view text) {
 }
 
 TOutput::TOutput(bool json, bool quiet, bool noColor)
-    : FJson(json), FQuiet(quiet),
-      FColor(!noColor && !WantsNoColor() && ::isatty(STDOUT_FILENO) == 1) {}
+    : FJson(json), FQuiet(quiet), FTerminal(::isatty(STDOUT_FILENO) == 1),
+      FColor(!noColor && !WantsNoColor() && FTerminal) {}
 
 bool TOutput::CanAsk() const {
   return !FQuiet && ::isatty(STDIN_FILENO) == 1;

@@ -44,6 +44,8 @@ public:
 
   bool IsJson() const { return FJson; }
   bool IsQuiet() const { return FQuiet; }
+  /// True when a person reads the result as it comes.
+  bool IsTerminal() const { return FTerminal; }
   /// True when a person can be asked.
   bool CanAsk() const;
   /// Asks a question; `several` offers an answer for this and all further ones.
@@ -67,6 +69,7 @@ public:
 private:
   bool FJson;
   bool FQuiet;
+  bool FTerminal;
   bool FColor;
   bool FFailed = false;
 };

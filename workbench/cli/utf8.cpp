@@ -1,5 +1,6 @@
 #include "workbench/cli/utf8.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -29,6 +30,11 @@ bool IsUtf8(std::string_view text) {
     i += length;
   }
   return true;
+}
+
+std::size_t CodePointCount(std::string_view text) {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
 } // namespace workbench

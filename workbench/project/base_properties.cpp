@@ -34,20 +34,40 @@ void TBasePropertyChanges::Set(std::string_view name, std::string_view value) {
   TXmlElement* property = FindProperty(name);
   if (!property) {
     TXmlElement* group = NextGroup(FRoot.FirstChild());
-    if (!group) {
-      FNewGroupLayout = LayoutForChild(FSource, FRoot);
-      group = FNewGroup = &FRoot.AddChild("PropertyGroup");
-    }
-    property = &AddProperty(*group, name);
-  } else if (property->Text() != value && property->StandsInSource() &&
-             std::find(FChanged.begin(), FChanged.end(), property) == FChanged.end()) {
-    FChanged.push_back(property);
+    property = &AddProperty(group ? *group : AddGroup("PropertyGroup"), name);
   }
-  property->SetText(value);
+  SetText(*property, value);
+}
+
+void TBasePropertyChanges::SetChild(TXmlElement& parent, std::string_view name,
+                                    std::string_view value) {
+  TXmlElement* found = nullptr;
+  for (TXmlElement* child = parent.FirstChild(); child; child = child->NextSibling()) {
+    if (deployment::SameText(child->NodeName(), name))
+      found = child;
+  }
+  if (!found && value.empty())
+    return;
+  SetText(found ? *found : AddProperty(parent, name), value);
+}
+
+void TBasePropertyChanges::SetText(TXmlElement& element, std::string_view value) {
+  if (element.Text() != value && element.StandsInSource() &&
+      std::find(FChanged.begin(), FChanged.end(), &element) == FChanged.end())
+    FChanged.push_back(&element);
+  element.SetText(value);
+}
+
+TXmlElement& TBasePropertyChanges::AddGroup(std::string_view name) {
+  // Looked at before the root gets an element that stands in no bytes.
+  const TChildLayout layout =
+      FNewGroups.empty() ? LayoutForChild(FSource, FRoot) : FNewGroups.front().Layout;
+  FNewGroups.push_back({&FRoot.AddChild(name), layout});
+  return *FNewGroups.back().Element;
 }
 
 TXmlElement& TBasePropertyChanges::AddProperty(TXmlElement& group, std::string_view name) {
-  if (&group == FNewGroup)
+  if (!group.StandsInSource())
     return group.AddChild(name);
   auto extended = std::find_if(FExtended.begin(), FExtended.end(),
                                [&group](const TGroup& entry) { return entry.Element == &group; });
@@ -87,9 +107,9 @@ std::vector<TReplacement> TBasePropertyChanges::Replacements() const {
 
 std::string TBasePropertyChanges::NewRootChildren() const {
   std::string markup;
-  if (FNewGroup) {
-    AppendXmlLine(markup, FNewGroupLayout.Layout, FNewGroupLayout.Indentation);
-    AppendXmlElement(markup, *FNewGroup, FNewGroupLayout.Layout, FNewGroupLayout.Indentation);
+  for (const TNewGroup& group : FNewGroups) {
+    AppendXmlLine(markup, group.Layout.Layout, group.Layout.Indentation);
+    AppendXmlElement(markup, *group.Element, group.Layout.Layout, group.Layout.Indentation);
   }
   return markup;
 }

@@ -27,8 +27,14 @@ public:
   /// without condition; made in the first such group when absent, and the group with it.
   void Set(std::string_view name, std::string_view value);
 
+  /// Sets the last child of that name (ignoring case) of an element; made when absent. An empty
+  /// value makes no child.
+  void SetChild(TXmlElement& parent, std::string_view name, std::string_view value);
+  /// Adds a group behind the last child of the root.
+  TXmlElement& AddGroup(std::string_view name);
+
   /// True when nothing was changed.
-  bool IsEmpty() const { return FChanged.empty() && FExtended.empty() && !FNewGroup; }
+  bool IsEmpty() const { return FChanged.empty() && FExtended.empty() && FNewGroups.empty(); }
   /// What a save puts into the bytes. Throws TInputError for text that XML cannot hold.
   std::vector<TReplacement> Replacements() const;
   /// Markup for new last children of the root; empty for none.
@@ -45,15 +51,20 @@ private:
     std::vector<TNewProperty> Properties;
   };
 
+  struct TNewGroup {
+    TXmlElement* Element;
+    TChildLayout Layout;
+  };
+
   TXmlElement* FindProperty(std::string_view name);
+  void SetText(TXmlElement& element, std::string_view value);
   TXmlElement& AddProperty(TXmlElement& group, std::string_view name);
 
   TXmlElement& FRoot;
   const TSourceText& FSource;
   std::vector<TXmlElement*> FChanged; // elements that stand in the bytes
   std::vector<TGroup> FExtended;      // groups of the bytes with new properties
-  TXmlElement* FNewGroup = nullptr;
-  TChildLayout FNewGroupLayout;
+  std::vector<TNewGroup> FNewGroups;
 };
 
 } // namespace workbench

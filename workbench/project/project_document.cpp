@@ -3,6 +3,7 @@
 #include "package/common/case_fold.h"
 #include "package/host/api/xmlutils.h"
 #include "workbench/files/file_reader.h"
+#include "workbench/project/project_layout.h"
 #include "workbench/xml/short_text.h"
 
 #include <algorithm>
@@ -14,6 +15,8 @@ namespace {
 TXmlElement* NextNamed(TXmlElement* element, std::string_view name) {
   return static_cast<TXmlElement*>(deployment::FirstNamed(element, name));
 }
+
+constexpr std::string_view TargetPlatformItem = "TargetPlatform";
 
 bool IsImportOf(TXmlElement& element, std::string_view import) {
   const auto project = element.GetAttribute("Project");
@@ -117,10 +120,69 @@ void TProjectDocument::AddImport(std::string_view import, std::string_view condi
     FNewImport = TImport{std::string(import), std::string(condition)};
 }
 
-std::unique_ptr<TTextPieces> TProjectDocument::Compose(const TWriteSection& write) {
+std::vector<TProjectDocument::TEdit> TProjectDocument::PropertyEdits() {
   std::vector<TEdit> edits;
   for (TReplacement& replacement : FProperties.Replacements())
     edits.push_back(Replace(std::move(replacement)));
+  return edits;
+}
+
+std::unique_ptr<TTextPieces> TProjectDocument::ComposeEdits() {
+  std::vector<TEdit> edits = PropertyEdits();
+  if (std::string markup = FProperties.NewRootChildren(); !markup.empty())
+    edits.push_back(InsertAsLastChild(Root(), std::move(markup)));
+  return edits.empty() ? nullptr : Apply(std::move(edits));
+}
+
+TXmlElement* TProjectDocument::FindTargetItem(std::string_view platform, bool& anyItems) {
+  TXmlElement* found = nullptr;
+  for (TXmlElement* group = NextNamed(Root().FirstChild(), "ItemGroup"); group;
+       group = NextNamed(group->NextSibling(), "ItemGroup")) {
+    for (TXmlElement* item = group->FirstChild(); item; item = item->NextSibling()) {
+      const auto include = item->GetAttribute("Include");
+      if (!include || !deployment::SameText(item->NodeName(), TargetPlatformItem))
+        continue;
+      anyItems = true;
+      const std::vector<std::string> names = SplitNames(*include);
+      if (found || std::ranges::find(names, platform) == names.end())
+        continue;
+      if (names.size() > 1)
+        throw deployment::TInputError("the item \"" + std::string(*include) +
+                                          "\" stands for several platforms; give \"" +
+                                          std::string(platform) + "\" an item of its own first",
+                                      item->Place());
+      found = item;
+    }
+  }
+  return found;
+}
+
+void TProjectDocument::SetTargetProfile(std::string_view platform, std::string_view profile,
+                                        const std::vector<std::string>& platforms) {
+  bool anyItems = false;
+  TXmlElement* item = FindTargetItem(platform, anyItems);
+  if (!item && anyItems)
+    throw deployment::TInputError("the project file has no item \"" +
+                                      std::string(TargetPlatformItem) + "\" of its own for \"" +
+                                      std::string(platform) + "\"",
+                                  {Name(), 0});
+  if (!item) {
+    if (profile.empty())
+      return;
+    TXmlElement& group = FProperties.AddGroup("ItemGroup");
+    for (const std::string& name : platforms) {
+      TXmlElement& added = group.AddChild(TargetPlatformItem);
+      added.SetAttribute("Include", name);
+      if (name == platform)
+        item = &added;
+    }
+  }
+  if (item)
+    FProperties.SetChild(*item, "Profile", profile);
+}
+
+std::unique_ptr<TTextPieces> TProjectDocument::Compose(const TWriteSection& write) {
+  std::vector<TEdit> edits = PropertyEdits();
   std::string newRootChildren = FProperties.NewRootChildren();
   if (TXmlElement* section = FReader.Section()) {
     if (auto edit = RewriteSection(*section, write))

@@ -61,6 +61,12 @@ public:
     FProperties.Set(name, value);
   }
 
+  /// Writes the name of a remote profile into the item of a target platform; an empty one takes it
+  /// away. A project without such items gets one for each of `platforms`. Throws TInputError when
+  /// one item stands for several platforms.
+  void SetTargetProfile(std::string_view platform, std::string_view profile,
+                        const std::vector<std::string>& platforms);
+
   /// True when a property waits for a save.
   bool HasPropertyChanges() const { return !FProperties.IsEmpty(); }
 
@@ -68,6 +74,8 @@ public:
   /// was read. The pieces borrow from the document. Throws what `write` throws, and TInputError
   /// for text that XML cannot hold.
   std::unique_ptr<TTextPieces> Compose(const TWriteSection& write);
+  /// The same with the properties and items alone; the section stays as it was read.
+  std::unique_ptr<TTextPieces> ComposeEdits();
 
 private:
   // Bytes to be replaced; an empty range is a place to insert at.
@@ -81,6 +89,8 @@ private:
   };
 
   void CheckProject();
+  std::vector<TEdit> PropertyEdits();
+  TXmlElement* FindTargetItem(std::string_view platform, bool& anyItems);
   TXmlElement* FindContainer();
   std::optional<TEdit> RewriteSection(TXmlElement& section, const TWriteSection& write);
   std::string NewSectionMarkup(const TChildLayout& layout, const TWriteSection& write);

@@ -124,14 +124,17 @@ std::string TProjectSettings::BaseProperty(std::string_view name) const {
 std::vector<std::string> TProjectSettings::CompleteFileList(std::string_view configuration,
                                                             std::string_view platform) const {
   const std::filesystem::path directory = FSource.ProjectFile.parent_path();
+  const std::vector<TProjectItem>& items = Evaluate(configuration, platform).Items();
   std::vector<std::string> files;
-  std::unordered_set<std::string> known;
-  for (const TProjectItem& item : Evaluate(configuration, platform).Items()) {
+  std::unordered_set<std::string_view> known; // views of `files`, which never moves
+  files.reserve(items.size());
+  known.reserve(items.size());
+  for (const TProjectItem& item : items) {
     if (!IsFileItem(item))
       continue;
-    std::string file = FullPathText(item.Include, directory);
-    if (known.insert(file).second)
-      files.push_back(std::move(file));
+    files.push_back(FullPathText(item.Include, directory));
+    if (!known.insert(files.back()).second)
+      files.pop_back();
   }
   return files;
 }

@@ -8,7 +8,10 @@ TIDEServices::TIDEServices(const std::filesystem::path& root, const TPlatformTab
                            const std::filesystem::path& settingsFile)
     : FPlatforms(platforms), FMacroUtils(root),
       FSettings(settingsFile, [this](const TWarning& warning) { FMessages.Add(warning); }),
-      FPersonalities(platforms, FSettings), FSDKs(FSettings), FAppStrings(root, FSettings) {}
+      FPersonalities(platforms, FSettings), FSDKs(FSettings),
+      FRemoteProfiles(ProfilesFileBeside(settingsFile),
+                      {FMacroUtils, FFileUtils, FSDKs, platforms}),
+      FAppStrings(root, FSettings) {}
 
 std::unique_ptr<deployment::ICoExpertFilter> TIDEServices::CreateTextFilter() {
   return std::make_unique<TTextFilter>();

@@ -3,7 +3,10 @@
 
 #include "package/host/api/ideservices.h"
 #include "workbench/platforms/platform_table.h"
+#include "workbench/remote/remote_profile_services.h"
 #include "workbench/services/app_strings.h"
+#include "workbench/services/editor_views.h"
+#include "workbench/services/extensions.h"
 #include "workbench/services/file_utils.h"
 #include "workbench/services/host_event.h"
 #include "workbench/services/macro_utils.h"
@@ -11,6 +14,7 @@
 #include "workbench/services/module_handler_gauntlet.h"
 #include "workbench/services/personality_services.h"
 #include "workbench/services/platform_manager.h"
+#include "workbench/services/project_events.h"
 #include "workbench/services/project_file_utils.h"
 #include "workbench/services/sdk_services.h"
 #include "workbench/services/settings_store.h"
@@ -58,11 +62,10 @@ public:
   /// Who shows dialogs from now on; null for nobody. Not owned.
   void SetModalForms(deployment::IModalForms* forms) { FModalForms = forms; }
 
-  // Services that this host does not have.
-  deployment::IOTARemoteProfileServices* GetRemoteProfileServices() override { return nullptr; }
-  deployment::IProjectEvents* GetProjectEvents() override { return nullptr; }
-  deployment::IOTAEditorViewServices* GetEditorViewServices() override { return nullptr; }
-  deployment::IOTAExtensions* GetExtensions() override { return nullptr; }
+  TProjectEvents* GetProjectEvents() override { return &FProjectEvents; }
+  TEditorViews* GetEditorViewServices() override { return &FEditorViews; }
+  TExtensions* GetExtensions() override { return &FExtensions; }
+  TRemoteProfileServices* GetRemoteProfileServices() override { return &FRemoteProfiles; }
 
 private:
   TIDEEvents FEvents;
@@ -78,7 +81,11 @@ private:
   TPersonalityServices FPersonalities;
   TSDKServices FSDKs;
   TAndroidToolServices FAndroidTools;
+  TRemoteProfileServices FRemoteProfiles;
   deployment::IModalForms* FModalForms = nullptr;
+  TProjectEvents FProjectEvents;
+  TExtensions FExtensions;
+  TEditorViews FEditorViews;
   TAppStrings FAppStrings;
 };
 

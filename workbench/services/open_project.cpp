@@ -66,7 +66,7 @@ TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable&
   if (purpose == TOpenPurpose::Edit)
     FLock.emplace(file);
   TProjectFileStorage& storage = FServices.GetProjectFileStorage();
-  FModule = std::make_unique<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
+  FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
                                              platforms, FServices.GetSettings());
   FServices.GetModuleHandlerGauntlet().AttachHandlers(*FModule);
   ReadVersion();
@@ -79,6 +79,7 @@ TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable&
 }
 
 TOpenProjectFile::~TOpenProjectFile() {
+  FServices.GetProjectEvents()->EvProjectClosing().Raise(*FModule);
   if (FListenerIndex >= 0)
     FModule->GetProjectDeployment()->RemoveNotifier(FListenerIndex);
   FServices.GetProjectFileStorage().ProjectClosing(*FModule);
@@ -142,25 +143,37 @@ TSaveReport TOpenProjectFile::Save(bool force) {
   return report;
 }
 
+bool TOpenProjectFile::Write(std::unique_ptr<TTextPieces> pieces, bool force) {
+  TSaveRequest request;
+  request.Target = FGivenName;
+  request.Content = pieces->Pieces();
+  request.Expected = FModule->Document().Bytes();
+  request.Force = force;
+  request.Lock = FLock ? &*FLock : nullptr;
+  TSaveOutcome outcome = SaveFile(request);
+  for (std::string& warning : outcome.Warnings)
+    FWarnings.push_back({std::move(warning), FGivenName.string(), 0});
+  FModule->DocumentWasSaved(std::move(pieces));
+  return outcome.Written;
+}
+
+bool TOpenProjectFile::AssignProfile(std::string_view platform, std::string_view profile,
+                                     bool force) {
+  std::vector<std::string> platforms;
+  for (const TProjectPlatform& known : FModule->Settings().Platforms())
+    platforms.push_back(known.Name);
+  FModule->Document().SetTargetProfile(platform, profile, platforms);
+  auto pieces = FModule->Document().ComposeEdits();
+  return pieces && Write(std::move(pieces), force);
+}
+
 bool TOpenProjectFile::SaveProjectFile(bool force) {
   bool written = false;
   try {
     // Brings the default classes and the import line, which belong into this save already.
     Deployment().GetFiles();
     auto pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
-    if (pieces) {
-      TSaveRequest request;
-      request.Target = FGivenName;
-      request.Content = pieces->Pieces();
-      request.Expected = FModule->Document().Bytes();
-      request.Force = force;
-      request.Lock = FLock ? &*FLock : nullptr;
-      TSaveOutcome outcome = SaveFile(request);
-      written = outcome.Written;
-      for (std::string& warning : outcome.Warnings)
-        FWarnings.push_back({std::move(warning), FGivenName.string(), 0});
-      FModule->DocumentWasSaved(std::move(pieces));
-    }
+    written = pieces && Write(std::move(pieces), force);
   } catch (const deployment::TInputError& error) {
     throw TSaveError(std::string("the project was not saved: ") + error.what(), FGivenName);
   }

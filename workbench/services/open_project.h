@@ -22,6 +22,7 @@ public:
 
   const std::filesystem::path& GivenFileName() const override { return FGivenName; }
   deployment::IOTAProject& Project() override { return *FModule; }
+  std::shared_ptr<deployment::IOTAProject> SharedProject() override { return FModule; }
   deployment::IProjectDeployment& Deployment() override;
   const TProjectSettings& Settings() const override { return FModule->Settings(); }
   int SectionVersionRead() const override { return FVersionRead; }
@@ -31,6 +32,7 @@ public:
   bool HasPropertyChanges() const override;
   void MarkChanged() override { FMarkedChanged = true; }
   TSaveReport Save(bool force) override;
+  bool AssignProfile(std::string_view platform, std::string_view profile, bool force) override;
   bool SaveProjectFile(bool force) override;
   TSaveReport Export() override;
 
@@ -38,12 +40,13 @@ private:
   class TChangeListener;
 
   void ReadVersion();
+  bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
   void CollectWarnings();
 
   TIDEServices& FServices;
   const std::filesystem::path FGivenName;
   std::optional<TFileLock> FLock;
-  std::unique_ptr<TProjectModule> FModule;
+  std::shared_ptr<TProjectModule> FModule; ///< views share it until they are closed
   std::shared_ptr<TChangeListener> FListener;
   int FListenerIndex = -1;
   int FVersionRead = 0;

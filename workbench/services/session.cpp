@@ -57,6 +57,7 @@ struct TSession::TParts {
 TSession::TSession(const TSessionOptions& options) : FParts(std::make_unique<TParts>(options)) {
   try {
     FParts->Package.Package().Start();
+    FParts->Package.Package().IDERegister();
     FParts->Services.GetEvents().MainFormCreated().Raise();
   } catch (const std::exception& error) {
     // The package goes with this object, and its own error with it.
@@ -66,6 +67,7 @@ TSession::TSession(const TSessionOptions& options) : FParts(std::make_unique<TPa
 
 TSession::~TSession() {
   FParts->Projects.clear();
+  FParts->Services.GetEditorViewServices()->CloseAll();
   FParts->Scratch.reset();
   FParts->Package.Package().Stop();
 }
@@ -99,12 +101,31 @@ void TSession::Create(const std::filesystem::path& file, std::string_view projec
   SaveFile(request);
 }
 
+void TSession::SetEditorArea(IEditorArea* area) {
+  FParts->Services.GetEditorViewServices()->SetEditorArea(area);
+}
+
+void TSession::CloseViews() {
+  FParts->Services.GetEditorViewServices()->CloseAll();
+}
+
+void TSession::ShowDeployment(TOpenProject& project) {
+  auto* service = FParts->Services.GetExtensions()->DeploymentService();
+  if (!service)
+    throw deployment::TInputError("the package offers no Deployment Manager");
+  service->DeployManagerProject(project.SharedProject());
+}
+
 void TSession::SetModalForms(deployment::IModalForms* forms) {
   FParts->Services.SetModalForms(forms);
 }
 
 const TPlatformTable& TSession::Platforms() const {
   return FParts->Platforms;
+}
+
+TRemoteProfileServices& TSession::RemoteProfiles() {
+  return *FParts->Services.GetRemoteProfileServices();
 }
 
 TSettings& TSession::Settings() {

@@ -14,8 +14,10 @@
 
 namespace workbench {
 
+class IEditorArea;
 class TPlatformTable;
 class TProjectSettings;
+class TRemoteProfileServices;
 class TSettings;
 
 /// What a session is made with.
@@ -51,6 +53,8 @@ public:
   /// The file under the name that the user gave.
   virtual const std::filesystem::path& GivenFileName() const = 0;
   virtual deployment::IOTAProject& Project() = 0;
+  /// The same for who holds it while the project is open, such as a view.
+  virtual std::shared_ptr<deployment::IOTAProject> SharedProject() = 0;
   /// Throws TInputError when the project carries no deployment.
   virtual deployment::IProjectDeployment& Deployment() = 0;
   /// Configurations, platforms and evaluated properties of the project.
@@ -73,6 +77,10 @@ public:
   /// changed on disk since it was read is overwritten. Throws TSaveError; then the file on disk is
   /// what it was before.
   virtual TSaveReport Save(bool force) = 0;
+  /// Assigns a remote profile to one of the project's platforms and writes that alone, whatever
+  /// else changed; an empty name takes the profile away. True when the file on disk was another
+  /// one. Throws TInputError where the project leaves no place for it, and TSaveError.
+  virtual bool AssignProfile(std::string_view platform, std::string_view profile, bool force) = 0;
   /// Writes the project alone; true when the file on disk was another one.
   virtual bool SaveProjectFile(bool force) = 0;
   /// Writes the side file alone. Throws TSaveError.
@@ -99,10 +107,19 @@ public:
   /// Closes it without saving.
   void Close(TOpenProject& project);
 
+  /// Who shows the views of the package from now on; null, as at the start, for nobody. Not owned;
+  /// must outlive the projects whose views it shows.
+  void SetEditorArea(IEditorArea* area);
+  /// Closes the views that are shown.
+  void CloseViews();
+  /// Opens the Deployment Manager of the project in the editor area, or brings it forward.
+  void ShowDeployment(TOpenProject& project);
   /// Who shows dialogs of the package from now on; null, as at the start, for nobody. Not owned.
   void SetModalForms(deployment::IModalForms* forms);
 
   const TPlatformTable& Platforms() const;
+  /// The user's remote profiles, and what is done through them.
+  TRemoteProfileServices& RemoteProfiles();
   /// The user's settings.
   TSettings& Settings();
   /// Root directory whose ObjRepos/Deploy is in use.

@@ -18,6 +18,9 @@ public:
   virtual ~IPackage() = default;
   /// Initialises the units in order. A second call does nothing.
   virtual void Start() = 0;
+  /// Registers the package, once it is started; to be called before the host's main form is
+  /// created. A second call does nothing.
+  virtual void IDERegister() = 0;
   /// Finalises the started units in reverse order. May come twice, and without a start.
   virtual void Stop() = 0;
 };

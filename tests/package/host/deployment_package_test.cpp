@@ -1,5 +1,5 @@
 #include "package/host/deployment_package.h"
-#include "tests/support/memory_host.h"
+#include "tests/package/host/memory_view_host.h"
 
 #include <gtest/gtest.h>
 
@@ -84,7 +84,7 @@ TEST(DeploymentPackage, StopsWhenItIsDestroyed) {
 
 TEST(DeploymentPackage, FinalizesTheUnitsBeforeOneThatCannotStart) {
   const std::array<TUnit, 2> table{
-      StartUpTable().back(),
+      StartUpTable()[2],
       TUnit{"Failing", [](TPackageUnits&) { throw std::runtime_error("the unit cannot start"); },
             [](TPackageUnits&) { ADD_FAILURE() << "a unit that never started was finalized"; }}};
   TMemoryHost host;
@@ -99,11 +99,115 @@ TEST(DeploymentPackage, FinalizesTheUnitsBeforeOneThatCannotStart) {
   package.Stop();
 }
 
+/// The host's extensions are part of what is registered here.
+struct TRegistration {
+  std::size_t Count() const { return RegisteredCount(Host) + Host.Registry.Registered.size(); }
+  TMemoryViewHost Host;
+};
+
+TEST(IDERegister, RegistersTheServiceWhenTheMainFormIsThere) {
+  TRegistration world;
+  TDeploymentPackage package(world.Host);
+  package.Start();
+  package.IDERegister();
+  package.IDERegister();
+  EXPECT_EQ(world.Host.Events.Created.Handlers.size(), 2U);
+  EXPECT_TRUE(world.Host.Registry.Registered.empty());
+  world.Host.Events.Created.Raise();
+  EXPECT_TRUE(world.Host.Events.Created.Handlers.empty());
+  ASSERT_EQ(world.Host.Registry.Registered.size(), 1U);
+  const auto project = TMemoryViewHost::MakeProject(R"(C:\work\MyApp.vproj)");
+  world.Host.Registry.Registered.begin()->second->DeployManagerProject(project);
+  EXPECT_EQ(world.Host.Views.Captions(), std::vector<std::string>{"Deployment MyApp"});
+  world.Host.Views.Close(0);
+  package.Stop();
+  EXPECT_EQ(world.Count(), 0U);
+}
+
+TEST(IDERegister, LeavesNothingBehindBeforeTheMainForm) {
+  TRegistration world;
+  TDeploymentPackage package(world.Host);
+  package.Start();
+  package.IDERegister();
+  package.Stop();
+  EXPECT_EQ(world.Count(), 0U);
+}
+
+TEST(IDERegister, WorksAgainAfterAStop) {
+  TRegistration world;
+  TDeploymentPackage package(world.Host);
+  for (int run = 0; run < 2; ++run) {
+    package.Start();
+    package.IDERegister();
+    world.Host.Events.Created.Raise();
+    EXPECT_EQ(world.Host.Registry.Registered.size(), 1U);
+    package.Stop();
+    EXPECT_EQ(world.Count(), 0U);
+  }
+}
+
+TEST(IDERegister, NeedsNoExtensionsOfTheHost) {
+  TMemoryHost host;
+  TDeploymentPackage package(host);
+  package.Start();
+  package.IDERegister();
+  host.Events.Created.Raise();
+  package.Stop();
+  EXPECT_EQ(RegisteredCount(host), 0U);
+}
+
+TEST(IDERegister, LetsAViewOutliveTheService) {
+  TRegistration world;
+  TDeploymentPackage package(world.Host);
+  package.Start();
+  package.IDERegister();
+  world.Host.Events.Created.Raise();
+  const auto project = TMemoryViewHost::MakeProject(R"(C:\work\MyApp.vproj)");
+  world.Host.Registry.Registered.begin()->second->DeployManagerProject(project);
+  package.Stop();
+  EXPECT_EQ(world.Host.Views.Views.size(), 1U);
+  world.Host.Views.Close(0);
+}
+
+TEST(BaseRegKey, IsEmptyBeforeRegistrationAndAfterTheEnd) {
+  TMemoryHost host;
+  TPackageUnits units(host);
+  EXPECT_EQ(units.DeployStrs.BaseRegKey(), "");
+  IDERegister(units);
+  EXPECT_EQ(units.DeployStrs.BaseRegKey(), "Software\\Test");
+  for (const TUnit& unit : StartUpTable())
+    unit.Finalize(units);
+  EXPECT_EQ(units.DeployStrs.BaseRegKey(), "");
+}
+
+TEST(DataModule, ExistsFromTheMainFormToTheEnd) {
+  TMemoryHost host;
+  TPackageUnits units(host);
+  IDERegister(units);
+  EXPECT_EQ(units.DeployDataModule.DMDeploy, nullptr);
+  host.Events.Created.Raise();
+  ASSERT_NE(units.DeployDataModule.DMDeploy, nullptr);
+  const TDMDeploy& module = *units.DeployDataModule.DMDeploy;
+  const TFileOpenOptions& options = module.FileOpenDialog1.Options;
+  EXPECT_TRUE(options.AllowMultiSelect && options.PathMustExist && options.FileMustExist &&
+              options.Sizable);
+  const TFileOpenOptions& old = module.FileOpenDialog1_old.Options;
+  EXPECT_TRUE(old.AllowMultiSelect && old.PathMustExist && old.FileMustExist);
+  ASSERT_FALSE(TDMDeploy::TreeImages().empty());
+  EXPECT_TRUE(TDMDeploy::TreeImages()[0].starts_with("<svg "));
+  for (const TUnit& unit : StartUpTable())
+    unit.Finalize(units);
+  EXPECT_EQ(units.DeployDataModule.DMDeploy, nullptr);
+}
+
 TEST(StartUpTable, NamesTheUnitsInTheirOrder) {
   std::vector<std::string_view> names;
   for (const TUnit& unit : StartUpTable())
     names.push_back(unit.Name);
-  EXPECT_EQ(names, std::vector<std::string_view>{"DeploymentImpl"});
+  EXPECT_EQ(names, (std::vector<std::string_view>{
+                       "DeployFeatureForm", "DeployModules", "DeploymentImpl", "SelectPlatformForm",
+                       "RevertToDefaultDialog", "DeploymentMgrFrame", "DeploymentWindow",
+                       "DeployStrs", "DeployDataModule", "DeployService", "DeployReg"}));
 }
 
 } // namespace

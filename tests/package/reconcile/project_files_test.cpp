@@ -58,6 +58,18 @@ TEST_F(ProjectFiles, ThatLeftTheProjectLoseTheirEntries) {
   EXPECT_EQ(Entries(), TTexts{R"(ProjectFile | B.dat | .\ | )"});
 }
 
+TEST_F(ProjectFiles, KeepEntriesWhoseNameWasWrittenInAnotherWay) {
+  SetFiles({"data\\a.dat"});
+  for (const char* name :
+       {"data/A.dat", ".\\data\\a.dat", R"(C:\work\App\data\a.dat)", "data/b.dat"}) {
+    const auto entry = World.Deployment().AddFile("Debug", "Win32", name);
+    entry->SetDeploymentClass("ProjectFile");
+    entry->SetEnabled("Win32", true);
+  }
+  EXPECT_EQ(Entries().size(), 4U); // the three and the name that is missing
+  EXPECT_TRUE(World.Deployment().FindFiles("data/b.dat", "", "", "").empty());
+}
+
 TEST_F(ProjectFiles, StayListedWhenTheProjectHasNoFilesLeft) {
   SetFiles({"a.dat"});
   Entries();
@@ -139,12 +151,10 @@ TEST_F(ProjectFilesWithFeatures, ReadTheCatalogOnceForEachTypeAndNotAtAllWhenNot
   EXPECT_EQ(loads(), 2);
 }
 
-TEST_F(ProjectFilesWithFeatures, OfferEverythingOnceForFilesWithoutAnExtension) {
+TEST_F(ProjectFilesWithFeatures, OfferNothingForFilesWithoutAnExtension) {
   SetFiles({"LICENSE", "README"});
-  Entries();
-  EXPECT_EQ(Forms.Shown, 1);
-  EXPECT_EQ(Forms.Titles, (TTexts{"Client", "Proxy", "Loose", "Tables"}));
-  EXPECT_EQ(World.Project.Options.GetBaseProperty(cFeatureFilesAdded), "");
+  EXPECT_EQ(Entries().size(), 2U);
+  EXPECT_EQ(Forms.Shown, 0);
 }
 
 TEST_F(ProjectFilesWithFeatures, StopOfferingWhenTheUserWantsNoMore) {

@@ -8,6 +8,7 @@ public:
   explicit TTestPackage(deployment::VelmorIDEServices& host) : FHost(host) {}
   ~TTestPackage() override { FHost.GetSettings().AddToHistory("package", "destroyed"); }
   void Start() override { FHost.GetSettings().AddToHistory("package", "started"); }
+  void IDERegister() override { FHost.GetSettings().AddToHistory("package", "registered"); }
   void Stop() override { FHost.GetSettings().AddToHistory("package", "stopped"); }
 
 private:
