@@ -2,6 +2,7 @@
 #include "workbench/cli/command.h"
 #include "workbench/cli/commands.h"
 #include "workbench/cli/deploy_progress.h"
+#include "workbench/cli/deployment_view.h"
 #include "workbench/cli/interrupt_watch.h"
 #include "workbench/cli/target.h"
 #include "workbench/remote/remote_profile_services.h"
@@ -60,26 +61,32 @@ public:
     if (target.AllPlatforms)
       throw TUsageError("deploy needs a single platform, not \"all\"");
     const std::size_t told = project.Warnings().size();
-    project.Deployment().Reconcile(target.Configuration, target.Platform);
+    TDeploymentView view(context);
+    view.Open(project, target);
     WarnSince(context, project, told);
     TDeployRun run;
     run.Options = FOptions;
     run.Options.DryRun = FChange.DryRun;
     run.MayRun = [&](const auto& commands) { return MayRun(context, project, commands); };
-    Deploy(context, project, target, run);
+    Deploy(context, project, target, view, run);
     return Report(context, target, run);
   }
 
 private:
+  // The view's button is disabled when no checked file exists here, and a person who pressed it
+  // would be asked to make a missing profile. Neither says what is wrong, so the services are asked
+  // themselves then.
   static void Deploy(TCommandContext& context, TOpenProject& project, const TTarget& target,
-                     TDeployRun& run) {
+                     TDeploymentView& view, TDeployRun& run) {
     TRemoteProfileServices& services = context.Session.RemoteProfiles();
     TDeployProgress progress(context.Output);
     run.Progress = &progress;
     {
       const TInterruptWatch watch(run.Cancelled);
       services.SetDeployRun(&run);
-      services.Deploy(project.Project(), target.Platform, target.Configuration, /*final=*/true);
+      view.Press("tbDeploy");
+      if (run.Report.End == TDeployEnd::NotStarted)
+        services.Deploy(project.Project(), target.Platform, target.Configuration, /*final=*/true);
       services.SetDeployRun(nullptr);
     }
     progress.Finish();
