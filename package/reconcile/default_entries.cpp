@@ -43,10 +43,11 @@ TDefaultEntries::Update(const std::shared_ptr<IProjectDeploymentFile>& entry,
 
 std::shared_ptr<IProjectDeploymentFile> TDefaultEntries::Add(const TDefaultEntry& wanted) {
   const auto holder = Holder(wanted.LocalName);
-  const bool isClaimed = FClaims.contains(std::string_view(wanted.LocalName));
+  const bool isClaimed = FClaims.contains(wanted.LocalName);
   if (holder && !isClaimed && !SameText(holder->GetDeploymentClass(), wanted.ClassName)) {
     // A later step may want the file for the class that it has now; then it stays as it is.
     FPutOff.push_back(wanted);
+    FPutOffNames.insert(wanted.LocalName);
     return nullptr;
   }
   return Make(wanted);
@@ -102,7 +103,7 @@ void TDefaultEntries::Skip(std::string_view className, std::string_view localNam
 
 void TDefaultEntries::Finish() {
   for (const TDefaultEntry& wanted : std::exchange(FPutOff, {})) {
-    const auto claim = FClaims.find(std::string_view(wanted.LocalName));
+    const auto claim = FClaims.find(wanted.LocalName);
     if (claim == FClaims.end()) {
       Make(wanted);
       continue;
@@ -142,11 +143,15 @@ void TDefaultEntries::FreeKey(std::string_view configuration, std::string_view p
 
 void TDefaultEntries::Claim(const TDefaultEntry& wanted,
                             const std::shared_ptr<IProjectDeploymentFile>& entry) {
-  FClaims.insert_or_assign(std::pmr::string(wanted.LocalName), TClaim{wanted.ClassName, entry});
+  // Nobody comes behind the last step but those that were put off.
+  if (wanted.Reason.Step == TReconcileStep::ProjectFiles &&
+      !FPutOffNames.contains(wanted.LocalName))
+    return;
+  FClaims.insert_or_assign(wanted.LocalName, TClaim{wanted.ClassName, entry});
 }
 
 void TDefaultEntries::DropEarlierClaim(const TDefaultEntry& wanted) {
-  const auto claim = FClaims.find(std::string_view(wanted.LocalName));
+  const auto claim = FClaims.find(wanted.LocalName);
   if (claim == FClaims.end() || SameText(claim->second.ClassName, wanted.ClassName))
     return;
   FConflict(wanted.LocalName, claim->second.ClassName, wanted.ClassName);

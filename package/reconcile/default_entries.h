@@ -6,11 +6,11 @@
 
 #include <functional>
 #include <memory>
-#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace deployment {
@@ -76,12 +76,6 @@ public:
   void Finish();
 
 private:
-  struct TNameHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view name) const {
-      return std::hash<std::string_view>()(name);
-    }
-  };
   struct TClaim {
     std::string ClassName;
     std::weak_ptr<IProjectDeploymentFile> Entry;
@@ -105,11 +99,10 @@ private:
   const std::string FPlatform;
   IReconcileJournal* FJournal;
   TRoleConflictHandler FConflict;
-  // By local name: what the steps wanted so far. The names lie close together, as there may be
-  // many.
-  std::pmr::monotonic_buffer_resource FMemory;
-  std::pmr::unordered_map<std::pmr::string, TClaim, TNameHash, std::equal_to<>> FClaims{&FMemory};
+  // By local name: what the steps wanted so far.
+  std::unordered_map<std::string, TClaim> FClaims;
   std::vector<TDefaultEntry> FPutOff;
+  std::unordered_set<std::string> FPutOffNames;
 };
 
 } // namespace deployment
