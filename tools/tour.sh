@@ -37,10 +37,29 @@ run explain sky-chart/SkyChart.vproj packages/Win32/Ephemeris.de -p Win32
 run explain sky-chart/SkyChart.vproj art/ios/iPhone_AppIcon57.png -p iOSSimulator
 
 step 'A file is added, edited and shown'
-run add sky-chart/SkyChart.vproj sky-chart/data/*.json -p Win32 -c Release
-run set sky-chart/SkyChart.vproj data/constellations.json --remote-dir 'charts\' --overwrite false \
+run add sky-chart/SkyChart.vproj sky-chart/optional/*.dat -p Win32 -c Release
+run set sky-chart/SkyChart.vproj optional/BrightStars.dat --remote-dir 'charts\' --overwrite false \
   -p Win32 -c Release
 run show sky-chart/SkyChart.vproj -p Win32 -c Release | without_classes
+
+step 'The rows of the Deployment Manager for a target'
+run list sky-chart/SkyChart.vproj -p Win32 --sort localName
+
+step 'A profile says where the target is: here a directory of this machine'
+run profile add lab-pc --platform Win32 --kind folder --path "$place/lab"
+
+step 'What differs is copied, and a second time there is nothing to copy'
+run deploy sky-chart/SkyChart.vproj -p Win32
+run deploy sky-chart/SkyChart.vproj -p Win32
+
+step 'The rows again, with the state of the files on the target; one was changed there'
+touch -d '1 hour' "$place/lab/SkyChart/levels.dat"
+rm "$place/lab/SkyChart/Ephemeris.ja"
+run status sky-chart/SkyChart.vproj -p Win32
+
+step 'Optional files are chosen from a catalog'
+run featured sky-chart/SkyChart.vproj --extension .dat
+run featured sky-chart/SkyChart.vproj --choose 'Bright stars' --dry-run
 
 step 'Only what changed has changed'
 diff "$tree/examples/tide-logger/TideLogger.vproj" tide-logger/TideLogger.vproj \
@@ -51,4 +70,4 @@ diff <(sed '/<Deployment/,/<\/Deployment>/d' "$tree/examples/sky-chart/SkyChart.
 
 step 'What a command-line build sees of it'
 run export sky-chart/SkyChart.vproj
-grep -n -A9 'constellations.json' sky-chart/SkyChart.deployproj
+grep -n -A9 'BrightStars.dat' sky-chart/SkyChart.deployproj
