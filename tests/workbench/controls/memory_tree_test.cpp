@@ -72,7 +72,7 @@ TEST_F(MemoryTree, KeepsItsOrderWhenNodesAreDeleted) {
   TMemoryTree tree({}, Events());
   for (const char letter : std::string("abcdefgh"))
     Add(tree, std::string(1, letter));
-  for (const TNodeId node : {2, 4, 6, 8, 1})
+  for (const TNodeId node : std::vector<TNodeId>{2, 4, 6, 8, 1})
     tree.DeleteNode(node);
   EXPECT_EQ(Order(tree), "ceg");
   Add(tree, "x");
