@@ -5,6 +5,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <thread>
 
@@ -29,6 +30,15 @@ TPipe OpenPipe() {
   return {TFileDescriptor(ends[0]), TFileDescriptor(ends[1])};
 }
 
+// A socket, since a write into a pipe that nobody reads would end this program.
+TPipe OpenInput() {
+  std::array<int, 2> ends{-1, -1};
+  if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+    ThrowSystemError("making a socket");
+  static_cast<void>(::setsockopt(ends[1], SOL_SOCKET, SO_SNDBUF, &PipeSize, sizeof(PipeSize)));
+  return {TFileDescriptor(ends[0]), TFileDescriptor(ends[1])};
+}
+
 void SetNonBlocking(const TFileDescriptor& file) {
   const int flags = ::fcntl(file.Get(), F_GETFL);
   if (flags < 0 || ::fcntl(file.Get(), F_SETFL, flags | O_NONBLOCK) != 0)
@@ -37,9 +47,11 @@ void SetNonBlocking(const TFileDescriptor& file) {
 
 class TSpawnSettings {
 public:
-  TSpawnSettings(int input, int output, int errors) {
+  TSpawnSettings(const std::filesystem::path& directory, int input, int output, int errors) {
     posix_spawn_file_actions_init(&FActions);
     posix_spawnattr_init(&FAttributes);
+    if (!directory.empty())
+      posix_spawn_file_actions_addchdir_np(&FActions, directory.c_str());
     posix_spawn_file_actions_adddup2(&FActions, input, STDIN_FILENO);
     posix_spawn_file_actions_adddup2(&FActions, output, STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&FActions, errors, STDERR_FILENO);
@@ -95,7 +107,7 @@ std::vector<std::string> EnvironmentWith(const std::vector<std::string>& changes
 }
 
 TChildProcess::TChildProcess(const TProcessStart& start) {
-  TPipe input = OpenPipe();
+  TPipe input = OpenInput();
   TPipe output = OpenPipe();
   TPipe errors = OpenPipe();
   SetNonBlocking(input.Write);
@@ -103,7 +115,8 @@ TChildProcess::TChildProcess(const TProcessStart& start) {
   SetNonBlocking(errors.Read);
   std::vector<std::string> command = start.Command;
   std::vector<std::string> environment = start.Environment;
-  const TSpawnSettings settings(input.Read.Get(), output.Write.Get(), errors.Write.Get());
+  const TSpawnSettings settings(start.Directory, input.Read.Get(), output.Write.Get(),
+                                start.JoinErrors ? output.Write.Get() : errors.Write.Get());
   const int error =
       ::posix_spawnp(&FProcess, command.front().c_str(), settings.Actions(), settings.Attributes(),
                      Pointers(command).data(), Pointers(environment).data());
@@ -114,6 +127,10 @@ TChildProcess::TChildProcess(const TProcessStart& start) {
   FInput = std::move(input.Write);
   FOutput = std::move(output.Read);
   FErrors = std::move(errors.Read);
+}
+
+ssize_t TChildProcess::Write(std::string_view bytes) {
+  return ::send(FInput.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
 }
 
 void TChildProcess::ReadErrors() {

@@ -1,9 +1,10 @@
-// A program that runs beside this one and is talked to through pipes.
+// A program that runs beside this one and is talked to.
 #pragma once
 
 #include "workbench/files/file_descriptor.h"
 
 #include <chrono>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <sys/types.h>
@@ -15,6 +16,8 @@ namespace workbench {
 struct TProcessStart {
   std::vector<std::string> Command;     ///< the program, looked up, and its arguments
   std::vector<std::string> Environment; ///< "NAME=VALUE", whole
+  std::filesystem::path Directory = {}; ///< where it runs; empty for that of this program
+  bool JoinErrors = false;              ///< standard error output goes where the output goes
 };
 
 /// The environment of this program with some variables set anew.
@@ -34,6 +37,9 @@ public:
   int Output() const { return FOutput.Get(); } ///< its standard output
   int Errors() const { return FErrors.Get(); } ///< its standard error output
 
+  /// Writes as much as goes in without waiting; as write(2), but a program that hears no more is an
+  /// error and no signal.
+  ssize_t Write(std::string_view bytes);
   void CloseInput() { FInput = TFileDescriptor(); }
   /// Takes what stands in the standard error output so far. Beyond 64 KiB in all the rest is
   /// dropped, since a program that says so much says nothing that helps.

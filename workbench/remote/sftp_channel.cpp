@@ -21,9 +21,6 @@ constexpr std::chrono::milliseconds PollPatience(100);
 constexpr std::chrono::seconds CancelPatience(3);
 constexpr std::chrono::milliseconds ExitPatience(2000);
 
-constexpr std::string_view PosixRename = "posix-rename@openssh.com";
-constexpr std::string_view LimitsRequest = "limits@openssh.com";
-
 } // namespace
 
 TSftpChannel::TSftpChannel(const TProcessStart& start, std::chrono::milliseconds silence,
@@ -62,8 +59,12 @@ void TSftpChannel::Greet(const std::atomic<int>* cancelled) {
     while (!content.IsAtEnd()) {
       const std::string_view name = content.Text();
       const std::string_view version = content.Text();
-      FLimits.HasPosixRename = FLimits.HasPosixRename || (name == PosixRename && version == "1");
-      hasLimits = hasLimits || (name == LimitsRequest && version == "1");
+      if (name == sftp_extension::PosixRename)
+        FLimits.HasPosixRename = version == "1";
+      else if (name == sftp_extension::SpaceQuery)
+        FLimits.HasSpaceQuery = version == "2";
+      else if (name == sftp_extension::Limits)
+        hasLimits = version == "1";
     }
   } catch (const TSftpFormatError& error) {
     Fail(std::string("the machine's greeting makes no sense: ") + error.what());
@@ -73,7 +74,7 @@ void TSftpChannel::Greet(const std::atomic<int>* cancelled) {
 }
 
 void TSftpChannel::ReadLimits() {
-  Post(TSftpPacket::Extended, LimitsRequest, 0);
+  Post(TSftpPacket::Extended, sftp_extension::Limits, 0);
   AskOnce(*this, [this](const TSftpReply& reply) {
     if (reply.Kind != TSftpPacket::ExtendedReply)
       return;
@@ -159,9 +160,9 @@ void TSftpChannel::WatchTheClock(bool moved) {
 }
 
 void TSftpChannel::Write() {
-  const ssize_t count = ::write(FProcess.Input(), FOut.View().data(), FOut.Size());
+  const ssize_t count = FProcess.Write(FOut.View());
   if (count < 0) {
-    if (errno == EPIPE)
+    if (errno == EPIPE || errno == ECONNRESET)
       FHasEnded = true;
     else if (errno != EAGAIN && errno != EINTR)
       Fail("the connection was lost: " + SystemReason(errno));

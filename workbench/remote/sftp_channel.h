@@ -28,9 +28,17 @@ public:
   virtual bool IsCancelled() const { return false; }
 };
 
+/// Names of requests that some servers know beyond the protocol.
+namespace sftp_extension {
+inline constexpr std::string_view PosixRename = "posix-rename@openssh.com";
+inline constexpr std::string_view SpaceQuery = "statvfs@openssh.com";
+inline constexpr std::string_view Limits = "limits@openssh.com";
+} // namespace sftp_extension
+
 /// What a server can do beyond the protocol's version 3.
 struct TSftpLimits {
   bool HasPosixRename = false; ///< a rename that replaces what is there, at once
+  bool HasSpaceQuery = false;  ///< how full the disk is
   std::size_t LargestWrite = std::size_t(32) * 1024; ///< bytes in one request
   std::size_t MostHandles = 100;                     ///< files that may be open at a time
 };
