@@ -219,7 +219,7 @@ void TExecutor::CopyFiles() {
 
 // Without a further lane the others do its share.
 void TExecutor::RunFurtherLane() {
-  std::unique_ptr<IRemoteConnection> connection;
+  std::shared_ptr<IRemoteConnection> connection;
   try {
     connection = FConnect();
   } catch (const TConnectionError&) {

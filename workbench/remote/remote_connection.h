@@ -115,6 +115,6 @@ public:
 };
 
 /// Opens lanes. Used by several threads.
-using TConnect = std::function<std::unique_ptr<IRemoteConnection>()>;
+using TConnect = std::function<std::shared_ptr<IRemoteConnection>()>;
 
 } // namespace workbench

@@ -23,13 +23,22 @@ constexpr std::chrono::milliseconds ExitPatience(2000);
 
 } // namespace
 
-TSftpChannel::TSftpChannel(const TProcessStart& start, std::chrono::milliseconds silence,
+TSftpChannel::TSftpChannel(const TProcessStart& start, const TSftpPatience& patience,
                            const std::atomic<int>* cancelled)
-    : FProcess(start), FSilence(silence), FLastSign(std::chrono::steady_clock::now()) {
+    : FProcess(start), FSilence(patience.Greeting), FLastSign(std::chrono::steady_clock::now()) {
   Greet(cancelled);
+  FSilence = patience.Answer;
+}
+
+bool TSftpChannel::IsAlive() const {
+  if (FHasFailed || FHasEnded || FPendingCount > 0 || !FOut.IsEmpty())
+    return false;
+  pollfd output{FProcess.Output(), POLLIN, 0};
+  return ::poll(&output, 1, 0) == 0; // bytes that nobody asked for are as bad as an end
 }
 
 void TSftpChannel::Fail(const std::string& reason) {
+  FHasFailed = true;
   // The program that carries the conversation knows best why it ended.
   static_cast<void>(FProcess.Wait(FHasEnded ? ExitPatience : std::chrono::milliseconds(0)));
   FProcess.ReadErrors();

@@ -43,14 +43,23 @@ struct TSftpLimits {
   std::size_t MostHandles = 100;                     ///< files that may be open at a time
 };
 
+/// How long a server may say nothing.
+struct TSftpPatience {
+  std::chrono::milliseconds Greeting; ///< at the start, while keys are exchanged and people asked
+  std::chrono::milliseconds Answer;
+};
+
 /// Speaks with the program that it is given, which is a client that carries the protocol to the
 /// server, or a server itself. Used by one thread at a time. Every call throws TConnectionError
 /// when the conversation ends; the object is of no use after that.
 class TSftpChannel {
 public:
-  /// Greets the server. `silence` is how long it may take over an answer.
-  TSftpChannel(const TProcessStart& start, std::chrono::milliseconds silence,
+  /// Greets the server.
+  TSftpChannel(const TProcessStart& start, const TSftpPatience& patience,
                const std::atomic<int>* cancelled = nullptr);
+
+  /// False when the conversation has ended, or stands in the middle of an exchange that broke.
+  bool IsAlive() const;
 
   const TSftpLimits& Limits() const { return FLimits; }
 
@@ -84,13 +93,14 @@ private:
   [[noreturn]] void Fail(const std::string& reason);
 
   TChildProcess FProcess;
-  std::chrono::milliseconds FSilence;
+  std::chrono::milliseconds FSilence; // the longest allowed just now
   std::chrono::steady_clock::time_point FLastSign;
   TSftpLimits FLimits;
   TByteBuffer FOut;
   TSftpWriter FWriter{FOut};
   TByteBuffer FIn;
   bool FHasEnded = false;
+  bool FHasFailed = false;
   std::deque<TPending> FPending; // by number, the first one's being FFirstId
   std::uint32_t FFirstId = 1;
   std::size_t FPendingCount = 0;

@@ -88,7 +88,7 @@ bool IsOnDrive(const std::string& path) {
 TSftpConnection::TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinishedParts> parts,
                                  const std::atomic<int>* cancelled)
     : FMachine(std::move(machine)), FParts(std::move(parts)),
-      FChannel(FMachine.Sftp, FMachine.Silence, cancelled), FPaths(FChannel) {
+      FChannel(FMachine.Sftp, {FMachine.Greeting, FMachine.Silence}, cancelled), FPaths(FChannel) {
   std::string root = FMachine.Root;
   while (root.size() > 1 && root.ends_with('/'))
     root.pop_back();

@@ -25,7 +25,9 @@ struct TSftpMachine {
   /// "C:/x" is on a drive.
   std::string Root;
   bool IsWindows = false; ///< names ignore case, and commands are those of Windows
-  std::chrono::milliseconds Silence = std::chrono::seconds(15); ///< the longest wait for an answer
+  bool IsFirst = false;   ///< this lane carries the others
+  std::chrono::milliseconds Greeting = std::chrono::seconds(15); ///< the longest wait for a start
+  std::chrono::milliseconds Silence = std::chrono::seconds(15);  ///< the longest one for an answer
 };
 
 /// Lanes to one machine share `parts`.
@@ -35,6 +37,11 @@ public:
   /// when it is there and turns to something else than 0.
   TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinishedParts> parts,
                   const std::atomic<int>* cancelled = nullptr);
+
+  /// False when the lane is of no use any more.
+  bool IsAlive() const { return FChannel.IsAlive(); }
+  /// True when it carries the others.
+  bool IsFirst() const { return FMachine.IsFirst; }
 
   /// The protocol tells whole seconds.
   std::chrono::nanoseconds TimeResolution() const override { return std::chrono::seconds(1); }

@@ -171,7 +171,8 @@ TEST_F(SftpConnection, RunsCommandsInTheirDirectory) {
 
 std::string MessageOf(const TProcessStart& start) {
   try {
-    const TSftpChannel channel(start, std::chrono::milliseconds(300));
+    const std::chrono::milliseconds patience(300);
+    const TSftpChannel channel(start, {patience, patience});
   } catch (const TConnectionError& error) {
     return error.what();
   }
@@ -216,7 +217,7 @@ TEST(SftpChannel, RefusesAnAnswerToNoQuestion) {
       Program({"/bin/sh", "-c",
                R"(printf '\0\0\0\005\002\0\0\0\003'; sleep 0.2;)"
                R"(printf '\0\0\0\021\145\0\0\0\011\0\0\0\0\0\0\0\0\0\0\0\0'; sleep 1)"}),
-      std::chrono::seconds(10));
+      {std::chrono::seconds(10), std::chrono::seconds(10)});
   channel.Post(TSftpPacket::Stat, "/", 0);
   try {
     AskOnce(channel, [](const TSftpReply&) {});
@@ -229,8 +230,8 @@ TEST(SftpChannel, RefusesAnAnswerToNoQuestion) {
 TEST(SftpChannel, EndsAnAttemptThatIsCancelled) {
   const std::atomic<int> cancelled = 2;
   try {
-    const TSftpChannel channel(Program({"/bin/sh", "-c", "sleep 60"}), std::chrono::seconds(60),
-                               &cancelled);
+    const TSftpChannel channel(Program({"/bin/sh", "-c", "sleep 60"}),
+                               {std::chrono::seconds(60), std::chrono::seconds(60)}, &cancelled);
     FAIL();
   } catch (const TConnectionError& error) {
     EXPECT_STREQ(error.what(), "the run was interrupted");
