@@ -8,6 +8,7 @@
 #include "workbench/remote/sftp_listing.h"
 #include "workbench/remote/sftp_upload.h"
 #include "workbench/remote/sha256.h"
+#include "workbench/remote/shell_text.h"
 #include "workbench/text/visible_text.h"
 
 #include <algorithm>
@@ -64,13 +65,6 @@ private:
   std::span<const TRemoteName> FNames;
   std::size_t FNext = 0;
 };
-
-std::string Quoted(std::string_view text) {
-  std::string quoted = "'";
-  for (const char c : text)
-    quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return quoted + "'";
-}
 
 // The drive's own way to write a path that the protocol begins with "/".
 std::string WindowsPath(const std::string& path) {
@@ -271,7 +265,7 @@ std::string TSftpConnection::RunCommand(const std::string& command, const std::s
     return "has a NUL character";
   const std::string line = FMachine.IsWindows
                                ? "cd /d \"" + WindowsPath(directory) + "\" && " + command
-                               : "cd " + Quoted(directory) + " && " + command;
+                               : "cd " + ShellQuoted(directory) + " && " + command;
   TProcessStart start = FMachine.Exec(line);
   start.JoinErrors = true;
   return RunAndHear(start, hear, cancelled);
