@@ -12,12 +12,14 @@
 #include "workbench/text/visible_text.h"
 
 #include <algorithm>
+#include <thread>
 #include <unordered_set>
 
 namespace workbench {
 namespace {
 
-constexpr unsigned Lanes = 4;
+constexpr unsigned FewestLanes = 2;
+constexpr unsigned MostLanes = 4; // more only get in each other's way
 constexpr std::uint32_t KindMask = 0170000;
 constexpr std::uint32_t FileKind = 0100000;
 constexpr std::uint32_t DirectoryKind = 0040000;
@@ -97,7 +99,7 @@ TSftpConnection::TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinish
 }
 
 unsigned TSftpConnection::UsualLanes() const {
-  return Lanes;
+  return std::clamp(std::thread::hardware_concurrency(), FewestLanes, MostLanes);
 }
 
 bool TSftpConnection::IsBelowRoot(const std::string& path) const {
