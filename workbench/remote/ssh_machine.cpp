@@ -35,7 +35,7 @@ std::filesystem::path PrivateDirectory(const std::filesystem::path& path) {
 
 std::filesystem::path SocketDirectory() {
   if (const char* runtime = std::getenv("XDG_RUNTIME_DIR"); runtime && *runtime == '/') {
-    const auto directory = PrivateDirectory(std::filesystem::path(runtime) / DirectoryName);
+    auto directory = PrivateDirectory(std::filesystem::path(runtime) / DirectoryName);
     if (!directory.empty() && directory.native().size() <= LongestSocketPath - 20)
       return directory;
   }
