@@ -92,7 +92,7 @@ TEST_F(TDeployPanelTest, CancelsTheRunLikeAnInterrupt) {
   FRun.Report.Rows = {Failed(ThreeRows()[0], "the run was interrupted")};
   FRun.Report.End = TDeployEnd::Interrupted;
   FPanel.End();
-  EXPECT_EQ(Summary(), "Interrupted: 0 copied, 1 failed (2.0 KiB). Deploy again to go on.");
+  EXPECT_EQ(Summary(), "Interrupted: 0 copied, 1 failed (0 bytes). Deploy again to go on.");
 }
 
 TEST_F(TDeployPanelTest, StaysUntilItIsClosed) {
@@ -113,7 +113,7 @@ TEST_F(TDeployPanelTest, StaysUntilItIsClosed) {
 
 TEST_F(TDeployPanelTest, ShowsFailedFilesAloneAndCopiesThemAsText) {
   RunWithFailure("No space left on device");
-  EXPECT_EQ(Summary(), "Files that failed: 1. In all: 1 copied, 1 unchanged, 1 failed (3.0 KiB). "
+  EXPECT_EQ(Summary(), "Files that failed: 1. In all: 1 copied, 1 unchanged, 1 failed (2.0 KiB). "
                        "Deploy again to repeat what failed.");
   EXPECT_EQ(Log().model()->rowCount(), 3);
   QTest::keyClick(testing::FindButton(FPanel, "Show failed files only"), Qt::Key_Space);

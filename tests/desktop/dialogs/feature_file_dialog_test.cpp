@@ -1,3 +1,4 @@
+#include "tests/desktop/dialogs/two_features.h"
 #include "tests/desktop/support/dialog_script.h"
 #include "workbench/desktop/dialogs/feature_file_dialog.h"
 #include "workbench/desktop/dialogs/feature_tree_model.h"
@@ -12,79 +13,11 @@ namespace workbench {
 namespace {
 
 using deployment::TCheckState;
-using deployment::TNodeId;
 using testing::Child;
 using testing::ClickCheckBox;
 using testing::OnNextDialog;
 using testing::Press;
-
-deployment::TFeatureNode Node(const char* title, const char* localName, const char* platform,
-                              const char* remoteDir = "") {
-  deployment::TFeatureNode node;
-  node.Title = title;
-  node.LocalName = localName;
-  node.Platform = platform;
-  node.RemoteDir = remoteDir;
-  return node;
-}
-
-// Two features; the first one has two platforms with two files and one.
-class TTwoFeatures final : public deployment::IFeatureFileForm {
-public:
-  enum TNode : TNodeId { Top, Database, Win32, OSX32, First, Second, Third, Sound, Linux, Fourth };
-
-  std::string GetCaption() const override { return "Featured Files"; }
-  int GetHelpContext() const override { return 13602; }
-  const std::vector<TNodeId>& GetChildren(TNodeId node) const override { return FChildren[node]; }
-  const deployment::TFeatureNode& GetNode(TNodeId node) const override { return FData[node]; }
-  std::string GetText(TNodeId node) const override {
-    const auto& data = FData[node];
-    return !data.Title.empty() ? data.Title
-                               : (data.LocalName.empty() ? data.Platform : data.LocalName);
-  }
-  TCheckState GetCheckState(TNodeId node) const override {
-    const auto& children = FChildren[node];
-    if (children.empty())
-      return FChecked[node] ? TCheckState::Checked : TCheckState::Unchecked;
-    const TCheckState first = GetCheckState(children.front());
-    for (const TNodeId child : children) {
-      if (GetCheckState(child) != first)
-        return TCheckState::Mixed;
-    }
-    return first;
-  }
-  void SetChecked(TNodeId node, bool checked) override {
-    FChecked[node] = checked;
-    for (const TNodeId child : FChildren[node])
-      SetChecked(child, checked);
-  }
-  bool GetShowAuto() const override { return FShowAuto; }
-  void SetShowAuto(bool show) override { FShowAuto = show; }
-
-private:
-  std::vector<std::vector<TNodeId>> FChildren{{Database, Sound},
-                                              {Win32, OSX32},
-                                              {First, Second},
-                                              {Third},
-                                              {},
-                                              {},
-                                              {},
-                                              {Linux},
-                                              {Fourth},
-                                              {}};
-  std::vector<deployment::TFeatureNode> FData{{},
-                                              Node("Database client", "", ""),
-                                              Node("", "", "Win32"),
-                                              Node("", "", "OSX32"),
-                                              Node("", "client.dll", "Win32", "bin\\"),
-                                              Node("", "client.msg", "Win32"),
-                                              Node("", "libclient.dylib", "OSX32"),
-                                              Node("Sound", "", ""),
-                                              Node("", "", "Linux64"),
-                                              Node("", "libsound.so", "Linux64")};
-  std::vector<bool> FChecked = std::vector<bool>(10);
-  bool FShowAuto = true;
-};
+using testing::TTwoFeatures;
 
 QModelIndex At(const QAbstractItemModel& model, std::initializer_list<int> rows) {
   QModelIndex index;

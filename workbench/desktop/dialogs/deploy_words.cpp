@@ -105,7 +105,7 @@ QString DeployCounts(const std::vector<TDeployRow>& rows) {
   std::uint64_t bytes = 0;
   for (const TDeployRow& row : rows) {
     ++counts[static_cast<std::size_t>(row.Action)];
-    bytes += row.Bytes;
+    bytes += row.Action == TDeployAction::Copied ? row.Bytes : 0;
   }
   QStringList parts;
   for (std::size_t i = 0; i < counts.size(); ++i) {

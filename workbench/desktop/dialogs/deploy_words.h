@@ -15,7 +15,7 @@ QString ActionWord(TDeployAction action);
 /// Such as "3.2 MiB", with the user's decimal point.
 QString SizeText(std::uint64_t bytes);
 
-/// How many files met which end and how much was sent: "12 copied, 3 unchanged (3.2 MiB)".
+/// How many files met which end and how much was copied: "12 copied, 3 unchanged (3.2 MiB)".
 QString DeployCounts(const std::vector<TDeployRow>& rows);
 
 /// The end of a run in one or more sentences, with every problem where nothing was done.

@@ -81,6 +81,8 @@ TPathsPage::TPathsPage(TSettingsEdit& settings, QStringList platforms, QWidget* 
   FTable->setSelectionMode(QAbstractItemView::SingleSelection);
   FTable->setTabKeyNavigation(false);
   FTable->verticalHeader()->hide();
+  FTable->verticalHeader()->setDefaultSectionSize(FTable->fontMetrics().lineSpacing() * 2);
+  FTable->setWordWrap(false);
   FTable->horizontalHeader()->setHighlightSections(false);
   FTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   FTable->horizontalHeader()->setSectionResizeMode(TPathModel::Platform,

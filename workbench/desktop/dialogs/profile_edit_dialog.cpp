@@ -63,7 +63,7 @@ void TProfileEditDialog::MakeFields(const QStringList& platforms) {
     FPages->addWidget(page);
   }
   FKind->setCurrentIndex(FKind->findData(static_cast<int>(FProfile.Kind)));
-  FPages->setCurrentIndex(FKind->currentIndex());
+  ShowKind(FKind->currentIndex());
   connect(FKind, &QComboBox::currentIndexChanged, this, &TProfileEditDialog::ShowKind);
   FDefault->setObjectName(QStringLiteral("default"));
   FDefault->setChecked(FProfile.IsDefault);
@@ -86,7 +86,15 @@ TProfilePage& TProfileEditDialog::Page() const {
 
 void TProfileEditDialog::ShowKind(int index) {
   FPages->setCurrentIndex(index);
+  // Pages that are not shown take no room.
+  for (int page = 0; page < FPages->count(); ++page) {
+    const bool isShown = page == index;
+    FPages->widget(page)->setSizePolicy(QSizePolicy::Preferred,
+                                        isShown ? QSizePolicy::Preferred : QSizePolicy::Ignored);
+  }
   FProblem->hide();
+  if (isVisible())
+    adjustSize();
 }
 
 TProfile TProfileEditDialog::Entered() const {

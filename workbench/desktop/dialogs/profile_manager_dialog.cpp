@@ -85,7 +85,10 @@ void TProfileManagerDialog::MakeTable() {
   FTable->setShowGrid(false);
   FTable->verticalHeader()->hide();
   FTable->horizontalHeader()->setHighlightSections(false);
+  FTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   FTable->horizontalHeader()->setSectionResizeMode(TProfileModel::Place, QHeaderView::Stretch);
+  FTable->verticalHeader()->setDefaultSectionSize(FTable->fontMetrics().lineSpacing() * 3 / 2);
+  FTable->setWordWrap(false);
   connect(FTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
           &TProfileManagerDialog::ShowState);
   connect(FTable, &QTableView::activated, this, &TProfileManagerDialog::Edit);
@@ -121,7 +124,6 @@ const TProfile* TProfileManagerDialog::Current() const {
 
 void TProfileManagerDialog::Refresh(std::string_view select) {
   Try([&] { FModel.Refresh(); });
-  FTable->resizeColumnToContents(TProfileModel::Name);
   const int row = std::max(0, FModel.Find(select));
   FTable->setCurrentIndex(FModel.index(row, 0));
   ShowState();

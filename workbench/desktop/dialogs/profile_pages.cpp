@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -31,12 +32,15 @@ QSpinBox* MakeSpinBox(const char* name, int least, int most, QWidget* parent) {
   return box;
 }
 
-// An edit with its button beside it.
-QLayout* Beside(QLineEdit* edit, QPushButton* button) {
+// Adds an edit with its button beside it. The label belongs to the edit alone.
+void AddRow(QFormLayout& form, const QString& label, QLineEdit* edit, QPushButton* button) {
+  auto* caption = new QLabel(label, edit->parentWidget());
+  caption->setBuddy(edit);
+  button->setAutoDefault(false);
   auto* row = new QHBoxLayout;
   row->addWidget(edit, 1);
   row->addWidget(button);
-  return row;
+  form.addRow(caption, row);
 }
 
 std::string Entered(const QLineEdit* edit) {
@@ -50,7 +54,7 @@ TFolderPage::TFolderPage(QWidget* parent) : TProfilePage(parent), FPath(MakeEdit
   connect(browse, &QPushButton::clicked, this, &TFolderPage::Browse);
   auto* form = new QFormLayout(this);
   form->setContentsMargins({});
-  form->addRow(tr("Di&rectory:"), Beside(FPath, browse));
+  AddRow(*form, tr("Di&rectory:"), FPath, browse);
   FPath->setAccessibleName(tr("Directory"));
   FPath->setToolTip(tr("Everything is put below this directory."));
 }
@@ -107,7 +111,7 @@ void TSshPage::AddFields() {
   form->addRow(tr("&Host:"), FHost);
   form->addRow(tr("P&ort:"), FPort);
   form->addRow(tr("&User:"), FUser);
-  form->addRow(tr("Key &file:"), Beside(FIdentity, browse));
+  AddRow(*form, tr("Key &file:"), FIdentity, browse);
   FIdentity->setAccessibleName(tr("Key file"));
   form->addRow(tr("Remote di&rectory:"), FPath);
   form->addRow(tr("SSH op&tions:"), FOptions);

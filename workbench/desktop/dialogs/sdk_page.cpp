@@ -126,7 +126,10 @@ TSdkPage::TSdkPage(TSettingsEdit& settings, QStringList platforms, QWidget* pare
   FTable->setShowGrid(false);
   FTable->verticalHeader()->hide();
   FTable->horizontalHeader()->setHighlightSections(false);
+  FTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   FTable->horizontalHeader()->setSectionResizeMode(TSdkModel::NdkBasePath, QHeaderView::Stretch);
+  FTable->verticalHeader()->setDefaultSectionSize(FTable->fontMetrics().lineSpacing() * 3 / 2);
+  FTable->setWordWrap(false);
   auto* add = new QPushButton(tr("&Add\u2026"), this);
   auto* column = new QVBoxLayout;
   for (QPushButton* button : {add, FEdit, FRemove, FDefault}) {
