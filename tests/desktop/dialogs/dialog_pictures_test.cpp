@@ -1,5 +1,5 @@
 // Paints every dialog in light and in dark colours. DIALOG_PICTURES=DIRECTORY keeps the pictures,
-// for people to look at.
+// for people to look at; DIALOG_TRANSLATION=FILE.qm shows them in another language.
 #include "package/view/revert_to_default_form.h"
 #include "package/view/select_form.h"
 #include "tests/desktop/dialogs/two_features.h"
@@ -19,6 +19,7 @@
 #include <QPalette>
 #include <QStyleFactory>
 #include <QTabWidget>
+#include <QTranslator>
 #include <set>
 
 namespace workbench {
@@ -44,6 +45,8 @@ protected:
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     if (GetParam())
       QApplication::setPalette(DarkPalette());
+    if (FTranslator.load(qEnvironmentVariable("DIALOG_TRANSLATION")))
+      QApplication::installTranslator(&FTranslator);
     for (const auto& [key, text] : {std::pair{"sdk.ndk-r21.platform", "Android"},
                                     {"sdk.ndk-r21.ndk-base-path", "/opt/ndk"},
                                     {"sdk-default.Android", "ndk-r21"},
@@ -87,6 +90,8 @@ protected:
       Keep(dialog, name);
     });
   }
+
+  QTranslator FTranslator;
 };
 
 TEST_P(TDialogPictures, OfTheFormsOfThePackage) {

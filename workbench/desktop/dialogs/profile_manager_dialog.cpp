@@ -35,12 +35,11 @@ QStringList PlatformNames(const TSession& session) {
   return names;
 }
 
-// A name like that of the profile which no other one has.
-std::string FreeName(const TProfileModel& model, const std::string& name) {
-  const QString first = TProfileManagerDialog::tr("%1 copy").arg(ToQString(name));
-  std::string free = ToStdString(first);
+// The name, or one like it that no profile has.
+std::string FreeName(const TProfileModel& model, const QString& name) {
+  std::string free = ToStdString(name);
   for (int number = 2; model.Find(free) >= 0; ++number)
-    free = ToStdString(QStringLiteral("%1 %2").arg(first).arg(number));
+    free = ToStdString(QStringLiteral("%1 %2").arg(name).arg(number));
   return free;
 }
 
@@ -198,7 +197,7 @@ void TProfileManagerDialog::Duplicate() {
   if (!profile)
     return;
   TProfile copy = *profile;
-  copy.Name = FreeName(FModel, profile->Name);
+  copy.Name = FreeName(FModel, tr("%1 copy").arg(ToQString(profile->Name)));
   copy.IsDefault = false;
   TProfileEditDialog dialog(
       PlatformNames(FSession), copy,
