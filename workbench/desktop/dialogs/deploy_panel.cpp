@@ -29,7 +29,7 @@ constexpr std::chrono::milliseconds FlushInterval(100);
 constexpr int BarSteps = 1000;
 constexpr int LinesKept = 10000;
 // Widths of the columns in characters; the last one takes the rest.
-constexpr std::array<int, TDeployLogModel::Reason> ColumnWidths{36, 16, 12, 44};
+constexpr std::array<int, TDeployLogModel::Reason> ColumnWidths{36, 20, 12, 44};
 
 } // namespace
 

@@ -1,8 +1,8 @@
 #include "workbench/desktop/dialogs/feature_file_dialog.h"
 
 #include "workbench/desktop/dialogs/feature_tree_model.h"
-#include "workbench/desktop/dialogs/form_texts.h"
 #include "workbench/desktop/dialogs/help_topics.h"
+#include "workbench/desktop/dialogs/package_texts.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -20,7 +20,7 @@ constexpr QSize SmallestTree(525, 286);
 
 TFeatureFileDialog::TFeatureFileDialog(deployment::IFeatureFileForm& form, QWidget* parent)
     : QDialog(parent), FForm(form), FTree(new QTreeView(this)) {
-  setWindowTitle(FormText(form.GetCaption()));
+  setWindowTitle(PackageText(form.GetCaption()));
   MakeTree();
   auto* showAuto = new QCheckBox(tr("&Show automatically when required"), this);
   showAuto->setObjectName(QStringLiteral("cbShowAuto"));
@@ -46,8 +46,8 @@ void TFeatureFileDialog::MakeTree() {
 
 QWidget* TFeatureFileDialog::MakeButtons() {
   auto* buttons = new QDialogButtonBox(this);
-  buttons->addButton(QDialogButtonBox::Ok)->setText(FormText("OK"));
-  buttons->addButton(QDialogButtonBox::Cancel)->setText(FormText("Cancel"));
+  buttons->addButton(QDialogButtonBox::Ok)->setText(PackageText("OK"));
+  buttons->addButton(QDialogButtonBox::Cancel)->setText(PackageText("Cancel"));
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   if (HasHelpTopic(FForm.GetHelpContext())) {

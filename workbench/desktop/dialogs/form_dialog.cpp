@@ -1,6 +1,6 @@
 #include "workbench/desktop/dialogs/form_dialog.h"
 
-#include "workbench/desktop/dialogs/form_texts.h"
+#include "workbench/desktop/dialogs/package_texts.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -14,14 +14,14 @@ using deployment::TModalResult;
 
 TFormDialog::TFormDialog(const deployment::TFormLayout& layout, QWidget* parent)
     : QDialog(parent), FContent(new QVBoxLayout(this)), FPosition(layout.Position) {
-  setWindowTitle(FormText(layout.Caption));
+  setWindowTitle(PackageText(layout.Caption));
 }
 
 void TFormDialog::Finish(const deployment::TFormLayout& layout) {
   auto* row = new QHBoxLayout;
   row->addStretch();
   for (const deployment::TFormButton& description : layout.Buttons) {
-    auto* button = new QPushButton(FormText(description.Caption), this);
+    auto* button = new QPushButton(PackageText(description.Caption), this);
     // Qt would make the first of these the default one, and the form decides that.
     button->setAutoDefault(false);
     button->setDefault(description.Default);

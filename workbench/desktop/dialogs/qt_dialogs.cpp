@@ -1,5 +1,6 @@
 #include "workbench/desktop/dialogs/qt_dialogs.h"
 
+#include "workbench/desktop/dialogs/package_texts.h"
 #include "workbench/desktop/dialogs/qt_text.h"
 
 #include <QAbstractButton>
@@ -50,7 +51,7 @@ TMessageAnswer TDialogs::ShowMessage(const deployment::TMessageBox& message) {
   QMessageBox box(FParent);
   box.setWindowTitle(QCoreApplication::applicationName());
   box.setTextFormat(Qt::PlainText);
-  box.setText(ToQString(message.Text));
+  box.setText(PackageText(message.Text));
   box.setIcon(message.Buttons.size() > 1 ? QMessageBox::Question : QMessageBox::Information);
   for (const TMessageAnswer answer : message.Buttons) {
     const auto* text = std::find_if(ButtonTexts.begin(), ButtonTexts.end(),
@@ -74,8 +75,8 @@ TMessageAnswer TDialogs::ShowMessage(const deployment::TMessageBox& message) {
 
 bool TDialogs::InputBox(std::string_view caption, std::string_view prompt, std::string& value) {
   QInputDialog dialog(FParent);
-  dialog.setWindowTitle(ToQString(caption));
-  dialog.setLabelText(ToQString(prompt));
+  dialog.setWindowTitle(PackageText(caption));
+  dialog.setLabelText(PackageText(prompt));
   dialog.setTextValue(ToQString(value));
   dialog.setOkButtonText(tr("OK"));
   dialog.setCancelButtonText(tr("Cancel"));

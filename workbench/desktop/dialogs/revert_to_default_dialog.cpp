@@ -1,6 +1,6 @@
 #include "workbench/desktop/dialogs/revert_to_default_dialog.h"
 
-#include "workbench/desktop/dialogs/form_texts.h"
+#include "workbench/desktop/dialogs/package_texts.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -13,12 +13,12 @@ namespace workbench {
 TRevertToDefaultDialog::TRevertToDefaultDialog(deployment::IRevertToDefaultForm& form,
                                                QWidget* parent)
     : TFormDialog(form.GetLayout(), parent) {
-  auto* warning = new QLabel(FormText(form.GetWarning()), this);
+  auto* warning = new QLabel(PackageText(form.GetWarning()), this);
   warning->setTextFormat(Qt::PlainText);
   warning->setWordWrap(true);
   Content().addWidget(warning);
   Content().addWidget(MakeScopes(form));
-  auto* keep = new QCheckBox(FormText(form.GetKeepAddedFilesCaption()), this);
+  auto* keep = new QCheckBox(PackageText(form.GetKeepAddedFilesCaption()), this);
   keep->setObjectName(QStringLiteral("chkKeepAddedFiles"));
   keep->setChecked(form.GetKeepAddedFiles());
   connect(keep, &QCheckBox::toggled, this, [&form](bool on) { form.SetKeepAddedFiles(on); });
@@ -27,10 +27,10 @@ TRevertToDefaultDialog::TRevertToDefaultDialog(deployment::IRevertToDefaultForm&
 }
 
 QWidget* TRevertToDefaultDialog::MakeScopes(deployment::IRevertToDefaultForm& form) {
-  auto* group = new QGroupBox(FormText(form.GetGroupCaption()), this);
+  auto* group = new QGroupBox(PackageText(form.GetGroupCaption()), this);
   auto* layout = new QVBoxLayout(group);
   for (const deployment::TRevertOption& option : form.GetOptions()) {
-    auto* button = new QRadioButton(FormText(option.Caption), group);
+    auto* button = new QRadioButton(PackageText(option.Caption), group);
     button->setObjectName(option.Scope == deployment::TRevertScope::ActivePlatform
                               ? QStringLiteral("RBActivePlatform")
                               : QStringLiteral("RBAllPlatforms"));

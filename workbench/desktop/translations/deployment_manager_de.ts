@@ -9,7 +9,26 @@
     </message>
 </context>
 <context>
-    <name>Forms</name>
+    <name>HelpTopics</name>
+    <message>
+        <source>Featured Files</source>
+        <translation>Zusätzliche Dateien</translation>
+    </message>
+    <message>
+        <source>Features are sets of optional files, such as run-time libraries, that a program may need on its target.
+
+Tick a feature, one of its platforms, or single files. With OK the ticked files are put on the deployment list for every configuration, and the others are taken off it. Cancel changes nothing.
+
+With &quot;Show automatically when required&quot; this dialog opens by itself when a file is added to the project that usually needs one of the features.</source>
+        <translation>Zusätzliche Dateien sind Gruppen von Dateien, etwa Laufzeitbibliotheken, die ein Programm auf dem Zielgerät brauchen kann.
+
+Haken Sie eine Gruppe, eine ihrer Plattformen oder einzelne Dateien an. Mit OK kommen die angehakten Dateien für jede Konfiguration auf die Verteilungsliste, die übrigen werden von ihr genommen. Abbrechen ändert nichts.
+
+Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, wenn eine Datei zum Projekt kommt, die gewöhnlich eine der Gruppen braucht.</translation>
+    </message>
+</context>
+<context>
+    <name>Package</name>
     <message>
         <source>OK</source>
         <translation>OK</translation>
@@ -50,24 +69,113 @@
         <source>Keep added files</source>
         <translation>Hinzugefügte Dateien behalten</translation>
     </message>
-</context>
-<context>
-    <name>HelpTopics</name>
     <message>
-        <source>Featured Files</source>
-        <translation>Zusätzliche Dateien</translation>
+        <source>Remote Path</source>
+        <translation>Zielverzeichnis</translation>
     </message>
     <message>
-        <source>Features are sets of optional files, such as run-time libraries, that a program may need on its target.
-
-Tick a feature, one of its platforms, or single files. With OK the ticked files are put on the deployment list for every configuration, and the others are taken off it. Cancel changes nothing.
-
-With &quot;Show automatically when required&quot; this dialog opens by itself when a file is added to the project that usually needs one of the features.</source>
-        <translation>Zusätzliche Dateien sind Gruppen von Dateien, etwa Laufzeitbibliotheken, die ein Programm auf dem Zielgerät brauchen kann.
-
-Haken Sie eine Gruppe, eine ihrer Plattformen oder einzelne Dateien an. Mit OK kommen die angehakten Dateien für jede Konfiguration auf die Verteilungsliste, die übrigen werden von ihr genommen. Abbrechen ändert nichts.
-
-Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, wenn eine Datei zum Projekt kommt, die gewöhnlich eine der Gruppen braucht.</translation>
+        <source>Enter the new Remote Path</source>
+        <translation>Geben Sie das neue Zielverzeichnis ein</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to change the value for the selected items ?</source>
+        <translation>Soll der Wert der ausgewählten Einträge wirklich geändert werden?</translation>
+    </message>
+    <message>
+        <source>Local Path</source>
+        <translation>Lokaler Pfad</translation>
+    </message>
+    <message>
+        <source>Local Name</source>
+        <translation>Lokaler Name</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Konfiguration</translation>
+    </message>
+    <message>
+        <source>Platforms</source>
+        <translation>Plattformen</translation>
+    </message>
+    <message>
+        <source>Remote Name</source>
+        <translation>Zielname</translation>
+    </message>
+    <message>
+        <source>Remote Status</source>
+        <translation>Zielstatus</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Reconcile</source>
+        <translation>Abgleichen</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Dateien hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete Selected Files</source>
+        <translation>Ausgewählte Dateien löschen</translation>
+    </message>
+    <message>
+        <source>Add Featured Files</source>
+        <translation>Zusätzliche Dateien hinzufügen</translation>
+    </message>
+    <message>
+        <source>Deploy</source>
+        <translation>Verteilen</translation>
+    </message>
+    <message>
+        <source>Connect to Remote Machine</source>
+        <translation>Mit dem Zielgerät verbinden</translation>
+    </message>
+    <message>
+        <source>Revert to Default</source>
+        <translation>Auf die Vorgaben zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Check All Items</source>
+        <translation>Alle anhaken</translation>
+    </message>
+    <message>
+        <source>Uncheck All Items</source>
+        <translation>Haken bei allen entfernen</translation>
+    </message>
+    <message>
+        <source>Check Selected Items</source>
+        <translation>Ausgewählte anhaken</translation>
+    </message>
+    <message>
+        <source>Uncheck Selected Items</source>
+        <translation>Haken bei ausgewählten entfernen</translation>
+    </message>
+    <message>
+        <source>Change Remote Path for Selected Items</source>
+        <translation>Zielverzeichnis der ausgewählten Einträge ändern</translation>
+    </message>
+    <message>
+        <source>Change Overwrite value for selected items</source>
+        <translation>„Überschreiben“ der ausgewählten Einträge umschalten</translation>
+    </message>
+    <message>
+        <source>A connection profile is required for deployment. Would you like to create one and assign it to the &quot;%s&quot; platform?</source>
+        <translation>Zum Verteilen wird ein Verbindungsprofil gebraucht. Möchten Sie eines anlegen und der Plattform „%s“ zuweisen?</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete file &quot;%s&quot;?</source>
+        <translation>Soll die Datei „%s“ wirklich von der Liste gelöscht werden?</translation>
+    </message>
+    <message>
+        <source>The active platform is &quot;%s&quot;. Would you like to set the &quot;%s&quot; platform as the active platform?</source>
+        <translation>Die aktive Plattform ist „%s“. Soll „%s“ zur aktiven Plattform werden?</translation>
     </message>
 </context>
 <context>

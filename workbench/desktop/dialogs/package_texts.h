@@ -1,4 +1,5 @@
-// Words of the package's forms in the user's language.
+// Words of the package in the user's language: captions of forms, columns and buttons, and
+// questions with names in them.
 #pragma once
 
 #include <QString>
@@ -7,6 +8,6 @@
 namespace workbench {
 
 /// The text translated; as it is where no translation knows it.
-QString FormText(std::string_view text);
+QString PackageText(std::string_view text);
 
 } // namespace workbench
