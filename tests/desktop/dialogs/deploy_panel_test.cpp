@@ -264,6 +264,7 @@ TEST(FailureAdvice, FitsTheReason) {
   EXPECT_EQ(advice("the run was interrupted"), "Deploy again to go on where it stopped.");
   EXPECT_TRUE(advice("/t/a.exe: Permission denied").starts_with("Check that the file can be read"));
   EXPECT_TRUE(advice("the local command \"make\" ended with 2").starts_with("Run the command by"));
+  EXPECT_TRUE(advice("the local file /p/a.exe is missing").starts_with("Build the project"));
   EXPECT_TRUE(advice("something new").starts_with("Mend the cause, then deploy again"));
 }
 

@@ -55,11 +55,11 @@ protected:
     Allow(Host().Settings(), FFile, {"make resources", "strip bin/demo"});
     Host().RemoteProfiles().AddProfile(
         {.Name = "share", .Platform = "Win32", .Path = "/mnt/share", .IsDefault = true});
-    Host().RemoteProfiles().AddProfile({.Name = "raspberry",
+    Host().RemoteProfiles().AddProfile({.Name = "mac-mini",
                                         .Platform = "OSX32",
                                         .Kind = TProfileKind::Ssh,
                                         .Path = "~/app",
-                                        .Host = "pi.example",
+                                        .Host = "mac.example",
                                         .Port = 2222,
                                         .User = "eva"});
   }
@@ -128,7 +128,7 @@ TEST_P(TDialogPictures, OfProfiles) {
   TProfileManagerDialog manager(Host(), nullptr, nullptr);
   manager.show();
   Keep(manager, "profiles");
-  for (const char* name : {"share", "raspberry"}) {
+  for (const char* name : {"share", "mac-mini"}) {
     TProfileEditDialog edit({"Win32", "OSX32", "Android"},
                             *Host().RemoteProfiles().Profiles().Find(name), {}, nullptr);
     edit.show();
@@ -156,6 +156,7 @@ TEST_P(TDialogPictures, OfADeploy) {
   panel.resize(900, 400);
   panel.Begin(run);
   std::vector<TDeployRow> rows;
+  rows.reserve(30);
   for (int i = 0; i < 30; ++i)
     rows.push_back({.LocalName = "data\\levels" + std::to_string(i) + ".dat",
                     .RemoteFile = "/mnt/share/data/levels" + std::to_string(i) + ".dat",

@@ -38,7 +38,7 @@ protected:
     const TSettings settings(SettingsFile());
     std::string text;
     for (const auto& [key, value] : settings.List())
-      text += key + "=" + value + ";";
+      text.append(key).append("=").append(value).append(";");
     return text;
   }
   QWidget& Page(int index) {

@@ -30,7 +30,7 @@ public:
     Second,
     Third,
     Sound,
-    Linux,
+    Win64,
     Fourth
   };
 
@@ -74,7 +74,7 @@ private:
                                                           {},
                                                           {},
                                                           {},
-                                                          {Linux},
+                                                          {Win64},
                                                           {Fourth},
                                                           {}};
   std::vector<deployment::TFeatureNode> FData{{},
@@ -85,8 +85,8 @@ private:
                                               Node("", "client.msg", "Win32"),
                                               Node("", "libclient.dylib", "OSX32"),
                                               Node("Sound", "", ""),
-                                              Node("", "", "Linux64"),
-                                              Node("", "libsound.so", "Linux64")};
+                                              Node("", "", "Win64"),
+                                              Node("", "sound.dll", "Win64")};
   std::vector<bool> FChecked = std::vector<bool>(10);
   bool FShowAuto = true;
 };

@@ -27,7 +27,7 @@ struct TAdvice {
 };
 
 // The first one that fits counts.
-constexpr std::array<TAdvice, 9> Advices{{
+constexpr std::array<TAdvice, 10> Advices{{
     {"interrupted", QT_TRANSLATE_NOOP("TDeployWords", "Deploy again to go on where it stopped.")},
     {"no space left",
      QT_TRANSLATE_NOOP("TDeployWords", "Make room on the target, then deploy again.")},
@@ -46,6 +46,9 @@ constexpr std::array<TAdvice, 9> Advices{{
     {"was copied, but",
      QT_TRANSLATE_NOOP("TDeployWords", "The file is on the target. Check there what has to be done "
                                        "with it, then deploy again.")},
+    {"is missing",
+     QT_TRANSLATE_NOOP("TDeployWords", "Build the project, or take the file off the list, then "
+                                       "deploy again.")},
     {"no such file",
      QT_TRANSLATE_NOOP("TDeployWords", "Build the project, or take the file off the list, then "
                                        "deploy again.")},

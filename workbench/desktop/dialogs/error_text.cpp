@@ -12,7 +12,7 @@
 namespace workbench {
 
 QString ErrorText(const std::exception& error) {
-  const QString text = ToQString(Visible(error.what()));
+  QString text = ToQString(Visible(error.what()));
   const auto* input = dynamic_cast<const deployment::TInputError*>(&error);
   if (!input || input->Place().File.empty())
     return text;
