@@ -29,6 +29,17 @@ std::string ProblemText(const std::vector<std::string>& problems) {
   return text;
 }
 
+// A command deploys once, as its arguments say.
+class TDesk final : public IDeployDesk {
+public:
+  explicit TDesk(TDeployRun& run) : FRun(run) {}
+  TDeployRun& Begin() override { return FRun; }
+  void End(TDeployRun& /*run*/) override {}
+
+private:
+  TDeployRun& FRun;
+};
+
 class TDeployCommand final : public ICommand {
 public:
   std::string Name() const override { return "deploy"; }
@@ -75,11 +86,12 @@ private:
     run.Progress = &progress;
     {
       const TInterruptWatch watch(run.Cancelled);
-      services.SetDeployRun(&run);
+      TDesk desk(run);
+      services.SetDeployDesk(&desk);
       view.Press("tbDeploy");
       if (run.Report.End == TDeployEnd::NotStarted)
         services.Deploy(project.Project(), target.Platform, target.Configuration, /*final=*/true);
-      services.SetDeployRun(nullptr);
+      services.SetDeployDesk(nullptr);
     }
     progress.Finish();
     run.Progress = nullptr;

@@ -14,8 +14,7 @@ void TMainThreadQueue::Post(std::function<void()> action) {
   FPosted.notify_one();
 }
 
-void TMainThreadQueue::NameThread(std::string_view name) {
-  // The system keeps 15 characters.
+void NameThisThread(std::string_view name) {
   const std::string kept(name.substr(0, 15));
   pthread_setname_np(pthread_self(), kept.c_str());
 }

@@ -13,11 +13,14 @@
 
 namespace workbench {
 
+/// Names the calling thread for debuggers; the system keeps 15 characters.
+void NameThisThread(std::string_view name);
+
 /// The main thread of a host without a window asks the queue for its work.
 class TMainThreadQueue final : public deployment::IMainThreadQueue {
 public:
   void Post(std::function<void()> action) override;
-  void NameThread(std::string_view name) override;
+  void NameThread(std::string_view name) override { NameThisThread(name); }
 
   /// Runs what was posted, and what that posts; returns how many actions ran.
   std::size_t RunPosted();

@@ -1,6 +1,5 @@
 #include "workbench/controls/memory_controls.h"
 
-#include <string_view>
 #include <utility>
 
 namespace workbench {
@@ -24,21 +23,6 @@ TMemoryControls::CreateTree(const deployment::TTreeOptions& options,
   auto tree = std::make_unique<TMemoryTree>(options, std::move(events));
   FTree = tree.get();
   return tree;
-}
-
-// The project's full path; what a name cannot hold is written as its number.
-std::string TMemoryControls::GetIdentifier(const deployment::IOTAProject& project) const {
-  constexpr std::string_view Digits = "0123456789ABCDEF";
-  std::string identifier;
-  for (const char c : project.GetFileName()) {
-    if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')) {
-      identifier.push_back(c);
-    } else {
-      const auto code = static_cast<unsigned char>(c);
-      identifier.append({'_', Digits[code >> 4], Digits[code & 0xF]});
-    }
-  }
-  return identifier;
 }
 
 } // namespace workbench

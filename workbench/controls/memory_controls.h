@@ -7,6 +7,7 @@
 #include "workbench/controls/memory_targets_combo_box.h"
 #include "workbench/controls/memory_tool_bar.h"
 #include "workbench/controls/memory_tree.h"
+#include "workbench/controls/project_identifier.h"
 
 #include <memory>
 #include <optional>
@@ -39,7 +40,9 @@ public:
   TMemoryStyle& GetStyle() { return FStyle; }
   const deployment::IVisualStyle& GetStyle() const override { return FStyle; }
   std::shared_ptr<deployment::IMainThreadQueue> GetMainThread() override { return FMainThread; }
-  std::string GetIdentifier(const deployment::IOTAProject& project) const override;
+  std::string GetIdentifier(const deployment::IOTAProject& project) const override {
+    return ProjectIdentifier(project);
+  }
 
   TMemoryToolBar* ToolBar() const { return FToolBar; }
   TMemoryTargetsComboBox* TargetsComboBox() const { return FTargets; }

@@ -41,6 +41,14 @@ public:
   void SetSortMark(int column, deployment::TSortDirection direction) override;
   void SortTree(int column, deployment::TSortDirection direction) override;
 
+  /// 0 for a node of the top level.
+  TNodeId GetParent(TNodeId node) const { return FNodes[node].Parent; }
+  deployment::TCheckType GetCheckType(TNodeId node) const { return FNodes[node].CheckType; }
+  /// False for an id that no node has.
+  bool IsNode(TNodeId node) const {
+    return node != 0 && node < FNodes.size() && FNodes[node].Alive;
+  }
+
   // What the user does and sees.
   void ClickHeader(int column, deployment::TMouseButton button = deployment::TMouseButton::Left);
   /// False when the form refuses.

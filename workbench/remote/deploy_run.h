@@ -70,4 +70,14 @@ struct TDeployRun {
   TDeployReport Report;
 };
 
+/// Where deploys are started: knows how each is wanted, and shows what becomes of it.
+class IDeployDesk {
+public:
+  virtual ~IDeployDesk() = default;
+  /// A deploy begins; the run must live until the call of End that follows.
+  virtual TDeployRun& Begin() = 0;
+  /// The deploy is over; its report is complete.
+  virtual void End(TDeployRun& run) = 0;
+};
+
 } // namespace workbench

@@ -240,8 +240,21 @@ TRemoteProfileServices::FindPlace(deployment::ICustomProject& project, std::stri
 
 void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::string_view platform,
                                     std::string_view configuration, bool final) {
-  TDeployRun usual;
-  TDeployRun& run = FRun ? *FRun : usual;
+  if (!FDesk) {
+    TDeployRun usual;
+    return Deploy(project, platform, configuration, final, usual);
+  }
+  struct TEnd {
+    IDeployDesk& Desk;
+    TDeployRun& Run;
+    ~TEnd() { Desk.End(Run); }
+  };
+  const TEnd end{*FDesk, FDesk->Begin()};
+  Deploy(project, platform, configuration, final, end.Run);
+}
+
+void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::string_view platform,
+                                    std::string_view configuration, bool final, TDeployRun& run) {
   std::shared_ptr<IOTARemoteProfile> profile;
   try {
     const TPlace place = FindPlace(project, platform, configuration);

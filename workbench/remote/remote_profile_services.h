@@ -70,8 +70,9 @@ public:
   /// done, passing on what it throws. A window does it on a thread and goes on painting. Without
   /// one the work runs on the caller's thread.
   void SetRunAside(TRunAside runAside) { FRunAside = std::move(runAside); }
-  /// The run that the next deploy fills; null: it runs with the usual options. Not owned.
-  void SetDeployRun(TDeployRun* run) { FRun = run; }
+  /// Where deploys are started; null, as at the start: they run with the usual options, and nobody
+  /// hears of them. Not owned.
+  void SetDeployDesk(IDeployDesk* desk) { FDesk = desk; }
 
   std::shared_ptr<deployment::IOTARemoteProfile> FindProfile(std::string_view name) const override;
   std::string GetDefaultProfileName(std::string_view platform) const override;
@@ -111,6 +112,8 @@ private:
               std::string_view configuration, TDeployRun& run);
   void RunAside(const TWork& work) const { FRunAside ? FRunAside(work) : work(); }
   bool IgnoresCase(std::string_view platform) const;
+  void Deploy(deployment::ICustomProject& project, std::string_view platform,
+              std::string_view configuration, bool final, TDeployRun& run);
   template <class TTell>
   void Tell(TTell tell) const;
 
@@ -119,7 +122,7 @@ private:
   TConnections FConnections;
   TCreateProfile FCreateProfile;
   TRunAside FRunAside;
-  TDeployRun* FRun = nullptr;
+  IDeployDesk* FDesk = nullptr;
   std::unordered_map<std::string, std::unique_ptr<TRemoteQueries>>
       FQueries; // by profile, while they run
   std::vector<std::shared_ptr<deployment::IOTARemoteProfileNotifier>> FNotifiers;

@@ -3,6 +3,7 @@
 #include "package/common/convert.h"
 #include "package/common/path_text.h"
 #include "workbench/files/file_backup.h"
+#include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
 #include "workbench/files/machine_path.h"
 
@@ -125,6 +126,14 @@ bool TOpenProjectFile::HasChanges() const {
   const auto* deployment = FModule->GetProjectDeployment();
   return FMarkedChanged || FListener->Changed || HasPropertyChanges() ||
          (FWasEmpty && deployment && !deployment->IsEmpty());
+}
+
+bool TOpenProjectFile::IsChangedOnDisk() const {
+  try {
+    return !FModule->IsText(ReadWholeFile(FGivenName).Text());
+  } catch (const deployment::TInputError&) {
+    return true; // gone, or no file any more
+  }
 }
 
 TSaveReport TOpenProjectFile::Save(bool force) {

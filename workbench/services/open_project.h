@@ -30,6 +30,7 @@ public:
   const std::vector<TWarning>& Warnings() const override;
   bool HasChanges() const override;
   bool HasPropertyChanges() const override;
+  bool IsChangedOnDisk() const override;
   void MarkChanged() override { FMarkedChanged = true; }
   TSaveReport Save(bool force) override;
   bool AssignProfile(std::string_view platform, std::string_view profile, bool force) override;

@@ -76,6 +76,17 @@ void TProjectModule::DocumentWasSaved(std::unique_ptr<TTextPieces> pieces) {
   }
 }
 
+bool TProjectModule::IsText(std::string_view text) const {
+  if (!FSaved)
+    return text == FDocument->Bytes();
+  for (const std::string_view piece : FSaved->Pieces()) {
+    if (!text.starts_with(piece))
+      return false;
+    text.remove_prefix(piece.size());
+  }
+  return text.empty();
+}
+
 // What stands on disk becomes the document that the next save starts from.
 void TProjectModule::ReadSavedDocument() {
   std::string text;

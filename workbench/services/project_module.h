@@ -36,6 +36,8 @@ public:
   TProjectSettings& Settings();
   /// Says that the pieces stand on disk now. They borrow from the present document.
   void DocumentWasSaved(std::unique_ptr<TTextPieces> pieces);
+  /// True when the text is what was read or saved last.
+  bool IsText(std::string_view text) const;
   void SetCurrentPlatform(std::string_view platform) { FCurrentPlatform = platform; }
 
   std::string GetFileName() const override { return GetProjectFileName(); }

@@ -70,6 +70,8 @@ public:
   virtual bool HasChanges() const = 0;
   /// True when properties of the project wait for a save.
   virtual bool HasPropertyChanges() const = 0;
+  /// True when the file on disk is not what was read or saved last, or is gone.
+  virtual bool IsChangedOnDisk() const = 0;
   /// Says that the deployment changed in a way that listeners do not hear of.
   virtual void MarkChanged() = 0;
 

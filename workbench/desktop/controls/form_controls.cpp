@@ -1,0 +1,96 @@
+#include "workbench/desktop/controls/form_controls.h"
+
+#include "workbench/controls/project_identifier.h"
+#include "workbench/desktop/controls/svg_icon.h"
+
+#include <QMenu>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace workbench {
+namespace {
+
+constexpr std::string_view AddButton = "tbAddFiles";
+
+} // namespace
+
+std::vector<std::string> TFormDialogs::OpenFiles(const deployment::TFileOpenOptions& options) {
+  return FDropped.empty() ? FDialogs.OpenFiles(options) : FDropped;
+}
+
+TFormControls::TFormControls(deployment::ISettingsStore& settings, std::function<bool()> isBusy)
+    : FPage(new QWidget), FLayout(new QVBoxLayout(FPage)), FEditors(settings), FDialogs(FPage),
+      FMainThread(std::make_shared<TEventLoopQueue>(std::move(isBusy))) {
+  FLayout->setContentsMargins(0, 0, 0, 0);
+  FLayout->setSpacing(0);
+}
+
+TFormControls::~TFormControls() {
+  FMainThread->Close();
+  delete FPage.data();
+}
+
+std::unique_ptr<deployment::IToolBar> TFormControls::CreateToolBar(deployment::TImageList images) {
+  auto toolBar = std::make_unique<TToolBar>(images, FPage);
+  FToolBar = toolBar.get();
+  FLayout->addWidget(&toolBar->Bar());
+  std::vector<QIcon> icons;
+  icons.reserve(images.size());
+  for (const std::string_view image : images)
+    icons.push_back(SvgIcon(image));
+  FEditors.SetIcons(std::move(icons));
+  return toolBar;
+}
+
+std::unique_ptr<deployment::ITargetsComboBox> TFormControls::CreateTargetsComboBox() {
+  auto targets = std::make_unique<TTargetsComboBox>(FPage);
+  FTargets = targets.get();
+  if (FToolBar)
+    FToolBar->Bar().addWidget(&targets->Box());
+  else
+    FLayout->addWidget(&targets->Box());
+  return targets;
+}
+
+std::unique_ptr<deployment::IVirtualStringTree>
+TFormControls::CreateTree(const deployment::TTreeOptions& options,
+                          deployment::TVirtualTreeEvents events) {
+  auto tree = std::make_unique<TVirtualTree>(options, std::move(events), FPage);
+  FTree = tree.get();
+  FLayout->addWidget(&tree->View(), 1);
+  FPage->setFocusProxy(&tree->View());
+  connect(FTree, &TVirtualTree::StateChanged, this, [this] {
+    if (FToolBar)
+      FToolBar->UpdateSoon();
+    emit StateChanged();
+  });
+  connect(&tree->View(), &TTreeView::MenuWanted, this, &TFormControls::ShowMenu);
+  return tree;
+}
+
+std::string TFormControls::GetIdentifier(const deployment::IOTAProject& project) const {
+  return ProjectIdentifier(project);
+}
+
+void TFormControls::AddFiles(std::vector<std::string> files) {
+  QAction* add = FToolBar ? FToolBar->Find(AddButton) : nullptr;
+  if (!add || files.empty())
+    return;
+  FDialogs.SetDropped(std::move(files));
+  add->trigger();
+  FDialogs.SetDropped({});
+}
+
+// The commands of the tool bar at the mouse.
+void TFormControls::ShowMenu(const QPoint& place) {
+  if (!FToolBar)
+    return;
+  QMenu menu(FPage);
+  for (QAction* action : FToolBar->Actions()) {
+    if (action->isSeparator() || !action->text().isEmpty())
+      menu.addAction(action);
+  }
+  menu.exec(place);
+}
+
+} // namespace workbench

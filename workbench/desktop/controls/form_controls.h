@@ -1,0 +1,100 @@
+// The controls of one form, on a page that a window shows.
+#pragma once
+
+#include "package/host/api/controls.h"
+#include "workbench/desktop/controls/cell_editors.h"
+#include "workbench/desktop/controls/event_loop_queue.h"
+#include "workbench/desktop/controls/targets_combo_box.h"
+#include "workbench/desktop/controls/tool_bar.h"
+#include "workbench/desktop/controls/virtual_tree.h"
+#include "workbench/desktop/dialogs/qt_dialogs.h"
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QVBoxLayout;
+
+namespace workbench {
+
+/// The visual style of the window tells trees no colour of their own.
+class TWindowStyle final : public deployment::IVisualStyle {
+public:
+  std::optional<deployment::TTextColor> GetTreeItemTextColor() const override {
+    return std::nullopt;
+  }
+};
+
+/// Dialogs of the form. Files that were dropped on it answer its question for files.
+class TFormDialogs final : public deployment::IDialogs {
+public:
+  explicit TFormDialogs(QWidget* parent) : FDialogs(parent) {}
+
+  deployment::TMessageAnswer ShowMessage(const deployment::TMessageBox& message) override {
+    return FDialogs.ShowMessage(message);
+  }
+  bool InputBox(std::string_view caption, std::string_view prompt, std::string& value) override {
+    return FDialogs.InputBox(caption, prompt, value);
+  }
+  std::vector<std::string> OpenFiles(const deployment::TFileOpenOptions& options) override;
+  /// The answer to the questions for files until it is taken back with none.
+  void SetDropped(std::vector<std::string> files) { FDropped = std::move(files); }
+
+private:
+  TDialogs FDialogs;
+  std::vector<std::string> FDropped;
+};
+
+/// The page outlives what the form makes on it: tool bar with the target box, and the tree below.
+class TFormControls final : public QObject, public deployment::IControls {
+  Q_OBJECT
+
+public:
+  /// The settings keep histories and must outlive the object. While `isBusy` says so, what threads
+  /// post waits; empty: never.
+  explicit TFormControls(deployment::ISettingsStore& settings,
+                         std::function<bool()> isBusy = nullptr);
+  ~TFormControls() override;
+
+  std::unique_ptr<deployment::IToolBar> CreateToolBar(deployment::TImageList images) override;
+  std::unique_ptr<deployment::ITargetsComboBox> CreateTargetsComboBox() override;
+  std::unique_ptr<deployment::IVirtualStringTree>
+  CreateTree(const deployment::TTreeOptions& options,
+             deployment::TVirtualTreeEvents events) override;
+  deployment::ICellEditors& GetCellEditors() override { return FEditors; }
+  deployment::IDialogs& GetDialogs() override { return FDialogs; }
+  const deployment::IVisualStyle& GetStyle() const override { return FStyle; }
+  std::shared_ptr<deployment::IMainThreadQueue> GetMainThread() override { return FMainThread; }
+  std::string GetIdentifier(const deployment::IOTAProject& project) const override;
+
+  /// Null when a window took it away with itself. A page without a window goes with the controls.
+  QWidget* Page() const { return FPage; }
+  /// What the form made; null before, and when the form is gone.
+  TToolBar* ToolBar() const { return FToolBar; }
+  TTargetsComboBox* TargetsComboBox() const { return FTargets; }
+  TVirtualTree* Tree() const { return FTree; }
+
+  /// Lets the form add these files, as if the user had chosen them in its file dialog.
+  void AddFiles(std::vector<std::string> files);
+
+signals:
+  /// Rows or the selection changed.
+  void StateChanged();
+
+private:
+  void ShowMenu(const QPoint& place);
+
+  QPointer<QWidget> FPage;
+  QVBoxLayout* FLayout;
+  TCellEditors FEditors;
+  TFormDialogs FDialogs;
+  TWindowStyle FStyle;
+  std::shared_ptr<TEventLoopQueue> FMainThread;
+  QPointer<TToolBar> FToolBar;
+  QPointer<TTargetsComboBox> FTargets;
+  QPointer<TVirtualTree> FTree;
+};
+
+} // namespace workbench

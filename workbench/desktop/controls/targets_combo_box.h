@@ -1,0 +1,54 @@
+// The box in which the user chooses configuration and platform.
+#pragma once
+
+#include "package/host/api/idetargetscombobox.h"
+
+#include <QComboBox>
+#include <QPointer>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace workbench {
+
+/// Lists each platform of the project with each configuration that is set up for it, then each
+/// configuration with all platforms.
+class TTargetsComboBox final : public QObject, public deployment::ITargetsComboBox {
+  Q_OBJECT
+
+public:
+  /// A line of the list; no platform stands for all of them.
+  struct TTarget {
+    std::string Configuration;
+    std::string Platform;
+    bool operator==(const TTarget&) const = default;
+  };
+
+  /// The box is owned by the object; `parent` may take it away earlier.
+  explicit TTargetsComboBox(QWidget* parent);
+  ~TTargetsComboBox() override;
+
+  void SetProject(deployment::ICustomProject* project) override;
+  void Repopulate() override;
+  std::string GetSelectedPlatform() const override { return FSelected.Platform; }
+  std::string GetSelectedConfiguration() const override { return FSelected.Configuration; }
+  void SetOnChange(std::function<void()> handler) override { FOnChange = std::move(handler); }
+
+  QComboBox& Box() { return *FBox; }
+  /// As if the user chose it; a target that the list does not have is added to it.
+  void Choose(std::string_view configuration, std::string_view platform);
+
+private:
+  std::vector<TTarget> Targets() const;
+  void Show();
+  void Activated(int row);
+
+  QPointer<QComboBox> FBox;
+  deployment::ICustomProject* FProject = nullptr;
+  std::vector<TTarget> FTargets; // as listed
+  TTarget FSelected;
+  std::function<void()> FOnChange;
+};
+
+} // namespace workbench

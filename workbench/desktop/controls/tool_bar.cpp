@@ -1,0 +1,117 @@
+#include "workbench/desktop/controls/tool_bar.h"
+
+#include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/controls/svg_icon.h"
+#include "workbench/desktop/dialogs/package_texts.h"
+#include "workbench/desktop/dialogs/qt_text.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QToolBar>
+#include <QWidget>
+
+namespace workbench {
+namespace {
+
+constexpr int IconSize = 16; // of the package's images
+constexpr int UpdateInterval = 500;
+
+} // namespace
+
+TToolButton::TToolButton(deployment::TToolButton button, QAction* action)
+    : FButton(std::move(button)), FAction(action) {
+  FAction->setEnabled(FButton.Enabled);
+  connect(FAction, &QAction::triggered, this, &TToolButton::Press);
+}
+
+bool TToolButton::GetEnabled() const {
+  return FAction && FAction->isEnabled();
+}
+
+void TToolButton::SetEnabled(bool enabled) {
+  if (FAction)
+    FAction->setEnabled(enabled);
+}
+
+bool TToolButton::GetDown() const {
+  return FAction && FAction->isChecked();
+}
+
+void TToolButton::SetDown(bool down) {
+  if (FAction)
+    FAction->setChecked(down);
+}
+
+void TToolButton::Update() {
+  if (FButton.OnUpdate)
+    Guarded(FButton.OnUpdate);
+}
+
+void TToolButton::Press() {
+  Update();
+  if (!GetEnabled()) {
+    // It was enabled when it was pressed, and a check button has changed already.
+    if (FAction && FAction->isCheckable())
+      FAction->setChecked(!FAction->isChecked());
+    return;
+  }
+  if (FButton.OnExecute)
+    Guarded(FButton.OnExecute);
+}
+
+TToolBar::TToolBar(deployment::TImageList images, QWidget* parent)
+    : FImages(images), FBar(new QToolBar(parent)) {
+  FBar->setIconSize(QSize(IconSize, IconSize));
+  FBar->setAccessibleName(QCoreApplication::translate("TToolBar", "Commands"));
+  FSoon.setSingleShot(true);
+  FSoon.setInterval(0);
+  connect(&FSoon, &QTimer::timeout, this, &TToolBar::Update);
+  connect(&FNowAndThen, &QTimer::timeout, this, [this] {
+    if (FBar && FBar->isVisible())
+      Update();
+  });
+  FNowAndThen.start(UpdateInterval);
+  UpdateSoon();
+}
+
+TToolBar::~TToolBar() {
+  delete FBar.data();
+}
+
+deployment::IToolButton& TToolBar::AddButton(deployment::TToolButton button) {
+  const auto image = static_cast<std::size_t>(button.ImageIndex);
+  const QString hint = PackageText(button.Hint);
+  auto* action =
+      new QAction(image < FImages.size() ? SvgIcon(FImages[image]) : QIcon(), hint, FBar);
+  action->setObjectName(ToQString(button.Name));
+  action->setToolTip(hint);
+  action->setStatusTip(hint);
+  action->setCheckable(button.Style == deployment::TToolButtonStyle::Check);
+  FBar->addAction(action);
+  FButtons.push_back(std::make_unique<TToolButton>(std::move(button), action));
+  connect(action, &QAction::triggered, this, &TToolBar::UpdateSoon);
+  return *FButtons.back();
+}
+
+void TToolBar::AddSeparator() {
+  FBar->addSeparator();
+}
+
+QList<QAction*> TToolBar::Actions() const {
+  return FBar ? FBar->actions() : QList<QAction*>();
+}
+
+QAction* TToolBar::Find(std::string_view name) const {
+  for (const auto& button : FButtons) {
+    if (button->Description().Name == name)
+      return button->Action();
+  }
+  return nullptr;
+}
+
+void TToolBar::Update() {
+  for (const auto& button : FButtons)
+    button->Update();
+}
+
+} // namespace workbench

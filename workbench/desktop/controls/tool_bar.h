@@ -1,0 +1,70 @@
+// The tool bar of a form.
+#pragma once
+
+#include "package/host/api/toolbars.h"
+
+#include <QAction>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+#include <QToolBar>
+#include <memory>
+#include <vector>
+
+namespace workbench {
+
+/// A button that is a command: it also stands in menus.
+class TToolButton final : public QObject, public deployment::IToolButton {
+  Q_OBJECT
+
+public:
+  TToolButton(deployment::TToolButton button, QAction* action);
+
+  bool GetEnabled() const override;
+  void SetEnabled(bool enabled) override;
+  bool GetDown() const override;
+  void SetDown(bool down) override;
+
+  QAction* Action() const { return FAction; }
+  const deployment::TToolButton& Description() const { return FButton; }
+  /// Lets the form bring the button up to date.
+  void Update();
+
+private:
+  void Press();
+
+  const deployment::TToolButton FButton;
+  QPointer<QAction> FAction;
+};
+
+/// Buttons are brought up to date when something happened, and now and then.
+class TToolBar final : public QObject, public deployment::IToolBar {
+  Q_OBJECT
+
+public:
+  /// The bar is owned by the object; `parent` may take it away earlier.
+  TToolBar(deployment::TImageList images, QWidget* parent);
+  ~TToolBar() override;
+
+  deployment::IToolButton& AddButton(deployment::TToolButton button) override;
+  void AddSeparator() override;
+
+  QToolBar& Bar() { return *FBar; }
+  /// What stands in the bar, separators included, in order.
+  QList<QAction*> Actions() const;
+  /// The command of the button of that name; null when there is none.
+  QAction* Find(std::string_view name) const;
+  /// Lets the form bring all buttons up to date, when the event loop comes round.
+  void UpdateSoon() { FSoon.start(); }
+
+private:
+  void Update();
+
+  const deployment::TImageList FImages;
+  QPointer<QToolBar> FBar;
+  std::vector<std::unique_ptr<TToolButton>> FButtons;
+  QTimer FSoon;
+  QTimer FNowAndThen;
+};
+
+} // namespace workbench

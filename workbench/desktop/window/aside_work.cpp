@@ -1,0 +1,106 @@
+#include "workbench/desktop/window/aside_work.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QThread>
+#include <QTimer>
+#include <QWidget>
+#include <algorithm>
+#include <exception>
+#include <thread>
+
+namespace workbench {
+namespace {
+
+constexpr int BusyCursorDelay = 300;
+
+bool IsInput(QEvent::Type type) {
+  switch (type) {
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonRelease:
+  case QEvent::MouseButtonDblClick:
+  case QEvent::KeyPress:
+  case QEvent::KeyRelease:
+  case QEvent::Shortcut:
+  case QEvent::ShortcutOverride:
+  case QEvent::ContextMenu:
+  case QEvent::DragEnter:
+  case QEvent::Drop:
+  case QEvent::TouchBegin:
+    return true;
+  default:
+    return false;
+  }
+}
+
+} // namespace
+
+// Input is blocked as long as it lives.
+struct TAsideWork::TBusy {
+  explicit TBusy(TAsideWork& aside) : Aside(aside) {
+    if (Aside.FDepth++ > 0)
+      return;
+    qApp->installEventFilter(&Aside);
+    emit Aside.BusyChanged(true);
+  }
+  ~TBusy() {
+    if (--Aside.FDepth > 0)
+      return;
+    qApp->removeEventFilter(&Aside);
+    emit Aside.BusyChanged(false);
+  }
+  TBusy(const TBusy&) = delete;
+  TBusy& operator=(const TBusy&) = delete;
+
+  TAsideWork& Aside;
+};
+
+TAsideWork::TAsideWork(QWidget& window) : FWindow(window) {}
+
+void TAsideWork::Run(const std::function<void()>& work) {
+  if (QThread::currentThread() != thread())
+    return work();
+  const TBusy busy(*this);
+  std::exception_ptr error;
+  QEventLoop loop;
+  std::thread worker([&] {
+    try {
+      work();
+    } catch (...) {
+      error = std::current_exception();
+    }
+    QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+  });
+  bool hasCursor = false;
+  QTimer patience;
+  patience.setSingleShot(true);
+  connect(&patience, &QTimer::timeout, &patience, [&hasCursor] {
+    QApplication::setOverrideCursor(Qt::BusyCursor);
+    hasCursor = true;
+  });
+  patience.start(BusyCursorDelay);
+  // A loop that the program's end broke off leaves the rest to the wait for the thread.
+  loop.exec();
+  worker.join();
+  if (hasCursor)
+    QApplication::restoreOverrideCursor();
+  if (error)
+    std::rethrow_exception(error);
+}
+
+bool TAsideWork::MayReceive(const QObject& receiver) const {
+  const auto* widget = qobject_cast<const QWidget*>(&receiver);
+  if (!widget || widget->window() != &FWindow)
+    return true;
+  return std::any_of(FAllowed.begin(), FAllowed.end(), [widget](const QPointer<QWidget>& allowed) {
+    return allowed && (allowed == widget || allowed->isAncestorOf(widget));
+  });
+}
+
+bool TAsideWork::eventFilter(QObject* watched, QEvent* event) {
+  if (IsInput(event->type()) && !MayReceive(*watched))
+    return true;
+  return QObject::eventFilter(watched, event);
+}
+
+} // namespace workbench

@@ -1,0 +1,31 @@
+#include "workbench/desktop/window/deploy_desk.h"
+
+#include "workbench/desktop/dialogs/deploy_panel.h"
+
+#include <csignal>
+#include <utility>
+
+namespace workbench {
+
+TDeployDesk::TDeployDesk(TDeployPanel& panel, TMayRun mayRun)
+    : FPanel(panel), FMayRun(std::move(mayRun)) {}
+
+TDeployRun& TDeployDesk::Begin() {
+  TDeployRun& run = FRun.emplace();
+  run.MayRun = FMayRun;
+  FPanel.Begin(run);
+  return run;
+}
+
+void TDeployDesk::End(TDeployRun& /*run*/) {
+  FPanel.End();
+  FRun.reset();
+}
+
+void TDeployDesk::Cancel() {
+  int running = 0;
+  if (FRun)
+    FRun->Cancelled.compare_exchange_strong(running, SIGTERM);
+}
+
+} // namespace workbench

@@ -1,0 +1,315 @@
+#include "workbench/desktop/window/main_window.h"
+
+#include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/controls/svg_icon.h"
+#include "workbench/desktop/dialogs/consent_dialog.h"
+#include "workbench/desktop/dialogs/deploy_panel.h"
+#include "workbench/desktop/dialogs/error_text.h"
+#include "workbench/desktop/dialogs/modal_dialogs.h"
+#include "workbench/desktop/dialogs/profile_manager_dialog.h"
+#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/window/welcome_page.h"
+#include "workbench/remote/remote_profile_services.h"
+#include "workbench/services/command_consent.h"
+#include "workbench/services/session.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolButton>
+#include <array>
+#include <chrono>
+#include <string_view>
+
+namespace workbench {
+namespace {
+
+constexpr std::chrono::milliseconds PollInterval(500);
+constexpr QSize FirstSize(1180, 680);
+
+constexpr std::string_view WindowImage = R"(<svg xmlns="http://www.w3.org/2000/svg"
+ viewBox="0 0 32 32"><rect x="3" y="13" width="26" height="16" rx="3" fill="#4a6fa5"/>
+<path d="M16 3l8 9h-5v8h-6v-8H8z" fill="#e8a33d"/></svg>)";
+
+// Keys of the commands on the tool bar, beside those of the menus.
+struct TKey {
+  std::string_view Button;
+  QKeySequence Keys;
+};
+
+} // namespace
+
+TMainWindow::TMainWindow(TSession& session)
+    : FSession(session), FLayout(TWindowLayout::Read()), FAside(*this) {
+  setWindowTitle(QApplication::applicationName());
+  setWindowIcon(SvgIcon(WindowImage));
+  setAcceptDrops(true);
+  MakePages();
+  MakeStatusBar();
+  MakeMenus();
+  ServeSession();
+  FState.setSingleShot(true);
+  FState.setInterval(0);
+  connect(&FState, &QTimer::timeout, this, &TMainWindow::ShowState);
+  FPoll.setInterval(PollInterval);
+  connect(&FPoll, &QTimer::timeout, this, &TMainWindow::ShowState);
+  FPoll.start();
+  connect(&FWatcher, &TProjectWatcher::Stirred, this, [this] { FProjects->CheckDisk(); });
+  if (FLayout.Geometry.isEmpty() || !restoreGeometry(FLayout.Geometry))
+    resize(FirstSize);
+  ShowState();
+}
+
+TMainWindow::~TMainWindow() {
+  FPoll.stop();
+  FState.stop();
+  FSession.CloseViews();
+  FSession.SetEditorArea(nullptr);
+  FSession.SetModalForms(nullptr);
+  TRemoteProfileServices& services = FSession.RemoteProfiles();
+  services.SetRunAside(nullptr);
+  services.SetDeployDesk(nullptr);
+  services.SetCreateProfile(nullptr);
+}
+
+void TMainWindow::MakePages() {
+  FTabs = new TEditorTabs(
+      FSession.Settings(), [this] { return FAside.IsBusy(); }, this);
+  FProjects = std::make_unique<TProjectTabs>(FSession, *FTabs, FAside, *this);
+  FPanel = new TDeployPanel(this);
+  FPanel->hide();
+  FAside.Allow(FPanel);
+  FWelcome = new TWelcomePage(this);
+  connect(FWelcome, &TWelcomePage::OpenWanted, this, &TMainWindow::AskForProject);
+  auto* pages = new QStackedWidget(this);
+  pages->addWidget(FWelcome);
+  pages->addWidget(FTabs);
+  FSplitter = new QSplitter(Qt::Vertical, this);
+  FSplitter->addWidget(pages);
+  FSplitter->addWidget(FPanel);
+  FSplitter->setStretchFactor(0, 1);
+  FSplitter->setChildrenCollapsible(false);
+  FSplitter->restoreState(FLayout.Split);
+  setCentralWidget(FSplitter);
+  connect(FTabs, &QTabWidget::tabCloseRequested, this,
+          [this](int index) { FProjects->Close(index); });
+  connect(FTabs, &QTabWidget::currentChanged, this, &TMainWindow::ShowPage);
+  connect(FProjects.get(), &TProjectTabs::Opened, this,
+          [this](TOpenProject* project) { Opened(*project); });
+  connect(FProjects.get(), &TProjectTabs::Changed, this, [this] {
+    FWatcher.Watch(FProjects->Files());
+    ShowPage();
+  });
+}
+
+void TMainWindow::MakeStatusBar() {
+  FCounts = new QLabel(this);
+  FWarnings = new QToolButton(this);
+  FWarnings->setAutoRaise(true);
+  FWarnings->hide();
+  connect(FWarnings, &QToolButton::clicked, this, &TMainWindow::ShowWarnings);
+  statusBar()->addPermanentWidget(FWarnings);
+  statusBar()->addPermanentWidget(FCounts);
+}
+
+void TMainWindow::ServeSession() {
+  FModalForms = std::make_unique<TModalDialogs>(this);
+  FDesk = std::make_unique<TDeployDesk>(
+      *FPanel, [this](const std::vector<std::string>& commands) { return MayRun(commands); });
+  FSession.SetEditorArea(FTabs);
+  FSession.SetModalForms(FModalForms.get());
+  TRemoteProfileServices& services = FSession.RemoteProfiles();
+  services.SetRunAside([this](const TRemoteProfileServices::TWork& work) { FAside.Run(work); });
+  services.SetDeployDesk(FDesk.get());
+  services.SetCreateProfile([this](deployment::ICustomProject& project, std::string_view platform) {
+    return CreateProfile(project, platform);
+  });
+}
+
+TFormControls* TMainWindow::CurrentControls() const {
+  return FTabs->ControlsAt(FTabs->currentIndex());
+}
+
+TOpenProject* TMainWindow::CurrentProject() const {
+  return FProjects->ProjectAt(FTabs->currentIndex());
+}
+
+bool TMainWindow::Open(const std::filesystem::path& file) {
+  if (!FProjects->Open(file))
+    return false;
+  Guarded([&] {
+    FSession.Settings().AddToHistory(RecentProjects, std::filesystem::absolute(file).string());
+  });
+  return true;
+}
+
+void TMainWindow::ChooseTarget(const std::string& configuration, const std::string& platform) {
+  TFormControls* controls = CurrentControls();
+  if (controls && controls->TargetsComboBox())
+    controls->TargetsComboBox()->Choose(configuration, platform);
+}
+
+void TMainWindow::Restore() {
+  for (const QString& file : FLayout.Projects) {
+    if (QFile::exists(file))
+      Open(ToPathText(file));
+  }
+  if (FLayout.Current >= 0)
+    FTabs->setCurrentIndex(FLayout.Current);
+}
+
+void TMainWindow::Opened(TOpenProject& project) {
+  static const std::array<TKey, 5> keys{{{"tbReconcile", Qt::CTRL | Qt::Key_R},
+                                         {"tbAddFiles", Qt::Key_Insert},
+                                         {"tbDeleteFile", Qt::Key_Delete},
+                                         {"tbDeploy", Qt::Key_F9},
+                                         {"tbConnect", Qt::Key_F8}}};
+  TFormControls* controls = FProjects->ControlsOf(project);
+  if (!controls || !controls->ToolBar() || !controls->Tree())
+    return;
+  for (const TKey& key : keys) {
+    if (QAction* action = controls->ToolBar()->Find(key.Button)) {
+      action->setShortcut(key.Keys);
+      action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+      action->setToolTip(action->toolTip() + " (" + key.Keys.toString(QKeySequence::NativeText) +
+                         ")");
+      controls->Page()->addAction(action);
+    }
+  }
+  TTreeView& view = controls->Tree()->View();
+  view.setAccessibleName(tr("Files of %1").arg(PathToQString(project.GivenFileName().stem())));
+  if (!FLayout.Columns.isEmpty()) {
+    view.header()->restoreState(FLayout.Columns);
+    view.header()->setSortIndicator(-1, Qt::AscendingOrder);
+  }
+  connect(controls, &TFormControls::StateChanged, this, &TMainWindow::ShowStateSoon);
+  connect(&view, &TTreeView::FilesDropped, this, &TMainWindow::AddDropped);
+  view.setFocus();
+}
+
+void TMainWindow::ShowPage() {
+  auto* pages = static_cast<QStackedWidget*>(FSplitter->widget(0));
+  pages->setCurrentWidget(FTabs->count() > 0 ? static_cast<QWidget*>(FTabs)
+                                             : static_cast<QWidget*>(FWelcome));
+  if (TFormControls* controls = CurrentControls(); controls && controls->Tree())
+    controls->Tree()->View().setFocus();
+  ShowState();
+}
+
+void TMainWindow::ShowState() {
+  if (FAside.IsBusy())
+    return;
+  Guarded([this] { FProjects->ShowModified(); });
+  const TOpenProject* project = CurrentProject();
+  const TFormControls* controls = CurrentControls();
+  for (QAction* action : FProjectActions)
+    action->setEnabled(project != nullptr);
+  FDeployment->setEnabled(project != nullptr);
+  setWindowModified(project && project->HasChanges());
+  setWindowTitle(project ? QStringLiteral("%1[*] – %2")
+                               .arg(PathToQString(project->GivenFileName().filename()),
+                                    QApplication::applicationName())
+                         : QApplication::applicationName());
+  FCounts->clear();
+  if (controls && controls->Tree()) {
+    const int selected = static_cast<int>(controls->Tree()->SelectedCount());
+    QString text = tr("%n file(s)", nullptr, controls->Tree()->Model().rowCount());
+    if (selected > 0)
+      text += tr(", %n selected", nullptr, selected);
+    FCounts->setText(text);
+  }
+  const int warnings = project ? static_cast<int>(project->Warnings().size()) : 0;
+  FWarnings->setVisible(warnings > 0);
+  FWarnings->setText(tr("%n warning(s)", nullptr, warnings));
+}
+
+// A command is asked for as long as the user has not said yes to exactly this one.
+bool TMainWindow::MayRun(const std::vector<std::string>& commands) {
+  const TOpenProject* project = CurrentProject();
+  if (!project)
+    return false;
+  TSettings& settings = FSession.Settings();
+  if (IsAllowed(settings, project->GivenFileName(), commands))
+    return true;
+  if (!AskConsent(commands, this))
+    return false;
+  Guarded([&] { Allow(settings, project->GivenFileName(), commands); });
+  return true;
+}
+
+bool TMainWindow::CreateProfile(const deployment::ICustomProject& project,
+                                std::string_view platform) {
+  TOpenProject* open = FProjects->Find(project);
+  return open && CreateAndAssignProfile(FSession, *open, platform, this);
+}
+
+// Files of projects are opened, others are added to the list in front.
+void TMainWindow::AddDropped(const QStringList& files) {
+  std::vector<std::string> added;
+  for (const QString& file : files) {
+    const std::filesystem::path path = ToPathText(file);
+    if (std::filesystem::is_directory(path))
+      return ShowError(tr("Add Files"), tr("%1 is a directory; drop its files.").arg(file), this);
+    if (IsProjectFile(path))
+      Open(path);
+    else
+      added.push_back(path.string());
+  }
+  if (TFormControls* controls = CurrentControls())
+    controls->AddFiles(std::move(added));
+}
+
+void TMainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls())
+    event->acceptProposedAction();
+}
+
+void TMainWindow::dropEvent(QDropEvent* event) {
+  QStringList files;
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile())
+      files += url.toLocalFile();
+  }
+  event->acceptProposedAction();
+  AddDropped(files);
+}
+
+void TMainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow() && FProjects)
+    QTimer::singleShot(0, this, [this] { FProjects->CheckDisk(); });
+}
+
+void TMainWindow::KeepLayout() const {
+  TWindowLayout layout;
+  layout.Geometry = saveGeometry();
+  layout.Split = FSplitter->saveState();
+  layout.Columns = FLayout.Columns;
+  if (const TFormControls* controls = CurrentControls(); controls && controls->Tree())
+    layout.Columns = controls->Tree()->View().header()->saveState();
+  for (const std::filesystem::path& file : FProjects->Files())
+    layout.Projects += PathToQString(file);
+  layout.Current = FTabs->currentIndex();
+  layout.Write();
+}
+
+void TMainWindow::closeEvent(QCloseEvent* event) {
+  if (FAside.IsBusy()) {
+    statusBar()->showMessage(FDesk->IsRunning() ? tr("A deploy is running; cancel it first.")
+                                                : tr("Work is going on; it is over soon."));
+    return event->ignore();
+  }
+  if (!FProjects->MayCloseAll())
+    return event->ignore();
+  KeepLayout();
+  FProjects->CloseAll();
+  event->accept();
+}
+
+} // namespace workbench

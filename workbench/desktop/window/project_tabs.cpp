@@ -1,0 +1,302 @@
+#include "workbench/desktop/window/project_tabs.h"
+
+#include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/dialogs/error_text.h"
+#include "workbench/desktop/dialogs/qt_text.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabBar>
+#include <algorithm>
+#include <utility>
+
+namespace workbench {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path Canonical(const fs::path& file) {
+  std::error_code error;
+  fs::path full = fs::canonical(file, error);
+  return error ? fs::absolute(file).lexically_normal() : full;
+}
+
+QString NameOf(const TOpenProject& project) {
+  return PathToQString(project.GivenFileName().filename());
+}
+
+struct TBusyCursor {
+  TBusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~TBusyCursor() { QApplication::restoreOverrideCursor(); }
+  TBusyCursor(const TBusyCursor&) = delete;
+  TBusyCursor& operator=(const TBusyCursor&) = delete;
+};
+
+} // namespace
+
+TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TAsideWork& aside, QWidget& window)
+    : FSession(session), FTabs(tabs), FAside(aside), FWindow(window) {}
+
+TProjectTabs::TProjectTab* TProjectTabs::TabAt(int index) {
+  const TFormControls* controls = FTabs.ControlsAt(index);
+  const auto found = std::ranges::find_if(FProjects, [controls](const TProjectTab& tab) {
+    return controls && tab.Controls == controls;
+  });
+  return found == FProjects.end() ? nullptr : &*found;
+}
+
+TOpenProject* TProjectTabs::ProjectAt(int index) const {
+  const TProjectTab* tab = const_cast<TProjectTabs*>(this)->TabAt(index);
+  return tab ? tab->Project : nullptr;
+}
+
+TOpenProject* TProjectTabs::Find(const deployment::ICustomProject& project) const {
+  const auto found = std::ranges::find_if(FProjects, [&](const TProjectTab& tab) {
+    return static_cast<deployment::ICustomProject*>(&tab.Project->Project()) == &project;
+  });
+  return found == FProjects.end() ? nullptr : found->Project;
+}
+
+TFormControls* TProjectTabs::ControlsOf(const TOpenProject& project) const {
+  const auto found = std::ranges::find(FProjects, &project, &TProjectTab::Project);
+  return found == FProjects.end() ? nullptr : found->Controls;
+}
+
+// In the order of the tabs.
+std::vector<fs::path> TProjectTabs::Files() const {
+  std::vector<fs::path> files;
+  files.reserve(FProjects.size());
+  for (int i = 0; i < FTabs.count(); ++i) {
+    if (const TOpenProject* project = ProjectAt(i))
+      files.push_back(Canonical(project->GivenFileName()));
+  }
+  return files;
+}
+
+bool TProjectTabs::Open(const fs::path& file) {
+  const fs::path wanted = Canonical(file);
+  for (const TProjectTab& tab : FProjects) {
+    if (Canonical(tab.Project->GivenFileName()) != wanted)
+      continue;
+    FTabs.setCurrentIndex(FTabs.IndexOf(*tab.Controls));
+    return true;
+  }
+  try {
+    return Show(Read(file), -1);
+  } catch (const std::exception& error) {
+    ShowError(tr("Open Project"),
+              tr("%1 cannot be opened.\n\n%2").arg(PathToQString(file), ErrorText(error)),
+              &FWindow);
+    return false;
+  }
+}
+
+TOpenProject& TProjectTabs::Read(const fs::path& file) {
+  const TBusyCursor busy;
+  return FSession.Open(file, TOpenPurpose::Look);
+}
+
+// What fails here leaves no project without a tab behind.
+bool TProjectTabs::Show(TOpenProject& project, int index) {
+  TFormControls* controls = nullptr;
+  const auto added = connect(&FTabs, &TEditorTabs::Added, this,
+                             [&controls](TFormControls* made) { controls = made; });
+  try {
+    project.Deployment();
+    FSession.ShowDeployment(project);
+  } catch (const std::exception&) {
+    disconnect(added);
+    FSession.Close(project);
+    throw;
+  }
+  disconnect(added);
+  if (!controls) {
+    FSession.Close(project);
+    return false;
+  }
+  FProjects.push_back({&project, controls});
+  const int shown = FTabs.IndexOf(*controls);
+  if (index >= 0 && index != shown)
+    FTabs.tabBar()->moveTab(shown, index);
+  FTabs.setTabToolTip(FTabs.IndexOf(*controls),
+                      PathToQString(Canonical(project.GivenFileName())).toHtmlEscaped());
+  emit Opened(&project);
+  ShowModified();
+  emit Changed();
+  return true;
+}
+
+bool TProjectTabs::Save(int index) {
+  TProjectTab* tab = TabAt(index);
+  if (!tab)
+    return true;
+  bool force = false;
+  if (tab->Project->HasChanges() && tab->Project->IsChangedOnDisk()) {
+    QMessageBox box(
+        QMessageBox::Warning, tr("Save Project"),
+        tr("%1 was changed by another program since it was read here.").arg(NameOf(*tab->Project)),
+        QMessageBox::Cancel, &FWindow);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(tr("Saving replaces what the other program wrote. A copy of it is "
+                              "kept beside the other backups."));
+    QPushButton* overwrite = box.addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    if (box.clickedButton() != overwrite)
+      return false;
+    force = true;
+  }
+  return Write(*tab->Project, force);
+}
+
+bool TProjectTabs::Write(TOpenProject& project, bool force) {
+  bool saved = false;
+  try {
+    FAside.Run([&] {
+      project.Save(force);
+      project.HasChanges(); // takes what was written as the new text, which is work too
+    });
+    saved = true;
+    emit Saved(&project);
+  } catch (const std::exception& error) {
+    ShowError(tr("Save Project"),
+              tr("%1\n\nNothing is lost: the changes are still here. Mend what stands in the way, "
+                 "then save again.")
+                  .arg(ErrorText(error)),
+              &FWindow);
+  }
+  ShowModified();
+  emit Changed();
+  return saved;
+}
+
+bool TProjectTabs::SaveAll() {
+  bool saved = true;
+  for (int i = 0; i < FTabs.count(); ++i)
+    saved = Save(i) && saved;
+  return saved;
+}
+
+bool TProjectTabs::MayClose(int index) {
+  const TProjectTab* tab = TabAt(index);
+  if (!tab || !tab->Project->HasChanges())
+    return true;
+  FTabs.setCurrentIndex(index);
+  QMessageBox box(QMessageBox::Question, tr("Close Project"),
+                  tr("Save the changes to %1?").arg(NameOf(*tab->Project)), QMessageBox::NoButton,
+                  &FWindow);
+  box.setTextFormat(Qt::PlainText);
+  QPushButton* save = box.addButton(tr("&Save"), QMessageBox::AcceptRole);
+  QPushButton* discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
+  box.addButton(tr("Cancel"), QMessageBox::RejectRole);
+  box.setDefaultButton(save);
+  box.exec();
+  return box.clickedButton() == save ? Save(index) : box.clickedButton() == discard;
+}
+
+bool TProjectTabs::Close(int index) {
+  if (!MayClose(index))
+    return false;
+  if (const TProjectTab* tab = TabAt(index))
+    Shut(*tab->Project);
+  emit Changed();
+  return true;
+}
+
+bool TProjectTabs::MayCloseAll() {
+  for (int i = 0; i < FTabs.count(); ++i) {
+    if (!MayClose(i))
+      return false;
+  }
+  return true;
+}
+
+void TProjectTabs::CloseAll() {
+  while (!FProjects.empty())
+    Shut(*FProjects.back().Project);
+  emit Changed();
+}
+
+void TProjectTabs::Shut(const TOpenProject& project) {
+  const auto found = std::ranges::find(FProjects, &project, &TProjectTab::Project);
+  TOpenProject& open = *found->Project;
+  emit Closing(&open);
+  FProjects.erase(found);
+  Guarded([&] { FSession.Close(open); });
+}
+
+bool TProjectTabs::MayLose(const TProjectTab& tab, const QString& question) {
+  QMessageBox box(QMessageBox::Question, tr("Reload Project"), question, QMessageBox::NoButton,
+                  &FWindow);
+  box.setTextFormat(Qt::PlainText);
+  if (tab.Project->HasChanges())
+    box.setInformativeText(tr("The changes that were not saved are lost then."));
+  QPushButton* reload = box.addButton(tr("&Reload"), QMessageBox::AcceptRole);
+  QPushButton* keep = box.addButton(tr("&Keep"), QMessageBox::RejectRole);
+  box.setDefaultButton(tab.Project->HasChanges() ? keep : reload);
+  box.setEscapeButton(keep);
+  box.exec();
+  return box.clickedButton() == reload;
+}
+
+bool TProjectTabs::Reload(int index) {
+  const TProjectTab* tab = TabAt(index);
+  return tab &&
+         (!tab->Project->HasChanges() ||
+          MayLose(*tab, tr("Read %1 again from disk?").arg(NameOf(*tab->Project)))) &&
+         ReadAnew(index);
+}
+
+bool TProjectTabs::ReadAnew(int index) {
+  const TOpenProject& project = *TabAt(index)->Project;
+  const fs::path file = project.GivenFileName();
+  try {
+    Shut(project);
+    return Show(Read(file), index);
+  } catch (const std::exception& error) {
+    ShowError(tr("Reload Project"),
+              tr("%1 cannot be read any more and was closed. Mend the file, then open it "
+                 "again.\n\n%2")
+                  .arg(PathToQString(file), ErrorText(error)),
+              &FWindow);
+    emit Changed();
+    return false;
+  }
+}
+
+void TProjectTabs::CheckDisk() {
+  if (FAside.IsBusy() || QApplication::activeModalWidget())
+    return;
+  for (int i = 0; i < FTabs.count(); ++i) {
+    TProjectTab* tab = TabAt(i);
+    if (!tab)
+      continue;
+    const bool changed = tab->Project->IsChangedOnDisk();
+    if (!changed || tab->WasAsked) {
+      tab->WasAsked = tab->WasAsked && changed;
+      continue;
+    }
+    tab->WasAsked = true;
+    const QString name = NameOf(*tab->Project);
+    std::error_code error;
+    if (!fs::exists(tab->Project->GivenFileName(), error)) {
+      ShowError(tr("Project File"),
+                tr("%1 is gone. Save writes it again; its content is still here.").arg(name),
+                &FWindow);
+      tab->Project->MarkChanged();
+      ShowModified();
+      continue;
+    }
+    FTabs.setCurrentIndex(i);
+    if (MayLose(*tab, tr("%1 was changed by another program. Reload it?").arg(name)))
+      ReadAnew(i);
+  }
+}
+
+void TProjectTabs::ShowModified() {
+  for (const TProjectTab& tab : FProjects)
+    FTabs.SetModified(FTabs.IndexOf(*tab.Controls), tab.Project->HasChanges());
+}
+
+} // namespace workbench

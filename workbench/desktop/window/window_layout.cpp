@@ -1,0 +1,48 @@
+#include "workbench/desktop/window/window_layout.h"
+
+#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/files/user_directories.h"
+
+#include <QSettings>
+
+namespace workbench {
+namespace {
+
+constexpr const char* GeometryKey = "window/geometry";
+constexpr const char* ColumnsKey = "window/columns";
+constexpr const char* SplitKey = "window/split";
+constexpr const char* ProjectsKey = "window/projects";
+constexpr const char* CurrentKey = "window/current";
+
+QString LayoutFile() {
+  const auto directory = UserStateDirectory();
+  return directory.empty() ? QString() : PathToQString(directory / "window.ini");
+}
+
+} // namespace
+
+TWindowLayout TWindowLayout::Read() {
+  const QString file = LayoutFile();
+  if (file.isEmpty())
+    return {};
+  const QSettings settings(file, QSettings::IniFormat);
+  return {.Geometry = settings.value(GeometryKey).toByteArray(),
+          .Columns = settings.value(ColumnsKey).toByteArray(),
+          .Split = settings.value(SplitKey).toByteArray(),
+          .Projects = settings.value(ProjectsKey).toStringList(),
+          .Current = settings.value(CurrentKey, -1).toInt()};
+}
+
+void TWindowLayout::Write() const {
+  const QString file = LayoutFile();
+  if (file.isEmpty())
+    return;
+  QSettings settings(file, QSettings::IniFormat);
+  settings.setValue(GeometryKey, Geometry);
+  settings.setValue(ColumnsKey, Columns);
+  settings.setValue(SplitKey, Split);
+  settings.setValue(ProjectsKey, Projects);
+  settings.setValue(CurrentKey, Current);
+}
+
+} // namespace workbench
