@@ -250,7 +250,7 @@ void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, const T
   const TConnect connect = [&]() -> std::unique_ptr<IRemoteConnection> {
     return std::make_unique<TFolderConnection>(place.Path, place.Missing);
   };
-  const auto connection = connect();
+  std::unique_ptr<IRemoteConnection> connection;
   const TPlatform* facts = FHost.Platforms.FindPlatform(platform);
   const TPlanOptions options{
       .Force = run.Options.Force,
@@ -259,9 +259,12 @@ void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, const T
       .AllowOutside = place.AllowOutside,
       .Names = NameRulesOf(platform, facts && facts->IgnoresCase()),
   };
-  TDeployPlan plan =
-      MakeDeployPlan(CollectDeployFiles(project, *deployment, target, {FHost.Macros, FHost.Files}),
-                     options, *connection);
+  TDeployPlan plan;
+  auto files = CollectDeployFiles(project, *deployment, target, {FHost.Macros, FHost.Files});
+  RunAside([&] {
+    connection = connect();
+    plan = MakeDeployPlan(std::move(files), options, *connection);
+  });
   TDeployReport& report = run.Report;
   report.Rows = RowsOf(plan);
   report.Problems = std::move(plan.Problems);
@@ -281,7 +284,10 @@ void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, const T
   if (run.Progress)
     run.Progress->Planned(report.Rows);
   const auto projectFile = ToMachinePath(project.GetProjectFileName());
-  ExecuteDeployPlan(plan, *connection, connect, projectFile.parent_path(), run);
+  RunAside([&] {
+    ExecuteDeployPlan(plan, *connection, connect, projectFile.parent_path(), run);
+    connection.reset();
+  });
   report.End = EndOf(run);
 }
 

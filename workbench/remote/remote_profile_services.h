@@ -48,6 +48,8 @@ struct TRemoteHost {
 class TRemoteProfileServices final : public deployment::IOTARemoteProfileServices {
 public:
   using TCreateProfile = std::function<bool(deployment::ICustomProject&, std::string_view)>;
+  using TWork = std::function<void()>;
+  using TRunAside = std::function<void(const TWork&)>;
 
   TRemoteProfileServices(const std::filesystem::path& profilesFile, const TRemoteHost& host);
   ~TRemoteProfileServices() override;
@@ -58,6 +60,10 @@ public:
   bool RemoveProfile(std::string_view name);
   /// Who lets the user make a profile; without one nobody can be asked.
   void SetCreateProfile(TCreateProfile create) { FCreateProfile = std::move(create); }
+  /// Who does work that takes long while the caller waits: runs it once and returns when it is
+  /// done, passing on what it throws. A window does it on a thread and goes on painting. Without
+  /// one the work runs on the caller's thread.
+  void SetRunAside(TRunAside runAside) { FRunAside = std::move(runAside); }
   /// The run that the next deploy fills; null: it runs with the usual options. Not owned.
   void SetDeployRun(TDeployRun* run) { FRun = run; }
 
@@ -93,12 +99,14 @@ private:
                    std::string_view configuration);
   void Deploy(deployment::ICustomProject& project, const TPlace& place, std::string_view platform,
               std::string_view configuration, TDeployRun& run);
+  void RunAside(const TWork& work) const { FRunAside ? FRunAside(work) : work(); }
   template <class TTell>
   void Tell(TTell tell) const;
 
   TProfileStore FProfiles;
   TRemoteHost FHost;
   TCreateProfile FCreateProfile;
+  TRunAside FRunAside;
   TDeployRun* FRun = nullptr;
   std::unordered_map<std::string, std::unique_ptr<TQueries>> FQueries; // by profile, while they run
   std::vector<std::shared_ptr<deployment::IOTARemoteProfileNotifier>> FNotifiers;
