@@ -6,7 +6,8 @@ set -eu
 packages=()
 for purpose in "$@"; do
   case "$purpose" in
-    build) packages+=(g++ cmake ninja-build libexpat1-dev libcli11-dev nlohmann-json3-dev) ;;
+    build) packages+=(g++ cmake ninja-build libexpat1-dev libcli11-dev libssl-dev
+      nlohmann-json3-dev) ;;
     test) packages+=(binutils libgtest-dev mono-xbuild strace) ;;
     bench) packages+=(libbenchmark-dev libpugixml-dev) ;;
     lint) packages+=(clang-14 clang-format-14 clang-tidy-14 clang-tools-14) ;;

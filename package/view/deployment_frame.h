@@ -132,6 +132,7 @@ private:
   // Status.
   TStatusSource StatusSource(IProjectDeployment& deployment) const;
   void UpdateAllFiles(IProjectDeployment& deployment);
+  void ExpectQueries(const TStatusSource& source, const TDeploymentFiles& files) const;
   void UpdateCacheEntry(const TStatusSource& source, const IProjectDeploymentFile& file);
   bool CompareWithRemote(const TStatusSource& source, const IProjectDeploymentFile& file,
                          std::string_view localFile, TRemoteState& state) const;

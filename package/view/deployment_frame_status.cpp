@@ -6,7 +6,9 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace deployment {
 namespace {
@@ -58,8 +60,24 @@ void TDeploymentFrame::UpdateAllFiles(IProjectDeployment& deployment) {
   const TDeploymentFiles files = deployment.GetFiles();
   FFileCache.Reserve(files.size());
   const TStatusSource source = StatusSource(deployment);
+  if (FConnected && !FConnecting)
+    ExpectQueries(source, files);
   for (const auto& file : files)
     UpdateCacheEntry(source, *file);
+}
+
+void TDeploymentFrame::ExpectQueries(const TStatusSource& source,
+                                     const TDeploymentFiles& files) const {
+  IOTARemoteProfileServices* services = FServices.GetRemoteProfileServices();
+  if (!services || !FProfile)
+    return;
+  std::vector<std::string> names;
+  names.reserve(files.size());
+  for (const auto& file : files) {
+    if (IsInPlatform(FActivePlatform, *file))
+      names.push_back(RemoteFileName(source, *file));
+  }
+  services->ExpectRemoteQueries(*FProfile, names);
 }
 
 void TDeploymentFrame::GatherInformation() {

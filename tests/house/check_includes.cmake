@@ -13,10 +13,13 @@ set(may_see_package/host ${foundation} package/featured package/reconcile packag
     package/view)
 set(may_see_workbench/files ${foundation})
 set(may_see_workbench/platforms ${foundation})
-set(may_see_workbench/remote ${foundation} workbench/files workbench/platforms)
-set(may_see_workbench ${foundation} workbench/files workbench/platforms workbench/remote)
+set(may_see_workbench/text ${foundation})
+set(may_see_workbench/remote ${foundation} workbench/files workbench/platforms workbench/text)
+set(may_see_workbench ${foundation} workbench/files workbench/platforms workbench/remote
+    workbench/text)
 set(floors package/common package/host/api package/featured package/reconcile package/model
-    package/view package/host workbench workbench/files workbench/platforms workbench/remote)
+    package/view package/host workbench workbench/files workbench/platforms workbench/remote
+    workbench/text)
 
 function(floor_of path result)
   set(best "")

@@ -216,14 +216,14 @@ TEST_F(Featured, AreOfferedAtATerminalAndRecorded) {
       {"reconcile", Chart, "-p", "Win32"}, [&](const TQuestion& question) -> std::string {
         ++questions;
         const std::size_t last = question.Text.rfind("Deploy the optional files of");
-        return question.Text.find("Bright stars", last) != std::string::npos ? "y\n" : "n\n";
+        return question.Text.find("Bright stars", last) != std::string::npos ? "y" : "n";
       });
   EXPECT_EQ(run.Status, 0) << run.Errors;
   EXPECT_GT(questions, 1U);
   EXPECT_EQ(EntriesOf(Place, "optional\\BrightStars.dat").size(), 14U) << run.Errors;
   EXPECT_NE(Place.Read(Chart).find("<FeatureFilesAdded>Database"), std::string::npos);
   const TRun again = Place.RunAtTerminal({"reconcile", Chart, "-p", "Win32"},
-                                         [](const TQuestion&) -> std::string { return "y\n"; });
+                                         [](const TQuestion&) -> std::string { return "y"; });
   EXPECT_EQ(again.Output, "nothing to do\n") << again.Errors;
 }
 

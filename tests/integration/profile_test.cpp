@@ -46,8 +46,8 @@ TEST(Profile, RefusesWhatCannotBe) {
   };
   EXPECT_EQ(errors({"add", "box", "-p", "Win32", "--path", "/"}),
             "deploymgr: the path of the profile \"box\" is the root of the file system\n");
-  EXPECT_EQ(errors({"add", "box", "-p", "Win32", "--kind", "ssh", "--path", "t"}),
-            "deploymgr: there are no profiles of kind \"ssh\"; known are: folder\n");
+  EXPECT_EQ(errors({"add", "box", "-p", "Win32", "--kind", "tape", "--path", "t"}),
+            "deploymgr: there are no profiles of kind \"tape\"; known are: folder, ssh\n");
   EXPECT_EQ(errors({"add", "box", "--path", "t"}),
             "deploymgr: profile add needs a platform; name it with --platform\n");
   EXPECT_EQ(errors({"test", "box"}),

@@ -32,7 +32,8 @@ struct TStart {
   std::vector<std::string> Environment;
   std::filesystem::path Directory;
   bool AsNobody = false; ///< as a user without rights; the caller must be root
-  /// What a person at the terminal types at a question; without one standard input is empty.
+  /// What a person at the terminal types at a question, without the line end; without one standard
+  /// input is empty.
   std::function<std::string(const TQuestion&)> Answer;
   /// The program is killed when it takes longer.
   std::chrono::microseconds Patience = std::chrono::seconds(60);

@@ -3,8 +3,8 @@
 #include "package/common/errors.h"
 #include "workbench/cli/command.h"
 #include "workbench/cli/name_hint.h"
-#include "workbench/cli/utf8.h"
 #include "workbench/files/save_error.h"
+#include "workbench/text/utf8.h"
 
 #include <CLI/CLI.hpp>
 

@@ -69,6 +69,10 @@ void TDeployProgress::RowDone(std::size_t index, const TDeployRow& row) {
     PrintDone();
 }
 
+void TDeployProgress::CommandSaid(const std::string& line) {
+  std::cerr << (FHasBar ? ClearLine : "") << Visible(line) << std::endl;
+}
+
 void TDeployProgress::PrintDone() {
   if (FOutput.IsJson() || FOutput.IsQuiet())
     return;

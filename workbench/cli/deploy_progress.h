@@ -26,6 +26,8 @@ public:
   void Planned(const std::vector<TDeployRow>& rows) override;
   void BytesSent(std::uint64_t count) override;
   void RowDone(std::size_t index, const TDeployRow& row) override;
+  /// Goes to standard error: standard output carries results.
+  void CommandSaid(const std::string& line) override;
   /// Takes the bar away.
   void Finish();
 

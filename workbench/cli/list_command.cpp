@@ -4,7 +4,7 @@
 #include "workbench/cli/commands.h"
 #include "workbench/cli/deployment_view.h"
 #include "workbench/cli/target.h"
-#include "workbench/cli/utf8.h"
+#include "workbench/text/utf8.h"
 
 #include <CLI/CLI.hpp>
 

@@ -2,8 +2,6 @@
 
 #include "package/common/case_fold.h"
 
-#include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <unistd.h>
@@ -24,51 +22,10 @@ std::string Place(const std::string& file, unsigned line) {
   return Visible(file) + ":" + (line > 0 ? std::to_string(line) + ":" : "") + " ";
 }
 
-// Length of a mark that changes the direction of writing or breaks the line, in UTF-8; 0 for
-// others.
-std::size_t MarkLength(std::string_view text) {
-  constexpr std::array<std::string_view, 14> Marks{
-      "\xD8\x9C",     "\xE2\x80\x8E", "\xE2\x80\x8F", "\xE2\x80\xA8", "\xE2\x80\xA9",
-      "\xE2\x80\xAA", "\xE2\x80\xAB", "\xE2\x80\xAC", "\xE2\x80\xAD", "\xE2\x80\xAE",
-      "\xE2\x81\xA6", "\xE2\x81\xA7", "\xE2\x81\xA8", "\xE2\x81\xA9"};
-  for (const std::string_view mark : Marks) {
-    if (text.starts_with(mark))
-      return mark.size();
-  }
-  return 0;
-}
-
-// Length of a character that a terminal acts upon instead of showing it; 0 for others.
-std::size_t HiddenLength(std::string_view text) {
-  const auto byte = static_cast<unsigned char>(text.front());
-  if (byte < 0x20 || byte == 0x7F)
-    return 1;
-  if (byte == 0xC2 && text.size() > 1 && static_cast<unsigned char>(text[1]) < 0xA0)
-    return 2;
-  return byte == 0xD8 || byte == 0xE2 ? MarkLength(text) : 0;
-}
-
 } // namespace
 
 std::string JsonText(const TJson& value, int indent) {
   return value.dump(indent, ' ', false, TJson::error_handler_t::replace);
-}
-
-std::string Visible(std::string_view text) {
-  std::string shown;
-  shown.reserve(text.size());
-  while (!text.empty()) {
-    const std::size_t hidden = HiddenLength(text);
-    if (hidden == 0)
-      shown.push_back(text.front());
-    for (std::size_t i = 0; i < hidden; ++i) {
-      std::array<char, 5> escape{};
-      std::snprintf(escape.data(), escape.size(), "\\x%02X", static_cast<unsigned char>(text[i]));
-      shown += escape.data();
-    }
-    text.remove_prefix(hidden == 0 ? 1 : hidden);
-  }
-  return shown;
 }
 
 TOutput::TOutput(bool json, bool quiet, bool noColor)

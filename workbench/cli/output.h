@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/services/session.h"
+#include "workbench/text/visible_text.h"
 
 #include <nlohmann/json.hpp>
 
@@ -15,10 +16,6 @@ using TJson = nlohmann::ordered_json;
 
 /// The JSON text of a value; bytes that are not UTF-8 become replacement characters.
 std::string JsonText(const TJson& value, int indent = 2);
-
-/// The text with everything that could change how a terminal shows it made visible: control
-/// characters, and those that turn the direction of writing.
-std::string Visible(std::string_view text);
 
 /// What a person answered to a question.
 enum class TAnswer {

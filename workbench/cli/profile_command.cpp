@@ -3,6 +3,7 @@
 #include "workbench/cli/commands.h"
 #include "workbench/cli/target.h"
 #include "workbench/project/project_settings.h"
+#include "workbench/remote/profile_json.h"
 #include "workbench/remote/remote_profile_services.h"
 
 #include <CLI/CLI.hpp>
@@ -23,11 +24,27 @@ public:
         ->check(CLI::IsMember({"list", "add", "remove", "test", "assign"}));
     app.add_option("NAME", FName, "Name of the profile; for assign \"\" takes it away");
     app.add_option("PROJECT", FProject, "Project file, for assign");
-    FKindOption = app.add_option("--kind", FKind, "How the machine is reached: folder");
-    FPathOption = app.add_option("--path", FPath, "Directory below which everything is put");
-    FDefaultOption = app.add_flag("--default", FDefault, "Make it the platform's default profile");
-    FOutsideOption =
-        app.add_flag("--allow-outside", FAllowOutside, "Allow directories beyond the path");
+    FAddOptions = {
+        app.add_option("--kind", FKind, "How the machine is reached: folder or ssh"),
+        app.add_option("--path", FProfile.Path, "Directory below which everything is put"),
+        app.add_flag("--default", FProfile.IsDefault, "Make it the platform's default profile"),
+        app.add_flag("--allow-outside", FProfile.AllowOutside, "Allow directories beyond the path"),
+    };
+    FSshOptions = {
+        app.add_option("--host", FProfile.Host, "ssh: name or address of the machine"),
+        app.add_option("--port", FProfile.Port, "ssh: port")->check(CLI::Range(1, 65535)),
+        app.add_option("--user", FProfile.User, "ssh: user on the machine"),
+        app.add_option("--identity", FProfile.Identity, "ssh: file of the key"),
+        app.add_option("--ssh-option", FProfile.SshOptions,
+                       "ssh: KEY=VALUE for the client, as in its configuration; may be repeated")
+            ->allow_extra_args(false),
+        app.add_option("--connect-timeout", FProfile.ConnectTimeout,
+                       "ssh: seconds to wait for the machine")
+            ->check(CLI::Range(1, 3600)),
+        app.add_option("--keep-alive", FProfile.KeepAlive, "ssh: seconds between two signs of life")
+            ->check(CLI::Range(1, 3600)),
+    };
+    app.add_option("--password", FPassword)->group(""); // hidden: it is refused with advice
     AddChangeOptions(app, FChange);
   }
 
@@ -57,11 +74,21 @@ private:
     if (isAssign == FProject.empty())
       throw TUsageError(isAssign ? std::string("profile assign needs a profile and a project file")
                                  : "profile " + FAction + " takes no project file");
-    if (FAction == "add")
-      return;
-    for (const CLI::Option* option : {FKindOption, FPathOption, FDefaultOption, FOutsideOption}) {
+    if (!FPassword.empty())
+      throw TUsageError("a password on the command line can be read by others; use a key or the "
+                        "agent, or answer when you are asked");
+    if (FAction != "add") {
+      RefuseAny(FAddOptions, " is for profile add only");
+      RefuseAny(FSshOptions, " is for profile add only");
+    } else if (FKind == ProfileKindName(TProfileKind::Folder)) {
+      RefuseAny(FSshOptions, " is for profiles of kind ssh");
+    }
+  }
+
+  static void RefuseAny(const std::vector<CLI::Option*>& options, const char* reason) {
+    for (const CLI::Option* option : options) {
       if (option->count() > 0)
-        throw TUsageError(option->get_name() + " is for profile add only");
+        throw TUsageError(option->get_name() + reason);
     }
   }
 
@@ -89,14 +116,9 @@ private:
       if (!context.Options.Platform.empty() && context.Options.Platform != AllPlatformsArgument &&
           profile.Platform != context.Options.Platform)
         continue;
-      profiles.push_back({{"name", profile.Name},
-                          {"platform", profile.Platform},
-                          {"kind", ProfileKindName(profile.Kind)},
-                          {"path", profile.Path},
-                          {"default", profile.IsDefault},
-                          {"allowOutside", profile.AllowOutside}});
+      profiles.push_back(ProfileToJson(profile));
       context.Output.Line(Visible(profile.Name) + "  " + Visible(profile.Platform) + "  " +
-                          std::string(ProfileKindName(profile.Kind)) + " " + Visible(profile.Path) +
+                          std::string(ProfileKindName(profile.Kind)) + " " + PlaceText(profile) +
                           (profile.IsDefault ? "  default" : "") +
                           (profile.AllowOutside ? "  allow-outside" : ""));
     }
@@ -104,18 +126,29 @@ private:
       context.Output.Document({{"profiles", profiles}});
   }
 
+  // As people write it: [user@]host[:port]:path.
+  static std::string PlaceText(const TProfile& profile) {
+    std::string text;
+    if (profile.Kind == TProfileKind::Ssh)
+      text = (profile.User.empty() ? "" : profile.User + "@") + profile.Host +
+             (profile.Port == 0 ? "" : ":" + std::to_string(profile.Port)) + ":";
+    return Visible(text + profile.Path);
+  }
+
   TProfile NewProfile(TCommandContext& context) const {
-    TProfile profile;
+    TProfile profile = FProfile;
     profile.Name = FName;
     profile.Platform = RequirePlatform(context, FAction);
     profile.Kind = ProfileKindFromName(FKind);
-    if (FPath.empty())
-      throw TUsageError("a profile of kind \"folder\" needs a directory; name it with --path");
-    profile.Path = std::filesystem::absolute(FPath).lexically_normal().string();
+    if (profile.Path.empty())
+      throw TUsageError("a profile of kind \"" + FKind +
+                        "\" needs a directory; name it with --path");
+    if (profile.Kind == TProfileKind::Folder)
+      profile.Path = std::filesystem::absolute(profile.Path).lexically_normal().string();
     while (profile.Path.size() > 1 && profile.Path.ends_with('/'))
       profile.Path.pop_back();
-    profile.IsDefault = FDefault;
-    profile.AllowOutside = FAllowOutside;
+    if (!profile.Identity.empty() && !profile.Identity.starts_with("~/"))
+      profile.Identity = std::filesystem::absolute(profile.Identity).string();
     CheckProfile(profile);
     return profile;
   }
@@ -127,7 +160,8 @@ private:
         throw TUsageError("there is a profile \"" + FName + "\" already");
       if (!FChange.DryRun) {
         context.Session.RemoteProfiles().AddProfile(profile);
-        MakeFolder(context, profile.Path);
+        if (profile.Kind == TProfileKind::Folder)
+          MakeFolder(context, profile.Path);
       }
     } catch (const std::invalid_argument& error) {
       throw TUsageError(error.what());
@@ -197,14 +231,11 @@ private:
 
   std::string FAction, FName, FProject;
   std::string FKind = "folder";
-  std::string FPath;
-  bool FDefault = false;
-  bool FAllowOutside = false;
+  std::string FPassword;
+  TProfile FProfile; // what the options say
   TChangeOptions FChange;
-  CLI::Option* FKindOption = nullptr;
-  CLI::Option* FPathOption = nullptr;
-  CLI::Option* FDefaultOption = nullptr;
-  CLI::Option* FOutsideOption = nullptr;
+  std::vector<CLI::Option*> FAddOptions;
+  std::vector<CLI::Option*> FSshOptions; // for adding one of kind ssh
 };
 
 } // namespace

@@ -18,7 +18,6 @@ using deployment::TDeployOperation;
 constexpr std::size_t SmallestBatch = 32;
 constexpr std::size_t LargestBatch = 256;
 constexpr unsigned MostJobs = 64;
-constexpr unsigned UsualJobs = 4;
 constexpr std::string_view Interrupted = "the run was interrupted";
 
 // The text in quotes of the shell.
@@ -41,20 +40,32 @@ public:
         FDone(plan.Files.size(), false) {}
 
   void Run() {
-    FinishWhatNeedsNoCopy();
-    RunLocalCommands();
-    PrepareDirectories();
-    CopyFiles();
-    FinishOnTarget();
+    try {
+      FinishWhatNeedsNoCopy();
+      RunLocalCommands();
+      PrepareDirectories();
+      CopyFiles();
+      FinishOnTarget();
+    } catch (const TConnectionError& error) {
+      Lost(error.what());
+    }
+    // What is not done yet was never begun, or begun on a line that broke.
+    const std::string reason = FLost.empty() ? std::string(Interrupted) : FLost;
     for (std::size_t i = 0; i < FPlan.Files.size(); ++i)
-      Finish(i, std::string(Interrupted)); // what is not done yet was never begun
+      Finish(i, reason);
+    FRun.Report.Message = FLost;
   }
 
 private:
-  class TLaneObserver;
+  class TLane;
 
   TDeployRow& Row(std::size_t index) { return FRun.Report.Rows[index]; }
   bool IsCancelled() const { return FRun.Cancelled != 0; }
+  void Lost(const std::string& reason) {
+    const std::lock_guard lock(FMutex);
+    if (FLost.empty() && !IsCancelled())
+      FLost = reason;
+  }
 
   // The row has ended; a reason makes it a failed one. Rows end once.
   void Finish(std::size_t index, const std::string& problem) {
@@ -82,7 +93,7 @@ private:
   void CopyFiles();
   void RunLane(IRemoteConnection& connection);
   void RunFurtherLane();
-  std::vector<std::size_t> TakeBatch();
+  std::span<const TSendRequest> TakeBatch();
   void FileSent(std::size_t index, const TSendOutcome& outcome);
   void FinishOnTarget();
   std::string FinishOnTarget(const TPlannedFile& file);
@@ -92,39 +103,64 @@ private:
   const TConnect& FConnect;
   const std::filesystem::path& FDirectory;
   TDeployRun& FRun;
-  std::vector<std::size_t> FWork; // files to be copied
-  std::mutex FMutex;              // of what stands below, of the rows and of the progress
-  std::size_t FNext = 0;          // of the work
+  std::vector<TSendRequest> FWork; // files to be copied
+  std::mutex FMutex;               // of what stands below, of the rows and of the progress
+  std::size_t FNext = 0;           // of the work
   std::vector<bool> FDone;
   std::vector<std::size_t> FToFinish;
+  const THearLine FHear = [this](std::string_view line) {
+    const std::lock_guard lock(FMutex);
+    if (FRun.Progress)
+      FRun.Progress->CommandSaid(std::string(line));
+  };
+  std::string FLost; // why the connection broke
 };
 
-class TExecutor::TLaneObserver final : public ISendObserver {
+// What one lane takes from the work.
+class TExecutor::TLane final : public ISendJob {
 public:
-  TLaneObserver(TExecutor& executor, std::span<const std::size_t> batch)
-      : FExecutor(executor), FBatch(batch) {}
+  explicit TLane(TExecutor& executor) : FExecutor(executor) {}
 
   bool IsCancelled() const override { return FExecutor.IsCancelled(); }
+  const TSendRequest* Next() override {
+    if (FBatch.empty() && !IsCancelled())
+      FBatch = FExecutor.TakeBatch();
+    if (FBatch.empty())
+      return nullptr;
+    const TSendRequest* next = &FBatch.front();
+    FBatch = FBatch.subspan(1);
+    FOut.insert(next->Index);
+    return next;
+  }
   void BytesSent(std::uint64_t count) override {
     if (!FExecutor.FRun.Progress)
       return;
     const std::lock_guard lock(FExecutor.FMutex);
     FExecutor.FRun.Progress->BytesSent(count);
   }
-  void FileDone(std::size_t index, const TSendOutcome& outcome) override {
-    FExecutor.FileSent(FBatch[index], outcome);
+  void FileDone(const TSendRequest& request, const TSendOutcome& outcome) override {
+    FOut.erase(request.Index);
+    FExecutor.FileSent(request.Index, outcome);
+  }
+  // The lane broke: files that it had taken are done with, one way or the other.
+  void Break(const std::string& reason) {
+    for (const TSendRequest& request : FBatch)
+      FOut.insert(request.Index);
+    for (const std::size_t index : FOut)
+      FExecutor.Finish(index, FExecutor.IsCancelled() ? std::string(Interrupted) : reason);
   }
 
 private:
   TExecutor& FExecutor;
-  std::span<const std::size_t> FBatch;
+  std::span<const TSendRequest> FBatch;
+  std::unordered_set<std::size_t> FOut; // handed out and not done
 };
 
 void TExecutor::FinishWhatNeedsNoCopy() {
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
     const TPlannedFile& file = FPlan.Files[i];
     if (file.Action == TDeployAction::Copied) {
-      FWork.push_back(i);
+      FWork.push_back({file.File.LocalFile, file.Target, file.File.Executable, i});
       continue;
     }
     std::string problem = file.Action == TDeployAction::Failed ? file.Reason : std::string();
@@ -139,45 +175,40 @@ void TExecutor::FinishWhatNeedsNoCopy() {
 }
 
 void TExecutor::RunLocalCommands() {
-  for (const std::size_t index : FWork) {
-    for (const std::string& command : FPlan.Files[index].File.LocalCommands) {
+  for (const TSendRequest& request : FWork) {
+    for (const std::string& command : FPlan.Files[request.Index].File.LocalCommands) {
       std::string problem(Interrupted);
       if (!IsCancelled())
-        problem = RunCommandLine(command, FDirectory, FRun.Cancelled);
+        problem = RunCommandLine(command, FDirectory, FHear, FRun.Cancelled);
       if (problem.empty())
         continue;
-      Finish(index,
+      Finish(request.Index,
              std::string("the local command \"").append(command).append("\" ").append(problem));
       break;
     }
   }
-  std::erase_if(FWork, [this](std::size_t index) { return FDone[index]; });
+  std::erase_if(FWork, [this](const TSendRequest& request) { return FDone[request.Index]; });
 }
 
 void TExecutor::PrepareDirectories() {
-  std::unordered_map<std::string, std::size_t> known;
-  std::vector<std::string> directories;
-  for (const std::size_t index : FWork) {
-    const std::string& directory = FPlan.Files[index].Target.Directory;
-    if (known.emplace(directory, directories.size()).second)
-      directories.push_back(directory);
-  }
-  if (IsCancelled())
+  if (IsCancelled() || FWork.empty())
     return;
+  const std::vector<std::string> directories = DirectoriesOf(FWork);
   const std::vector<std::string> problems = FConnection.MakeDirectories(directories);
-  FConnection.RemoveUnfinished(directories);
-  for (const std::size_t index : FWork) {
-    const std::string& problem = problems[known.at(FPlan.Files[index].Target.Directory)];
+  FConnection.RemoveUnfinished(FWork);
+  std::unordered_map<std::string_view, const std::string*> problemOf;
+  for (std::size_t i = 0; i < directories.size(); ++i)
+    problemOf.emplace(directories[i], &problems[i]);
+  for (const TSendRequest& request : FWork) {
+    const std::string& problem = *problemOf.at(request.Target.Directory);
     if (!problem.empty())
-      Finish(index, problem);
+      Finish(request.Index, problem);
   }
-  std::erase_if(FWork, [this](std::size_t index) { return FDone[index]; });
+  std::erase_if(FWork, [this](const TSendRequest& request) { return FDone[request.Index]; });
 }
 
 void TExecutor::CopyFiles() {
-  const unsigned wanted = FRun.Options.Jobs > 0
-                              ? FRun.Options.Jobs
-                              : std::clamp(std::thread::hardware_concurrency(), 1U, UsualJobs);
+  const unsigned wanted = FRun.Options.Jobs > 0 ? FRun.Options.Jobs : FConnection.UsualLanes();
   const std::size_t batches = (FWork.size() + SmallestBatch - 1) / SmallestBatch;
   const std::size_t lanes = std::min<std::size_t>({wanted, batches, MostJobs});
   std::vector<std::jthread> threads;
@@ -188,7 +219,7 @@ void TExecutor::CopyFiles() {
 
 // Without a further lane the others do its share.
 void TExecutor::RunFurtherLane() {
-  std::unique_ptr<IRemoteConnection> connection;
+  std::shared_ptr<IRemoteConnection> connection;
   try {
     connection = FConnect();
   } catch (const TConnectionError&) {
@@ -198,37 +229,25 @@ void TExecutor::RunFurtherLane() {
 }
 
 void TExecutor::RunLane(IRemoteConnection& connection) {
-  for (auto batch = TakeBatch(); !batch.empty() && !IsCancelled(); batch = TakeBatch()) {
-    std::vector<TSendRequest> requests;
-    requests.reserve(batch.size());
-    for (const std::size_t index : batch) {
-      const TPlannedFile& file = FPlan.Files[index];
-      requests.push_back({file.File.LocalFile, file.Target, file.File.Executable});
-    }
-    TLaneObserver observer(*this, batch);
-    try {
-      connection.Send(requests, observer);
-    } catch (const TConnectionError& error) {
-      for (const std::size_t index : batch)
-        Finish(index, error.what());
-    }
+  TLane lane(*this);
+  try {
+    connection.Send(lane);
+  } catch (const TConnectionError& error) {
+    Lost(error.what());
+    lane.Break(error.what());
   }
 }
 
 // Two lanes in one directory wait for each other, so that a batch ends where a directory does.
-std::vector<std::size_t> TExecutor::TakeBatch() {
+std::span<const TSendRequest> TExecutor::TakeBatch() {
   const std::lock_guard lock(FMutex);
   const std::size_t start = FNext;
-  const auto directoryOf = [this](std::size_t position) -> const std::string& {
-    return FPlan.Files[FWork[position]].Target.Directory;
-  };
   std::size_t end = std::min(start + SmallestBatch, FWork.size());
-  while (end < FWork.size() && end < start + LargestBatch &&
-         directoryOf(end) == directoryOf(end - 1))
+  while (end > start && end < FWork.size() && end < start + LargestBatch &&
+         FWork[end].Target.Directory == FWork[end - 1].Target.Directory)
     ++end;
   FNext = end;
-  return {FWork.begin() + static_cast<std::ptrdiff_t>(start),
-          FWork.begin() + static_cast<std::ptrdiff_t>(end)};
+  return std::span(FWork).subspan(start, end - start);
 }
 
 void TExecutor::FileSent(std::size_t index, const TSendOutcome& outcome) {
@@ -254,7 +273,7 @@ std::string TExecutor::FinishOnTarget(const TPlannedFile& file) {
     if (IsCancelled())
       return "was copied, but " + std::string(Interrupted);
     const std::string problem =
-        FConnection.RunCommand(command, file.Target.Directory, FRun.Cancelled);
+        FConnection.RunCommand(command, file.Target.Directory, FHear, FRun.Cancelled);
     return problem.empty() ? problem : "was copied, but \"" + command + "\" " + problem;
   };
   const TDeployOperation operation = file.File.Operation;

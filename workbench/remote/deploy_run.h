@@ -56,6 +56,8 @@ public:
   virtual void BytesSent(std::uint64_t count) = 0;
   /// Called once for each row.
   virtual void RowDone(std::size_t index, const TDeployRow& row) = 0;
+  /// A command of the project printed a line.
+  virtual void CommandSaid(const std::string& /*line*/) {}
 };
 
 /// Lives as long as the deploy runs.

@@ -105,14 +105,13 @@ bool IsSameState(const struct stat& before, int source) {
 
 TFileTransfer::TFileTransfer(std::string run) : FRun(std::move(run)), FBlock(BlockSize) {}
 
-TSendOutcome TFileTransfer::Send(int directory, const TSendRequest& request,
-                                 ISendObserver& observer) {
+TSendOutcome TFileTransfer::Send(int directory, const TSendRequest& request, ISendJob& job) {
   TSendOutcome outcome;
   try {
     try {
-      TrySend(directory, request, observer, outcome);
+      TrySend(directory, request, job, outcome);
     } catch (const TChangedMeanwhile&) {
-      TrySend(directory, request, observer, outcome);
+      TrySend(directory, request, job, outcome);
     }
   } catch (const TChangedMeanwhile&) {
     outcome.Problem = "it changed while it was copied";
@@ -124,7 +123,7 @@ TSendOutcome TFileTransfer::Send(int directory, const TSendRequest& request,
   return outcome;
 }
 
-void TFileTransfer::TrySend(int directory, const TSendRequest& request, ISendObserver& observer,
+void TFileTransfer::TrySend(int directory, const TSendRequest& request, ISendJob& job,
                             TSendOutcome& outcome) {
   struct stat status = {};
   const TFileDescriptor source = OpenSource(request.LocalFile, status);
@@ -133,18 +132,18 @@ void TFileTransfer::TrySend(int directory, const TSendRequest& request, ISendObs
                              std::string(UnfinishedSuffix),
                          RightsOf(status, request.MakeExecutable));
   const auto size = static_cast<std::uint64_t>(status.st_size);
-  if (Copy(source.Get(), target.Get(), size, observer, outcome) != size ||
+  if (Copy(source.Get(), target.Get(), size, job, outcome) != size ||
       !IsSameState(status, source.Get()))
     throw TChangedMeanwhile();
   target.PutInPlace(request.Target.Name, status);
 }
 
 // Ends when the size is reached; a file that grew has another state by then.
-std::uint64_t TFileTransfer::Copy(int source, int target, std::uint64_t size,
-                                  ISendObserver& observer, TSendOutcome& outcome) {
+std::uint64_t TFileTransfer::Copy(int source, int target, std::uint64_t size, ISendJob& job,
+                                  TSendOutcome& outcome) {
   std::uint64_t copied = 0;
   while (copied < size) {
-    if (observer.IsCancelled())
+    if (job.IsCancelled())
       throw TCancelled();
     const std::size_t count = ReadSome(source, FBlock);
     if (count == 0)
@@ -152,7 +151,7 @@ std::uint64_t TFileTransfer::Copy(int source, int target, std::uint64_t size,
     WriteAll(target, {FBlock.data(), count});
     copied += count;
     outcome.Bytes += count;
-    observer.BytesSent(count);
+    job.BytesSent(count);
   }
   return copied;
 }

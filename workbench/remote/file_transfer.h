@@ -17,12 +17,11 @@ public:
 
   /// Copies the request's local file into the directory under the request's name. A file that
   /// changes while it is read is read anew once.
-  TSendOutcome Send(int directory, const TSendRequest& request, ISendObserver& observer);
+  TSendOutcome Send(int directory, const TSendRequest& request, ISendJob& job);
 
 private:
-  void TrySend(int directory, const TSendRequest& request, ISendObserver& observer,
-               TSendOutcome& outcome);
-  std::uint64_t Copy(int source, int target, std::uint64_t size, ISendObserver& observer,
+  void TrySend(int directory, const TSendRequest& request, ISendJob& job, TSendOutcome& outcome);
+  std::uint64_t Copy(int source, int target, std::uint64_t size, ISendJob& job,
                      TSendOutcome& outcome);
 
   std::string FRun;

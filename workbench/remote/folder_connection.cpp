@@ -3,6 +3,7 @@
 #include "workbench/files/file_reader.h"
 #include "workbench/remote/command_runner.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -11,9 +12,12 @@
 #include <random>
 #include <sys/stat.h>
 #include <sys/vfs.h>
+#include <thread>
 
 namespace workbench {
 namespace {
+
+constexpr unsigned MostUsualLanes = 4; // more only get in each other's way
 
 // Tells the unfinished files of one lane from those of every other.
 std::string RandomText() {
@@ -86,6 +90,10 @@ TExisting DeepestExisting(std::filesystem::path path) {
 TFolderConnection::TFolderConnection(const std::filesystem::path& folder, TMissingFolder missing)
     : FFolder(OpenFolder(folder, missing)), FResolution(ResolutionOf(FFolder)),
       FTransfer(RandomText()) {}
+
+unsigned TFolderConnection::UsualLanes() const {
+  return std::clamp(std::thread::hardware_concurrency(), 1U, MostUsualLanes);
+}
 
 std::vector<TRemoteDirectory> TFolderConnection::Resolve(std::span<const std::string> directories) {
   std::vector<TRemoteDirectory> result;
@@ -167,8 +175,8 @@ TFolderConnection::MakeDirectories(std::span<const std::string> directories) {
   return problems;
 }
 
-void TFolderConnection::RemoveUnfinished(std::span<const std::string> directories) {
-  for (const std::string& directory : directories) {
+void TFolderConnection::RemoveUnfinished(std::span<const TSendRequest> files) {
+  for (const std::string& directory : DirectoriesOf(files)) {
     try {
       RemoveUnfinishedFiles(FDirectories.Open(directory));
     } catch (const std::system_error&) {
@@ -177,19 +185,19 @@ void TFolderConnection::RemoveUnfinished(std::span<const std::string> directorie
   }
 }
 
-void TFolderConnection::Send(std::span<const TSendRequest> files, ISendObserver& observer) {
-  for (std::size_t i = 0; i < files.size(); ++i) {
+void TFolderConnection::Send(ISendJob& job) {
+  while (const TSendRequest* request = job.Next()) {
     TSendOutcome outcome;
-    if (observer.IsCancelled()) {
+    if (job.IsCancelled()) {
       outcome.Problem = "the run was interrupted";
     } else {
       try {
-        outcome = FTransfer.Send(FDirectories.Open(files[i].Target.Directory), files[i], observer);
+        outcome = FTransfer.Send(FDirectories.Open(request->Target.Directory), *request, job);
       } catch (const std::system_error& error) {
         outcome.Problem = error.what();
       }
     }
-    observer.FileDone(i, outcome);
+    job.FileDone(*request, outcome);
   }
 }
 
@@ -232,8 +240,9 @@ std::string TFolderConnection::Remove(const TRemoteName& name) {
 }
 
 std::string TFolderConnection::RunCommand(const std::string& command, const std::string& directory,
+                                          const THearLine& hear,
                                           const std::atomic<int>& cancelled) {
-  return RunCommandLine(command, directory, cancelled);
+  return RunCommandLine(command, directory, hear, cancelled);
 }
 
 std::optional<deployment::TFileTime> LocalFileTime(const std::filesystem::path& file) {

@@ -23,16 +23,17 @@ public:
                              TMissingFolder missing = TMissingFolder::Refuse);
 
   std::chrono::nanoseconds TimeResolution() const override { return FResolution; }
+  unsigned UsualLanes() const override;
   std::vector<TRemoteDirectory> Resolve(std::span<const std::string> directories) override;
   std::vector<TRemoteStatus> Examine(std::span<const TRemoteName> names) override;
   std::vector<std::string> MakeDirectories(std::span<const std::string> directories) override;
-  void RemoveUnfinished(std::span<const std::string> directories) override;
-  void Send(std::span<const TSendRequest> files, ISendObserver& observer) override;
+  void RemoveUnfinished(std::span<const TSendRequest> files) override;
+  void Send(ISendJob& job) override;
   std::vector<bool> HaveSameContent(std::span<const TSendRequest> files) override;
   std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
   std::string Remove(const TRemoteName& name) override;
   std::string RunCommand(const std::string& command, const std::string& directory,
-                         const std::atomic<int>& cancelled) override;
+                         const THearLine& hear, const std::atomic<int>& cancelled) override;
 
 private:
   TRemoteDirectory ResolveOne(const std::string& directory) const;

@@ -1,48 +1,76 @@
 #include "workbench/remote/profile.h"
 
+#include "workbench/remote/ssh_fields.h"
+
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <stdexcept>
 
 namespace workbench {
 namespace {
 
-constexpr std::string_view FolderName = "folder";
+constexpr std::array<TProfileKind, 2> Kinds{TProfileKind::Folder, TProfileKind::Ssh};
+constexpr std::array<std::string_view, 2> KindNames{"folder", "ssh"}; // in the same order
 
 bool HasControls(std::string_view text) {
   return std::any_of(text.begin(), text.end(),
                      [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; });
 }
 
+// What of a path lies below the root of a file system; the whole path when it is a relative one.
+std::string_view BelowRoot(const TProfile& profile) {
+  std::string_view path = profile.Path;
+  if (profile.Kind == TProfileKind::Ssh) {
+    const bool isOnDrive = path.size() > 2 && path[1] == ':' && (path[2] == '/' || path[2] == '\\');
+    if (isOnDrive)
+      path.remove_prefix(2);
+  }
+  return path;
+}
+
 } // namespace
 
-std::string_view ProfileKindName(TProfileKind /*kind*/) {
-  return FolderName;
+std::string_view ProfileKindName(TProfileKind kind) {
+  return KindNames[static_cast<std::size_t>(kind)];
 }
 
 TProfileKind ProfileKindFromName(std::string_view name) {
-  if (name != FolderName)
+  const auto found = std::ranges::find(KindNames, name);
+  if (found == KindNames.end())
     throw std::invalid_argument("there are no profiles of kind \"" + std::string(name) +
-                                "\"; known are: " + std::string(FolderName));
-  return TProfileKind::Folder;
+                                "\"; known are: " + std::string(KindNames[0]) + ", " +
+                                std::string(KindNames[1]));
+  return Kinds[static_cast<std::size_t>(found - KindNames.begin())];
+}
+
+std::span<const TProfileKind> ProfileKinds() {
+  return Kinds;
 }
 
 void CheckProfile(const TProfile& profile) {
+  const auto refuse = [&](const std::string& reason) {
+    throw std::invalid_argument("the path of the profile \"" + profile.Name + "\" " + reason);
+  };
   if (profile.Name.empty())
     throw std::invalid_argument("the name of the profile is empty");
   if (HasControls(profile.Name) || profile.Name.front() == '-')
     throw std::invalid_argument("\"" + profile.Name + "\" cannot be the name of a profile");
   if (profile.Platform.empty())
     throw std::invalid_argument("the profile \"" + profile.Name + "\" names no platform");
+  if (profile.Kind == TProfileKind::Ssh)
+    CheckSshFields(profile);
   if (profile.Path.empty())
-    throw std::invalid_argument("the path of the profile \"" + profile.Name + "\" is empty");
-  const std::filesystem::path path(profile.Path);
-  if (HasControls(profile.Path) || !path.is_absolute())
-    throw std::invalid_argument("the path of the profile \"" + profile.Name +
-                                "\" is not a full path: " + profile.Path);
+    refuse("is empty");
+  const bool isAtHome =
+      profile.Kind == TProfileKind::Ssh && (profile.Path == "~" || profile.Path.starts_with("~/"));
+  const std::filesystem::path path(BelowRoot(profile));
+  if (HasControls(profile.Path) || !(path.is_absolute() || isAtHome))
+    refuse("is not a full path: " + profile.Path);
   if (!path.lexically_normal().has_relative_path())
-    throw std::invalid_argument("the path of the profile \"" + profile.Name +
-                                "\" is the root of the file system");
+    refuse("is the root of the file system");
+  if (std::ranges::find(path, "..") != path.end())
+    refuse("climbs with \"..\": " + profile.Path);
 }
 
 } // namespace workbench

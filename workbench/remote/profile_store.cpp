@@ -3,6 +3,7 @@
 #include "package/common/errors.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
+#include "workbench/remote/profile_json.h"
 
 #include <nlohmann/json.hpp>
 
@@ -27,25 +28,13 @@ constexpr std::uint64_t LargestFile = std::uint64_t(16) * 1024 * 1024;
                                 {file.string(), 0});
 }
 
-TProfile FromJson(const TJsonValue& value) {
-  TProfile profile;
-  profile.Name = value.at("name").get<std::string>();
-  profile.Platform = value.at("platform").get<std::string>();
-  profile.Kind = ProfileKindFromName(value.at("kind").get<std::string>());
-  profile.Path = value.at("path").get<std::string>();
-  profile.IsDefault = value.value("default", false);
-  profile.AllowOutside = value.value("allowOutside", false);
-  CheckProfile(profile);
-  return profile;
-}
-
 std::vector<TProfile> FromText(const std::filesystem::path& file, std::string_view text) {
   std::vector<TProfile> profiles;
   std::set<std::string> names;
   try {
     const TJsonValue document = TJsonValue::parse(text);
     for (const TJsonValue& value : document.at("profiles")) {
-      profiles.push_back(FromJson(value));
+      profiles.push_back(ProfileFromJson(value));
       if (!names.insert(profiles.back().Name).second)
         Reject(file, "it has two profiles \"" + profiles.back().Name + "\"");
     }
@@ -60,18 +49,19 @@ std::vector<TProfile> FromText(const std::filesystem::path& file, std::string_vi
 std::string ToText(const std::filesystem::path& file, const std::vector<TProfile>& profiles) {
   TJsonValue list = TJsonValue::array();
   for (const TProfile& profile : profiles)
-    list.push_back({{"name", profile.Name},
-                    {"platform", profile.Platform},
-                    {"kind", ProfileKindName(profile.Kind)},
-                    {"path", profile.Path},
-                    {"default", profile.IsDefault},
-                    {"allowOutside", profile.AllowOutside}});
+    list.push_back(ProfileToJson(profile));
   try {
     return TJsonValue({{"profiles", list}}).dump(2) + "\n";
   } catch (const nlohmann::json::type_error&) {
     throw deployment::TInputError("a profile holds text that is not UTF-8 and cannot be kept",
                                   {file.string(), 0});
   }
+}
+
+// A platform has one default profile.
+void YieldDefault(std::vector<TProfile>& profiles, const TProfile& next) {
+  for (TProfile& profile : profiles)
+    profile.IsDefault = profile.IsDefault && !(next.IsDefault && profile.Platform == next.Platform);
 }
 
 bool IsThere(const std::filesystem::path& file) {
@@ -135,10 +125,25 @@ void TProfileStore::Add(const TProfile& profile) {
       if (other.Name == profile.Name)
         throw std::invalid_argument("there is a profile \"" + profile.Name + "\" already");
     }
-    for (TProfile& other : profiles)
-      other.IsDefault =
-          other.IsDefault && !(profile.IsDefault && other.Platform == profile.Platform);
+    YieldDefault(profiles, profile);
     profiles.push_back(profile);
+  });
+}
+
+void TProfileStore::Replace(std::string_view name, const TProfile& profile) {
+  CheckProfile(profile);
+  Change([&](std::vector<TProfile>& profiles) {
+    const auto named = [&profiles](std::string_view wanted) {
+      return std::ranges::find_if(profiles,
+                                  [&](const TProfile& other) { return other.Name == wanted; });
+    };
+    const auto place = named(name);
+    if (place == profiles.end())
+      throw std::invalid_argument("there is no profile \"" + std::string(name) + "\"");
+    if (profile.Name != name && named(profile.Name) != profiles.end())
+      throw std::invalid_argument("there is a profile \"" + profile.Name + "\" already");
+    YieldDefault(profiles, profile);
+    *place = profile;
   });
 }
 

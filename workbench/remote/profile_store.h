@@ -33,6 +33,10 @@ public:
   /// Adds a profile; one that becomes the default takes this from the one before. Throws
   /// std::invalid_argument when the name is taken or a field cannot be, TInputError and TSaveError.
   void Add(const TProfile& profile);
+  /// Puts a profile, perhaps of a new name, in the place of the one of that name; about the default
+  /// as Add. Throws std::invalid_argument when there is none of that name, the new name is taken or
+  /// a field cannot be, TInputError and TSaveError.
+  void Replace(std::string_view name, const TProfile& profile);
   /// False when there is no profile of that name. Throws TInputError and TSaveError.
   bool Remove(std::string_view name);
 

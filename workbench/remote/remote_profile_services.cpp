@@ -3,6 +3,7 @@
 #include "package/common/path_text.h"
 #include "workbench/files/machine_path.h"
 #include "workbench/remote/deploy_executor.h"
+#include "workbench/remote/remote_queries.h"
 
 #include <algorithm>
 #include <unistd.h>
@@ -37,35 +38,18 @@ TDeployEnd EndOf(const TDeployRun& run) {
 
 } // namespace
 
-// What is open to one profile while questions are asked.
-struct TRemoteProfileServices::TQueries {
-  explicit TQueries(const TProfile& profile)
-      : Connection(profile.Path), AllowOutside(profile.AllowOutside) {}
-
-  const TRemoteDirectory& Directory(const std::string& name) {
-    const auto [entry, isNew] = Directories.try_emplace(name);
-    if (isNew)
-      entry->second = Connection.Resolve({&name, 1}).front();
-    return entry->second;
-  }
-
-  TFolderConnection Connection;
-  bool AllowOutside;
-  std::unordered_map<std::string, TRemoteDirectory> Directories;
-};
-
 // Where a deploy goes.
 struct TRemoteProfileServices::TPlace {
-  std::filesystem::path Path;
-  TMissingFolder Missing = TMissingFolder::Refuse;
-  bool AllowOutside = false;
-  bool IsStaging = false;
+  std::filesystem::path Staging = {}; // a folder of this machine; empty: the profile's machine
   std::shared_ptr<IOTARemoteProfile> Profile = nullptr;
+  bool AllowOutside = false;
 };
 
 TRemoteProfileServices::TRemoteProfileServices(const std::filesystem::path& profilesFile,
                                                const TRemoteHost& host)
-    : FProfiles(profilesFile), FHost(host) {}
+    : FProfiles(profilesFile), FHost(host), FConnections([](const std::string& platform) {
+        return NameRulesOf(platform, /*ignoresCase=*/false).WindowsNames;
+      }) {}
 
 TRemoteProfileServices::~TRemoteProfileServices() = default;
 
@@ -77,16 +61,33 @@ void TRemoteProfileServices::Tell(TTell tell) const {
   }
 }
 
+bool TRemoteProfileServices::IgnoresCase(std::string_view platform) const {
+  const TPlatform* facts = FHost.Platforms.FindPlatform(platform);
+  return facts && facts->IgnoresCase();
+}
+
 void TRemoteProfileServices::AddProfile(const TProfile& profile) {
   FProfiles.Add(profile);
   const auto added = FindProfile(profile.Name);
   Tell([&](auto& notifier) { notifier.RemoteProfileAdded(*added); });
 }
 
+void TRemoteProfileServices::ChangeProfile(std::string_view name, const TProfile& profile) {
+  FProfiles.Replace(name, profile);
+  FConnections.Close(std::string(name));
+  const auto changed = FindProfile(profile.Name);
+  Tell([&](auto& notifier) {
+    if (profile.Name != name)
+      notifier.RemoteProfileRenamed(*changed, name);
+    notifier.RemoteProfileChanged(*changed);
+  });
+}
+
 bool TRemoteProfileServices::RemoveProfile(std::string_view name) {
   const auto removed = FindProfile(name);
   if (!removed || !FProfiles.Remove(name))
     return false;
+  FConnections.Close(std::string(name));
   Tell([&](auto& notifier) { notifier.RemoteProfileRemoved(*removed); });
   return true;
 }
@@ -115,59 +116,55 @@ bool TRemoteProfileServices::CreateAndAssignProfile(deployment::ICustomProject& 
 }
 
 void TRemoteProfileServices::BeginRemoteQueries(const IOTARemoteProfile& profile) {
+  std::unique_ptr<TRemoteQueries> queries;
   try {
-    FQueries.insert_or_assign(profile.GetName(), std::make_unique<TQueries>(ProfileOf(profile)));
+    RunAside([&] {
+      const TProfile& asked = ProfileOf(profile);
+      queries = std::make_unique<TRemoteQueries>(FConnections.Open(asked), asked.AllowOutside);
+    });
   } catch (const TConnectionError&) {
-    FQueries.insert_or_assign(profile.GetName(), nullptr); // every file counts as not found
+    queries = nullptr; // every file counts as not found
   }
+  FQueries.insert_or_assign(profile.GetName(), std::move(queries));
 }
 
 void TRemoteProfileServices::EndRemoteQueries(const IOTARemoteProfile& profile) {
   FQueries.erase(profile.GetName());
 }
 
+TRemoteQueries* TRemoteProfileServices::QueriesOf(const IOTARemoteProfile& profile) const {
+  const auto open = FQueries.find(profile.GetName());
+  return open == FQueries.end() ? nullptr : open->second.get();
+}
+
+void TRemoteProfileServices::ExpectRemoteQueries(const IOTARemoteProfile& profile,
+                                                 const std::vector<std::string>& remoteNames) {
+  if (TRemoteQueries* queries = QueriesOf(profile))
+    RunAside([&] { queries->Ask(remoteNames); });
+}
+
 std::optional<TFileTime> TRemoteProfileServices::GetRemoteFileTime(const IOTARemoteProfile& profile,
                                                                    std::string_view remoteName) {
-  const auto open = FQueries.find(profile.GetName());
-  if (open == FQueries.end()) {
+  if (!FQueries.contains(profile.GetName())) {
     BeginRemoteQueries(profile);
     const auto time = GetRemoteFileTime(profile, remoteName);
     EndRemoteQueries(profile);
     return time;
   }
-  TRemotePath path = ParseRemotePath(remoteName);
-  if (!open->second || path.Climbs || path.Parts.empty() ||
-      path.Start == TRemotePath::TStart::Drive)
-    return std::nullopt;
-  TQueries& queries = *open->second;
-  const std::string name(path.Parts.back());
-  path.Parts.pop_back();
-  std::string text = path.Joined();
-  if (path.Start == TRemotePath::TStart::FileSystemRoot)
-    text.insert(text.begin(), '/');
-  const TRemoteDirectory& directory = queries.Directory(text);
-  if (!directory.Exists || !(directory.IsInside || queries.AllowOutside))
-    return std::nullopt;
-  const TRemoteName asked{directory.Path, name};
-  const TRemoteStatus status = queries.Connection.Examine({&asked, 1}).front();
-  if (status.Kind != TRemoteKind::File)
-    return std::nullopt;
-  return Truncated(status.Modified, queries.Connection.TimeResolution());
+  TRemoteQueries* queries = QueriesOf(profile);
+  return queries ? queries->TimeOf(remoteName) : std::nullopt;
 }
 
 std::optional<TFileTime> TRemoteProfileServices::GetLocalFileTime(const IOTARemoteProfile& profile,
                                                                   std::string_view localName) {
   const auto time = LocalFileTime(ToMachinePath(localName));
-  const auto open = FQueries.find(profile.GetName());
-  if (!time || open == FQueries.end() || !open->second)
-    return time;
-  return Truncated(*time, open->second->Connection.TimeResolution());
+  const TRemoteQueries* queries = QueriesOf(profile);
+  return time && queries ? Truncated(*time, queries->TimeResolution()) : time;
 }
 
 bool TRemoteProfileServices::Connect(const IOTARemoteProfile& profile, std::string& message) {
   try {
-    const TProfile& asked = ProfileOf(profile);
-    const TFolderConnection connection(asked.Path);
+    FConnections.Open(ProfileOf(profile));
     return true;
   } catch (const TConnectionError& error) {
     message = error.what();
@@ -195,9 +192,7 @@ TRemoteProfileServices::FindPlace(deployment::ICustomProject& project, std::stri
   if (platform == AndroidPlatform || (facts && !facts->RequiresProfile(personality) &&
                                       !facts->PersonalityRequiresProfile(personality))) {
     const auto output = ToMachinePath(project.GetOutputFileName(configuration, platform));
-    return {.Path = output.parent_path() / StagingDirectory,
-            .Missing = TMissingFolder::Make,
-            .IsStaging = true};
+    return {.Staging = output.parent_path() / StagingDirectory};
   }
   const auto* platforms = project.GetProjectPlatforms();
   std::string name = platforms ? platforms->GetProfileName(platform) : std::string();
@@ -212,9 +207,7 @@ TRemoteProfileServices::FindPlace(deployment::ICustomProject& project, std::stri
   if (profile->GetPlatform() != platform)
     throw TConnectionError("the profile \"" + name + "\" is one of the platform \"" +
                            profile->GetPlatform() + "\", not of \"" + std::string(platform) + "\"");
-  return {.Path = ProfileOf(*profile).Path,
-          .AllowOutside = ProfileOf(*profile).AllowOutside,
-          .Profile = profile};
+  return {.Profile = profile, .AllowOutside = ProfileOf(*profile).AllowOutside};
 }
 
 void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::string_view platform,
@@ -245,19 +238,20 @@ void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, const T
     return;
   }
   TDeployTarget target{platform, configuration, {}, NDKParameter(project, platform)};
-  if (!place.IsStaging)
+  if (place.Staging.empty())
     target.BaseDirectory = deployment->GetRemoteBaseDir(platform);
-  const TConnect connect = [&]() -> std::unique_ptr<IRemoteConnection> {
-    return std::make_unique<TFolderConnection>(place.Path, place.Missing);
+  const TConnect connect = [&]() -> std::shared_ptr<IRemoteConnection> {
+    if (place.Staging.empty())
+      return FConnections.Open(ProfileOf(*place.Profile), &run.Cancelled);
+    return std::make_shared<TFolderConnection>(place.Staging, TMissingFolder::Make);
   };
-  std::unique_ptr<IRemoteConnection> connection;
-  const TPlatform* facts = FHost.Platforms.FindPlatform(platform);
+  std::shared_ptr<IRemoteConnection> connection;
   const TPlanOptions options{
       .Force = run.Options.Force,
       .Checksum = run.Options.Checksum,
       .SkipMissing = run.Options.SkipMissing,
       .AllowOutside = place.AllowOutside,
-      .Names = NameRulesOf(platform, facts && facts->IgnoresCase()),
+      .Names = NameRulesOf(platform, IgnoresCase(platform)),
   };
   TDeployPlan plan;
   auto files = CollectDeployFiles(project, *deployment, target, {FHost.Macros, FHost.Files});

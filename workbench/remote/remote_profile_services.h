@@ -4,9 +4,9 @@
 #include "package/host/api/codemgr.h"
 #include "package/host/api/platformapi.h"
 #include "workbench/platforms/platform_table.h"
+#include "workbench/remote/connections.h"
 #include "workbench/remote/deploy_files.h"
 #include "workbench/remote/deploy_run.h"
-#include "workbench/remote/folder_connection.h"
 #include "workbench/remote/profile_store.h"
 
 #include <filesystem>
@@ -19,6 +19,8 @@
 #include <vector>
 
 namespace workbench {
+
+class TRemoteQueries;
 
 /// One profile as the package holds it: what it said when it was looked up.
 class TRemoteProfile final : public deployment::IOTARemoteProfile {
@@ -55,8 +57,9 @@ public:
   ~TRemoteProfileServices() override;
 
   const TProfileStore& Profiles() const { return FProfiles; }
-  /// Adds and removes as the store does, and tells the listeners.
+  /// Adds, replaces and removes as the store does, and tells the listeners.
   void AddProfile(const TProfile& profile);
+  void ChangeProfile(std::string_view name, const TProfile& profile);
   bool RemoveProfile(std::string_view name);
   /// Who lets the user make a profile; without one nobody can be asked.
   void SetCreateProfile(TCreateProfile create) { FCreateProfile = std::move(create); }
@@ -73,6 +76,8 @@ public:
                               std::string_view platform) override;
   void BeginRemoteQueries(const deployment::IOTARemoteProfile& profile) override;
   void EndRemoteQueries(const deployment::IOTARemoteProfile& profile) override;
+  void ExpectRemoteQueries(const deployment::IOTARemoteProfile& profile,
+                           const std::vector<std::string>& remoteNames) override;
   std::optional<deployment::TFileTime>
   GetRemoteFileTime(const deployment::IOTARemoteProfile& profile,
                     std::string_view remoteName) override;
@@ -89,26 +94,28 @@ public:
   void RemoveNotifier(int index) override;
 
 private:
-  struct TQueries;
   struct TPlace;
 
   const deployment::IAndroidSDK* AndroidSDK(const std::string& platform) const;
   std::string NDKParameter(deployment::ICustomProject& project, std::string_view platform) const;
-  TQueries& QueriesOf(const deployment::IOTARemoteProfile& profile);
+  TRemoteQueries* QueriesOf(const deployment::IOTARemoteProfile& profile) const;
   TPlace FindPlace(deployment::ICustomProject& project, std::string_view platform,
                    std::string_view configuration);
   void Deploy(deployment::ICustomProject& project, const TPlace& place, std::string_view platform,
               std::string_view configuration, TDeployRun& run);
   void RunAside(const TWork& work) const { FRunAside ? FRunAside(work) : work(); }
+  bool IgnoresCase(std::string_view platform) const;
   template <class TTell>
   void Tell(TTell tell) const;
 
   TProfileStore FProfiles;
   TRemoteHost FHost;
+  TConnections FConnections;
   TCreateProfile FCreateProfile;
   TRunAside FRunAside;
   TDeployRun* FRun = nullptr;
-  std::unordered_map<std::string, std::unique_ptr<TQueries>> FQueries; // by profile, while they run
+  std::unordered_map<std::string, std::unique_ptr<TRemoteQueries>>
+      FQueries; // by profile, while they run
   std::vector<std::shared_ptr<deployment::IOTARemoteProfileNotifier>> FNotifiers;
 };
 

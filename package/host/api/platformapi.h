@@ -103,6 +103,10 @@ public:
   /// Bracket of a run of questions to one profile.
   virtual void BeginRemoteQueries(const IOTARemoteProfile& profile) = 0;
   virtual void EndRemoteQueries(const IOTARemoteProfile& profile) = 0;
+  /// Says which remote names will be asked about in the run of questions that has begun, so that a
+  /// far machine can be asked about all of them at once.
+  virtual void ExpectRemoteQueries(const IOTARemoteProfile& /*profile*/,
+                                   const std::vector<std::string>& /*remoteNames*/) {}
   /// Time stamp of a file; nothing when it does not exist or cannot be examined.
   virtual std::optional<TFileTime> GetRemoteFileTime(const IOTARemoteProfile& profile,
                                                      std::string_view remoteName) = 0;

@@ -1,4 +1,4 @@
-#include "workbench/cli/utf8.h"
+#include "workbench/text/utf8.h"
 
 #include <algorithm>
 #include <array>

@@ -1,0 +1,32 @@
+#include "workbench/remote/connections.h"
+
+namespace workbench {
+
+std::shared_ptr<IRemoteConnection> TConnections::Open(const TProfile& profile,
+                                                      const std::atomic<int>* cancelled) {
+  if (profile.Kind == TProfileKind::Folder)
+    return std::make_shared<TFolderConnection>(profile.Path);
+  return MachineOf(profile)->Take(cancelled);
+}
+
+std::shared_ptr<TSshMachine> TConnections::MachineOf(const TProfile& profile) {
+  const std::lock_guard lock(FMutex);
+  std::shared_ptr<TSshMachine>& machine = FMachines[profile.Name];
+  // A profile that says something else now leads somewhere else.
+  if (!machine || machine->Profile() != profile) {
+    try {
+      machine = std::make_shared<TSshMachine>(profile, FIsWindows(profile.Platform),
+                                              std::vector<std::string>(), nullptr);
+    } catch (const std::system_error& error) {
+      throw TConnectionError(error.what());
+    }
+  }
+  return machine;
+}
+
+void TConnections::Close(const std::string& profileName) {
+  const std::lock_guard lock(FMutex);
+  FMachines.erase(profileName);
+}
+
+} // namespace workbench

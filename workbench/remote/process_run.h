@@ -1,0 +1,46 @@
+// Runs a program from its start to its end.
+#pragma once
+
+#include "workbench/remote/child_process.h"
+
+#include <atomic>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace workbench {
+
+/// Hears a line of what a program prints, without its end.
+using THearLine = std::function<void(std::string_view line)>;
+
+/// How a program ended.
+struct TProcessEnd {
+  int Status = 0;           ///< as the shell has it
+  bool Interrupted = false; ///< it was ended because the run was cancelled
+  std::string Errors = {};  ///< what it wrote to the standard error output, cut where it gets long
+
+  /// "ended with status 3" and the like; empty when all went well.
+  std::string Problem() const;
+};
+
+/// Gives the program the input and hands over what it prints, bytes as they come. `cancelled`, when
+/// it is there and turns to something else than 0, ends it. Throws std::system_error when it cannot
+/// be started.
+TProcessEnd RunProcess(const TProcessStart& start, std::string_view input,
+                       const std::function<void(std::string_view)>& hearOutput,
+                       const std::atomic<int>* cancelled);
+
+/// Makes lines of bytes as they come.
+class TLineSplitter {
+public:
+  explicit TLineSplitter(const THearLine& hear) : FHear(hear) {}
+  void Add(std::string_view bytes);
+  /// The last line, when no line end followed it.
+  void Finish();
+
+private:
+  const THearLine& FHear;
+  std::string FRest;
+};
+
+} // namespace workbench

@@ -1,0 +1,75 @@
+// A machine that is reached through the user's own SSH client. The first lane makes the connection;
+// the others and commands go through it, so that only the first pays for keys and log-in.
+#pragma once
+
+#include "workbench/remote/profile.h"
+#include "workbench/remote/sftp_connection.h"
+
+#include <atomic>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+/// Commands of the SSH client for one profile.
+class TSshCommands {
+public:
+  /// `controlPath` is the socket of the connection that is shared. `questions` are variables that
+  /// let the client ask for passwords and the like; without them it asks nothing.
+  TSshCommands(TProfile profile, std::filesystem::path controlPath,
+               std::vector<std::string> questions);
+
+  /// Makes the connection and carries the file transfer protocol; the connection ends with it.
+  TProcessStart FirstLane() const;
+  /// Carries the protocol through the connection.
+  TProcessStart FurtherLane() const;
+  /// Runs a command line on the machine, through the connection.
+  TProcessStart Command(const std::string& command) const;
+
+private:
+  TProcessStart Start(bool isFirst) const;
+
+  TProfile FProfile;
+  std::filesystem::path FControlPath;
+  std::vector<std::string> FQuestions;
+};
+
+/// A path for a socket that nobody else can reach and that has no file yet. Throws
+/// std::system_error.
+std::filesystem::path NewControlPath();
+
+/// Lanes to one machine. May be used by several threads.
+class TSshMachine : public std::enable_shared_from_this<TSshMachine> {
+public:
+  /// Called before the connection is made; throws TConnectionError to refuse it.
+  using TBeforeConnect = std::function<void(const TProfile&)>;
+
+  TSshMachine(TProfile profile, bool isWindows, std::vector<std::string> questions,
+              TBeforeConnect beforeConnect);
+
+  const TProfile& Profile() const { return FProfile; }
+  /// A lane of the caller's own; it comes back to the machine when it is let go. Throws
+  /// TConnectionError. `cancelled`, when it is there, ends the attempt.
+  std::shared_ptr<IRemoteConnection> Take(const std::atomic<int>* cancelled);
+
+private:
+  std::unique_ptr<TSftpConnection> TakeIdle();
+  std::unique_ptr<TSftpConnection> Open(bool isFirst, const std::atomic<int>* cancelled);
+  void GiveBack(std::unique_ptr<TSftpConnection> lane);
+
+  const TProfile FProfile;
+  const bool FIsWindows;
+  const TBeforeConnect FBeforeConnect;
+  const TSshCommands FCommands;
+  const std::shared_ptr<TUnfinishedParts> FParts = std::make_shared<TUnfinishedParts>();
+  std::mutex FConnecting; // held while the first lane is opened
+  std::mutex FMutex;      // of what stands below
+  std::vector<std::unique_ptr<TSftpConnection>> FIdle;
+  bool FIsConnected = false; // the first lane is there, idle or in use
+};
+
+} // namespace workbench
