@@ -4,6 +4,7 @@
 #include "workbench/cli/commands.h"
 #include "workbench/cli/deployment_view.h"
 #include "workbench/cli/target.h"
+#include "workbench/remote/remote_profile_services.h"
 #include "workbench/text/utf8.h"
 
 #include <CLI/CLI.hpp>
@@ -44,6 +45,8 @@ public:
     const bool connect = FConnects || FConnect;
     if (connect && target.AllPlatforms)
       throw TUsageError("one platform is wanted to connect to");
+    if (connect)
+      context.Session.RemoteProfiles().PrepareConnection(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
     view.Open(project, target);

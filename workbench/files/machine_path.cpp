@@ -13,11 +13,15 @@ bool HasDriveLetter(std::string_view path) {
 
 } // namespace
 
-std::filesystem::path ToMachinePath(std::string_view storedPath) {
+std::string ToMachineText(std::string_view storedPath) {
   std::string path(storedPath);
   if (!HasDriveLetter(path))
     std::replace(path.begin(), path.end(), deployment::PathDelimiter, '/');
   return path;
+}
+
+std::filesystem::path ToMachinePath(std::string_view storedPath) {
+  return ToMachineText(storedPath);
 }
 
 std::string ToStoredPath(const std::filesystem::path& path) {

@@ -8,6 +8,9 @@
 
 namespace workbench {
 
+/// As ToMachinePath, as the text that the system takes: for who looks at many files.
+std::string ToMachineText(std::string_view storedPath);
+
 /// The file of this machine that a stored path names: each "\" is a "/". A path with a drive
 /// letter stays as it is, and so names nothing here.
 std::filesystem::path ToMachinePath(std::string_view storedPath);

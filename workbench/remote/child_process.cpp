@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t LongestErrorText = std::size_t(64) * 1024;
 constexpr int PipeSize = 1024 * 1024; // fewer turns between two programs that share a processor
-constexpr std::chrono::milliseconds PollInterval(5);
+constexpr std::chrono::milliseconds PollInterval(1);
 constexpr std::chrono::milliseconds EndPatience(200);
 
 struct TPipe {

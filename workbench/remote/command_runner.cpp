@@ -7,7 +7,8 @@ std::string RunAndHear(const TProcessStart& start, const THearLine& hear,
   TLineSplitter lines(hear);
   try {
     const TProcessEnd end = RunProcess(
-        start, {}, [&lines](std::string_view bytes) { lines.Add(bytes); }, &cancelled);
+        start, nullptr, [&lines](std::string_view bytes) { lines.Add(bytes); },
+        [&cancelled] { return cancelled != 0; });
     lines.Finish();
     return end.Problem();
   } catch (const std::system_error& error) {

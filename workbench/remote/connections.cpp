@@ -24,6 +24,11 @@ std::shared_ptr<TSshMachine> TConnections::MachineOf(const TProfile& profile) {
   return machine;
 }
 
+void TConnections::Prepare(const TProfile& profile) {
+  if (profile.Kind == TProfileKind::Ssh)
+    MachineOf(profile)->Prepare();
+}
+
 void TConnections::Close(const std::string& profileName) {
   const std::lock_guard lock(FMutex);
   FMachines.erase(profileName);

@@ -26,6 +26,9 @@ public:
   /// turns to something else than 0, ends the attempt.
   std::shared_ptr<IRemoteConnection> Open(const TProfile& profile,
                                           const std::atomic<int>* cancelled = nullptr);
+  /// Begins to connect to a machine that takes its time, without waiting and without asking
+  /// anybody.
+  void Prepare(const TProfile& profile);
   /// Closes what is open to a profile of that name and not in use.
   void Close(const std::string& profileName);
 

@@ -1,6 +1,7 @@
 #include "workbench/remote/deploy_executor.h"
 
 #include "workbench/remote/command_runner.h"
+#include "workbench/remote/shell_text.h"
 
 #include <algorithm>
 #include <mutex>
@@ -20,16 +21,8 @@ constexpr std::size_t LargestBatch = 256;
 constexpr unsigned MostJobs = 64;
 constexpr std::string_view Interrupted = "the run was interrupted";
 
-// The text in quotes of the shell.
-std::string Quoted(std::string_view text) {
-  std::string quoted = "'";
-  for (const char c : text)
-    quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return quoted + "'";
-}
-
 std::string UnpackCommand(const std::string& file) {
-  return (file.ends_with(".zip") ? "unzip -o -q " : "tar -xf ") + Quoted(file);
+  return (file.ends_with(".zip") ? "unzip -o -q " : "tar -xf ") + ShellQuoted(file);
 }
 
 class TExecutor {
@@ -283,7 +276,7 @@ std::string TExecutor::FinishOnTarget(const TPlannedFile& file) {
   if (operation == TDeployOperation::Unpack)
     problem = run(UnpackCommand("./" + file.Target.Name));
   else if (runs)
-    problem = run(Quoted("./" + file.Target.Name));
+    problem = run(ShellQuoted("./" + file.Target.Name));
   for (const std::string& command : file.File.RemoteCommands) {
     if (problem.empty())
       problem = run(command);

@@ -20,19 +20,18 @@ constexpr std::size_t LongestPath = 4095; // bytes
 
 class TPlanner {
 public:
-  TPlanner(std::vector<TDeployFile> files, const TPlanOptions& options,
-           IRemoteConnection& connection)
-      : FOptions(options), FConnection(connection) {
+  TPlanner(std::vector<TDeployFile> files, const TPlanOptions& options) : FOptions(options) {
     FPlan.Files.reserve(files.size());
     for (TDeployFile& file : files)
       FPlan.Files.push_back({.File = std::move(file)});
   }
 
-  TDeployPlan Make() {
+  TDeployPlan Make(const std::function<IRemoteConnection&()>& connect) {
     FindTargets();
+    ExamineLocalFiles();
+    FConnection = &connect();
     ResolveDirectories();
     FindCollisions();
-    ExamineLocalFiles();
     CollectCommands();
     if (FPlan.Problems.empty())
       CompareWithTarget();
@@ -61,7 +60,7 @@ private:
   void CompareContents();
 
   const TPlanOptions& FOptions;
-  IRemoteConnection& FConnection;
+  IRemoteConnection* FConnection = nullptr;
   TDeployPlan FPlan;
   std::vector<std::string> FDirectories; // as named, each once
   std::vector<std::size_t> FDirectoryOf; // of each file, into FDirectories
@@ -124,7 +123,7 @@ std::string TPlanner::DirectoryText(const TRemotePath& path) const {
 }
 
 void TPlanner::ResolveDirectories() {
-  FResolved = FConnection.Resolve(FDirectories);
+  FResolved = FConnection->Resolve(FDirectories);
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
     TPlannedFile& file = FPlan.Files[i];
     const TRemoteDirectory& directory = FResolved[FDirectoryOf[i]];
@@ -220,7 +219,7 @@ void TPlanner::CompareWithTarget() {
     names.push_back(FPlan.Files[i].Target);
     asked.push_back(i);
   }
-  const std::vector<TRemoteStatus> answers = FConnection.Examine(names);
+  const std::vector<TRemoteStatus> answers = FConnection->Examine(names);
   std::vector<TRemoteStatus> all(FPlan.Files.size());
   for (std::size_t i = 0; i < asked.size(); ++i)
     all[asked[i]] = answers[i];
@@ -258,7 +257,7 @@ void TPlanner::Decide(TPlannedFile& file, const TRemoteStatus& remote) {
     file.Action = TDeployAction::Kept;
     return;
   }
-  const auto resolution = FConnection.TimeResolution();
+  const auto resolution = FConnection->TimeResolution();
   file.TimeDiffers =
       Truncated(file.LocalTime, resolution) != Truncated(remote.Modified, resolution);
   const bool isSame = remote.Kind == TRemoteKind::File && remote.Size == file.Bytes &&
@@ -272,7 +271,7 @@ void TPlanner::CompareContents() {
   requests.reserve(FToCompare.size());
   for (const std::size_t index : FToCompare)
     requests.push_back({FPlan.Files[index].File.LocalFile, FPlan.Files[index].Target, false});
-  const std::vector<bool> same = FConnection.HaveSameContent(requests);
+  const std::vector<bool> same = FConnection->HaveSameContent(requests);
   for (std::size_t i = 0; i < same.size(); ++i) {
     if (same[i])
       FPlan.Files[FToCompare[i]].Action = TDeployAction::Unchanged;
@@ -288,8 +287,8 @@ std::string_view DeployActionName(TDeployAction action) {
 }
 
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,
-                           IRemoteConnection& connection) {
-  return TPlanner(std::move(files), options, connection).Make();
+                           const std::function<IRemoteConnection&()>& connect) {
+  return TPlanner(std::move(files), options).Make(connect);
 }
 
 } // namespace workbench

@@ -6,6 +6,7 @@
 #include "workbench/remote/remote_path.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -47,8 +48,9 @@ struct TDeployPlan {
   std::vector<std::string> Commands;
 };
 
-/// Makes the plan. Throws TConnectionError.
+/// Makes the plan. Throws TConnectionError. `connect` is called when the files of this machine have
+/// been looked at, which goes on meanwhile where it takes its time.
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,
-                           IRemoteConnection& connection);
+                           const std::function<IRemoteConnection&()>& connect);
 
 } // namespace workbench

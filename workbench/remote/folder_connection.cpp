@@ -245,7 +245,7 @@ std::string TFolderConnection::RunCommand(const std::string& command, const std:
   return RunCommandLine(command, directory, hear, cancelled);
 }
 
-std::optional<deployment::TFileTime> LocalFileTime(const std::filesystem::path& file) {
+std::optional<deployment::TFileTime> LocalFileTime(const std::string& file) {
   struct stat status = {};
   if (::stat(file.c_str(), &status) != 0)
     return std::nullopt;

@@ -47,7 +47,7 @@ private:
 
 /// The time stamp of a file of this machine as it is compared with one of a target; nothing when
 /// it cannot be examined. Links are followed.
-std::optional<deployment::TFileTime> LocalFileTime(const std::filesystem::path& file);
+std::optional<deployment::TFileTime> LocalFileTime(const std::string& file);
 
 /// The time stamp without what is finer than the resolution.
 deployment::TFileTime Truncated(deployment::TFileTime time, std::chrono::nanoseconds resolution);

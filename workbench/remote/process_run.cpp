@@ -12,15 +12,33 @@ constexpr std::size_t BlockSize = std::size_t(64) * 1024;
 constexpr std::size_t LongestLine = std::size_t(64) * 1024; // longer ones come in pieces
 constexpr std::chrono::milliseconds EndPatience(50);
 
-void WriteSome(TChildProcess& process, std::string_view& input) {
-  const ssize_t count = process.Write(input);
-  if (count >= 0)
-    input.remove_prefix(static_cast<std::size_t>(count));
-  else if (errno != EAGAIN && errno != EINTR)
-    input = {}; // it does not want to hear the rest
-  if (input.empty())
-    process.CloseInput();
-}
+// What is on its way to the program.
+class TInput {
+public:
+  TInput(TChildProcess& process, const TFeed& feed) : FProcess(process), FFeed(feed) { Fill(); }
+
+  void Write() {
+    const ssize_t count = FProcess.Write(FBytes.View());
+    if (count >= 0)
+      FBytes.Drop(static_cast<std::size_t>(count));
+    else if (errno != EAGAIN && errno != EINTR)
+      return FProcess.CloseInput(); // it does not want to hear the rest
+    Fill();
+  }
+
+private:
+  void Fill() {
+    bool more = static_cast<bool>(FFeed);
+    while (more && FBytes.Size() < BlockSize)
+      more = FFeed(FBytes);
+    if (FBytes.IsEmpty())
+      FProcess.CloseInput();
+  }
+
+  TChildProcess& FProcess;
+  const TFeed& FFeed;
+  TByteBuffer FBytes;
+};
 
 // False when the output has ended.
 bool ReadSome(const TChildProcess& process, const std::function<void(std::string_view)>& hear) {
@@ -42,14 +60,12 @@ std::string TProcessEnd::Problem() const {
   return Status == 0 ? std::string() : "ended with status " + std::to_string(Status);
 }
 
-TProcessEnd RunProcess(const TProcessStart& start, std::string_view input,
+TProcessEnd RunProcess(const TProcessStart& start, const TFeed& feed,
                        const std::function<void(std::string_view)>& hearOutput,
-                       const std::atomic<int>* cancelled) {
+                       const TIsCancelled& isCancelled) {
   TChildProcess process(start);
-  if (input.empty())
-    process.CloseInput();
+  TInput input(process, feed);
   TProcessEnd end;
-  const auto isCancelled = [cancelled] { return cancelled && *cancelled != 0; };
   for (bool isOpen = true; isOpen && !isCancelled();) {
     std::array<pollfd, 3> files{{{process.Output(), POLLIN, 0},
                                  {process.Errors(), POLLIN, 0},
@@ -61,7 +77,7 @@ TProcessEnd RunProcess(const TProcessStart& start, std::string_view input,
     if (files[1].revents != 0)
       process.ReadErrors();
     if (files[2].revents != 0)
-      WriteSome(process, input);
+      input.Write();
     if (files[0].revents != 0)
       isOpen = ReadSome(process, hearOutput);
   }

@@ -1,9 +1,9 @@
 // Runs a program from its start to its end.
 #pragma once
 
+#include "workbench/remote/byte_buffer.h"
 #include "workbench/remote/child_process.h"
 
-#include <atomic>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -23,12 +23,19 @@ struct TProcessEnd {
   std::string Problem() const;
 };
 
-/// Gives the program the input and hands over what it prints, bytes as they come. `cancelled`, when
-/// it is there and turns to something else than 0, ends it. Throws std::system_error when it cannot
-/// be started.
-TProcessEnd RunProcess(const TProcessStart& start, std::string_view input,
+/// Makes the start of a program that runs a command line on another machine.
+using TRemoteExec = std::function<TProcessStart(const std::string& command)>;
+
+/// Appends some bytes more for a program to read; false when there are no more.
+using TFeed = std::function<bool(TByteBuffer&)>;
+/// Asked again and again; true ends a program.
+using TIsCancelled = std::function<bool()>;
+
+/// Gives the program the input and hands over what it prints, bytes as they come. Without a feed it
+/// reads nothing. Throws std::system_error when it cannot be started.
+TProcessEnd RunProcess(const TProcessStart& start, const TFeed& feed,
                        const std::function<void(std::string_view)>& hearOutput,
-                       const std::atomic<int>* cancelled);
+                       const TIsCancelled& isCancelled);
 
 /// Makes lines of bytes as they come.
 class TLineSplitter {

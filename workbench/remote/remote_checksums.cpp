@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace workbench {
 namespace {
@@ -36,8 +37,13 @@ std::unordered_map<std::string, std::string> RemoteSHA256(const TRemoteExec& exe
   };
   TLineSplitter lines(hear);
   try {
+    const TFeed feed = [&names](TByteBuffer& bytes) {
+      bytes.Append(std::exchange(names, {}));
+      return false;
+    };
     RunProcess(
-        exec(Command), names, [&lines](std::string_view bytes) { lines.Add(bytes); }, nullptr);
+        exec(Command), feed, [&lines](std::string_view bytes) { lines.Add(bytes); },
+        [] { return false; });
     lines.Finish();
   } catch (const std::system_error&) {
     digests.clear();

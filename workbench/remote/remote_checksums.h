@@ -10,9 +10,6 @@
 
 namespace workbench {
 
-/// Makes the start of a program that runs a command line on the machine.
-using TRemoteExec = std::function<TProcessStart(const std::string& command)>;
-
 /// SHA-256 of files by their full path, as hexadecimal text, in one round trip. What the machine
 /// cannot compute is missing.
 std::unordered_map<std::string, std::string> RemoteSHA256(const TRemoteExec& exec,

@@ -1,5 +1,6 @@
 #include "workbench/remote/remote_profile_services.h"
 
+#include "package/common/errors.h"
 #include "package/common/path_text.h"
 #include "workbench/files/machine_path.h"
 #include "workbench/remote/deploy_executor.h"
@@ -157,7 +158,7 @@ std::optional<TFileTime> TRemoteProfileServices::GetRemoteFileTime(const IOTARem
 
 std::optional<TFileTime> TRemoteProfileServices::GetLocalFileTime(const IOTARemoteProfile& profile,
                                                                   std::string_view localName) {
-  const auto time = LocalFileTime(ToMachinePath(localName));
+  const auto time = LocalFileTime(ToMachineText(localName));
   const TRemoteQueries* queries = QueriesOf(profile);
   return time && queries ? Truncated(*time, queries->TimeResolution()) : time;
 }
@@ -184,16 +185,10 @@ std::string TRemoteProfileServices::NDKParameter(deployment::ICustomProject& pro
                  : std::string();
 }
 
-TRemoteProfileServices::TPlace
-TRemoteProfileServices::FindPlace(deployment::ICustomProject& project, std::string_view platform,
-                                  std::string_view configuration) {
-  const TPlatform* facts = FHost.Platforms.FindPlatform(platform);
-  const std::string personality = project.GetPersonality();
-  if (platform == AndroidPlatform || (facts && !facts->RequiresProfile(personality) &&
-                                      !facts->PersonalityRequiresProfile(personality))) {
-    const auto output = ToMachinePath(project.GetOutputFileName(configuration, platform));
-    return {.Staging = output.parent_path() / StagingDirectory};
-  }
+// The profile that the project assigns to the platform, else the platform's default one.
+std::shared_ptr<TRemoteProfile>
+TRemoteProfileServices::ProfileFor(deployment::ICustomProject& project,
+                                   std::string_view platform) const {
   const auto* platforms = project.GetProjectPlatforms();
   std::string name = platforms ? platforms->GetProfileName(platform) : std::string();
   if (name.empty())
@@ -201,13 +196,46 @@ TRemoteProfileServices::FindPlace(deployment::ICustomProject& project, std::stri
   if (name.empty())
     throw TConnectionError("the project assigns no profile to the platform \"" +
                            std::string(platform) + "\", and the platform has no default one");
-  const auto profile = FindProfile(name);
+  const TProfile* profile = FProfiles.Find(name);
   if (!profile)
     throw TConnectionError("there is no profile \"" + name + "\"");
-  if (profile->GetPlatform() != platform)
+  if (profile->Platform != platform)
     throw TConnectionError("the profile \"" + name + "\" is one of the platform \"" +
-                           profile->GetPlatform() + "\", not of \"" + std::string(platform) + "\"");
-  return {.Profile = profile, .AllowOutside = ProfileOf(*profile).AllowOutside};
+                           profile->Platform + "\", not of \"" + std::string(platform) + "\"");
+  return std::make_shared<TRemoteProfile>(*profile, AndroidSDK(profile->Platform));
+}
+
+void TRemoteProfileServices::PrepareConnection(deployment::ICustomProject& project,
+                                               std::string_view platform) {
+  if (IsStaged(project, platform))
+    return;
+  try {
+    FConnections.Prepare(ProfileFor(project, platform)->Profile());
+  } catch (const TConnectionError&) {
+    return;
+  } catch (const deployment::TInputError&) {
+    return; // damaged profiles
+  }
+}
+
+// Programs of such a platform are packed here and go to no machine.
+bool TRemoteProfileServices::IsStaged(deployment::ICustomProject& project,
+                                      std::string_view platform) const {
+  const TPlatform* facts = FHost.Platforms.FindPlatform(platform);
+  const std::string personality = project.GetPersonality();
+  return platform == AndroidPlatform || (facts && !facts->RequiresProfile(personality) &&
+                                         !facts->PersonalityRequiresProfile(personality));
+}
+
+TRemoteProfileServices::TPlace
+TRemoteProfileServices::FindPlace(deployment::ICustomProject& project, std::string_view platform,
+                                  std::string_view configuration) {
+  if (IsStaged(project, platform)) {
+    const auto output = ToMachinePath(project.GetOutputFileName(configuration, platform));
+    return {.Staging = output.parent_path() / StagingDirectory};
+  }
+  const auto profile = ProfileFor(project, platform);
+  return {.Profile = profile, .AllowOutside = profile->Profile().AllowOutside};
 }
 
 void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::string_view platform,
@@ -256,8 +284,10 @@ void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, const T
   TDeployPlan plan;
   auto files = CollectDeployFiles(project, *deployment, target, {FHost.Macros, FHost.Files});
   RunAside([&] {
-    connection = connect();
-    plan = MakeDeployPlan(std::move(files), options, *connection);
+    plan = MakeDeployPlan(std::move(files), options, [&]() -> IRemoteConnection& {
+      connection = connect();
+      return *connection;
+    });
   });
   TDeployReport& report = run.Report;
   report.Rows = RowsOf(plan);

@@ -61,6 +61,9 @@ public:
   void AddProfile(const TProfile& profile);
   void ChangeProfile(std::string_view name, const TProfile& profile);
   bool RemoveProfile(std::string_view name);
+  /// Begins to connect to where the project goes on the platform, for who is going to ask or deploy
+  /// soon. Says nothing about what is wrong: who needs the connection hears it.
+  void PrepareConnection(deployment::ICustomProject& project, std::string_view platform);
   /// Who lets the user make a profile; without one nobody can be asked.
   void SetCreateProfile(TCreateProfile create) { FCreateProfile = std::move(create); }
   /// Who does work that takes long while the caller waits: runs it once and returns when it is
@@ -99,6 +102,9 @@ private:
   const deployment::IAndroidSDK* AndroidSDK(const std::string& platform) const;
   std::string NDKParameter(deployment::ICustomProject& project, std::string_view platform) const;
   TRemoteQueries* QueriesOf(const deployment::IOTARemoteProfile& profile) const;
+  std::shared_ptr<TRemoteProfile> ProfileFor(deployment::ICustomProject& project,
+                                             std::string_view platform) const;
+  bool IsStaged(deployment::ICustomProject& project, std::string_view platform) const;
   TPlace FindPlace(deployment::ICustomProject& project, std::string_view platform,
                    std::string_view configuration);
   void Deploy(deployment::ICustomProject& project, const TPlace& place, std::string_view platform,

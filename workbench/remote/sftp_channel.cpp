@@ -13,7 +13,7 @@ namespace {
 constexpr std::uint32_t ProtocolVersion = 3;
 constexpr std::size_t LengthSize = 4;
 constexpr std::size_t LargestPacket = std::size_t(256) * 1024; // as the common server has it
-constexpr std::size_t OutRoom = std::size_t(512) * 1024; // more waits until the line took some
+constexpr std::size_t OutRoom = std::size_t(64) * 1024; // more waits until the line took some
 constexpr std::size_t ReadSize = std::size_t(256) * 1024;
 constexpr std::size_t LargestUsefulWrite = std::size_t(128) * 1024;
 constexpr std::size_t HandlesLeft = 8; // of those that a server has, for other uses
@@ -80,6 +80,14 @@ void TSftpChannel::Greet(const std::atomic<int>* cancelled) {
   }
   if (hasLimits)
     ReadLimits();
+  MeasureRoundTrip();
+}
+
+void TSftpChannel::MeasureRoundTrip() {
+  const auto start = std::chrono::steady_clock::now();
+  Post(TSftpPacket::RealPath, ".", 0);
+  AskOnce(*this, [](const TSftpReply&) {});
+  FLimits.RoundTrip = std::chrono::steady_clock::now() - start;
 }
 
 void TSftpChannel::ReadLimits() {

@@ -41,6 +41,7 @@ struct TSftpLimits {
   bool HasSpaceQuery = false;  ///< how full the disk is
   std::size_t LargestWrite = std::size_t(32) * 1024; ///< bytes in one request
   std::size_t MostHandles = 100;                     ///< files that may be open at a time
+  std::chrono::nanoseconds RoundTrip = {};           ///< from a request to its answer
 };
 
 /// How long a server may say nothing.
@@ -83,6 +84,7 @@ private:
 
   void Greet(const std::atomic<int>* cancelled);
   void ReadLimits();
+  void MeasureRoundTrip();
   void Move(std::chrono::milliseconds patience);
   void Write();
   void Read();

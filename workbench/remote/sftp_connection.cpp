@@ -8,15 +8,18 @@
 #include "workbench/remote/sftp_listing.h"
 #include "workbench/remote/sftp_upload.h"
 #include "workbench/remote/sha256.h"
+#include "workbench/remote/shell_text.h"
 #include "workbench/text/visible_text.h"
 
 #include <algorithm>
+#include <thread>
 #include <unordered_set>
 
 namespace workbench {
 namespace {
 
-constexpr unsigned Lanes = 4;
+constexpr unsigned FewestLanes = 2;
+constexpr unsigned MostLanes = 4; // more only get in each other's way
 constexpr std::uint32_t KindMask = 0170000;
 constexpr std::uint32_t FileKind = 0100000;
 constexpr std::uint32_t DirectoryKind = 0040000;
@@ -65,13 +68,6 @@ private:
   std::size_t FNext = 0;
 };
 
-std::string Quoted(std::string_view text) {
-  std::string quoted = "'";
-  for (const char c : text)
-    quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return quoted + "'";
-}
-
 // The drive's own way to write a path that the protocol begins with "/".
 std::string WindowsPath(const std::string& path) {
   std::string text = path.starts_with('/') ? path.substr(1) : path;
@@ -103,7 +99,7 @@ TSftpConnection::TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinish
 }
 
 unsigned TSftpConnection::UsualLanes() const {
-  return Lanes;
+  return std::clamp(std::thread::hardware_concurrency(), FewestLanes, MostLanes);
 }
 
 bool TSftpConnection::IsBelowRoot(const std::string& path) const {
@@ -271,7 +267,7 @@ std::string TSftpConnection::RunCommand(const std::string& command, const std::s
     return "has a NUL character";
   const std::string line = FMachine.IsWindows
                                ? "cd /d \"" + WindowsPath(directory) + "\" && " + command
-                               : "cd " + Quoted(directory) + " && " + command;
+                               : "cd " + ShellQuoted(directory) + " && " + command;
   TProcessStart start = FMachine.Exec(line);
   start.JoinErrors = true;
   return RunAndHear(start, hear, cancelled);

@@ -20,7 +20,7 @@ namespace workbench {
 struct TSftpMachine {
   TProcessStart Sftp; ///< the program that carries the file transfer protocol
   /// The program that runs a command line on the machine; empty when it runs none.
-  std::function<TProcessStart(const std::string& command)> Exec;
+  TRemoteExec Exec;
   /// Below which everything is put: a full path, or one from the user's home directory with "~/".
   /// "C:/x" is on a drive.
   std::string Root;

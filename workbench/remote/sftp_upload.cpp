@@ -3,15 +3,26 @@
 #include "workbench/files/file_reader.h"
 
 #include <algorithm>
+#include <chrono>
 #include <fcntl.h>
 
 namespace workbench {
 namespace {
 
 constexpr std::uint64_t StepRange = 8; // room for the steps in a cookie
-constexpr std::size_t MostFiles = 512; // open at a time; more does not speed up any line
+// How many files are open at a time. A server works slower the more there are, so that they are
+// only as many as keep it busy: each file waits three times for an answer.
+constexpr std::size_t FewestFiles = 128;
+constexpr std::size_t MostFiles = 768;
+constexpr unsigned AnswersPerFile = 3;
+constexpr std::chrono::microseconds WorkPerFile(60);
 constexpr std::string_view Interrupted = "the run was interrupted";
 constexpr std::string_view Changed = "it changed while it was copied";
+
+std::size_t FilesFor(const TSftpLimits& limits) {
+  const auto busy = static_cast<std::size_t>(AnswersPerFile * limits.RoundTrip / WorkPerFile);
+  return std::min(std::clamp(busy, FewestFiles, MostFiles), limits.MostHandles);
+}
 
 std::uint32_t Stamp(time_t seconds) {
   return static_cast<std::uint32_t>(std::clamp<time_t>(seconds, 0, 0xffffffff));
@@ -73,7 +84,8 @@ struct TSftpUpload::TFile {
 
 TSftpUpload::TSftpUpload(ISendJob& job, TUnfinishedNames& names, const TSftpLimits& limits,
                          TFindPart findPart)
-    : FJob(job), FNames(names), FLimits(limits), FFindPart(std::move(findPart)) {}
+    : FJob(job), FNames(names), FLimits(limits), FMostFiles(FilesFor(limits)),
+      FFindPart(std::move(findPart)) {}
 
 TSftpUpload::~TSftpUpload() = default;
 
@@ -107,7 +119,7 @@ TSftpUpload::TFile& TSftpUpload::TakeSlot() {
 // Begins with the next file; false when there is none to begin with.
 bool TSftpUpload::Start(TSftpChannel& channel) {
   const std::size_t active = FFiles.size() - FFree.size();
-  if (FNoMore || FJob.IsCancelled() || active >= std::min(MostFiles, FLimits.MostHandles))
+  if (FNoMore || FJob.IsCancelled() || active >= FMostFiles)
     return false;
   const TSendRequest* request = FJob.Next();
   if (!request) {

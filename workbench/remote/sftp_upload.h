@@ -26,8 +26,8 @@ using TFindPart =
 /// Files of this size and more are worth going on with.
 inline constexpr std::uint64_t LargeFileSize = std::uint64_t(4) * 1024 * 1024;
 
-/// One job on one channel. How many files are open at a time follows what the server allows, how
-/// many requests are out what the line takes.
+/// One job on one channel. How many files are open at a time follows the length of the line and
+/// what the server allows.
 class TSftpUpload final : public ISftpExchange {
 public:
   /// Everything must outlive the object. `posixRename`: see TSftpLimits.
@@ -61,6 +61,7 @@ private:
   ISendJob& FJob;
   TUnfinishedNames& FNames;
   const TSftpLimits& FLimits;
+  const std::size_t FMostFiles; // open at a time
   TFindPart FFindPart;
   std::vector<std::unique_ptr<TFile>> FFiles; // slots; a cookie names one
   std::vector<std::size_t> FFree;

@@ -62,8 +62,8 @@ TSshCommands::TSshCommands(TProfile profile, std::filesystem::path controlPath,
     : FProfile(std::move(profile)), FControlPath(std::move(controlPath)),
       FQuestions(std::move(questions)) {}
 
-TProcessStart TSshCommands::Start(bool isFirst) const {
-  const bool asks = isFirst && !FQuestions.empty();
+TProcessStart TSshCommands::Start(bool isFirst, bool mayAsk) const {
+  const bool asks = mayAsk && !FQuestions.empty();
   std::vector<std::string> command{
       "ssh",
       "-T",
@@ -97,28 +97,37 @@ TProcessStart TSshCommands::Start(bool isFirst) const {
           .Environment = EnvironmentWith(asks ? FQuestions : std::vector<std::string>())};
 }
 
-TProcessStart TSshCommands::FirstLane() const {
-  TProcessStart start = Start(/*isFirst=*/true);
+TProcessStart TSshCommands::FirstLane(bool mayAsk) const {
+  TProcessStart start = Start(/*isFirst=*/true, mayAsk);
   start.Command.insert(start.Command.end(), {"-s", "--", FProfile.Host, "sftp"});
   return start;
 }
 
 TProcessStart TSshCommands::FurtherLane() const {
-  TProcessStart start = Start(/*isFirst=*/false);
+  TProcessStart start = Start(/*isFirst=*/false, /*mayAsk=*/false);
   start.Command.insert(start.Command.end(), {"-s", "--", FProfile.Host, "sftp"});
   return start;
 }
 
 TProcessStart TSshCommands::Command(const std::string& command) const {
-  TProcessStart start = Start(/*isFirst=*/false);
+  TProcessStart start = Start(/*isFirst=*/false, /*mayAsk=*/false);
   start.Command.insert(start.Command.end(), {"--", FProfile.Host, command});
   return start;
 }
 
 TSshMachine::TSshMachine(TProfile profile, bool isWindows, std::vector<std::string> questions,
-                         TBeforeConnect beforeConnect)
-    : FProfile(std::move(profile)), FIsWindows(isWindows), FBeforeConnect(std::move(beforeConnect)),
-      FCommands(FProfile, NewControlPath(), std::move(questions)) {}
+                         TMend mend)
+    : FProfile(std::move(profile)), FIsWindows(isWindows), FMend(std::move(mend)),
+      FAsks(!questions.empty()), FCommands(FProfile, NewControlPath(), std::move(questions)) {}
+
+void TSshMachine::Prepare() {
+  const std::lock_guard lock(FConnecting);
+  const std::lock_guard stateLock(FMutex);
+  if (!FIsConnected && !FPrepared.valid())
+    FPrepared = std::async(std::launch::async, [this] {
+      return Open(FCommands.FirstLane(/*mayAsk=*/false), /*isFirst=*/true, nullptr);
+    });
+}
 
 std::shared_ptr<IRemoteConnection> TSshMachine::Take(const std::atomic<int>* cancelled) {
   std::unique_ptr<TSftpConnection> lane = TakeIdle();
@@ -130,16 +139,35 @@ std::shared_ptr<IRemoteConnection> TSshMachine::Take(const std::atomic<int>* can
       isConnected = FIsConnected;
     }
     if (!isConnected) {
-      lane = Open(/*isFirst=*/true, cancelled);
+      lane = OpenFirst(cancelled);
       const std::lock_guard stateLock(FMutex);
       FIsConnected = true;
     }
   }
   if (!lane)
-    lane = Open(/*isFirst=*/false, cancelled);
+    lane = Open(FCommands.FurtherLane(), /*isFirst=*/false, cancelled);
   return {lane.release(), [machine = shared_from_this()](TSftpConnection* returned) {
             machine->GiveBack(std::unique_ptr<TSftpConnection>(returned));
           }};
+}
+
+std::unique_ptr<TSftpConnection> TSshMachine::OpenFirst(const std::atomic<int>* cancelled) {
+  if (FPrepared.valid()) {
+    try {
+      return FPrepared.get();
+    } catch (const TConnectionError&) {
+      if (!FAsks && !FMend)
+        throw;
+    }
+  }
+  while (true) {
+    try {
+      return Open(FCommands.FirstLane(/*mayAsk=*/true), /*isFirst=*/true, cancelled);
+    } catch (const TConnectionError& error) {
+      if (!FMend || !FMend(FProfile, error.what()))
+        throw;
+    }
+  }
 }
 
 // The lane used last, since the line may have closed the others.
@@ -155,12 +183,10 @@ std::unique_ptr<TSftpConnection> TSshMachine::TakeIdle() {
   return nullptr;
 }
 
-std::unique_ptr<TSftpConnection> TSshMachine::Open(bool isFirst,
-                                                   const std::atomic<int>* cancelled) {
-  if (isFirst && FBeforeConnect)
-    FBeforeConnect(FProfile);
+std::unique_ptr<TSftpConnection> TSshMachine::Open(const TProcessStart& sftp, bool isFirst,
+                                                   const std::atomic<int>* cancelled) const {
   TSftpMachine machine{
-      .Sftp = isFirst ? FCommands.FirstLane() : FCommands.FurtherLane(),
+      .Sftp = sftp,
       .Exec = [commands = FCommands](const std::string& line) { return commands.Command(line); },
       .Root = FProfile.Path,
       .IsWindows = FIsWindows,

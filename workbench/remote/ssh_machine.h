@@ -8,6 +8,7 @@
 #include <atomic>
 #include <filesystem>
 #include <functional>
+#include <future>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -24,14 +25,14 @@ public:
                std::vector<std::string> questions);
 
   /// Makes the connection and carries the file transfer protocol; the connection ends with it.
-  TProcessStart FirstLane() const;
+  TProcessStart FirstLane(bool mayAsk) const;
   /// Carries the protocol through the connection.
   TProcessStart FurtherLane() const;
   /// Runs a command line on the machine, through the connection.
   TProcessStart Command(const std::string& command) const;
 
 private:
-  TProcessStart Start(bool isFirst) const;
+  TProcessStart Start(bool isFirst, bool mayAsk) const;
 
   TProfile FProfile;
   std::filesystem::path FControlPath;
@@ -45,29 +46,36 @@ std::filesystem::path NewControlPath();
 /// Lanes to one machine. May be used by several threads.
 class TSshMachine : public std::enable_shared_from_this<TSshMachine> {
 public:
-  /// Called before the connection is made; throws TConnectionError to refuse it.
-  using TBeforeConnect = std::function<void(const TProfile&)>;
+  /// Called when the first lane could not be opened, with the reason. True when another attempt is
+  /// worth it, such as after the user accepted a key; throws TConnectionError to say more.
+  using TMend = std::function<bool(const TProfile&, const std::string& reason)>;
 
-  TSshMachine(TProfile profile, bool isWindows, std::vector<std::string> questions,
-              TBeforeConnect beforeConnect);
+  /// `questions` as in TSshCommands. Nothing can be mended without `mend`.
+  TSshMachine(TProfile profile, bool isWindows, std::vector<std::string> questions, TMend mend);
 
   const TProfile& Profile() const { return FProfile; }
+  /// Begins to connect, asking nobody, on a thread of its own. Who takes a lane waits for it.
+  void Prepare();
   /// A lane of the caller's own; it comes back to the machine when it is let go. Throws
   /// TConnectionError. `cancelled`, when it is there, ends the attempt.
   std::shared_ptr<IRemoteConnection> Take(const std::atomic<int>* cancelled);
 
 private:
   std::unique_ptr<TSftpConnection> TakeIdle();
-  std::unique_ptr<TSftpConnection> Open(bool isFirst, const std::atomic<int>* cancelled);
+  std::unique_ptr<TSftpConnection> OpenFirst(const std::atomic<int>* cancelled);
+  std::unique_ptr<TSftpConnection> Open(const TProcessStart& sftp, bool isFirst,
+                                        const std::atomic<int>* cancelled) const;
   void GiveBack(std::unique_ptr<TSftpConnection> lane);
 
   const TProfile FProfile;
   const bool FIsWindows;
-  const TBeforeConnect FBeforeConnect;
+  const TMend FMend;
+  const bool FAsks;
   const TSshCommands FCommands;
   const std::shared_ptr<TUnfinishedParts> FParts = std::make_shared<TUnfinishedParts>();
-  std::mutex FConnecting; // held while the first lane is opened
-  std::mutex FMutex;      // of what stands below
+  std::mutex FConnecting; // held while the first lane is opened; guards the next one
+  std::future<std::unique_ptr<TSftpConnection>> FPrepared;
+  std::mutex FMutex; // of what stands below
   std::vector<std::unique_ptr<TSftpConnection>> FIdle;
   bool FIsConnected = false; // the first lane is there, idle or in use
 };

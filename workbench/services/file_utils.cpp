@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <sys/stat.h>
 #include <vector>
 
 namespace workbench {
@@ -31,9 +32,8 @@ std::vector<std::string_view> PartsOf(std::string_view canonical) {
 } // namespace
 
 bool TFileUtils::FileExists(std::string_view path) const {
-  std::error_code ignored;
-  const auto status = std::filesystem::status(ToMachinePath(path), ignored);
-  return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+  struct stat status = {};
+  return ::stat(ToMachineText(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
 TImageWidth TFileUtils::IsImage64Bit(std::string_view path) const {

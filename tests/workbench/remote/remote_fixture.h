@@ -55,7 +55,8 @@ public:
 
   TDeployPlan Plan(std::vector<TDeployFile> files, const TPlanOptions& options = {}) const {
     TFolderConnection connection(Target());
-    return MakeDeployPlan(std::move(files), options, connection);
+    return MakeDeployPlan(std::move(files), options,
+                          [&]() -> IRemoteConnection& { return connection; });
   }
   void Execute(const TDeployPlan& plan, TDeployRun& run) const {
     TFolderConnection connection(Target());

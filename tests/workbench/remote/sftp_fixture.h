@@ -39,7 +39,9 @@ protected:
     return std::make_unique<TSftpConnection>(Machine(), Parts);
   }
   TDeployPlan Plan(std::vector<TDeployFile> files, const TPlanOptions& options = {}) const {
-    return MakeDeployPlan(std::move(files), options, *Connect());
+    const auto connection = Connect();
+    return MakeDeployPlan(std::move(files), options,
+                          [&]() -> IRemoteConnection& { return *connection; });
   }
   void Execute(const TDeployPlan& plan, TDeployRun& run) const {
     const auto connection = Connect();
