@@ -191,6 +191,7 @@ void WarnOfRoot(const std::string& root, TOutput& output) {
 int RunCommand(const TInvocation& invocation, TOutput& output) {
   TSession session(TSessionOptions{invocation.Options.Root});
   WarnOfRoot(invocation.Options.Root, output);
+  LetConnectionsAsk(session.RemoteProfiles(), output);
   TCommandContext context{invocation.Options, session, output};
   return Reported(output, [&] {
     const int status = invocation.Chosen().second->Run(context);

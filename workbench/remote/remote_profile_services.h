@@ -70,6 +70,11 @@ public:
   /// done, passing on what it throws. A window does it on a thread and goes on painting. Without
   /// one the work runs on the caller's thread.
   void SetRunAside(TRunAside runAside) { FRunAside = std::move(runAside); }
+  /// Who is asked while a connection is made: for host keys that are not known, and for what the
+  /// SSH client needs to log in. Without them such keys are refused, and only keys and the agent
+  /// log in. Set before the first connection.
+  void SetHostKeyQuestion(THostKeyQuestion ask) { FConnections.SetHostKeyQuestion(std::move(ask)); }
+  void SetSecretQuestion(TSecretQuestion ask) { FConnections.SetSecretQuestion(std::move(ask)); }
   /// The run that the next deploy fills; null: it runs with the usual options. Not owned.
   void SetDeployRun(TDeployRun* run) { FRun = run; }
 
