@@ -15,7 +15,10 @@ constexpr std::chrono::milliseconds EndPatience(50);
 // What is on its way to the program.
 class TInput {
 public:
-  TInput(TChildProcess& process, const TFeed& feed) : FProcess(process), FFeed(feed) { Fill(); }
+  TInput(TChildProcess& process, const TFeed& feed)
+      : FProcess(process), FFeed(feed), FMore(static_cast<bool>(feed)) {
+    Fill();
+  }
 
   void Write() {
     const ssize_t count = FProcess.Write(FBytes.View());
@@ -28,15 +31,15 @@ public:
 
 private:
   void Fill() {
-    bool more = static_cast<bool>(FFeed);
-    while (more && FBytes.Size() < BlockSize)
-      more = FFeed(FBytes);
+    while (FMore && FBytes.Size() < BlockSize)
+      FMore = FFeed(FBytes);
     if (FBytes.IsEmpty())
       FProcess.CloseInput();
   }
 
   TChildProcess& FProcess;
   const TFeed& FFeed;
+  bool FMore;
   TByteBuffer FBytes;
 };
 

@@ -19,12 +19,13 @@ bool HasControls(std::string_view text) {
 }
 
 // What of a path lies below the root of a file system; the whole path when it is a relative one.
-std::string_view BelowRoot(const TProfile& profile) {
-  std::string_view path = profile.Path;
-  if (profile.Kind == TProfileKind::Ssh) {
-    const bool isOnDrive = path.size() > 2 && path[1] == ':' && (path[2] == '/' || path[2] == '\\');
-    if (isOnDrive)
-      path.remove_prefix(2);
+std::string BelowRoot(const TProfile& profile) {
+  std::string path = profile.Path;
+  const bool isOnDrive = profile.Kind == TProfileKind::Ssh && path.size() > 2 && path[1] == ':' &&
+                         (path[2] == '/' || path[2] == '\\');
+  if (isOnDrive) {
+    path.erase(0, 2);
+    std::ranges::replace(path, '\\', '/');
   }
   return path;
 }

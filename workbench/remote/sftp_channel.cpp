@@ -78,15 +78,13 @@ void TSftpChannel::Greet(const std::atomic<int>* cancelled) {
   } catch (const TSftpFormatError& error) {
     Fail(std::string("the machine's greeting makes no sense: ") + error.what());
   }
-  if (hasLimits)
-    ReadLimits();
-  MeasureRoundTrip();
-}
-
-void TSftpChannel::MeasureRoundTrip() {
   const auto start = std::chrono::steady_clock::now();
-  Post(TSftpPacket::RealPath, ".", 0);
-  AskOnce(*this, [](const TSftpReply&) {});
+  if (hasLimits) {
+    ReadLimits();
+  } else {
+    Post(TSftpPacket::RealPath, ".", 0);
+    AskOnce(*this, [](const TSftpReply&) {});
+  }
   FLimits.RoundTrip = std::chrono::steady_clock::now() - start;
 }
 

@@ -84,7 +84,6 @@ private:
 
   void Greet(const std::atomic<int>* cancelled);
   void ReadLimits();
-  void MeasureRoundTrip();
   void Move(std::chrono::milliseconds patience);
   void Write();
   void Read();

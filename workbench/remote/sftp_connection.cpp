@@ -86,6 +86,8 @@ TSftpConnection::TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinish
     : FMachine(std::move(machine)), FParts(std::move(parts)),
       FChannel(FMachine.Sftp, {FMachine.Greeting, FMachine.Silence}, cancelled), FPaths(FChannel) {
   std::string root = FMachine.Root;
+  if (IsOnDrive(root))
+    std::ranges::replace(root, '\\', '/');
   while (root.size() > 1 && root.ends_with('/'))
     root.pop_back();
   if (IsOnDrive(root))
