@@ -7,8 +7,9 @@ packages=()
 for purpose in "$@"; do
   case "$purpose" in
     build) packages+=(g++ cmake ninja-build libexpat1-dev libcli11-dev libssl-dev
-      nlohmann-json3-dev) ;;
-    test) packages+=(binutils libgtest-dev mono-xbuild openssh-client openssh-server strace) ;;
+      nlohmann-json3-dev qt6-base-dev libqt6svg6-dev qt6-l10n-tools qt6-tools-dev) ;;
+    test) packages+=(binutils fonts-dejavu-core libgtest-dev mono-xbuild openssh-client openssh-server
+      strace) ;;
     bench) packages+=(libbenchmark-dev libpugixml-dev) ;;
     lint) packages+=(clang-14 clang-format-14 clang-tidy-14 clang-tools-14) ;;
     sanitize) packages+=(clang-14 libclang-rt-14-dev) ;;

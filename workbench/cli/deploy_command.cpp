@@ -6,7 +6,7 @@
 #include "workbench/cli/interrupt_watch.h"
 #include "workbench/cli/target.h"
 #include "workbench/remote/remote_profile_services.h"
-#include "workbench/services/settings_store.h"
+#include "workbench/services/command_consent.h"
 
 #include <CLI/CLI.hpp>
 
@@ -18,15 +18,6 @@ namespace workbench {
 namespace {
 
 constexpr std::size_t ProblemsShown = 20;
-
-// Under this key and the project's full path stand the commands that the user said yes to.
-std::string ConsentKey(const TOpenProject& project) {
-  return "allowed-commands." + std::filesystem::weakly_canonical(project.GivenFileName()).string();
-}
-
-std::string ConsentText(const std::vector<std::string>& commands) {
-  return JsonText(TJson(commands), -1);
-}
 
 std::string ProblemText(const std::vector<std::string>& problems) {
   std::string text = "nothing was copied: ";
@@ -97,9 +88,8 @@ private:
   bool MayRun(TCommandContext& context, const TOpenProject& project,
               const std::vector<std::string>& commands) const {
     TSettings& settings = context.Session.Settings();
-    const std::string key = ConsentKey(project);
-    const std::string text = ConsentText(commands);
-    if (FAllowCommands || settings.Get(key) == text)
+    const std::filesystem::path& file = project.GivenFileName();
+    if (FAllowCommands || IsAllowed(settings, file, commands))
       return true;
     if (!context.Output.CanAsk())
       return false;
@@ -109,7 +99,7 @@ private:
     if (context.Output.Ask("Run them, now and whenever they are the same?", /*several=*/false) !=
         TAnswer::Yes)
       return false;
-    settings.Set(key, text);
+    Allow(settings, file, commands);
     return true;
   }
 

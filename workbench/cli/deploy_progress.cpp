@@ -1,7 +1,6 @@
 #include "workbench/cli/deploy_progress.h"
 
 #include <array>
-#include <cmath>
 #include <cstdio>
 #include <iostream>
 #include <unistd.h>
@@ -12,13 +11,6 @@ namespace {
 constexpr std::chrono::milliseconds RedrawInterval(100);
 constexpr std::size_t BarWidth = 24;
 constexpr const char* ClearLine = "\r\x1b[K";
-
-std::string TimeText(double seconds) {
-  std::array<char, 32> text = {};
-  const auto whole = std::lround(seconds);
-  std::snprintf(text.data(), text.size(), "%ld:%02ld", whole / 60, whole % 60);
-  return text.data();
-}
 
 } // namespace
 
@@ -49,13 +41,14 @@ TDeployProgress::TDeployProgress(TOutput& output)
 void TDeployProgress::Planned(const std::vector<TDeployRow>& rows) {
   FRows = rows;
   FDone.assign(rows.size(), false);
+  std::uint64_t wanted = 0;
   for (const TDeployRow& row : rows)
-    FBytesWanted += row.Bytes;
-  FStarted = TClock::now();
+    wanted += row.Bytes;
+  FRate.Start(wanted, TClock::now());
 }
 
 void TDeployProgress::BytesSent(std::uint64_t count) {
-  FBytesSent += count;
+  FRate.Add(count, TClock::now());
   DrawBar();
 }
 
@@ -89,18 +82,13 @@ void TDeployProgress::DrawBar() {
 }
 
 std::string TDeployProgress::BarText(TClock::time_point now) const {
-  const double seconds = std::chrono::duration<double>(now - FStarted).count();
-  const auto sent = static_cast<double>(FBytesSent);
-  const double rate = seconds > 0 ? sent / seconds : 0;
-  const double share =
-      FBytesWanted > 0 ? std::min(1.0, sent / static_cast<double>(FBytesWanted)) : 1.0;
-  const auto filled = static_cast<std::size_t>(share * static_cast<double>(BarWidth));
+  const auto filled = static_cast<std::size_t>(FRate.Share() * static_cast<double>(BarWidth));
   std::string text = "[" + std::string(filled, '#') + std::string(BarWidth - filled, ' ') + "] " +
                      std::to_string(FDoneCount) + "/" + std::to_string(FRows.size()) + " files, " +
-                     BytesText(FBytesSent) + " of " + BytesText(FBytesWanted) + ", " +
-                     BytesText(static_cast<std::uint64_t>(rate)) + "/s";
-  if (rate > 0 && FBytesWanted > FBytesSent)
-    text += ", " + TimeText(static_cast<double>(FBytesWanted - FBytesSent) / rate) + " left";
+                     BytesText(FRate.Sent()) + " of " + BytesText(FRate.Wanted()) + ", " +
+                     BytesText(static_cast<std::uint64_t>(FRate.BytesPerSecond(now))) + "/s";
+  if (const auto left = FRate.TimeLeft(now))
+    text += ", " + DurationText(*left) + " left";
   return text;
 }
 

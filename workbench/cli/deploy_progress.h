@@ -3,6 +3,7 @@
 
 #include "workbench/cli/output.h"
 #include "workbench/remote/deploy_run.h"
+#include "workbench/remote/transfer_rate.h"
 
 #include <chrono>
 #include <cstdint>
@@ -44,9 +45,7 @@ private:
   std::vector<bool> FDone;
   std::size_t FPrinted = 0;
   std::size_t FDoneCount = 0;
-  std::uint64_t FBytesWanted = 0;
-  std::uint64_t FBytesSent = 0;
-  TClock::time_point FStarted = {};
+  TTransferRate FRate;
   TClock::time_point FDrawn = {};
 };
 

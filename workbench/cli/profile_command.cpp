@@ -3,6 +3,7 @@
 #include "workbench/cli/commands.h"
 #include "workbench/cli/target.h"
 #include "workbench/project/project_settings.h"
+#include "workbench/remote/profile_entry.h"
 #include "workbench/remote/profile_json.h"
 #include "workbench/remote/remote_profile_services.h"
 
@@ -118,21 +119,12 @@ private:
         continue;
       profiles.push_back(ProfileToJson(profile));
       context.Output.Line(Visible(profile.Name) + "  " + Visible(profile.Platform) + "  " +
-                          std::string(ProfileKindName(profile.Kind)) + " " + PlaceText(profile) +
+                          std::string(ProfileKindName(profile.Kind)) + " " + ProfilePlace(profile) +
                           (profile.IsDefault ? "  default" : "") +
                           (profile.AllowOutside ? "  allow-outside" : ""));
     }
     if (context.Output.IsJson())
       context.Output.Document({{"profiles", profiles}});
-  }
-
-  // As people write it: [user@]host[:port]:path.
-  static std::string PlaceText(const TProfile& profile) {
-    std::string text;
-    if (profile.Kind == TProfileKind::Ssh)
-      text = (profile.User.empty() ? "" : profile.User + "@") + profile.Host +
-             (profile.Port == 0 ? "" : ":" + std::to_string(profile.Port)) + ":";
-    return Visible(text + profile.Path);
   }
 
   TProfile NewProfile(TCommandContext& context) const {
@@ -143,12 +135,7 @@ private:
     if (profile.Path.empty())
       throw TUsageError("a profile of kind \"" + FKind +
                         "\" needs a directory; name it with --path");
-    if (profile.Kind == TProfileKind::Folder)
-      profile.Path = std::filesystem::absolute(profile.Path).lexically_normal().string();
-    while (profile.Path.size() > 1 && profile.Path.ends_with('/'))
-      profile.Path.pop_back();
-    if (!profile.Identity.empty() && !profile.Identity.starts_with("~/"))
-      profile.Identity = std::filesystem::absolute(profile.Identity).string();
+    profile = TidyProfile(std::move(profile));
     CheckProfile(profile);
     return profile;
   }
@@ -160,24 +147,14 @@ private:
         throw TUsageError("there is a profile \"" + FName + "\" already");
       if (!FChange.DryRun) {
         context.Session.RemoteProfiles().AddProfile(profile);
-        if (profile.Kind == TProfileKind::Folder)
-          MakeFolder(context, profile.Path);
+        // A folder that is missing later is one that was unplugged.
+        if (const std::string problem = MakeProfileFolder(profile); !problem.empty())
+          context.Output.Warn({problem, {}, 0});
       }
     } catch (const std::invalid_argument& error) {
       throw TUsageError(error.what());
     }
     Say(context, "added");
-  }
-
-  // A folder that is missing later is one that was unplugged.
-  static void MakeFolder(TCommandContext& context, const std::string& path) {
-    std::error_code error;
-    std::filesystem::create_directories(path, error);
-    if (!std::filesystem::is_directory(path))
-      context.Output.Warn({path + " is no directory and cannot be made one" +
-                               (error ? ": " + error.message() : std::string()),
-                           {},
-                           0});
   }
 
   void Remove(TCommandContext& context) const {

@@ -1,0 +1,186 @@
+// Paints every dialog in light and in dark colours. DIALOG_PICTURES=DIRECTORY keeps the pictures,
+// for people to look at; DIALOG_TRANSLATION=FILE.qm shows them in another language.
+#include "package/view/revert_to_default_form.h"
+#include "package/view/select_form.h"
+#include "tests/desktop/dialogs/two_features.h"
+#include "tests/desktop/support/dialog_script.h"
+#include "tests/workbench/services/session_fixture.h"
+#include "workbench/desktop/dialogs/consent_dialog.h"
+#include "workbench/desktop/dialogs/deploy_panel.h"
+#include "workbench/desktop/dialogs/modal_dialogs.h"
+#include "workbench/desktop/dialogs/profile_edit_dialog.h"
+#include "workbench/desktop/dialogs/profile_manager_dialog.h"
+#include "workbench/desktop/dialogs/qt_dialogs.h"
+#include "workbench/desktop/dialogs/settings_dialog.h"
+#include "workbench/remote/remote_profile_services.h"
+#include "workbench/services/command_consent.h"
+
+#include <QImage>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QTabWidget>
+#include <QTranslator>
+#include <set>
+
+namespace workbench {
+namespace {
+
+using testing::OnNextDialog;
+
+QPalette DarkPalette() {
+  QPalette palette(QColor(53, 53, 53));
+  palette.setColor(QPalette::Base, QColor(35, 35, 35));
+  palette.setColor(QPalette::AlternateBase, QColor(45, 45, 45));
+  palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, QColor(127, 127, 127));
+  return palette;
+}
+
+class TDialogPictures : public testing::TSessionTest, public ::testing::WithParamInterface<bool> {
+protected:
+  void SetUp() override {
+    TSessionTest::SetUp();
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    if (GetParam())
+      QApplication::setPalette(DarkPalette());
+    if (FTranslator.load(qEnvironmentVariable("DIALOG_TRANSLATION")))
+      QApplication::installTranslator(&FTranslator);
+    for (const auto& [key, text] : {std::pair{"sdk.ndk-r21.platform", "Android"},
+                                    {"sdk.ndk-r21.ndk-base-path", "/opt/ndk"},
+                                    {"sdk-default.Android", "ndk-r21"},
+                                    {"library-path.Win32", "/opt/lib/win32;/opt/lib"}})
+      Host().Settings().Set(key, text);
+    Allow(Host().Settings(), FFile, {"make resources", "strip bin/demo"});
+    Host().RemoteProfiles().AddProfile(
+        {.Name = "share", .Platform = "Win32", .Path = "/mnt/share", .IsDefault = true});
+    Host().RemoteProfiles().AddProfile({.Name = "mac-mini",
+                                        .Platform = "OSX32",
+                                        .Kind = TProfileKind::Ssh,
+                                        .Path = "~/app",
+                                        .Host = "mac.example",
+                                        .Port = 2222,
+                                        .User = "eva"});
+  }
+  void TearDown() override {
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    FSession.reset();
+    TSessionTest::TearDown();
+  }
+
+  // A picture with a frame and text has more than a handful of colours.
+  static void Keep(QWidget& widget, const QString& name) {
+    const QImage image = widget.grab().toImage();
+    std::set<QRgb> colours;
+    for (int y = 0; y < image.height(); y += 2) {
+      for (int x = 0; x < image.width(); x += 2)
+        colours.insert(image.pixel(x, y));
+    }
+    EXPECT_GT(colours.size(), 10U) << name.toStdString();
+    const QString directory = qEnvironmentVariable("DIALOG_PICTURES");
+    if (!directory.isEmpty()) {
+      const QString file = directory + '/' + name + (GetParam() ? "-dark.png" : "-light.png");
+      EXPECT_TRUE(image.save(file)) << file.toStdString();
+    }
+  }
+  static void KeepNext(const QString& name) {
+    OnNextDialog([name](QDialog& dialog) {
+      QApplication::processEvents();
+      Keep(dialog, name);
+    });
+  }
+
+  QTranslator FTranslator;
+};
+
+TEST_P(TDialogPictures, OfTheFormsOfThePackage) {
+  TModalDialogs dialogs(nullptr);
+  deployment::TSelectForm select;
+  for (const char* platform : {"Win32", "Win64", "OSX32", "Android"})
+    select.AddPlatform(platform, std::string_view(platform) != "Win64");
+  KeepNext("select");
+  dialogs.ShowSelectPlatforms(select);
+  deployment::TRevertToDefaultForm revert;
+  KeepNext("revert");
+  dialogs.ShowRevertToDefault(revert);
+  testing::TTwoFeatures features;
+  features.SetChecked(testing::TTwoFeatures::First, true);
+  features.SetChecked(testing::TTwoFeatures::Sound, true);
+  KeepNext("features");
+  dialogs.ShowFeatureFiles(features);
+}
+
+TEST_P(TDialogPictures, OfQuestions) {
+  using A = deployment::TMessageAnswer;
+  TDialogs dialogs(nullptr);
+  KeepNext("message");
+  dialogs.ShowMessage({"Are you sure you want to delete file \"data\\levels.dat\"?",
+                       {A::Yes, A::YesToAll, A::No, A::Cancel}});
+  KeepNext("input");
+  std::string value = ".\\";
+  dialogs.InputBox("Remote Path", "Enter the new Remote Path", value);
+  KeepNext("consent");
+  AskConsent({"make resources", "strip bin/demo \xE2\x80\xAE"}, nullptr);
+}
+
+TEST_P(TDialogPictures, OfProfiles) {
+  TProfileManagerDialog manager(Host(), nullptr, nullptr);
+  manager.show();
+  Keep(manager, "profiles");
+  for (const char* name : {"share", "mac-mini"}) {
+    TProfileEditDialog edit({"Win32", "OSX32", "Android"},
+                            *Host().RemoteProfiles().Profiles().Find(name), {}, nullptr);
+    edit.show();
+    Keep(edit, QString("profile-") + name);
+  }
+  TProfileEditDialog empty({"Win32"}, {}, {}, nullptr);
+  empty.show();
+  testing::Press(empty, "OK");
+  Keep(empty, "profile-problem");
+}
+
+TEST_P(TDialogPictures, OfSettings) {
+  TSettingsDialog settings(Host(), nullptr);
+  settings.show();
+  auto& tabs = *settings.findChild<QTabWidget*>();
+  for (int page = 0; page < tabs.count(); ++page) {
+    tabs.setCurrentIndex(page);
+    Keep(settings, QString("settings-%1").arg(page));
+  }
+}
+
+TEST_P(TDialogPictures, OfADeploy) {
+  TDeployRun run;
+  TDeployPanel panel;
+  panel.resize(900, 400);
+  panel.Begin(run);
+  std::vector<TDeployRow> rows;
+  rows.reserve(30);
+  for (int i = 0; i < 30; ++i)
+    rows.push_back({.LocalName = "data\\levels" + std::to_string(i) + ".dat",
+                    .RemoteFile = "/mnt/share/data/levels" + std::to_string(i) + ".dat",
+                    .Action = i % 5 == 0 ? TDeployAction::Unchanged : TDeployAction::Copied,
+                    .Bytes = i % 5 == 0 ? 0U : 1500000U});
+  panel.Planned(rows);
+  for (std::size_t i = 0; i < 12; ++i)
+    panel.RowDone(i, rows[i]);
+  panel.BytesSent(12000000);
+  QTest::qWait(250);
+  Keep(panel, "deploy-running");
+  rows[3].Action = TDeployAction::Failed;
+  rows[3].Error = "Permission denied";
+  panel.CommandSaid("resources: 12 files packed");
+  run.Report.Rows = rows;
+  run.Report.End = TDeployEnd::Failed;
+  panel.End();
+  QApplication::processEvents();
+  Keep(panel, "deploy-failed");
+}
+
+INSTANTIATE_TEST_SUITE_P(Colours, TDialogPictures, ::testing::Bool(), [](const auto& dark) {
+  return std::string(dark.param ? "Dark" : "Light");
+});
+
+} // namespace
+} // namespace workbench

@@ -1,0 +1,15 @@
+// Asks whether commands that a project brings along may run on the user's machine and the target.
+#pragma once
+
+#include <string>
+#include <vector>
+
+class QWidget;
+
+namespace workbench {
+
+/// True when the user says yes; Enter, Escape and closing say no. Characters that could hide what a
+/// command does are shown as escapes.
+bool AskConsent(const std::vector<std::string>& commands, QWidget* parent);
+
+} // namespace workbench

@@ -1,0 +1,24 @@
+// The forms of the package as dialogs of the window.
+#pragma once
+
+#include "package/host/api/forms.h"
+
+class QWidget;
+
+namespace workbench {
+
+/// Shows each form until it is left. State and rules stay in the form.
+class TModalDialogs final : public deployment::IModalForms {
+public:
+  /// Dialogs stand before `parent`, which must outlive the object; null: before the desktop.
+  explicit TModalDialogs(QWidget* parent) : FParent(parent) {}
+
+  deployment::TModalResult ShowFeatureFiles(deployment::IFeatureFileForm& form) override;
+  deployment::TModalResult ShowSelectPlatforms(deployment::ISelectForm& form) override;
+  deployment::TModalResult ShowRevertToDefault(deployment::IRevertToDefaultForm& form) override;
+
+private:
+  QWidget* FParent;
+};
+
+} // namespace workbench

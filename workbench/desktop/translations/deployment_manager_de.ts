@@ -1,0 +1,996 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>ErrorText</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>HelpTopics</name>
+    <message>
+        <source>Featured Files</source>
+        <translation>Zusätzliche Dateien</translation>
+    </message>
+    <message>
+        <source>Features are sets of optional files, such as run-time libraries, that a program may need on its target.
+
+Tick a feature, one of its platforms, or single files. With OK the ticked files are put on the deployment list for every configuration, and the others are taken off it. Cancel changes nothing.
+
+With &quot;Show automatically when required&quot; this dialog opens by itself when a file is added to the project that usually needs one of the features.</source>
+        <translation>Zusätzliche Dateien sind Gruppen von Dateien, etwa Laufzeitbibliotheken, die ein Programm auf dem Zielgerät brauchen kann.
+
+Haken Sie eine Gruppe, eine ihrer Plattformen oder einzelne Dateien an. Mit OK kommen die angehakten Dateien für jede Konfiguration auf die Verteilungsliste, die übrigen werden von ihr genommen. Abbrechen ändert nichts.
+
+Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, wenn eine Datei zum Projekt kommt, die gewöhnlich eine der Gruppen braucht.</translation>
+    </message>
+</context>
+<context>
+    <name>Package</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Select Platforms</source>
+        <translation>Plattformen wählen</translation>
+    </message>
+    <message>
+        <source>Featured Files</source>
+        <translation>Zusätzliche Dateien</translation>
+    </message>
+    <message>
+        <source>Please specify the action</source>
+        <translation>Bitte die Aktion angeben</translation>
+    </message>
+    <message>
+        <source>Warning: This action could remove any file entry that you manually added to the target configurations and platforms.</source>
+        <translation>Warnung: Dies kann jeden Dateieintrag entfernen, den Sie für die betroffenen Konfigurationen und Plattformen von Hand hinzugefügt haben.</translation>
+    </message>
+    <message>
+        <source>Revert to default options:</source>
+        <translation>Auf die Vorgaben zurücksetzen:</translation>
+    </message>
+    <message>
+        <source>Revert for all configurations of the active platform</source>
+        <translation>Für alle Konfigurationen der aktiven Plattform zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Revert for all configurations and platforms</source>
+        <translation>Für alle Konfigurationen und Plattformen zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Keep added files</source>
+        <translation>Hinzugefügte Dateien behalten</translation>
+    </message>
+    <message>
+        <source>Remote Path</source>
+        <translation>Zielverzeichnis</translation>
+    </message>
+    <message>
+        <source>Enter the new Remote Path</source>
+        <translation>Geben Sie das neue Zielverzeichnis ein</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to change the value for the selected items ?</source>
+        <translation>Soll der Wert der ausgewählten Einträge wirklich geändert werden?</translation>
+    </message>
+    <message>
+        <source>Local Path</source>
+        <translation>Lokaler Pfad</translation>
+    </message>
+    <message>
+        <source>Local Name</source>
+        <translation>Lokaler Name</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Konfiguration</translation>
+    </message>
+    <message>
+        <source>Platforms</source>
+        <translation>Plattformen</translation>
+    </message>
+    <message>
+        <source>Remote Name</source>
+        <translation>Zielname</translation>
+    </message>
+    <message>
+        <source>Remote Status</source>
+        <translation>Zielstatus</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Reconcile</source>
+        <translation>Abgleichen</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Dateien hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete Selected Files</source>
+        <translation>Ausgewählte Dateien löschen</translation>
+    </message>
+    <message>
+        <source>Add Featured Files</source>
+        <translation>Zusätzliche Dateien hinzufügen</translation>
+    </message>
+    <message>
+        <source>Deploy</source>
+        <translation>Verteilen</translation>
+    </message>
+    <message>
+        <source>Connect to Remote Machine</source>
+        <translation>Mit dem Zielgerät verbinden</translation>
+    </message>
+    <message>
+        <source>Revert to Default</source>
+        <translation>Auf die Vorgaben zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Check All Items</source>
+        <translation>Alle anhaken</translation>
+    </message>
+    <message>
+        <source>Uncheck All Items</source>
+        <translation>Haken bei allen entfernen</translation>
+    </message>
+    <message>
+        <source>Check Selected Items</source>
+        <translation>Ausgewählte anhaken</translation>
+    </message>
+    <message>
+        <source>Uncheck Selected Items</source>
+        <translation>Haken bei ausgewählten entfernen</translation>
+    </message>
+    <message>
+        <source>Change Remote Path for Selected Items</source>
+        <translation>Zielverzeichnis der ausgewählten Einträge ändern</translation>
+    </message>
+    <message>
+        <source>Change Overwrite value for selected items</source>
+        <translation>„Überschreiben“ der ausgewählten Einträge umschalten</translation>
+    </message>
+    <message>
+        <source>A connection profile is required for deployment. Would you like to create one and assign it to the &quot;%s&quot; platform?</source>
+        <translation>Zum Verteilen wird ein Verbindungsprofil gebraucht. Möchten Sie eines anlegen und der Plattform „%s“ zuweisen?</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete file &quot;%s&quot;?</source>
+        <translation>Soll die Datei „%s“ wirklich von der Liste gelöscht werden?</translation>
+    </message>
+    <message>
+        <source>The active platform is &quot;%s&quot;. Would you like to set the &quot;%s&quot; platform as the active platform?</source>
+        <translation>Die aktive Plattform ist „%s“. Soll „%s“ zur aktiven Plattform werden?</translation>
+    </message>
+</context>
+<context>
+    <name>TConsentDialog</name>
+    <message>
+        <source>Commands of the Project</source>
+        <translation>Befehle des Projekts</translation>
+    </message>
+    <message>
+        <source>The project wants to run these commands when it is deployed. Run only what you trust. May they run, now and whenever they are the same?</source>
+        <translation>Das Projekt will beim Verteilen diese Befehle ausführen. Führen Sie nur aus, dem Sie vertrauen. Dürfen sie laufen, jetzt und künftig, solange sie gleich bleiben?</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>&amp;Run Them</source>
+        <translation>&amp;Ausführen</translation>
+    </message>
+    <message>
+        <source>&amp;Do Not Run</source>
+        <translation>&amp;Nicht ausführen</translation>
+    </message>
+</context>
+<context>
+    <name>TDeployWords</name>
+    <message>
+        <source>Deploy again to go on where it stopped.</source>
+        <translation>Verteilen Sie noch einmal, um dort fortzufahren, wo es aufgehört hat.</translation>
+    </message>
+    <message>
+        <source>Make room on the target, then deploy again.</source>
+        <translation>Schaffen Sie Platz auf dem Zielgerät und verteilen Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>Make the target&apos;s disk writable, or choose another directory in the profile, then deploy again.</source>
+        <translation>Machen Sie den Datenträger des Zielgeräts beschreibbar oder wählen Sie im Profil ein anderes Verzeichnis und verteilen Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>Check that the file can be read here and that the profile&apos;s user may write to the directory on the target, then deploy again.</source>
+        <translation>Prüfen Sie, ob die Datei hier lesbar ist und der Benutzer des Profils auf dem Zielgerät in das Verzeichnis schreiben darf, und verteilen Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>Wait until the build that writes the file has ended, then deploy again.</source>
+        <translation>Warten Sie, bis der Build, der die Datei schreibt, beendet ist, und verteilen Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>Run the command by hand to see what it says, mend it, then deploy again.</source>
+        <translation>Führen Sie den Befehl von Hand aus, um seine Meldung zu sehen, beheben Sie die Ursache und verteilen Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>The file is on the target. Check there what has to be done with it, then deploy again.</source>
+        <translation>Die Datei ist auf dem Zielgerät. Prüfen Sie dort, was mit ihr zu tun ist, und verteilen Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>Build the project, or take the file off the list, then deploy again.</source>
+        <translation>Erstellen Sie das Projekt oder nehmen Sie die Datei von der Liste und verteilen Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>Check the target and the network, test the profile, then deploy again.</source>
+        <translation>Prüfen Sie Zielgerät und Netz, testen Sie das Profil und verteilen Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Files that failed: %1.</source>
+        <translation>Fehlgeschlagene Dateien: %1.</translation>
+    </message>
+    <message>
+        <source>The connection was lost: %1.</source>
+        <translation>Die Verbindung ist abgerissen: %1.</translation>
+    </message>
+    <message>
+        <source>In all: %1. Deploy again to repeat what failed.</source>
+        <translation>Insgesamt: %1. Verteilen Sie noch einmal, um das Fehlgeschlagene zu wiederholen.</translation>
+    </message>
+    <message>
+        <source>copied</source>
+        <translation>kopiert</translation>
+    </message>
+    <message>
+        <source>unchanged</source>
+        <translation>unverändert</translation>
+    </message>
+    <message>
+        <source>kept</source>
+        <translation>belassen</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>übersprungen</translation>
+    </message>
+    <message>
+        <source>removed</source>
+        <translation>entfernt</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Nothing was deployed.</source>
+        <translation>Es wurde nichts verteilt.</translation>
+    </message>
+    <message>
+        <source>Nothing was copied. Mend this first:</source>
+        <translation>Es wurde nichts kopiert. Beheben Sie erst dies:</translation>
+    </message>
+    <message>
+        <source>No connection: %1.</source>
+        <translation>Keine Verbindung: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was copied: commands of the project may not run without your consent. They are:</source>
+        <translation>Es wurde nichts kopiert: Befehle des Projekts dürfen nicht ohne Ihre Zustimmung laufen. Es sind:</translation>
+    </message>
+    <message>
+        <source>Interrupted: %1. Deploy again to go on.</source>
+        <translation>Unterbrochen: %1. Verteilen Sie noch einmal, um fortzufahren.</translation>
+    </message>
+    <message>
+        <source>Would be: %1.</source>
+        <translation>Es würden: %1.</translation>
+    </message>
+    <message>
+        <source>Done: %1.</source>
+        <translation>Fertig: %1.</translation>
+    </message>
+    <message>
+        <source>Mend the cause, then deploy again: what is on the target already stays.</source>
+        <translation>Beheben Sie die Ursache und verteilen Sie dann noch einmal: Was schon auf dem Zielgerät ist, bleibt.</translation>
+    </message>
+</context>
+<context>
+    <name>TDialogs</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Ja</translation>
+    </message>
+    <message>
+        <source>Yes to &amp;All</source>
+        <translation>Ja für &amp;alle</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Nein</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Dateien hinzufügen</translation>
+    </message>
+    <message>
+        <source>There is no such directory. Choose a file in one that exists.</source>
+        <translation>Dieses Verzeichnis gibt es nicht. Wählen Sie eine Datei in einem vorhandenen.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TConsentsPage</name>
+    <message>
+        <source>&amp;Forget</source>
+        <translation>&amp;Vergessen</translation>
+    </message>
+    <message>
+        <source>These &amp;commands run without a question when their project is deployed:</source>
+        <translation>Diese &amp;Befehle laufen ohne Rückfrage, wenn ihr Projekt verteilt wird:</translation>
+    </message>
+    <message>
+        <source>Projects and their commands</source>
+        <translation>Projekte und ihre Befehle</translation>
+    </message>
+    <message>
+        <source>Consents</source>
+        <translation>Zustimmungen</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDeployLogModel</name>
+    <message>
+        <source>waiting</source>
+        <translation>wartet</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>On the target</source>
+        <translation>Auf dem Zielgerät</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDeployPanel</name>
+    <message>
+        <source>Deploy</source>
+        <translation>Verteilen</translation>
+    </message>
+    <message>
+        <source>State of the deploy</source>
+        <translation>Stand der Verteilung</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Files, bytes, rate and time left</source>
+        <translation>Dateien, Bytes, Geschwindigkeit und Restzeit</translation>
+    </message>
+    <message>
+        <source>Output of the commands</source>
+        <translation>Ausgabe der Befehle</translation>
+    </message>
+    <message>
+        <source>Files of the deploy</source>
+        <translation>Dateien der Verteilung</translation>
+    </message>
+    <message>
+        <source>Show &amp;failed files only</source>
+        <translation>Nur &amp;fehlgeschlagene zeigen</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Text</source>
+        <translation>Als &amp;Text kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Comparing with the target…</source>
+        <translation>Vergleiche mit dem Zielgerät…</translation>
+    </message>
+    <message>
+        <source>Deploying…</source>
+        <translation>Verteile…</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files, %3 of %4, %5/s</source>
+        <translation>%1 von %2 Dateien, %3 von %4, %5/s</translation>
+    </message>
+    <message>
+        <source>, %1 left</source>
+        <translation>, noch %1</translation>
+    </message>
+    <message>
+        <source>Cancelling…</source>
+        <translation>Breche ab…</translation>
+    </message>
+    <message>
+        <source>Failed File</source>
+        <translation>Fehlgeschlagene Datei</translation>
+    </message>
+    <message>
+        <source>%1 was not deployed: %2</source>
+        <translation>%1 wurde nicht verteilt: %2</translation>
+    </message>
+    <message>
+        <source>It belongs to %1.
+
+%2</source>
+        <translation>Sie gehört nach %1.
+
+%2</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TFeatureFileDialog</name>
+    <message>
+        <source>&amp;Show automatically when required</source>
+        <translation>Bei Bedarf automatisch &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>Featured files</source>
+        <translation>Zusätzliche Dateien</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TFeatureTreeModel</name>
+    <message>
+        <source>the base directory</source>
+        <translation>Grundverzeichnis</translation>
+    </message>
+    <message>
+        <source>%1: to %2</source>
+        <translation>%1: nach %2</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TFolderPage</name>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen…</translation>
+    </message>
+    <message>
+        <source>Di&amp;rectory:</source>
+        <translation>&amp;Verzeichnis:</translation>
+    </message>
+    <message>
+        <source>Directory</source>
+        <translation>Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Everything is put below this directory.</source>
+        <translation>Alles kommt unter dieses Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>Choose the directory that the files are to go to.</source>
+        <translation>Wählen Sie das Verzeichnis, in das die Dateien sollen.</translation>
+    </message>
+    <message>
+        <source>Directory of the Profile</source>
+        <translation>Verzeichnis des Profils</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TGeneralPage</name>
+    <message>
+        <source>Offer &amp;featured files when a file of the project needs them</source>
+        <translation>&amp;Zusätzliche Dateien anbieten, wenn eine Datei des Projekts sie braucht</translation>
+    </message>
+    <message>
+        <source>Featured files that are meant for another product are not offered.</source>
+        <translation>Zusätzliche Dateien für ein anderes Produkt werden nicht angeboten.</translation>
+    </message>
+    <message>
+        <source>as the system</source>
+        <translation>wie das System</translation>
+    </message>
+    <message>
+        <source>Takes effect when the program is started again.</source>
+        <translation>Gilt nach dem nächsten Start des Programms.</translation>
+    </message>
+    <message>
+        <source>&amp;Product name:</source>
+        <translation>&amp;Produktname:</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Sprache:</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TPathModel</name>
+    <message>
+        <source>Platform</source>
+        <translation>Plattform</translation>
+    </message>
+    <message>
+        <source>Library path</source>
+        <translation>Bibliothekspfad</translation>
+    </message>
+    <message>
+        <source>Tool chain path</source>
+        <translation>Werkzeugpfad</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TPathsPage</name>
+    <message>
+        <source>Paths of the platforms</source>
+        <translation>Pfade der Plattformen</translation>
+    </message>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen…</translation>
+    </message>
+    <message>
+        <source>Several &amp;directories are separated by &quot;;&quot;.</source>
+        <translation>Mehrere &amp;Verzeichnisse werden durch „;“ getrennt.</translation>
+    </message>
+    <message>
+        <source>Tool chain of &amp;OS X:</source>
+        <translation>Werkzeuge für &amp;OS X:</translation>
+    </message>
+    <message>
+        <source>Library paths</source>
+        <translation>Bibliothekspfade</translation>
+    </message>
+    <message>
+        <source>Tool Chain of OS X</source>
+        <translation>Werkzeuge für OS X</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TProfileEditDialog</name>
+    <message>
+        <source>&amp;Default profile of the platform</source>
+        <translation>&amp;Standardprofil der Plattform</translation>
+    </message>
+    <message>
+        <source>&amp;Allow directories beyond the profile&apos;s</source>
+        <translation>Ver&amp;zeichnisse außerhalb dessen des Profils erlauben</translation>
+    </message>
+    <message>
+        <source>New Profile</source>
+        <translation>Neues Profil</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>&amp;Platform:</source>
+        <translation>&amp;Plattform:</translation>
+    </message>
+    <message>
+        <source>&amp;Kind:</source>
+        <translation>&amp;Art:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Enter a name for the profile.</source>
+        <translation>Geben Sie einen Namen für das Profil ein.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TProfileManagerDialog</name>
+    <message>
+        <source>Remote Profiles</source>
+        <translation>Profile der Zielgeräte</translation>
+    </message>
+    <message>
+        <source>There is no profile yet. Add one to say where the files of a platform go.</source>
+        <translation>Es gibt noch kein Profil. Fügen Sie eines hinzu, um zu sagen, wohin die Dateien einer Plattform gehen.</translation>
+    </message>
+    <message>
+        <source>Remote profiles</source>
+        <translation>Profile der Zielgeräte</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>&amp;Hinzufügen…</translation>
+    </message>
+    <message>
+        <source>&amp;Edit…</source>
+        <translation>&amp;Bearbeiten…</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate…</source>
+        <translation>&amp;Duplizieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Make &amp;Default</source>
+        <translation>Zum &amp;Standard machen</translation>
+    </message>
+    <message>
+        <source>&amp;Test</source>
+        <translation>&amp;Testen</translation>
+    </message>
+    <message>
+        <source>A&amp;ssign to Project</source>
+        <translation>Dem &amp;Projekt zuweisen</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>No Longer &amp;Default</source>
+        <translation>Nicht mehr &amp;Standard</translation>
+    </message>
+    <message>
+        <source>No project is open.</source>
+        <translation>Es ist kein Projekt offen.</translation>
+    </message>
+    <message>
+        <source>The project is not set up for the platform %1.</source>
+        <translation>Das Projekt ist nicht für die Plattform %1 eingerichtet.</translation>
+    </message>
+    <message>
+        <source>%1 copy</source>
+        <translation>%1 Kopie</translation>
+    </message>
+    <message>
+        <source>Remove Profile</source>
+        <translation>Profil entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the profile %1? What is on the target stays there.</source>
+        <translation>Das Profil %1 entfernen? Was auf dem Zielgerät ist, bleibt dort.</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Ja</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Nein</translation>
+    </message>
+    <message>
+        <source>Connecting to %1…</source>
+        <translation>Verbinde mit %1…</translation>
+    </message>
+    <message>
+        <source>%1: the connection works.</source>
+        <translation>%1: Die Verbindung steht.</translation>
+    </message>
+    <message>
+        <source>%1: no connection: %2</source>
+        <translation>%1: keine Verbindung: %2</translation>
+    </message>
+    <message>
+        <source>The dialog closes when the test has ended.</source>
+        <translation>Der Dialog schließt, sobald der Test beendet ist.</translation>
+    </message>
+    <message>
+        <source>%1 is the project&apos;s profile for %2 now.</source>
+        <translation>%1 ist jetzt das Profil des Projekts für %2.</translation>
+    </message>
+    <message>
+        <source>The project needs a profile for %1.</source>
+        <translation>Das Projekt braucht ein Profil für %1.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TProfileModel</name>
+    <message>
+        <source>Folder</source>
+        <translation>Verzeichnis</translation>
+    </message>
+    <message>
+        <source>SSH</source>
+        <translation>SSH</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Platform</source>
+        <translation>Plattform</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Standard</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TSdkEditDialog</name>
+    <message>
+        <source>&amp;Default kit of the platform</source>
+        <translation>&amp;Standard der Plattform</translation>
+    </message>
+    <message>
+        <source>New SDK</source>
+        <translation>Neues SDK</translation>
+    </message>
+    <message>
+        <source>SDK</source>
+        <translation>SDK</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>&amp;Platform:</source>
+        <translation>&amp;Plattform:</translation>
+    </message>
+    <message>
+        <source>ND&amp;K:</source>
+        <translation>ND&amp;K:</translation>
+    </message>
+    <message>
+        <source>Debugger &amp;server:</source>
+        <translation>&amp;Debugger-Server:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Browse…</source>
+        <translation>Durchsuchen…</translation>
+    </message>
+    <message>
+        <source>Directory</source>
+        <translation>Verzeichnis</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Enter a name for the SDK.</source>
+        <translation>Geben Sie einen Namen für das SDK ein.</translation>
+    </message>
+    <message>
+        <source>There is an SDK of this name already. Enter another name.</source>
+        <translation>Ein SDK dieses Namens gibt es schon. Geben Sie einen anderen Namen ein.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TSdkModel</name>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Platform</source>
+        <translation>Plattform</translation>
+    </message>
+    <message>
+        <source>NDK</source>
+        <translation>NDK</translation>
+    </message>
+    <message>
+        <source>Debugger server</source>
+        <translation>Debugger-Server</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Standard</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TSdkPage</name>
+    <message>
+        <source>&amp;Edit…</source>
+        <translation>&amp;Bearbeiten…</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>SDKs</source>
+        <translation>SDKs</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>&amp;Hinzufügen…</translation>
+    </message>
+    <message>
+        <source>No Longer &amp;Default</source>
+        <translation>Nicht mehr &amp;Standard</translation>
+    </message>
+    <message>
+        <source>Make &amp;Default</source>
+        <translation>Zum &amp;Standard machen</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TSelectDialog</name>
+    <message>
+        <source>Platforms of the file</source>
+        <translation>Plattformen der Datei</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TSettingsDialog</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Not every setting could be written:</source>
+        <translation>Nicht jede Einstellung konnte geschrieben werden:</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TSshPage</name>
+    <message>
+        <source>as the SSH client is set up</source>
+        <translation>wie im SSH-Client eingestellt</translation>
+    </message>
+    <message>
+        <source>name, address or alias of the SSH client</source>
+        <translation>Name, Adresse oder Alias des SSH-Clients</translation>
+    </message>
+    <message>
+        <source>such as /opt/app or ~/app</source>
+        <translation>etwa /opt/app oder ~/app</translation>
+    </message>
+    <message>
+        <source>one KEY=VALUE in each line, such as ProxyJump=gateway</source>
+        <translation>je Zeile ein SCHLÜSSEL=WERT, etwa ProxyJump=gateway</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen…</translation>
+    </message>
+    <message>
+        <source>&amp;Host:</source>
+        <translation>&amp;Rechner:</translation>
+    </message>
+    <message>
+        <source>P&amp;ort:</source>
+        <translation>P&amp;ort:</translation>
+    </message>
+    <message>
+        <source>&amp;User:</source>
+        <translation>Ben&amp;utzer:</translation>
+    </message>
+    <message>
+        <source>Key &amp;file:</source>
+        <translation>Sch&amp;lüsseldatei:</translation>
+    </message>
+    <message>
+        <source>Key file</source>
+        <translation>Schlüsseldatei</translation>
+    </message>
+    <message>
+        <source>Remote di&amp;rectory:</source>
+        <translation>&amp;Verzeichnis dort:</translation>
+    </message>
+    <message>
+        <source>SSH op&amp;tions:</source>
+        <translation>SSH-Op&amp;tionen:</translation>
+    </message>
+    <message>
+        <source>Wait for the &amp;machine:</source>
+        <translation>Auf den Rechner &amp;warten:</translation>
+    </message>
+    <message>
+        <source>Ask whether it li&amp;ves every:</source>
+        <translation>Leben&amp;szeichen alle:</translation>
+    </message>
+    <message>
+        <source>Enter the name or the address of the machine as the host.</source>
+        <translation>Geben Sie als Rechner dessen Namen oder Adresse ein.</translation>
+    </message>
+    <message>
+        <source>Enter the directory on the machine that the files are to go to, such as ~/app.</source>
+        <translation>Geben Sie das Verzeichnis auf dem Rechner ein, in das die Dateien sollen, etwa ~/app.</translation>
+    </message>
+    <message>
+        <source>Key File</source>
+        <translation>Schlüsseldatei</translation>
+    </message>
+</context>
+</TS>
