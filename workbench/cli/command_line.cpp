@@ -2,6 +2,7 @@
 
 #include "package/common/errors.h"
 #include "workbench/cli/command.h"
+#include "workbench/cli/connection_questions.h"
 #include "workbench/cli/name_hint.h"
 #include "workbench/files/save_error.h"
 #include "workbench/text/utf8.h"

@@ -14,9 +14,9 @@ namespace workbench {
 
 /// A key as a line of such a file, or of a list of what a machine offers, has it.
 struct TKeyText {
-  std::string Marker; ///< such as "@revoked"; mostly empty
-  std::string Host;   ///< names, or a hash of them
-  std::string Type;   ///< such as "ssh-ed25519"
+  std::string Marker = {}; ///< such as "@revoked"; mostly empty
+  std::string Host;        ///< names, or a hash of them
+  std::string Type;        ///< such as "ssh-ed25519"
   std::string Base64;
 };
 
@@ -35,8 +35,8 @@ struct TKeyPrint {
 
 /// Where the client looks for keys, and how it would keep a new one.
 struct TKnownHostsPlaces {
-  std::vector<std::filesystem::path> UserFiles;
-  std::vector<std::filesystem::path> GlobalFiles;
+  std::vector<std::filesystem::path> UserFiles = {};
+  std::vector<std::filesystem::path> GlobalFiles = {};
   bool Hashes = false; ///< names of hosts are kept in a form that nobody can read
 };
 
