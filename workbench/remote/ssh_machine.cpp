@@ -24,7 +24,7 @@ bool IsSet(const std::atomic<int>* flag) {
 
 // The client ended since it could not log in.
 bool IsAboutLogIn(std::string_view reason) {
-  return reason.find("Permission denied") != std::string_view::npos ||
+  return reason.find("Permission denied (") != std::string_view::npos ||
          reason.find("Too many authentication failures") != std::string_view::npos;
 }
 

@@ -104,11 +104,10 @@ std::string TSshServer::WhyNot() {
   return {};
 }
 
-TSshServer::TSshServer(const fs::path& directory, bool asNobody)
-    : FDirectory(directory), FAsNobody(asNobody) {
+TSshServer::TSshServer(const fs::path& directory) : FDirectory(directory) {
   fs::create_directories(FDirectory);
   MakeKey(Identity());
-  fs::copy_file(Identity().string() + ".pub", FDirectory / "authorized_keys");
+  Admit(Identity());
   ResetTransfer();
   ChangeHostKey();
   FListener = std::make_unique<TLoopbackListener>([this](int connection) { Serve(connection); });
@@ -122,6 +121,11 @@ TSshServer::~TSshServer() {
 std::vector<std::string> TSshServer::ClientOptions() const {
   return {"UserKnownHostsFile=" + KnownHosts().string(), "GlobalKnownHostsFile=/dev/null",
           "IdentitiesOnly=yes", "IdentityAgent=none", "HashKnownHosts=no"};
+}
+
+void TSshServer::Admit(const fs::path& identity) const {
+  std::ofstream(FDirectory / "authorized_keys", std::ios::app)
+      << TextOf(identity.string() + ".pub");
 }
 
 std::string TSshServer::HostKey() const {
@@ -148,20 +152,17 @@ void TSshServer::Introduce() const {
 
 void TSshServer::ChangeHostKey() {
   MakeKey(FDirectory / "host_key");
-  for (const char* name : {"host_key", "authorized_keys", "sshd_config"}) {
-    constexpr uid_t Nobody = 65534;
-    if (FAsNobody && ::chown((FDirectory / name).c_str(), Nobody, Nobody) != 0)
-      throw std::runtime_error("cannot give files away");
-  }
 }
 
-void TSshServer::SetTransfer(const std::string& command) {
-  WriteConfiguration(command);
+// A file of its own, since the configuration knows no quotes here.
+void TSshServer::SetTransfer(const std::string& script) {
+  const fs::path file = FDirectory / "transfer.sh";
+  std::ofstream(file) << script << '\n';
+  WriteConfiguration("/bin/sh " + file.string());
 }
 
-// A user without rights has no shell that would run a program.
 void TSshServer::ResetTransfer() {
-  WriteConfiguration(FAsNobody ? "internal-sftp" : TransferProgram);
+  WriteConfiguration(TransferProgram);
 }
 
 void TSshServer::WriteConfiguration(const std::string& transfer) const {
@@ -175,10 +176,8 @@ void TSshServer::WriteConfiguration(const std::string& transfer) const {
 
 // One server for each connection, so that no port has to be found for it.
 void TSshServer::Serve(int connection) {
-  std::vector<std::string> command{Server, "-i", "-e", "-f", (FDirectory / "sshd_config").string()};
-  if (FAsNobody)
-    command.insert(command.begin(),
-                   {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"});
+  const std::vector<std::string> command{Server, "-i", "-e", "-f",
+                                         (FDirectory / "sshd_config").string()};
   const int log =
       ::open((FDirectory / "sshd.log").c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
   {

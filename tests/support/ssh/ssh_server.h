@@ -10,15 +10,14 @@
 
 namespace workbench::testing {
 
-/// Serves connections until it goes. One key gets in, as the user that the server runs as.
+/// Serves connections until it goes. It lets in the user that it runs as, with a key.
 class TSshServer {
 public:
   /// Why there can be none here; empty when there can.
   static std::string WhyNot();
 
-  /// Keeps its files in a directory, which it makes. `asNobody` runs it as a user without rights;
-  /// the caller must be root. Throws std::runtime_error.
-  explicit TSshServer(const std::filesystem::path& directory, bool asNobody = false);
+  /// Keeps its files in a directory, which it makes. Throws std::runtime_error.
+  explicit TSshServer(const std::filesystem::path& directory);
   ~TSshServer();
   TSshServer(const TSshServer&) = delete;
   TSshServer& operator=(const TSshServer&) = delete;
@@ -28,6 +27,8 @@ public:
   std::string HostName() const { return "[127.0.0.1]:" + std::to_string(Port()); }
   /// The private key that gets in.
   std::filesystem::path Identity() const { return FDirectory / "user_key"; }
+  /// Lets another key in.
+  void Admit(const std::filesystem::path& identity) const;
   /// A file that a client can use; it is not there before somebody writes it.
   std::filesystem::path KnownHosts() const { return FDirectory / "known_hosts"; }
   /// Options by which a client uses these files and none of its user: "KEY=VALUE".
@@ -41,8 +42,8 @@ public:
 
   /// From the next connection on: another host key.
   void ChangeHostKey();
-  /// From the next connection on: a command line in place of the file transfer program.
-  void SetTransfer(const std::string& command);
+  /// From the next connection on: a shell script in place of the file transfer program.
+  void SetTransfer(const std::string& script);
   /// From the next connection on: the usual file transfer program.
   void ResetTransfer();
   /// Ends the connections at once, as a machine does that loses its power.
@@ -53,7 +54,6 @@ private:
   void Serve(int connection);
 
   std::filesystem::path FDirectory;
-  bool FAsNobody;
   std::mutex FMutex;
   std::vector<pid_t> FServers;
   std::unique_ptr<TLoopbackListener> FListener;
