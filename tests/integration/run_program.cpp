@@ -8,6 +8,8 @@
 #include <stdexcept>
 #include <string_view>
 #include <sys/wait.h>
+#include <termios.h>
+#include <thread>
 #include <unistd.h>
 
 namespace integration {
@@ -82,9 +84,14 @@ public:
 
   TRun Run() {
     Begin();
+    std::thread aside;
+    if (FStart.Meanwhile)
+      aside = std::thread(FStart.Meanwhile, FChild);
     ReadBoth();
     int status = 0;
     ::waitpid(FChild, &status, 0);
+    if (aside.joinable())
+      aside.join();
     FRun.Status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     return std::move(FRun);
   }
@@ -152,10 +159,14 @@ private:
 
   void AnswerQuestion() {
     const std::string_view text = FRun.Errors;
-    if (!FStart.Answer || text.size() == FAnswered || !text.ends_with("] "))
+    // A choice, or a question of the SSH client.
+    if (!FStart.Answer || text.size() == FAnswered ||
+        !(text.ends_with("] ") || text.ends_with("': ")))
       return;
     FAnswered = text.size();
-    const std::string answer = FStart.Answer({FRun.Errors, FChild}) + "\n";
+    termios state = {};
+    const bool isHidden = ::tcgetattr(FTerminal.Get(), &state) == 0 && (state.c_lflag & ECHO) == 0;
+    const std::string answer = FStart.Answer({FRun.Errors, FChild, isHidden}) + "\n";
     if (::write(FTerminal.Get(), answer.data(), answer.size()) < 0)
       throw std::runtime_error("the terminal takes no answer");
   }

@@ -25,6 +25,7 @@ struct TRun {
 struct TQuestion {
   std::string Text; ///< everything that was written to standard error so far
   pid_t Process = 0;
+  bool IsHidden = false; ///< what is typed is not shown
 };
 
 struct TStart {
@@ -35,6 +36,8 @@ struct TStart {
   /// What a person at the terminal types at a question, without the line end; without one standard
   /// input is empty.
   std::function<std::string(const TQuestion&)> Answer;
+  /// Is called while the program runs, on a thread of its own. The run is over when both ended.
+  std::function<void(pid_t)> Meanwhile;
   /// The program is killed when it takes longer.
   std::chrono::microseconds Patience = std::chrono::seconds(60);
 };

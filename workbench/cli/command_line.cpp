@@ -2,6 +2,7 @@
 
 #include "package/common/errors.h"
 #include "workbench/cli/command.h"
+#include "workbench/cli/connection_questions.h"
 #include "workbench/cli/name_hint.h"
 #include "workbench/files/save_error.h"
 #include "workbench/text/utf8.h"
@@ -191,6 +192,7 @@ void WarnOfRoot(const std::string& root, TOutput& output) {
 int RunCommand(const TInvocation& invocation, TOutput& output) {
   TSession session(TSessionOptions{invocation.Options.Root});
   WarnOfRoot(invocation.Options.Root, output);
+  LetConnectionsAsk(session.RemoteProfiles(), output);
   TCommandContext context{invocation.Options, session, output};
   return Reported(output, [&] {
     const int status = invocation.Chosen().second->Run(context);

@@ -2,6 +2,19 @@
 
 namespace workbench {
 
+// What is open was made with the person before, and serves who has it to the end.
+void TConnections::SetHostKeyQuestion(THostKeyQuestion ask) {
+  const std::lock_guard lock(FMutex);
+  FPerson.AcceptsHostKey = std::move(ask);
+  FMachines.clear();
+}
+
+void TConnections::SetSecretQuestion(TSecretQuestion ask) {
+  const std::lock_guard lock(FMutex);
+  FPerson.TellsSecret = std::move(ask);
+  FMachines.clear();
+}
+
 std::shared_ptr<IRemoteConnection> TConnections::Open(const TProfile& profile,
                                                       const std::atomic<int>* cancelled) {
   if (profile.Kind == TProfileKind::Folder)
@@ -15,8 +28,7 @@ std::shared_ptr<TSshMachine> TConnections::MachineOf(const TProfile& profile) {
   // A profile that says something else now leads somewhere else.
   if (!machine || machine->Profile() != profile) {
     try {
-      machine = std::make_shared<TSshMachine>(profile, FIsWindows(profile.Platform),
-                                              std::vector<std::string>(), nullptr);
+      machine = std::make_shared<TSshMachine>(profile, FIsWindows(profile.Platform), FPerson);
     } catch (const std::system_error& error) {
       throw TConnectionError(error.what());
     }

@@ -22,6 +22,9 @@ public:
 
   explicit TConnections(TIsWindows isWindows) : FIsWindows(std::move(isWindows)) {}
 
+  /// Who is asked from now on.
+  void SetHostKeyQuestion(THostKeyQuestion ask);
+  void SetSecretQuestion(TSecretQuestion ask);
   /// A lane to the machine of a profile. Throws TConnectionError. `cancelled`, when it is there and
   /// turns to something else than 0, ends the attempt.
   std::shared_ptr<IRemoteConnection> Open(const TProfile& profile,
@@ -37,6 +40,7 @@ private:
 
   const TIsWindows FIsWindows;
   std::mutex FMutex;
+  TPerson FPerson;
   std::unordered_map<std::string, std::shared_ptr<TSshMachine>> FMachines; // by name of the profile
 };
 

@@ -261,7 +261,7 @@ void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::st
     profile = place.Profile;
     Deploy(project, place, platform, configuration, run);
   } catch (const TConnectionError& error) {
-    run.Report.End = TDeployEnd::NoConnection;
+    run.Report.End = run.Cancelled != 0 ? TDeployEnd::Interrupted : TDeployEnd::NoConnection;
     run.Report.Message = error.what();
   }
   if (final && !run.Options.DryRun)

@@ -73,6 +73,11 @@ public:
   /// Where deploys are started; null, as at the start: they run with the usual options, and nobody
   /// hears of them. Not owned.
   void SetDeployDesk(IDeployDesk* desk) { FDesk = desk; }
+  /// Who is asked while a connection is made: for host keys that are not known, and for what the
+  /// SSH client needs to log in. Without them such keys are refused, and only keys and the agent
+  /// log in. Set before the first connection.
+  void SetHostKeyQuestion(THostKeyQuestion ask) { FConnections.SetHostKeyQuestion(std::move(ask)); }
+  void SetSecretQuestion(TSecretQuestion ask) { FConnections.SetSecretQuestion(std::move(ask)); }
 
   std::shared_ptr<deployment::IOTARemoteProfile> FindProfile(std::string_view name) const override;
   std::string GetDefaultProfileName(std::string_view platform) const override;

@@ -325,12 +325,13 @@ void TSftpUpload::TakeBack(TSftpChannel& channel, TFile& file) {
     file.IsOpen = false;
     channel.Begin(TSftpPacket::Close).Text(file.Handle);
     Post(channel, file, TStep::Remove);
-    if (file.WriteFailed && FLimits.HasSpaceQuery) {
-      TSftpWriter& writer = channel.Begin(TSftpPacket::Extended);
-      writer.Text(sftp_extension::SpaceQuery);
-      writer.Text(file.Request->Target.Directory);
-      Post(channel, file, TStep::Space);
-    }
+  }
+  if (file.WriteFailed && FLimits.HasSpaceQuery) {
+    file.WriteFailed = false; // asked once
+    TSftpWriter& writer = channel.Begin(TSftpPacket::Extended);
+    writer.Text(sftp_extension::SpaceQuery);
+    writer.Text(file.Request->Target.Directory);
+    Post(channel, file, TStep::Space);
   }
   const bool stays = file.CanStay && file.Outcome.Problem == Interrupted;
   if (file.WasMade && !stays) {

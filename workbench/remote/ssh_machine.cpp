@@ -1,75 +1,49 @@
 #include "workbench/remote/ssh_machine.h"
 
-#include "workbench/files/file_descriptor.h"
+#include "workbench/remote/askpass.h"
+#include "workbench/remote/host_keys.h"
+#include "workbench/remote/private_directory.h"
 
-#include <array>
 #include <chrono>
-#include <cstdio>
-#include <cstdlib>
-#include <random>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <string_view>
 
 namespace workbench {
 namespace {
 
-constexpr std::size_t LongestSocketPath = 80; // the client appends some letters while it makes it
-constexpr unsigned SignsOfLifeMissed = 2;     // a line that misses more is dead
+constexpr unsigned SignsOfLifeMissed = 2; // a line that misses more is dead
 constexpr std::chrono::minutes LongestLogIn(2);
-constexpr const char* DirectoryName = "deployment-manager";
+constexpr std::chrono::milliseconds CancelInterval(20);
 
 std::string Option(const std::string& key, const std::string& value) {
   return "-o" + key + "=" + value;
 }
 
-// A directory of the user alone; empty when it cannot be had.
-std::filesystem::path PrivateDirectory(const std::filesystem::path& path) {
-  if (::mkdir(path.c_str(), 0700) != 0 && errno != EEXIST)
-    return {};
-  struct stat status = {};
-  if (::lstat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode) ||
-      status.st_uid != ::geteuid() || (status.st_mode & 077) != 0)
-    return {};
-  return path;
+bool IsSet(const std::atomic<int>* flag) {
+  return flag && *flag != 0;
 }
 
-std::filesystem::path SocketDirectory() {
-  if (const char* runtime = std::getenv("XDG_RUNTIME_DIR"); runtime && *runtime == '/') {
-    auto directory = PrivateDirectory(std::filesystem::path(runtime) / DirectoryName);
-    if (!directory.empty() && directory.native().size() <= LongestSocketPath - 20)
-      return directory;
-  }
-  const std::string name = "/tmp/" + std::string(DirectoryName) + "-" + std::to_string(::geteuid());
-  if (auto directory = PrivateDirectory(name); !directory.empty())
-    return directory;
-  std::string unused = name + "-XXXXXX"; // somebody else has the name
-  if (!::mkdtemp(unused.data()))
-    ThrowSystemError("making a directory for the connection's socket");
-  return unused;
+// The client ended since it could not log in.
+bool IsAboutLogIn(std::string_view reason) {
+  return reason.find("Permission denied (") != std::string_view::npos ||
+         reason.find("Too many authentication failures") != std::string_view::npos;
 }
 
 } // namespace
 
 std::filesystem::path NewControlPath() {
-  std::random_device source;
-  std::array<char, 20> name{};
-  std::snprintf(name.data(), name.size(), "%x%08x", static_cast<unsigned>(::getpid()), source());
-  return SocketDirectory() / name.data();
+  return PrivateDirectory() / RandomDigits(1);
 }
 
-TSshCommands::TSshCommands(TProfile profile, std::filesystem::path controlPath,
-                           std::vector<std::string> questions)
-    : FProfile(std::move(profile)), FControlPath(std::move(controlPath)),
-      FQuestions(std::move(questions)) {}
+TSshCommands::TSshCommands(TProfile profile, std::filesystem::path controlPath)
+    : FProfile(std::move(profile)), FControlPath(std::move(controlPath)) {}
 
-TProcessStart TSshCommands::Start(bool isFirst, bool mayAsk) const {
-  const bool asks = mayAsk && !FQuestions.empty();
+TProcessStart TSshCommands::Start(bool isFirst, const std::vector<std::string>& questions) const {
   std::vector<std::string> command{
       "ssh",
       "-T",
       "-x",
       "-a",
-      Option("BatchMode", asks ? "no" : "yes"),
+      Option("BatchMode", questions.empty() ? "yes" : "no"),
       Option("ClearAllForwardings", "yes"),
       Option("ConnectTimeout", std::to_string(FProfile.ConnectTimeout)),
       Option("ControlMaster", isFirst ? "yes" : "no"),
@@ -85,47 +59,44 @@ TProcessStart TSshCommands::Start(bool isFirst, bool mayAsk) const {
       Option("ServerAliveInterval", std::to_string(FProfile.KeepAlive)),
       Option("StrictHostKeyChecking", "yes"),
   };
-  if (FProfile.Port != 0)
-    command.push_back(Option("Port", std::to_string(FProfile.Port)));
-  if (!FProfile.User.empty())
-    command.push_back(Option("User", FProfile.User));
-  if (!FProfile.Identity.empty())
-    command.push_back(Option("IdentityFile", FProfile.Identity));
-  for (const std::string& option : FProfile.SshOptions)
-    command.push_back("-o" + option);
+  for (std::string& word : SshProfileOptions(FProfile))
+    command.push_back(std::move(word));
   return {.Command = std::move(command),
-          .Environment = EnvironmentWith(asks ? FQuestions : std::vector<std::string>())};
+          .Environment = EnvironmentWith(questions.empty() ? AskingNobody() : questions)};
 }
 
-TProcessStart TSshCommands::FirstLane(bool mayAsk) const {
-  TProcessStart start = Start(/*isFirst=*/true, mayAsk);
+TProcessStart TSshCommands::FirstLane(const std::vector<std::string>& questions) const {
+  TProcessStart start = Start(/*isFirst=*/true, questions);
   start.Command.insert(start.Command.end(), {"-s", "--", FProfile.Host, "sftp"});
   return start;
 }
 
 TProcessStart TSshCommands::FurtherLane() const {
-  TProcessStart start = Start(/*isFirst=*/false, /*mayAsk=*/false);
+  TProcessStart start = Start(/*isFirst=*/false, {});
   start.Command.insert(start.Command.end(), {"-s", "--", FProfile.Host, "sftp"});
   return start;
 }
 
 TProcessStart TSshCommands::Command(const std::string& command) const {
-  TProcessStart start = Start(/*isFirst=*/false, /*mayAsk=*/false);
+  TProcessStart start = Start(/*isFirst=*/false, {});
   start.Command.insert(start.Command.end(), {"--", FProfile.Host, command});
   return start;
 }
 
-TSshMachine::TSshMachine(TProfile profile, bool isWindows, std::vector<std::string> questions,
-                         TMend mend)
-    : FProfile(std::move(profile)), FIsWindows(isWindows), FMend(std::move(mend)),
-      FAsks(!questions.empty()), FCommands(FProfile, NewControlPath(), std::move(questions)) {}
+TSshMachine::TSshMachine(TProfile profile, bool isWindows, TPerson person)
+    : FProfile(std::move(profile)), FIsWindows(isWindows), FPerson(std::move(person)),
+      FCommands(FProfile, NewControlPath()) {}
+
+TSshMachine::~TSshMachine() {
+  FNobodyWaits = 1;
+}
 
 void TSshMachine::Prepare() {
   const std::lock_guard lock(FConnecting);
   const std::lock_guard stateLock(FMutex);
   if (!FIsConnected && !FPrepared.valid())
     FPrepared = std::async(std::launch::async, [this] {
-      return Open(FCommands.FirstLane(/*mayAsk=*/false), /*isFirst=*/true, nullptr);
+      return Open(FCommands.FirstLane({}), /*isFirst=*/true, &FNobodyWaits);
     });
 }
 
@@ -154,20 +125,44 @@ std::shared_ptr<IRemoteConnection> TSshMachine::Take(const std::atomic<int>* can
 std::unique_ptr<TSftpConnection> TSshMachine::OpenFirst(const std::atomic<int>* cancelled) {
   if (FPrepared.valid()) {
     try {
-      return FPrepared.get();
-    } catch (const TConnectionError&) {
-      if (!FAsks && !FMend)
+      return AwaitPrepared(cancelled);
+    } catch (const TConnectionError& error) {
+      // It asked nobody, and a person may know what was missing.
+      const bool mayAnswer = FPerson.TellsSecret && IsAboutLogIn(error.what());
+      if (!mayAnswer && !Mend(error, cancelled))
         throw;
     }
   }
   while (true) {
     try {
-      return Open(FCommands.FirstLane(/*mayAsk=*/true), /*isFirst=*/true, cancelled);
+      return OpenAsking(cancelled);
     } catch (const TConnectionError& error) {
-      if (!FMend || !FMend(FProfile, error.what()))
+      if (!Mend(error, cancelled))
         throw;
     }
   }
+}
+
+std::unique_ptr<TSftpConnection> TSshMachine::AwaitPrepared(const std::atomic<int>* cancelled) {
+  while (FPrepared.wait_for(CancelInterval) != std::future_status::ready) {
+    if (IsSet(cancelled))
+      FNobodyWaits = 1;
+  }
+  FNobodyWaits = 0;
+  return FPrepared.get();
+}
+
+std::unique_ptr<TSftpConnection> TSshMachine::OpenAsking(const std::atomic<int>* cancelled) const {
+  if (!FPerson.TellsSecret || AskpassProgram().empty())
+    return Open(FCommands.FirstLane({}), /*isFirst=*/true, cancelled);
+  const TAskpassListener listener(FPerson.TellsSecret);
+  return Open(FCommands.FirstLane(listener.Environment()), /*isFirst=*/true, cancelled);
+}
+
+// True when another attempt is worth it.
+bool TSshMachine::Mend(const TConnectionError& error, const std::atomic<int>* cancelled) const {
+  return IsAboutHostKey(error.what()) &&
+         SettleHostKey(FProfile, FPerson.AcceptsHostKey, [cancelled] { return IsSet(cancelled); });
 }
 
 // The lane used last, since the line may have closed the others.

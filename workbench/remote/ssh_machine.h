@@ -2,12 +2,12 @@
 // the others and commands go through it, so that only the first pays for keys and log-in.
 #pragma once
 
+#include "workbench/remote/person.h"
 #include "workbench/remote/profile.h"
 #include "workbench/remote/sftp_connection.h"
 
 #include <atomic>
 #include <filesystem>
-#include <functional>
 #include <future>
 #include <memory>
 #include <mutex>
@@ -19,24 +19,23 @@ namespace workbench {
 /// Commands of the SSH client for one profile.
 class TSshCommands {
 public:
-  /// `controlPath` is the socket of the connection that is shared. `questions` are variables that
-  /// let the client ask for passwords and the like; without them it asks nothing.
-  TSshCommands(TProfile profile, std::filesystem::path controlPath,
-               std::vector<std::string> questions);
+  /// `controlPath` is the socket of the connection that is shared.
+  TSshCommands(TProfile profile, std::filesystem::path controlPath);
 
   /// Makes the connection and carries the file transfer protocol; the connection ends with it.
-  TProcessStart FirstLane(bool mayAsk) const;
+  /// `questions` are variables that let the client ask for passwords and the like; without them it
+  /// asks nothing.
+  TProcessStart FirstLane(const std::vector<std::string>& questions) const;
   /// Carries the protocol through the connection.
   TProcessStart FurtherLane() const;
   /// Runs a command line on the machine, through the connection.
   TProcessStart Command(const std::string& command) const;
 
 private:
-  TProcessStart Start(bool isFirst, bool mayAsk) const;
+  TProcessStart Start(bool isFirst, const std::vector<std::string>& questions) const;
 
   TProfile FProfile;
   std::filesystem::path FControlPath;
-  std::vector<std::string> FQuestions;
 };
 
 /// A path for a socket that nobody else can reach and that has no file yet. Throws
@@ -46,12 +45,10 @@ std::filesystem::path NewControlPath();
 /// Lanes to one machine. May be used by several threads.
 class TSshMachine : public std::enable_shared_from_this<TSshMachine> {
 public:
-  /// Called when the first lane could not be opened, with the reason. True when another attempt is
-  /// worth it, such as after the user accepted a key; throws TConnectionError to say more.
-  using TMend = std::function<bool(const TProfile&, const std::string& reason)>;
-
-  /// `questions` as in TSshCommands. Nothing can be mended without `mend`.
-  TSshMachine(TProfile profile, bool isWindows, std::vector<std::string> questions, TMend mend);
+  TSshMachine(TProfile profile, bool isWindows, TPerson person);
+  ~TSshMachine();
+  TSshMachine(const TSshMachine&) = delete;
+  TSshMachine& operator=(const TSshMachine&) = delete;
 
   const TProfile& Profile() const { return FProfile; }
   /// Begins to connect, asking nobody, on a thread of its own. Who takes a lane waits for it.
@@ -63,17 +60,20 @@ public:
 private:
   std::unique_ptr<TSftpConnection> TakeIdle();
   std::unique_ptr<TSftpConnection> OpenFirst(const std::atomic<int>* cancelled);
+  std::unique_ptr<TSftpConnection> OpenAsking(const std::atomic<int>* cancelled) const;
+  std::unique_ptr<TSftpConnection> AwaitPrepared(const std::atomic<int>* cancelled);
+  bool Mend(const TConnectionError& error, const std::atomic<int>* cancelled) const;
   std::unique_ptr<TSftpConnection> Open(const TProcessStart& sftp, bool isFirst,
                                         const std::atomic<int>* cancelled) const;
   void GiveBack(std::unique_ptr<TSftpConnection> lane);
 
   const TProfile FProfile;
   const bool FIsWindows;
-  const TMend FMend;
-  const bool FAsks;
+  const TPerson FPerson;
   const TSshCommands FCommands;
   const std::shared_ptr<TUnfinishedParts> FParts = std::make_shared<TUnfinishedParts>();
-  std::mutex FConnecting; // held while the first lane is opened; guards the next one
+  std::atomic<int> FNobodyWaits = 0; // for what is prepared
+  std::mutex FConnecting;            // held while the first lane is opened; guards the next one
   std::future<std::unique_ptr<TSftpConnection>> FPrepared;
   std::mutex FMutex; // of what stands below
   std::vector<std::unique_ptr<TSftpConnection>> FIdle;

@@ -30,8 +30,8 @@ TProfile Lab() {
 }
 
 TEST(SshCommands, TellTheClientWhatTheProfileSays) {
-  const TSshCommands commands(Lab(), "/run/s", {});
-  const TTexts command = commands.FirstLane(/*mayAsk=*/true).Command;
+  const TSshCommands commands(Lab(), "/run/s");
+  const TTexts command = commands.FirstLane({}).Command;
   EXPECT_EQ(command.front(), "ssh");
   for (const char* text : {"-oPort=2222", "-oUser=me", "-oIdentityFile=/k", "-oProxyJump=gate",
                            "-oServerAliveInterval=7", "-oServerAliveCountMax=2",
@@ -41,11 +41,11 @@ TEST(SshCommands, TellTheClientWhatTheProfileSays) {
 }
 
 TEST(SshCommands, ShareOneConnection) {
-  const TSshCommands commands(Lab(), "/run/s", {});
-  for (const TTexts& command : {commands.FirstLane(true).Command, commands.FurtherLane().Command,
+  const TSshCommands commands(Lab(), "/run/s");
+  for (const TTexts& command : {commands.FirstLane({}).Command, commands.FurtherLane().Command,
                                 commands.Command("x").Command})
     EXPECT_TRUE(Has(command, "-oControlPath=/run/s"));
-  EXPECT_TRUE(Has(commands.FirstLane(true).Command, "-oControlMaster=yes"));
+  EXPECT_TRUE(Has(commands.FirstLane({}).Command, "-oControlMaster=yes"));
   EXPECT_TRUE(Has(commands.FurtherLane().Command, "-oControlMaster=no"));
 }
 
@@ -54,7 +54,7 @@ TEST(SshCommands, LeaveOpenWhatTheProfileLeavesOpen) {
   profile.Port = 0;
   profile.User.clear();
   profile.Identity.clear();
-  const TTexts command = TSshCommands(profile, "/run/s", {}).FurtherLane().Command;
+  const TTexts command = TSshCommands(profile, "/run/s").FurtherLane().Command;
   EXPECT_TRUE(std::ranges::none_of(command, [](const std::string& text) {
     return text.starts_with("-oPort") || text.starts_with("-oUser=") ||
            text.starts_with("-oIdentity");
@@ -62,17 +62,18 @@ TEST(SshCommands, LeaveOpenWhatTheProfileLeavesOpen) {
 }
 
 TEST(SshCommands, AskOnlyWhereSomebodyCanAnswerAndOnlyForTheConnection) {
-  const TSshCommands silent(Lab(), "/run/s", {});
-  EXPECT_TRUE(Has(silent.FirstLane(/*mayAsk=*/true).Command, "-oBatchMode=yes"));
-  const TSshCommands asking(Lab(), "/run/s", {"SSH_ASKPASS=/ask"});
-  EXPECT_TRUE(Has(asking.FirstLane(/*mayAsk=*/true).Command, "-oBatchMode=no"));
-  EXPECT_TRUE(Has(asking.FirstLane(/*mayAsk=*/true).Environment, "SSH_ASKPASS=/ask"));
-  EXPECT_TRUE(Has(asking.FirstLane(/*mayAsk=*/false).Command, "-oBatchMode=yes"));
-  EXPECT_TRUE(Has(asking.FurtherLane().Command, "-oBatchMode=yes"));
+  const TSshCommands commands(Lab(), "/run/s");
+  const TProcessStart silent = commands.FirstLane({});
+  EXPECT_TRUE(Has(silent.Command, "-oBatchMode=yes"));
+  EXPECT_TRUE(Has(silent.Environment, "SSH_ASKPASS=/bin/false"));
+  const TProcessStart asking = commands.FirstLane({"SSH_ASKPASS=/ask"});
+  EXPECT_TRUE(Has(asking.Command, "-oBatchMode=no"));
+  EXPECT_TRUE(Has(asking.Environment, "SSH_ASKPASS=/ask"));
+  EXPECT_TRUE(Has(commands.FurtherLane().Command, "-oBatchMode=yes"));
 }
 
 TEST(SshCommands, RunACommandAsOneArgument) {
-  const TTexts command = TSshCommands(Lab(), "/run/s", {}).Command("cd 'a b' && x").Command;
+  const TTexts command = TSshCommands(Lab(), "/run/s").Command("cd 'a b' && x").Command;
   EXPECT_EQ(TTexts(command.end() - 3, command.end()), (TTexts{"--", "lab", "cd 'a b' && x"}));
 }
 
@@ -91,7 +92,7 @@ TEST(SshMachine, PassesOnWhyTheFirstLaneFails) {
   profile.Host = "127.0.0.1";
   profile.Port = 1; // nobody listens there
   profile.SshOptions = {};
-  const auto machine = std::make_shared<TSshMachine>(profile, false, TTexts(), nullptr);
+  const auto machine = std::make_shared<TSshMachine>(profile, false, TPerson());
   machine->Prepare();
   for (int attempt = 0; attempt < 2; ++attempt) {
     try {
@@ -102,22 +103,6 @@ TEST(SshMachine, PassesOnWhyTheFirstLaneFails) {
           << error.what();
     }
   }
-}
-
-TEST(SshMachine, TriesAgainAsLongAsSomethingIsMended) {
-  TProfile profile = Lab();
-  profile.Host = "127.0.0.1";
-  profile.Port = 1;
-  profile.SshOptions = {};
-  int calls = 0;
-  const auto machine = std::make_shared<TSshMachine>(
-      profile, false, TTexts(), [&calls](const TProfile& asked, const std::string& reason) {
-        EXPECT_EQ(asked.Host, "127.0.0.1");
-        EXPECT_NE(reason, "");
-        return ++calls < 3;
-      });
-  EXPECT_THROW(machine->Take(nullptr), TConnectionError);
-  EXPECT_EQ(calls, 3);
 }
 
 } // namespace

@@ -1,0 +1,52 @@
+// Servers that are not what a client hopes for.
+#pragma once
+
+#include <functional>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace workbench::testing {
+
+/// Listens on a free port of the loopback device until it goes.
+class TLoopbackListener {
+public:
+  /// Gets each connection and closes it. Called on the thread that listens.
+  using TServe = std::function<void(int connection)>;
+
+  /// Throws std::runtime_error.
+  explicit TLoopbackListener(TServe serve);
+  ~TLoopbackListener();
+  TLoopbackListener(const TLoopbackListener&) = delete;
+  TLoopbackListener& operator=(const TLoopbackListener&) = delete;
+
+  unsigned Port() const { return FPort; }
+
+private:
+  void Listen() const;
+
+  const TServe FServe;
+  int FSocket = -1;
+  int FStop = -1;
+  unsigned FPort = 0;
+  std::thread FThread;
+};
+
+/// Says one text to whoever connects, and nothing more; the connection stays open.
+class TTextServer {
+public:
+  explicit TTextServer(const std::string& text);
+  ~TTextServer();
+
+  unsigned Port() const { return FListener.Port(); }
+
+private:
+  std::vector<int> FConnections;
+  TLoopbackListener FListener;
+};
+
+/// A port on which nobody listens.
+unsigned ClosedPort();
+
+} // namespace workbench::testing

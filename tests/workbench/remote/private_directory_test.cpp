@@ -1,0 +1,83 @@
+#include "tests/support/variable.h"
+#include "workbench/remote/private_directory.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace workbench {
+namespace {
+
+using testing::TVariable;
+
+class PrivateDirectoryTest : public ::testing::Test {
+protected:
+  PrivateDirectoryTest() {
+    std::string name = "/tmp/private-XXXXXX";
+    FRuntime = ::mkdtemp(name.data());
+  }
+  ~PrivateDirectoryTest() override { std::filesystem::remove_all(FRuntime); }
+
+  std::filesystem::path FRuntime;
+};
+
+void ExpectIsPrivate(const std::filesystem::path& path) {
+  struct stat status = {};
+  ASSERT_EQ(::stat(path.c_str(), &status), 0) << path;
+  EXPECT_EQ(status.st_mode & 0777U, 0700U);
+  EXPECT_EQ(status.st_uid, ::geteuid());
+}
+
+TEST_F(PrivateDirectoryTest, StandsInTheRuntimeDirectoryOfTheUser) {
+  const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
+  EXPECT_EQ(PrivateDirectory(), FRuntime / "deployment-manager");
+  EXPECT_EQ(PrivateDirectory(), FRuntime / "deployment-manager");
+  ExpectIsPrivate(FRuntime / "deployment-manager");
+}
+
+TEST_F(PrivateDirectoryTest, StandsElsewhereWhenTheRuntimeDirectoryDoesNotDo) {
+  const auto blank = FRuntime / "a b";
+  const auto deep = FRuntime / std::string(60, 'd');
+  std::filesystem::create_directories(blank);
+  std::filesystem::create_directories(deep);
+  for (const std::string& name : {std::string(), std::string("relative"), blank.string(),
+                                  deep.string(), (FRuntime / "missing").string()}) {
+    const TVariable runtime("XDG_RUNTIME_DIR", name);
+    EXPECT_TRUE(PrivateDirectory().native().starts_with("/tmp/deployment-manager-")) << name;
+    ExpectIsPrivate(PrivateDirectory());
+  }
+}
+
+TEST_F(PrivateDirectoryTest, IsNoneThatOthersCanRead) {
+  const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
+  std::filesystem::create_directory(FRuntime / "deployment-manager");
+  ASSERT_EQ(::chmod((FRuntime / "deployment-manager").c_str(), 0755), 0);
+  EXPECT_NE(PrivateDirectory().parent_path(), FRuntime);
+  std::filesystem::remove(FRuntime / "deployment-manager");
+  std::filesystem::create_directory_symlink("/", FRuntime / "deployment-manager");
+  EXPECT_NE(PrivateDirectory().parent_path(), FRuntime);
+}
+
+TEST_F(PrivateDirectoryTest, HoldsScratchDirectoriesThatGo) {
+  const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
+  std::filesystem::path path;
+  {
+    const TScratchDirectory scratch;
+    const TScratchDirectory other;
+    path = scratch.Path();
+    EXPECT_NE(path, other.Path());
+    EXPECT_EQ(path.parent_path(), PrivateDirectory());
+    ExpectIsPrivate(path);
+  }
+  EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST(RandomDigits, AreOfTheLengthThatWasAskedForAndNeverTheSame) {
+  EXPECT_EQ(RandomDigits(2).size(), 32U);
+  EXPECT_EQ(RandomDigits(2).find_first_not_of("0123456789abcdef"), std::string::npos);
+  EXPECT_NE(RandomDigits(2), RandomDigits(2));
+}
+
+} // namespace
+} // namespace workbench

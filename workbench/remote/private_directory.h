@@ -1,0 +1,32 @@
+// Directories and names that only this user can reach: for sockets and what else must not be
+// shared.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace workbench {
+
+/// A directory of the user alone, with a path short enough for sockets in it. It stays for the next
+/// program that asks. Throws std::system_error.
+std::filesystem::path PrivateDirectory();
+
+/// Hexadecimal digits that nobody can guess, 16 for each word.
+std::string RandomDigits(unsigned words);
+
+/// A directory inside the private one that goes with the object.
+class TScratchDirectory {
+public:
+  /// Throws std::system_error.
+  TScratchDirectory();
+  ~TScratchDirectory();
+  TScratchDirectory(const TScratchDirectory&) = delete;
+  TScratchDirectory& operator=(const TScratchDirectory&) = delete;
+
+  const std::filesystem::path& Path() const { return FPath; }
+
+private:
+  std::filesystem::path FPath;
+};
+
+} // namespace workbench
