@@ -12,6 +12,13 @@ using testing::StoredEntry;
 
 class EditHistory : public testing::TEditTest {
 protected:
+  static std::vector<std::string> TenThousandNames() {
+    std::vector<std::string> names(10000);
+    for (std::size_t i = 0; i < names.size(); ++i)
+      names[i] = "data\\file" + std::to_string(i);
+    return names;
+  }
+
   /// Ends the step, takes it back and does it again; the list must follow.
   void ExpectStepGoesBothWays(const std::vector<TEntryRecord>& before) {
     const std::vector<TEntryRecord> after = List();
@@ -427,10 +434,7 @@ TEST_F(EditHistory, TellsWhatEachStepUndoAndRedoDid) {
 }
 
 TEST_F(EditHistory, LooksAtOneEntryOfTenThousandWhenOneIsEdited) {
-  std::vector<std::string> names;
-  for (int i = 0; i < 10000; ++i)
-    names.push_back("data\\file" + std::to_string(i));
-  Edit(names);
+  Edit(TenThousandNames());
   std::size_t told = 0;
   FHistory->SetOnStep([&](const TListChange& change) { told = change.Entries.size(); });
   File("data\\file5000")->SetEnabled("Win32", false);
@@ -503,10 +507,7 @@ TEST_F(EditHistory, FollowsRandomEditsBackAndForth) {
 }
 
 TEST_F(EditHistory, TakesBackABulkOfTenThousandInOneStep) {
-  std::vector<std::string> names;
-  for (int i = 0; i < 10000; ++i)
-    names.push_back("data\\file" + std::to_string(i));
-  Edit(names);
+  Edit(TenThousandNames());
   const auto before = List();
   for (int i = 0; i < 10000; i += 2)
     Deployment().RemoveFile("Debug", "Win32", "data\\file" + std::to_string(i));

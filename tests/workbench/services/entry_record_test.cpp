@@ -111,7 +111,7 @@ TEST_F(EntryRecord, ComesBackFromItsJson) {
 
 TEST_F(EntryRecord, KeepsBytesThatAreNoText) {
   TEntryRecord record = FullRecord();
-  record.Names.LocalName = "caf\xe9\\\xff\x00.dat";
+  record.Names.LocalName = std::string("caf\xe9\\\xff.dat") + '\0' + "x";
   EXPECT_EQ(EntryRecordFromJson(ordered_json::parse(RecordToJson(record).dump())), record);
 }
 
