@@ -72,7 +72,7 @@ TListReplay::Find(const TEntryRecord& record, const std::unordered_set<const TFi
     return file && !taken.contains(file.get()) && file->GetLocalName() == names.LocalName &&
            file->GetConfiguration() == names.Configuration;
   };
-  const auto held = FDeployment.FindFile(names.Configuration, names.Platform, names.LocalName);
+  auto held = FDeployment.FindFile(names.Configuration, names.Platform, names.LocalName);
   if (isFree(held) && RecordOf(*held) == record)
     return held;
   TDeploymentFiles candidates = FDeployment.FindFiles(names.LocalName, {}, {}, {});

@@ -4,8 +4,8 @@
 #include "tests/workbench/services/session_fixture.h"
 #include "workbench/services/edit_history.h"
 
-#include <algorithm>
 #include <memory>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,7 +55,37 @@ protected:
       records.push_back(RecordOf(*file));
     return records;
   }
+  static std::vector<std::string> TenThousandNames() {
+    std::vector<std::string> names(10000);
+    for (std::size_t i = 0; i < names.size(); ++i)
+      names[i] = "data\\file" + std::to_string(i);
+    return names;
+  }
   std::string Names() { return FilesOf(*FProject); }
+
+  /// Does something to the list, whatever it is. An entry that is renamed gets the name.
+  void EditAtRandom(std::mt19937& random, std::string_view newName) {
+    const auto files = Deployment().GetFiles();
+    const auto file = files.empty() ? nullptr : files[random() % files.size()];
+    const std::string name(1, static_cast<char>('a' + random() % 12));
+    switch (file ? random() % 8 : 0) {
+    case 0:
+    case 1:
+      return AddFile(*FProject, name);
+    case 2:
+      return Deployment().RemoveFileEntry(*file);
+    case 3:
+      return file->SetLocalName(newName);
+    case 4:
+      return file->SetRemoteName("OSX32", name);
+    case 5:
+      return file->RemovePlatform("OSX32");
+    case 6:
+      return Deployment().AddFileEntry("Debug", "Win32", file);
+    default:
+      return file->SetEnabled("Win32", !file->GetEnabled("Win32"));
+    }
+  }
 
   TOpenProject* FProject = nullptr;
   std::unique_ptr<TEditHistory> FHistory;
