@@ -1,11 +1,11 @@
 #include "workbench/files/file_backup.h"
 
+#include "workbench/files/private_directory.h"
 #include "workbench/files/user_directories.h"
 
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstdint>
 #include <cstdio>
 #include <ctime>
 #include <fcntl.h>
@@ -17,20 +17,7 @@
 namespace workbench {
 namespace {
 
-constexpr std::size_t NameBytesKept = 200;
 constexpr int StampAttempts = 100;
-
-// Of the full path, so that files of one name in two directories do not share their backups.
-std::string PathHash(std::string_view path) {
-  std::uint64_t hash = 14695981039346656037ULL;
-  for (const char c : path) {
-    hash ^= static_cast<unsigned char>(c);
-    hash *= 1099511628211ULL;
-  }
-  std::array<char, 17> text = {};
-  std::snprintf(text.data(), text.size(), "%016llx", static_cast<unsigned long long>(hash));
-  return text.data();
-}
 
 // Sorts by time as text, such as "20260131T235959.012345678Z".
 std::string TimeStamp(std::chrono::system_clock::time_point time) {
@@ -107,28 +94,13 @@ bool MakeCopy(const TFileDescriptor& opened, const std::filesystem::path& backup
   return true;
 }
 
-void MakePrivateDirectories(const std::filesystem::path& directory) {
-  if (::mkdir(directory.c_str(), 0700) == 0 || errno == EEXIST)
-    return;
-  if (errno != ENOENT || !directory.has_relative_path())
-    ThrowSystemError("making the directory");
-  MakePrivateDirectories(directory.parent_path());
-  if (::mkdir(directory.c_str(), 0700) != 0 && errno != EEXIST)
-    ThrowSystemError("making the directory");
-}
-
 } // namespace
 
 std::filesystem::path BackupDirectory(const std::filesystem::path& file) {
   const std::filesystem::path state = UserStateDirectory();
   if (state.empty())
     return {};
-  std::error_code error;
-  std::filesystem::path full = std::filesystem::weakly_canonical(file, error);
-  if (error)
-    full = std::filesystem::absolute(file, error).lexically_normal();
-  const std::string name = full.filename().string().substr(0, NameBytesKept);
-  return state / "backups" / (name + "-" + PathHash(full.native()));
+  return state / "backups" / NameForFile(file);
 }
 
 std::filesystem::path KeepBackup(const std::filesystem::path& file, const TFileDescriptor& opened) {
