@@ -154,8 +154,10 @@ int Show(const TArguments& arguments) {
   if (const TOpenProject* project = window.CurrentProject();
       project && (!arguments.Configuration.isEmpty() || !arguments.Platform.isEmpty()))
     ChooseTarget(window, *project, arguments);
-  if (!isPicture)
+  if (!isPicture) {
+    QTimer::singleShot(0, &window, [&window] { window.OfferRecovery(); });
     return QApplication::exec();
+  }
   if (!opened)
     return StatusFailed;
   return SaveScreenshot(window, arguments.Screenshot)

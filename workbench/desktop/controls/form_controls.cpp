@@ -34,6 +34,8 @@ std::unique_ptr<deployment::IToolBar> TFormControls::CreateToolBar(deployment::T
   auto toolBar = std::make_unique<TToolBar>(images, FPage);
   FToolBar = toolBar.get();
   FLayout->addWidget(&toolBar->Bar());
+  connect(&toolBar->Bar(), &QToolBar::actionTriggered, this,
+          [this](const QAction* action) { FCommand = action->text(); });
   std::vector<QIcon> icons;
   icons.reserve(images.size());
   for (const std::string_view image : images)

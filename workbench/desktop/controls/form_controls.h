@@ -13,6 +13,7 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class QVBoxLayout;
@@ -79,6 +80,10 @@ public:
   /// Lets the form add these files, as if the user had chosen them in its file dialog.
   void AddFiles(std::vector<std::string> files);
 
+  /// Words of the command that the user gave last, for who names what changed; asked for once.
+  /// Empty for a change in the rows themselves.
+  QString TakeCommand() { return std::exchange(FCommand, QString()); }
+
 signals:
   /// Rows or the selection changed.
   void StateChanged();
@@ -92,6 +97,7 @@ private:
   TFormDialogs FDialogs;
   TWindowStyle FStyle;
   std::shared_ptr<TEventLoopQueue> FMainThread;
+  QString FCommand;
   QPointer<TToolBar> FToolBar;
   QPointer<TTargetsComboBox> FTargets;
   QPointer<TVirtualTree> FTree;

@@ -35,6 +35,7 @@ TVirtualTree::TVirtualTree(const deployment::TTreeOptions& options,
   FTimer.setInterval(0);
   connect(&FTimer, &QTimer::timeout, this, &TVirtualTree::Flush);
   connect(&FModel, &TTreeModel::Changed, this, &TVirtualTree::FlushSoon);
+  connect(&FModel, &TTreeModel::dataChanged, this, &TVirtualTree::StateChanged);
   connect(FView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &TVirtualTree::Selected);
   connect(FView, &TTreeView::HeaderClicked, this, [this](int column, Qt::MouseButton button) {

@@ -179,6 +179,48 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     </message>
 </context>
 <context>
+    <name>RecoveryQuestion</name>
+    <message>
+        <source>The project file was changed since; the edits are done to what it holds now.</source>
+        <translation>Die Projektdatei wurde seitdem geändert; die Änderungen werden auf ihren jetzigen Inhalt angewandt.</translation>
+    </message>
+    <message>
+        <source>The project file is gone.</source>
+        <translation>Die Projektdatei gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>The last edits cannot be read any more.</source>
+        <translation>Die letzten Änderungen sind nicht mehr lesbar.</translation>
+    </message>
+    <message>
+        <source>Unsaved Edits</source>
+        <translation>Ungespeicherte Änderungen</translation>
+    </message>
+    <message>
+        <source>The program ended before edits of %1 were saved. They concern %2 entries; the last one was made on %3.</source>
+        <translation>Das Programm endete, bevor Änderungen an %1 gespeichert waren. Sie betreffen %2 Einträge; die letzte ist vom %3.</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>Ask &amp;Later</source>
+        <translation>Später &amp;fragen</translation>
+    </message>
+</context>
+<context>
+    <name>TButtonCellEditor</name>
+    <message>
+        <source>Choose (F4)</source>
+        <translation>Auswählen (F4)</translation>
+    </message>
+</context>
+<context>
     <name>TConsentDialog</name>
     <message>
         <source>Commands of the Project</source>
@@ -344,6 +386,117 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     </message>
 </context>
 <context>
+    <name>TProjectEdits</name>
+    <message>
+        <source>Recovered Edits</source>
+        <translation>Wiederhergestellte Änderungen</translation>
+    </message>
+</context>
+<context>
+    <name>TTargetsComboBox</name>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>Target: platform and configuration</source>
+        <translation>Ziel: Plattform und Konfiguration</translation>
+    </message>
+    <message>
+        <source>All Platforms</source>
+        <translation>Alle Plattformen</translation>
+    </message>
+</context>
+<context>
+    <name>TToolBar</name>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Shows which files of a project go to which platform, and brings them there.</source>
+        <translation>Zeigt, welche Dateien eines Projekts auf welche Plattform gehen, und bringt sie dorthin.</translation>
+    </message>
+    <message>
+        <source>Root directory with ObjRepos/Deploy</source>
+        <translation>Wurzelverzeichnis mit ObjRepos/Deploy</translation>
+    </message>
+    <message>
+        <source>Configuration to show</source>
+        <translation>Konfiguration, die gezeigt wird</translation>
+    </message>
+    <message>
+        <source>Platform to show, or &quot;all&quot;</source>
+        <translation>Plattform, die gezeigt wird, oder „all“</translation>
+    </message>
+    <message>
+        <source>Draw the window into a PNG file and end</source>
+        <translation>Das Fenster in eine PNG-Datei zeichnen und enden</translation>
+    </message>
+    <message>
+        <source>Size of the window, such as 1200x700</source>
+        <translation>Größe des Fensters, etwa 1200x700</translation>
+    </message>
+    <message>
+        <source>Light text on dark</source>
+        <translation>Heller Text auf dunklem Grund</translation>
+    </message>
+    <message>
+        <source>Dark text on light</source>
+        <translation>Dunkler Text auf hellem Grund</translation>
+    </message>
+    <message>
+        <source>Project files to open</source>
+        <translation>Projektdateien, die geöffnet werden</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no size</source>
+        <translation>„%1“ ist keine Größe</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written</source>
+        <translation>%1 kann nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TConnectionQuestions</name>
+    <message>
+        <source>Unknown Machine</source>
+        <translation>Unbekannter Rechner</translation>
+    </message>
+    <message>
+        <source>The key of %1 is not known yet.</source>
+        <translation>Der Schlüssel von %1 ist noch nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>Its type is %1, its fingerprint is
+
+%2
+
+Accept it only when the machine&apos;s owner names the same fingerprint. It is kept for later connections.</source>
+        <translation>Sein Typ ist %1, sein Fingerabdruck ist
+
+%2
+
+Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck nennt. Er wird für spätere Verbindungen behalten.</translation>
+    </message>
+    <message>
+        <source>&amp;Accept</source>
+        <translation>&amp;Annehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Refuse</source>
+        <translation>A&amp;blehnen</translation>
+    </message>
+    <message>
+        <source>Log In</source>
+        <translation>Anmelden</translation>
+    </message>
+</context>
+<context>
     <name>workbench::TConsentsPage</name>
     <message>
         <source>&amp;Forget</source>
@@ -473,6 +626,13 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     </message>
 </context>
 <context>
+    <name>workbench::TEditorTabs</name>
+    <message>
+        <source>Open projects</source>
+        <translation>Offene Projekte</translation>
+    </message>
+</context>
+<context>
     <name>workbench::TFeatureFileDialog</name>
     <message>
         <source>&amp;Show automatically when required</source>
@@ -554,6 +714,162 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     <message>
         <source>General</source>
         <translation>Allgemein</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TMainWindow</name>
+    <message>
+        <source>Unsaved Edits</source>
+        <translation>Ungespeicherte Änderungen</translation>
+    </message>
+    <message>
+        <source>Files of %1</source>
+        <translation>Dateien von %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s)</source>
+        <translation>
+            <numerusform>%n Datei</numerusform>
+            <numerusform>%n Dateien</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>, %n selected</source>
+        <translation>
+            <numerusform>, %n ausgewählt</numerusform>
+            <numerusform>, %n ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n warning(s)</source>
+        <translation>
+            <numerusform>%n Warnung</numerusform>
+            <numerusform>%n Warnungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Dateien hinzufügen</translation>
+    </message>
+    <message>
+        <source>%1 is a directory; drop its files.</source>
+        <translation>%1 ist ein Verzeichnis; ziehen Sie seine Dateien hierher.</translation>
+    </message>
+    <message>
+        <source>A deploy is running; cancel it first.</source>
+        <translation>Eine Verteilung läuft; brechen Sie sie zuerst ab.</translation>
+    </message>
+    <message>
+        <source>Work is going on; it is over soon.</source>
+        <translation>Es wird noch gearbeitet; gleich ist es vorbei.</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;All</source>
+        <translation>&amp;Alle speichern</translation>
+    </message>
+    <message>
+        <source>Re&amp;load</source>
+        <translation>&amp;Neu laden</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Rows</source>
+        <translation>Zeilen &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Deployment</source>
+        <translation>&amp;Verteilung</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Extras</translation>
+    </message>
+    <message>
+        <source>Remote &amp;Profiles…</source>
+        <translation>&amp;Profile…</translation>
+    </message>
+    <message>
+        <source>&amp;Settings…</source>
+        <translation>&amp;Einstellungen…</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Über</translation>
+    </message>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
+    </message>
+    <message>
+        <source>Open Project</source>
+        <translation>Projekt öffnen</translation>
+    </message>
+    <message>
+        <source>Projects (*.*proj);;All files (*)</source>
+        <translation>Projekte (*.*proj);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Warnings</source>
+        <translation>Warnungen</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Brings the files of a project to each of its platforms.</source>
+        <translation>Bringt die Dateien eines Projekts auf jede seiner Plattformen.</translation>
     </message>
 </context>
 <context>
@@ -780,6 +1096,109 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     </message>
 </context>
 <context>
+    <name>workbench::TProjectTabs</name>
+    <message>
+        <source>Open Project</source>
+        <translation>Projekt öffnen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened.
+
+%2</source>
+        <translation>%1 kann nicht geöffnet werden.
+
+%2</translation>
+    </message>
+    <message>
+        <source>Save Project</source>
+        <translation>Projekt speichern</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program since it was read here.</source>
+        <translation>%1 wurde von einem anderen Programm geändert, seit es hier gelesen wurde.</translation>
+    </message>
+    <message>
+        <source>Saving replaces what the other program wrote. A copy of it is kept beside the other backups.</source>
+        <translation>Speichern ersetzt, was das andere Programm geschrieben hat. Eine Kopie davon kommt zu den übrigen Sicherungen.</translation>
+    </message>
+    <message>
+        <source>&amp;Overwrite</source>
+        <translation>&amp;Überschreiben</translation>
+    </message>
+    <message>
+        <source>%1
+
+Nothing is lost: the changes are still here. Mend what stands in the way, then save again.</source>
+        <translation>%1
+
+Nichts ist verloren: Die Änderungen sind noch hier. Räumen Sie aus dem Weg, was stört, und speichern Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>Close Project</source>
+        <translation>Projekt schließen</translation>
+    </message>
+    <message>
+        <source>Save the changes to %1?</source>
+        <translation>Die Änderungen an %1 speichern?</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Reload Project</source>
+        <translation>Projekt neu laden</translation>
+    </message>
+    <message>
+        <source>The changes that were not saved are lost then.</source>
+        <translation>Die ungespeicherten Änderungen gehen dann verloren.</translation>
+    </message>
+    <message>
+        <source>&amp;Reload</source>
+        <translation>&amp;Neu laden</translation>
+    </message>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>&amp;Behalten</translation>
+    </message>
+    <message>
+        <source>Read %1 again from disk?</source>
+        <translation>%1 noch einmal von der Platte lesen?</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read any more and was closed. Mend the file, then open it again.
+
+%2</source>
+        <translation>%1 ist nicht mehr lesbar und wurde geschlossen. Bringen Sie die Datei in Ordnung und öffnen Sie sie wieder.
+
+%2</translation>
+    </message>
+    <message>
+        <source>Project File</source>
+        <translation>Projektdatei</translation>
+    </message>
+    <message>
+        <source>%1 is gone. Save writes it again; its content is still here.</source>
+        <translation>%1 gibt es nicht mehr. Speichern schreibt die Datei wieder; ihr Inhalt ist noch hier.</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program. Reload it?</source>
+        <translation>%1 wurde von einem anderen Programm geändert. Neu laden?</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeitung</translation>
+    </message>
+</context>
+<context>
     <name>workbench::TSdkEditDialog</name>
     <message>
         <source>&amp;Default kit of the platform</source>
@@ -991,6 +1410,19 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     <message>
         <source>Key File</source>
         <translation>Schlüsseldatei</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TWelcomePage</name>
+    <message>
+        <source>Open a project to see which files go to which platform.
+A project file can also be dropped here.</source>
+        <translation>Öffnen Sie ein Projekt, um zu sehen, welche Dateien auf welche Plattform gehen.
+Eine Projektdatei kann auch hierher gezogen werden.</translation>
+    </message>
+    <message>
+        <source>&amp;Open Project…</source>
+        <translation>Projekt ö&amp;ffnen…</translation>
     </message>
 </context>
 </TS>

@@ -8,6 +8,8 @@
 #include "workbench/desktop/dialogs/modal_dialogs.h"
 #include "workbench/desktop/dialogs/profile_manager_dialog.h"
 #include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/window/connection_questions.h"
+#include "workbench/desktop/window/recovery_question.h"
 #include "workbench/desktop/window/welcome_page.h"
 #include "workbench/remote/remote_profile_services.h"
 #include "workbench/services/command_consent.h"
@@ -76,6 +78,9 @@ TMainWindow::~TMainWindow() {
   services.SetRunAside(nullptr);
   services.SetDeployDesk(nullptr);
   services.SetCreateProfile(nullptr);
+  FQuestions->Close();
+  services.SetHostKeyQuestion(nullptr);
+  services.SetSecretQuestion(nullptr);
 }
 
 void TMainWindow::MakePages() {
@@ -130,6 +135,12 @@ void TMainWindow::ServeSession() {
   services.SetCreateProfile([this](deployment::ICustomProject& project, std::string_view platform) {
     return CreateProfile(project, platform);
   });
+  FQuestions = std::make_unique<TConnectionQuestions>(*this);
+  services.SetHostKeyQuestion(
+      [this](const THostKey& key) { return FQuestions->AcceptsHostKey(key); });
+  services.SetSecretQuestion([this](const std::string& prompt, const TIsCancelled& isOver) {
+    return FQuestions->TellSecret(prompt, isOver);
+  });
 }
 
 TFormControls* TMainWindow::CurrentControls() const {
@@ -162,6 +173,24 @@ void TMainWindow::Restore() {
   }
   if (FLayout.Current >= 0)
     FTabs->setCurrentIndex(FLayout.Current);
+}
+
+void TMainWindow::OfferRecovery() {
+  const TRecoverySearch search = FindRecoverable();
+  for (const std::string& problem : search.Problems)
+    ShowError(tr("Unsaved Edits"), ToQString(problem), this);
+  for (const TRecoverable& recoverable : search.Found) {
+    switch (AskRecovery(recoverable, this)) {
+    case TRecoveryAnswer::Recover:
+      FProjects->Recover(recoverable);
+      break;
+    case TRecoveryAnswer::Discard:
+      Guarded([&] { Discard(recoverable); });
+      break;
+    case TRecoveryAnswer::Later:
+      break;
+    }
+  }
 }
 
 void TMainWindow::Opened(TOpenProject& project) {
@@ -205,7 +234,9 @@ void TMainWindow::ShowPage() {
 void TMainWindow::ShowState() {
   if (FAside.IsBusy())
     return;
+  FProjects->EndSteps();
   Guarded([this] { FProjects->ShowModified(); });
+  ShowUndo();
   const TOpenProject* project = CurrentProject();
   const TFormControls* controls = CurrentControls();
   for (QAction* action : FProjectActions)

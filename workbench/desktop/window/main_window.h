@@ -24,6 +24,7 @@ class QToolButton;
 
 namespace workbench {
 
+class TConnectionQuestions;
 class TDeployPanel;
 class TModalDialogs;
 class TWelcomePage;
@@ -49,6 +50,8 @@ public:
   void ChooseTarget(const std::string& configuration, const std::string& platform);
   /// Opens what was open when the window was closed last.
   void Restore();
+  /// Offers the edits that an earlier run left behind.
+  void OfferRecovery();
 
   TProjectTabs& Projects() { return *FProjects; }
   TEditorTabs& Tabs() { return *FTabs; }
@@ -82,6 +85,9 @@ private:
   void ShowPage();
   void FillRecent();
   void AskForProject();
+  void Undo();
+  void Redo();
+  void ShowUndo();
   void Copy();
   void SelectAll();
   void AddDropped(const QStringList& files);
@@ -103,11 +109,14 @@ private:
   QLabel* FCounts = nullptr;
   QToolButton* FWarnings = nullptr;
   QMenu* FRecent = nullptr;
+  QAction* FUndo = nullptr;
+  QAction* FRedo = nullptr;
   QMenu* FDeployment = nullptr;
   std::vector<QAction*> FProjectActions; // of use with a project only
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
   std::unique_ptr<TDeployDesk> FDesk;
+  std::unique_ptr<TConnectionQuestions> FQuestions;
   TProjectWatcher FWatcher;
   QTimer FState;
   QTimer FPoll;

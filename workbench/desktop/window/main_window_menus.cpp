@@ -65,6 +65,9 @@ void TMainWindow::MakeFileMenu() {
 
 void TMainWindow::MakeEditMenu() {
   QMenu& edit = *menuBar()->addMenu(tr("&Edit"));
+  FUndo = AddAction(edit, tr("&Undo"), QKeySequence::Undo, [this] { Undo(); });
+  FRedo = AddAction(edit, tr("&Redo"), QKeySequence::Redo, [this] { Redo(); });
+  edit.addSeparator();
   FProjectActions.push_back(
       AddAction(edit, tr("&Copy Rows"), QKeySequence::Copy, [this] { Copy(); }));
   FProjectActions.push_back(
@@ -120,6 +123,30 @@ void TMainWindow::AskForProject() {
                                                           tr("Projects (*.*proj);;All files (*)"));
   for (const QString& file : files)
     Open(ToPathText(file));
+}
+
+void TMainWindow::Undo() {
+  FProjects->EndSteps();
+  if (TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex()))
+    edits->History().Undo();
+  ShowState();
+}
+
+void TMainWindow::Redo() {
+  FProjects->EndSteps();
+  if (TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex()))
+    edits->History().Redo();
+  ShowState();
+}
+
+void TMainWindow::ShowUndo() {
+  TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex());
+  FUndo->setEnabled(edits && edits->History().CanUndo());
+  FRedo->setEnabled(edits && edits->History().CanRedo());
+  FUndo->setText(FUndo->isEnabled() ? tr("&Undo: %1").arg(ToQString(edits->History().UndoName()))
+                                    : tr("&Undo"));
+  FRedo->setText(FRedo->isEnabled() ? tr("&Redo: %1").arg(ToQString(edits->History().RedoName()))
+                                    : tr("&Redo"));
 }
 
 void TMainWindow::Copy() {

@@ -115,7 +115,7 @@ bool TProjectTabs::Show(TOpenProject& project, int index) {
     FSession.Close(project);
     return false;
   }
-  FProjects.push_back({&project, controls});
+  FProjects.push_back({&project, controls, std::make_unique<TProjectEdits>(project)});
   const int shown = FTabs.IndexOf(*controls);
   if (index >= 0 && index != shown)
     FTabs.tabBar()->moveTab(shown, index);
@@ -147,18 +147,19 @@ bool TProjectTabs::Save(int index) {
       return false;
     force = true;
   }
-  return Write(*tab->Project, force);
+  return Write(*tab, force);
 }
 
-bool TProjectTabs::Write(TOpenProject& project, bool force) {
+bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
   bool saved = false;
   try {
-    FAside.Run([&] {
+    tab.Edits->EndStep(tab.Controls->TakeCommand());
+    FAside.Run([&project = *tab.Project, force] {
       project.Save(force);
       project.HasChanges(); // takes what was written as the new text, which is work too
     });
     saved = true;
-    emit Saved(&project);
+    tab.Edits->Saved();
   } catch (const std::exception& error) {
     ShowError(tr("Save Project"),
               tr("%1\n\nNothing is lost: the changes are still here. Mend what stands in the way, "
@@ -221,8 +222,8 @@ void TProjectTabs::CloseAll() {
 void TProjectTabs::Shut(const TOpenProject& project) {
   const auto found = std::ranges::find(FProjects, &project, &TProjectTab::Project);
   TOpenProject& open = *found->Project;
-  emit Closing(&open);
-  FProjects.erase(found);
+  found->Edits->Dropped();
+  FProjects.erase(found); // with the edits, which listen to the project
   Guarded([&] { FSession.Close(open); });
 }
 
@@ -292,6 +293,30 @@ void TProjectTabs::CheckDisk() {
     if (MayLose(*tab, tr("%1 was changed by another program. Reload it?").arg(name)))
       ReadAnew(i);
   }
+}
+
+TProjectEdits* TProjectTabs::EditsAt(int index) {
+  const TProjectTab* tab = TabAt(index);
+  return tab ? tab->Edits.get() : nullptr;
+}
+
+// A dialog may be open in the middle of a command.
+void TProjectTabs::EndSteps() {
+  if (FAside.IsBusy() || QApplication::activeModalWidget())
+    return;
+  for (const TProjectTab& tab : FProjects) {
+    const QString command = tab.Controls->TakeCommand();
+    Guarded([&] { tab.Edits->EndStep(command.isEmpty() ? tr("Edit") : command); });
+  }
+}
+
+bool TProjectTabs::Recover(const TRecoverable& recoverable) {
+  if (!Open(recoverable.Project))
+    return false;
+  TProjectEdits* edits = EditsAt(FTabs.currentIndex());
+  const bool done = edits && Guarded([&] { edits->Recover(recoverable); });
+  ShowModified();
+  return done;
 }
 
 void TProjectTabs::ShowModified() {

@@ -3,10 +3,12 @@
 
 #include "workbench/desktop/window/aside_work.h"
 #include "workbench/desktop/window/editor_tabs.h"
+#include "workbench/desktop/window/project_edits.h"
 #include "workbench/services/session.h"
 
 #include <QObject>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 namespace workbench {
@@ -42,16 +44,19 @@ public:
   TOpenProject* Find(const deployment::ICustomProject& project) const;
   TFormControls* ControlsOf(const TOpenProject& project) const;
   std::vector<std::filesystem::path> Files() const;
+  /// Edits of the project on a tab; null for none.
+  TProjectEdits* EditsAt(int index);
+  /// What changed in the projects since the last call becomes steps of them.
+  void EndSteps();
+  /// Opens the project and does the edits to it that an earlier run left behind. False when that
+  /// fails, which is said.
+  bool Recover(const TRecoverable& recoverable);
   /// Brings the marks behind the captions up to date.
   void ShowModified();
 
 signals:
   /// A project was opened, and shows.
   void Opened(TOpenProject* project);
-  /// A project is about to be closed; its views still show.
-  void Closing(TOpenProject* project);
-  /// A project was saved.
-  void Saved(TOpenProject* project);
   /// Projects came or went, or were saved.
   void Changed();
 
@@ -59,13 +64,14 @@ private:
   struct TProjectTab {
     TOpenProject* Project = nullptr; // the session's
     TFormControls* Controls = nullptr;
+    std::unique_ptr<TProjectEdits> Edits;
     bool WasAsked = false; // whether to reload; until the file is what it was
   };
 
   TProjectTab* TabAt(int index);
   TOpenProject& Read(const std::filesystem::path& file);
   bool Show(TOpenProject& project, int index);
-  bool Write(TOpenProject& project, bool force);
+  bool Write(const TProjectTab& tab, bool force);
   bool MayClose(int index);
   void Shut(const TOpenProject& project);
   bool ReadAnew(int index);

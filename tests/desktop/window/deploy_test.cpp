@@ -1,0 +1,115 @@
+#include "tests/desktop/window/window_fixture.h"
+#include "workbench/desktop/dialogs/deploy_panel.h"
+
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QPushButton>
+
+namespace workbench {
+namespace {
+
+using testing::Child;
+using testing::FindButton;
+using testing::OnNextDialog;
+
+class TWindowDeploy : public testing::TWindowTest {
+protected:
+  void SetUp() override {
+    TWindowTest::SetUp();
+    std::filesystem::create_directory(FRoot / "target");
+    Host().RemoteProfiles().AddProfile({.Name = "bench",
+                                        .Platform = "Win64",
+                                        .Path = (FRoot / "target").string(),
+                                        .IsDefault = true});
+  }
+  void Assign() { Project().AssignProfile("Win64", "bench", false); }
+  // Waits for what runs aside and comes back to the event loop.
+  void Connect() {
+    PressButton("tbConnect");
+    ASSERT_TRUE(
+        QTest::qWaitFor([this] { return Cell(0, RemoteStatus) != "Not Connected"; }, 10000));
+  }
+  std::string Summary() { return Child<QLabel>(Window().Panel(), "summary").text().toStdString(); }
+};
+
+TEST_F(TWindowDeploy, BringsTheFilesThereAndShowsTheirState) {
+  OpenExample();
+  Assign();
+  Connect();
+  EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteStatus), "Not Found");
+  PressButton("tbDeploy");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
+  EXPECT_TRUE(Window().Panel().isVisible());
+  EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteStatus), "Same");
+  EXPECT_TRUE(std::filesystem::exists(FRoot / "target" / "Tide Logger" / "data" / "levels.dat") ||
+              std::filesystem::exists(FRoot / "target" / "TideLogger" / "data" / "levels.dat"));
+  Write(FRoot / "tide" / "data" / "levels.dat", "newer");
+  PressButton("tbReconcile");
+  EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteStatus), "Older");
+}
+
+TEST_F(TWindowDeploy, AProfileThatIsMissingIsOffered) {
+  OpenExample();
+  std::string said;
+  AnswerNext("No", &said);
+  PressButton("tbDeploy");
+  EXPECT_NE(said.find("A connection profile is required for deployment."), std::string::npos);
+  EXPECT_FALSE(Window().Panel().isVisible());
+}
+
+TEST_F(TWindowDeploy, ATargetThatIsGoneIsNamedAndTheButtonComesUp) {
+  OpenExample();
+  Assign();
+  std::filesystem::remove_all(FRoot / "target");
+  std::string said;
+  AnswerNext("OK", &said);
+  PressButton("tbConnect");
+  ASSERT_TRUE(QTest::qWaitFor([&said] { return !said.empty(); }, 10000));
+  EXPECT_NE(said.find("target"), std::string::npos) << said;
+  EXPECT_FALSE(Button("tbConnect")->isChecked());
+}
+
+TEST_F(TWindowDeploy, AFailedFileIsShownWithItsReason) {
+  OpenExample();
+  Assign();
+  std::filesystem::create_directories(FRoot / "target" / "TideLogger" / "data" / "levels.dat");
+  std::filesystem::create_directories(FRoot / "target" / "Tide Logger" / "data" / "levels.dat");
+  PressButton("tbDeploy");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
+  EXPECT_NE(Window().Panel().AsText().indexOf("levels.dat"), -1);
+  EXPECT_NE(Summary().find("failed"), std::string::npos) << Summary();
+}
+
+TEST_F(TWindowDeploy, TheWindowStaysOpenWhileADeployRuns) {
+  OpenExample();
+  Assign();
+  for (int i = 0; i < 300; ++i) {
+    const std::string name = "many" + std::to_string(i) + ".bin";
+    Write(FRoot / "tide" / "data" / name, std::string(4096, 'x'));
+    Project().Deployment().AddFile("Debug", "Win64", "data\\" + name)->SetEnabled("Win64", true);
+  }
+  Settle();
+  bool wasRunning = false;
+  bool closed = true;
+  int checked = 0;
+  QTimer probe;
+  QObject::connect(&probe, &QTimer::timeout, &probe, [&] {
+    if (!Window().Panel().IsRunning() || wasRunning)
+      return;
+    wasRunning = true;
+    closed = Window().close();
+    const bool before = IsChecked(Row("levels.dat"));
+    ClickCheck(Row("levels.dat")); // reaches nobody
+    checked = IsChecked(Row("levels.dat")) == before ? 1 : 2;
+    FindButton(Window().Panel(), "Cancel")->click();
+  });
+  probe.start(0);
+  PressButton("tbDeploy");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
+  EXPECT_TRUE(wasRunning);
+  EXPECT_FALSE(closed);
+  EXPECT_EQ(checked, 1);
+}
+
+} // namespace
+} // namespace workbench
