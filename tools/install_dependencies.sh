@@ -10,7 +10,7 @@ for purpose in "$@"; do
       nlohmann-json3-dev qt6-base-dev libqt6svg6-dev qt6-l10n-tools qt6-tools-dev) ;;
     test) packages+=(binutils fonts-dejavu-core libgtest-dev mono-xbuild openssh-client openssh-server
       strace) ;;
-    bench) packages+=(libbenchmark-dev libpugixml-dev) ;;
+    bench) packages+=(hyperfine jq libbenchmark-dev libpugixml-dev openssh-client openssh-server rsync) ;;
     lint) packages+=(clang-14 clang-format-14 clang-tidy-14 clang-tools-14) ;;
     sanitize) packages+=(clang-14 libclang-rt-14-dev) ;;
     *)
