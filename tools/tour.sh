@@ -1,9 +1,13 @@
 #!/usr/bin/env bash
-# Shows the Deployment Manager at work on copies of the example projects. Run as: tools/tour.sh BIN
+# Shows the Deployment Manager on the example projects: in the window where there is a display, else
+# at work on copies of them on the terminal. Run as: tools/tour.sh BIN
 set -eu
 
 bin=$(cd "$1" && pwd)
 tree=$(cd "$(dirname "$0")/.." && pwd)
+if [ -x "$bin/deployment-manager" ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  exec "$bin/deployment-manager" "$tree/examples/sky-chart/SkyChart.vproj"
+fi
 place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT
 # Settings and backups of the tour stay in its own directory.

@@ -1,20 +1,27 @@
 // deploymgr add: puts files on the list.
-#include "workbench/cli/added_file.h"
 #include "workbench/cli/change_report.h"
 #include "workbench/cli/command.h"
 #include "workbench/cli/commands.h"
 #include "workbench/cli/target.h"
 #include "workbench/cli/text_check.h"
-#include "workbench/platforms/platform_table.h"
 #include "workbench/project/project_settings.h"
+#include "workbench/services/added_file.h"
 
 #include <CLI/CLI.hpp>
 
 namespace workbench {
 namespace {
 
-// Class of the files that users add.
-constexpr std::string_view UserFileClass = "File";
+// The command line tells a wrong name from a file that is of the wrong kind.
+TAddedFile LocalNameOfArgument(const std::string& argument, const TOpenProject& project) {
+  try {
+    return LocalNameOf(argument, project.GivenFileName());
+  } catch (const TAddError& error) {
+    if (error.Reason() == TAddError::TReason::Directory)
+      throw TWorkError(error.what());
+    throw TUsageError(error.what());
+  }
+}
 
 class TAddCommand final : public ICommand {
 public:
@@ -51,7 +58,7 @@ public:
     std::vector<TAddedFile> added;
     added.reserve(FFiles.size());
     for (const std::string& file : FFiles)
-      added.push_back(LocalNameOf(file, project.GivenFileName()));
+      added.push_back(LocalNameOfArgument(file, project));
     std::vector<TEntryChange> changes;
     changes.reserve(added.size());
     for (const TAddedFile& file : added)
@@ -66,28 +73,17 @@ private:
   // Returns what was done.
   std::string AddEntry(TCommandContext& context, TOpenProject& project, const TAddedFile& file,
                        const std::string& configuration, const std::string& platform) const {
-    deployment::IProjectDeployment& deployment = project.Deployment();
     const std::string given = project.GivenFileName().string();
-    if (deployment.FindFile(configuration, platform, file.LocalName)) {
+    const bool added = workbench::AddEntry(
+        project, context.Session.Platforms(),
+        {file.LocalName, configuration, platform, FClass, FRemoteDir, FRemoteName, !FDisabled});
+    if (!added)
       context.Output.Warn({"\"" + file.LocalName + "\" is on the list for " + configuration + ", " +
                                platform + " already; \"set\" changes it",
                            given, 0});
-      return "present";
-    }
-    if (!file.Exists)
+    else if (!file.Exists)
       context.Output.Warn({"there is no file \"" + file.LocalName + "\" now", given, 0});
-    const auto entry = deployment.AddFile(configuration, platform, file.LocalName);
-    entry->SetDeploymentClass(FClass);
-    entry->SetEnabled(platform, !FDisabled);
-    entry->SetRemoteDir(platform,
-                        FRemoteDir.empty() ? DefaultRemoteDir(context, platform) : FRemoteDir);
-    entry->SetRemoteName(platform, FRemoteName);
-    return "added";
-  }
-
-  static std::string DefaultRemoteDir(const TCommandContext& context, const std::string& platform) {
-    const TPlatform* known = context.Session.Platforms().FindPlatform(platform);
-    return known ? known->GetDefaultRemoteDir() : ".\\";
+    return added ? "added" : "present";
   }
 
   void WarnOfUnknownClass(TCommandContext& context, TOpenProject& project) const {

@@ -26,6 +26,7 @@ std::vector<std::unique_ptr<ICommand>> AllCommands() {
   commands.push_back(MakeClassesCommand());
   commands.push_back(MakePlatformsCommand());
   commands.push_back(MakeSettingsCommand());
+  commands.push_back(MakeOpenCommand());
   return commands;
 }
 

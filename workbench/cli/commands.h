@@ -25,5 +25,6 @@ std::unique_ptr<ICommand> MakeExportCommand();
 std::unique_ptr<ICommand> MakeClassesCommand();
 std::unique_ptr<ICommand> MakePlatformsCommand();
 std::unique_ptr<ICommand> MakeSettingsCommand();
+std::unique_ptr<ICommand> MakeOpenCommand();
 
 } // namespace workbench

@@ -6,26 +6,12 @@
 #include "workbench/msbuild/msbuild_escapes.h"
 #include "workbench/project/project_settings.h"
 #include "workbench/services/variable_references.h"
+#include "workbench/text/storable_text.h"
 
 #include <optional>
 
 namespace workbench {
 namespace {
-
-bool IsStorable(std::string_view text) {
-  constexpr std::string_view FirstNoCharacter = "\xEF\xBF\xBE";
-  constexpr std::string_view SecondNoCharacter = "\xEF\xBF\xBF";
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    const bool c1 =
-        byte == 0xC2 && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0;
-    const std::string_view rest = text.substr(i);
-    if (byte < 0x20 || byte == 0x7F || c1 || rest.starts_with(FirstNoCharacter) ||
-        rest.starts_with(SecondNoCharacter))
-      return false;
-  }
-  return true;
-}
 
 // A target as the project evaluates it.
 class TTargetConditions final : public IConditionContext {

@@ -1,7 +1,8 @@
-#include "workbench/cli/added_file.h"
+#include "workbench/services/added_file.h"
 
-#include "workbench/cli/text_check.h"
 #include "workbench/files/machine_path.h"
+#include "workbench/platforms/platform_table.h"
+#include "workbench/text/storable_text.h"
 
 #include <system_error>
 
@@ -22,8 +23,10 @@ TKind KindOf(const fs::path& path) {
 
 void CheckName(const std::string& name) {
   if (name.empty())
-    throw TUsageError("the name of a file is empty");
-  CheckStorable("the file name", name);
+    throw TAddError(TAddError::TReason::Name, "the name of a file is empty");
+  if (!IsStorable(name))
+    throw TAddError(TAddError::TReason::Name,
+                    "the file name \"" + name + "\" holds characters that a project cannot hold");
 }
 
 bool LeavesDirectory(const fs::path& relative) {
@@ -47,7 +50,12 @@ fs::path FromProject(const fs::path& given, const fs::path& directory) {
 }
 
 [[noreturn]] void RaiseDirectory(const std::string& name) {
-  throw TWorkError("\"" + name + "\" is a directory; add its files");
+  throw TAddError(TAddError::TReason::Directory, "\"" + name + "\" is a directory; add its files");
+}
+
+std::string DefaultRemoteDir(const TPlatformTable& platforms, const std::string& platform) {
+  const TPlatform* known = platforms.FindPlatform(platform);
+  return known ? known->GetDefaultRemoteDir() : ".\\";
 }
 
 } // namespace
@@ -70,6 +78,29 @@ TAddedFile LocalNameOf(const std::string& argument, const fs::path& projectFile)
   if (inProject == TKind::Directory)
     RaiseDirectory(argument);
   return {ToStoredPath(given), inProject == TKind::File};
+}
+
+bool AddEntry(TOpenProject& project, const TPlatformTable& platforms, const TNewEntry& entry) {
+  deployment::IProjectDeployment& deployment = project.Deployment();
+  if (deployment.FindFile(entry.Configuration, entry.Platform, entry.LocalName))
+    return false;
+  const auto file = deployment.AddFile(entry.Configuration, entry.Platform, entry.LocalName);
+  file->SetDeploymentClass(entry.Class);
+  file->SetEnabled(entry.Platform, entry.Enabled);
+  file->SetRemoteDir(entry.Platform, entry.RemoteDir.empty()
+                                         ? DefaultRemoteDir(platforms, entry.Platform)
+                                         : entry.RemoteDir);
+  file->SetRemoteName(entry.Platform, entry.RemoteName);
+  return true;
+}
+
+bool AddFile(TOpenProject& project, const TPlatformTable& platforms, const fs::path& file,
+             std::string_view configuration, std::string_view platform) {
+  TNewEntry entry;
+  entry.LocalName = LocalNameOf(file.string(), project.GivenFileName()).LocalName;
+  entry.Configuration = configuration.empty() ? deployment::BaseConfiguration : configuration;
+  entry.Platform = platform;
+  return AddEntry(project, platforms, entry);
 }
 
 } // namespace workbench
