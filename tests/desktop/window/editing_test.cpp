@@ -85,6 +85,7 @@ TEST_F(TWindowEditing, ASecondClickEditsTheRemoteNameAndEnterKeepsIt) {
   combo->lineEdit()->selectAll();
   QTest::keyClicks(combo, "tides.dat");
   QTest::keyClick(combo, Qt::Key_Return);
+  Settle();
   EXPECT_EQ(Cell(cell.row(), RemoteName), "tides.dat");
   const std::string entry = EntryOf(Saved(), "data\\levels.dat");
   EXPECT_NE(PlatformOf(entry, "Win64").find("<RemoteName>tides.dat<"), std::string::npos);
@@ -109,6 +110,7 @@ TEST_F(TWindowEditing, AnEditorThatIsLeftWithTheSameTextChangesNothing) {
   Click(Row("levels.dat", RemoteName));
   QTest::keyClick(&View(), Qt::Key_F2);
   QTest::keyClick(Editor<QComboBox>(), Qt::Key_Return);
+  Settle();
   EXPECT_FALSE(Project().HasChanges());
 }
 
@@ -119,6 +121,7 @@ TEST_F(TWindowEditing, RemotePathsThatWereEnteredAreOfferedAgain) {
   Editor<QComboBox>()->lineEdit()->selectAll();
   QTest::keyClicks(Editor<QComboBox>(), "tables\\");
   QTest::keyClick(Editor<QComboBox>(), Qt::Key_Return);
+  Settle();
   EXPECT_EQ(Cell(Row("levels.dat").row(), RemotePath), "tables\\");
   Settle();
   Click(Row("stations.json", RemotePath));
@@ -136,6 +139,7 @@ TEST_F(TWindowEditing, OverwriteIsChosenFromAlwaysAndNever) {
   EXPECT_EQ(combo->itemText(1), "Never");
   QTest::keyClick(combo, Qt::Key_Down);
   QTest::keyClick(combo, Qt::Key_Return);
+  Settle();
   EXPECT_EQ(Cell(Row("levels.dat").row(), Overwrite), "Never");
   EXPECT_NE(PlatformOf(EntryOf(Saved(), "data\\levels.dat"), "Win64").find("Overwrite>false"),
             std::string::npos);
