@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <algorithm>
 #include <utility>
 
 namespace workbench {
@@ -32,6 +33,14 @@ void TTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->setPen(option.palette.color(QPalette::Midlight));
   painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
   painter->restore();
+}
+
+// Air above and below the text, so that rows of small fonts are hit with ease.
+QSize TTreeDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  constexpr int Air = 6;
+  QSize size = QStyledItemDelegate::sizeHint(option, index);
+  size.setHeight(std::max(size.height(), option.fontMetrics.height() + Air));
+  return size;
 }
 
 // A line break in a name must not make its row show half of it.

@@ -3,6 +3,7 @@
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/dialogs/error_text.h"
 #include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/project/project_settings.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -24,6 +25,13 @@ fs::path Canonical(const fs::path& file) {
 
 QString NameOf(const TOpenProject& project) {
   return PathToQString(project.GivenFileName().filename());
+}
+
+// A view begins without a configuration, and would deploy the files of all configurations alone.
+void ChooseActiveTarget(const TOpenProject& project, TFormControls& controls) {
+  if (controls.TargetsComboBox())
+    controls.TargetsComboBox()->Choose(project.Settings().ActiveConfiguration(),
+                                       project.Settings().ActivePlatform());
 }
 
 struct TBusyCursor {
@@ -115,6 +123,7 @@ bool TProjectTabs::Show(TOpenProject& project, int index) {
     FSession.Close(project);
     return false;
   }
+  ChooseActiveTarget(project, *controls);
   FProjects.push_back({&project, controls, std::make_unique<TProjectEdits>(project)});
   const int shown = FTabs.IndexOf(*controls);
   if (index >= 0 && index != shown)
