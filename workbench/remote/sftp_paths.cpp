@@ -30,7 +30,7 @@ std::string NameOf(const TSftpReply& reply) {
   TSftpParser content = reply.Content;
   if (content.Number() != 1)
     return {};
-  const std::string name(content.Text());
+  std::string name(content.Text());
   if (!name.starts_with('/') || (name + "/").find("/../") != std::string::npos ||
       name.find('\0') != std::string::npos)
     return {};
