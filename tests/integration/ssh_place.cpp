@@ -113,9 +113,11 @@ bool TSshPlace::WaitForUnfinished() const {
 }
 
 void TSshPlace::HoldTransferAfter(std::size_t bytes) {
-  FServer.SetTransfer("(dd bs=64k iflag=count_bytes status=none count=" + std::to_string(bytes) +
-                      "\nwhile [ ! -e '" + Path("go").string() +
-                      "' ]; do sleep 0.02; done\nexec cat) | /usr/lib/openssh/sftp-server");
+  // It ends with the workplace, too.
+  FServer.SetTransfer("cd '" + Directory().string() +
+                      "'\n(dd bs=64k iflag=count_bytes status=none count=" + std::to_string(bytes) +
+                      "\nwhile [ ! -e go ] && [ -e demo.vproj ]; do sleep 0.02; done\n"
+                      "exec cat) | /usr/lib/openssh/sftp-server");
 }
 
 std::string RemoteEntry(const std::string& name, const std::string& record) {

@@ -72,7 +72,7 @@ std::string ReadWhole(const std::filesystem::path& file) {
 std::string Hashed(const TKeyText& key) {
   const TScratchDirectory scratch;
   const auto file = WriteScratch(scratch, TextOf(key));
-  const std::string text =
+  std::string text =
       RunSshTool({"ssh-keygen", "-H", "-f", file.string()}) ? ReadWhole(file) : std::string();
   if (!ParseKeyText(text.substr(0, text.find('\n'))))
     throw TConnectionError("the host key cannot be kept: ssh-keygen did not hash it");

@@ -31,7 +31,7 @@ std::filesystem::path OwnDirectory(const std::filesystem::path& path) {
 
 std::filesystem::path PrivateDirectory() {
   if (const char* runtime = std::getenv("XDG_RUNTIME_DIR"); runtime && *runtime == '/') {
-    const auto path = std::filesystem::path(runtime) / DirectoryName;
+    auto path = std::filesystem::path(runtime) / DirectoryName;
     // The SSH client reads blanks and "%" in the path of a socket as something else.
     if (path.native().size() <= LongestDirectory &&
         path.native().find_first_of(" \t%\"'\\$") == std::string::npos &&
