@@ -13,23 +13,105 @@ using deployment::TDeployOperation;
 // Stands for a text that is no UTF-8: its bytes as numbers.
 constexpr const char* BytesName = "bytes";
 
-void PutText(TJsonValue& json, const char* name, const std::string& text) {
-  if (!text.empty())
-    json[name] = TextToJson(text);
+void AppendEscaped(std::string& json, char c) {
+  constexpr std::string_view Digits = "0123456789abcdef";
+  const auto byte = static_cast<unsigned char>(c);
+  if (c == '"' || c == '\\') {
+    json += '\\';
+    json += c;
+  } else if (byte < 0x20U) {
+    json += "\\u00";
+    json += Digits[byte >> 4U];
+    json += Digits[byte & 0xfU];
+  } else {
+    json += c;
+  }
+}
+
+void AppendBytes(std::string& json, std::string_view bytes) {
+  json.append("{\"").append(BytesName).append("\":[");
+  for (std::size_t i = 0; i < bytes.size(); ++i)
+    json.append(i > 0 ? "," : "").append(std::to_string(static_cast<unsigned char>(bytes[i])));
+  json += "]}";
+}
+
+// Writes one object, member by member.
+class TObjectWriter {
+public:
+  explicit TObjectWriter(std::string& json) : FJson(json) { FJson += '{'; }
+  TObjectWriter(const TObjectWriter&) = delete;
+  TObjectWriter& operator=(const TObjectWriter&) = delete;
+  ~TObjectWriter() { FJson += '}'; }
+
+  // The value is to be appended next.
+  std::string& Member(std::string_view name) {
+    if (!FIsEmpty)
+      FJson += ',';
+    FIsEmpty = false;
+    return FJson.append("\"").append(name).append("\":");
+  }
+  void Text(std::string_view name, const std::string& text) { AppendJsonText(Member(name), text); }
+  void TextUnlessEmpty(std::string_view name, const std::string& text) {
+    if (!text.empty())
+      Text(name, text);
+  }
+  template <class TItem, class TAppend>
+  void List(std::string_view name, const std::vector<TItem>& items, TAppend append) {
+    Member(name) += '[';
+    for (std::size_t i = 0; i < items.size(); ++i) {
+      if (i > 0)
+        FJson += ',';
+      append(FJson, items[i]);
+    }
+    FJson += ']';
+  }
+  void TextsUnlessEmpty(std::string_view name, const TCommandList& texts) {
+    if (!texts.empty())
+      List(name, texts, AppendJsonText);
+  }
+
+private:
+  std::string& FJson;
+  bool FIsEmpty = true;
+};
+
+void WriteBase(TObjectWriter& object, const TPlatformRecord& record) {
+  object.Text("name", record.Platform);
+  object.TextUnlessEmpty("remoteDir", record.RemoteDir);
+  if (record.Operation != TDeployOperation::Default)
+    object.Member("operation") += std::to_string(static_cast<int>(record.Operation));
+  object.TextsUnlessEmpty("localCommands", record.LocalCommands);
+  object.TextsUnlessEmpty("remoteCommands", record.RemoteCommands);
+}
+
+void AppendPlatform(std::string& json, const TFilePlatformRecord& record) {
+  TObjectWriter object(json);
+  WriteBase(object, record);
+  object.TextUnlessEmpty("remoteName", record.RemoteName);
+  if (!record.Enabled)
+    object.Member("enabled") += "false";
+  if (!record.Overwrite)
+    object.Member("overwrite") += "false";
+}
+
+void AppendPlatform(std::string& json, const TClassPlatformRecord& record) {
+  TObjectWriter object(json);
+  WriteBase(object, record);
+  object.TextUnlessEmpty("extensions", record.Extensions);
+}
+
+template <class TRecord>
+void WriteItem(TObjectWriter& object, const TRecord& record) {
+  object.TextUnlessEmpty("condition", record.Condition);
+  if (record.Required)
+    object.Member("required") += "true";
+  object.List("platforms", record.Platforms,
+              [](std::string& json, const auto& platform) { AppendPlatform(json, platform); });
 }
 
 std::string GetText(const TJsonValue& json, const char* name) {
   const auto found = json.find(name);
   return found == json.end() ? std::string() : TextFromJson(*found);
-}
-
-void PutTexts(TJsonValue& json, const char* name, const TCommandList& texts) {
-  if (texts.empty())
-    return;
-  TJsonValue list = TJsonValue::array();
-  for (const std::string& text : texts)
-    list.push_back(TextToJson(text));
-  json[name] = std::move(list);
 }
 
 TCommandList GetTexts(const TJsonValue& json, const char* name) {
@@ -43,17 +125,6 @@ TCommandList GetTexts(const TJsonValue& json, const char* name) {
   return texts;
 }
 
-TJsonValue BaseToJson(const TPlatformRecord& record) {
-  TJsonValue json = TJsonValue::object();
-  json["name"] = TextToJson(record.Platform);
-  PutText(json, "remoteDir", record.RemoteDir);
-  if (record.Operation != TDeployOperation::Default)
-    json["operation"] = static_cast<int>(record.Operation);
-  PutTexts(json, "localCommands", record.LocalCommands);
-  PutTexts(json, "remoteCommands", record.RemoteCommands);
-  return json;
-}
-
 void ReadBase(const TJsonValue& json, TPlatformRecord& record) {
   record.Platform = TextFromJson(json.at("name"));
   record.RemoteDir = GetText(json, "remoteDir");
@@ -65,16 +136,6 @@ void ReadBase(const TJsonValue& json, TPlatformRecord& record) {
   record.RemoteCommands = GetTexts(json, "remoteCommands");
 }
 
-TJsonValue PlatformToJson(const TFilePlatformRecord& record) {
-  TJsonValue json = BaseToJson(record);
-  PutText(json, "remoteName", record.RemoteName);
-  if (!record.Enabled)
-    json["enabled"] = false;
-  if (!record.Overwrite)
-    json["overwrite"] = false;
-  return json;
-}
-
 void ReadPlatform(const TJsonValue& json, TFilePlatformRecord& record) {
   ReadBase(json, record);
   record.RemoteName = GetText(json, "remoteName");
@@ -82,26 +143,9 @@ void ReadPlatform(const TJsonValue& json, TFilePlatformRecord& record) {
   record.Overwrite = json.value("overwrite", true);
 }
 
-TJsonValue PlatformToJson(const TClassPlatformRecord& record) {
-  TJsonValue json = BaseToJson(record);
-  PutText(json, "extensions", record.Extensions);
-  return json;
-}
-
 void ReadPlatform(const TJsonValue& json, TClassPlatformRecord& record) {
   ReadBase(json, record);
   record.Extensions = GetText(json, "extensions");
-}
-
-template <class TRecord>
-void PutItem(TJsonValue& json, const TRecord& record) {
-  PutText(json, "condition", record.Condition);
-  if (record.Required)
-    json["required"] = true;
-  TJsonValue platforms = TJsonValue::array();
-  for (const auto& platform : record.Platforms)
-    platforms.push_back(PlatformToJson(platform));
-  json["platforms"] = std::move(platforms);
 }
 
 template <class TRecord>
@@ -116,15 +160,13 @@ void ReadItem(const TJsonValue& json, TRecord& record) {
 
 } // namespace
 
-TJsonValue TextToJson(const std::string& text) {
-  if (IsUtf8(text))
-    return text;
-  TJsonValue bytes = TJsonValue::array();
-  for (const char byte : text)
-    bytes.push_back(static_cast<unsigned char>(byte));
-  TJsonValue json = TJsonValue::object();
-  json[BytesName] = std::move(bytes);
-  return json;
+void AppendJsonText(std::string& json, std::string_view text) {
+  if (!IsUtf8(text))
+    return AppendBytes(json, text);
+  json += '"';
+  for (const char c : text)
+    AppendEscaped(json, c);
+  json += '"';
 }
 
 std::string TextFromJson(const TJsonValue& value) {
@@ -138,21 +180,20 @@ std::string TextFromJson(const TJsonValue& value) {
   return text;
 }
 
-TJsonValue RecordToJson(const TEntryRecord& record) {
-  TJsonValue json{{"localName", TextToJson(record.Names.LocalName)},
-                  {"configuration", TextToJson(record.Names.Configuration)},
-                  {"platform", TextToJson(record.Names.Platform)},
-                  {"class", TextToJson(record.Class)}};
-  PutItem(json, record);
-  return json;
+void AppendJson(std::string& json, const TEntryRecord& record) {
+  TObjectWriter object(json);
+  object.Text("localName", record.Names.LocalName);
+  object.Text("configuration", record.Names.Configuration);
+  object.Text("platform", record.Names.Platform);
+  object.Text("class", record.Class);
+  WriteItem(object, record);
 }
 
-TJsonValue RecordToJson(const TClassRecord& record) {
-  TJsonValue json = TJsonValue::object();
-  json["name"] = TextToJson(record.Id);
-  PutText(json, "description", record.Description);
-  PutItem(json, record);
-  return json;
+void AppendJson(std::string& json, const TClassRecord& record) {
+  TObjectWriter object(json);
+  object.Text("name", record.Id);
+  object.TextUnlessEmpty("description", record.Description);
+  WriteItem(object, record);
 }
 
 TEntryRecord EntryRecordFromJson(const TJsonValue& value) {

@@ -18,28 +18,42 @@ using deployment::TInputError;
 constexpr int FormatVersion = 1;
 constexpr std::size_t HashLength = 16;
 
-std::string Line(const TJsonValue& value) {
-  const std::string text = value.dump();
+std::string Line(const std::string& text) {
   return TextHash(text) + " " + text + "\n";
 }
 
-TJsonValue BaseToJson(const TFileBase& base) {
-  return {{"size", base.Size}, {"sha256", base.SHA256}};
+std::string BaseText(const TFileBase& base) {
+  return "\"base\":{\"size\":" + std::to_string(base.Size) + ",\"sha256\":\"" + base.SHA256 + "\"}";
 }
 
 TFileBase BaseFromJson(const TJsonValue& value) {
   return {value.at("size").get<std::uint64_t>(), value.at("sha256").get<std::string>()};
 }
 
-TJsonValue DifferenceToJson(const TEntryDifference& difference) {
-  TJsonValue json = TJsonValue::object();
-  if (difference.Before)
-    json["before"] = RecordToJson(*difference.Before);
+void AppendDifference(std::string& json, const TEntryDifference& difference) {
+  // Every difference has a state on one side at least.
+  std::string_view separator = "{";
+  if (difference.Before) {
+    AppendJson(json.append(separator).append("\"before\":"), *difference.Before);
+    separator = ",";
+  }
   if (difference.After)
-    json["after"] = RecordToJson(*difference.After);
+    AppendJson(json.append(separator).append("\"after\":"), *difference.After);
   if (difference.Position)
-    json["position"] = *difference.Position;
-  return json;
+    json.append(",\"position\":").append(std::to_string(*difference.Position));
+  json += '}';
+}
+
+template <class TItem, class TAppend>
+void AppendList(std::string& json, std::string_view name, const std::vector<TItem>& items,
+                TAppend append) {
+  json.append(",\"").append(name).append("\":[");
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (i > 0)
+      json += ',';
+    append(json, items[i]);
+  }
+  json += ']';
 }
 
 TEntryDifference DifferenceFromJson(const TJsonValue& value) {
@@ -137,31 +151,23 @@ TFileBase BaseOf(const std::filesystem::path& file) {
 }
 
 std::string HeadLine(const std::filesystem::path& project, const TFileBase& base) {
-  return Line({{"journal", FormatVersion},
-               {"project", TextToJson(project.string())},
-               {"base", BaseToJson(base)}});
+  std::string json = "{\"journal\":" + std::to_string(FormatVersion) + ",\"project\":";
+  AppendJsonText(json, project.native());
+  return Line(json + "," + BaseText(base) + "}");
 }
 
 std::string BaseLine(const TFileBase& base) {
-  TJsonValue json = TJsonValue::object();
-  json["base"] = BaseToJson(base);
-  return Line(json);
+  return Line("{" + BaseText(base) + "}");
 }
 
 std::string StepLine(const TListChange& change) {
-  TJsonValue entries = TJsonValue::array();
-  for (const TEntryDifference& difference : change.Entries)
-    entries.push_back(DifferenceToJson(difference));
-  TJsonValue json = TJsonValue::object();
-  json["step"] = TextToJson(change.Name);
-  json["entries"] = std::move(entries);
-  if (change.Classes) {
-    TJsonValue classes = TJsonValue::array();
-    for (const TClassRecord& record : *change.Classes)
-      classes.push_back(RecordToJson(record));
-    json["classes"] = std::move(classes);
-  }
-  return Line(json);
+  std::string json = "{\"step\":";
+  AppendJsonText(json, change.Name);
+  AppendList(json, "entries", change.Entries, AppendDifference);
+  if (change.Classes)
+    AppendList(json, "classes", *change.Classes,
+               [](std::string& text, const TClassRecord& record) { AppendJson(text, record); });
+  return Line(json + "}");
 }
 
 TJournalContent ParseJournal(std::string_view text, const std::filesystem::path& file) {
