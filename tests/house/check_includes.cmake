@@ -17,9 +17,17 @@ set(may_see_workbench/text ${foundation})
 set(may_see_workbench/remote ${foundation} workbench/files workbench/platforms workbench/text)
 set(may_see_workbench ${foundation} workbench/files workbench/platforms workbench/remote
     workbench/text)
+set(below_desktop ${foundation} workbench workbench/files workbench/platforms workbench/remote
+    workbench/text)
+set(may_see_workbench/desktop/dialogs ${below_desktop})
+set(may_see_workbench/desktop/controls ${below_desktop} workbench/desktop/dialogs)
+set(may_see_workbench/desktop/window ${below_desktop} workbench/desktop/dialogs
+    workbench/desktop/controls)
+set(may_see_workbench/desktop ${may_see_workbench/desktop/window} workbench/desktop/window)
 set(floors package/common package/host/api package/featured package/reconcile package/model
     package/view package/host workbench workbench/files workbench/platforms workbench/remote
-    workbench/text)
+    workbench/text workbench/desktop workbench/desktop/dialogs workbench/desktop/controls
+    workbench/desktop/window)
 
 function(floor_of path result)
   set(best "")

@@ -242,11 +242,12 @@ void TMainWindow::ShowState() {
   for (QAction* action : FProjectActions)
     action->setEnabled(project != nullptr);
   FDeployment->setEnabled(project != nullptr);
-  setWindowModified(project && project->HasChanges());
   setWindowTitle(project ? QStringLiteral("%1[*] – %2")
                                .arg(PathToQString(project->GivenFileName().filename()),
                                     QApplication::applicationName())
                          : QApplication::applicationName());
+  if (project)
+    setWindowModified(project->HasChanges());
   FCounts->clear();
   if (controls && controls->Tree()) {
     const int selected = static_cast<int>(controls->Tree()->SelectedCount());

@@ -7,14 +7,18 @@
 
 namespace workbench {
 
-// Those of the toolkit first: the later one is asked first.
+// The one that is installed last is asked first. English has a file too, for its plurals.
 void InstallTranslations(QApplication& application) {
-  auto* toolkit = new QTranslator(&application);
-  if (toolkit->load(QLocale(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QApplication::installTranslator(toolkit);
-  auto* own = new QTranslator(&application);
-  if (own->load(QLocale(), "deployment_manager", "_", ":/translations"))
-    QApplication::installTranslator(own);
+  const QString directory = QStringLiteral(":/translations");
+  const auto install = [&application](const QLocale& locale, const QString& name,
+                                      const QString& place) {
+    auto* translator = new QTranslator(&application);
+    if (translator->load(locale, name, QStringLiteral("_"), place))
+      QApplication::installTranslator(translator);
+  };
+  install(QLocale(QLocale::English), QStringLiteral("deployment_manager"), directory);
+  install(QLocale(), QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+  install(QLocale(), QStringLiteral("deployment_manager"), directory);
 }
 
 } // namespace workbench

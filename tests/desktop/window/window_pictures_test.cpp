@@ -1,0 +1,139 @@
+// Paints the window in light and in dark colours. WINDOW_PICTURES=DIRECTORY keeps the pictures, for
+// documents and for people to look at.
+#include "tests/desktop/window/window_fixture.h"
+#include "workbench/desktop/dialogs/deploy_panel.h"
+#include "workbench/desktop/window/appearance.h"
+#include "workbench/desktop/window/connection_questions.h"
+#include "workbench/desktop/window/recovery_question.h"
+
+#include <QImage>
+#include <QLabel>
+#include <QPushButton>
+#include <set>
+
+namespace workbench {
+namespace {
+
+using testing::Child;
+using testing::OnNextDialog;
+
+class TWindowPictures : public testing::TWindowTest,
+                        public ::testing::WithParamInterface<TAppearance> {
+protected:
+  void SetUp() override {
+    TWindowTest::SetUp();
+    SetAppearance(GetParam());
+    std::filesystem::copy(std::filesystem::current_path() / "examples" / "sky-chart", FRoot / "sky",
+                          std::filesystem::copy_options::recursive);
+  }
+  // A picture with rows and text has more than a handful of colours.
+  static void Keep(QWidget& widget, const QString& name) {
+    const QImage image = widget.grab().toImage();
+    std::set<QRgb> colours;
+    for (int y = 0; y < image.height(); y += 2) {
+      for (int x = 0; x < image.width(); x += 2)
+        colours.insert(image.pixel(x, y));
+    }
+    EXPECT_GT(colours.size(), 30U) << name.toStdString();
+    const bool isDark = GetParam() == TAppearance::Dark;
+    const QColor corner = image.pixelColor(2, image.height() - 3);
+    EXPECT_EQ(corner.lightness() < 128, isDark) << name.toStdString();
+    const QString directory = qEnvironmentVariable("WINDOW_PICTURES");
+    if (!directory.isEmpty())
+      image.save(directory + "/" + name + (isDark ? "-dark.png" : ".png"));
+  }
+  static void KeepNextDialog(const QString& name) {
+    OnNextDialog([name](QDialog& dialog) { Keep(dialog, name); });
+  }
+};
+
+TEST_P(TWindowPictures, OfTheWelcome) {
+  Window().resize(900, 420);
+  Keep(Window(), "welcome");
+}
+
+TEST_P(TWindowPictures, OfAnExampleForAndroid) {
+  Window().resize(1180, 480);
+  ASSERT_TRUE(Window().Open(FRoot / "sky" / "SkyChart.vproj"));
+  ASSERT_TRUE(Window().Open(FProject));
+  Window().Tabs().setCurrentIndex(0);
+  Window().ChooseTarget("Debug", "Android");
+  Click(Row("classes.dex", RemoteStatus));
+  Settle();
+  Keep(Window(), "window");
+}
+
+TEST_P(TWindowPictures, OfStatesOnATarget) {
+  std::filesystem::create_directory(FRoot / "target");
+  Host().RemoteProfiles().AddProfile(
+      {.Name = "lab-pc", .Platform = "Win64", .Path = (FRoot / "target").string()});
+  Window().resize(1180, 420);
+  OpenExample();
+  Project().AssignProfile("Win64", "lab-pc", false);
+  PressButton("tbDeploy");
+  std::filesystem::remove(FRoot / "target" / "TideLogger" / "TideTables.de");
+  std::filesystem::last_write_time(FRoot / "tide" / "data" / "levels.dat",
+                                   std::filesystem::file_time_type::clock::now());
+  Window().Panel().close();
+  PressButton("tbConnect");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Cell(0, RemoteStatus) == "Same"; }, 10000));
+  Keep(Window(), "connected");
+}
+
+TEST_P(TWindowPictures, OfADeployThatRuns) {
+  std::filesystem::create_directory(FRoot / "target");
+  Host().RemoteProfiles().AddProfile(
+      {.Name = "lab-pc", .Platform = "Win64", .Path = (FRoot / "target").string()});
+  OpenExample();
+  Window().resize(1180, 700);
+  Project().AssignProfile("Win64", "lab-pc", false);
+  for (int i = 0; i < 200; ++i) {
+    const std::string name = "chart" + std::to_string(i) + ".bin";
+    Write(FRoot / "tide" / "data" / name, std::string(1 << 20, 'x'));
+    const auto file = Project().Deployment().AddFile("Debug", "Win64", "data\\" + name);
+    file->SetEnabled("Win64", true);
+    file->SetDeploymentClass("File");
+  }
+  QTimer probe;
+  bool isKept = false;
+  QObject::connect(&probe, &QTimer::timeout, &probe, [&] {
+    if (isKept || !Window().Panel().IsRunning() ||
+        Child<QLabel>(Window().Panel(), "status").text().isEmpty())
+      return;
+    isKept = true;
+    Keep(Window(), "deploying");
+    testing::FindButton(Window().Panel(), "Cancel")->click();
+  });
+  probe.start(5);
+  PressButton("tbDeploy");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 30000));
+}
+
+TEST_P(TWindowPictures, OfMessages) {
+  Write(FRoot / "broken.vproj", "<Project>\n<PropertyGroup>\n</Project>\n");
+  KeepNextDialog("error");
+  EXPECT_FALSE(Window().Open(FRoot / "broken.vproj"));
+  KeepNextDialog("recovery");
+  AskRecovery({.Journal = {},
+               .Project = "/home/eva/sky-chart/SkyChart.vproj",
+               .When = std::chrono::system_clock::now(),
+               .ChangedEntries = 3,
+               .State = TProjectState::Changed},
+              &Window());
+  KeepNextDialog("host-key");
+  TConnectionQuestions questions(Window());
+  EXPECT_FALSE(questions.AcceptsHostKey(
+      {"lab.example", "ED25519", "SHA256:kBdUW+4A6Lw3TmTSwlX9hzYPOXp5wt7sSr0ZvcKp8oM"}));
+  KeepNextDialog("log-in");
+  EXPECT_EQ(questions.TellSecret("Enter passphrase for key '/home/eva/.ssh/id_ed25519': ", nullptr),
+            std::nullopt);
+}
+
+INSTANTIATE_TEST_SUITE_P(Colours, TWindowPictures,
+                         ::testing::Values(TAppearance::Light, TAppearance::Dark),
+                         [](const auto& info) {
+                           return info.param == TAppearance::Dark ? "Dark" : "Light";
+                         });
+
+} // namespace
+} // namespace workbench
