@@ -171,8 +171,8 @@ deploy_many() { milliseconds "$bin/deploymgr" deploy many/many.vproj --quiet; }
 deploy_big() { milliseconds "$bin/deploymgr" deploy big/big.vproj --quiet; }
 deploy_some() { milliseconds "$bin/deploymgr" deploy some/some.vproj --quiet; }
 deploy_medium() { milliseconds "$bin/deploymgr" deploy medium/medium.vproj --quiet; }
-status_many() { milliseconds "$bin/deploymgr" status many/many.vproj --json; }
-status_some() { milliseconds "$bin/deploymgr" status some/some.vproj --json; }
+status_many() { milliseconds "$bin/deploymgr" status many/many.vproj; }
+status_some() { milliseconds "$bin/deploymgr" status some/some.vproj; }
 deploy_open() { over_open deploy; }
 status_open() { over_open status; }
 rsync_to() { # HOST FILES OPTIONS...

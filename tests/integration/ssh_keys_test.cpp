@@ -1,5 +1,9 @@
 #include "tests/integration/ssh_place.h"
 
+#include <csignal>
+#include <sys/wait.h>
+#include <thread>
+
 namespace integration {
 namespace {
 
@@ -97,6 +101,25 @@ TEST(SshHostKey, IsNotKeptWhenThePersonSaysNo) {
   EXPECT_EQ(run.Status, 5);
   EXPECT_NE(run.Errors.find("it was not accepted"), std::string::npos) << run.Errors;
   EXPECT_FALSE(std::filesystem::exists(place.Server().KnownHosts()));
+}
+
+TEST(SshHostKey, IsNoMoreAskedForAfterAnInterrupt) {
+  NEEDS_SSH_SERVER();
+  for (const char* command : {"deploy", "status"}) {
+    TSshPlace place(RemoteEntry("a.dat"));
+    place.Write("a.dat", "a");
+    const TRun run = place.RunAtTerminal({command, "demo.vproj"}, [](const TQuestion& question) {
+      ::kill(question.Process, SIGINT);
+      siginfo_t end = {};
+      for (int i = 0; i < 1000 && end.si_pid == 0; ++i) {
+        ::waitid(P_PID, static_cast<id_t>(question.Process), &end, WEXITED | WNOWAIT | WNOHANG);
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      }
+      return "y";
+    });
+    EXPECT_EQ(run.Status, 128 + SIGINT) << command << run.Errors;
+    EXPECT_FALSE(std::filesystem::exists(place.Server().KnownHosts()));
+  }
 }
 
 TEST(SshHostKey, IsAlwaysRefusedWhenItHasChanged) {

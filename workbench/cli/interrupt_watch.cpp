@@ -1,5 +1,7 @@
 #include "workbench/cli/interrupt_watch.h"
 
+#include "workbench/cli/output.h"
+
 #include <array>
 #include <initializer_list>
 #include <poll.h>
@@ -49,7 +51,7 @@ void TInterruptWatch::Watch() {
     if (waiting[0].revents == 0 || ::read(FSignals.Get(), &info, sizeof info) != sizeof info)
       continue;
     const int signal = static_cast<int>(info.ssi_signo);
-    if (FFlag.exchange(signal) != 0)
+    if (FFlag.exchange(signal) != 0 || TOutput::IsAsking())
       ::_exit(128 + signal);
   }
 }

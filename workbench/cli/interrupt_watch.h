@@ -10,7 +10,8 @@
 namespace workbench {
 
 /// While it lives, SIGINT, SIGTERM and SIGHUP end nothing; the first one's number is stored in the
-/// flag, a second one ends the program at once. Made before other threads are, which inherit it.
+/// flag; a second one, or one at a question, ends the program at once. Made before other threads
+/// are, which inherit it.
 class TInterruptWatch {
 public:
   explicit TInterruptWatch(std::atomic<int>& flag);

@@ -2,6 +2,7 @@
 
 #include "package/common/case_fold.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <iostream>
 #include <unistd.h>
@@ -10,6 +11,17 @@ namespace workbench {
 namespace {
 
 constexpr std::string_view ProgramName = "deploymgr";
+
+std::atomic<bool> IsPersonAsked = false;
+
+// Stands while the answer is waited for.
+class TAsking {
+public:
+  TAsking() { IsPersonAsked = true; }
+  ~TAsking() { IsPersonAsked = false; }
+  TAsking(const TAsking&) = delete;
+  TAsking& operator=(const TAsking&) = delete;
+};
 
 bool WantsNoColor() {
   const char* variable = std::getenv("NO_COLOR");
@@ -36,9 +48,14 @@ bool TOutput::CanAsk() const {
   return !FQuiet && ::isatty(STDIN_FILENO) == 1;
 }
 
+bool TOutput::IsAsking() {
+  return IsPersonAsked;
+}
+
 TAnswer TOutput::Ask(const std::string& question, bool several) const {
   if (!CanAsk())
     return TAnswer::None;
+  const TAsking asking;
   std::cerr << Visible(question) << (several ? " [y/N/a] " : " [y/N] ") << std::flush;
   std::string answer;
   if (!std::getline(std::cin, answer))

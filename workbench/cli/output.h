@@ -47,6 +47,9 @@ public:
   bool CanAsk() const;
   /// Asks a question; `several` offers an answer for this and all further ones.
   TAnswer Ask(const std::string& question, bool several) const;
+  /// True while a person is asked. Questions come before the work, so that an interrupt may end the
+  /// program then.
+  static bool IsAsking();
 
   /// One line of the result, as it is; left out with --json and --quiet.
   void Line(std::string_view text);
