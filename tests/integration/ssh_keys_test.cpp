@@ -169,6 +169,18 @@ TEST(SshPassphrase, IsRefusedWhenItIsWrong) {
   EXPECT_FALSE(std::filesystem::exists(place.Path("target")));
 }
 
+TEST(SshPassphrase, IsGivenUpWithCtrlC) {
+  NEEDS_SSH_SERVER();
+  for (const char* command : {"deploy", "status"}) {
+    const TLockedPlace place;
+    TOwner owner("ope\x03");
+    const TRun run = place.RunAtTerminal({command, "demo.vproj"}, std::ref(owner));
+    EXPECT_EQ(run.Status, 128 + SIGINT) << command << run.Errors;
+    EXPECT_EQ(owner.Asked, 1);
+    EXPECT_FALSE(std::filesystem::exists(place.Path("target")));
+  }
+}
+
 TEST(SshPassphrase, IsNotWaitedForWhereNobodyCanBeAsked) {
   NEEDS_SSH_SERVER();
   const TLockedPlace place;

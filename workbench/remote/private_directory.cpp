@@ -2,7 +2,10 @@
 
 #include "workbench/files/file_descriptor.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -15,6 +18,7 @@ namespace {
 
 constexpr std::size_t LongestDirectory = 60; // of the 107 bytes that the path of a socket may have
 constexpr const char* DirectoryName = "deployment-manager";
+constexpr char ScratchMark = '-';
 
 // A directory of the user alone; empty when it cannot be had.
 std::filesystem::path OwnDirectory(const std::filesystem::path& path) {
@@ -25,6 +29,20 @@ std::filesystem::path OwnDirectory(const std::filesystem::path& path) {
       status.st_uid != ::geteuid() || (status.st_mode & 077) != 0)
     return {};
   return path;
+}
+
+// Whatever a program could not remove that was killed. Names begin with the number of the process.
+void RemoveAbandoned(const std::filesystem::path& directory) {
+  std::error_code ignored;
+  for (const auto& entry : std::filesystem::directory_iterator(directory, ignored)) {
+    const std::string name = entry.path().filename().string();
+    const std::size_t end = name.find(ScratchMark);
+    pid_t process = 0;
+    const char* last = name.data() + std::min(end, name.size());
+    if (end != std::string::npos && std::from_chars(name.data(), last, process).ptr == last &&
+        process > 0 && ::kill(process, 0) != 0 && errno == ESRCH)
+      std::filesystem::remove_all(entry.path(), ignored);
+  }
 }
 
 } // namespace
@@ -59,7 +77,9 @@ std::string RandomDigits(unsigned words) {
 }
 
 TScratchDirectory::TScratchDirectory() {
-  std::string name = (PrivateDirectory() / "XXXXXX").string();
+  const std::filesystem::path directory = PrivateDirectory();
+  RemoveAbandoned(directory);
+  std::string name = (directory / (std::to_string(::getpid()) + ScratchMark + "XXXXXX")).string();
   if (!::mkdtemp(name.data()))
     ThrowSystemError("making a private directory");
   FPath = name;

@@ -14,7 +14,8 @@ std::filesystem::path PrivateDirectory();
 /// Hexadecimal digits that nobody can guess, 16 for each word.
 std::string RandomDigits(unsigned words);
 
-/// A directory inside the private one that goes with the object.
+/// A directory inside the private one that goes with the object, or with the next one when the
+/// program is killed.
 class TScratchDirectory {
 public:
   /// Throws std::system_error.

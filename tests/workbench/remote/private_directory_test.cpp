@@ -73,6 +73,19 @@ TEST_F(PrivateDirectoryTest, HoldsScratchDirectoriesThatGo) {
   EXPECT_FALSE(std::filesystem::exists(path));
 }
 
+TEST_F(PrivateDirectoryTest, LosesScratchDirectoriesOfProcessesThatAreGone) {
+  const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
+  const auto stale = PrivateDirectory() / "999999999-abcdef"; // no process has that number
+  const auto foreign = PrivateDirectory() / "0123456789abcdef";
+  std::filesystem::create_directories(stale / "inside");
+  std::filesystem::create_directories(foreign);
+  const TScratchDirectory first;
+  const TScratchDirectory second;
+  EXPECT_FALSE(std::filesystem::exists(stale));
+  EXPECT_TRUE(std::filesystem::exists(foreign));
+  EXPECT_TRUE(std::filesystem::exists(first.Path()));
+}
+
 TEST(RandomDigits, AreOfTheLengthThatWasAskedForAndNeverTheSame) {
   EXPECT_EQ(RandomDigits(2).size(), 32U);
   EXPECT_EQ(RandomDigits(2).find_first_not_of("0123456789abcdef"), std::string::npos);
