@@ -16,6 +16,15 @@ namespace {
 
 using namespace workbench;
 
+class TDesk final : public IDeployDesk {
+public:
+  explicit TDesk(bool dryRun) { Run.Options.DryRun = dryRun; }
+  TDeployRun& Begin() override { return Run; }
+  void End(TDeployRun&) override {}
+
+  TDeployRun Run;
+};
+
 class TBench {
 public:
   explicit TBench(const char* project)
@@ -50,14 +59,14 @@ private:
     FServices.EndRemoteQueries(*FProfile);
   }
   TDeployReport Deploy(bool dryRun) {
-    TDeployRun run;
-    run.Options.DryRun = dryRun;
-    FServices.SetDeployRun(&run);
+    TDesk desk(dryRun);
+    FServices.SetDeployDesk(&desk);
     FServices.Deploy(FProject, FPlatform, FConfiguration, /*final=*/true);
-    FServices.SetDeployRun(nullptr);
-    if (run.Report.End != TDeployEnd::Done)
-      throw std::runtime_error("the deploy failed: " + run.Report.Message);
-    return std::move(run.Report);
+    FServices.SetDeployDesk(nullptr);
+    TDeployReport& report = desk.Run.Report;
+    if (report.End != TDeployEnd::Done)
+      throw std::runtime_error("the deploy failed: " + report.Message);
+    return std::move(report);
   }
 
   TSession FSession{TSessionOptions{}};
