@@ -34,7 +34,7 @@ lint: lint-dependencies
 	clang-format-14 --dry-run -Werror $(SOURCES)
 	cmake -S . -B $(BUILD)-lint -G "$(GENERATOR)" -DCMAKE_CXX_COMPILER=clang++-14 \
 		-DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=OFF
-	run-clang-tidy-14 -quiet -j $(JOBS) -p $(BUILD)-lint '/(package|workbench)/'
+	run-clang-tidy-14 -quiet -j $(JOBS) -p $(BUILD)-lint '^$(CURDIR)/(package|workbench)/'
 
 dependencies:
 	@tools/install_dependencies.sh build

@@ -181,8 +181,6 @@ void TSftpChannel::Write() {
       FHasEnded = true;
     else if (errno != EAGAIN && errno != EINTR)
       Fail("the connection was lost: " + SystemReason(errno));
-    if (FHasEnded && FPendingCount == 0)
-      Fail("the connection was lost");
     return;
   }
   FOut.Drop(static_cast<std::size_t>(count));

@@ -18,7 +18,6 @@ namespace {
 
 using deployment::TInputError;
 
-constexpr std::uint64_t MaximumJournalSize = 1024ULL * 1024 * 1024;
 constexpr std::string_view JournalKind = "recovery journal";
 
 // The journal, locked; nothing when a program that runs holds it.

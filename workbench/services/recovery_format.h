@@ -16,6 +16,8 @@ namespace workbench {
 std::filesystem::path RecoveryDirectory();
 /// What the name of a journal that is whole ends in.
 inline constexpr std::string_view JournalEnding = ".journal";
+/// Largest journal that is read, and so the largest one that is written: 1 GiB.
+inline constexpr std::uint64_t MaximumJournalSize = 1024ULL * 1024 * 1024;
 
 /// The content of a project file that edits start from.
 struct TFileBase {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <exception>
 #include <fcntl.h>
+#include <stdexcept>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <utility>
@@ -36,8 +37,9 @@ void WriteAll(int file, std::string_view text) {
 
 } // namespace
 
-TRecoveryJournal::TRecoveryJournal(const std::filesystem::path& project)
-    : FProject(std::filesystem::absolute(project).lexically_normal()), FBase(BaseOf(FProject)) {}
+TRecoveryJournal::TRecoveryJournal(const std::filesystem::path& project, std::uint64_t limit)
+    : FProject(std::filesystem::absolute(project).lexically_normal()), FLimit(limit),
+      FBase(BaseOf(FProject)) {}
 
 template <class TAction>
 void TRecoveryJournal::Guarded(TAction action) noexcept {
@@ -109,6 +111,8 @@ void TRecoveryJournal::Write(const std::string& line) {
   struct stat before = {};
   if (::fstat(FJournal.Get(), &before) != 0)
     ThrowSystemError("looking at the file");
+  if (static_cast<std::uint64_t>(before.st_size) + line.size() > FLimit)
+    throw std::runtime_error("it would be too large; a save starts a new one");
   try {
     WriteAll(FJournal.Get(), line);
   } catch (const std::system_error&) {

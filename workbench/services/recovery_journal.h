@@ -4,6 +4,7 @@
 #include "workbench/files/file_descriptor.h"
 #include "workbench/services/recovery_format.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -18,8 +19,9 @@ namespace workbench {
 /// Trouble says what the user should know.
 class TRecoveryJournal {
 public:
-  /// The edits start from what the file holds now.
-  explicit TRecoveryJournal(const std::filesystem::path& project);
+  /// The edits start from what the file holds now. The journal gets no larger than `limit` bytes.
+  explicit TRecoveryJournal(const std::filesystem::path& project,
+                            std::uint64_t limit = MaximumJournalSize);
 
   /// Adds what was done to the list; see TEditHistory::SetOnStep.
   void Append(const TListChange& change) noexcept;
@@ -42,6 +44,7 @@ private:
   void Guarded(TAction action) noexcept;
 
   const std::filesystem::path FProject;
+  const std::uint64_t FLimit;
   TFileBase FBase;
   std::filesystem::path FFile;
   TFileDescriptor FJournal;

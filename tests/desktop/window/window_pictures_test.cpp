@@ -58,8 +58,11 @@ TEST_P(TWindowPictures, OfAnExampleForAndroid) {
   ASSERT_TRUE(Window().Open(FProject));
   Window().Tabs().setCurrentIndex(0);
   Window().ChooseTarget("Debug", "Android");
-  Click(Row("classes.dex", RemoteStatus));
   Settle();
+  Click(Row("classes.dex", RemoteStatus));
+  EXPECT_EQ(View().selectionModel()->selectedRows().size(), 1);
+  Settle();
+  EXPECT_EQ(View().selectionModel()->selectedRows().size(), 1);
   Keep(Window(), "window");
 }
 
@@ -131,8 +134,8 @@ TEST_P(TWindowPictures, OfMessages) {
 
 INSTANTIATE_TEST_SUITE_P(Colours, TWindowPictures,
                          ::testing::Values(TAppearance::Light, TAppearance::Dark),
-                         [](const auto& info) {
-                           return info.param == TAppearance::Dark ? "Dark" : "Light";
+                         [](const auto& tested) {
+                           return tested.param == TAppearance::Dark ? "Dark" : "Light";
                          });
 
 } // namespace

@@ -160,6 +160,27 @@ TEST_F(RecoveryFiles, KeepsNamesThatAreNoText) {
   EXPECT_NE(File("caf\xe9.dat"), nullptr);
 }
 
+TEST_F(RecoveryFiles, GrowsNoLargerThanCanBeRead) {
+  Edit({"a"});
+  FJournal = std::make_unique<TRecoveryJournal>(FFile, 900);
+  FHistory->SetOnStep([this](const TListChange& change) { FJournal->Append(change); });
+  int steps = 0;
+  for (; FJournal->Trouble().empty() && steps < 100; ++steps) {
+    File("a")->SetRemoteDir("Win32", "directory" + std::to_string(steps));
+    FHistory->EndStep("Edit");
+  }
+  ASSERT_LT(steps, 100);
+  EXPECT_NE(FJournal->Trouble().find("(it would be too large; a save starts a new one)"),
+            std::string::npos)
+      << FJournal->Trouble();
+  EXPECT_LE(std::filesystem::file_size(FJournal->File()), 900U);
+  EndWithoutAWord();
+  const TRecoverable found = Only();
+  Reopen();
+  Recover(found, *FProject);
+  EXPECT_EQ(File("a")->GetRemoteDir("Win32"), "directory" + std::to_string(steps - 2));
+}
+
 TEST_F(RecoveryFiles, IsForTheUserAlone) {
   EditWithJournal({"a"});
   File("a")->SetEnabled("Win32", false);

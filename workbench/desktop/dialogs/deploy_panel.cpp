@@ -155,6 +155,7 @@ void TDeployPanel::End() {
 void TDeployPanel::Planned(const std::vector<TDeployRow>& rows) {
   const std::lock_guard lock(FMutex);
   FHeard.Planned = rows;
+  FHeard.PlannedAt = std::chrono::steady_clock::now();
 }
 
 void TDeployPanel::BytesSent(std::uint64_t count) {
@@ -183,7 +184,7 @@ void TDeployPanel::Flush() {
     std::uint64_t wanted = 0;
     for (const TDeployRow& row : *heard.Planned)
       wanted += row.Bytes;
-    FRate.Start(wanted, now);
+    FRate.Start(wanted, heard.PlannedAt);
     FModel.SetWaiting(*std::move(heard.Planned));
     FBar->setRange(0, BarSteps);
     if (FRun && FRun->Cancelled == 0)

@@ -7,6 +7,7 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <chrono>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -54,6 +55,7 @@ private:
   // What was heard and is not shown yet.
   struct THeard {
     std::optional<std::vector<TDeployRow>> Planned;
+    std::chrono::steady_clock::time_point PlannedAt;
     std::uint64_t Bytes = 0;
     std::vector<TDeployLogModel::TChange> Done;
     std::vector<std::string> Lines;

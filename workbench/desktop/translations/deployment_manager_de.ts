@@ -391,6 +391,10 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <source>Recovered Edits</source>
         <translation>Wiederhergestellte Änderungen</translation>
     </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeitung</translation>
+    </message>
 </context>
 <context>
     <name>TTargetsComboBox</name>
@@ -1192,10 +1196,6 @@ Nichts ist verloren: Die Änderungen sind noch hier. Räumen Sie aus dem Weg, wa
     <message>
         <source>%1 was changed by another program. Reload it?</source>
         <translation>%1 wurde von einem anderen Programm geändert. Neu laden?</translation>
-    </message>
-    <message>
-        <source>Edit</source>
-        <translation>Bearbeitung</translation>
     </message>
 </context>
 <context>

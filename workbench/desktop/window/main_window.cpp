@@ -235,6 +235,7 @@ void TMainWindow::ShowState() {
   if (FAside.IsBusy())
     return;
   FProjects->EndSteps();
+  ShowTrouble();
   Guarded([this] { FProjects->ShowModified(); });
   ShowUndo();
   const TOpenProject* project = CurrentProject();
@@ -261,6 +262,15 @@ void TMainWindow::ShowState() {
   FWarnings->setText(tr("%n warning(s)", nullptr, warnings));
 }
 
+// Said once: editing goes on all the same.
+void TMainWindow::ShowTrouble() {
+  TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex());
+  const QString trouble = edits ? edits->Trouble() : QString();
+  if (!trouble.isEmpty() && trouble != FTrouble)
+    statusBar()->showMessage(trouble);
+  FTrouble = trouble;
+}
+
 // A command is asked for as long as the user has not said yes to exactly this one.
 bool TMainWindow::MayRun(const std::vector<std::string>& commands) {
   const TOpenProject* project = CurrentProject();
@@ -278,7 +288,10 @@ bool TMainWindow::MayRun(const std::vector<std::string>& commands) {
 bool TMainWindow::CreateProfile(const deployment::ICustomProject& project,
                                 std::string_view platform) {
   TOpenProject* open = FProjects->Find(project);
-  return open && CreateAndAssignProfile(FSession, *open, platform, this);
+  const bool made = open && CreateAndAssignProfile(FSession, *open, platform, this);
+  if (TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex()))
+    edits->FileWritten();
+  return made;
 }
 
 // Files of projects are opened, others are added to the list in front.

@@ -81,6 +81,7 @@ private:
 
   void Opened(TOpenProject& project);
   void ShowState();
+  void ShowTrouble();
   void ShowStateSoon() { FState.start(); }
   void ShowPage();
   void FillRecent();
@@ -117,6 +118,7 @@ private:
   std::unique_ptr<TProjectTabs> FProjects;
   std::unique_ptr<TDeployDesk> FDesk;
   std::unique_ptr<TConnectionQuestions> FQuestions;
+  QString FTrouble; // that was said
   TProjectWatcher FWatcher;
   QTimer FState;
   QTimer FPoll;

@@ -165,6 +165,8 @@ void TMainWindow::SelectAll() {
 
 void TMainWindow::ShowProfiles() {
   TProfileManagerDialog(FSession, CurrentProject(), this).exec();
+  if (TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex()))
+    edits->FileWritten(); // a profile may have been assigned
 }
 
 void TMainWindow::ShowSettings() {

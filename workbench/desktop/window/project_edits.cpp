@@ -9,9 +9,23 @@ TProjectEdits::TProjectEdits(TOpenProject& project)
   FHistory.SetOnStep([this](const TListChange& change) { FJournal.Append(change); });
 }
 
+// Commands may make records with default values, of which nobody is told.
+void TProjectEdits::EndStep(const QString& command) {
+  if (command.isEmpty())
+    FHistory.EndStep(QCoreApplication::translate("TProjectEdits", "Edit").toStdString());
+  else
+    FHistory.EndStep(command.toStdString(), TLook::Everywhere);
+}
+
 void TProjectEdits::Saved() {
   FHistory.MarkSaved();
   FJournal.Remove();
+}
+
+// What others wrote is no base of these edits.
+void TProjectEdits::FileWritten() {
+  if (!FProject.IsChangedOnDisk())
+    FJournal.ProjectFileWritten();
 }
 
 void TProjectEdits::Recover(const TRecoverable& recoverable) {

@@ -15,11 +15,14 @@ public:
   /// The project must outlive the object. Throws as TEditHistory does.
   explicit TProjectEdits(TOpenProject& project);
 
-  /// What changed since the last call becomes a step of that name.
-  void EndStep(const QString& name) { FHistory.EndStep(name.toStdString()); }
+  /// What changed since the last call becomes a step. An empty command stands for a change in the
+  /// rows themselves.
+  void EndStep(const QString& command);
   TEditHistory& History() { return FHistory; }
   /// The project stands on disk as it is.
   void Saved();
+  /// The project file may have been written without the list, as when a profile was assigned.
+  void FileWritten();
   /// The edits are given up.
   void Dropped() { FJournal.Remove(); }
   /// Why edits would be lost if the program was killed; empty while they would not.

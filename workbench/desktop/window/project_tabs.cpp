@@ -175,6 +175,7 @@ bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
                  "then save again.")
                   .arg(ErrorText(error)),
               &FWindow);
+    tab.Edits->FileWritten(); // perhaps all but the side file
   }
   ShowModified();
   emit Changed();
@@ -314,8 +315,7 @@ void TProjectTabs::EndSteps() {
   if (FAside.IsBusy() || QApplication::activeModalWidget())
     return;
   for (const TProjectTab& tab : FProjects) {
-    const QString command = tab.Controls->TakeCommand();
-    Guarded([&] { tab.Edits->EndStep(command.isEmpty() ? tr("Edit") : command); });
+    Guarded([&] { tab.Edits->EndStep(tab.Controls->TakeCommand()); });
   }
 }
 
