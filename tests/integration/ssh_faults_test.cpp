@@ -98,6 +98,26 @@ TEST(SshFaults, LeaveNothingHalfWhenTheMachineDies) {
   place.ExpectTheNextOneCompletes();
 }
 
+TEST(SshFaults, EndADeployOverALineThatIsCut) {
+  NEEDS_SSH_SERVER();
+  THeldPlace place;
+  place.ChangeProfile({"--keep-alive", "1"});
+  TStart start = place.StartDeploy({"--json"});
+  start.Meanwhile = [&](pid_t) {
+    EXPECT_TRUE(place.WaitForUnfinished());
+    place.Server().FreezeConnections();
+  };
+  const TRun run = RunProgram(std::move(start));
+  EXPECT_EQ(run.Status, 1) << run.Errors;
+  const std::string error = run.Json()["files"][2]["error"];
+  EXPECT_NE(error.find("the connection was lost: the machine had not answered for "),
+            std::string::npos)
+      << error;
+  place.Server().KillConnections();
+  place.ExpectNothingHalf();
+  place.ExpectTheNextOneCompletes();
+}
+
 TEST(SshFaults, LeaveNothingHalfAfterAnInterrupt) {
   NEEDS_SSH_SERVER();
   for (const int signal : {SIGINT, SIGTERM}) {

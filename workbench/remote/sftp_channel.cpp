@@ -20,6 +20,7 @@ constexpr std::size_t HandlesLeft = 8; // of those that a server has, for other 
 constexpr std::chrono::milliseconds PollPatience(100);
 constexpr std::chrono::seconds CancelPatience(3);
 constexpr std::chrono::milliseconds ExitPatience(2000);
+constexpr std::chrono::seconds LongSilence(2); // longer than a machine at work is silent
 
 } // namespace
 
@@ -137,7 +138,7 @@ void TSftpChannel::Run(ISftpExchange& exchange) {
     Move(PollPatience);
     Dispatch(exchange);
     if (FHasEnded && FPendingCount > 0)
-      Fail("the connection was lost");
+      Fail(LossReason());
     if (!exchange.IsCancelled())
       continue;
     cancelled = cancelled.value_or(TClock::now());
@@ -161,7 +162,8 @@ void TSftpChannel::Move(std::chrono::milliseconds patience) {
     Read();
   if (count > 0 && files[2].revents != 0)
     Write();
-  WatchTheClock(count > 0 && (files[0].revents != 0 || (files[2].revents & POLLOUT) != 0));
+  WatchTheClock(count > 0 && !FHasEnded &&
+                (files[0].revents != 0 || (files[2].revents & POLLOUT) != 0));
 }
 
 void TSftpChannel::WatchTheClock(bool moved) {
@@ -172,6 +174,16 @@ void TSftpChannel::WatchTheClock(bool moved) {
     Fail("the machine has not answered for " +
          std::to_string(std::chrono::duration_cast<std::chrono::seconds>(FSilence).count()) +
          " seconds");
+}
+
+// A program that gave up a silent line says nothing of it.
+std::string TSftpChannel::LossReason() const {
+  const std::string reason = "the connection was lost";
+  const auto silence = std::chrono::duration_cast<std::chrono::seconds>(
+      std::chrono::steady_clock::now() - FLastSign);
+  return silence < LongSilence ? reason
+                               : reason + ": the machine had not answered for " +
+                                     std::to_string(silence.count()) + " seconds";
 }
 
 void TSftpChannel::Write() {

@@ -91,6 +91,7 @@ private:
   void Dispatch(ISftpExchange& exchange);
   TPending& PendingOf(std::uint32_t id);
   void WatchTheClock(bool moved);
+  std::string LossReason() const;
   [[noreturn]] void Fail(const std::string& reason);
 
   TChildProcess FProcess;

@@ -198,4 +198,12 @@ void TSshServer::KillConnections() {
   FServers.clear();
 }
 
+void TSshServer::FreezeConnections() {
+  const std::lock_guard lock(FMutex);
+  for (const pid_t server : FServers) {
+    for (const pid_t process : Descendants(server))
+      ::kill(process, SIGSTOP);
+  }
+}
+
 } // namespace workbench::testing

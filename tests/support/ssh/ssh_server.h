@@ -48,6 +48,8 @@ public:
   void ResetTransfer();
   /// Ends the connections at once, as a machine does that loses its power.
   void KillConnections();
+  /// Lets the connections stand without an answer, as a line does that is cut.
+  void FreezeConnections();
 
 private:
   void WriteConfiguration(const std::string& transfer) const;
