@@ -53,7 +53,6 @@ void DropLast(std::string& secret) {
 }
 
 TEnd ReadLetters(std::string& secret, const TIsCancelled& isOver) {
-  const TSilentTerminal terminal;
   while (!isOver()) {
     pollfd entry{STDIN_FILENO, POLLIN, 0};
     if (::poll(&entry, 1, PollPatience) <= 0)
@@ -78,13 +77,19 @@ TEnd ReadLetters(std::string& secret, const TIsCancelled& isOver) {
   return TEnd::GaveUp;
 }
 
+// The terminal is silent before the question stands there, since a person may type at once.
+TEnd AskSilently(const std::string& prompt, std::string& secret, const TIsCancelled& isOver) {
+  const TSilentTerminal terminal;
+  std::cerr << prompt << std::flush;
+  return ReadLetters(secret, isOver);
+}
+
 } // namespace
 
 std::optional<std::string> ReadSecret(const std::string& prompt, const TIsCancelled& isOver) {
-  std::cerr << prompt << std::flush;
   std::string secret;
   secret.reserve(LongestSecret); // so that it does not move and leave copies behind
-  const TEnd end = ReadLetters(secret, isOver);
+  const TEnd end = AskSilently(prompt, secret, isOver);
   std::cerr << '\n' << std::flush;
   if (end == TEnd::Entered)
     return secret;
