@@ -4,6 +4,7 @@
 #include "package/view/select_form.h"
 #include "tests/desktop/dialogs/two_features.h"
 #include "tests/desktop/support/dialog_script.h"
+#include "tests/desktop/support/pictures.h"
 #include "tests/workbench/services/session_fixture.h"
 #include "workbench/desktop/dialogs/consent_dialog.h"
 #include "workbench/desktop/dialogs/deploy_panel.h"
@@ -15,12 +16,10 @@
 #include "workbench/remote/remote_profile_services.h"
 #include "workbench/services/command_consent.h"
 
-#include <QImage>
 #include <QPalette>
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <QTranslator>
-#include <set>
 
 namespace workbench {
 namespace {
@@ -69,20 +68,8 @@ protected:
     TSessionTest::TearDown();
   }
 
-  // A picture with a frame and text has more than a handful of colours.
   static void Keep(QWidget& widget, const QString& name) {
-    const QImage image = widget.grab().toImage();
-    std::set<QRgb> colours;
-    for (int y = 0; y < image.height(); y += 2) {
-      for (int x = 0; x < image.width(); x += 2)
-        colours.insert(image.pixel(x, y));
-    }
-    EXPECT_GT(colours.size(), 10U) << name.toStdString();
-    const QString directory = qEnvironmentVariable("DIALOG_PICTURES");
-    if (!directory.isEmpty()) {
-      const QString file = directory + '/' + name + (GetParam() ? "-dark.png" : "-light.png");
-      EXPECT_TRUE(image.save(file)) << file.toStdString();
-    }
+    testing::KeepPicture(widget, name + (GetParam() ? "-dark" : "-light"), "DIALOG_PICTURES");
   }
   static void KeepNext(const QString& name) {
     OnNextDialog([name](QDialog& dialog) {

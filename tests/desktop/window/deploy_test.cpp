@@ -8,6 +8,8 @@
 namespace workbench {
 namespace {
 
+using namespace deployment::file_column;
+
 using testing::Child;
 using testing::FindButton;
 using testing::OnNextDialog;

@@ -7,6 +7,8 @@
 namespace workbench {
 namespace {
 
+using namespace deployment::file_column;
+
 class TWindowProjects : public testing::TWindowTest {
 protected:
   std::filesystem::path OtherProject() const {

@@ -3,6 +3,8 @@
 namespace workbench {
 namespace {
 
+using namespace deployment::file_column;
+
 using testing::OnNextDialog;
 using testing::Press;
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "package/featured/modify_featured_files.h"
+#include "package/view/file_columns.h"
 #include "tests/desktop/support/dialog_script.h"
 #include "tests/workbench/services/session_fixture.h"
 #include "workbench/desktop/controls/virtual_tree.h"
@@ -74,7 +75,7 @@ protected:
   /// The row whose local name is this.
   QModelIndex Row(const QString& name, int column = 0) {
     for (int row = 0; row < Tree().Model().rowCount(); ++row) {
-      if (Tree().Model().index(row, LocalName).data().toString() == name)
+      if (Tree().Model().index(row, deployment::file_column::LocalName).data().toString() == name)
         return Tree().Model().index(row, column);
     }
     ADD_FAILURE() << "no row " << name.toStdString();
@@ -125,13 +126,6 @@ protected:
       Press(dialog, button);
     });
   }
-
-  static constexpr int LocalName = 1;
-  static constexpr int Platforms = 4;
-  static constexpr int RemotePath = 5;
-  static constexpr int RemoteName = 6;
-  static constexpr int RemoteStatus = 7;
-  static constexpr int Overwrite = 8;
 
   std::filesystem::path FProject;
   std::unique_ptr<TMainWindow> FWindow;

@@ -1,18 +1,19 @@
 // Paints the window in light and in dark colours. WINDOW_PICTURES=DIRECTORY keeps the pictures, for
 // documents and for people to look at.
+#include "tests/desktop/support/pictures.h"
 #include "tests/desktop/window/window_fixture.h"
 #include "workbench/desktop/dialogs/deploy_panel.h"
 #include "workbench/desktop/window/appearance.h"
 #include "workbench/desktop/window/connection_questions.h"
 #include "workbench/desktop/window/recovery_question.h"
 
-#include <QImage>
 #include <QLabel>
 #include <QPushButton>
-#include <set>
 
 namespace workbench {
 namespace {
+
+using namespace deployment::file_column;
 
 using testing::Child;
 using testing::OnNextDialog;
@@ -26,21 +27,11 @@ protected:
     std::filesystem::copy(std::filesystem::current_path() / "examples" / "sky-chart", FRoot / "sky",
                           std::filesystem::copy_options::recursive);
   }
-  // A picture with rows and text has more than a handful of colours.
   static void Keep(QWidget& widget, const QString& name) {
-    const QImage image = widget.grab().toImage();
-    std::set<QRgb> colours;
-    for (int y = 0; y < image.height(); y += 2) {
-      for (int x = 0; x < image.width(); x += 2)
-        colours.insert(image.pixel(x, y));
-    }
-    EXPECT_GT(colours.size(), 30U) << name.toStdString();
     const bool isDark = GetParam() == TAppearance::Dark;
-    const QColor corner = image.pixelColor(2, image.height() - 3);
-    EXPECT_EQ(corner.lightness() < 128, isDark) << name.toStdString();
-    const QString directory = qEnvironmentVariable("WINDOW_PICTURES");
-    if (!directory.isEmpty())
-      image.save(directory + "/" + name + (isDark ? "-dark.png" : ".png"));
+    const QImage image =
+        testing::KeepPicture(widget, name + (isDark ? "-dark" : ""), "WINDOW_PICTURES");
+    EXPECT_EQ(image.pixelColor(2, image.height() - 3).lightness() < 128, isDark);
   }
   static void KeepNextDialog(const QString& name) {
     OnNextDialog([name](QDialog& dialog) { Keep(dialog, name); });

@@ -3,6 +3,7 @@
 #include "workbench/controls/main_thread_queue.h"
 #include "workbench/desktop/controls/guarded.h"
 
+#include <QThread>
 #include <QTimer>
 #include <chrono>
 #include <utility>
@@ -17,10 +18,11 @@ constexpr std::chrono::milliseconds BusyInterval(20);
 TEventLoopQueue::TEventLoopQueue(std::function<bool()> isBusy)
     : FIsBusy(std::move(isBusy)), FReceiver(new QObject) {}
 
-// The last thread that holds the queue may be any.
 TEventLoopQueue::~TEventLoopQueue() {
-  if (FReceiver)
-    FReceiver->deleteLater();
+  if (FReceiver && FReceiver->thread() == QThread::currentThread())
+    Close();
+  else if (FReceiver)
+    FReceiver->deleteLater(); // the last thread that held the queue ended it
 }
 
 void TEventLoopQueue::Post(std::function<void()> action) {

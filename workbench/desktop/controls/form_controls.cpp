@@ -19,8 +19,8 @@ std::vector<std::string> TFormDialogs::OpenFiles(const deployment::TFileOpenOpti
 }
 
 TFormControls::TFormControls(deployment::ISettingsStore& settings, std::function<bool()> isBusy)
-    : FPage(new QWidget), FLayout(new QVBoxLayout(FPage)), FEditors(settings), FDialogs(FPage),
-      FMainThread(std::make_shared<TEventLoopQueue>(std::move(isBusy))) {
+    : FIsBusy(std::move(isBusy)), FPage(new QWidget), FLayout(new QVBoxLayout(FPage)),
+      FEditors(settings), FDialogs(FPage), FMainThread(std::make_shared<TEventLoopQueue>(FIsBusy)) {
   FLayout->setContentsMargins(0, 0, 0, 0);
   FLayout->setSpacing(0);
 }
@@ -31,7 +31,7 @@ TFormControls::~TFormControls() {
 }
 
 std::unique_ptr<deployment::IToolBar> TFormControls::CreateToolBar(deployment::TImageList images) {
-  auto toolBar = std::make_unique<TToolBar>(images, FPage);
+  auto toolBar = std::make_unique<TToolBar>(images, FIsBusy, FPage);
   FToolBar = toolBar.get();
   FLayout->addWidget(&toolBar->Bar());
   connect(&toolBar->Bar(), &QToolBar::actionTriggered, this,

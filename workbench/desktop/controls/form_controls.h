@@ -91,6 +91,7 @@ signals:
 private:
   void ShowMenu(const QPoint& place);
 
+  const std::function<bool()> FIsBusy;
   QPointer<QWidget> FPage;
   QVBoxLayout* FLayout;
   TCellEditors FEditors;

@@ -59,8 +59,8 @@ void TToolButton::Press() {
     Guarded(FButton.OnExecute);
 }
 
-TToolBar::TToolBar(deployment::TImageList images, QWidget* parent)
-    : FImages(images), FBar(new QToolBar(parent)) {
+TToolBar::TToolBar(deployment::TImageList images, std::function<bool()> isBusy, QWidget* parent)
+    : FImages(images), FIsBusy(std::move(isBusy)), FBar(new QToolBar(parent)) {
   FBar->setIconSize(QSize(IconSize, IconSize));
   FBar->setAccessibleName(QCoreApplication::translate("TToolBar", "Commands"));
   FSoon.setSingleShot(true);
@@ -110,6 +110,8 @@ QAction* TToolBar::Find(std::string_view name) const {
 }
 
 void TToolBar::Update() {
+  if (FIsBusy && FIsBusy())
+    return;
   for (const auto& button : FButtons)
     button->Update();
 }

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <QToolBar>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -37,13 +38,15 @@ private:
   QPointer<QAction> FAction;
 };
 
-/// Buttons are brought up to date when something happened, and now and then.
+/// Buttons are brought up to date when something happened, and now and then, but not in the middle
+/// of other work.
 class TToolBar final : public QObject, public deployment::IToolBar {
   Q_OBJECT
 
 public:
-  /// The bar is owned by the object; `parent` may take it away earlier.
-  TToolBar(deployment::TImageList images, QWidget* parent);
+  /// The bar is owned by the object; `parent` may take it away earlier. While `isBusy` says so, the
+  /// form is asked nothing; empty: never.
+  TToolBar(deployment::TImageList images, std::function<bool()> isBusy, QWidget* parent);
   ~TToolBar() override;
 
   deployment::IToolButton& AddButton(deployment::TToolButton button) override;
@@ -61,6 +64,7 @@ private:
   void Update();
 
   const deployment::TImageList FImages;
+  const std::function<bool()> FIsBusy;
   QPointer<QToolBar> FBar;
   std::vector<std::unique_ptr<TToolButton>> FButtons;
   QTimer FSoon;

@@ -3,6 +3,7 @@
 #include "workbench/desktop/dialogs/error_text.h"
 #include "workbench/desktop/dialogs/profile_edit_dialog.h"
 #include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/dialogs/row_table.h"
 #include "workbench/platforms/platform_table.h"
 #include "workbench/project/project_settings.h"
 #include "workbench/remote/profile_entry.h"
@@ -78,16 +79,7 @@ void TProfileManagerDialog::MakeTable() {
   FTable->setObjectName(QStringLiteral("profiles"));
   FTable->setAccessibleName(tr("Remote profiles"));
   FTable->setModel(&FModel);
-  FTable->setSelectionBehavior(QAbstractItemView::SelectRows);
-  FTable->setSelectionMode(QAbstractItemView::SingleSelection);
-  FTable->setTabKeyNavigation(false);
-  FTable->setShowGrid(false);
-  FTable->verticalHeader()->hide();
-  FTable->horizontalHeader()->setHighlightSections(false);
-  FTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  FTable->horizontalHeader()->setSectionResizeMode(TProfileModel::Place, QHeaderView::Stretch);
-  FTable->verticalHeader()->setDefaultSectionSize(FTable->fontMetrics().lineSpacing() * 3 / 2);
-  FTable->setWordWrap(false);
+  SetUpRowTable(*FTable, TProfileModel::Place);
   connect(FTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
           &TProfileManagerDialog::ShowState);
   connect(FTable, &QTableView::activated, this, &TProfileManagerDialog::Edit);

@@ -1,6 +1,7 @@
 #include "workbench/desktop/dialogs/sdk_page.h"
 
 #include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/dialogs/row_table.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -120,16 +121,7 @@ TSdkPage::TSdkPage(TSettingsEdit& settings, QStringList platforms, QWidget* pare
   FTable->setObjectName(QStringLiteral("sdks"));
   FTable->setAccessibleName(tr("SDKs"));
   FTable->setModel(&FModel);
-  FTable->setSelectionBehavior(QAbstractItemView::SelectRows);
-  FTable->setSelectionMode(QAbstractItemView::SingleSelection);
-  FTable->setTabKeyNavigation(false);
-  FTable->setShowGrid(false);
-  FTable->verticalHeader()->hide();
-  FTable->horizontalHeader()->setHighlightSections(false);
-  FTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  FTable->horizontalHeader()->setSectionResizeMode(TSdkModel::NdkBasePath, QHeaderView::Stretch);
-  FTable->verticalHeader()->setDefaultSectionSize(FTable->fontMetrics().lineSpacing() * 3 / 2);
-  FTable->setWordWrap(false);
+  SetUpRowTable(*FTable, TSdkModel::NdkBasePath);
   auto* add = new QPushButton(tr("&Add\u2026"), this);
   auto* column = new QVBoxLayout;
   for (QPushButton* button : {add, FEdit, FRemove, FDefault}) {

@@ -31,6 +31,8 @@ std::optional<std::string> TConnectionQuestions::TellSecret(const std::string& p
 TConnectionQuestions::TAnswer
 TConnectionQuestions::Ask(const std::function<TAnswer(const TIsOver&)>& show,
                           const TIsCancelled& isOver) {
+  if (FIsClosed)
+    return {};
   const auto over = std::make_shared<std::atomic<bool>>(false);
   if (QThread::currentThread() == thread())
     return show(over);

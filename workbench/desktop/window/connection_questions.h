@@ -20,7 +20,7 @@ class TConnectionQuestions final : public QObject {
   Q_OBJECT
 
 public:
-  /// Dialogs stand before the window, which must outlive the object.
+  /// Dialogs stand before the window, which closes the object before it goes.
   explicit TConnectionQuestions(QWidget& window) : FWindow(window) {}
 
   /// True when the user says that the key is the right one. Enter, Escape and closing say no.

@@ -71,6 +71,8 @@ TMainWindow::TMainWindow(TSession& session)
 TMainWindow::~TMainWindow() {
   FPoll.stop();
   FState.stop();
+  FTabs->disconnect(this);
+  FProjects.reset(); // edits that were not saved stay in their journals
   FSession.CloseViews();
   FSession.SetEditorArea(nullptr);
   FSession.SetModalForms(nullptr);
@@ -135,12 +137,13 @@ void TMainWindow::ServeSession() {
   services.SetCreateProfile([this](deployment::ICustomProject& project, std::string_view platform) {
     return CreateProfile(project, platform);
   });
-  FQuestions = std::make_unique<TConnectionQuestions>(*this);
+  FQuestions = std::make_shared<TConnectionQuestions>(*this);
   services.SetHostKeyQuestion(
-      [this](const THostKey& key) { return FQuestions->AcceptsHostKey(key); });
-  services.SetSecretQuestion([this](const std::string& prompt, const TIsCancelled& isOver) {
-    return FQuestions->TellSecret(prompt, isOver);
-  });
+      [questions = FQuestions](const THostKey& key) { return questions->AcceptsHostKey(key); });
+  services.SetSecretQuestion(
+      [questions = FQuestions](const std::string& prompt, const TIsCancelled& isOver) {
+        return questions->TellSecret(prompt, isOver);
+      });
 }
 
 TFormControls* TMainWindow::CurrentControls() const {

@@ -117,8 +117,8 @@ private:
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
   std::unique_ptr<TDeployDesk> FDesk;
-  std::unique_ptr<TConnectionQuestions> FQuestions;
-  QString FTrouble; // that was said
+  std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too
+  QString FTrouble;                                 // that was said
   TProjectWatcher FWatcher;
   QTimer FState;
   QTimer FPoll;

@@ -34,6 +34,15 @@ void ChooseActiveTarget(const TOpenProject& project, TFormControls& controls) {
                                        project.Settings().ActivePlatform());
 }
 
+// Nothing is drawn: a save uses the package, and so would the drawing of rows.
+struct TStillTabs {
+  explicit TStillTabs(QWidget& tabs) : Tabs(tabs) { Tabs.setUpdatesEnabled(false); }
+  ~TStillTabs() { Tabs.setUpdatesEnabled(true); }
+  TStillTabs(const TStillTabs&) = delete;
+  TStillTabs& operator=(const TStillTabs&) = delete;
+  QWidget& Tabs;
+};
+
 struct TBusyCursor {
   TBusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
   ~TBusyCursor() { QApplication::restoreOverrideCursor(); }
@@ -163,6 +172,7 @@ bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
   bool saved = false;
   try {
     tab.Edits->EndStep(tab.Controls->TakeCommand());
+    const TStillTabs still(FTabs);
     FAside.Run([&project = *tab.Project, force] {
       project.Save(force);
       project.HasChanges(); // takes what was written as the new text, which is work too
