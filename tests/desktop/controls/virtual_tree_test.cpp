@@ -16,8 +16,6 @@ using deployment::TNodeId;
 
 class TVirtualTreeTest : public ::testing::Test {
 protected:
-  static constexpr int Columns = 3;
-
   TVirtualTree& Make(int rows) {
     deployment::TVirtualTreeEvents events;
     events.OnGetText = [this](TNodeId node, int column) {
