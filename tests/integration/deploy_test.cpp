@@ -56,6 +56,15 @@ public:
   }
 };
 
+TEST(Deploy, AndStatusUseTheDefaultProfileWhereTheProjectNamesNone) {
+  const TDeployPlace place(FileEntry("a.dat"));
+  place.Write("a.dat", "one");
+  ASSERT_EQ(place.Deploy().Status, 0);
+  const TRun status = place.Run({"status", "demo.vproj", "-p", "Win32", "-c", "Debug"});
+  EXPECT_EQ(status.Status, 0) << status.Errors;
+  EXPECT_NE(status.Output.find("Same"), std::string::npos) << status.Output;
+}
+
 TEST(Deploy, CopiesWhatDiffersAndNothingElse) {
   const TDeployPlace place(FileEntry("a.dat") + FileEntry("sub\\b.dat", "<RemoteDir>Assets\\"
                                                                         "</RemoteDir>"));

@@ -69,6 +69,9 @@ TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable&
   TProjectFileStorage& storage = FServices.GetProjectFileStorage();
   FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
                                              platforms, FServices.GetSettings());
+  FModule->SetDefaultProfile([&services](std::string_view platform) {
+    return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
+  });
   FServices.GetModuleHandlerGauntlet().AttachHandlers(*FModule);
   ReadVersion();
   storage.ProjectLoaded(*FModule);

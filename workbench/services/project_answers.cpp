@@ -50,8 +50,7 @@ std::vector<std::string> TProjectPlatforms::GetSupportedPlatforms() const {
 }
 
 std::string TProjectPlatforms::GetProfileName(std::string_view platform) const {
-  const TProjectPlatform* found = FModule.Settings().FindPlatform(platform);
-  return found ? found->Profile : std::string();
+  return FModule.ProfileName(platform);
 }
 
 std::string TProjectPlatforms::GetSDKName(std::string_view platform) const {

@@ -76,6 +76,12 @@ void TProjectModule::DocumentWasSaved(std::unique_ptr<TTextPieces> pieces) {
   }
 }
 
+std::string TProjectModule::ProfileName(std::string_view platform) {
+  const TProjectPlatform* found = Settings().FindPlatform(platform);
+  std::string name = found ? found->Profile : std::string();
+  return name.empty() && FDefaultProfile ? FDefaultProfile(platform) : name;
+}
+
 bool TProjectModule::IsText(std::string_view text) const {
   if (!FSaved)
     return text == FDocument->Bytes();

@@ -7,10 +7,12 @@
 #include "workbench/services/project_answers.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace workbench {
@@ -38,6 +40,12 @@ public:
   void DocumentWasSaved(std::unique_ptr<TTextPieces> pieces);
   /// True when the text is what was read or saved last.
   bool IsText(std::string_view text) const;
+  /// Who names the profile of platforms for which the project names none; empty for nobody.
+  using TDefaultProfile = std::function<std::string(std::string_view platform)>;
+  void SetDefaultProfile(TDefaultProfile profile) { FDefaultProfile = std::move(profile); }
+  /// The profile that the project assigns to the platform, else the platform's default one; empty
+  /// for none.
+  std::string ProfileName(std::string_view platform);
   void SetCurrentPlatform(std::string_view platform) { FCurrentPlatform = platform; }
 
   std::string GetFileName() const override { return GetProjectFileName(); }
@@ -86,6 +94,7 @@ private:
   std::unique_ptr<TTextPieces> FSaved; // on disk but not yet in FDocument
   std::unique_ptr<ILoadImports> FImports;
   mutable std::unique_ptr<TProjectSettings> FSettings;
+  TDefaultProfile FDefaultProfile;
   std::optional<std::string> FCurrentPlatform;
   bool FModified = false;
   std::vector<std::shared_ptr<deployment::IOTAModuleNotifier>> FNotifiers;

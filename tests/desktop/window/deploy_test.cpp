@@ -19,10 +19,8 @@ protected:
   void SetUp() override {
     TWindowTest::SetUp();
     std::filesystem::create_directory(FRoot / "target");
-    Host().RemoteProfiles().AddProfile({.Name = "bench",
-                                        .Platform = "Win64",
-                                        .Path = (FRoot / "target").string(),
-                                        .IsDefault = true});
+    Host().RemoteProfiles().AddProfile(
+        {.Name = "bench", .Platform = "Win64", .Path = (FRoot / "target").string()});
   }
   void Assign() { Project().AssignProfile("Win64", "bench", false); }
   // Waits for what runs aside and comes back to the event loop.
@@ -58,6 +56,19 @@ TEST_F(TWindowDeploy, AProfileThatIsMissingIsOffered) {
   PressButton("tbDeploy");
   EXPECT_NE(said.find("A connection profile is required for deployment."), std::string::npos);
   EXPECT_FALSE(Window().Panel().isVisible());
+}
+
+TEST_F(TWindowDeploy, TheDefaultProfileServesAProjectThatNamesNone) {
+  Host().RemoteProfiles().RemoveProfile("bench");
+  Host().RemoteProfiles().AddProfile({.Name = "everybody",
+                                      .Platform = "Win64",
+                                      .Path = (FRoot / "target").string(),
+                                      .IsDefault = true});
+  OpenExample();
+  Connect();
+  EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteStatus), "Not Found");
+  PressButton("tbDeploy");
+  EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteStatus), "Same");
 }
 
 TEST_F(TWindowDeploy, ATargetThatIsGoneIsNamedAndTheButtonComesUp) {
