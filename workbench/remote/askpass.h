@@ -4,7 +4,7 @@
 
 #include "workbench/files/file_descriptor.h"
 #include "workbench/remote/person.h"
-#include "workbench/remote/private_directory.h"
+#include "workbench/remote/runtime_directory.h"
 
 #include <atomic>
 #include <string>

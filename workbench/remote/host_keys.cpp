@@ -1,8 +1,8 @@
 #include "workbench/remote/host_keys.h"
 
 #include "workbench/remote/askpass.h"
-#include "workbench/remote/private_directory.h"
 #include "workbench/remote/remote_connection.h"
+#include "workbench/remote/runtime_directory.h"
 #include "workbench/remote/shell_text.h"
 
 #include <algorithm>

@@ -2,8 +2,8 @@
 
 #include "workbench/files/file_descriptor.h"
 #include "workbench/remote/askpass.h"
-#include "workbench/remote/private_directory.h"
 #include "workbench/remote/remote_connection.h"
+#include "workbench/remote/runtime_directory.h"
 
 #include <array>
 #include <charconv>

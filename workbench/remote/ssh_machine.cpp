@@ -2,7 +2,7 @@
 
 #include "workbench/remote/askpass.h"
 #include "workbench/remote/host_keys.h"
-#include "workbench/remote/private_directory.h"
+#include "workbench/remote/runtime_directory.h"
 
 #include <chrono>
 #include <string_view>
@@ -31,7 +31,7 @@ bool IsAboutLogIn(std::string_view reason) {
 } // namespace
 
 std::filesystem::path NewControlPath() {
-  return PrivateDirectory() / RandomDigits(1);
+  return RuntimeDirectory() / RandomDigits(1);
 }
 
 TSshCommands::TSshCommands(TProfile profile, std::filesystem::path controlPath)

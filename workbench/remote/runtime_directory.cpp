@@ -1,4 +1,4 @@
-#include "workbench/remote/private_directory.h"
+#include "workbench/remote/runtime_directory.h"
 
 #include "workbench/files/file_descriptor.h"
 
@@ -47,7 +47,7 @@ void RemoveAbandoned(const std::filesystem::path& directory) {
 
 } // namespace
 
-std::filesystem::path PrivateDirectory() {
+std::filesystem::path RuntimeDirectory() {
   if (const char* runtime = std::getenv("XDG_RUNTIME_DIR"); runtime && *runtime == '/') {
     auto path = std::filesystem::path(runtime) / DirectoryName;
     // The SSH client reads blanks and "%" in the path of a socket as something else.
@@ -77,7 +77,7 @@ std::string RandomDigits(unsigned words) {
 }
 
 TScratchDirectory::TScratchDirectory() {
-  const std::filesystem::path directory = PrivateDirectory();
+  const std::filesystem::path directory = RuntimeDirectory();
   RemoveAbandoned(directory);
   std::string name = (directory / (std::to_string(::getpid()) + ScratchMark + "XXXXXX")).string();
   if (!::mkdtemp(name.data()))

@@ -9,7 +9,7 @@ namespace workbench {
 
 /// A directory of the user alone, with a path short enough for sockets in it. It stays for the next
 /// program that asks. Throws std::system_error.
-std::filesystem::path PrivateDirectory();
+std::filesystem::path RuntimeDirectory();
 
 /// Hexadecimal digits that nobody can guess, 16 for each word.
 std::string RandomDigits(unsigned words);

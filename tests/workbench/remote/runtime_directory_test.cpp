@@ -1,5 +1,5 @@
 #include "tests/support/variable.h"
-#include "workbench/remote/private_directory.h"
+#include "workbench/remote/runtime_directory.h"
 
 #include <gtest/gtest.h>
 
@@ -11,13 +11,13 @@ namespace {
 
 using testing::TVariable;
 
-class PrivateDirectoryTest : public ::testing::Test {
+class RuntimeDirectoryTest : public ::testing::Test {
 protected:
-  PrivateDirectoryTest() {
+  RuntimeDirectoryTest() {
     std::string name = "/tmp/private-XXXXXX";
     FRuntime = ::mkdtemp(name.data());
   }
-  ~PrivateDirectoryTest() override { std::filesystem::remove_all(FRuntime); }
+  ~RuntimeDirectoryTest() override { std::filesystem::remove_all(FRuntime); }
 
   std::filesystem::path FRuntime;
 };
@@ -29,14 +29,14 @@ void ExpectIsPrivate(const std::filesystem::path& path) {
   EXPECT_EQ(status.st_uid, ::geteuid());
 }
 
-TEST_F(PrivateDirectoryTest, StandsInTheRuntimeDirectoryOfTheUser) {
+TEST_F(RuntimeDirectoryTest, StandsInTheRuntimeDirectoryOfTheUser) {
   const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
-  EXPECT_EQ(PrivateDirectory(), FRuntime / "deployment-manager");
-  EXPECT_EQ(PrivateDirectory(), FRuntime / "deployment-manager");
+  EXPECT_EQ(RuntimeDirectory(), FRuntime / "deployment-manager");
+  EXPECT_EQ(RuntimeDirectory(), FRuntime / "deployment-manager");
   ExpectIsPrivate(FRuntime / "deployment-manager");
 }
 
-TEST_F(PrivateDirectoryTest, StandsElsewhereWhenTheRuntimeDirectoryDoesNotDo) {
+TEST_F(RuntimeDirectoryTest, StandsElsewhereWhenTheRuntimeDirectoryDoesNotDo) {
   const auto blank = FRuntime / "a b";
   const auto deep = FRuntime / std::string(60, 'd');
   std::filesystem::create_directories(blank);
@@ -44,22 +44,22 @@ TEST_F(PrivateDirectoryTest, StandsElsewhereWhenTheRuntimeDirectoryDoesNotDo) {
   for (const std::string& name : {std::string(), std::string("relative"), blank.string(),
                                   deep.string(), (FRuntime / "missing").string()}) {
     const TVariable runtime("XDG_RUNTIME_DIR", name);
-    EXPECT_TRUE(PrivateDirectory().native().starts_with("/tmp/deployment-manager-")) << name;
-    ExpectIsPrivate(PrivateDirectory());
+    EXPECT_TRUE(RuntimeDirectory().native().starts_with("/tmp/deployment-manager-")) << name;
+    ExpectIsPrivate(RuntimeDirectory());
   }
 }
 
-TEST_F(PrivateDirectoryTest, IsNoneThatOthersCanRead) {
+TEST_F(RuntimeDirectoryTest, IsNoneThatOthersCanRead) {
   const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
   std::filesystem::create_directory(FRuntime / "deployment-manager");
   ASSERT_EQ(::chmod((FRuntime / "deployment-manager").c_str(), 0755), 0);
-  EXPECT_NE(PrivateDirectory().parent_path(), FRuntime);
+  EXPECT_NE(RuntimeDirectory().parent_path(), FRuntime);
   std::filesystem::remove(FRuntime / "deployment-manager");
   std::filesystem::create_directory_symlink("/", FRuntime / "deployment-manager");
-  EXPECT_NE(PrivateDirectory().parent_path(), FRuntime);
+  EXPECT_NE(RuntimeDirectory().parent_path(), FRuntime);
 }
 
-TEST_F(PrivateDirectoryTest, HoldsScratchDirectoriesThatGo) {
+TEST_F(RuntimeDirectoryTest, HoldsScratchDirectoriesThatGo) {
   const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
   std::filesystem::path path;
   {
@@ -67,16 +67,16 @@ TEST_F(PrivateDirectoryTest, HoldsScratchDirectoriesThatGo) {
     const TScratchDirectory other;
     path = scratch.Path();
     EXPECT_NE(path, other.Path());
-    EXPECT_EQ(path.parent_path(), PrivateDirectory());
+    EXPECT_EQ(path.parent_path(), RuntimeDirectory());
     ExpectIsPrivate(path);
   }
   EXPECT_FALSE(std::filesystem::exists(path));
 }
 
-TEST_F(PrivateDirectoryTest, LosesScratchDirectoriesOfProcessesThatAreGone) {
+TEST_F(RuntimeDirectoryTest, LosesScratchDirectoriesOfProcessesThatAreGone) {
   const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
-  const auto stale = PrivateDirectory() / "999999999-abcdef"; // no process has that number
-  const auto foreign = PrivateDirectory() / "0123456789abcdef";
+  const auto stale = RuntimeDirectory() / "999999999-abcdef"; // no process has that number
+  const auto foreign = RuntimeDirectory() / "0123456789abcdef";
   std::filesystem::create_directories(stale / "inside");
   std::filesystem::create_directories(foreign);
   const TScratchDirectory first;
