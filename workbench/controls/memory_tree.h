@@ -43,7 +43,12 @@ public:
 
   /// 0 for a node of the top level.
   TNodeId GetParent(TNodeId node) const { return FNodes[node].Parent; }
+  bool HasChildren(TNodeId node) const {
+    return FNodes[node].Children.size() > FNodes[node].Deleted;
+  }
   deployment::TCheckType GetCheckType(TNodeId node) const { return FNodes[node].CheckType; }
+  /// Ids of nodes are below this one.
+  TNodeId EndOfNodes() const { return FNodes.size(); }
   /// False for an id that no node has.
   bool IsNode(TNodeId node) const {
     return node != 0 && node < FNodes.size() && FNodes[node].Alive;

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPen>
 #include <algorithm>
 #include <utility>
 
@@ -29,10 +30,10 @@ void TTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   QStyledItemDelegate::paint(painter, option, index);
   if (!FHasVerticalLines)
     return;
-  painter->save();
+  const QPen before = painter->pen();
   painter->setPen(option.palette.color(QPalette::Midlight));
   painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
-  painter->restore();
+  painter->setPen(before);
 }
 
 // Air above and below the text, so that rows of small fonts are hit with ease.

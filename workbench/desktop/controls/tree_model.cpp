@@ -57,6 +57,9 @@ void TTreeModel::CheckChanged(TNodeId node) {
 
 void TTreeModel::ColumnsChanged() {
   beginResetModel();
+  FTitles.clear();
+  for (const deployment::TTreeColumn& column : FNodes.Columns())
+    FTitles += PackageText(column.Title);
   endResetModel();
 }
 
@@ -73,7 +76,7 @@ void TTreeModel::Flush() {
   for (const TNodeId node : changed) {
     if (node >= FRows.size() || FRows[node] < 0)
       continue;
-    const auto [range, isNew] = ranges.try_emplace(FParents[node], FRows[node], FRows[node]);
+    const auto [range, isNew] = ranges.try_emplace(ParentOf(node), FRows[node], FRows[node]);
     range->second = {std::min(range->second.first, FRows[node]),
                      std::max(range->second.second, FRows[node])};
   }
@@ -86,29 +89,48 @@ void TTreeModel::Flush() {
 void TTreeModel::ReadNodes() {
   FChildren.clear();
   FParents.clear();
-  FRows.clear();
-  ReadChildren(0);
+  FRows.assign(FNodes.EndOfNodes(), -1);
+  FFlags.assign(FNodes.EndOfNodes(), Qt::NoItemFlags);
+  ReadChildren(0, FTop);
 }
 
-void TTreeModel::ReadChildren(TNodeId parent) {
-  TChildren children = FNodes.GetChildren(parent);
-  if (children.empty())
-    return;
-  const TNodeId last = *std::max_element(children.begin(), children.end());
-  if (last >= FRows.size()) {
-    FRows.resize(last + 1, -1);
-    FParents.resize(last + 1, 0);
-  }
+void TTreeModel::ReadChildren(TNodeId parent, TChildren& children) {
+  children = FNodes.GetChildren(parent);
   int row = 0;
   for (const TNodeId child : children) {
     FRows[child] = row++;
-    FParents[child] = parent;
+    FFlags[child] = ReadFlags(child);
+    if (parent != 0)
+      FParents[child] = parent;
   }
-  for (const TNodeId child : FChildren.insert_or_assign(parent, std::move(children)).first->second)
-    ReadChildren(child);
+  for (const TNodeId child : children) {
+    if (!(FFlags[child] & Qt::ItemNeverHasChildren))
+      ReadChildren(child, FChildren[child]); // which leaves the other lists where they are
+  }
+}
+
+// A view asks for those of all rows when it lays them out.
+Qt::ItemFlags TTreeModel::ReadFlags(TNodeId node) const {
+  Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  if (!FNodes.HasChildren(node))
+    flags |= Qt::ItemNeverHasChildren;
+  if (FNodes.GetCheckType(node) != TCheckType::None)
+    flags |= Qt::ItemIsUserCheckable;
+  return flags;
+}
+
+TNodeId TTreeModel::ParentOf(TNodeId node) const {
+  if (FParents.empty())
+    return 0;
+  const auto found = FParents.find(node);
+  return found == FParents.end() ? 0 : found->second;
 }
 
 const TTreeModel::TChildren* TTreeModel::ChildrenOf(TNodeId parent) const {
+  if (parent == 0)
+    return &FTop;
+  if (FChildren.empty())
+    return nullptr;
   const auto found = FChildren.find(parent);
   return found == FChildren.end() ? nullptr : &found->second;
 }
@@ -133,8 +155,7 @@ QModelIndex TTreeModel::index(int row, int column, const QModelIndex& parent) co
 }
 
 QModelIndex TTreeModel::parent(const QModelIndex& child) const {
-  const TNodeId node = NodeOf(child);
-  return node < FParents.size() ? IndexOf(FParents[node]) : QModelIndex();
+  return IndexOf(ParentOf(NodeOf(child)));
 }
 
 int TTreeModel::rowCount(const QModelIndex& parent) const {
@@ -192,7 +213,7 @@ QVariant TTreeModel::headerData(int section, Qt::Orientation orientation, int ro
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
     return {};
   if (role == Qt::DisplayRole)
-    return PackageText(FNodes.Columns()[static_cast<std::size_t>(section)].Title);
+    return FTitles.value(section);
   if (role == Qt::TextAlignmentRole)
     return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
   return {};
@@ -200,19 +221,17 @@ QVariant TTreeModel::headerData(int section, Qt::Orientation orientation, int ro
 
 Qt::ItemFlags TTreeModel::flags(const QModelIndex& index) const {
   const TNodeId node = NodeOf(index);
-  if (!FNodes.IsNode(node))
+  if (node == 0 || node >= FFlags.size())
     return Qt::NoItemFlags;
-  Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-  if (!ChildrenOf(node))
-    flags |= Qt::ItemNeverHasChildren;
-  if (index.column() == 0 && FNodes.GetCheckType(node) != TCheckType::None)
-    flags |= Qt::ItemIsUserCheckable;
-  bool editable = FOptions.Editable;
-  if (editable && FEvents.OnEditing)
+  Qt::ItemFlags flags = FFlags[node];
+  if (index.column() > 0)
+    flags &= ~Qt::ItemFlags(Qt::ItemIsUserCheckable);
+  if (!FOptions.Editable)
+    return flags;
+  bool editable = true;
+  if (FEvents.OnEditing && FNodes.IsNode(node))
     Guarded([&] { editable = FEvents.OnEditing(node, index.column()); });
-  if (editable)
-    flags |= Qt::ItemIsEditable;
-  return flags;
+  return editable ? flags | Qt::ItemIsEditable : flags;
 }
 
 } // namespace workbench

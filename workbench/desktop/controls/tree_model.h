@@ -5,6 +5,7 @@
 #include "workbench/controls/memory_tree.h"
 
 #include <QAbstractItemModel>
+#include <QStringList>
 #include <cstdint>
 #include <unordered_map>
 #include <vector>
@@ -39,7 +40,7 @@ public:
   /// True while views do not know of nodes that came, went or changed places.
   bool HasNewNodes() const { return FNodesChanged; }
   /// True when nodes have nodes below them.
-  bool HasLevels() const { return FChildren.size() > 1; }
+  bool HasLevels() const { return !FChildren.empty(); }
 
   TNodeId NodeOf(const QModelIndex& index) const;
   QModelIndex IndexOf(TNodeId node, int column = 0) const;
@@ -63,7 +64,9 @@ private:
   using TChildren = std::vector<TNodeId>;
 
   const TChildren* ChildrenOf(TNodeId parent) const;
-  void ReadChildren(TNodeId parent);
+  TNodeId ParentOf(TNodeId node) const;
+  Qt::ItemFlags ReadFlags(TNodeId node) const;
+  void ReadChildren(TNodeId parent, TChildren& children);
   void ReadNodes();
   QVariant Color(TNodeId node, int column) const;
   std::string TextOf(TNodeId node, int column) const;
@@ -71,10 +74,13 @@ private:
   const deployment::TTreeOptions FOptions;
   const deployment::TVirtualTreeEvents FEvents;
   TMemoryTree FNodes;
+  QStringList FTitles; // of the columns
   // What views know of the nodes.
+  TChildren FTop;                                   // the nodes of the top level
   std::unordered_map<TNodeId, TChildren> FChildren; // of nodes that have some
-  std::vector<TNodeId> FParents;                    // by node
+  std::unordered_map<TNodeId, TNodeId> FParents;    // of nodes below others
   std::vector<int> FRows;                           // by node
+  std::vector<Qt::ItemFlags> FFlags;                // by node, of its first column
   std::vector<TNodeId> FChanged;
   bool FNodesChanged = false;
 };
