@@ -71,6 +71,24 @@ TEST_F(TWindowDeploy, TheDefaultProfileServesAProjectThatNamesNone) {
   EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteStatus), "Same");
 }
 
+TEST_F(TWindowDeploy, ConnectSaysWhatToDoWithoutAProfile) {
+  OpenExample();
+  std::string said;
+  AnswerNext("OK", &said);
+  PressButton("tbConnect");
+  EXPECT_NE(said.find("The project has no remote profile for Win64. Make one with Tools"),
+            std::string::npos)
+      << said;
+  Assign();
+  Host().RemoteProfiles().RemoveProfile("bench");
+  AnswerNext("OK", &said);
+  PressButton("tbConnect");
+  EXPECT_NE(said.find("names the remote profile bench for Win64, and there is none"),
+            std::string::npos)
+      << said;
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !Button("tbConnect")->isChecked(); }));
+}
+
 TEST_F(TWindowDeploy, ATargetThatIsGoneIsNamedAndTheButtonComesUp) {
   OpenExample();
   Assign();

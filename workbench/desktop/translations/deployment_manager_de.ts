@@ -875,6 +875,18 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <source>Brings the files of a project to each of its platforms.</source>
         <translation>Bringt die Dateien eines Projekts auf jede seiner Plattformen.</translation>
     </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>The project has no remote profile for %1. Make one with Tools, Remote Profiles, and assign it to the project.</source>
+        <translation>Das Projekt hat kein Profil für %1. Legen Sie unter Extras, Profile eines an und weisen Sie es dem Projekt zu.</translation>
+    </message>
+    <message>
+        <source>The project names the remote profile %1 for %2, and there is none of that name. Make it with Tools, Remote Profiles, or assign another one to the project.</source>
+        <translation>Das Projekt nennt für %2 das Profil %1, das es nicht gibt. Legen Sie es unter Extras, Profile an, oder weisen Sie dem Projekt ein anderes zu.</translation>
+    </message>
 </context>
 <context>
     <name>workbench::TPathModel</name>

@@ -1,5 +1,6 @@
 #include "workbench/desktop/window/main_window.h"
 
+#include "package/host/api/platformapi.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
 #include "workbench/desktop/dialogs/consent_dialog.h"
@@ -214,6 +215,9 @@ void TMainWindow::Opened(TOpenProject& project) {
       controls->Page()->addAction(action);
     }
   }
+  if (const QAction* action = controls->ToolBar()->Find("tbConnect"))
+    connect(action, &QAction::triggered, controls,
+            [this, &project] { Guarded([&] { ExplainMissingProfile(project); }); });
   TTreeView& view = controls->Tree()->View();
   view.setAccessibleName(tr("Files of %1").arg(PathToQString(project.GivenFileName().stem())));
   if (!FLayout.Columns.isEmpty()) {
@@ -223,6 +227,28 @@ void TMainWindow::Opened(TOpenProject& project) {
   connect(controls, &TFormControls::StateChanged, this, &TMainWindow::ShowStateSoon);
   connect(&view, &TTreeView::FilesDropped, this, &TMainWindow::AddDropped);
   view.setFocus();
+}
+
+// The view just lets its button come up again when there is nowhere to connect to.
+void TMainWindow::ExplainMissingProfile(TOpenProject& project) {
+  const TFormControls* controls = FProjects->ControlsOf(project);
+  const auto* platforms = project.Project().GetProjectPlatforms();
+  if (!controls || !controls->TargetsComboBox() || !platforms)
+    return;
+  const std::string platform = controls->TargetsComboBox()->GetSelectedPlatform();
+  const std::string profile = platforms->GetProfileName(platform);
+  if (profile.empty())
+    ShowError(tr("Connect"),
+              tr("The project has no remote profile for %1. Make one with Tools, Remote Profiles, "
+                 "and assign it to the project.")
+                  .arg(ToQString(platform)),
+              this);
+  else if (!FSession.RemoteProfiles().FindProfile(profile))
+    ShowError(tr("Connect"),
+              tr("The project names the remote profile %1 for %2, and there is none of that name. "
+                 "Make it with Tools, Remote Profiles, or assign another one to the project.")
+                  .arg(ToQString(profile), ToQString(platform)),
+              this);
 }
 
 void TMainWindow::ShowPage() {

@@ -82,6 +82,7 @@ private:
   void Opened(TOpenProject& project);
   void ShowState();
   void ShowTrouble();
+  void ExplainMissingProfile(TOpenProject& project);
   void ShowStateSoon() { FState.start(); }
   void ShowPage();
   void FillRecent();
