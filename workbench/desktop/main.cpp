@@ -1,4 +1,5 @@
 // deployment-manager, the window.
+#include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/dialogs/error_text.h"
 #include "workbench/desktop/dialogs/qt_text.h"
 #include "workbench/desktop/window/appearance.h"
@@ -155,7 +156,7 @@ int Show(const TArguments& arguments) {
       project && (!arguments.Configuration.isEmpty() || !arguments.Platform.isEmpty()))
     ChooseTarget(window, *project, arguments);
   if (!isPicture) {
-    QTimer::singleShot(0, &window, [&window] { window.OfferRecovery(); });
+    QTimer::singleShot(0, &window, [&window] { Guarded([&window] { window.OfferRecovery(); }); });
     return QApplication::exec();
   }
   if (!opened)

@@ -94,13 +94,4 @@ bool AddEntry(TOpenProject& project, const TPlatformTable& platforms, const TNew
   return true;
 }
 
-bool AddFile(TOpenProject& project, const TPlatformTable& platforms, const fs::path& file,
-             std::string_view configuration, std::string_view platform) {
-  TNewEntry entry;
-  entry.LocalName = LocalNameOf(file.string(), project.GivenFileName()).LocalName;
-  entry.Configuration = configuration.empty() ? deployment::BaseConfiguration : configuration;
-  entry.Platform = platform;
-  return AddEntry(project, platforms, entry);
-}
-
 } // namespace workbench

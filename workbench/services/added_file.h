@@ -53,10 +53,4 @@ struct TNewEntry {
 /// Adds the entry. False when it is on the list already; it stays as the user made it then.
 bool AddEntry(TOpenProject& project, const TPlatformTable& platforms, const TNewEntry& entry);
 
-/// Adds a file of this machine for a target, as Add Files does; an empty configuration is "Base".
-/// False as above. Throws TAddError.
-bool AddFile(TOpenProject& project, const TPlatformTable& platforms,
-             const std::filesystem::path& file, std::string_view configuration,
-             std::string_view platform);
-
 } // namespace workbench

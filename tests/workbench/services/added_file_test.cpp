@@ -9,12 +9,21 @@ using testing::ProjectWith;
 
 using AddedFile = testing::TSessionTest;
 
+// Adds a file under the name that the project sees it by.
+bool Add(TOpenProject& project, const TPlatformTable& platforms, const std::filesystem::path& file,
+         const std::string& configuration, const std::string& platform) {
+  TNewEntry entry;
+  entry.LocalName = LocalNameOf(file.string(), project.GivenFileName()).LocalName;
+  entry.Configuration = configuration;
+  entry.Platform = platform;
+  return AddEntry(project, platforms, entry);
+}
+
 TEST_F(AddedFile, IsStoredAsSeenFromTheProject) {
   TOpenProject& project = OpenText(ProjectWith(""));
   std::filesystem::create_directory(FDirectory / "data");
   Write(FDirectory / "data" / "a.dat", "x");
-  EXPECT_TRUE(workbench::AddFile(project, Host().Platforms(), FDirectory / "data" / "a.dat",
-                                 "Debug", "OSX32"));
+  EXPECT_TRUE(Add(project, Host().Platforms(), FDirectory / "data" / "a.dat", "Debug", "OSX32"));
   const auto file = project.Deployment().FindFile("Debug", "OSX32", "data\\a.dat");
   ASSERT_NE(file, nullptr);
   EXPECT_EQ(file->GetDeploymentClass(), "File");
@@ -24,18 +33,11 @@ TEST_F(AddedFile, IsStoredAsSeenFromTheProject) {
   EXPECT_TRUE(project.HasChanges());
 }
 
-TEST_F(AddedFile, BelongsToBaseWithoutAConfiguration) {
-  TOpenProject& project = OpenText(ProjectWith(""));
-  Write(FDirectory / "a.dat", "x");
-  EXPECT_TRUE(workbench::AddFile(project, Host().Platforms(), FDirectory / "a.dat", "", "Win32"));
-  EXPECT_NE(project.Deployment().FindFile("Base", "Win32", "a.dat"), nullptr);
-}
-
 TEST_F(AddedFile, StaysAsTheUserMadeItWhenItIsThereAlready) {
   TOpenProject& project = OpenText(ProjectWith(""));
   Write(FDirectory / "a.dat", "x");
   const auto add = [&] {
-    return workbench::AddFile(project, Host().Platforms(), FDirectory / "a.dat", "Debug", "Win32");
+    return Add(project, Host().Platforms(), FDirectory / "a.dat", "Debug", "Win32");
   };
   EXPECT_TRUE(add());
   const auto file = project.Deployment().FindFile("Debug", "Win32", "a.dat");
@@ -60,8 +62,7 @@ TEST_F(AddedFile, TakesEachValueThatIsGiven) {
 TEST_F(AddedFile, IsNoDirectoryAndHasANameThatCanBeStored) {
   TOpenProject& project = OpenText(ProjectWith(""));
   const auto add = [&](const std::filesystem::path& file) {
-    return ErrorOf<TAddError>(
-        [&] { workbench::AddFile(project, Host().Platforms(), file, "Debug", "Win32"); });
+    return ErrorOf<TAddError>([&] { Add(project, Host().Platforms(), file, "Debug", "Win32"); });
   };
   EXPECT_EQ(add(FDirectory), "\"" + FDirectory.string() + "\" is a directory; add its files");
   EXPECT_EQ(add(""), "the name of a file is empty");

@@ -2,7 +2,6 @@
 
 #include "workbench/desktop/dialogs/deploy_panel.h"
 
-#include <csignal>
 #include <utility>
 
 namespace workbench {
@@ -20,12 +19,6 @@ TDeployRun& TDeployDesk::Begin() {
 void TDeployDesk::End(TDeployRun& /*run*/) {
   FPanel.End();
   FRun.reset();
-}
-
-void TDeployDesk::Cancel() {
-  int running = 0;
-  if (FRun)
-    FRun->Cancelled.compare_exchange_strong(running, SIGTERM);
 }
 
 } // namespace workbench

@@ -24,8 +24,6 @@ public:
   TDeployRun& Begin() override;
   void End(TDeployRun& run) override;
   bool IsRunning() const { return FRun.has_value(); }
-  /// Interrupts the deploy that runs.
-  void Cancel();
 
 private:
   TDeployPanel& FPanel;

@@ -261,11 +261,15 @@ void TMainWindow::ShowPage() {
 }
 
 void TMainWindow::ShowState() {
-  if (FAside.IsBusy())
-    return;
+  // Said once, and not again by each look.
+  if (!FAside.IsBusy() && !Guarded([this] { ShowPresentState(); }))
+    FPoll.stop();
+}
+
+void TMainWindow::ShowPresentState() {
   FProjects->EndSteps();
   ShowTrouble();
-  Guarded([this] { FProjects->ShowModified(); });
+  FProjects->ShowModified();
   ShowUndo();
   const TOpenProject* project = CurrentProject();
   const TFormControls* controls = CurrentControls();
@@ -328,7 +332,7 @@ void TMainWindow::AddDropped(const QStringList& files) {
   std::vector<std::string> added;
   for (const QString& file : files) {
     const std::filesystem::path path = ToPathText(file);
-    if (std::filesystem::is_directory(path))
+    if (std::error_code ignored; std::filesystem::is_directory(path, ignored))
       return ShowError(tr("Add Files"), tr("%1 is a directory; drop its files.").arg(file), this);
     if (IsProjectFile(path))
       Open(path);

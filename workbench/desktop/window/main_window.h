@@ -81,6 +81,7 @@ private:
 
   void Opened(TOpenProject& project);
   void ShowState();
+  void ShowPresentState();
   void ShowTrouble();
   void ExplainMissingProfile(TOpenProject& project);
   void ShowStateSoon() { FState.start(); }
