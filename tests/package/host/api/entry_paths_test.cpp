@@ -46,7 +46,7 @@ TEST_F(EntryPaths, KeepDirectoriesThatStandForThemselves) {
 
 TEST_F(EntryPaths, ExpandTheMacrosOfTheTargetInEveryPart) {
   IProjectDeploymentFile& file = Add(R"($(Platform)\$(Config)\a.dat)");
-  file.SetRemoteDir("Win32", R"($(Config)\$(configuration)\)");
+  file.SetRemoteDir("Win32", R"($(Config)\$(Configuration)\)");
   file.SetRemoteName("Win32", "$(Platform)-$(Nobody).txt");
   EXPECT_EQ(Paths().LocalFile(file), R"(C:\work\App\Win32\Debug\a.dat)");
   EXPECT_EQ(Paths().RemoteFile(file), R"(App\Debug\Debug\Win32-$(Nobody).txt)");
