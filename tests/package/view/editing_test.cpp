@@ -1,5 +1,5 @@
 // Editing in the cells, and the boxes.
-#include "package/view/file_columns.h"
+#include "package/host/api/file_columns.h"
 #include "tests/package/view/frame_world.h"
 
 namespace deployment {

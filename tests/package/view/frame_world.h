@@ -121,7 +121,7 @@ protected:
   TScriptedDialogs Dialogs;
   std::shared_ptr<TMemoryProject> Module = std::make_shared<TMemoryProject>();
   TRecordingDeployment Deployment{*Module, Host};
-  std::shared_ptr<TConnectThreads> Threads = std::make_shared<TConnectThreads>();
+  std::shared_ptr<TViewThreads> Threads = std::make_shared<TViewThreads>();
   workbench::TMemoryControls Controls{Dialogs};
   std::unique_ptr<TDeploymentFrame> Frame;
 };

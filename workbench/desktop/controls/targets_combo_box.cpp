@@ -1,6 +1,7 @@
 #include "workbench/desktop/controls/targets_combo_box.h"
 
 #include "package/host/api/platformapi.h"
+#include "package/host/api/platforms.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/dialogs/qt_text.h"
 
@@ -84,10 +85,16 @@ void TTargetsComboBox::Activated(int row) {
     Guarded(FOnChange);
 }
 
-void TTargetsComboBox::Choose(std::string_view configuration, std::string_view platform) {
-  FSelected = {std::string(configuration), std::string(platform)};
+void TTargetsComboBox::Select(const deployment::TDeploymentTarget& target) {
+  FSelected = {target.Configuration,
+               target.Platform == deployment::sAllPlatforms ? std::string() : target.Platform};
   Repopulate();
-  Show();
+  if (FBox)
+    Show();
+}
+
+void TTargetsComboBox::Choose(std::string_view configuration, std::string_view platform) {
+  Select({std::string(configuration), std::string(platform)});
   if (FOnChange)
     Guarded(FOnChange);
 }

@@ -30,6 +30,7 @@ public:
   ~TTargetsComboBox() override;
 
   void SetProject(deployment::ICustomProject* project) override;
+  void Select(const deployment::TDeploymentTarget& target) override;
   void Repopulate() override;
   std::string GetSelectedPlatform() const override { return FSelected.Platform; }
   std::string GetSelectedConfiguration() const override { return FSelected.Configuration; }
