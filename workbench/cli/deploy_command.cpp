@@ -1,4 +1,5 @@
 // deploymgr deploy: brings the files of a target to where they belong.
+#include "package/host/api/view_buttons.h"
 #include "workbench/cli/command.h"
 #include "workbench/cli/commands.h"
 #include "workbench/cli/deploy_progress.h"
@@ -88,7 +89,7 @@ private:
       const TInterruptWatch watch(run.Cancelled);
       TDesk desk(run);
       services.SetDeployDesk(&desk);
-      view.Press("tbDeploy");
+      view.Press(deployment::view_button::Deploy);
       if (run.Report.End == TDeployEnd::NotStarted)
         services.Deploy(project.Project(), target.Platform, target.Configuration, /*final=*/true);
       services.SetDeployDesk(nullptr);

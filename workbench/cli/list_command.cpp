@@ -1,4 +1,5 @@
 // deploymgr list and deploymgr status: the rows of the Deployment Manager.
+#include "package/host/api/file_columns.h"
 #include "package/host/api/platforms.h"
 #include "workbench/cli/command.h"
 #include "workbench/cli/commands.h"
@@ -16,12 +17,8 @@
 namespace workbench {
 namespace {
 
-// Titles of the texts of a row, in their order.
-constexpr std::array<const char*, 10> Titles{
-    "Local Path",  "Local Name",  "Type",          "Configuration", "Platforms",
-    "Remote Path", "Remote Name", "Remote Status", "Local Status",  "Overwrite"};
-
-using TWidths = std::array<std::size_t, Titles.size()>;
+using deployment::FileColumns;
+using TWidths = std::array<std::size_t, FileColumns.size()>;
 
 class TListCommand final : public ICommand {
 public:
@@ -49,9 +46,10 @@ public:
       context.Session.RemoteProfiles().PrepareConnection(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
-    view.Open(project, target);
     if (connect)
-      view.Connect();
+      view.OpenConnected(project, target);
+    else
+      view.Open(project, target);
     Sort(view);
     WarnSince(context, project, told);
     if (context.Output.IsJson())
@@ -79,11 +77,10 @@ private:
   static void PrintJson(TCommandContext& context, const TOpenProject& project,
                         const TTarget& target, bool connected, const std::vector<TViewRow>& rows) {
     TJson list = TJson::array();
-    const std::vector<std::string>& keys = TDeploymentView::RowKeys();
     for (const TViewRow& row : rows) {
       TJson entry = TJson::object();
-      for (std::size_t i = 0; i < keys.size(); ++i)
-        entry[keys[i]] = row.Texts[i];
+      for (std::size_t i = 0; i < FileColumns.size(); ++i)
+        entry[std::string(FileColumns[i].Key)] = row.Texts[i];
       entry["checked"] = row.Checked;
       entry["dimmed"] = row.Dimmed;
       list.push_back(std::move(entry));
@@ -100,7 +97,9 @@ private:
   // The titles are for people; scripts get one line for each file and nothing else.
   static void PrintText(TCommandContext& context, const std::vector<TViewRow>& rows) {
     TOutput& output = context.Output;
-    std::vector<std::string> titles(Titles.begin(), Titles.end());
+    std::vector<std::string> titles;
+    for (const deployment::TFileColumn& column : FileColumns)
+      titles.emplace_back(column.Title);
     TWidths widths{};
     if (output.IsTerminal())
       Widen(widths, titles);

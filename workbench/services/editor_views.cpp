@@ -17,9 +17,15 @@ void TEditorViews::ShowEditorView(const std::shared_ptr<deployment::INTACustomEd
   }
   TShown& shown = FShown.emplace_back();
   shown.View = view;
-  shown.Controls = FArea->AddView(*view);
-  shown.Frame = view->CreateFrame(*shown.Controls);
-  view->FrameCreated(*shown.Frame);
+  try {
+    shown.Controls = FArea->AddView(*view);
+    shown.Frame = view->CreateFrame(*shown.Controls);
+    view->FrameCreated(*shown.Frame);
+  } catch (...) {
+    // A view that is half made would come forward at the next wish to see it.
+    CloseEditorView(view);
+    throw;
+  }
   view->ViewShown();
   view->ViewActivated();
 }

@@ -109,11 +109,12 @@ void TSession::CloseViews() {
   FParts->Services.GetEditorViewServices()->CloseAll();
 }
 
-void TSession::ShowDeployment(TOpenProject& project) {
+std::optional<deployment::TInputError>
+TSession::ShowDeployment(TOpenProject& project, const deployment::TShowRequest& request) {
   auto* service = FParts->Services.GetExtensions()->DeploymentService();
   if (!service)
     throw deployment::TInputError("the package offers no Deployment Manager");
-  service->DeployManagerProject(project.SharedProject());
+  return service->ShowDeployment(project.SharedProject(), request);
 }
 
 void TSession::SetModalForms(deployment::IModalForms* forms) {

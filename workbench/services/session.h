@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -114,8 +115,11 @@ public:
   void SetEditorArea(IEditorArea* area);
   /// Closes the views that are shown.
   void CloseViews();
-  /// Opens the Deployment Manager of the project in the editor area, or brings it forward.
-  void ShowDeployment(TOpenProject& project);
+  /// Opens the Deployment Manager of the project in the editor area, or brings it forward, and
+  /// shows what is asked for. Returns why the target could not be computed; the view shows what the
+  /// list holds then.
+  std::optional<deployment::TInputError> ShowDeployment(TOpenProject& project,
+                                                        const deployment::TShowRequest& request);
   /// Who shows dialogs of the package from now on; null, as at the start, for nobody. Not owned.
   void SetModalForms(deployment::IModalForms* forms);
 

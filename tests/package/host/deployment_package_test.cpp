@@ -7,6 +7,8 @@
 #include <array>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace deployment {
 namespace {
@@ -46,6 +48,26 @@ TEST(DeploymentPackage, StopsTwiceAndWithoutAStart) {
   EXPECT_EQ(RegisteredCount(host), 0U);
   package.Stop();
   EXPECT_EQ(RegisteredCount(host), 0U);
+}
+
+std::vector<std::string>& UnitLog() {
+  static std::vector<std::string> log;
+  return log;
+}
+
+TEST(DeploymentPackage, StopsItsUnitsInTheReverseOrder) {
+  constexpr auto log = [](const char* text) { UnitLog().emplace_back(text); };
+  const std::array<TUnit, 3> table{{
+      {"a", [](TPackageUnits&) { log("+a"); }, [](TPackageUnits&) { log("-a"); }},
+      {"b", [](TPackageUnits&) { log("+b"); }, [](TPackageUnits&) { log("-b"); }},
+      {"c", [](TPackageUnits&) { log("+c"); }, [](TPackageUnits&) { log("-c"); }},
+  }};
+  UnitLog().clear();
+  TMemoryHost host;
+  TDeploymentPackage package(host, table);
+  package.Start();
+  package.Stop();
+  EXPECT_EQ(UnitLog(), (std::vector<std::string>{"+a", "+b", "+c", "-c", "-b", "-a"}));
 }
 
 TEST(DeploymentPackage, LeavesNothingBehindWhenLoadedAndUnloadedTwice) {

@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+class QLabel;
 class QVBoxLayout;
 
 namespace workbench {
@@ -89,6 +90,7 @@ signals:
   void StateChanged();
 
 private:
+  QLabel* CreateNotice();
   void ShowMenu(const QPoint& place);
 
   const std::function<bool()> FIsBusy;

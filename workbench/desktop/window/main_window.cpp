@@ -1,6 +1,7 @@
 #include "workbench/desktop/window/main_window.h"
 
 #include "package/host/api/platformapi.h"
+#include "package/host/api/view_buttons.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
 #include "workbench/desktop/dialogs/consent_dialog.h"
@@ -198,11 +199,12 @@ void TMainWindow::OfferRecovery() {
 }
 
 void TMainWindow::Opened(TOpenProject& project) {
-  static const std::array<TKey, 5> keys{{{"tbReconcile", Qt::CTRL | Qt::Key_R},
-                                         {"tbAddFiles", Qt::Key_Insert},
-                                         {"tbDeleteFile", Qt::Key_Delete},
-                                         {"tbDeploy", Qt::Key_F9},
-                                         {"tbConnect", Qt::Key_F8}}};
+  namespace view_button = deployment::view_button;
+  static const std::array<TKey, 5> keys{{{view_button::Reconcile, Qt::CTRL | Qt::Key_R},
+                                         {view_button::AddFiles, Qt::Key_Insert},
+                                         {view_button::DeleteFile, Qt::Key_Delete},
+                                         {view_button::Deploy, Qt::Key_F9},
+                                         {view_button::Connect, Qt::Key_F8}}};
   TFormControls* controls = FProjects->ControlsOf(project);
   if (!controls || !controls->ToolBar() || !controls->Tree())
     return;
@@ -215,7 +217,7 @@ void TMainWindow::Opened(TOpenProject& project) {
       controls->Page()->addAction(action);
     }
   }
-  if (const QAction* action = controls->ToolBar()->Find("tbConnect"))
+  if (const QAction* action = controls->ToolBar()->Find(view_button::Connect))
     connect(action, &QAction::triggered, controls,
             [this, &project] { Guarded([&] { ExplainMissingProfile(project); }); });
   TTreeView& view = controls->Tree()->View();

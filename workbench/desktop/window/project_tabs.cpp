@@ -27,13 +27,6 @@ QString NameOf(const TOpenProject& project) {
   return PathToQString(project.GivenFileName().filename());
 }
 
-// A view begins without a configuration, and would deploy the files of all configurations alone.
-void ChooseActiveTarget(const TOpenProject& project, TFormControls& controls) {
-  if (controls.TargetsComboBox())
-    controls.TargetsComboBox()->Choose(project.Settings().ActiveConfiguration(),
-                                       project.Settings().ActivePlatform());
-}
-
 // Nothing is drawn: a save uses the package, and so would the drawing of rows.
 struct TStillTabs {
   explicit TStillTabs(QWidget& tabs) : Tabs(tabs) { Tabs.setUpdatesEnabled(false); }
@@ -121,7 +114,9 @@ bool TProjectTabs::Show(TOpenProject& project, int index) {
                              [&controls](TFormControls* made) { controls = made; });
   try {
     project.Deployment();
-    FSession.ShowDeployment(project);
+    // A target that cannot be computed is no reason to keep the project closed: the view says it.
+    FSession.ShowDeployment(
+        project, {{project.Settings().ActiveConfiguration(), project.Settings().ActivePlatform()}});
   } catch (const std::exception&) {
     disconnect(added);
     FSession.Close(project);
@@ -132,7 +127,6 @@ bool TProjectTabs::Show(TOpenProject& project, int index) {
     FSession.Close(project);
     return false;
   }
-  ChooseActiveTarget(project, *controls);
   FProjects.push_back({&project, controls, std::make_unique<TProjectEdits>(project)});
   const int shown = FTabs.IndexOf(*controls);
   if (index >= 0 && index != shown)
