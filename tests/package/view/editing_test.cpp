@@ -240,7 +240,7 @@ TEST_F(Editing, ForAllPlatformsReachesEveryPlatformOfTheFile) {
   EXPECT_TRUE(Tree().Edit(NodeOf("a"), RemotePath, "Data\\"));
   EXPECT_TRUE(Tree().Edit(NodeOf("a"), RemoteName, "b"));
   EXPECT_TRUE(Tree().Edit(NodeOf("a"), Overwrite, "Never"));
-  for (const std::string& platform : {"Win32", "Android"}) {
+  for (const std::string platform : {"Win32", "Android"}) {
     EXPECT_EQ(file->GetRemoteDir(platform), "Data\\");
     EXPECT_EQ(file->GetRemoteName(platform), "b");
     EXPECT_FALSE(file->GetOverwrite(platform));
