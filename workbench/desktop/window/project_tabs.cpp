@@ -1,5 +1,6 @@
 #include "workbench/desktop/window/project_tabs.h"
 
+#include "package/common/errors.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
@@ -92,15 +93,13 @@ std::vector<fs::path> TProjectTabs::Files() const {
 }
 
 bool TProjectTabs::Open(const fs::path& file) {
-  const fs::path wanted = Canonical(file);
-  for (const TProjectTab& tab : FProjects) {
-    if (Canonical(tab.Project->GivenFileName()) != wanted)
-      continue;
-    FTabs.setCurrentIndex(FTabs.IndexOf(*tab.Controls));
-    return true;
-  }
   try {
-    return Show(Read(file), -1);
+    if (const TOpenProject* open = FSession.FindOpen(file)) {
+      FTabs.setCurrentIndex(FTabs.IndexOf(*ControlsOf(*open)));
+      return true;
+    }
+    Show(Read(file), -1);
+    return true;
   } catch (const std::exception& error) {
     ShowError(tr("Open Project"),
               tr("%1 cannot be opened.\n\n%2").arg(PathToQString(file), ErrorText(error)),
@@ -115,23 +114,21 @@ TOpenProject& TProjectTabs::Read(const fs::path& file) {
 }
 
 // What fails here leaves no project without a tab behind.
-bool TProjectTabs::Show(TOpenProject& project, int index) {
+void TProjectTabs::Show(TOpenProject& project, int index) {
   TFormControls* controls = nullptr;
   const auto added = connect(&FTabs, &TEditorTabs::Added, this,
                              [&controls](TFormControls* made) { controls = made; });
   try {
     project.Deployment();
     FSession.ShowDeployment(project);
+    if (!controls)
+      throw deployment::TInputError("the package shows no Deployment Manager for it");
   } catch (const std::exception&) {
     disconnect(added);
     FSession.Close(project);
     throw;
   }
   disconnect(added);
-  if (!controls) {
-    FSession.Close(project);
-    return false;
-  }
   ChooseActiveTarget(project, *controls);
   FProjects.push_back({&project, controls, std::make_unique<TProjectEdits>(project)});
   const int shown = FTabs.IndexOf(*controls);
@@ -142,7 +139,6 @@ bool TProjectTabs::Show(TOpenProject& project, int index) {
   emit Opened(&project);
   ShowModified();
   emit Changed();
-  return true;
 }
 
 bool TProjectTabs::Save(int index) {
@@ -274,7 +270,8 @@ bool TProjectTabs::ReadAnew(int index) {
   const fs::path file = project.GivenFileName();
   try {
     Shut(project);
-    return Show(Read(file), index);
+    Show(Read(file), index);
+    return true;
   } catch (const std::exception& error) {
     ShowError(tr("Reload Project"),
               tr("%1 cannot be read any more and was closed. Mend the file, then open it "
