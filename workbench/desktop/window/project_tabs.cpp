@@ -36,11 +36,11 @@ void ChooseActiveTarget(const TOpenProject& project, TFormControls& controls) {
 }
 
 // Nothing is drawn: a save uses the package, and so would the drawing of rows.
-struct TStillTabs {
-  explicit TStillTabs(QWidget& tabs) : Tabs(tabs) { Tabs.setUpdatesEnabled(false); }
-  ~TStillTabs() { Tabs.setUpdatesEnabled(true); }
-  TStillTabs(const TStillTabs&) = delete;
-  TStillTabs& operator=(const TStillTabs&) = delete;
+struct TPausedPainting {
+  explicit TPausedPainting(QWidget& tabs) : Tabs(tabs) { Tabs.setUpdatesEnabled(false); }
+  ~TPausedPainting() { Tabs.setUpdatesEnabled(true); }
+  TPausedPainting(const TPausedPainting&) = delete;
+  TPausedPainting& operator=(const TPausedPainting&) = delete;
   QWidget& Tabs;
 };
 
@@ -53,8 +53,9 @@ struct TBusyCursor {
 
 } // namespace
 
-TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TAsideWork& aside, QWidget& window)
-    : FSession(session), FTabs(tabs), FAside(aside), FWindow(window) {}
+TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background,
+                           QWidget& window)
+    : FSession(session), FTabs(tabs), FBackground(background), FWindow(window) {}
 
 TProjectTabs::TProjectTab* TProjectTabs::TabAt(int index) {
   const TFormControls* controls = FTabs.ControlsAt(index);
@@ -168,8 +169,8 @@ bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
   bool saved = false;
   try {
     tab.Edits->EndStep(tab.Controls->TakeCommand());
-    const TStillTabs still(FTabs);
-    FAside.Run([&project = *tab.Project, force] {
+    const TPausedPainting still(FTabs);
+    FBackground.Run([&project = *tab.Project, force] {
       project.Save(force);
       project.HasChanges(); // takes what was written as the new text, which is work too
     });
@@ -284,7 +285,7 @@ bool TProjectTabs::ReadAnew(int index) {
 }
 
 void TProjectTabs::CheckDisk() {
-  if (FAside.IsBusy() || QApplication::activeModalWidget())
+  if (FBackground.IsBusy() || QApplication::activeModalWidget())
     return;
   for (int i = 0; i < FTabs.count(); ++i) {
     TProjectTab* tab = TabAt(i);
@@ -319,7 +320,7 @@ TProjectEdits* TProjectTabs::EditsAt(int index) {
 
 // A dialog may be open in the middle of a command.
 void TProjectTabs::EndSteps() {
-  if (FAside.IsBusy() || QApplication::activeModalWidget())
+  if (FBackground.IsBusy() || QApplication::activeModalWidget())
     return;
   for (const TProjectTab& tab : FProjects) {
     Guarded([&] { tab.Edits->EndStep(tab.Controls->TakeCommand()); });
