@@ -6,7 +6,7 @@
 #include "workbench/controls/memory_controls.h"
 #include "workbench/project/project_settings.h"
 #include "workbench/services/editor_views.h"
-#include "workbench/services/session.h"
+#include "workbench/session/session.h"
 
 #include <benchmark/benchmark.h>
 

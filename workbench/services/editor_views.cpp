@@ -22,8 +22,7 @@ void TEditorViews::ShowEditorView(const std::shared_ptr<deployment::INTACustomEd
     shown.Frame = view->CreateFrame(*shown.Controls);
     view->FrameCreated(*shown.Frame);
   } catch (...) {
-    // A view that is half made would come forward at the next wish to see it.
-    CloseEditorView(view);
+    CloseEditorView(view); // not half made, so that it can be tried again
     throw;
   }
   view->ViewShown();

@@ -1,8 +1,9 @@
 #include "workbench/desktop/window/project_tabs.h"
 
+#include "package/common/errors.h"
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/dialogs/error_text.h"
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/error_text.h"
+#include "workbench/desktop/text/qt_text.h"
 #include "workbench/project/project_settings.h"
 
 #include <QApplication>
@@ -28,11 +29,11 @@ QString NameOf(const TOpenProject& project) {
 }
 
 // Nothing is drawn: a save uses the package, and so would the drawing of rows.
-struct TStillTabs {
-  explicit TStillTabs(QWidget& tabs) : Tabs(tabs) { Tabs.setUpdatesEnabled(false); }
-  ~TStillTabs() { Tabs.setUpdatesEnabled(true); }
-  TStillTabs(const TStillTabs&) = delete;
-  TStillTabs& operator=(const TStillTabs&) = delete;
+struct TPausedPainting {
+  explicit TPausedPainting(QWidget& tabs) : Tabs(tabs) { Tabs.setUpdatesEnabled(false); }
+  ~TPausedPainting() { Tabs.setUpdatesEnabled(true); }
+  TPausedPainting(const TPausedPainting&) = delete;
+  TPausedPainting& operator=(const TPausedPainting&) = delete;
   QWidget& Tabs;
 };
 
@@ -45,8 +46,9 @@ struct TBusyCursor {
 
 } // namespace
 
-TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TAsideWork& aside, QWidget& window)
-    : FSession(session), FTabs(tabs), FAside(aside), FWindow(window) {}
+TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background,
+                           QWidget& window)
+    : FSession(session), FTabs(tabs), FBackground(background), FWindow(window) {}
 
 TProjectTabs::TProjectTab* TProjectTabs::TabAt(int index) {
   const TFormControls* controls = FTabs.ControlsAt(index);
@@ -85,15 +87,13 @@ std::vector<fs::path> TProjectTabs::Files() const {
 }
 
 bool TProjectTabs::Open(const fs::path& file) {
-  const fs::path wanted = Canonical(file);
-  for (const TProjectTab& tab : FProjects) {
-    if (Canonical(tab.Project->GivenFileName()) != wanted)
-      continue;
-    FTabs.setCurrentIndex(FTabs.IndexOf(*tab.Controls));
-    return true;
-  }
   try {
-    return Show(Read(file), -1);
+    if (const TOpenProject* open = FSession.FindOpen(file)) {
+      FTabs.setCurrentIndex(FTabs.IndexOf(*ControlsOf(*open)));
+      return true;
+    }
+    Show(Read(file), -1);
+    return true;
   } catch (const std::exception& error) {
     ShowError(tr("Open Project"),
               tr("%1 cannot be opened.\n\n%2").arg(PathToQString(file), ErrorText(error)),
@@ -108,7 +108,7 @@ TOpenProject& TProjectTabs::Read(const fs::path& file) {
 }
 
 // What fails here leaves no project without a tab behind.
-bool TProjectTabs::Show(TOpenProject& project, int index) {
+void TProjectTabs::Show(TOpenProject& project, int index) {
   TFormControls* controls = nullptr;
   const auto added = connect(&FTabs, &TEditorTabs::Added, this,
                              [&controls](TFormControls* made) { controls = made; });
@@ -117,16 +117,14 @@ bool TProjectTabs::Show(TOpenProject& project, int index) {
     // A target that cannot be computed is no reason to keep the project closed: the view says it.
     FSession.ShowDeployment(
         project, {{project.Settings().ActiveConfiguration(), project.Settings().ActivePlatform()}});
+    if (!controls)
+      throw deployment::TInputError("the package shows no Deployment Manager for it");
   } catch (const std::exception&) {
     disconnect(added);
     FSession.Close(project);
     throw;
   }
   disconnect(added);
-  if (!controls) {
-    FSession.Close(project);
-    return false;
-  }
   FProjects.push_back({&project, controls, std::make_unique<TProjectEdits>(project)});
   const int shown = FTabs.IndexOf(*controls);
   if (index >= 0 && index != shown)
@@ -136,7 +134,6 @@ bool TProjectTabs::Show(TOpenProject& project, int index) {
   emit Opened(&project);
   ShowModified();
   emit Changed();
-  return true;
 }
 
 bool TProjectTabs::Save(int index) {
@@ -166,8 +163,8 @@ bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
   bool saved = false;
   try {
     tab.Edits->EndStep(tab.Controls->TakeCommand());
-    const TStillTabs still(FTabs);
-    FAside.Run([&project = *tab.Project, force] {
+    const TPausedPainting still(FTabs);
+    FBackground.Run([&project = *tab.Project, force] {
       project.Save(force);
       project.HasChanges(); // takes what was written as the new text, which is work too
     });
@@ -268,7 +265,8 @@ bool TProjectTabs::ReadAnew(int index) {
   const fs::path file = project.GivenFileName();
   try {
     Shut(project);
-    return Show(Read(file), index);
+    Show(Read(file), index);
+    return true;
   } catch (const std::exception& error) {
     ShowError(tr("Reload Project"),
               tr("%1 cannot be read any more and was closed. Mend the file, then open it "
@@ -281,7 +279,7 @@ bool TProjectTabs::ReadAnew(int index) {
 }
 
 void TProjectTabs::CheckDisk() {
-  if (FAside.IsBusy() || QApplication::activeModalWidget())
+  if (FBackground.IsBusy() || QApplication::activeModalWidget())
     return;
   for (int i = 0; i < FTabs.count(); ++i) {
     TProjectTab* tab = TabAt(i);
@@ -316,7 +314,7 @@ TProjectEdits* TProjectTabs::EditsAt(int index) {
 
 // A dialog may be open in the middle of a command.
 void TProjectTabs::EndSteps() {
-  if (FAside.IsBusy() || QApplication::activeModalWidget())
+  if (FBackground.IsBusy() || QApplication::activeModalWidget())
     return;
   for (const TProjectTab& tab : FProjects) {
     Guarded([&] { tab.Edits->EndStep(tab.Controls->TakeCommand()); });
