@@ -55,12 +55,15 @@ std::vector<std::string>& UnitLog() {
   return log;
 }
 
+void Note(const char* text) {
+  UnitLog().emplace_back(text);
+}
+
 TEST(DeploymentPackage, StopsItsUnitsInTheReverseOrder) {
-  constexpr auto log = [](const char* text) { UnitLog().emplace_back(text); };
   const std::array<TUnit, 3> table{{
-      {"a", [](TPackageUnits&) { log("+a"); }, [](TPackageUnits&) { log("-a"); }},
-      {"b", [](TPackageUnits&) { log("+b"); }, [](TPackageUnits&) { log("-b"); }},
-      {"c", [](TPackageUnits&) { log("+c"); }, [](TPackageUnits&) { log("-c"); }},
+      {"a", [](TPackageUnits&) { Note("+a"); }, [](TPackageUnits&) { Note("-a"); }},
+      {"b", [](TPackageUnits&) { Note("+b"); }, [](TPackageUnits&) { Note("-b"); }},
+      {"c", [](TPackageUnits&) { Note("+c"); }, [](TPackageUnits&) { Note("-c"); }},
   }};
   UnitLog().clear();
   TMemoryHost host;
