@@ -78,7 +78,7 @@ private:
     for (const TViewRow& row : rows) {
       TJson entry = TJson::Object();
       for (std::size_t i = 0; i < FileColumns.size(); ++i)
-        entry.Add(FileColumns[i].Key, row.Texts[i]);
+        entry.Add(std::string(FileColumns[i].Key), row.Texts[i]);
       entry.Add("checked", row.Checked);
       entry.Add("dimmed", row.Dimmed);
       list.Append(std::move(entry));
