@@ -1,6 +1,7 @@
 // The deployment service: how the host and other packages open the Deployment Manager.
 #pragma once
 
+#include "package/featured/modify_featured_files.h"
 #include "package/host/api/deploymentapi.h"
 #include "package/host/deployment_window.h"
 
@@ -16,6 +17,13 @@ public:
 
   void DeployManagerProject(const std::shared_ptr<IOTAProject>& project) override {
     ShowDeployment(FContext, project);
+  }
+  std::shared_ptr<const IFeatureFileForm> GetFeaturedFiles(ICustomProject& project,
+                                                           std::string_view extension) override {
+    return LookAtFeaturedFiles(project, extension, FContext->Services);
+  }
+  void ModifyFeaturedFiles(ICustomProject& project) override {
+    AskForFeaturedFiles(project, {}, FContext->Services);
   }
 
 private:

@@ -95,8 +95,6 @@ public:
   TReconcileResult Reconcile(std::string_view configuration, std::string_view platform,
                              bool reconcileInternally, IReconcileJournal& journal) override;
   void Revert(std::span<const std::string> platforms, bool keepAddedFiles) override;
-  std::shared_ptr<const IFeatureFileForm> GetFeaturedFiles(std::string_view extension) override;
-  void ModifyFeaturedFiles(bool& showAuto) override;
   void SaveToDeployProj() override;
 
 private:

@@ -1,6 +1,6 @@
 // Reverting a project's deployment to its defaults.
+#include "package/common/class_names.h"
 #include "package/model/deployment_module_handler.h"
-#include "package/model/section_names.h"
 #include "package/reconcile/reconcile_target.h"
 
 #include <algorithm>
@@ -58,7 +58,7 @@ void TDeploymentModuleHandler::DropPlatforms(std::span<const std::string> platfo
   }
   Clear(platforms);
   for (const auto& file : concerned) {
-    if (!keepAddedFiles && file->GetDeploymentClass() == UserFileClass) {
+    if (!keepAddedFiles && file->GetDeploymentClass() == class_names::File) {
       for (const std::string& platform : platforms)
         file->RemovePlatform(platform);
     }

@@ -20,14 +20,36 @@ struct TListedFile {
   bool Required;
 };
 
-std::string TestOf(std::string_view property, std::string_view value) {
-  return "'$(" + std::string(property) + ")'=='" + std::string(value) + "'";
-}
+// Conditions in the words of the project's builds.
+class TBuildConditions {
+public:
+  /// `names` may be null: the IDE's own words.
+  explicit TBuildConditions(const IProjectBuildNames* names) : FNames(names) {}
 
-std::string ItemCondition(const IProjectDeploymentFile& file) {
+  std::string Platform(std::string_view platform) const {
+    return FNames ? Test(FNames->GetPlatformProperty(), FNames->GetPlatformName(platform))
+                  : Test("Platform", platform);
+  }
+  std::string Configuration(std::string_view configuration) const {
+    return FNames ? Test(FNames->GetConfigurationProperty(),
+                         FNames->GetConfigurationName(configuration))
+                  : Test("Config", configuration);
+  }
+
+private:
+  static std::string Test(std::string_view property, std::string_view value) {
+    return std::string("'$(").append(property).append(")'=='").append(value).append("'");
+  }
+
+  const IProjectBuildNames* FNames;
+};
+
+std::string ItemCondition(const IProjectDeploymentFile& file, const TBuildConditions& conditions) {
+  const std::string& configuration = file.GetConfiguration();
   std::string condition;
-  if (!file.GetConfiguration().empty())
-    condition = TestOf("Config", file.GetConfiguration());
+  // Every build's configuration comes from the root one.
+  if (!configuration.empty() && configuration != BaseConfiguration)
+    condition = conditions.Configuration(configuration);
   if (!condition.empty() && !file.GetCondition().empty())
     condition += " And ";
   return condition += file.GetCondition();
@@ -41,22 +63,48 @@ bool IsEnabledEverywhere(const IProjectDeploymentFile& file) {
 }
 
 std::vector<TListedFile> ListFiles(const TDeploymentFiles& files,
-                                   const IDeploymentClassList& classes) {
+                                   const IDeploymentClassList& classes,
+                                   const TBuildConditions& conditions) {
   std::vector<TListedFile> listed;
   listed.reserve(files.size());
   for (const auto& file : files)
-    listed.push_back(TListedFile{*file, ItemCondition(*file), IsEnabledEverywhere(*file),
+    listed.push_back(TListedFile{*file, ItemCondition(*file, conditions),
+                                 IsEnabledEverywhere(*file),
                                  GetDeploymentRequired(*file, classes)});
   return listed;
 }
 
+// Entries whose directory stands above the root of the target, where a deploy refuses them.
+class TEntriesAboveRoot {
+public:
+  void Add(const std::string& localName, std::string_view platform, const std::string& directory) {
+    constexpr std::size_t NamedEntries = 3;
+    if (FCount < NamedEntries)
+      FText += (FCount == 0 ? "\"" : ", \"") + localName + "\" (" + std::string(platform) + ", \"" +
+               directory + "\")";
+    else if (FCount == NamedEntries)
+      FText += " and others";
+    ++FCount;
+  }
+  void Report(IOTAMessageServices& messages, const std::string& projectFile) const {
+    if (FCount == 0)
+      return;
+    const std::string subject = FCount == 1 ? "a file goes" : std::to_string(FCount) + " files go";
+    messages.AddWarning(subject + " above the root of the target, which a deploy refuses: " + FText,
+                        {projectFile, 0});
+  }
+
+private:
+  std::size_t FCount = 0;
+  std::string FText;
+};
+
 /// Writes the files of one platform.
 class TPlatformWriter {
 public:
-  TPlatformWriter(IMSBuildProjectDocument& document, IProjectDeployment& deployment,
-                  std::string_view platform)
-      : FGroup(document.AddItemGroup(TestOf("Platform", platform))), FDeployment(deployment),
-        FPlatform(platform),
+  TPlatformWriter(IMSBuildItemGroup& group, IProjectDeployment& deployment,
+                  std::string_view platform, TEntriesAboveRoot& above)
+      : FGroup(group), FDeployment(deployment), FPlatform(platform), FAbove(above),
         FBaseDir(WithTrailingDelimiter(deployment.GetRemoteBaseDir(platform))) {}
 
   void WriteFile(const TListedFile& listed) {
@@ -87,9 +135,14 @@ private:
     if (!IsAbsolutePath(directory)) {
       const bool climbs = directory.starts_with("..");
       directory = CanonicalizePath(FBaseDir + directory);
-      // A climb out of the base directory must not end at the root of the target.
+      // A climb out of the base directory must not become an absolute path.
       if (climbs && !directory.empty() && IsPathDelimiter(directory.front()))
         directory.erase(0, 1);
+      // The root itself: nothing but a delimiter would be the root of the device.
+      if (directory.empty())
+        directory = ".";
+      else if (directory == ".." || directory.starts_with("..\\"))
+        FAbove.Add(file.GetLocalName(), FPlatform, directory);
     }
     return WithTrailingDelimiter(directory);
   }
@@ -101,20 +154,24 @@ private:
   IMSBuildItemGroup& FGroup;
   IProjectDeployment& FDeployment;
   std::string_view FPlatform;
+  TEntriesAboveRoot& FAbove;
   std::string FBaseDir;
 };
 
 } // namespace
 
-void WriteDeployProj(VelmorIDEServices& host, const ICustomProject& project,
+void WriteDeployProj(VelmorIDEServices& host, ICustomProject& project,
                      IProjectDeployment& deployment) {
   const auto document = host.GetProjectFileUtils().MSBuildLoadProjectDocument(
       RepositoryFile(host.GetAppStrings(), "Deploy\\deploymenttemplate.xml"));
   const TDeploymentFiles files = deployment.GetFiles();
-  const std::vector<TListedFile> listed = ListFiles(files, deployment);
+  const TBuildConditions conditions(project.GetBuildNames());
+  const std::vector<TListedFile> listed = ListFiles(files, deployment, conditions);
+  TEntriesAboveRoot above;
   for (const std::string& platform :
        host.GetPlatformManager().AvailablePlatforms(project.GetPersonality())) {
-    TPlatformWriter writer(*document, deployment, platform);
+    IMSBuildItemGroup& group = document->AddItemGroup(conditions.Platform(platform));
+    TPlatformWriter writer(group, deployment, platform, above);
     for (const TListedFile& file : listed)
       writer.WriteFile(file);
   }
@@ -122,6 +179,7 @@ void WriteDeployProj(VelmorIDEServices& host, const ICustomProject& project,
   // be the same and leaves it untouched. So a save that fails loses nothing, and builds that look
   // at time stamps see a new one only when something changed.
   document->SaveToFile(ChangeExtension(project.GetProjectFileName(), ".deployproj"));
+  above.Report(host.GetMessageServices(), project.GetProjectFileName());
 }
 
 } // namespace deployment

@@ -48,7 +48,7 @@ void TDeploymentFrame::AddChosenFile(IProjectDeployment& deployment, const std::
   if (deployment.FindFile(configuration, platform, localName))
     return;
   const auto file = deployment.AddFile(configuration, platform, localName);
-  file->SetDeploymentClass(AddedFileClass);
+  file->SetDeploymentClass(class_names::File);
   file->SetEnabled(platform, true);
   if (const IPlatform* known = FServices.GetPlatformManager().FindPlatform(platform))
     file->SetRemoteDir(platform, known->GetDefaultRemoteDir());
@@ -93,13 +93,8 @@ bool TDeploymentFrame::ConfirmDelete(const IProjectDeploymentFile& file, bool se
 void TDeploymentFrame::sbAddFeatureExecute() {
   if (!Deployment())
     return;
-  ISettingsStore& settings = FServices.GetSettings();
-  const bool stored = settings.ReadBool(FeaturedSettingsSection, ShowFeaturedFormAuto, true);
-  bool showAuto = stored;
   const TNotifierBracket bracket(*this);
-  ModifyFeaturedFiles(*FProject, showAuto, {}, FServices);
-  if (showAuto != stored)
-    settings.WriteBool(FeaturedSettingsSection, ShowFeaturedFormAuto, showAuto);
+  AskForFeaturedFiles(*FProject, {}, FServices);
   RefreshFiles();
 }
 

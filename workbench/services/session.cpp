@@ -109,11 +109,15 @@ void TSession::CloseViews() {
   FParts->Services.GetEditorViewServices()->CloseAll();
 }
 
-void TSession::ShowDeployment(TOpenProject& project) {
+deployment::IOTADeploymentService& TSession::DeploymentService() {
   auto* service = FParts->Services.GetExtensions()->DeploymentService();
   if (!service)
     throw deployment::TInputError("the package offers no Deployment Manager");
-  service->DeployManagerProject(project.SharedProject());
+  return *service;
+}
+
+void TSession::ShowDeployment(TOpenProject& project) {
+  DeploymentService().DeployManagerProject(project.SharedProject());
 }
 
 void TSession::SetModalForms(deployment::IModalForms* forms) {

@@ -116,6 +116,8 @@ public:
   void CloseViews();
   /// Opens the Deployment Manager of the project in the editor area, or brings it forward.
   void ShowDeployment(TOpenProject& project);
+  /// The dialogs and views that the package offers. Throws TInputError when it offers none.
+  deployment::IOTADeploymentService& DeploymentService();
   /// Who shows dialogs of the package from now on; null, as at the start, for nobody. Not owned.
   void SetModalForms(deployment::IModalForms* forms);
 

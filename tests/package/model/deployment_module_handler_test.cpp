@@ -38,7 +38,9 @@ public:
     if (OnChange)
       OnChange();
   }
-  void Loaded(std::string_view) override {}
+  void Loaded(std::string_view project) override {
+    Log->push_back(Name + "loaded " + std::string(project));
+  }
   void Destroyed() override { Log->push_back(Name + "destroyed"); }
 
   std::string Name;
@@ -223,7 +225,7 @@ TEST_F(DeploymentModuleHandler, ClearsPlatformsOfAllButTheUsersFiles) {
 TEST_F(DeploymentModuleHandler, ReadsTheDefaultsOfANewProjectOnce) {
   EXPECT_EQ(Deployment.GetFiles().size(), 1U);
   EXPECT_NE(Module.FindSection("Deployment"), nullptr);
-  EXPECT_EQ(Log(), TLog{"default:0"});
+  EXPECT_EQ(Log(), (TLog{"default:0", "loaded App"}));
   Deployment.RemoveFile("Base", "Win32", "default");
   EXPECT_TRUE(Deployment.GetFiles().empty());
   EXPECT_EQ(Storage.Reads, 1);

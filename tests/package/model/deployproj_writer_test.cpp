@@ -128,6 +128,29 @@ TEST(DeployProj, PutsTheConfigurationIntoTheConditionOfTheItem) {
   EXPECT_EQ(Condition(side), "'$(Config)'=='Debug'");
 }
 
+TEST(DeployProj, GivesAnEntryOfTheRootConfigurationNoConditionSinceEveryBuildComesFromIt) {
+  TSideFile side;
+  side.Add("a", "Win32", "Base");
+  EXPECT_EQ(Condition(side), "none");
+  side.Deployment().GetFiles().front()->SetCondition("'$(X)'=='1'");
+  EXPECT_EQ(Condition(side), "'$(X)'=='1'");
+}
+
+TEST(DeployProj, SpeaksTheWordsOfTheProjectsBuilds) {
+  TSideFile side({"Win32", "Win64"});
+  side.Project.HasBuildNames = true;
+  side.Project.BuildNames.PlatformProperty = "BuildPlatform";
+  side.Project.BuildNames.Platforms["Win64"] = "x64";
+  side.Project.BuildNames.Configurations["Release"] = "Ship";
+  side.Add("a", "Win64", "Release");
+  const auto document = side.Document();
+  const TMemoryXMLNode* first = document->FirstChild();
+  EXPECT_EQ(*first->GetAttribute("Condition"), "'$(BuildPlatform)'=='Win32'");
+  TMemoryXMLNode* second = document->FirstChild()->NextSibling();
+  EXPECT_EQ(*second->GetAttribute("Condition"), "'$(BuildPlatform)'=='x64'");
+  EXPECT_EQ(*Child(second, "DeployFile")->GetAttribute("Condition"), "'$(Configuration)'=='Ship'");
+}
+
 TEST(DeployProj, AppendsTheConditionOfTheEntry) {
   TSideFile side;
   side.Add("a", "Win32", "Debug").SetCondition("'$(X)'=='1'");
@@ -161,6 +184,34 @@ TEST(DeployProj, ClimbsOutOfTheBaseDirectory) {
   EXPECT_EQ(RemoteDir("..\\..\\lib"), "..\\lib\\");
   EXPECT_EQ(RemoteDir("..\\lib", "\\App"), "lib\\");
   EXPECT_EQ(RemoteDir("..lib"), "App\\..lib\\");
+}
+
+TEST(DeployProj, CallsTheRootOfTheTargetByADotWhichIsNotTheRootOfTheDevice) {
+  EXPECT_EQ(RemoteDir(".."), ".\\");
+  EXPECT_EQ(RemoteDir("..\\"), ".\\");
+  EXPECT_EQ(RemoteDir("lib\\..\\..\\"), ".\\");
+  EXPECT_EQ(RemoteDir("..", "\\App"), ".\\");
+  EXPECT_EQ(RemoteDir("..\\..", "out\\App"), ".\\");
+}
+
+TEST(DeployProj, WarnsOfFilesThatGoAboveTheRootOfTheTarget) {
+  TSideFile side;
+  side.Add("root").SetRemoteDir("Win32", "..");
+  side.Write();
+  EXPECT_TRUE(side.Host.Messages.Warnings.empty());
+  side.Add("a").SetRemoteDir("Win32", "..\\..\\lib");
+  side.Write();
+  ASSERT_EQ(side.Host.Messages.Warnings.size(), 1U);
+  EXPECT_EQ(side.Host.Messages.Warnings[0].first,
+            R"(a file goes above the root of the target, which a deploy refuses: )"
+            R"("a" (Win32, "..\lib"))");
+  EXPECT_EQ(side.Host.Messages.Warnings[0].second.File, R"(C:\work\App\App.vproj)");
+  for (const char* name : {"b", "c", "d", "e"})
+    side.Add(name).SetRemoteDir("Win32", "..\\..");
+  side.Write();
+  EXPECT_EQ(side.Host.Messages.Warnings[1].first,
+            R"(5 files go above the root of the target, which a deploy refuses: )"
+            R"("a" (Win32, "..\lib"), "b" (Win32, ".."), "c" (Win32, "..") and others)");
 }
 
 TEST(DeployProj, DropsALeadingDelimiterOnlyAfterAClimb) {
