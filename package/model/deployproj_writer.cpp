@@ -2,15 +2,20 @@
 
 #include "package/common/delimited_list.h"
 #include "package/common/path_text.h"
+#include "package/host/api/entry_paths.h"
 #include "package/host/api/repositoryfile.h"
 
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace deployment {
 namespace {
+
+// A directory that ends where a profile's path does.
+constexpr const char* TargetRoot = ".\\";
 
 // An entry with what is the same for every platform, found out once.
 struct TListedFile {
@@ -74,38 +79,14 @@ std::vector<TListedFile> ListFiles(const TDeploymentFiles& files,
   return listed;
 }
 
-// Entries whose directory stands above the root of the target, where a deploy refuses them.
-class TEntriesAboveRoot {
-public:
-  void Add(const std::string& localName, std::string_view platform, const std::string& directory) {
-    constexpr std::size_t NamedEntries = 3;
-    if (FCount < NamedEntries)
-      FText += (FCount == 0 ? "\"" : ", \"") + localName + "\" (" + std::string(platform) + ", \"" +
-               directory + "\")";
-    else if (FCount == NamedEntries)
-      FText += " and others";
-    ++FCount;
-  }
-  void Report(IOTAMessageServices& messages, const std::string& projectFile) const {
-    if (FCount == 0)
-      return;
-    const std::string subject = FCount == 1 ? "a file goes" : std::to_string(FCount) + " files go";
-    messages.AddWarning(subject + " above the root of the target, which a deploy refuses: " + FText,
-                        {projectFile, 0});
-  }
-
-private:
-  std::size_t FCount = 0;
-  std::string FText;
-};
-
 /// Writes the files of one platform.
 class TPlatformWriter {
 public:
   TPlatformWriter(IMSBuildItemGroup& group, IProjectDeployment& deployment,
-                  std::string_view platform, TEntriesAboveRoot& above)
-      : FGroup(group), FDeployment(deployment), FPlatform(platform), FAbove(above),
-        FBaseDir(WithTrailingDelimiter(deployment.GetRemoteBaseDir(platform))) {}
+                  std::string_view platform, IOTAMessageServices& messages, std::string projectFile)
+      : FGroup(group), FDeployment(deployment), FPlatform(platform),
+        FBaseDir(GetRemoteBase(deployment, platform)), FMessages(messages),
+        FProjectFile(std::move(projectFile)) {}
 
   void WriteFile(const TListedFile& listed) {
     IProjectDeploymentFile& file = listed.File;
@@ -130,21 +111,29 @@ private:
   using TGetCommands = TCommandList (*)(IProjectDeploymentFile&, std::string_view,
                                         const IDeploymentClassList&);
 
+  // A build takes the directory as it stands, "~" included, so only an absolute one stays.
   std::string RemoteDir(const IProjectDeploymentFile& file) const {
-    std::string directory = GetDeploymentRemoteDir(file, FPlatform, FDeployment);
-    if (!IsAbsolutePath(directory)) {
-      const bool climbs = directory.starts_with("..");
-      directory = CanonicalizePath(FBaseDir + directory);
-      // A climb out of the base directory must not become an absolute path.
-      if (climbs && !directory.empty() && IsPathDelimiter(directory.front()))
-        directory.erase(0, 1);
-      // The root itself: nothing but a delimiter would be the root of the device.
-      if (directory.empty())
-        directory = ".";
-      else if (directory == ".." || directory.starts_with("..\\"))
-        FAbove.Add(file.GetLocalName(), FPlatform, directory);
-    }
-    return WithTrailingDelimiter(directory);
+    const std::string stored = GetDeploymentRemoteDir(file, FPlatform, FDeployment);
+    if (IsAbsolutePath(stored))
+      return WithTrailingDelimiter(stored);
+    std::string directory = CanonicalizePath(FBaseDir + stored);
+    // A climb out of the base directory must not end at the root of the file system.
+    if (stored.starts_with("..") && !directory.empty() && IsPathDelimiter(directory.front()))
+      directory.erase(0, 1);
+    if (directory.empty())
+      return TargetRoot;
+    directory = WithTrailingDelimiter(directory);
+    if (directory.starts_with("..\\"))
+      WarnOfClimb(file, stored);
+    return directory;
+  }
+
+  // A deploy refuses such a file; a build that goes by the side file would write beside the target.
+  void WarnOfClimb(const IProjectDeploymentFile& file, const std::string& directory) const {
+    FMessages.AddWarning("\"" + file.GetLocalName() + "\": its remote directory \"" + directory +
+                             "\" for \"" + std::string(FPlatform) +
+                             "\" goes above the root of the target",
+                         {FProjectFile, 0});
   }
 
   std::string Commands(TGetCommands getCommands, IProjectDeploymentFile& file) const {
@@ -154,8 +143,9 @@ private:
   IMSBuildItemGroup& FGroup;
   IProjectDeployment& FDeployment;
   std::string_view FPlatform;
-  TEntriesAboveRoot& FAbove;
   std::string FBaseDir;
+  IOTAMessageServices& FMessages;
+  std::string FProjectFile;
 };
 
 } // namespace
@@ -167,11 +157,11 @@ void WriteDeployProj(VelmorIDEServices& host, ICustomProject& project,
   const TDeploymentFiles files = deployment.GetFiles();
   const TBuildConditions conditions(project.GetBuildNames());
   const std::vector<TListedFile> listed = ListFiles(files, deployment, conditions);
-  TEntriesAboveRoot above;
   for (const std::string& platform :
        host.GetPlatformManager().AvailablePlatforms(project.GetPersonality())) {
     IMSBuildItemGroup& group = document->AddItemGroup(conditions.Platform(platform));
-    TPlatformWriter writer(group, deployment, platform, above);
+    TPlatformWriter writer(group, deployment, platform, host.GetMessageServices(),
+                           project.GetProjectFileName());
     for (const TListedFile& file : listed)
       writer.WriteFile(file);
   }
@@ -179,7 +169,6 @@ void WriteDeployProj(VelmorIDEServices& host, ICustomProject& project,
   // be the same and leaves it untouched. So a save that fails loses nothing, and builds that look
   // at time stamps see a new one only when something changed.
   document->SaveToFile(ChangeExtension(project.GetProjectFileName(), ".deployproj"));
-  above.Report(host.GetMessageServices(), project.GetProjectFileName());
 }
 
 } // namespace deployment

@@ -1,9 +1,10 @@
 #include "workbench/cli/command_line.h"
 
 #include "package/common/errors.h"
-#include "workbench/cli/command.h"
-#include "workbench/cli/connection_questions.h"
-#include "workbench/cli/name_hint.h"
+#include "workbench/cli/commands/commands.h"
+#include "workbench/cli/context/command.h"
+#include "workbench/cli/context/connection_questions.h"
+#include "workbench/cli/context/name_hint.h"
 #include "workbench/files/save_error.h"
 #include "workbench/text/utf8.h"
 

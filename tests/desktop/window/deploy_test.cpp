@@ -1,5 +1,5 @@
 #include "tests/desktop/window/window_fixture.h"
-#include "workbench/desktop/dialogs/deploy_panel.h"
+#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
 
 #include <QElapsedTimer>
 #include <QLabel>

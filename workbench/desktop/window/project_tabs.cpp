@@ -1,8 +1,8 @@
 #include "workbench/desktop/window/project_tabs.h"
 
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/dialogs/error_text.h"
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/error_text.h"
+#include "workbench/desktop/text/qt_text.h"
 #include "workbench/project/project_settings.h"
 
 #include <QApplication>

@@ -4,7 +4,7 @@
 #include "workbench/desktop/window/aside_work.h"
 #include "workbench/desktop/window/editor_tabs.h"
 #include "workbench/desktop/window/project_edits.h"
-#include "workbench/services/session.h"
+#include "workbench/session/session.h"
 
 #include <QObject>
 #include <filesystem>

@@ -1,6 +1,6 @@
 #include "workbench/desktop/window/project_watcher.h"
 
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/qt_text.h"
 
 #include <chrono>
 

@@ -1,0 +1,196 @@
+#include "workbench/session/open_project.h"
+
+#include "package/common/convert.h"
+#include "package/common/path_text.h"
+#include "workbench/files/file_backup.h"
+#include "workbench/files/file_reader.h"
+#include "workbench/files/file_saver.h"
+#include "workbench/files/machine_path.h"
+
+#include <utility>
+
+namespace workbench {
+namespace {
+
+std::filesystem::path FullPath(const std::filesystem::path& file) {
+  if (file.empty())
+    throw deployment::TInputError("the name of the project file is empty");
+  // Stored paths take "\" for a delimiter, so such a project could not be told from another one.
+  if (file.string().find('\\') != std::string::npos)
+    throw deployment::TInputError(
+        "the path holds a \"\\\", which this program takes for a path delimiter",
+        {file.string(), 0});
+  return std::filesystem::absolute(file).lexically_normal();
+}
+
+// A file that was damaged since it was last saved here can be had back.
+[[noreturn]] void RethrowWithBackup(const deployment::TInputError& error,
+                                    const std::filesystem::path& file) {
+  const auto backup = NewestBackup(file);
+  if (!backup || !std::filesystem::exists(file) || std::filesystem::is_directory(file))
+    throw error;
+  throw deployment::TInputError(std::string(error.what()) +
+                                    " (the last content that was replaced here is kept as " +
+                                    backup->string() + ")",
+                                error.Place());
+}
+
+std::unique_ptr<TProjectDocument> ReadDocument(const std::filesystem::path& full,
+                                               const std::filesystem::path& given,
+                                               const std::string& section) {
+  try {
+    return std::make_unique<TProjectDocument>(given, section);
+  } catch (const deployment::TInputError& error) {
+    RethrowWithBackup(error, full);
+  }
+}
+
+} // namespace
+
+class TOpenProjectFile::TChangeListener final : public deployment::IProjectDeploymentNotifier {
+public:
+  void ItemChanged(deployment::IProjectDeploymentItem& /*item*/,
+                   deployment::TDeploymentItemAction /*action*/) override {
+    Changed = true;
+  }
+  void Loaded(std::string_view /*projectName*/) override {}
+  void Destroyed() override {}
+
+  bool Changed = false;
+};
+
+TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
+                                   const std::filesystem::path& file, TOpenPurpose purpose)
+    : FServices(services), FGivenName(file), FListener(std::make_shared<TChangeListener>()) {
+  const std::filesystem::path full = FullPath(file);
+  // The kind of file is looked at before it is locked, since a lock opens it.
+  if (purpose == TOpenPurpose::Edit)
+    FLock.emplace(file);
+  TProjectFileStorage& storage = FServices.GetProjectFileStorage();
+  FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
+                                             platforms, FServices.GetSettings());
+  FModule->SetDefaultProfile([&services](std::string_view platform) {
+    return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
+  });
+  FServices.GetModuleHandlerGauntlet().AttachHandlers(*FModule);
+  FLayoutRead = storage.SectionLayout(*FModule);
+  storage.ProjectLoaded(*FModule);
+  CollectWarnings();
+  if (auto* deployment = FModule->GetProjectDeployment()) {
+    FWasEmpty = deployment->IsEmpty();
+    FListenerIndex = deployment->AddNotifier(FListener);
+  }
+}
+
+TOpenProjectFile::~TOpenProjectFile() {
+  FServices.GetProjectEvents()->EvProjectClosing().Raise(*FModule);
+  if (FListenerIndex >= 0)
+    FModule->GetProjectDeployment()->RemoveNotifier(FListenerIndex);
+  FServices.GetProjectFileStorage().ProjectClosing(*FModule);
+}
+
+void TOpenProjectFile::CollectWarnings() {
+  for (const TEvaluationNote& note : FModule->Settings().Notes()) {
+    // Build tools of other machines are imported by nearly every foreign project.
+    if (note.Kind != TNoteKind::MissingImport)
+      FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
+  }
+}
+
+const std::vector<TWarning>& TOpenProjectFile::Warnings() const {
+  for (TWarning& warning : FServices.GetMessageServices().TakeWarnings())
+    FWarnings.push_back(std::move(warning));
+  return FWarnings;
+}
+
+deployment::IProjectDeployment& TOpenProjectFile::Deployment() {
+  auto* deployment = FModule->GetProjectDeployment();
+  if (!deployment)
+    throw deployment::TInputError("the project carries no deployment", {FGivenName.string(), 0});
+  return *deployment;
+}
+
+bool TOpenProjectFile::HasPropertyChanges() const {
+  return FModule->Document().HasPropertyChanges();
+}
+
+bool TOpenProjectFile::HasChanges() const {
+  const auto* deployment = FModule->GetProjectDeployment();
+  return FMarkedChanged || FListener->Changed || HasPropertyChanges() ||
+         (FWasEmpty && deployment && !deployment->IsEmpty());
+}
+
+bool TOpenProjectFile::IsChangedOnDisk() const {
+  try {
+    return !FModule->IsText(ReadWholeFile(FGivenName).Text());
+  } catch (const deployment::TInputError&) {
+    return true; // gone, or no file any more
+  }
+}
+
+TSaveReport TOpenProjectFile::Save(bool force) {
+  TSaveReport report;
+  if (!HasChanges())
+    return report;
+  const bool written = SaveProjectFile(force);
+  try {
+    report = Export();
+  } catch (const deployment::TInputError& error) {
+    throw TSaveError("the project is saved, but not its side file: " + error.Place().File + ": " +
+                         error.what(),
+                     FGivenName);
+  }
+  report.ProjectWritten = written;
+  return report;
+}
+
+bool TOpenProjectFile::Write(std::unique_ptr<TTextPieces> pieces, bool force) {
+  TSaveRequest request;
+  request.Target = FGivenName;
+  request.Content = pieces->Pieces();
+  request.Expected = FModule->Document().Bytes();
+  request.Force = force;
+  request.Lock = FLock ? &*FLock : nullptr;
+  TSaveOutcome outcome = SaveFile(request);
+  for (std::string& warning : outcome.Warnings)
+    FWarnings.push_back({std::move(warning), FGivenName.string(), 0});
+  FModule->DocumentWasSaved(std::move(pieces));
+  return outcome.Written;
+}
+
+bool TOpenProjectFile::AssignProfile(std::string_view platform, std::string_view profile,
+                                     bool force) {
+  std::vector<std::string> platforms;
+  for (const TProjectPlatform& known : FModule->Settings().Platforms())
+    platforms.push_back(known.Name);
+  FModule->Document().SetTargetProfile(platform, profile, platforms);
+  auto pieces = FModule->Document().ComposeEdits();
+  return pieces && Write(std::move(pieces), force);
+}
+
+bool TOpenProjectFile::SaveProjectFile(bool force) {
+  bool written = false;
+  try {
+    // Brings the default classes and the import line, which belong into this save already.
+    Deployment().GetFiles();
+    auto pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
+    written = pieces && Write(std::move(pieces), force);
+  } catch (const deployment::TInputError& error) {
+    throw TSaveError(std::string("the project was not saved: ") + error.what(), FGivenName);
+  }
+  FListener->Changed = false;
+  FMarkedChanged = false;
+  FWasEmpty = false;
+  return written;
+}
+
+TSaveReport TOpenProjectFile::Export() {
+  TSaveReport report;
+  Deployment().SaveToDeployProj();
+  report.SideFile = FGivenName;
+  report.SideFile.replace_extension(".deployproj");
+  report.SideFileWritten = FServices.GetProjectFileUtils().LastDocumentWasWritten();
+  return report;
+}
+
+} // namespace workbench
