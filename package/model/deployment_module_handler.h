@@ -119,6 +119,7 @@ private:
   void CheckOwner(const TDeploymentItem* item) const;
   void DropFormerId(const TDeploymentClass& held);
   void ClearClasses();
+  void ReplaceClasses(const TDeploymentClasses& classes);
 
   VelmorIDEServices& FServices;
   IDeploymentStorage& FStorage;
