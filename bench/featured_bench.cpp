@@ -35,7 +35,10 @@ void Catalog(benchmark::State& state, const char* extension) {
   project.Deployment().GetFiles();
   std::size_t features = 0;
   for (auto _ : state)
-    features = project.Deployment().GetFeaturedFiles(extension)->GetChildren(0).size();
+    features = session.DeploymentService()
+                   .GetFeaturedFiles(project.Project(), extension)
+                   ->GetChildren(0)
+                   .size();
   state.counters["features"] = static_cast<double>(features);
   session.Close(project);
 }

@@ -106,9 +106,12 @@ std::string TReconcileTarget::OutputOf(std::string_view platform) const {
       DirectoryPart(FProject.GetProjectFileName()));
 }
 
+std::string TReconcileTarget::Macros() const {
+  return "Config=" + FConfiguration + ";Platform=" + FPlatform;
+}
+
 bool TReconcileTarget::Exists(std::string_view localName) const {
-  const std::string macros = "Config=" + FConfiguration + ";Platform=" + FPlatform;
-  const std::string expanded = FServices.GetMacroUtils().ExpandRootMacro(localName, macros);
+  const std::string expanded = FServices.GetMacroUtils().ExpandRootMacro(localName, Macros());
   const IFileUtils& files = FServices.GetFileUtils();
   return files.FileExists(files.QualifyPath(expanded, FProject.GetProjectFileName()));
 }

@@ -1,5 +1,6 @@
 #include "package/view/entry_commands.h"
 
+#include "package/common/class_names.h"
 #include "package/common/path_text.h"
 #include "package/featured/modify_featured_files.h"
 #include "package/host/api/target_entries.h"
@@ -48,7 +49,7 @@ void TEntryCommands::AddChosenFile(IProjectDeployment& deployment, const std::st
   if (deployment.FindFile(configuration, platform, localName))
     return;
   const auto file = deployment.AddFile(configuration, platform, localName);
-  file->SetDeploymentClass(AddedFileClass);
+  file->SetDeploymentClass(class_names::File);
   file->SetEnabled(platform, true);
   if (const IPlatform* known = FFrame.Services.GetPlatformManager().FindPlatform(platform))
     file->SetRemoteDir(platform, known->GetDefaultRemoteDir());
@@ -100,13 +101,8 @@ bool TEntryCommands::ConfirmDelete(const IProjectDeploymentFile& file, bool seve
 void TEntryCommands::AddFeature() {
   if (!FFrame.Target.Deployment())
     return;
-  ISettingsStore& settings = FFrame.Services.GetSettings();
-  const bool stored = settings.ReadBool(FeaturedSettingsSection, ShowFeaturedFormAuto, true);
-  bool showAuto = stored;
   const TOwnChanges own(FFrame.Listening);
-  ModifyFeaturedFiles(*FFrame.Target.Project, showAuto, {}, FFrame.Services);
-  if (showAuto != stored)
-    settings.WriteBool(FeaturedSettingsSection, ShowFeaturedFormAuto, showAuto);
+  AskForFeaturedFiles(*FFrame.Target.Project, {}, FFrame.Services);
   FFrame.RefreshFiles();
 }
 

@@ -65,7 +65,9 @@ public:
 
 /// What a project of an Apple or Android platform answers.
 struct TMemoryPlatformOptions : IPlatformOptions {
-  int GetOSXKind() const override { return OSXKind; }
+  int GetOSXKind(std::string_view /*configuration*/, std::string_view /*platform*/) const override {
+    return OSXKind;
+  }
   int OSXKind = 1;
 };
 
@@ -76,6 +78,30 @@ struct TMemoryBuildOptions : IBuildOptions {
     return RemoteDebugSymbols.contains(std::string(configuration).append("|").append(platform));
   }
   std::set<std::string, std::less<>> RemoteDebugSymbols;
+};
+
+/// Builds that have words of their own.
+struct TMemoryBuildNames : IProjectBuildNames {
+  std::string GetPlatformProperty() const override { return PlatformProperty; }
+  std::string GetConfigurationProperty() const override { return ConfigurationProperty; }
+  std::string GetPlatformName(std::string_view platform) const override {
+    return NameIn(Platforms, platform);
+  }
+  std::string GetConfigurationName(std::string_view configuration) const override {
+    return NameIn(Configurations, configuration);
+  }
+
+  std::string PlatformProperty = "Platform";
+  std::string ConfigurationProperty = "Configuration";
+  std::map<std::string, std::string, std::less<>> Platforms;
+  std::map<std::string, std::string, std::less<>> Configurations;
+
+private:
+  static std::string NameIn(const std::map<std::string, std::string, std::less<>>& names,
+                            std::string_view name) {
+    const auto found = names.find(name);
+    return found == names.end() ? std::string(name) : found->second;
+  }
 };
 
 struct TMemoryCompilerOptions : ICorvaneCompilerOptions {
@@ -132,6 +158,7 @@ public:
   }
   IBuildOptions* GetBuildOptions() override { return HasBuildOptions ? &BuildOptions : nullptr; }
   ICorvaneCompilerOptions* GetCorvaneCompilerOptions() override { return &CompilerOptions; }
+  IProjectBuildNames* GetBuildNames() override { return HasBuildNames ? &BuildNames : nullptr; }
 
   /// The section of that name, ignoring case; null when the project has none.
   TMemoryXMLNode* FindSection(std::string_view name);
@@ -165,10 +192,12 @@ public:
   bool HasPlatforms = true;
   bool HasPlatformOptions = false;
   bool HasBuildOptions = false;
+  bool HasBuildNames = false;
   TMemoryOptions Options;
   TMemoryPlatformOptions PlatformOptions;
   TMemoryBuildOptions BuildOptions;
   TMemoryCompilerOptions CompilerOptions;
+  TMemoryBuildNames BuildNames;
   TMemoryProjectPlatforms Platforms;
   /// Answered by GetProjectDeployment when no handler offers a deployment; not owned.
   IProjectDeployment* GivenDeployment = nullptr;

@@ -1,11 +1,11 @@
 #include "workbench/deploy/deploy_files.h"
 
 #include "package/common/case_fold.h"
+#include "package/common/class_names.h"
 #include "package/common/path_text.h"
 #include "workbench/files/machine_path.h"
 
 #include <algorithm>
-#include <array>
 #include <unordered_set>
 
 namespace workbench {
@@ -13,15 +13,10 @@ namespace {
 
 using deployment::TDeployOperation;
 
-// Classes whose files are programs or modules, which a target may have to be allowed to run.
-constexpr std::array<std::string_view, 6> ProgramClasses{
-    "ProjectOutput",    "ProjectOutput_iOS32",  "DependencyPackage",
-    "DependencyModule", "AndroidServiceOutput", "AndroidGDBServer"};
-
 bool IsExecutable(const deployment::IProjectDeploymentFile& file, TDeployOperation operation) {
   return operation == TDeployOperation::CopyExecutable || operation == TDeployOperation::Run ||
          operation == TDeployOperation::RunAndRemove ||
-         std::ranges::find(ProgramClasses, file.GetDeploymentClass()) != ProgramClasses.end();
+         deployment::class_names::IsProgramClass(file.GetDeploymentClass());
 }
 
 // Upper-cased names of the configuration and of those that it inherits from.

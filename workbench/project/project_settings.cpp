@@ -242,9 +242,9 @@ bool TProjectSettings::HasRemoteDebugSymbols(std::string_view configuration,
   return *value;
 }
 
-int TProjectSettings::OSXKind() const {
+int TProjectSettings::OSXKind(std::string_view configuration, std::string_view platform) const {
   constexpr std::string_view Name = "OSXKind";
-  const TMSBuildEvaluation& evaluation = Evaluate({}, {});
+  const TMSBuildEvaluation& evaluation = Evaluate(configuration, platform);
   const std::string text = evaluation.Property(Name);
   if (text.empty())
     return 1;

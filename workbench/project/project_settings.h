@@ -77,7 +77,7 @@ public:
   /// Throws TInputError when the property is no Boolean.
   bool HasRemoteDebugSymbols(std::string_view configuration, std::string_view platform) const;
   /// 1 when the project does not say. Throws TInputError when the property is no integer.
-  int OSXKind() const;
+  int OSXKind(std::string_view configuration, std::string_view platform) const;
 
   /// What was passed over when the project was read.
   const TEvaluationNotes& Notes() const { return FNotes; }

@@ -82,6 +82,7 @@ public:
   deployment::ICorvaneCompilerOptions* GetCorvaneCompilerOptions() override {
     return &FCompilerOptions;
   }
+  deployment::IProjectBuildNames* GetBuildNames() override { return nullptr; }
 
 private:
   // Settings are read when they are first asked for, which leaves the project itself unchanged.

@@ -1,6 +1,7 @@
 // Puts files of this machine on the list of a project.
 #pragma once
 
+#include "package/common/class_names.h"
 #include "workbench/session/session.h"
 
 #include <filesystem>
@@ -9,9 +10,6 @@
 #include <string_view>
 
 namespace workbench {
-
-/// Class of the files that users add.
-inline constexpr std::string_view UserFileClass = "File";
 
 /// A file cannot be put on the list.
 class TAddError : public std::runtime_error {
@@ -44,7 +42,7 @@ struct TNewEntry {
   std::string LocalName; ///< as it is stored
   std::string Configuration;
   std::string Platform; ///< or "All", for an entry that answers for every platform
-  std::string Class{UserFileClass};
+  std::string Class{deployment::class_names::File};
   std::string RemoteDir;  ///< empty: the platform's default
   std::string RemoteName; ///< empty: that of the local file
   bool Enabled = true;

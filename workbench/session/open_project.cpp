@@ -74,7 +74,7 @@ TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable&
     return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
   });
   FServices.GetModuleHandlerGauntlet().AttachHandlers(*FModule);
-  ReadVersion();
+  FLayoutRead = storage.SectionLayout(*FModule);
   storage.ProjectLoaded(*FModule);
   CollectWarnings();
   if (auto* deployment = FModule->GetProjectDeployment()) {
@@ -89,17 +89,6 @@ TOpenProjectFile::~TOpenProjectFile() {
   if (FListenerIndex >= 0)
     FModule->GetProjectDeployment()->RemoveNotifier(FListenerIndex);
   FServices.GetProjectFileStorage().ProjectClosing(*FModule);
-}
-
-void TOpenProjectFile::ReadVersion() {
-  constexpr int CurrentVersion = 2;
-  TXmlElement* section =
-      FModule->Document().FindSection(FServices.GetProjectFileStorage().SectionName());
-  if (!section)
-    return;
-  const auto version = section->GetAttribute("Version");
-  FVersionRead = version ? deployment::TextToInteger(*version).value_or(0) : 0;
-  FWasUpgraded = FVersionRead < CurrentVersion && section->HasChildren();
 }
 
 void TOpenProjectFile::CollectWarnings() {

@@ -25,8 +25,8 @@ public:
   std::shared_ptr<deployment::IOTAProject> SharedProject() override { return FModule; }
   deployment::IProjectDeployment& Deployment() override;
   const TProjectSettings& Settings() const override { return FModule->Settings(); }
-  int SectionVersionRead() const override { return FVersionRead; }
-  bool WasUpgraded() const override { return FWasUpgraded; }
+  int SectionVersionRead() const override { return FLayoutRead.Version; }
+  bool WasUpgraded() const override { return FLayoutRead.IsOutdated; }
   const std::vector<TWarning>& Warnings() const override;
   bool HasChanges() const override;
   bool HasPropertyChanges() const override;
@@ -46,7 +46,6 @@ public:
 private:
   class TChangeListener;
 
-  void ReadVersion();
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
   void CollectWarnings();
 
@@ -56,8 +55,7 @@ private:
   std::shared_ptr<TProjectModule> FModule; ///< views share it until they are closed
   std::shared_ptr<TChangeListener> FListener;
   int FListenerIndex = -1;
-  int FVersionRead = 0;
-  bool FWasUpgraded = false;
+  deployment::TSectionLayout FLayoutRead;
   bool FWasEmpty = true; // no entries when it was read, so whatever is there now is new
   bool FMarkedChanged = false;
   bool FIsShown = false;

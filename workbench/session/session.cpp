@@ -137,16 +137,20 @@ void TSession::CloseViews() {
   FImpl->Services.GetEditorViewServices()->CloseAll();
 }
 
-std::optional<deployment::TInputError>
-TSession::ShowDeployment(TOpenProject& project, const deployment::TShowRequest& request) {
+deployment::IOTADeploymentService& TSession::DeploymentService() {
   auto* service = FImpl->Services.GetExtensions()->DeploymentService();
   if (!service)
     throw deployment::TInputError("the package offers no Deployment Manager");
+  return *service;
+}
+
+std::optional<deployment::TInputError>
+TSession::ShowDeployment(TOpenProject& project, const deployment::TShowRequest& request) {
   if (const TOpenProjectFile* shown = FImpl->ShownInsteadOf(project))
     throw deployment::TInputError("the project is shown already, as " +
                                       shown->GivenFileName().string(),
                                   {project.GivenFileName().string(), 0});
-  auto problem = service->ShowDeployment(project.SharedProject(), request);
+  auto problem = DeploymentService().ShowDeployment(project.SharedProject(), request);
   (*FImpl->Find(project))->SetShown();
   return problem;
 }

@@ -117,6 +117,8 @@ public:
   /// IsSameProject.
   std::optional<deployment::TInputError> ShowDeployment(TOpenProject& project,
                                                         const deployment::TShowRequest& request);
+  /// The dialogs and views that the package offers. Throws TInputError when it offers none.
+  deployment::IOTADeploymentService& DeploymentService();
   /// Who shows dialogs of the package from now on; null, as at the start, for nobody. Not owned.
   void SetModalForms(deployment::IModalForms* forms);
 

@@ -43,8 +43,8 @@ public:
 class IPlatformOptions {
 public:
   virtual ~IPlatformOptions() = default;
-  /// The kind of OS X program; 1 is an application bundle.
-  virtual int GetOSXKind() const = 0;
+  /// The kind of OS X program that a build of the target makes; 1 is an application bundle.
+  virtual int GetOSXKind(std::string_view configuration, std::string_view platform) const = 0;
 };
 
 /// What a project that is built here can be asked. Owned by the project.
@@ -62,6 +62,20 @@ public:
   virtual ~ICorvaneCompilerOptions() = default;
   /// Directory of the runtime modules for OS X; empty when there is none.
   virtual std::string GetOSXDirectory() const = 0;
+};
+
+/// What the builds of a project call a target, where that differs from the IDE's own words. Owned
+/// by the project.
+class IProjectBuildNames {
+public:
+  virtual ~IProjectBuildNames() = default;
+  /// Names of the two properties that hold the target in a build, such as "Configuration".
+  virtual std::string GetPlatformProperty() const = 0;
+  virtual std::string GetConfigurationProperty() const = 0;
+  /// What these properties hold in a build of the platform ("x64" for "Win64") and of the
+  /// configuration; the name itself where builds use it, too.
+  virtual std::string GetPlatformName(std::string_view platform) const = 0;
+  virtual std::string GetConfigurationName(std::string_view configuration) const = 0;
 };
 
 /// A project and its settings. Implemented by the host. A pointer that a project returns is its
@@ -108,6 +122,8 @@ public:
   virtual IPlatformOptions* GetPlatformOptions() = 0;
   virtual IBuildOptions* GetBuildOptions() = 0;
   virtual ICorvaneCompilerOptions* GetCorvaneCompilerOptions() = 0;
+  /// Null when builds hold the target in "Platform" and "Config", under the IDE's own names.
+  virtual IProjectBuildNames* GetBuildNames() = 0;
 };
 
 } // namespace deployment

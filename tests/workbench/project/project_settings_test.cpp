@@ -141,7 +141,15 @@ TEST_F(ProjectSettings, AnswerForTheProjectAsAWhole) {
   EXPECT_EQ(settings.ApplicationType(), "Application");
   EXPECT_EQ(settings.FrameworkType(), "Form");
   EXPECT_EQ(settings.ProjectOption("AppType"), "Application");
-  EXPECT_EQ(settings.OSXKind(), 1);
+  EXPECT_EQ(settings.OSXKind("Debug", "OSX32"), 1);
+}
+
+TEST_F(ProjectSettings, EvaluateTheKindOfAnOSXProgramForTheTarget) {
+  const TProjectSettings& settings =
+      Open("<PropertyGroup Condition=\"'$(Platform)'=='OSX32'\"><OSXKind>0</OSXKind>"
+           "</PropertyGroup>");
+  EXPECT_EQ(settings.OSXKind("Debug", "OSX32"), 0);
+  EXPECT_EQ(settings.OSXKind("Debug", "Win32"), 1);
 }
 
 TEST_F(ProjectSettings, ListRuntimePackages) {
@@ -164,7 +172,7 @@ TEST_F(ProjectSettings, SayWhichPropertyIsNoValueOfItsKind) {
   EXPECT_EQ(ErrorOf([&] { settings.HasRemoteDebugSymbols("Debug", "Win32"); }),
             "2: the property \"RemoteDebugSymbols\" is \"maybe\", which is not a Boolean (true or "
             "false)");
-  EXPECT_EQ(ErrorOf([&] { settings.OSXKind(); }),
+  EXPECT_EQ(ErrorOf([&] { settings.OSXKind("Debug", "OSX32"); }),
             "3: the property \"OSXKind\" is \"app\", which is not an integer");
 }
 

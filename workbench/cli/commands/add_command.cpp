@@ -87,14 +87,14 @@ private:
 
   void WarnOfUnknownClass(TCommandContext& context, TOpenProject& project) const {
     // A list without the class of users' files is common and harmless.
-    if (FClass != UserFileClass && !project.Deployment().FindClass(FClass))
+    if (FClass != deployment::class_names::File && !project.Deployment().FindClass(FClass))
       context.Output.Warn(
           {"the project has no class \"" + FClass + "\"", project.GivenFileName().string(), 0});
   }
 
   std::string FProject;
   std::vector<std::string> FFiles;
-  std::string FClass{UserFileClass};
+  std::string FClass{deployment::class_names::File};
   std::string FRemoteDir;
   std::string FRemoteName;
   bool FDisabled = false;

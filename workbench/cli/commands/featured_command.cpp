@@ -132,7 +132,7 @@ public:
         context, FProject, edits && !FChange.DryRun ? TOpenPurpose::Edit : TOpenPurpose::Look);
     WarnOfTarget(context, &project, "optional files are for every configuration and platform");
     project.Deployment().GetFiles(); // a project without a list gets the default classes
-    const auto form = project.Deployment().GetFeaturedFiles(Extension());
+    const auto form = Form(context, project);
     if (TakesNoFiles(*form))
       context.Output.Warn(
           {"the project has no configuration but Base, so it takes no optional files",
@@ -148,6 +148,11 @@ private:
   // People leave out the dot.
   std::string Extension() const {
     return FExtension.empty() || FExtension.front() == '.' ? FExtension : "." + FExtension;
+  }
+
+  std::shared_ptr<const IFeatureFileForm> Form(TCommandContext& context,
+                                               TOpenProject& project) const {
+    return context.Session.DeploymentService().GetFeaturedFiles(project.Project(), Extension());
   }
 
   // The title as the catalog has it. Throws TUsageError for one that it has not.
@@ -183,9 +188,7 @@ private:
     TListChanges list(deployment);
     TChoosingForms forms(FChosen, FDropped);
     context.Session.SetModalForms(&forms);
-    bool showAuto =
-        context.Session.Settings().ReadBool("DeploymentManager", "ShowFeaturedFormAuto", true);
-    deployment.ModifyFeaturedFiles(showAuto);
+    context.Session.DeploymentService().ModifyFeaturedFiles(project.Project());
     context.Session.SetModalForms(nullptr);
     const TTargetChanges changes = list.Finish().front();
     const bool changed = !changes.IsEmpty() || project.HasPropertyChanges();
@@ -195,7 +198,7 @@ private:
       WarnSince(context, project, told);
     }
     if (context.Output.IsJson())
-      return List(context, *deployment.GetFeaturedFiles(Extension()));
+      return List(context, *Form(context, project));
     PrintChanges(context.Output, changes, FChange.DryRun);
     if (!changed)
       context.Output.Line("nothing to do");
