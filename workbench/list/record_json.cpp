@@ -1,4 +1,4 @@
-#include "workbench/history/record_json.h"
+#include "workbench/list/record_json.h"
 
 #include "workbench/text/utf8.h"
 

@@ -1,5 +1,5 @@
 #include "tests/workbench/history/edit_fixture.h"
-#include "workbench/history/record_json.h"
+#include "workbench/list/record_json.h"
 
 namespace workbench {
 namespace {

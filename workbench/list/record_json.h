@@ -1,7 +1,7 @@
 // Records of entries and classes as JSON: what stands in a file that outlives the program.
 #pragma once
 
-#include "workbench/history/entry_record.h"
+#include "workbench/list/entry_record.h"
 #include "workbench/json/json.h"
 
 #include <string>

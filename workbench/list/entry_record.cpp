@@ -1,4 +1,4 @@
-#include "workbench/history/entry_record.h"
+#include "workbench/list/entry_record.h"
 
 #include <algorithm>
 #include <cstddef>
