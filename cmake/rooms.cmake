@@ -73,8 +73,8 @@ room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/contr
   workbench/deploy workbench/services workbench/session workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/cli/view workbench/controls workbench/deploy workbench/files workbench/json
-  workbench/list workbench/platforms workbench/project workbench/remote/profile workbench/remote/target
-  workbench/services workbench/session workbench/settings workbench/text)
+  workbench/list workbench/platforms workbench/project workbench/remote/profile
+  workbench/remote/target workbench/services workbench/session workbench/settings workbench/text)
 room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
   workbench/session workbench/text)
 room(workbench/askpass SEES workbench/remote/ssh)

@@ -1,5 +1,6 @@
 #include "workbench/list/record_json.h"
 
+#include "workbench/list/record_fields.h"
 #include "workbench/text/utf8.h"
 
 namespace workbench {
@@ -10,6 +11,9 @@ using deployment::TDeployOperation;
 
 // Stands for a text that is no UTF-8: its bytes as numbers.
 constexpr const char* BytesName = "bytes";
+
+constexpr const char* PlatformName = "name";
+constexpr const char* PlatformsName = "platforms";
 
 void AppendEscaped(std::string& json, char c) {
   constexpr std::string_view Digits = "0123456789abcdef";
@@ -33,25 +37,47 @@ void AppendBytes(std::string& json, std::string_view bytes) {
   json += "]}";
 }
 
-// Writes one object, member by member.
-class TObjectWriter {
+// Writes one object, member by member; values that a new record has are left out.
+class TRecordWriter {
 public:
-  explicit TObjectWriter(std::string& json) : FJson(json) { FJson += '{'; }
-  TObjectWriter(const TObjectWriter&) = delete;
-  TObjectWriter& operator=(const TObjectWriter&) = delete;
-  ~TObjectWriter() { FJson += '}'; }
+  explicit TRecordWriter(std::string& json) : FJson(json) { FJson += '{'; }
+  TRecordWriter(const TRecordWriter&) = delete;
+  TRecordWriter& operator=(const TRecordWriter&) = delete;
+  ~TRecordWriter() { FJson += '}'; }
 
+  void Key(const char* name, const std::string& text) { AppendJsonText(Member(name), text); }
+  void Platform(const std::string& text) { Key(PlatformName, text); }
+  void Field(const char* name, const std::string& text, std::string_view absent) {
+    if (text != absent)
+      Key(name, text);
+  }
+  void Field(const char* name, bool value, bool absent) {
+    if (value != absent)
+      Member(name) += value ? "true" : "false";
+  }
+  void Field(const char* name, TDeployOperation value, TDeployOperation absent) {
+    if (value != absent)
+      Member(name) += std::to_string(static_cast<int>(value));
+  }
+  void Field(const char* name, const TCommandList& texts, const TCommandList& absent) {
+    if (texts != absent)
+      List(name, texts, AppendJsonText);
+  }
+  template <class TRecord>
+  void Platforms(const std::vector<TRecord>& records) {
+    List(PlatformsName, records, [](std::string& json, const TRecord& record) {
+      TRecordWriter writer(json);
+      VisitFields(writer, record);
+    });
+  }
+
+private:
   // The value is to be appended next.
   std::string& Member(std::string_view name) {
     if (!FIsEmpty)
       FJson += ',';
     FIsEmpty = false;
     return FJson.append("\"").append(name).append("\":");
-  }
-  void Text(std::string_view name, const std::string& text) { AppendJsonText(Member(name), text); }
-  void TextUnlessEmpty(std::string_view name, const std::string& text) {
-    if (!text.empty())
-      Text(name, text);
   }
   template <class TItem, class TAppend>
   void List(std::string_view name, const std::vector<TItem>& items, TAppend append) {
@@ -63,95 +89,79 @@ public:
     }
     FJson += ']';
   }
-  void TextsUnlessEmpty(std::string_view name, const TCommandList& texts) {
-    if (!texts.empty())
-      List(name, texts, AppendJsonText);
-  }
 
-private:
   std::string& FJson;
   bool FIsEmpty = true;
 };
 
-void WriteBase(TObjectWriter& object, const TPlatformRecord& record) {
-  object.Text("name", record.Platform);
-  object.TextUnlessEmpty("remoteDir", record.RemoteDir);
-  if (record.Operation != TDeployOperation::Default)
-    object.Member("operation") += std::to_string(static_cast<int>(record.Operation));
-  object.TextsUnlessEmpty("localCommands", record.LocalCommands);
-  object.TextsUnlessEmpty("remoteCommands", record.RemoteCommands);
-}
+class TRecordReader {
+public:
+  explicit TRecordReader(const TJson& json) : FJson(json) {}
 
-void AppendPlatform(std::string& json, const TFilePlatformRecord& record) {
-  TObjectWriter object(json);
-  WriteBase(object, record);
-  object.TextUnlessEmpty("remoteName", record.RemoteName);
-  if (!record.Enabled)
-    object.Member("enabled") += "false";
-  if (!record.Overwrite)
-    object.Member("overwrite") += "false";
-}
-
-void AppendPlatform(std::string& json, const TClassPlatformRecord& record) {
-  TObjectWriter object(json);
-  WriteBase(object, record);
-  object.TextUnlessEmpty("extensions", record.Extensions);
-}
-
-template <class TRecord>
-void WriteItem(TObjectWriter& object, const TRecord& record) {
-  object.TextUnlessEmpty("condition", record.Condition);
-  if (record.Required)
-    object.Member("required") += "true";
-  object.List("platforms", record.Platforms,
-              [](std::string& json, const auto& platform) { AppendPlatform(json, platform); });
-}
-
-std::string GetText(const TJson& json, const char* name) {
-  const TJson* found = json.Find(name);
-  return found ? TextFromJson(*found) : std::string();
-}
-
-TCommandList GetTexts(const TJson& json, const char* name) {
-  TCommandList texts;
-  if (const TJson* found = json.Find(name)) {
-    for (const TJson& text : found->AsArray(name))
-      texts.push_back(TextFromJson(text));
+  void Key(const char* name, std::string& text) { text = TextFromJson(FJson.At(name)); }
+  void Platform(std::string& text) { Key(PlatformName, text); }
+  void Field(const char* name, std::string& text, std::string_view absent) {
+    const TJson* found = FJson.Find(name);
+    text = found ? TextFromJson(*found) : std::string(absent);
   }
-  return texts;
-}
+  void Field(const char* name, bool& value, bool absent) { value = FJson.BooleanOr(name, absent); }
+  void Field(const char* name, TDeployOperation& value, TDeployOperation absent) {
+    value = static_cast<TDeployOperation>(
+        FJson.NumberOr(name, static_cast<unsigned>(absent), 0U,
+                       static_cast<unsigned>(deployment::DeployOperationCount) - 1));
+  }
+  void Field(const char* name, TCommandList& texts, const TCommandList& absent) {
+    texts = absent;
+    if (const TJson* found = FJson.Find(name)) {
+      texts.clear();
+      for (const TJson& text : found->AsArray(name))
+        texts.push_back(TextFromJson(text));
+    }
+  }
+  template <class TRecord>
+  void Platforms(std::vector<TRecord>& records) {
+    for (const TJson& value : FJson.Array(PlatformsName)) {
+      TRecordReader reader(value);
+      VisitFields(reader, records.emplace_back());
+    }
+  }
 
-void ReadBase(const TJson& json, TPlatformRecord& record) {
-  record.Platform = TextFromJson(json.At("name"));
-  record.RemoteDir = GetText(json, "remoteDir");
-  record.Operation = static_cast<TDeployOperation>(
-      json.NumberOr("operation", static_cast<unsigned>(TDeployOperation::Default), 0U,
-                    static_cast<unsigned>(deployment::DeployOperationCount) - 1));
-  record.LocalCommands = GetTexts(json, "localCommands");
-  record.RemoteCommands = GetTexts(json, "remoteCommands");
-}
+private:
+  const TJson& FJson;
+};
 
-void ReadPlatform(const TJson& json, TFilePlatformRecord& record) {
-  ReadBase(json, record);
-  record.RemoteName = GetText(json, "remoteName");
-  record.Enabled = json.BooleanOr("enabled", true);
-  record.Overwrite = json.BooleanOr("overwrite", true);
-}
+// Makes the object that documents show: all values, and the platforms by their names.
+class TDocumentMaker {
+public:
+  void Key(const char* name, const std::string& text) { Object.Add(name, text); }
+  void Platform(const std::string& /*text*/) {}
+  void Field(const char* name, const std::string& text, std::string_view /*absent*/) {
+    Object.Add(name, text);
+  }
+  void Field(const char* name, bool value, bool /*absent*/) { Object.Add(name, value); }
+  void Field(const char* name, TDeployOperation value, TDeployOperation /*absent*/) {
+    Object.Add(name, static_cast<int>(value));
+  }
+  void Field(const char* name, const TCommandList& texts, const TCommandList& /*absent*/) {
+    Object.Add(name, texts);
+  }
+  template <class TRecord>
+  void Platforms(const std::vector<TRecord>& records) {
+    TJson platforms = TJson::Object();
+    for (const TRecord& record : records)
+      platforms.Add(record.Platform, DocumentFrom(record));
+    Object.Add(PlatformsName, std::move(platforms));
+  }
 
-void ReadPlatform(const TJson& json, TClassPlatformRecord& record) {
-  ReadBase(json, record);
-  record.Extensions = GetText(json, "extensions");
-}
+  template <class TRecord>
+  static TJson DocumentFrom(const TRecord& record) {
+    TDocumentMaker maker;
+    VisitFields(maker, record);
+    return std::move(maker.Object);
+  }
 
-template <class TRecord>
-void ReadItem(const TJson& json, TRecord& record) {
-  record.Condition = GetText(json, "condition");
-  record.Required = json.BooleanOr("required", false);
-  const TJson::TArray& platforms = json.Array("platforms");
-  record.Platforms.resize(platforms.size());
-  for (std::size_t i = 0; i < platforms.size(); ++i)
-    ReadPlatform(platforms[i], record.Platforms[i]);
-}
+  TJson Object = TJson::Object();
+};
 
 } // namespace
 
@@ -174,36 +184,35 @@ std::string TextFromJson(const TJson& value) {
 }
 
 void AppendJson(std::string& json, const TEntryRecord& record) {
-  TObjectWriter object(json);
-  object.Text("localName", record.Names.LocalName);
-  object.Text("configuration", record.Names.Configuration);
-  object.Text("platform", record.Names.Platform);
-  object.Text("class", record.Class);
-  WriteItem(object, record);
+  TRecordWriter writer(json);
+  VisitFields(writer, record);
 }
 
 void AppendJson(std::string& json, const TClassRecord& record) {
-  TObjectWriter object(json);
-  object.Text("name", record.Id);
-  object.TextUnlessEmpty("description", record.Description);
-  WriteItem(object, record);
+  TRecordWriter writer(json);
+  VisitFields(writer, record);
 }
 
 TEntryRecord EntryRecordFromJson(const TJson& value) {
   TEntryRecord record;
-  record.Names = {TextFromJson(value.At("configuration")), TextFromJson(value.At("platform")),
-                  TextFromJson(value.At("localName"))};
-  record.Class = TextFromJson(value.At("class"));
-  ReadItem(value, record);
+  TRecordReader reader(value);
+  VisitFields(reader, record);
   return record;
 }
 
 TClassRecord ClassRecordFromJson(const TJson& value) {
   TClassRecord record;
-  record.Id = TextFromJson(value.At("name"));
-  record.Description = GetText(value, "description");
-  ReadItem(value, record);
+  TRecordReader reader(value);
+  VisitFields(reader, record);
   return record;
+}
+
+TJson DocumentOf(const TEntryRecord& record) {
+  return TDocumentMaker::DocumentFrom(record);
+}
+
+TJson DocumentOf(const TClassRecord& record) {
+  return TDocumentMaker::DocumentFrom(record);
 }
 
 } // namespace workbench
