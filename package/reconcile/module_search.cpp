@@ -45,7 +45,8 @@ void TModuleSearch::AddPlaces(std::string_view list) {
       continue;
     std::string place = WithTrailingDelimiter(directory);
     std::string expanded =
-        target.Services().GetMacroUtils().ExpandRootMacro(place, target.Project());
+        target.Services().GetMacroUtils().ExpandRootMacro(place, target.Project(),
+                                                         target.Configuration(), FPlatform);
     FPlaces.push_back({std::move(place), std::move(expanded)});
   }
 }
@@ -80,7 +81,8 @@ std::string TModuleSearch::Search(std::string_view moduleName) const {
   if (IsAbsolutePath(moduleName) && files.FileExists(moduleName))
     return std::string(moduleName);
   const std::string name =
-      FTarget.Services().GetMacroUtils().ExpandRootMacro(moduleName, FTarget.Project());
+      FTarget.Services().GetMacroUtils().ExpandRootMacro(moduleName, FTarget.Project(),
+                                                          FTarget.Configuration(), FPlatform);
   for (const TPlace& place : FPlaces) {
     // A relative place is seen from the project, as stored names are.
     const std::string path =

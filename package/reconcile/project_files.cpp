@@ -98,7 +98,7 @@ private:
 TProjectFileStep::TProjectFileStep(TReconcileContext& context)
     : FContext(context), FTarget(context.Target),
       FProjectFile(FTarget.Project().GetProjectFileName()),
-      FFiles(FTarget.Project().GetCompleteFileList()), FWanted{
+      FFiles(FTarget.Project().GetCompleteFileList(FTarget.Configuration(), FTarget.Platform())), FWanted{
                                                            std::string(class_names::ProjectFile),
                                                            {},
                                                            BelongsToProject()} {

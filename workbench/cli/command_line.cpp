@@ -1,10 +1,12 @@
 #include "workbench/cli/command_line.h"
 
+#include "package/common/case_fold.h"
 #include "package/common/errors.h"
 #include "workbench/cli/command.h"
 #include "workbench/cli/connection_questions.h"
 #include "workbench/cli/name_hint.h"
 #include "workbench/files/save_error.h"
+#include "workbench/msbuild/msbuild_properties.h"
 #include "workbench/text/utf8.h"
 
 #include <CLI/CLI.hpp>
@@ -38,6 +40,10 @@ void AddCommonOptions(CLI::App& app, TCommonOptions& options) {
   app.add_flag("--quiet", options.Quiet,
                "Print the document of --json and errors only; ask nothing");
   app.add_flag("--no-color", options.NoColor, "Print without colours");
+  app.add_option("--property", options.Properties,
+                 "Evaluate the project as a build that is given this property; repeatable")
+      ->type_name("NAME=VALUE")
+      ->allow_extra_args(false);
   app.add_option("--root", options.Root, "Directory that holds ObjRepos")->type_name("DIR");
 }
 
@@ -100,7 +106,7 @@ void CheckArguments(const TInvocation& invocation, int argc, const char* const* 
 // Values that are given without being any, and those given on both sides of the command.
 void CheckValues(TInvocation& invocation) {
   CLI::App* chosen = invocation.Chosen().first;
-  for (const char* name : {"--config", "--platform", "--root"}) {
+  for (const char* name : {"--config", "--platform", "--root", "--property"}) {
     if (invocation.App.get_option(name)->count() > 0 && chosen->get_option(name)->count() > 0)
       throw TUsageError(std::string(name) + " is given twice");
   }
@@ -187,10 +193,27 @@ void WarnOfRoot(const std::string& root, TOutput& output) {
     output.Warn({"there is no such directory; only the built-in platforms are known", root, 0});
 }
 
+// Properties that only the build itself sets cannot be given.
+TNamedTexts GivenProperties(const std::vector<std::string>& texts) {
+  TNamedTexts properties;
+  for (const std::string& text : texts) {
+    const std::size_t sign = text.find('=');
+    const std::string name = text.substr(0, sign);
+    if (sign == std::string::npos || !IsPropertyName(name))
+      throw TUsageError("\"" + text + "\" is no property: NAME=VALUE is wanted");
+    if (deployment::LowerCaseAscii(name).starts_with("msbuildproject") ||
+        deployment::LowerCaseAscii(name).starts_with("msbuildthisfile"))
+      throw TUsageError("the property \"" + name + "\" cannot be given: the build sets it");
+    properties.push_back({name, text.substr(sign + 1)});
+  }
+  return properties;
+}
+
 // What the command throws is reported while the session lives: an error that the package raised is
 // made of the package's code, which goes with the session.
 int RunCommand(const TInvocation& invocation, TOutput& output) {
-  TSession session(TSessionOptions{invocation.Options.Root});
+  TSession session(
+      TSessionOptions{invocation.Options.Root, GivenProperties(invocation.Options.Properties)});
   WarnOfRoot(invocation.Options.Root, output);
   LetConnectionsAsk(session.RemoteProfiles(), output);
   TCommandContext context{invocation.Options, session, output};

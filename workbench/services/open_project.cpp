@@ -7,6 +7,7 @@
 #include "workbench/files/file_saver.h"
 #include "workbench/files/machine_path.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace workbench {
@@ -60,7 +61,8 @@ public:
 };
 
 TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
-                                   const std::filesystem::path& file, TOpenPurpose purpose)
+                                   const std::filesystem::path& file, TOpenPurpose purpose,
+                                   TNamedTexts properties)
     : FServices(services), FGivenName(file), FListener(std::make_shared<TChangeListener>()) {
   const std::filesystem::path full = FullPath(file);
   // The kind of file is looked at before it is locked, since a lock opens it.
@@ -68,14 +70,15 @@ TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable&
     FLock.emplace(file);
   TProjectFileStorage& storage = FServices.GetProjectFileStorage();
   FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
-                                             platforms, FServices.GetSettings());
+                                             platforms, FServices.GetSettings(),
+                                             std::move(properties));
   FModule->SetDefaultProfile([&services](std::string_view platform) {
     return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
   });
   FServices.GetModuleHandlerGauntlet().AttachHandlers(*FModule);
   ReadVersion();
   storage.ProjectLoaded(*FModule);
-  CollectWarnings();
+  CollectNotes();
   if (auto* deployment = FModule->GetProjectDeployment()) {
     FWasEmpty = deployment->IsEmpty();
     FListenerIndex = deployment->AddNotifier(FListener);
@@ -100,15 +103,27 @@ void TOpenProjectFile::ReadVersion() {
   FWasUpgraded = FVersionRead < CurrentVersion && section->HasChildren();
 }
 
-void TOpenProjectFile::CollectWarnings() {
-  for (const TEvaluationNote& note : FModule->Settings().Notes()) {
-    // Build tools of other machines are imported by nearly every foreign project.
-    if (note.Kind != TNoteKind::MissingImport)
+// Questions about a target may bring up what those about others did not. A document that was read
+// anew after a save brings up the same once more.
+void TOpenProjectFile::CollectNotes() const {
+  const TEvaluationNotes& notes = FModule->Settings().Notes();
+  const auto isTold = [this](const TEvaluationNote& note) {
+    return std::ranges::any_of(FWarnings, [&](const TWarning& warning) {
+      return warning.Text == note.Text && warning.File == note.Place.File &&
+             warning.Line == note.Place.Line;
+    });
+  };
+  if (FNotesTaken > notes.size())
+    FNotesTaken = 0;
+  for (; FNotesTaken < notes.size(); ++FNotesTaken) {
+    const TEvaluationNote& note = notes[FNotesTaken];
+    if (!isTold(note))
       FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
   }
 }
 
 const std::vector<TWarning>& TOpenProjectFile::Warnings() const {
+  CollectNotes();
   for (TWarning& warning : FServices.GetMessageServices().TakeWarnings())
     FWarnings.push_back(std::move(warning));
   return FWarnings;

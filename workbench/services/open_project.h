@@ -17,7 +17,8 @@ class TOpenProjectFile final : public TOpenProject {
 public:
   /// Reads the project and its deployment. Throws as TSession::Open does.
   TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
-                   const std::filesystem::path& file, TOpenPurpose purpose);
+                   const std::filesystem::path& file, TOpenPurpose purpose,
+                   TNamedTexts properties);
   ~TOpenProjectFile() override;
 
   const std::filesystem::path& GivenFileName() const override { return FGivenName; }
@@ -42,7 +43,7 @@ private:
 
   void ReadVersion();
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
-  void CollectWarnings();
+  void CollectNotes() const;
 
   TIDEServices& FServices;
   const std::filesystem::path FGivenName;
@@ -54,6 +55,7 @@ private:
   bool FWasUpgraded = false;
   bool FWasEmpty = true; // no entries when it was read, so whatever is there now is new
   bool FMarkedChanged = false;
+  mutable std::size_t FNotesTaken = 0;
   mutable std::vector<TWarning> FWarnings; // those that still wait are taken when asked for
 };
 

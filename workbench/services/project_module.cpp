@@ -2,6 +2,7 @@
 
 #include "package/host/api/deploymentapi.h"
 #include "workbench/files/file_reader.h"
+#include "workbench/project/cpp/cpp_dialect.h"
 #include "workbench/services/settings_store.h"
 
 #include <utility>
@@ -37,9 +38,11 @@ public:
 
 TProjectModule::TProjectModule(std::filesystem::path file,
                                std::unique_ptr<TProjectDocument> document,
-                               const TPlatformTable& platforms, const TSettings& userSettings)
+                               const TPlatformTable& platforms, const TSettings& userSettings,
+                               TNamedTexts properties)
     : FFile(std::move(file)), FPlatforms(platforms), FDocument(std::move(document)),
-      FImports(std::make_unique<TImportLoader>()), FOptions(*this), FPlatformAnswers(*this),
+      FImports(std::make_unique<TImportLoader>()), FProperties(std::move(properties)),
+      FForeign(std::make_unique<TCppDialect>(*FImports, FPlatforms, FProperties)), FOptions(*this), FPlatformAnswers(*this),
       FPlatformOptions(*this), FBuildOptions(*this), FCompilerOptions(userSettings) {}
 
 TProjectModule::~TProjectModule() {
@@ -63,7 +66,9 @@ TProjectSettings& TProjectModule::Settings() {
 
 TProjectSettings& TProjectModule::ReadSettings() const {
   if (!FSettings)
-    FSettings = std::make_unique<TProjectSettings>(FDocument->Root(), FFile, *FImports, FPlatforms);
+    FSettings = std::make_unique<TProjectSettings>(
+        FDocument->Root(), FFile, *FImports, FPlatforms,
+        TProjectSurroundings{ProcessEnvironment(), FProperties, FForeign.get()});
   return *FSettings;
 }
 
@@ -102,6 +107,7 @@ void TProjectModule::ReadSavedDocument() {
       std::make_unique<TProjectDocument>(text, FDocument->Name(), FDocument->LargeSectionName());
   document->ForgetLargeSection();
   FSettings.reset();
+  FForeign->Forget();
   FSaved.reset();
   FDocument = std::move(document);
 }
@@ -137,8 +143,14 @@ std::string TProjectModule::GetPersonality() const {
   return ReadSettings().Personality();
 }
 
-std::string TProjectModule::GetApplicationType() const {
-  return ReadSettings().ApplicationType();
+std::string TProjectModule::GetApplicationType(std::string_view configuration,
+                                               std::string_view platform) const {
+  return ReadSettings().ApplicationType(configuration, platform);
+}
+
+std::string TProjectModule::GetNothingToDeploy(std::string_view configuration,
+                                               std::string_view platform) const {
+  return ReadSettings().NothingToDeploy(configuration, platform);
 }
 
 std::string TProjectModule::GetFrameworkType() const {
@@ -167,8 +179,10 @@ std::string TProjectModule::GetOutputKind(std::string_view configuration,
   return ReadSettings().OutputKind(configuration, platform);
 }
 
-std::vector<std::string> TProjectModule::GetCompleteFileList() const {
-  return ReadSettings().CompleteFileList();
+std::vector<std::string>
+TProjectModule::GetCompleteFileList(std::string_view configuration,
+                                    std::string_view platform) const {
+  return ReadSettings().CompleteFileList(configuration, platform);
 }
 
 } // namespace workbench

@@ -42,11 +42,12 @@ void CopyAttributes(const deployment::IXMLNode& from, deployment::IXMLNode& to) 
 
 struct TSession::TParts {
   explicit TParts(const TSessionOptions& options)
-      : Root(FindRoot(options.Root)), Platforms(ReadPlatforms(Root)),
+      : Root(FindRoot(options.Root)), Properties(options.Properties), Platforms(ReadPlatforms(Root)),
         Services(Root, Platforms, UserSettingsFile()), Package(Services) {}
 
   // Destroyed from below: projects go before the package, the package before the services.
   std::filesystem::path Root;
+  TNamedTexts Properties;
   TPlatformTable Platforms;
   TIDEServices Services;
   TPackageLoader Package;
@@ -74,7 +75,8 @@ TSession::~TSession() {
 
 TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose purpose) {
   FParts->Projects.push_back(
-      std::make_unique<TOpenProjectFile>(FParts->Services, FParts->Platforms, file, purpose));
+      std::make_unique<TOpenProjectFile>(FParts->Services, FParts->Platforms, file, purpose,
+                                         FParts->Properties));
   return *FParts->Projects.back();
 }
 

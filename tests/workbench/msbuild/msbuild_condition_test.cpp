@@ -10,10 +10,12 @@ namespace {
 // Knows a few properties and files, and counts the questions.
 class TKnownWorld final : public IConditionContext {
 public:
-  std::string Expand(std::string_view text) const override {
+  TExpanded Expand(std::string_view text) const override {
     ++Asked;
+    if (text == "$(Unknown)")
+      return {{}, std::make_shared<TUnknownValue>(TUnknownValue{"Unknown", "nobody said"})};
     const auto found = Values.find(std::string(text));
-    return found == Values.end() ? std::string(text) : found->second;
+    return {found == Values.end() ? std::string(text) : found->second, nullptr};
   }
   bool Exists(std::string_view path) const override {
     ++Asked;
@@ -26,7 +28,7 @@ public:
 };
 
 bool Holds(std::string_view condition) {
-  return EvaluateCondition(condition, TKnownWorld(), {"p.proj", 7});
+  return EvaluateCondition(condition, TKnownWorld(), {"p.proj", 7}).Holds;
 }
 
 std::string ErrorOf(std::string_view condition) {
