@@ -4,7 +4,7 @@
 #include "bench/baselines.h"
 #include "bench/sample_project.h"
 #include "package/host/api/deploymentapi.h"
-#include "workbench/services/session.h"
+#include "workbench/session/session.h"
 
 #include <benchmark/benchmark.h>
 

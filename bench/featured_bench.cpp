@@ -5,7 +5,7 @@
 #include "bench/sample_project.h"
 #include "package/host/api/deploymentapi.h"
 #include "package/host/api/forms.h"
-#include "workbench/services/session.h"
+#include "workbench/session/session.h"
 
 #include <benchmark/benchmark.h>
 

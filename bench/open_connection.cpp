@@ -1,8 +1,8 @@
 // Times what goes over a connection that is open already, as the window does it.
 // Usage: open_connection PROJECT. Reads words from standard input, does what each says, and prints
 // the milliseconds that it took: "status" asks for all files, "deploy" brings what differs.
-#include "workbench/remote/remote_profile_services.h"
-#include "workbench/services/session.h"
+#include "workbench/services/remote_profile_services.h"
+#include "workbench/session/session.h"
 
 #include <chrono>
 #include <cstdio>

@@ -5,7 +5,7 @@
 #include "package/common/case_fold.h"
 #include "workbench/controls/memory_controls.h"
 #include "workbench/services/editor_views.h"
-#include "workbench/services/session.h"
+#include "workbench/session/session.h"
 
 #include <benchmark/benchmark.h>
 

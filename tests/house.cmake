@@ -2,9 +2,16 @@
 add_test(NAME House.IncludesPointDown
   COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR}
           -P ${CMAKE_CURRENT_SOURCE_DIR}/house/check_includes.cmake)
+add_test(NAME House.WrongIncludesAreRefused
+  COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR}
+          -DSCRATCH=${CMAKE_CURRENT_BINARY_DIR}/planted_includes
+          -P ${CMAKE_CURRENT_SOURCE_DIR}/house/check_planted_includes.cmake)
 
-# Sanitizers bring libraries of their own.
+# Sanitizers bring libraries and symbols of their own.
 if(NOT DEPLOYMENT_SANITIZE)
+  add_test(NAME House.PackageExportsItsEntryPointAlone
+    COMMAND ${CMAKE_COMMAND} -DMODULE=$<TARGET_FILE:deployment_module> -DNM=${CMAKE_NM}
+            -P ${CMAKE_CURRENT_SOURCE_DIR}/house/check_exported_symbols.cmake)
   add_test(NAME House.PackageNeedsTheStandardLibraryAlone
     COMMAND ${CMAKE_COMMAND} -DMODULE=$<TARGET_FILE:deployment_module> -DREADELF=${CMAKE_READELF}
             -P ${CMAKE_CURRENT_SOURCE_DIR}/house/check_needed_libraries.cmake)

@@ -1,6 +1,6 @@
 // The program that the SSH client runs to ask for a password: it passes the question on to the
 // program that started the client, and the answer back.
-#include "workbench/remote/askpass.h"
+#include "workbench/remote/ssh/askpass.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,13 +1,13 @@
 // deployment-manager, the window.
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/dialogs/error_text.h"
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/error_text.h"
+#include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/window/appearance.h"
 #include "workbench/desktop/window/main_window.h"
 #include "workbench/desktop/window/screenshot.h"
 #include "workbench/desktop/window/translations.h"
 #include "workbench/project/project_settings.h"
-#include "workbench/services/session.h"
+#include "workbench/session/session.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "package/host/api/appstrs.h"
-#include "workbench/services/settings_store.h"
+#include "workbench/settings/settings_store.h"
 
 #include <filesystem>
 #include <string>

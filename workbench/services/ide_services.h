@@ -3,7 +3,6 @@
 
 #include "package/host/api/ideservices.h"
 #include "workbench/platforms/platform_table.h"
-#include "workbench/remote/remote_profile_services.h"
 #include "workbench/services/app_strings.h"
 #include "workbench/services/editor_views.h"
 #include "workbench/services/extensions.h"
@@ -16,9 +15,10 @@
 #include "workbench/services/platform_manager.h"
 #include "workbench/services/project_events.h"
 #include "workbench/services/project_file_utils.h"
+#include "workbench/services/remote_profile_services.h"
 #include "workbench/services/sdk_services.h"
-#include "workbench/services/settings_store.h"
 #include "workbench/services/storage_service.h"
+#include "workbench/settings/settings_store.h"
 #include "workbench/xml/xml_documents.h"
 
 #include <filesystem>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "package/host/api/ideservices.h"
-#include "workbench/services/session.h"
+#include "workbench/text/warning.h"
 
 #include <set>
 #include <string>

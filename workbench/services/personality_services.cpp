@@ -1,7 +1,7 @@
 #include "workbench/services/personality_services.h"
 
 #include "workbench/services/project_module.h"
-#include "workbench/services/settings_store.h"
+#include "workbench/settings/settings_store.h"
 
 namespace workbench {
 namespace {

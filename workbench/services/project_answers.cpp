@@ -2,7 +2,7 @@
 
 #include "workbench/project/project_settings.h"
 #include "workbench/services/project_module.h"
-#include "workbench/services/settings_store.h"
+#include "workbench/settings/settings_store.h"
 
 namespace workbench {
 

@@ -3,7 +3,7 @@
 #include "package/host/api/deploymentapi.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/project/cpp/cpp_dialect.h"
-#include "workbench/services/settings_store.h"
+#include "workbench/settings/settings_store.h"
 
 #include <utility>
 

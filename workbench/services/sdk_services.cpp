@@ -1,6 +1,6 @@
 #include "workbench/services/sdk_services.h"
 
-#include "workbench/services/settings_store.h"
+#include "workbench/settings/settings_store.h"
 
 namespace workbench {
 

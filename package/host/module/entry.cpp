@@ -1,6 +1,6 @@
 // The door of the loadable module: the one function that it exports.
 #include "package/host/api/package.h"
-#include "package/host/deployment_package.h"
+#include "package/host/plugin/deployment_package.h"
 
 #include <cstdint>
 #include <memory>

@@ -4,11 +4,11 @@
 #include "package/featured/modify_featured_files.h"
 #include "package/view/file_columns.h"
 #include "tests/desktop/support/dialog_script.h"
-#include "tests/workbench/services/session_fixture.h"
+#include "tests/workbench/session/session_fixture.h"
 #include "workbench/desktop/controls/virtual_tree.h"
 #include "workbench/desktop/window/main_window.h"
-#include "workbench/remote/remote_profile_services.h"
-#include "workbench/services/settings_store.h"
+#include "workbench/services/remote_profile_services.h"
+#include "workbench/settings/settings_store.h"
 
 #include <QMenuBar>
 #include <QMessageBox>

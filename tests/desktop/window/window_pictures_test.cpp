@@ -2,7 +2,7 @@
 // documents and for people to look at.
 #include "tests/desktop/support/pictures.h"
 #include "tests/desktop/window/window_fixture.h"
-#include "workbench/desktop/dialogs/deploy_panel.h"
+#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
 #include "workbench/desktop/window/appearance.h"
 #include "workbench/desktop/window/connection_questions.h"
 #include "workbench/desktop/window/recovery_question.h"

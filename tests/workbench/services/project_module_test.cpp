@@ -1,7 +1,7 @@
 #include "tests/workbench/files/save_fixture.h"
 #include "workbench/platforms/platform_table.h"
 #include "workbench/services/project_module.h"
-#include "workbench/services/settings_store.h"
+#include "workbench/settings/settings_store.h"
 
 namespace workbench {
 namespace {

@@ -1,8 +1,8 @@
 #include "tests/workbench/files/save_fixture.h"
 #include "workbench/platforms/platform_table.h"
 #include "workbench/services/project_module.h"
-#include "workbench/services/settings_store.h"
 #include "workbench/services/storage_service.h"
+#include "workbench/settings/settings_store.h"
 
 namespace workbench {
 namespace {

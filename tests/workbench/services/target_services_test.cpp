@@ -3,7 +3,7 @@
 #include "tests/workbench/files/save_fixture.h"
 #include "workbench/services/personality_services.h"
 #include "workbench/services/sdk_services.h"
-#include "workbench/services/settings_store.h"
+#include "workbench/settings/settings_store.h"
 
 namespace workbench {
 namespace {

@@ -1,6 +1,6 @@
 #include "workbench/desktop/controls/cell_editors.h"
 
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/qt_text.h"
 
 #include <QAction>
 #include <QComboBox>

@@ -4,10 +4,10 @@
 #include "package/host/api/controls.h"
 #include "workbench/desktop/controls/cell_editors.h"
 #include "workbench/desktop/controls/event_loop_queue.h"
+#include "workbench/desktop/controls/qt_dialogs.h"
 #include "workbench/desktop/controls/targets_combo_box.h"
 #include "workbench/desktop/controls/tool_bar.h"
 #include "workbench/desktop/controls/virtual_tree.h"
-#include "workbench/desktop/dialogs/qt_dialogs.h"
 
 #include <QPointer>
 #include <QWidget>

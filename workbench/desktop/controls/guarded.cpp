@@ -1,6 +1,6 @@
 #include "workbench/desktop/controls/guarded.h"
 
-#include "workbench/desktop/dialogs/error_text.h"
+#include "workbench/desktop/text/error_text.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -2,7 +2,7 @@
 
 #include "package/host/api/platformapi.h"
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/qt_text.h"
 
 #include <QCoreApplication>
 #include <algorithm>

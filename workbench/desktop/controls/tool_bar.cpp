@@ -2,8 +2,8 @@
 
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
-#include "workbench/desktop/dialogs/package_texts.h"
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/package_texts.h"
+#include "workbench/desktop/text/qt_text.h"
 
 #include <QAction>
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #include "workbench/desktop/controls/tree_delegate.h"
 
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/qt_text.h"
 
 #include <QApplication>
 #include <QKeyEvent>

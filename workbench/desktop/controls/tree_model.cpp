@@ -1,8 +1,8 @@
 #include "workbench/desktop/controls/tree_model.h"
 
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/dialogs/package_texts.h"
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/package_texts.h"
+#include "workbench/desktop/text/qt_text.h"
 
 #include <QColor>
 #include <QGuiApplication>

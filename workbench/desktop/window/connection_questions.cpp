@@ -1,6 +1,6 @@
 #include "workbench/desktop/window/connection_questions.h"
 
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/qt_text.h"
 
 #include <QInputDialog>
 #include <QMessageBox>

@@ -1,6 +1,6 @@
 #include "workbench/desktop/window/deploy_desk.h"
 
-#include "workbench/desktop/dialogs/deploy_panel.h"
+#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // Deploys that are started in the window.
 #pragma once
 
-#include "workbench/remote/deploy_run.h"
+#include "workbench/deploy/deploy_run.h"
 
 #include <functional>
 #include <optional>

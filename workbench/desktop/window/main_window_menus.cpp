@@ -1,13 +1,13 @@
 // The menus of the window and what stands behind their commands.
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/dialogs/error_text.h"
-#include "workbench/desktop/dialogs/profile_manager_dialog.h"
-#include "workbench/desktop/dialogs/qt_text.h"
-#include "workbench/desktop/dialogs/settings_dialog.h"
+#include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
+#include "workbench/desktop/dialogs/settings/settings_dialog.h"
+#include "workbench/desktop/text/error_text.h"
+#include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/window/main_window.h"
 #include "workbench/desktop/window/row_text.h"
-#include "workbench/services/session.h"
-#include "workbench/services/settings_store.h"
+#include "workbench/session/session.h"
+#include "workbench/settings/settings_store.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,9 +1,9 @@
 // What the user did to one project since it was opened: for undo, and to be had back after a crash.
 #pragma once
 
-#include "workbench/services/edit_history.h"
-#include "workbench/services/recovery.h"
-#include "workbench/services/recovery_journal.h"
+#include "workbench/history/edit_history.h"
+#include "workbench/history/recovery.h"
+#include "workbench/history/recovery_journal.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // Asks what to do with edits that an earlier run left behind.
 #pragma once
 
-#include "workbench/services/recovery.h"
+#include "workbench/history/recovery.h"
 
 class QWidget;
 

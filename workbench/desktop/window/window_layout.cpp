@@ -1,6 +1,6 @@
 #include "workbench/desktop/window/window_layout.h"
 
-#include "workbench/desktop/dialogs/qt_text.h"
+#include "workbench/desktop/text/qt_text.h"
 #include "workbench/files/user_directories.h"
 
 #include <QSettings>

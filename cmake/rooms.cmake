@@ -1,0 +1,102 @@
+# The rooms of the house, from the ground up. A room is a folder and a library of its own; it sees
+# (may include) what stands in its list and nothing else, and only rooms that come before it.
+# Read by the build and by tests/house/check_includes.cmake.
+#
+#   room(<folder> [SEES <folder>...])
+set(ROOMS "")
+macro(room folder)
+  cmake_parse_arguments(ROOM "" "" "SEES" ${ARGN})
+  foreach(seen IN LISTS ROOM_SEES)
+    if(NOT seen IN_LIST ROOMS)
+      message(FATAL_ERROR "${folder} cannot see ${seen}, which does not come before it")
+    endif()
+  endforeach()
+  list(APPEND ROOMS ${folder})
+  set(ROOM_SEES_${folder} ${ROOM_SEES})
+endmacro()
+
+# The package: the standard library, nothing else.
+set(FOUNDATION package/common package/host/api)
+room(package/common)
+room(package/host/api SEES package/common)
+room(package/featured SEES ${FOUNDATION})
+room(package/reconcile SEES ${FOUNDATION} package/featured)
+room(package/model SEES ${FOUNDATION} package/featured package/reconcile)
+room(package/view SEES ${FOUNDATION} package/featured package/reconcile)
+room(package/host/plugin SEES ${FOUNDATION} package/featured package/reconcile package/model
+  package/view)
+room(package/host/module SEES ${FOUNDATION} package/host/plugin)
+
+# The workbench: of the package it sees the foundation; it loads the rest at run time.
+room(workbench/text SEES package/common)
+room(workbench/files SEES package/common workbench/text)
+room(workbench/process SEES package/common workbench/files)
+room(workbench/xml SEES ${FOUNDATION} workbench/files workbench/text)
+room(workbench/msbuild SEES ${FOUNDATION} workbench/files workbench/text workbench/xml)
+room(workbench/platforms SEES ${FOUNDATION} workbench/files workbench/text)
+room(workbench/project SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
+  workbench/text workbench/xml)
+room(workbench/project/cpp SEES ${FOUNDATION} workbench/files workbench/msbuild
+  workbench/platforms workbench/project workbench/text workbench/xml)
+room(workbench/controls SEES ${FOUNDATION})
+
+room(workbench/remote/target SEES ${FOUNDATION} workbench/files workbench/process workbench/text)
+room(workbench/remote/folder SEES ${FOUNDATION} workbench/files workbench/process
+  workbench/remote/target workbench/text)
+room(workbench/remote/sftp SEES ${FOUNDATION} workbench/files workbench/process
+  workbench/remote/target workbench/text)
+room(workbench/remote/ssh SEES ${FOUNDATION} workbench/files workbench/process
+  workbench/remote/sftp workbench/remote/target workbench/text)
+set(REMOTE workbench/remote/target workbench/remote/folder workbench/remote/sftp
+  workbench/remote/ssh)
+room(workbench/remote/profile SEES ${FOUNDATION} workbench/files ${REMOTE} workbench/text)
+room(workbench/deploy SEES ${FOUNDATION} workbench/files workbench/process workbench/remote/target
+  workbench/text)
+
+room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/text)
+room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files workbench/msbuild
+  workbench/platforms workbench/project workbench/project/cpp workbench/remote/profile
+  workbench/remote/target workbench/settings workbench/text workbench/xml)
+room(workbench/session SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
+  workbench/project workbench/services workbench/settings workbench/text)
+room(workbench/history SEES ${FOUNDATION} workbench/files workbench/session workbench/text)
+
+# deploymgr, the command line.
+room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/msbuild
+  workbench/platforms workbench/process workbench/project workbench/remote/ssh workbench/services
+  workbench/session workbench/text)
+room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/session
+  workbench/text)
+room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
+  workbench/deploy workbench/services workbench/session workbench/text)
+room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
+  workbench/cli/view workbench/controls workbench/deploy workbench/files workbench/platforms
+  workbench/project workbench/remote/profile workbench/remote/target workbench/services
+  workbench/session workbench/settings workbench/text)
+room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
+  workbench/msbuild workbench/session workbench/text)
+room(workbench/askpass SEES workbench/remote/ssh)
+
+# deployment-manager, the window.
+room(workbench/desktop/text SEES ${FOUNDATION} workbench/deploy workbench/text)
+room(workbench/desktop/controls SEES ${FOUNDATION} workbench/controls workbench/desktop/text)
+room(workbench/desktop/dialogs/forms SEES ${FOUNDATION} workbench/desktop/controls
+  workbench/desktop/text)
+room(workbench/desktop/dialogs/profiles SEES ${FOUNDATION} workbench/desktop/controls
+  workbench/desktop/dialogs/forms workbench/desktop/text workbench/platforms workbench/project
+  workbench/remote/profile workbench/remote/target workbench/services workbench/session
+  workbench/text)
+room(workbench/desktop/dialogs/settings SEES ${FOUNDATION} workbench/desktop/controls
+  workbench/desktop/dialogs/forms workbench/desktop/text workbench/platforms workbench/services
+  workbench/session workbench/settings workbench/text)
+room(workbench/desktop/dialogs/deploy SEES ${FOUNDATION} workbench/deploy
+  workbench/desktop/controls workbench/desktop/dialogs/forms workbench/desktop/text
+  workbench/text)
+room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
+  workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings workbench/desktop/text
+  workbench/files workbench/history workbench/platforms workbench/project workbench/remote/profile
+  workbench/remote/ssh workbench/remote/target workbench/services workbench/session
+  workbench/settings workbench/text)
+room(workbench/desktop SEES ${FOUNDATION} workbench/desktop/controls workbench/desktop/text
+  workbench/desktop/window workbench/project workbench/session)

@@ -1,0 +1,25 @@
+// The deployment service: how the host and other packages open the Deployment Manager.
+#pragma once
+
+#include "package/host/api/deploymentapi.h"
+#include "package/host/plugin/deployment_window.h"
+
+#include <memory>
+#include <utility>
+
+namespace deployment {
+
+class TDeploymentService final : public IOTADeploymentService {
+public:
+  explicit TDeploymentService(std::shared_ptr<TViewContext> context)
+      : FContext(std::move(context)) {}
+
+  void DeployManagerProject(const std::shared_ptr<IOTAProject>& project) override {
+    ShowDeployment(FContext, project);
+  }
+
+private:
+  std::shared_ptr<TViewContext> FContext;
+};
+
+} // namespace deployment

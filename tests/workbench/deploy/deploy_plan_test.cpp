@@ -1,0 +1,122 @@
+#include "tests/workbench/remote/target/remote_fixture.h"
+
+namespace workbench {
+namespace {
+
+using deployment::TDeployOperation;
+using testing::TRemotePlace;
+using TTexts = std::vector<std::string>;
+
+constexpr TPlanOptions IgnoringCase{.Names = {.IgnoresCase = true}};
+
+TEST(DeployPlan, NamesTheWholePathOnTheTarget) {
+  const TRemotePlace place;
+  const TDeployPlan plan = place.Plan({place.File("a", "demo\\.\\sub\\b.dat", "12345")});
+  ASSERT_EQ(plan.Problems, TTexts());
+  EXPECT_EQ(plan.Files[0].RemoteFile(), place.Target("demo/sub/b.dat").string());
+  EXPECT_EQ(plan.Files[0].Action, TDeployAction::Copied);
+  EXPECT_EQ(plan.Files[0].Bytes, 5U);
+  EXPECT_TRUE(std::filesystem::is_empty(place.Target()));
+}
+
+TEST(DeployPlan, RefusesTwoFilesInOnePlaceWhereTheTargetIgnoresCase) {
+  const TRemotePlace place;
+  const std::vector<TDeployFile> files{place.File("a", "demo\\x.dat"),
+                                       place.File("b", "DEMO\\X.dat")};
+  EXPECT_EQ(place.Plan(files).Problems, TTexts());
+  EXPECT_EQ(
+      place.Plan(files, IgnoringCase).Problems,
+      TTexts{"\"b\": it lands on " + place.Target("DEMO/X.dat").string() + ", and so does \"a\""});
+}
+
+TEST(DeployPlan, RefusesAFileWhereAnotherNeedsADirectory) {
+  const TRemotePlace place;
+  const TDeployPlan plan =
+      place.Plan({place.File("a", "demo\\x"), place.File("b", "demo\\x\\y\\z.dat")});
+  EXPECT_EQ(plan.Problems, TTexts{"\"a\": it lands on " + place.Target("demo/x").string() +
+                                  ", which is a directory for \"b\""});
+}
+
+TEST(DeployPlan, FindsTwoNamesOfOnePlaceThroughALink) {
+  const TRemotePlace place;
+  std::filesystem::create_directories(place.Target("real"));
+  std::filesystem::create_directory_symlink("real", place.Target("link"));
+  const TDeployPlan plan =
+      place.Plan({place.File("a", "real\\x.dat"), place.File("b", "link\\x.dat")});
+  EXPECT_EQ(plan.Problems, TTexts{"\"b\": it lands on " + place.Target("real/x.dat").string() +
+                                  ", and so does \"a\""});
+}
+
+TEST(DeployPlan, RefusesADirectoryThatIsAFile) {
+  const TRemotePlace place;
+  TRemotePlace::Write(place.Target("demo"), "a file");
+  EXPECT_EQ(place.Plan({place.File("a", "demo\\x.dat")}).Problems,
+            TTexts{"\"a\": it cannot go to \"demo\\x.dat\": " + place.Target("demo").string() +
+                   " is a file, not a directory"});
+}
+
+TEST(DeployPlan, RefusesAFileThatIsADirectoryOnTheTarget) {
+  const TRemotePlace place;
+  std::filesystem::create_directories(place.Target("demo/x.dat"));
+  EXPECT_EQ(place.Plan({place.File("a", "demo\\x.dat")}).Problems,
+            TTexts{"\"a\": it lands on " + place.Target("demo/x.dat").string() +
+                   ", which is a directory on the target"});
+}
+
+TEST(DeployPlan, RefusesALinkThatLeadsNowhere) {
+  const TRemotePlace place;
+  std::filesystem::create_symlink("gone", place.Target("link"));
+  const TDeployPlan plan = place.Plan({place.File("a", "link\\x.dat")});
+  ASSERT_EQ(plan.Problems.size(), 1U);
+  EXPECT_NE(plan.Problems[0].find("cannot be followed"), std::string::npos) << plan.Problems[0];
+}
+
+TEST(DeployPlan, RefusesAPathWithoutAName) {
+  const TRemotePlace place;
+  EXPECT_EQ(place.Plan({place.File("a", "demo\\")}).Problems,
+            TTexts{"\"a\": its remote path \"demo\\\" names no file"});
+}
+
+TEST(DeployPlan, FailsTheRowOfWhatIsNoFile) {
+  const TRemotePlace place;
+  TDeployFile file = place.File("a", "x");
+  file.LocalFile = place.Local();
+  const TDeployPlan plan = place.Plan({file}, {.SkipMissing = true});
+  EXPECT_EQ(plan.Problems, TTexts());
+  EXPECT_EQ(plan.Files[0].Action, TDeployAction::Failed);
+  EXPECT_EQ(plan.Files[0].Reason, place.Local().string() + " is a directory, not a file");
+}
+
+TEST(DeployPlan, CopiesAProgramAgainThatMayNotBeRun) {
+  const TRemotePlace place;
+  TDeployFile file = place.File("a", "a");
+  TRemotePlace::Write(place.Target("a"), "content");
+  std::filesystem::last_write_time(place.Target("a"),
+                                   std::filesystem::last_write_time(place.Local("a")));
+  EXPECT_EQ(place.Plan({file}).Files[0].Action, TDeployAction::Unchanged);
+  file.Executable = true;
+  EXPECT_EQ(place.Plan({file}).Files[0].Action, TDeployAction::Copied);
+}
+
+TEST(DeployPlan, RemovesWhatIsThere) {
+  const TRemotePlace place;
+  TDeployFile file{.LocalName = "a", .LocalFile = place.Local("none"), .RemoteName = "a"};
+  file.Operation = TDeployOperation::Remove;
+  EXPECT_EQ(place.Plan({file}).Files[0].Action, TDeployAction::Unchanged);
+  TRemotePlace::Write(place.Target("a"), "x");
+  EXPECT_EQ(place.Plan({file}).Files[0].Action, TDeployAction::Removed);
+}
+
+TEST(DeployPlan, ListsWhatWouldRun) {
+  const TRemotePlace place;
+  TDeployFile file = place.File("a", "a");
+  file.Operation = TDeployOperation::Run;
+  file.LocalCommands = {"one"};
+  file.RemoteCommands = {"two"};
+  EXPECT_EQ(place.Plan({file}).Commands,
+            (TTexts{"on this machine: one", "on the target: " + place.Target("a").string(),
+                    "on the target: two"}));
+}
+
+} // namespace
+} // namespace workbench

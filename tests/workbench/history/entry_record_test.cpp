@@ -1,0 +1,143 @@
+#include "tests/workbench/history/edit_fixture.h"
+#include "workbench/history/record_json.h"
+
+namespace workbench {
+namespace {
+
+using deployment::TDeployOperation;
+using deployment::TInputError;
+using nlohmann::ordered_json;
+using testing::ProjectWith;
+using testing::StoredEntry;
+
+using EntryRecord = testing::TEditTest;
+
+TEntryRecord FullRecord() {
+  TEntryRecord record;
+  record.Names = {"Debug", "Win32", "data\\levels.dat"};
+  record.Class = "File";
+  record.Condition = "'$(X)'=='1'";
+  record.Required = true;
+  TFilePlatformRecord first;
+  first.Platform = "Win32";
+  first.RemoteDir = "data\\";
+  first.Operation = TDeployOperation::Unpack;
+  first.LocalCommands = {"a", "", "b \"quoted\"\n\x01"};
+  first.RemoteCommands = {"c"};
+  first.RemoteName = std::string(300, 'n');
+  first.Enabled = false;
+  first.Overwrite = false;
+  TFilePlatformRecord second;
+  second.Platform = "Android";
+  record.Platforms = {first, second};
+  return record;
+}
+
+TClassRecord FullClass() {
+  TClassRecord record;
+  record.Id = "Library";
+  record.Description = "Libraries of others";
+  record.Condition = "true";
+  record.Required = true;
+  TClassPlatformRecord platform;
+  platform.Platform = "OSX32";
+  platform.RemoteDir = "Contents\\MacOS\\";
+  platform.Operation = TDeployOperation::CopyExecutable;
+  platform.LocalCommands = {"l"};
+  platform.RemoteCommands = {"r"};
+  platform.Extensions = ".dylib;.so";
+  record.Platforms = {platform};
+  return record;
+}
+
+template <class TRecord>
+std::string JsonOf(const TRecord& record) {
+  std::string json;
+  AppendJson(json, record);
+  return json;
+}
+
+TEST_F(EntryRecord, TakesAllThatAnEntryStores) {
+  EditText(ProjectWith(StoredEntry));
+  const TEntryRecord record = RecordOf(*Deployment().GetFiles().at(0));
+  EXPECT_EQ(record.Names, (TEntryKey{"Debug", "Win32", "data\\levels.dat"}));
+  EXPECT_EQ(record.Class, "File");
+  ASSERT_EQ(record.Platforms.size(), 1U);
+  EXPECT_EQ(record.Platforms[0].RemoteDir, "data\\");
+  EXPECT_EQ(record.Platforms[0].RemoteName, "levels.dat");
+  EXPECT_TRUE(record.Platforms[0].Enabled);
+}
+
+TEST_F(EntryRecord, MakesAnEntryEqualWhateverItWas) {
+  EditText(ProjectWith(StoredEntry));
+  const auto file = Deployment().GetFiles().at(0);
+  const TEntryRecord before = RecordOf(*file);
+  file->SetEnabled("iOSSimulator", false);
+  Apply(FullRecord(), *file);
+  EXPECT_EQ(RecordOf(*file), FullRecord());
+  Apply(before, *file);
+  EXPECT_EQ(RecordOf(*file), before);
+}
+
+TEST_F(EntryRecord, KeepsTheOrderOfPlatforms) {
+  EditText(ProjectWith(StoredEntry));
+  const auto file = Deployment().GetFiles().at(0);
+  TEntryRecord swapped = FullRecord();
+  std::swap(swapped.Platforms[0], swapped.Platforms[1]);
+  Apply(FullRecord(), *file);
+  Apply(swapped, *file);
+  EXPECT_EQ(RecordOf(*file), swapped);
+}
+
+TEST_F(EntryRecord, MakesAClassEqualWhateverItWas) {
+  EditText(ProjectWith(StoredEntry));
+  const auto deploymentClass = Deployment().CreateClass();
+  deploymentClass->SetExtensions("Win32", ".dll");
+  Apply(FullClass(), *deploymentClass);
+  EXPECT_EQ(RecordOf(*deploymentClass), FullClass());
+}
+
+TEST_F(EntryRecord, ComesBackFromItsPackedForm) {
+  EXPECT_EQ(Unpack(Pack(FullRecord())), FullRecord());
+  EXPECT_EQ(Unpack(Pack(TEntryRecord())), TEntryRecord());
+  EXPECT_LT(Pack(RecordOf(*[this] {
+              EditText(ProjectWith(StoredEntry));
+              return Deployment().GetFiles().at(0);
+            }()))
+                .size(),
+            80U);
+}
+
+TEST_F(EntryRecord, ComesBackFromItsJson) {
+  EXPECT_EQ(EntryRecordFromJson(ordered_json::parse(JsonOf(FullRecord()))), FullRecord());
+  EXPECT_EQ(EntryRecordFromJson(ordered_json::parse(JsonOf(TEntryRecord()))), TEntryRecord());
+  EXPECT_EQ(ClassRecordFromJson(ordered_json::parse(JsonOf(FullClass()))), FullClass());
+}
+
+TEST_F(EntryRecord, KeepsBytesThatAreNoText) {
+  TEntryRecord record = FullRecord();
+  record.Names.LocalName = std::string("caf\xe9\\\xff.dat") + '\0' + "x";
+  EXPECT_EQ(EntryRecordFromJson(ordered_json::parse(JsonOf(record))), record);
+}
+
+TEST_F(EntryRecord, LeavesDefaultsOutOfItsJson) {
+  TEntryRecord record;
+  record.Names = {"Debug", "Win32", "a"};
+  record.Class = "File";
+  record.Platforms.resize(1);
+  record.Platforms[0].Platform = "Win32";
+  EXPECT_EQ(JsonOf(record),
+            R"({"localName":"a","configuration":"Debug","platform":"Win32","class":"File",)"
+            R"("platforms":[{"name":"Win32"}]})");
+}
+
+TEST_F(EntryRecord, RefusesJsonThatIsNoRecord) {
+  EXPECT_THROW(EntryRecordFromJson(ordered_json::parse("{}")), nlohmann::json::exception);
+  EXPECT_THROW(EntryRecordFromJson(ordered_json::parse("[1]")), nlohmann::json::exception);
+  ordered_json bad = ordered_json::parse(JsonOf(FullRecord()));
+  bad["platforms"][0]["operation"] = 9;
+  EXPECT_THROW(EntryRecordFromJson(bad), TInputError);
+}
+
+} // namespace
+} // namespace workbench

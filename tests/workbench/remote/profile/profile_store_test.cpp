@@ -1,0 +1,85 @@
+#include "package/common/errors.h"
+#include "tests/workbench/remote/target/remote_fixture.h"
+#include "workbench/remote/profile/profile_store.h"
+
+#include <sys/stat.h>
+
+namespace workbench {
+namespace {
+
+using testing::TRemotePlace;
+
+std::string AddError(TProfileStore& store, const TProfile& profile) {
+  try {
+    store.Add(profile);
+  } catch (const std::invalid_argument& error) {
+    return error.what();
+  }
+  return "no error";
+}
+
+TEST(ProfileStore, KeepsProfilesInOrderForTheUserAlone) {
+  const TRemotePlace place;
+  const auto file = place.Local("config/profiles.json");
+  TProfileStore store(file);
+  EXPECT_TRUE(store.List().empty());
+  store.Add({.Name = "b", .Platform = "Win32", .Path = "/x", .IsDefault = true});
+  store.Add({.Name = "a", .Platform = "Win64", .Path = "/y", .AllowOutside = true});
+  TProfileStore other(file);
+  EXPECT_EQ(other.List(), store.List());
+  EXPECT_EQ(other.List()[0].Name, "b");
+  EXPECT_EQ(other.FindDefault("Win32")->Name, "b");
+  EXPECT_EQ(other.FindDefault("Win64"), nullptr);
+  EXPECT_TRUE(other.Find("a")->AllowOutside);
+  struct stat status = {};
+  ASSERT_EQ(::stat(file.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777U, 0600U);
+}
+
+TEST(ProfileStore, DoesNotLoseWhatAnotherRunAdds) {
+  const TRemotePlace place;
+  TProfileStore one(place.Local("profiles.json"));
+  TProfileStore two(place.Local("profiles.json"));
+  EXPECT_TRUE(one.List().empty());
+  EXPECT_TRUE(two.List().empty());
+  one.Add({.Name = "a", .Platform = "Win32", .Path = "/x"});
+  two.Add({.Name = "b", .Platform = "Win32", .Path = "/x"});
+  EXPECT_EQ(two.List().size(), 2U);
+  EXPECT_TRUE(two.Remove("a"));
+  EXPECT_FALSE(two.Remove("a"));
+}
+
+TEST(ProfileStore, RefusesWhatCannotBe) {
+  const TRemotePlace place;
+  TProfileStore store(place.Local("profiles.json"));
+  EXPECT_EQ(AddError(store, {.Platform = "Win32", .Path = "/x"}),
+            "the name of the profile is empty");
+  EXPECT_EQ(AddError(store, {.Name = "-x", .Platform = "Win32", .Path = "/x"}),
+            "\"-x\" cannot be the name of a profile");
+  EXPECT_EQ(AddError(store, {.Name = "x", .Path = "/x"}), "the profile \"x\" names no platform");
+  EXPECT_EQ(AddError(store, {.Name = "x", .Platform = "Win32", .Path = "x"}),
+            "the path of the profile \"x\" is not a full path: x");
+  EXPECT_EQ(AddError(store, {.Name = "x", .Platform = "Win32", .Path = "/a/.."}),
+            "the path of the profile \"x\" is the root of the file system");
+}
+
+TEST(ProfileStore, NamesADamagedFile) {
+  const TRemotePlace place;
+  for (const std::string text :
+       {"", "[]", "{\"profiles\":[{}]}",
+        "{\"profiles\":[{\"name\":\"a\",\"platform\":\"P\",\"kind\":\"moon\",\"path\":\"/x\"}]}"}) {
+    TRemotePlace::Write(place.Local("profiles.json"), text);
+    TProfileStore store(place.Local("profiles.json"));
+    try {
+      static_cast<void>(store.List());
+      ADD_FAILURE() << text;
+    } catch (const deployment::TInputError& error) {
+      EXPECT_TRUE(std::string(error.what()).starts_with("the profiles file is damaged: "));
+      EXPECT_EQ(error.Place().File, place.Local("profiles.json").string());
+    }
+    EXPECT_EQ(TRemotePlace::Read(place.Local("profiles.json")), text);
+  }
+}
+
+} // namespace
+} // namespace workbench

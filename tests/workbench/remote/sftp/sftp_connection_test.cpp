@@ -1,0 +1,235 @@
+#include "tests/workbench/remote/sftp/sftp_fixture.h"
+
+#include <fcntl.h>
+#include <fstream>
+#include <sys/stat.h>
+
+namespace workbench {
+namespace {
+
+using testing::Program;
+using testing::SftpServer;
+
+using SftpConnection = testing::SftpTest;
+
+std::vector<std::string> List(std::initializer_list<const char*> texts) {
+  return {texts.begin(), texts.end()};
+}
+
+TEST_F(SftpConnection, ResolvesDirectoriesThatAreThereAndThoseThatAreNot) {
+  std::filesystem::create_directories(Place.Target("there/deep"));
+  const auto found = Connect()->Resolve(List({"", "there/deep", "there/new/deeper", "there"}));
+  EXPECT_EQ(found[0].Path, Place.Target());
+  EXPECT_TRUE(found[0].Exists);
+  EXPECT_EQ(found[1].Path, Place.Target("there/deep"));
+  EXPECT_TRUE(found[1].Exists && found[1].IsInside);
+  EXPECT_EQ(found[2].Path, Place.Target("there/new/deeper"));
+  EXPECT_FALSE(found[2].Exists);
+  EXPECT_TRUE(found[2].IsInside);
+  EXPECT_EQ(found[2].Problem, "");
+}
+
+TEST_F(SftpConnection, SeesThatALinkLeadsOutOfTheRoot) {
+  std::filesystem::create_directory_symlink(Place.Local(), Place.Target("out"));
+  std::filesystem::create_directory_symlink(Place.Target(), Place.Target("in"));
+  const auto found = Connect()->Resolve(List({"out/x", "in/x"}));
+  EXPECT_EQ(found[0].Path, Place.Local("x"));
+  EXPECT_FALSE(found[0].IsInside);
+  EXPECT_EQ(found[1].Path, Place.Target("x"));
+  EXPECT_TRUE(found[1].IsInside);
+}
+
+TEST_F(SftpConnection, NamesWhatStandsInTheWayOfADirectory) {
+  Place.Write(Place.Target("file"), "x");
+  std::filesystem::create_symlink("nowhere", Place.Target("dangling"));
+  const auto found = Connect()->Resolve(List({"file/x", "dangling/x"}));
+  EXPECT_EQ(found[0].Problem, Place.Target("file").string() + " is a file, not a directory");
+  EXPECT_EQ(found[1].Problem,
+            Place.Target("dangling").string() + " is a link that cannot be followed");
+}
+
+TEST_F(SftpConnection, BeginsAtHomeWithATilde) {
+  TSftpMachine machine = Machine();
+  machine.Root = "~/program";
+  machine.Sftp.Directory = Place.Target(); // where the server begins
+  TSftpConnection connection(machine, Parts);
+  const std::string nothing;
+  EXPECT_EQ(connection.Resolve({&nothing, 1}).front().Path, Place.Target("program"));
+  EXPECT_EQ(connection.Resolve(List({"~/x"})).front().Path, Place.Target("x"));
+  EXPECT_FALSE(connection.Resolve(List({"~/x"})).front().IsInside);
+}
+
+TEST_F(SftpConnection, RefusesARootThatIsAFile) {
+  Place.Write(Place.Target("file"), "x");
+  TSftpMachine machine = Machine();
+  machine.Root = Place.Target("file").string();
+  try {
+    const TSftpConnection connection(machine, Parts);
+    FAIL();
+  } catch (const TConnectionError& error) {
+    EXPECT_EQ(std::string(error.what()), machine.Root + " is a file, not a directory");
+  }
+}
+
+TEST_F(SftpConnection, ExaminesFilesWithoutFollowingLinks) {
+  Place.Write(Place.Target("a"), "four");
+  ::chmod(Place.Target("a").c_str(), 0755);
+  const timespec times[2] = {{5, 0}, {1700000000, 500000000}};
+  ::utimensat(AT_FDCWD, Place.Target("a").c_str(), times, 0);
+  std::filesystem::create_symlink("a", Place.Target("link"));
+  std::filesystem::create_directory(Place.Target("directory"));
+  const std::string root = Place.Target().string();
+  const std::vector<TRemoteName> names{
+      {root, "a"}, {root, "link"}, {root, "directory"}, {root, "none"}, {root + "/none", "none"}};
+  const auto answers = Connect()->Examine(names);
+  EXPECT_EQ(answers[0].Kind, TRemoteKind::File);
+  EXPECT_EQ(answers[0].Size, 4U);
+  EXPECT_TRUE(answers[0].IsExecutable);
+  EXPECT_EQ(answers[0].Modified.time_since_epoch(), std::chrono::seconds(1700000000));
+  EXPECT_EQ(answers[1].Kind, TRemoteKind::Other);
+  EXPECT_EQ(answers[2].Kind, TRemoteKind::Directory);
+  EXPECT_EQ(answers[3].Kind, TRemoteKind::None);
+  EXPECT_EQ(answers[4].Kind, TRemoteKind::None);
+  EXPECT_EQ(answers[4].Problem, "");
+}
+
+TEST_F(SftpConnection, AnswersTenThousandQuestionsInTheirOrder) {
+  for (int i = 0; i < 10000; i += 100)
+    Place.Write(Place.Target(std::to_string(i)), std::string(static_cast<std::size_t>(i), 'x'));
+  std::vector<TRemoteName> names;
+  for (int i = 0; i < 10000; ++i)
+    names.push_back({Place.Target().string(), std::to_string(i)});
+  const auto answers = Connect()->Examine(names);
+  for (std::size_t i = 0; i < answers.size(); ++i) {
+    EXPECT_EQ(answers[i].Kind, i % 100 == 0 ? TRemoteKind::File : TRemoteKind::None) << i;
+    EXPECT_EQ(answers[i].Size, i % 100 == 0 ? i : 0U);
+  }
+}
+
+TEST_F(SftpConnection, MakesDirectoriesWithThoseAboveThem) {
+  std::filesystem::create_directory(Place.Target("there"));
+  Place.Write(Place.Target("file"), "x");
+  const std::string root = Place.Target().string();
+  const std::vector<std::string> wanted{root + "/a/b/c", root + "/there/x", root + "/a/b",
+                                        root + "/file/y"};
+  const auto connection = Connect();
+  const auto problems = connection->MakeDirectories(wanted);
+  EXPECT_EQ(problems[0], "");
+  EXPECT_EQ(problems[1], "");
+  EXPECT_EQ(problems[2], "");
+  EXPECT_EQ(problems[3], root + "/file is there and is no directory");
+  EXPECT_TRUE(std::filesystem::is_directory(root + "/a/b/c"));
+  EXPECT_TRUE(std::filesystem::is_directory(root + "/there/x"));
+}
+
+TEST_F(SftpConnection, SetsTimesAndRemovesFiles) {
+  Place.Write(Place.Target("a"), "x");
+  const auto connection = Connect();
+  const TRemoteName name{Place.Target().string(), "a"};
+  const deployment::TFileTime time(std::chrono::seconds(1600000000));
+  EXPECT_EQ(connection->SetTime(name, time), "");
+  EXPECT_EQ(connection->Examine({&name, 1}).front().Modified, time);
+  EXPECT_EQ(connection->Remove(name), "");
+  EXPECT_FALSE(std::filesystem::exists(Place.Target("a")));
+  EXPECT_EQ(connection->Remove(name), "");
+  EXPECT_EQ(connection->SetTime(name, time), "setting the time stamp: no such file or directory");
+}
+
+TEST_F(SftpConnection, ComparesContentByChecksumAndWithoutAShellByReading) {
+  std::vector<TSendRequest> requests;
+  const auto add = [&](const std::string& name, const std::string& local,
+                       const std::string& remote) {
+    Place.Write(Place.Local(name), local);
+    Place.Write(Place.Target(name), remote);
+    requests.push_back({Place.Local(name), {Place.Target().string(), name}});
+  };
+  add("same", std::string(300000, 'x'), std::string(300000, 'x'));
+  add("other", std::string(300000, 'x'), std::string(299999, 'x') + "y");
+  add("empty", "", "");
+  add("odd\nname \\ 'it'", "z", "z");
+  requests.push_back({Place.Local("same"), {Place.Target().string(), "missing"}});
+  requests.push_back({Place.Local("missing"), {Place.Target().string(), "same"}});
+  const std::vector<bool> expected{true, false, true, true, false, false};
+  EXPECT_EQ(Connect()->HaveSameContent(requests), expected);
+  TSftpMachine machine = Machine();
+  machine.Exec = nullptr;
+  EXPECT_EQ(TSftpConnection(machine, Parts).HaveSameContent(requests), expected);
+}
+
+TEST_F(SftpConnection, RunsCommandsInTheirDirectory) {
+  std::vector<std::string> lines;
+  const std::atomic<int> cancelled = 0;
+  const std::string directory = Place.Target("it's here").string();
+  std::filesystem::create_directory(directory);
+  const auto connection = Connect();
+  EXPECT_EQ(connection->RunCommand(
+                "pwd; echo two >&2; exit 3", directory,
+                [&](std::string_view line) { lines.emplace_back(line); }, cancelled),
+            "ended with status 3");
+  EXPECT_EQ(lines, (std::vector<std::string>{directory, "two"}));
+}
+
+std::string MessageOf(const TProcessStart& start) {
+  try {
+    const std::chrono::milliseconds patience(300);
+    const TSftpChannel channel(start, {patience, patience});
+  } catch (const TConnectionError& error) {
+    return error.what();
+  }
+  return "no error";
+}
+
+TEST(SftpChannel, SaysWhatTheProgramSaidWhenItEnds) {
+  EXPECT_EQ(MessageOf(Program({"/bin/sh", "-c", "echo Permission denied >&2; exit 255"})),
+            "Permission denied");
+  EXPECT_EQ(MessageOf(Program({"/bin/sh", "-c", "exit 1"})),
+            "the machine ended the conversation before it began");
+}
+
+TEST(SftpChannel, MakesWhatAMachineSaysVisible) {
+  EXPECT_EQ(MessageOf(Program({"/bin/sh", "-c", R"(printf 'a\033[31mb\377\n' >&2)"})),
+            "a\\x1B[31mb\\xFF");
+}
+
+TEST(SftpChannel, RefusesWhatIsNoPacketOfTheProtocol) {
+  const std::string text = "the machine does not speak the file transfer protocol; perhaps its "
+                           "start-up files print text";
+  EXPECT_EQ(MessageOf(Program({"/bin/sh", "-c", "echo Welcome to the machine; sleep 1"})), text);
+  EXPECT_EQ(MessageOf(Program({"/bin/sh", "-c", R"(printf '\0\0\0\0'; sleep 1)"})), text);
+  EXPECT_EQ(MessageOf(Program({"/bin/sh", "-c", R"(printf '\377\377\377\377'; sleep 1)"})), text);
+}
+
+TEST(SftpChannel, RefusesAnOlderProtocolAndAGreetingThatEndsEarly) {
+  EXPECT_EQ(MessageOf(Program({"/bin/sh", "-c", R"(printf '\0\0\0\005\002\0\0\0\002'; sleep 1)"})),
+            "the machine does not speak version 3 of the file transfer protocol");
+  EXPECT_EQ(MessageOf(Program(
+                {"/bin/sh", "-c", R"(printf '\0\0\0\011\002\0\0\0\003\0\0\0\377'; sleep 1)"})),
+            "the machine's greeting makes no sense: a packet ends early");
+}
+
+TEST(SftpChannel, GivesUpOnAMachineThatSaysNothing) {
+  EXPECT_EQ(MessageOf(Program({"/bin/sh", "-c", "sleep 60"})),
+            "the machine has not answered for 0 seconds");
+}
+
+TEST(SftpChannel, RefusesAnAnswerToNoQuestion) {
+  EXPECT_EQ(
+      MessageOf(Program({"/bin/sh", "-c",
+                         R"(printf '\0\0\0\005\002\0\0\0\003'; sleep 0.2;)"
+                         R"(printf '\0\0\0\021\145\0\0\0\011\0\0\0\0\0\0\0\0\0\0\0\0'; sleep 1)"})),
+      "the machine answers what it was not asked");
+}
+
+TEST(SftpChannel, EndsAnAttemptThatIsCancelled) {
+  const std::atomic<int> cancelled = 2;
+  try {
+    const TSftpChannel channel(Program({"/bin/sh", "-c", "sleep 60"}),
+                               {std::chrono::seconds(60), std::chrono::seconds(60)}, &cancelled);
+    FAIL();
+  } catch (const TConnectionError& error) {
+    EXPECT_STREQ(error.what(), "the run was interrupted");
+  }
+}
+
+} // namespace
+} // namespace workbench

@@ -1,0 +1,72 @@
+// A directory to deploy from and one to deploy to.
+#pragma once
+
+#include "workbench/deploy/deploy_executor.h"
+#include "workbench/remote/folder/folder_connection.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace workbench::testing {
+
+class TRemotePlace {
+public:
+  TRemotePlace() {
+    std::string name = (std::filesystem::temp_directory_path() / "remote-XXXXXX").string();
+    if (!::mkdtemp(name.data()))
+      throw std::runtime_error("no temporary directory");
+    FDirectory = std::filesystem::canonical(name);
+    std::filesystem::create_directories(FDirectory / "local");
+    std::filesystem::create_directories(FDirectory / "target");
+  }
+  ~TRemotePlace() {
+    std::error_code ignored;
+    std::filesystem::remove_all(FDirectory, ignored);
+  }
+  TRemotePlace(const TRemotePlace&) = delete;
+  TRemotePlace& operator=(const TRemotePlace&) = delete;
+
+  std::filesystem::path Target(const std::string& name = {}) const {
+    return name.empty() ? FDirectory / "target" : FDirectory / "target" / name;
+  }
+  std::filesystem::path Local(const std::string& name = {}) const {
+    return name.empty() ? FDirectory / "local" : FDirectory / "local" / name;
+  }
+  static void Write(const std::filesystem::path& file, const std::string& content) {
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << content;
+  }
+  static std::string Read(const std::filesystem::path& file) {
+    std::ostringstream text;
+    text << std::ifstream(file, std::ios::binary).rdbuf();
+    return text.str();
+  }
+  /// A local file with this content, to be deployed under a remote name.
+  TDeployFile File(const std::string& name, const std::string& remoteName,
+                   const std::string& content = "content") const {
+    Write(Local(name), content);
+    return {.LocalName = name, .LocalFile = Local(name), .RemoteName = remoteName};
+  }
+
+  TDeployPlan Plan(std::vector<TDeployFile> files, const TPlanOptions& options = {}) const {
+    TFolderConnection connection(Target());
+    return MakeDeployPlan(std::move(files), options,
+                          [&]() -> IRemoteConnection& { return connection; });
+  }
+  void Execute(const TDeployPlan& plan, TDeployRun& run) const {
+    TFolderConnection connection(Target());
+    const TConnect connect = [this] { return std::make_unique<TFolderConnection>(Target()); };
+    run.Report.Rows = RowsOf(plan);
+    ExecuteDeployPlan(plan, connection, connect, Local(), run);
+  }
+
+private:
+  std::filesystem::path FDirectory;
+};
+
+} // namespace workbench::testing

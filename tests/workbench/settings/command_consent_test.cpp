@@ -1,0 +1,42 @@
+#include "tests/workbench/files/save_fixture.h"
+#include "workbench/settings/command_consent.h"
+
+namespace workbench {
+namespace {
+
+class TCommandConsentTest : public testing::TSaveTest {
+protected:
+  std::filesystem::path SettingsFile() const { return FRoot / "settings.json"; }
+};
+
+TEST_F(TCommandConsentTest, HoldsForExactlyTheSameCommandsOfTheSameProject) {
+  TSettings settings(SettingsFile());
+  const std::vector<std::string> commands{"make all", "strip \"x\""};
+  EXPECT_FALSE(IsAllowed(settings, FFile, commands));
+  Allow(settings, FFile, commands);
+  EXPECT_TRUE(IsAllowed(TSettings(SettingsFile()), FFile, commands));
+  EXPECT_TRUE(IsAllowed(settings, FDirectory / ".." / "project" / FFile.filename(), commands));
+  EXPECT_FALSE(IsAllowed(settings, FFile, {"strip \"x\"", "make all"}));
+  EXPECT_FALSE(IsAllowed(settings, FFile, {"make all"}));
+  EXPECT_FALSE(IsAllowed(settings, FDirectory / "other.vproj", commands));
+}
+
+TEST_F(TCommandConsentTest, IsListedWithItsProject) {
+  TSettings settings(SettingsFile());
+  settings.Set("product-name", "x");
+  Allow(settings, FFile, {"make all", "strip"});
+  settings.Set("allowed-commands./damaged", "{");
+  settings.Set("allowed-commands./strange", "[1]");
+  const auto consents = ListConsents(settings);
+  ASSERT_EQ(consents.size(), 3U);
+  EXPECT_EQ(consents[0].Project, "/damaged");
+  EXPECT_TRUE(consents[0].Commands.empty());
+  EXPECT_TRUE(consents[1].Commands.empty());
+  EXPECT_EQ(consents[2].Project, std::filesystem::weakly_canonical(FFile).string());
+  EXPECT_EQ(consents[2].Commands, (std::vector<std::string>{"make all", "strip"}));
+  EXPECT_TRUE(settings.Unset(consents[2].Key));
+  EXPECT_FALSE(IsAllowed(settings, FFile, {"make all", "strip"}));
+}
+
+} // namespace
+} // namespace workbench

@@ -1,0 +1,156 @@
+// deploymgr list and deploymgr status: the rows of the Deployment Manager.
+#include "package/host/api/platforms.h"
+#include "workbench/cli/commands/commands.h"
+#include "workbench/cli/context/command.h"
+#include "workbench/cli/context/target.h"
+#include "workbench/cli/view/deployment_view.h"
+#include "workbench/services/remote_profile_services.h"
+#include "workbench/text/utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace workbench {
+namespace {
+
+// Titles of the texts of a row, in their order.
+constexpr std::array<const char*, 10> Titles{
+    "Local Path",  "Local Name",  "Type",          "Configuration", "Platforms",
+    "Remote Path", "Remote Name", "Remote Status", "Local Status",  "Overwrite"};
+
+using TWidths = std::array<std::size_t, Titles.size()>;
+
+class TListCommand final : public ICommand {
+public:
+  TListCommand(std::string name, std::string summary, bool connects)
+      : FName(std::move(name)), FSummary(std::move(summary)), FConnects(connects) {}
+
+  std::string Name() const override { return FName; }
+  std::string Summary() const override { return FSummary; }
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Text("--sort", FSort, "Sort by this text of the rows; \":desc\" turns the order")
+        .ValueName("KEY[:desc]");
+    if (!FConnects)
+      options.Flag("--connect", FConnect, "Show the state of the files on the target");
+    options.Footer("The target is reconciled in memory first; nothing is saved.");
+  }
+
+  int Run(TCommandContext& context) override {
+    TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
+    const TTarget target = ChooseTarget(context, project);
+    const bool connect = FConnects || FConnect;
+    if (connect && target.AllPlatforms)
+      throw TUsageError("one platform is wanted to connect to");
+    if (connect)
+      context.Session.RemoteProfiles().PrepareConnection(project.Project(), target.Platform);
+    const std::size_t told = project.Warnings().size();
+    TDeploymentView view(context);
+    view.Open(project, target);
+    if (connect)
+      view.Connect();
+    Sort(view);
+    WarnSince(context, project, told);
+    if (context.Output.IsJson())
+      PrintJson(context, project, target, connect, view.Rows());
+    else
+      PrintText(context, view.Rows());
+    return exit_status::Done;
+  }
+
+private:
+  void Sort(TDeploymentView& view) const {
+    if (FSort.empty())
+      return;
+    constexpr std::string_view Down = ":desc";
+    constexpr std::string_view Up = ":asc";
+    std::string_view key = FSort;
+    const bool descending = key.ends_with(Down);
+    if (descending)
+      key.remove_suffix(Down.size());
+    else if (key.ends_with(Up))
+      key.remove_suffix(Up.size());
+    view.Sort(key, descending);
+  }
+
+  static void PrintJson(TCommandContext& context, const TOpenProject& project,
+                        const TTarget& target, bool connected, const std::vector<TViewRow>& rows) {
+    TJson list = TJson::array();
+    const std::vector<std::string>& keys = TDeploymentView::RowKeys();
+    for (const TViewRow& row : rows) {
+      TJson entry = TJson::object();
+      for (std::size_t i = 0; i < keys.size(); ++i)
+        entry[keys[i]] = row.Texts[i];
+      entry["checked"] = row.Checked;
+      entry["dimmed"] = row.Dimmed;
+      list.push_back(std::move(entry));
+    }
+    context.Output.Document(
+        {{"project", project.GivenFileName().string()},
+         {"platform",
+          target.AllPlatforms ? std::string(deployment::sAllPlatforms) : target.Platform},
+         {"configuration", target.Configuration},
+         {"connected", connected},
+         {"rows", list}});
+  }
+
+  // The titles are for people; scripts get one line for each file and nothing else.
+  static void PrintText(TCommandContext& context, const std::vector<TViewRow>& rows) {
+    TOutput& output = context.Output;
+    std::vector<std::string> titles(Titles.begin(), Titles.end());
+    TWidths widths{};
+    if (output.IsTerminal())
+      Widen(widths, titles);
+    std::vector<std::vector<std::string>> lines;
+    lines.reserve(rows.size());
+    for (const TViewRow& row : rows) {
+      std::vector<std::string>& cells = lines.emplace_back();
+      std::ranges::transform(row.Texts, std::back_inserter(cells),
+                             [](const std::string& text) { return Visible(text); });
+      Widen(widths, cells);
+    }
+    if (output.IsTerminal())
+      output.Line(output.Bold("    " + Padded(titles, widths)));
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      const std::string line = (rows[i].Checked ? "[x] " : "[ ] ") + Padded(lines[i], widths);
+      output.Line(rows[i].Dimmed ? output.Dim(line) : line);
+    }
+  }
+
+  static void Widen(TWidths& widths, const std::vector<std::string>& cells) {
+    for (std::size_t i = 0; i < widths.size(); ++i)
+      widths[i] = std::max(widths[i], CodePointCount(cells[i]));
+  }
+
+  static std::string Padded(const std::vector<std::string>& cells, const TWidths& widths) {
+    std::string line;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      line.append(cells[i]);
+      if (i + 1 < cells.size())
+        line.append(widths[i] - CodePointCount(cells[i]) + 2, ' ');
+    }
+    return line;
+  }
+
+  const std::string FName;
+  const std::string FSummary;
+  const bool FConnects;
+  std::string FProject;
+  std::string FSort;
+  bool FConnect = false;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakeListCommand() {
+  return std::make_unique<TListCommand>("list", "Show the files of a target as rows",
+                                        /*connects=*/false);
+}
+
+std::unique_ptr<ICommand> MakeStatusCommand() {
+  return std::make_unique<TListCommand>("status", "Show the files of a target here and there",
+                                        /*connects=*/true);
+}
+
+} // namespace workbench

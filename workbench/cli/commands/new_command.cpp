@@ -1,0 +1,112 @@
+// deploymgr new: writes a project.
+#include "package/common/delimited_list.h"
+#include "workbench/cli/commands/commands.h"
+#include "workbench/cli/context/command.h"
+#include "workbench/cli/context/target.h"
+#include "workbench/cli/context/text_check.h"
+#include "workbench/cli/entries/project_text.h"
+#include "workbench/files/save_error.h"
+
+#include <algorithm>
+
+namespace workbench {
+namespace {
+
+std::vector<std::string> NamesIn(const std::string& option, const std::string& list) {
+  std::vector<std::string> names;
+  for (const std::string_view item : deployment::SplitDelimited(list, ',')) {
+    const std::string name(item);
+    if (name.empty())
+      throw TUsageError(option + " holds an empty name");
+    if (std::find(names.begin(), names.end(), name) != names.end())
+      throw TUsageError(std::string(option).append(" names \"").append(name).append("\" twice"));
+    names.push_back(name);
+  }
+  if (names.empty())
+    throw TUsageError(option + " holds no name");
+  return names;
+}
+
+class TNewCommand final : public ICommand {
+public:
+  std::string Name() const override { return "new"; }
+  std::string Summary() const override { return "Write a new project"; }
+
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Text("--type", FValues.ApplicationType, "Kind of program").ShowDefault();
+    options.Text("--personality", FValues.Personality, "Language personality").ShowDefault();
+    options.Text("--framework", FValues.Framework, "Framework of the user interface").ShowDefault();
+    options.Text("--platforms", FPlatforms, "Target platforms, with commas").ShowDefault();
+    options.Text("--configs", FConfigurations, "Configurations besides Base, with commas")
+        .ShowDefault();
+    options.Flag("--dry-run", FDryRun, "Say what would be written; write nothing");
+    options.Flag("--yes", FYes, "Answer every question with yes (a new project asks none)");
+  }
+
+  int Run(TCommandContext& context) override {
+    if (FProject.empty())
+      throw TUsageError("the name of the project file is empty");
+    CheckStorable("the project file", FProject);
+    // Stored paths take it for a delimiter; such a project could not be opened.
+    if (FProject.find('\\') != std::string::npos)
+      throw TUsageError("the project file \"" + FProject + "\" holds a \"\\\"");
+    std::filesystem::path file = FProject;
+    if (!file.has_extension())
+      file += ".vproj";
+    ReadNames(context);
+    if (FDryRun && std::filesystem::exists(file))
+      throw TSaveError("\"" + file.string() + "\" exists already; nothing would be written", file);
+    if (!FDryRun)
+      context.Session.Create(file, ProjectText(FValues));
+    if (context.Output.IsJson())
+      context.Output.Document({{"project", file.string()},
+                               {"changed", true},
+                               {"dryRun", FDryRun},
+                               {"files", TJson::array()}});
+    context.Output.Line((FDryRun ? "would write " : "wrote ") + Visible(file.string()));
+    return exit_status::Done;
+  }
+
+private:
+  // The common options choose what is active in the new project.
+  void ReadNames(TCommandContext& context) {
+    FValues.Platforms = NamesIn("--platforms", FPlatforms);
+    for (const std::string& platform : FValues.Platforms)
+      CheckPlatform(context, nullptr, platform);
+    FValues.Configurations = NamesIn("--configs", FConfigurations);
+    std::erase(FValues.Configurations, std::string(deployment::BaseConfiguration));
+    for (const std::string& configuration : FValues.Configurations)
+      CheckName("configuration", configuration);
+    CheckName("application type", FValues.ApplicationType);
+    CheckName("personality", FValues.Personality);
+    CheckName("framework", FValues.Framework);
+    FValues.ActivePlatform = Chosen("--platform", context.Options.Platform, FValues.Platforms);
+    FValues.ActiveConfiguration =
+        Chosen("--config", context.Options.Configuration, FValues.Configurations);
+  }
+
+  static std::string Chosen(const std::string& option, const std::string& name,
+                            const std::vector<std::string>& names) {
+    if (name.empty())
+      return names.empty() ? std::string(deployment::BaseConfiguration) : names.front();
+    if (std::find(names.begin(), names.end(), name) == names.end())
+      throw TUsageError(option + " \"" + name + "\" is not among those of the new project");
+    return name;
+  }
+
+  std::string FProject;
+  std::string FPlatforms = "Win32";
+  std::string FConfigurations = "Debug,Release";
+  TProjectValues FValues;
+  bool FDryRun = false;
+  bool FYes = false;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakeNewCommand() {
+  return std::make_unique<TNewCommand>();
+}
+
+} // namespace workbench

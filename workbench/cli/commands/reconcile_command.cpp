@@ -1,0 +1,167 @@
+// deploymgr reconcile: brings the default entries in line with the project's settings.
+#include "workbench/cli/commands/commands.h"
+#include "workbench/cli/context/asking_forms.h"
+#include "workbench/cli/context/command.h"
+#include "workbench/cli/context/target.h"
+#include "workbench/cli/entries/list_changes.h"
+#include "workbench/project/project_settings.h"
+
+#include <algorithm>
+#include <map>
+
+namespace workbench {
+namespace {
+
+using deployment::TReconcileResult;
+
+struct TReconciledTarget {
+  std::string Platform;
+  std::string Configuration;
+  TReconcileResult Result = TReconcileResult::Reconciled;
+  bool IsBuilt = true; // false: a build makes nothing for the target, which the reconcile warns of
+  TTargetChanges Changes = {};
+};
+
+// A target without debug symbols takes those of every target out of the list. So the targets that
+// have some come last, which leaves nothing out that one of them wants.
+std::vector<TReconciledTarget*> InOrderOfRun(const TOpenProject& project,
+                                             std::vector<TReconciledTarget>& targets) {
+  std::vector<TReconciledTarget*> order;
+  order.reserve(targets.size());
+  for (TReconciledTarget& target : targets)
+    order.push_back(&target);
+  std::stable_partition(order.begin(), order.end(), [&](const TReconciledTarget* target) {
+    return project.Settings().SymbolExtension(target->Platform).empty() ||
+           !project.Settings().HasRemoteDebugSymbols(target->Configuration, target->Platform);
+  });
+  return order;
+}
+
+void WarnOfLost(TCommandContext& context, const std::string& project,
+                const std::vector<TChangedEntry>& lost) {
+  std::map<std::string, std::size_t> byClass;
+  for (const TChangedEntry& entry : lost)
+    ++byClass[entry.ClassName];
+  for (const auto& [className, count] : byClass)
+    context.Output.Warn({std::to_string(count) + " of class \"" + className +
+                             "\" came with one target and went with the next, which keeps its "
+                             "own only; reconcile a single target to have all of its files",
+                         project, 0});
+}
+
+class TReconcileCommand final : public ICommand {
+public:
+  std::string Name() const override { return "reconcile"; }
+  std::string Summary() const override {
+    return "Bring the default entries in line with the project's settings";
+  }
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Flag("--all", FAll, "Every platform of every configuration, not one target");
+    options.Flag("--internal", FInternal, "Take the list of runtime packages for empty");
+    AddChangeOptions(options, FChange);
+  }
+
+  int Run(TCommandContext& context) override {
+    TOpenProject& project =
+        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    std::vector<TReconciledTarget> targets = Targets(context, project);
+    TAskingForms forms(context.Output);
+    if (context.Output.CanAsk() && !FChange.Yes && !FChange.DryRun)
+      context.Session.SetModalForms(&forms);
+    Reconcile(context, project, targets);
+    context.Session.SetModalForms(nullptr);
+    SaveIfChanged(context, project, targets);
+    Report(context, targets);
+    const bool noneDone =
+        !targets.empty() && std::all_of(targets.begin(), targets.end(), [](const auto& target) {
+          return target.Result == TReconcileResult::CannotReconcile;
+        });
+    return noneDone ? exit_status::CannotReconcile : exit_status::Done;
+  }
+
+private:
+  std::vector<TReconciledTarget> Targets(TCommandContext& context,
+                                         const TOpenProject& project) const {
+    if (!FAll) {
+      const TTarget target = ChooseTarget(context, project);
+      return {{target.AllPlatforms ? std::string(deployment::sAllPlatforms) : target.Platform,
+               target.Configuration}};
+    }
+    WarnOfTarget(context, &project, "--all takes every target");
+    std::vector<TReconciledTarget> targets;
+    for (const auto& configuration : project.Settings().Configurations()) {
+      if (configuration->GetName() == deployment::BaseConfiguration)
+        continue;
+      for (const std::string& platform : configuration->GetPlatforms())
+        targets.push_back({platform, configuration->GetName()});
+    }
+    return targets;
+  }
+
+  void Reconcile(TCommandContext& context, TOpenProject& project,
+                 std::vector<TReconciledTarget>& targets) const {
+    const std::size_t told = project.Warnings().size();
+    const std::vector<TReconciledTarget*> order = InOrderOfRun(project, targets);
+    TListChanges changes(project.Deployment());
+    for (TReconciledTarget* target : order) {
+      changes.StartTarget();
+      target->Result =
+          project.Deployment().Reconcile(target->Configuration, target->Platform, FInternal);
+      target->IsBuilt =
+          project.Project().GetNothingToDeploy(target->Configuration, target->Platform).empty();
+    }
+    std::vector<TTargetChanges> changed = changes.Finish();
+    for (std::size_t i = 0; i < order.size(); ++i)
+      order[i]->Changes = std::move(changed[i]);
+    WarnSince(context, project, told);
+    WarnOfLost(context, FProject, changes.Lost());
+  }
+
+  void SaveIfChanged(TCommandContext& context, TOpenProject& project,
+                     const std::vector<TReconciledTarget>& targets) const {
+    // An answer about optional files is recorded in a property of the project.
+    const bool same = !project.HasPropertyChanges() &&
+                      std::all_of(targets.begin(), targets.end(),
+                                  [](const auto& target) { return target.Changes.IsEmpty(); });
+    if (same || FChange.DryRun)
+      return;
+    const std::size_t told = project.Warnings().size();
+    project.Save(FChange.ForceSave);
+    WarnSince(context, project, told);
+  }
+
+  void Report(TCommandContext& context, const std::vector<TReconciledTarget>& targets) const {
+    TJson results = TJson::array();
+    bool nothing = true;
+    for (const TReconciledTarget& target : targets) {
+      TJson result = {{"platform", target.Platform},
+                      {"configuration", target.Configuration},
+                      {"result", static_cast<int>(target.Result)}};
+      result.update(ChangesAsJson(target.Changes));
+      results.push_back(std::move(result));
+      const std::string name = target.Configuration + ", " + target.Platform;
+      if (target.Result == TReconcileResult::CannotReconcile && target.IsBuilt)
+        context.Output.Warn({"the project cannot be reconciled for " + name, FProject, 0});
+      PrintChanges(context.Output, target.Changes, FChange.DryRun);
+      nothing = nothing && target.Changes.IsEmpty();
+    }
+    if (context.Output.IsJson())
+      context.Output.Document({{"results", results}});
+    else if (nothing)
+      context.Output.Line("nothing to do");
+  }
+
+  std::string FProject;
+  bool FAll = false;
+  bool FInternal = false;
+  TChangeOptions FChange;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakeReconcileCommand() {
+  return std::make_unique<TReconcileCommand>();
+}
+
+} // namespace workbench

@@ -1,0 +1,116 @@
+#include "workbench/cli/context/output.h"
+
+#include "package/common/case_fold.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <iostream>
+#include <unistd.h>
+
+namespace workbench {
+namespace {
+
+constexpr std::string_view ProgramName = "deploymgr";
+
+std::atomic<bool> IsPersonAsked = false;
+
+// Stands while the answer is waited for.
+class TAsking {
+public:
+  TAsking() { IsPersonAsked = true; }
+  ~TAsking() { IsPersonAsked = false; }
+  TAsking(const TAsking&) = delete;
+  TAsking& operator=(const TAsking&) = delete;
+};
+
+bool WantsNoColor() {
+  const char* variable = std::getenv("NO_COLOR");
+  return variable && *variable;
+}
+
+std::string Place(const std::string& file, unsigned line) {
+  if (file.empty())
+    return {};
+  return Visible(file) + ":" + (line > 0 ? std::to_string(line) + ":" : "") + " ";
+}
+
+} // namespace
+
+std::string JsonText(const TJson& value, int indent) {
+  return value.dump(indent, ' ', false, TJson::error_handler_t::replace);
+}
+
+TOutput::TOutput(bool json, bool quiet, bool noColor)
+    : FJson(json), FQuiet(quiet), FTerminal(::isatty(STDOUT_FILENO) == 1),
+      FColor(!noColor && !WantsNoColor() && FTerminal) {}
+
+bool TOutput::CanAsk() const {
+  return !FQuiet && ::isatty(STDIN_FILENO) == 1;
+}
+
+bool TOutput::IsAsking() {
+  return IsPersonAsked;
+}
+
+TAnswer TOutput::Ask(const std::string& question, bool several) const {
+  if (!CanAsk())
+    return TAnswer::None;
+  const TAsking asking;
+  std::cerr << Visible(question) << (several ? " [y/N/a] " : " [y/N] ") << std::flush;
+  std::string answer;
+  if (!std::getline(std::cin, answer))
+    return TAnswer::None;
+  if (deployment::SameText(answer, "y") || deployment::SameText(answer, "yes"))
+    return TAnswer::Yes;
+  if (several && (deployment::SameText(answer, "a") || deployment::SameText(answer, "all")))
+    return TAnswer::YesToAll;
+  return TAnswer::No;
+}
+
+void TOutput::Line(std::string_view text) {
+  if (FJson || FQuiet)
+    return;
+  Write(text);
+  Write("\n");
+}
+
+void TOutput::Write(std::string_view text) {
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size())
+    FFailed = true;
+}
+
+void TOutput::Document(const TJson& document) {
+  Write(JsonText(document));
+  Write("\n");
+}
+
+void TOutput::Warn(const TWarning& warning) {
+  if (!FQuiet)
+    std::cerr << ProgramName << ": " << Place(warning.File, warning.Line)
+              << "warning: " << Visible(warning.Text) << '\n';
+}
+
+void TOutput::Error(const TFailure& failure) {
+  const std::string place = failure.TextNamesFile ? "" : Place(failure.File, failure.Line);
+  std::cerr << ProgramName << ": " << place << Visible(failure.Text) << '\n';
+  if (FJson)
+    Document({{"error",
+               {{"code", failure.Status},
+                {"message", failure.Text},
+                {"file", failure.File},
+                {"line", failure.Line}}}});
+}
+
+bool TOutput::Flush() {
+  return std::fflush(stdout) == 0 && !FFailed;
+}
+
+std::string TOutput::Bold(std::string_view text) const {
+  return FColor ? "\x1b[1m" + std::string(text) + "\x1b[0m" : std::string(text);
+}
+
+std::string TOutput::Dim(std::string_view text) const {
+  return FColor ? "\x1b[2m" + std::string(text) + "\x1b[0m" : std::string(text);
+}
+
+} // namespace workbench

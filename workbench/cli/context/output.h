@@ -1,0 +1,77 @@
+// Where results, warnings and errors go.
+#pragma once
+
+#include "workbench/session/session.h"
+#include "workbench/text/visible_text.h"
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <string_view>
+
+namespace workbench {
+
+/// JSON whose keys keep their order.
+using TJson = nlohmann::ordered_json;
+
+/// The JSON text of a value; bytes that are not UTF-8 become replacement characters.
+std::string JsonText(const TJson& value, int indent = 2);
+
+/// What a person answered to a question.
+enum class TAnswer {
+  Yes,
+  No,
+  YesToAll,
+  None, ///< nobody could be asked, or the input ended
+};
+
+/// Why a run failed.
+struct TFailure {
+  int Status = 1;
+  std::string Text;
+  std::string File;           ///< empty when it is about no file
+  unsigned Line = 0;          ///< 0 when unknown
+  bool TextNamesFile = false; ///< the text says already which file it is about
+};
+
+/// Results go to standard output, everything else to standard error.
+class TOutput {
+public:
+  TOutput(bool json, bool quiet, bool noColor);
+
+  bool IsJson() const { return FJson; }
+  bool IsQuiet() const { return FQuiet; }
+  /// True when a person reads the result as it comes.
+  bool IsTerminal() const { return FTerminal; }
+  /// True when a person can be asked.
+  bool CanAsk() const;
+  /// Asks a question; `several` offers an answer for this and all further ones.
+  TAnswer Ask(const std::string& question, bool several) const;
+  /// True while a person is asked. Questions come before the work, so that an interrupt may end the
+  /// program then.
+  static bool IsAsking();
+
+  /// One line of the result, as it is; left out with --json and --quiet.
+  void Line(std::string_view text);
+  /// Part of the result, as it is.
+  void Write(std::string_view text);
+  /// A whole JSON document.
+  void Document(const TJson& document);
+  void Warn(const TWarning& warning);
+  void Error(const TFailure& failure);
+  /// False when something of the result could not be written.
+  bool Flush();
+
+  /// The text in bold or dim letters where the terminal shows colour.
+  std::string Bold(std::string_view text) const;
+  std::string Dim(std::string_view text) const;
+
+private:
+  bool FJson;
+  bool FQuiet;
+  bool FTerminal;
+  bool FColor;
+  bool FFailed = false;
+};
+
+} // namespace workbench

@@ -1,0 +1,43 @@
+// Which configuration and platform a command works for.
+#pragma once
+
+#include "workbench/cli/context/command.h"
+
+#include <string>
+
+namespace workbench {
+
+/// The target of a command.
+struct TTarget {
+  std::string Configuration;
+  std::string Platform; ///< empty when AllPlatforms is set
+  bool AllPlatforms = false;
+};
+
+/// The platform option, in this system's name for it where the project's builds have another one.
+std::string PlatformOption(TCommandContext& context, const TOpenProject* project);
+
+/// Throws TUsageError, with the known names, when the platform option names one that neither the
+/// table nor the project (which may be null) knows. "all" is known.
+void CheckPlatformOption(TCommandContext& context, const TOpenProject* project);
+
+/// The options, with the project's active target where they are silent. Warns of a target that the
+/// project has not set up. Throws as CheckPlatformOption does.
+TTarget ChooseTarget(TCommandContext& context, const TOpenProject& project);
+
+/// For commands that work on every target: checks the platform option as above, and says that a
+/// target which was chosen changes nothing, for the reason given.
+void WarnOfTarget(TCommandContext& context, const TOpenProject* project, const std::string& reason);
+
+/// The same for commands that a configuration alone does not concern.
+void WarnOfConfiguration(TCommandContext& context, const std::string& reason);
+
+/// True when the platform is one that the table or the project knows.
+bool IsKnownPlatform(TCommandContext& context, const TOpenProject* project,
+                     const std::string& platform);
+
+/// Throws TUsageError for a platform that nobody knows.
+void CheckPlatform(TCommandContext& context, const TOpenProject* project,
+                   const std::string& platform);
+
+} // namespace workbench

@@ -1,0 +1,75 @@
+// What a run changed in the list of a project: the difference between before and after, and which
+// target of the run each change came with.
+#pragma once
+
+#include "package/host/api/deploymentapi.h"
+#include "workbench/cli/context/output.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace workbench {
+
+/// An entry, named as it is after the change, or before when it is gone.
+struct TChangedEntry {
+  std::string LocalName;
+  std::string ClassName;
+  std::string Target; ///< configuration and platforms, such as "Debug, Win32"
+};
+
+/// What changed with one target.
+struct TTargetChanges {
+  std::vector<TChangedEntry> Added;
+  std::vector<TChangedEntry> Modified;
+  std::vector<TChangedEntry> Removed;
+
+  bool IsEmpty() const { return Added.empty() && Modified.empty() && Removed.empty(); }
+};
+
+/// Listens to a deployment from its making until Finish. What one target adds and a later one takes
+/// out again is no change, and neither is what comes back as it was. A file entry that is made anew
+/// under its old names counts as modified.
+class TListChanges {
+public:
+  /// Takes down the list as it is now. The deployment must outlive the object.
+  explicit TListChanges(deployment::IProjectDeployment& deployment);
+  ~TListChanges();
+  TListChanges(const TListChanges&) = delete;
+  TListChanges& operator=(const TListChanges&) = delete;
+
+  /// Changes from here on come with the next target; to be called before each one.
+  void StartTarget();
+  /// The changes of each target, in the order of their starts.
+  std::vector<TTargetChanges> Finish();
+  /// After Finish: what came with one target and went with a later one, in order.
+  const std::vector<TChangedEntry>& Lost() const { return FLost; }
+
+private:
+  struct TEntry {
+    std::shared_ptr<deployment::IProjectDeploymentFile> File;
+    std::string Names;   ///< what tells it from others
+    std::string Content; ///< all that is stored of it
+    TChangedEntry Told;  ///< as a change of it is told
+  };
+  class TListener;
+
+  std::vector<TTargetChanges> Compare(const std::vector<TEntry>& after) const;
+  void FindLost(const std::vector<TEntry>& after);
+
+  deployment::IProjectDeployment& FDeployment;
+  std::vector<TEntry> FBefore;
+  std::vector<TChangedEntry> FLost;
+  std::shared_ptr<TListener> FListener;
+  int FListenerIndex;
+};
+
+/// The lists as JSON: {"added","modified","removed"} with {"localName","class"} entries.
+TJson ChangesAsJson(const TTargetChanges& changes);
+
+/// One line for each change, such as "added data\a.dat [File] for Debug, Win32".
+void PrintChanges(TOutput& output, const TTargetChanges& changes, bool dryRun);
+
+} // namespace workbench

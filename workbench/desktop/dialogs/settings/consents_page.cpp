@@ -1,0 +1,68 @@
+#include "workbench/desktop/dialogs/settings/consents_page.h"
+
+#include "workbench/desktop/text/qt_text.h"
+#include "workbench/text/visible_text.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <memory>
+
+namespace workbench {
+namespace {
+
+constexpr int KeyRole = Qt::UserRole;
+
+} // namespace
+
+TConsentsPage::TConsentsPage(TSettingsEdit& settings, const std::vector<TCommandConsent>& consents,
+                             QWidget* parent)
+    : TSettingsPage(parent), FSettings(settings), FTree(new QTreeWidget(this)),
+      FForget(new QPushButton(tr("&Forget"), this)) {
+  auto* caption = new QLabel(
+      tr("These &commands run without a question when their project is deployed:"), this);
+  caption->setWordWrap(true);
+  caption->setBuddy(FTree);
+  FTree->setObjectName(QStringLiteral("consents"));
+  FTree->setAccessibleName(tr("Projects and their commands"));
+  FTree->setHeaderHidden(true);
+  FTree->setUniformRowHeights(true);
+  for (const TCommandConsent& consent : consents) {
+    auto* project = new QTreeWidgetItem(FTree, {ToQString(Visible(consent.Project))});
+    project->setData(0, KeyRole, ToQString(consent.Key));
+    for (const std::string& command : consent.Commands)
+      new QTreeWidgetItem(project, {ToQString(Visible(command))});
+  }
+  FTree->expandAll();
+  FTree->setCurrentItem(FTree->topLevelItem(0));
+  FForget->setAutoDefault(false);
+  connect(FForget, &QPushButton::clicked, this, &TConsentsPage::Forget);
+  connect(FTree, &QTreeWidget::currentItemChanged, this, &TConsentsPage::ShowState);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(caption);
+  layout->addWidget(FTree, 1);
+  layout->addWidget(FForget, 0, Qt::AlignRight);
+  ShowState();
+}
+
+QString TConsentsPage::Title() const {
+  return tr("Consents");
+}
+
+void TConsentsPage::ShowState() {
+  FForget->setEnabled(FTree->currentItem() != nullptr);
+}
+
+// A yes holds for all commands of a project together, so they are forgotten together.
+void TConsentsPage::Forget() {
+  QTreeWidgetItem* item = FTree->currentItem();
+  if (!item)
+    return;
+  if (item->parent())
+    item = item->parent();
+  FSettings.Unset(ToStdString(item->data(0, KeyRole).toString()));
+  const std::unique_ptr<QTreeWidgetItem> removed(item); // which takes itself out of the tree
+}
+
+} // namespace workbench

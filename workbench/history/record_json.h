@@ -1,0 +1,27 @@
+// Records of entries and classes as JSON: what stands in a file that outlives the program.
+#pragma once
+
+#include "workbench/history/entry_record.h"
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <string_view>
+
+namespace workbench {
+
+/// Appends the record as an object. Values that are what a new record has are left out; bytes that
+/// are no UTF-8 are kept. Written without a document in between, since a step may hold very many.
+void AppendJson(std::string& json, const TEntryRecord& record);
+void AppendJson(std::string& json, const TClassRecord& record);
+
+/// The reverse. Throws nlohmann::json::exception for what is no such record, and TInputError for
+/// values out of range.
+TEntryRecord EntryRecordFromJson(const nlohmann::ordered_json& value);
+TClassRecord ClassRecordFromJson(const nlohmann::ordered_json& value);
+
+/// A text of any bytes, and back.
+void AppendJsonText(std::string& json, std::string_view text);
+std::string TextFromJson(const nlohmann::ordered_json& value);
+
+} // namespace workbench

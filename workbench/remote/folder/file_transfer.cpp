@@ -1,0 +1,211 @@
+#include "workbench/remote/folder/file_transfer.h"
+
+#include "workbench/files/file_descriptor.h"
+#include "workbench/files/file_reader.h"
+#include "workbench/remote/target/remote_path.h"
+
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <utility>
+
+namespace workbench {
+namespace {
+
+constexpr std::size_t BlockSize = std::size_t(256) * 1024;
+
+// The file was changed while it was read.
+struct TChangedMeanwhile {};
+struct TCancelled {};
+
+// A file that goes with this object unless it is put in place. It is locked as long as it is
+// written, which tells it from one that a run left behind.
+class TUnfinishedFile {
+public:
+  TUnfinishedFile(int directory, std::string name, mode_t mode)
+      : FDirectory(directory), FName(std::move(name)),
+        FFile(::openat(directory, FName.c_str(),
+                       O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode)) {
+    if (!FFile.IsOpen())
+      ThrowSystemError("making a temporary file beside it");
+    static_cast<void>(::flock(FFile.Get(), LOCK_EX | LOCK_NB)); // some shares have no locks
+  }
+  ~TUnfinishedFile() {
+    if (!FInPlace)
+      ::unlinkat(FDirectory, FName.c_str(), 0);
+  }
+  TUnfinishedFile(const TUnfinishedFile&) = delete;
+  TUnfinishedFile& operator=(const TUnfinishedFile&) = delete;
+
+  int Get() const { return FFile.Get(); }
+
+  void PutInPlace(const std::string& name, const struct stat& source) {
+    const timespec times[2] = {{0, UTIME_OMIT}, source.st_mtim};
+    if (::futimens(FFile.Get(), times) != 0)
+      ThrowSystemError("setting the time stamp");
+    if (::renameat(FDirectory, FName.c_str(), FDirectory, name.c_str()) != 0)
+      ThrowSystemError("putting it in place");
+    FInPlace = true;
+    // A network share may report here that it could not keep the bytes.
+    if (::close(FFile.Release()) != 0 && errno != EINTR)
+      ThrowSystemError("closing it");
+  }
+
+private:
+  int FDirectory;
+  std::string FName;
+  TFileDescriptor FFile;
+  bool FInPlace = false;
+};
+
+TFileDescriptor OpenSource(const std::filesystem::path& file, struct stat& status) {
+  TFileDescriptor source(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (!source.IsOpen() || ::fstat(source.Get(), &status) != 0)
+    ThrowSystemError("reading it");
+  if (!S_ISREG(status.st_mode))
+    throw std::system_error(EINVAL, std::generic_category(),
+                            "reading it: it is " + std::string(KindOfFile(status.st_mode)));
+  return source;
+}
+
+mode_t RightsOf(const struct stat& source, bool makeExecutable) {
+  const mode_t rights = source.st_mode & 0777;
+  // Whoever may read the program may run it.
+  return makeExecutable ? rights | ((rights & 0444) >> 2) : rights;
+}
+
+std::size_t ReadSome(int file, std::span<char> block) {
+  while (true) {
+    const ssize_t count = ::read(file, block.data(), block.size());
+    if (count >= 0)
+      return static_cast<std::size_t>(count);
+    if (errno != EINTR)
+      ThrowSystemError("reading it");
+  }
+}
+
+void WriteAll(int file, std::span<const char> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(file, bytes.data(), bytes.size());
+    if (count < 0 && errno != EINTR)
+      ThrowSystemError("writing it");
+    bytes = bytes.subspan(count > 0 ? static_cast<std::size_t>(count) : 0);
+  }
+}
+
+bool IsSameState(const struct stat& before, int source) {
+  struct stat after = {};
+  return ::fstat(source, &after) == 0 && IdentityOf(after) == IdentityOf(before);
+}
+
+} // namespace
+
+TFileTransfer::TFileTransfer(std::string run) : FRun(std::move(run)), FBlock(BlockSize) {}
+
+TSendOutcome TFileTransfer::Send(int directory, const TSendRequest& request, ISendJob& job) {
+  TSendOutcome outcome;
+  try {
+    try {
+      TrySend(directory, request, job, outcome);
+    } catch (const TChangedMeanwhile&) {
+      TrySend(directory, request, job, outcome);
+    }
+  } catch (const TChangedMeanwhile&) {
+    outcome.Problem = "it changed while it was copied";
+  } catch (const TCancelled&) {
+    outcome.Problem = "the run was interrupted";
+  } catch (const std::system_error& error) {
+    outcome.Problem = error.what();
+  }
+  return outcome;
+}
+
+void TFileTransfer::TrySend(int directory, const TSendRequest& request, ISendJob& job,
+                            TSendOutcome& outcome) {
+  struct stat status = {};
+  const TFileDescriptor source = OpenSource(request.LocalFile, status);
+  TUnfinishedFile target(directory,
+                         std::string(UnfinishedPrefix) + FRun + "-" + std::to_string(FCount++) +
+                             std::string(UnfinishedSuffix),
+                         RightsOf(status, request.MakeExecutable));
+  const auto size = static_cast<std::uint64_t>(status.st_size);
+  if (Copy(source.Get(), target.Get(), size, job, outcome) != size ||
+      !IsSameState(status, source.Get()))
+    throw TChangedMeanwhile();
+  target.PutInPlace(request.Target.Name, status);
+}
+
+// Ends when the size is reached; a file that grew has another state by then.
+std::uint64_t TFileTransfer::Copy(int source, int target, std::uint64_t size, ISendJob& job,
+                                  TSendOutcome& outcome) {
+  std::uint64_t copied = 0;
+  while (copied < size) {
+    if (job.IsCancelled())
+      throw TCancelled();
+    const std::size_t count = ReadSome(source, FBlock);
+    if (count == 0)
+      break;
+    WriteAll(target, {FBlock.data(), count});
+    copied += count;
+    outcome.Bytes += count;
+    job.BytesSent(count);
+  }
+  return copied;
+}
+
+bool HaveSameBytes(const std::filesystem::path& localFile, int directory, const std::string& name) {
+  const TFileDescriptor local(::open(localFile.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  const TFileDescriptor remote(
+      ::openat(directory, name.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+  if (!local.IsOpen() || !remote.IsOpen())
+    return false;
+  const auto left = std::make_unique_for_overwrite<char[]>(BlockSize);
+  const auto right = std::make_unique_for_overwrite<char[]>(BlockSize);
+  const auto fill = [](int file, const std::unique_ptr<char[]>& block) {
+    std::size_t filled = 0;
+    while (filled < BlockSize) {
+      const std::size_t count = ReadSome(file, std::span(block.get() + filled, BlockSize - filled));
+      if (count == 0)
+        break;
+      filled += count;
+    }
+    return filled;
+  };
+  try {
+    while (true) {
+      const std::size_t count = fill(local.Get(), left);
+      if (fill(remote.Get(), right) != count || std::memcmp(left.get(), right.get(), count) != 0)
+        return false;
+      if (count < BlockSize)
+        return true;
+    }
+  } catch (const std::system_error&) {
+    return false;
+  }
+}
+
+void RemoveUnfinishedFiles(int directory) {
+  TFileDescriptor opened(::openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!opened.IsOpen())
+    return;
+  struct TClose {
+    void operator()(DIR* stream) const { ::closedir(stream); }
+  };
+  const std::unique_ptr<DIR, TClose> stream(::fdopendir(opened.Get()));
+  if (!stream)
+    return;
+  static_cast<void>(opened.Release());                    // the stream owns it now
+  while (const dirent* entry = ::readdir(stream.get())) { // NOLINT(concurrency-mt-unsafe)
+    if (!IsUnfinishedName(entry->d_name))
+      continue;
+    const TFileDescriptor file(
+        ::openat(directory, entry->d_name, O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+    if (file.IsOpen() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0)
+      ::unlinkat(directory, entry->d_name, 0);
+  }
+}
+
+} // namespace workbench

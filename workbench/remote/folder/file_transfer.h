@@ -1,0 +1,39 @@
+// Copies one file of this machine into an open directory, whole or not at all.
+#pragma once
+
+#include "workbench/remote/target/remote_connection.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+/// Used by one thread.
+class TFileTransfer {
+public:
+  /// `run` tells the unfinished files of this object from those of others.
+  explicit TFileTransfer(std::string run);
+
+  /// Copies the request's local file into the directory under the request's name. A file that
+  /// changes while it is read is read anew once.
+  TSendOutcome Send(int directory, const TSendRequest& request, ISendJob& job);
+
+private:
+  void TrySend(int directory, const TSendRequest& request, ISendJob& job, TSendOutcome& outcome);
+  std::uint64_t Copy(int source, int target, std::uint64_t size, ISendJob& job,
+                     TSendOutcome& outcome);
+
+  std::string FRun;
+  std::uint64_t FCount = 0;
+  std::vector<char> FBlock;
+};
+
+/// True when the open file and the one of that name in the directory have the same bytes. False
+/// also when they cannot be read.
+bool HaveSameBytes(const std::filesystem::path& localFile, int directory, const std::string& name);
+
+/// Removes files that a transfer left unfinished, unless a transfer is writing them just now.
+void RemoveUnfinishedFiles(int directory);
+
+} // namespace workbench

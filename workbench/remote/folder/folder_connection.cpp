@@ -1,0 +1,244 @@
+#include "workbench/remote/folder/folder_connection.h"
+
+#include "workbench/files/file_reader.h"
+#include "workbench/process/command_runner.h"
+#include "workbench/remote/target/file_times.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <linux/magic.h>
+#include <random>
+#include <sys/stat.h>
+#include <sys/vfs.h>
+#include <thread>
+
+namespace workbench {
+namespace {
+
+constexpr unsigned MostUsualLanes = 4; // more only get in each other's way
+
+// Tells the unfinished files of one lane from those of every other.
+std::string RandomText() {
+  std::random_device source;
+  std::array<char, 17> text = {};
+  std::snprintf(text.data(), text.size(), "%08x%08x", source(), source());
+  return text.data();
+}
+
+std::chrono::nanoseconds ResolutionOf(const std::filesystem::path& folder) {
+  struct statfs status = {};
+  if (::statfs(folder.c_str(), &status) == 0) {
+    if (status.f_type == MSDOS_SUPER_MAGIC)
+      return std::chrono::seconds(2);
+    if (status.f_type == EXFAT_SUPER_MAGIC)
+      return std::chrono::milliseconds(10);
+    if (status.f_type == SMB_SUPER_MAGIC || status.f_type == CIFS_SUPER_MAGIC)
+      return std::chrono::nanoseconds(100);
+  }
+  return std::chrono::nanoseconds(1);
+}
+
+// The folder with its links resolved.
+std::filesystem::path OpenFolder(const std::filesystem::path& folder, TMissingFolder missing) {
+  struct stat status = {};
+  std::error_code error;
+  const bool isThere = ::stat(folder.c_str(), &status) == 0;
+  if (isThere && !S_ISDIR(status.st_mode))
+    throw TConnectionError(folder.string() + " is " + std::string(KindOfFile(status.st_mode)) +
+                           ", not a directory");
+  if (!isThere && (errno != ENOENT || missing == TMissingFolder::Refuse))
+    error.assign(errno, std::generic_category());
+  std::filesystem::path full;
+  if (!error)
+    full = std::filesystem::weakly_canonical(folder, error);
+  if (error)
+    throw TConnectionError(folder.string() + " cannot be reached: " + error.message());
+  return full;
+}
+
+bool IsBelow(const std::filesystem::path& path, const std::filesystem::path& folder) {
+  const std::string& text = path.native();
+  const std::string& start = folder.native();
+  return text.starts_with(start) && (text.size() == start.size() || text[start.size()] == '/');
+}
+
+// The deepest part of the path that exists, and how it ends.
+struct TExisting {
+  std::filesystem::path Path;
+  std::filesystem::file_status Status;
+};
+
+TExisting DeepestExisting(std::filesystem::path path) {
+  while (true) {
+    std::error_code ignored;
+    const auto status = std::filesystem::symlink_status(path, ignored);
+    if (std::filesystem::exists(status) || !path.has_relative_path())
+      return {path, status};
+    path = path.parent_path();
+  }
+}
+
+} // namespace
+
+TFolderConnection::TFolderConnection(const std::filesystem::path& folder, TMissingFolder missing)
+    : FFolder(OpenFolder(folder, missing)), FResolution(ResolutionOf(FFolder)),
+      FTransfer(RandomText()) {}
+
+unsigned TFolderConnection::UsualLanes() const {
+  return std::clamp(std::thread::hardware_concurrency(), 1U, MostUsualLanes);
+}
+
+std::vector<TRemoteDirectory> TFolderConnection::Resolve(std::span<const std::string> directories) {
+  std::vector<TRemoteDirectory> result;
+  result.reserve(directories.size());
+  for (const std::string& directory : directories)
+    result.push_back(ResolveOne(directory));
+  return result;
+}
+
+TRemoteDirectory TFolderConnection::ResolveOne(const std::string& directory) const {
+  std::filesystem::path wanted = FFolder;
+  if (directory.starts_with("~/")) {
+    const char* home = std::getenv("HOME");
+    if (!home || *home != '/')
+      return {.Path = {}, .Problem = "the user has no home directory"};
+    wanted = std::filesystem::path(home) / directory.substr(2);
+  } else if (!directory.empty()) {
+    wanted /= directory;
+  }
+  const TExisting existing = DeepestExisting(wanted);
+  std::error_code error;
+  const std::filesystem::path found = std::filesystem::canonical(existing.Path, error);
+  if (error)
+    return {.Path = {},
+            .Problem = existing.Path.string() + " cannot be followed: " + error.message()};
+  struct stat status = {};
+  if (::stat(found.c_str(), &status) != 0)
+    return {.Path = {}, .Problem = found.string() + ": " + SystemReason(errno)};
+  if (!S_ISDIR(status.st_mode))
+    return {.Path = {},
+            .Problem = found.string() + " is " + std::string(KindOfFile(status.st_mode)) +
+                       ", not a directory"};
+  const std::filesystem::path rest = wanted.lexically_relative(existing.Path);
+  const bool exists = rest == ".";
+  const std::filesystem::path full = exists ? found : found / rest;
+  return {.Path = full.string(), .IsInside = IsBelow(full, FFolder), .Exists = exists};
+}
+
+std::vector<TRemoteStatus> TFolderConnection::Examine(std::span<const TRemoteName> names) {
+  std::vector<TRemoteStatus> result;
+  result.reserve(names.size());
+  for (const TRemoteName& name : names)
+    result.push_back(ExamineOne(name));
+  return result;
+}
+
+TRemoteStatus TFolderConnection::ExamineOne(const TRemoteName& name) {
+  struct stat status = {};
+  try {
+    if (::fstatat(FDirectories.Open(name.Directory), name.Name.c_str(), &status,
+                  AT_SYMLINK_NOFOLLOW) != 0)
+      ThrowSystemError("examining it");
+  } catch (const std::system_error& error) {
+    const bool isMissing = error.code() == std::errc::no_such_file_or_directory;
+    return {.Problem = isMissing ? std::string() : error.what()};
+  }
+  TRemoteStatus result;
+  result.Kind = S_ISREG(status.st_mode)   ? TRemoteKind::File
+                : S_ISDIR(status.st_mode) ? TRemoteKind::Directory
+                                          : TRemoteKind::Other;
+  result.Size = static_cast<std::uint64_t>(status.st_size);
+  result.Modified = FileTimeOf(status.st_mtim);
+  result.IsExecutable = (status.st_mode & S_IXUSR) != 0;
+  return result;
+}
+
+std::vector<std::string>
+TFolderConnection::MakeDirectories(std::span<const std::string> directories) {
+  std::vector<std::string> problems;
+  problems.reserve(directories.size());
+  for (const std::string& directory : directories) {
+    problems.emplace_back();
+    try {
+      FDirectories.Make(directory);
+    } catch (const std::system_error& error) {
+      problems.back() = error.what();
+    }
+  }
+  return problems;
+}
+
+void TFolderConnection::RemoveUnfinished(std::span<const TSendRequest> files) {
+  for (const std::string& directory : DirectoriesOf(files)) {
+    try {
+      RemoveUnfinishedFiles(FDirectories.Open(directory));
+    } catch (const std::system_error&) {
+      continue; // what cannot be opened fails with the files that go there
+    }
+  }
+}
+
+void TFolderConnection::Send(ISendJob& job) {
+  while (const TSendRequest* request = job.Next()) {
+    TSendOutcome outcome;
+    if (job.IsCancelled()) {
+      outcome.Problem = "the run was interrupted";
+    } else {
+      try {
+        outcome = FTransfer.Send(FDirectories.Open(request->Target.Directory), *request, job);
+      } catch (const std::system_error& error) {
+        outcome.Problem = error.what();
+      }
+    }
+    job.FileDone(*request, outcome);
+  }
+}
+
+std::vector<bool> TFolderConnection::HaveSameContent(std::span<const TSendRequest> files) {
+  std::vector<bool> result;
+  result.reserve(files.size());
+  for (const TSendRequest& file : files) {
+    try {
+      result.push_back(HaveSameBytes(file.LocalFile, FDirectories.Open(file.Target.Directory),
+                                     file.Target.Name));
+    } catch (const std::system_error&) {
+      result.push_back(false);
+    }
+  }
+  return result;
+}
+
+std::string TFolderConnection::SetTime(const TRemoteName& name, deployment::TFileTime time) {
+  const auto since = time.time_since_epoch();
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(since);
+  const timespec times[2] = {{0, UTIME_OMIT}, {seconds.count(), (since - seconds).count()}};
+  try {
+    if (::utimensat(FDirectories.Open(name.Directory), name.Name.c_str(), times,
+                    AT_SYMLINK_NOFOLLOW) != 0)
+      ThrowSystemError("setting the time stamp");
+  } catch (const std::system_error& error) {
+    return error.what();
+  }
+  return {};
+}
+
+std::string TFolderConnection::Remove(const TRemoteName& name) {
+  try {
+    if (::unlinkat(FDirectories.Open(name.Directory), name.Name.c_str(), 0) != 0 && errno != ENOENT)
+      ThrowSystemError("removing it");
+  } catch (const std::system_error& error) {
+    return error.what();
+  }
+  return {};
+}
+
+std::string TFolderConnection::RunCommand(const std::string& command, const std::string& directory,
+                                          const THearLine& hear,
+                                          const std::atomic<int>& cancelled) {
+  return RunCommandLine(command, directory, hear, cancelled);
+}
+
+} // namespace workbench

@@ -1,0 +1,48 @@
+// The lane to a directory of this machine, or to a mounted share.
+#pragma once
+
+#include "workbench/files/directory_handles.h"
+#include "workbench/remote/folder/file_transfer.h"
+#include "workbench/remote/target/remote_connection.h"
+
+#include <optional>
+
+namespace workbench {
+
+/// What becomes of a folder that is not there.
+enum class TMissingFolder {
+  Refuse, ///< an unplugged share must not be made anew
+  Make,   ///< it is made when the first file goes there
+};
+
+/// Paths of the target are paths of this machine.
+class TFolderConnection final : public IRemoteConnection {
+public:
+  /// Throws TConnectionError when the folder is not there, is no directory or cannot be entered.
+  explicit TFolderConnection(const std::filesystem::path& folder,
+                             TMissingFolder missing = TMissingFolder::Refuse);
+
+  std::chrono::nanoseconds TimeResolution() const override { return FResolution; }
+  unsigned UsualLanes() const override;
+  std::vector<TRemoteDirectory> Resolve(std::span<const std::string> directories) override;
+  std::vector<TRemoteStatus> Examine(std::span<const TRemoteName> names) override;
+  std::vector<std::string> MakeDirectories(std::span<const std::string> directories) override;
+  void RemoveUnfinished(std::span<const TSendRequest> files) override;
+  void Send(ISendJob& job) override;
+  std::vector<bool> HaveSameContent(std::span<const TSendRequest> files) override;
+  std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
+  std::string Remove(const TRemoteName& name) override;
+  std::string RunCommand(const std::string& command, const std::string& directory,
+                         const THearLine& hear, const std::atomic<int>& cancelled) override;
+
+private:
+  TRemoteDirectory ResolveOne(const std::string& directory) const;
+  TRemoteStatus ExamineOne(const TRemoteName& name);
+
+  std::filesystem::path FFolder; // links resolved
+  std::chrono::nanoseconds FResolution;
+  TDirectoryHandles FDirectories;
+  TFileTransfer FTransfer;
+};
+
+} // namespace workbench

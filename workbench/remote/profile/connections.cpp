@@ -1,0 +1,49 @@
+#include "workbench/remote/profile/connections.h"
+
+namespace workbench {
+
+// What is open was made with the person before, and serves who has it to the end.
+void TConnections::SetHostKeyQuestion(THostKeyQuestion ask) {
+  const std::lock_guard lock(FMutex);
+  FPerson.AcceptsHostKey = std::move(ask);
+  FMachines.clear();
+}
+
+void TConnections::SetSecretQuestion(TSecretQuestion ask) {
+  const std::lock_guard lock(FMutex);
+  FPerson.TellsSecret = std::move(ask);
+  FMachines.clear();
+}
+
+std::shared_ptr<IRemoteConnection> TConnections::Open(const TProfile& profile,
+                                                      const std::atomic<int>* cancelled) {
+  if (profile.Kind == TProfileKind::Folder)
+    return std::make_shared<TFolderConnection>(profile.Path);
+  return MachineOf(profile)->Take(cancelled);
+}
+
+std::shared_ptr<TSshMachine> TConnections::MachineOf(const TProfile& profile) {
+  const std::lock_guard lock(FMutex);
+  std::shared_ptr<TSshMachine>& machine = FMachines[profile.Name];
+  // A profile that says something else now leads somewhere else.
+  if (!machine || machine->Profile() != profile) {
+    try {
+      machine = std::make_shared<TSshMachine>(profile, FIsWindows(profile.Platform), FPerson);
+    } catch (const std::system_error& error) {
+      throw TConnectionError(error.what());
+    }
+  }
+  return machine;
+}
+
+void TConnections::Prepare(const TProfile& profile) {
+  if (profile.Kind == TProfileKind::Ssh)
+    MachineOf(profile)->Prepare();
+}
+
+void TConnections::Close(const std::string& profileName) {
+  const std::lock_guard lock(FMutex);
+  FMachines.erase(profileName);
+}
+
+} // namespace workbench

@@ -1,0 +1,47 @@
+// Lanes to the machines of profiles. Those to other machines stay open for the next one who asks.
+#pragma once
+
+#include "workbench/remote/folder/folder_connection.h"
+#include "workbench/remote/ssh/ssh_machine.h"
+#include "workbench/remote/target/profile.h"
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <unordered_map>
+
+namespace workbench {
+
+/// May be used by several threads.
+class TConnections {
+public:
+  /// True for platforms whose machines run Windows.
+  using TIsWindows = std::function<bool(const std::string& platform)>;
+
+  explicit TConnections(TIsWindows isWindows) : FIsWindows(std::move(isWindows)) {}
+
+  /// Who is asked from now on.
+  void SetHostKeyQuestion(THostKeyQuestion ask);
+  void SetSecretQuestion(TSecretQuestion ask);
+  /// A lane to the machine of a profile. Throws TConnectionError. `cancelled`, when it is there and
+  /// turns to something else than 0, ends the attempt.
+  std::shared_ptr<IRemoteConnection> Open(const TProfile& profile,
+                                          const std::atomic<int>* cancelled = nullptr);
+  /// Begins to connect to a machine that takes its time, without waiting and without asking
+  /// anybody.
+  void Prepare(const TProfile& profile);
+  /// Closes what is open to a profile of that name and not in use.
+  void Close(const std::string& profileName);
+
+private:
+  std::shared_ptr<TSshMachine> MachineOf(const TProfile& profile);
+
+  const TIsWindows FIsWindows;
+  std::mutex FMutex;
+  TPerson FPerson;
+  std::unordered_map<std::string, std::shared_ptr<TSshMachine>> FMachines; // by name of the profile
+};
+
+} // namespace workbench

@@ -1,0 +1,75 @@
+// The lane to a machine that speaks the SSH file transfer protocol.
+#pragma once
+
+#include "workbench/remote/sftp/sftp_channel.h"
+#include "workbench/remote/sftp/sftp_paths.h"
+#include "workbench/remote/target/remote_connection.h"
+#include "workbench/remote/target/unfinished_names.h"
+#include "workbench/remote/target/unfinished_parts.h"
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+/// How a machine is talked to.
+struct TSftpMachine {
+  TProcessStart Sftp; ///< the program that carries the file transfer protocol
+  /// The program that runs a command line on the machine; empty when it runs none.
+  TRemoteExec Exec;
+  /// Below which everything is put: a full path, or one from the user's home directory with "~/".
+  /// "C:/x" is on a drive.
+  std::string Root;
+  bool IsWindows = false; ///< names ignore case, and commands are those of Windows
+  bool IsFirst = false;   ///< this lane carries the others
+  std::chrono::milliseconds Greeting = std::chrono::seconds(15); ///< the longest wait for a start
+  std::chrono::milliseconds Silence = std::chrono::seconds(15);  ///< the longest one for an answer
+};
+
+/// Lanes to one machine share `parts`.
+class TSftpConnection final : public IRemoteConnection {
+public:
+  /// Opens the lane and resolves the root. Throws TConnectionError. `cancelled` ends the attempt
+  /// when it is there and turns to something else than 0.
+  TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinishedParts> parts,
+                  const std::atomic<int>* cancelled = nullptr);
+
+  /// False when the lane is of no use any more.
+  bool IsAlive() const { return FChannel.IsAlive(); }
+  /// True when it carries the others.
+  bool IsFirst() const { return FMachine.IsFirst; }
+
+  /// The protocol tells whole seconds.
+  std::chrono::nanoseconds TimeResolution() const override { return std::chrono::seconds(1); }
+  unsigned UsualLanes() const override;
+  std::vector<TRemoteDirectory> Resolve(std::span<const std::string> directories) override;
+  std::vector<TRemoteStatus> Examine(std::span<const TRemoteName> names) override;
+  std::vector<std::string> MakeDirectories(std::span<const std::string> directories) override;
+  void RemoveUnfinished(std::span<const TSendRequest> files) override;
+  void Send(ISendJob& job) override;
+  std::vector<bool> HaveSameContent(std::span<const TSendRequest> files) override;
+  std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
+  std::string Remove(const TRemoteName& name) override;
+  std::string RunCommand(const std::string& command, const std::string& directory,
+                         const THearLine& hear, const std::atomic<int>& cancelled) override;
+
+private:
+  std::string FullPath(const std::string& directory);
+  bool IsBelowRoot(const std::string& path) const;
+  TSftpStatus Answer();
+  std::optional<TUnfinishedPart> FindPart(const TSendRequest& request, const struct stat& status);
+
+  TSftpMachine FMachine;
+  std::shared_ptr<TUnfinishedParts> FParts;
+  TSftpChannel FChannel;
+  TSftpPaths FPaths;
+  TUnfinishedNames FNames;
+  std::string FHome; // asked for when it is needed
+  std::string FRoot; // links resolved
+};
+
+} // namespace workbench

@@ -1,0 +1,207 @@
+#include "workbench/remote/ssh/ssh_machine.h"
+
+#include "workbench/files/runtime_directory.h"
+#include "workbench/remote/ssh/askpass.h"
+#include "workbench/remote/ssh/host_keys.h"
+
+#include <chrono>
+#include <string_view>
+
+namespace workbench {
+namespace {
+
+constexpr unsigned SignsOfLifeMissed = 2; // a line that misses more is dead
+constexpr std::chrono::minutes LongestLogIn(2);
+constexpr std::chrono::milliseconds CancelInterval(20);
+
+std::string Option(const std::string& key, const std::string& value) {
+  return "-o" + key + "=" + value;
+}
+
+bool IsSet(const std::atomic<int>* flag) {
+  return flag && *flag != 0;
+}
+
+// The client ended since it could not log in.
+bool IsAboutLogIn(std::string_view reason) {
+  return reason.find("Permission denied (") != std::string_view::npos ||
+         reason.find("Too many authentication failures") != std::string_view::npos;
+}
+
+} // namespace
+
+std::filesystem::path NewControlPath() {
+  return RuntimeDirectory() / RandomDigits(1);
+}
+
+TSshCommands::TSshCommands(TProfile profile, std::filesystem::path controlPath)
+    : FProfile(std::move(profile)), FControlPath(std::move(controlPath)) {}
+
+TProcessStart TSshCommands::Start(bool isFirst, const std::vector<std::string>& questions) const {
+  std::vector<std::string> command{
+      "ssh",
+      "-T",
+      "-x",
+      "-a",
+      Option("BatchMode", questions.empty() ? "yes" : "no"),
+      Option("ClearAllForwardings", "yes"),
+      Option("ConnectTimeout", std::to_string(FProfile.ConnectTimeout)),
+      Option("ControlMaster", isFirst ? "yes" : "no"),
+      Option("ControlPath", FControlPath.string()),
+      Option("ControlPersist", "no"),
+      Option("EscapeChar", "none"),
+      Option("ForkAfterAuthentication", "no"),
+      Option("LogLevel", "ERROR"),
+      Option("PermitLocalCommand", "no"),
+      Option("RemoteCommand", "none"),
+      Option("RequestTTY", "no"),
+      Option("ServerAliveCountMax", std::to_string(SignsOfLifeMissed)),
+      Option("ServerAliveInterval", std::to_string(FProfile.KeepAlive)),
+      Option("StrictHostKeyChecking", "yes"),
+  };
+  for (std::string& word : SshProfileOptions(FProfile))
+    command.push_back(std::move(word));
+  return {.Command = std::move(command),
+          .Environment = EnvironmentWith(questions.empty() ? AskingNobody() : questions)};
+}
+
+TProcessStart TSshCommands::FirstLane(const std::vector<std::string>& questions) const {
+  TProcessStart start = Start(/*isFirst=*/true, questions);
+  start.Command.insert(start.Command.end(), {"-s", "--", FProfile.Host, "sftp"});
+  return start;
+}
+
+TProcessStart TSshCommands::FurtherLane() const {
+  TProcessStart start = Start(/*isFirst=*/false, {});
+  start.Command.insert(start.Command.end(), {"-s", "--", FProfile.Host, "sftp"});
+  return start;
+}
+
+TProcessStart TSshCommands::Command(const std::string& command) const {
+  TProcessStart start = Start(/*isFirst=*/false, {});
+  start.Command.insert(start.Command.end(), {"--", FProfile.Host, command});
+  return start;
+}
+
+TSshMachine::TSshMachine(TProfile profile, bool isWindows, TPerson person)
+    : FProfile(std::move(profile)), FIsWindows(isWindows), FPerson(std::move(person)),
+      FCommands(FProfile, NewControlPath()) {}
+
+TSshMachine::~TSshMachine() {
+  FNobodyWaits = 1;
+}
+
+void TSshMachine::Prepare() {
+  const std::lock_guard lock(FConnecting);
+  const std::lock_guard stateLock(FMutex);
+  if (!FIsConnected && !FPrepared.valid())
+    FPrepared = std::async(std::launch::async, [this] {
+      return Open(FCommands.FirstLane({}), /*isFirst=*/true, &FNobodyWaits);
+    });
+}
+
+std::shared_ptr<IRemoteConnection> TSshMachine::Take(const std::atomic<int>* cancelled) {
+  std::unique_ptr<TSftpConnection> lane = TakeIdle();
+  if (!lane) {
+    const std::lock_guard lock(FConnecting);
+    bool isConnected = false;
+    {
+      const std::lock_guard stateLock(FMutex);
+      isConnected = FIsConnected;
+    }
+    if (!isConnected) {
+      lane = OpenFirst(cancelled);
+      const std::lock_guard stateLock(FMutex);
+      FIsConnected = true;
+    }
+  }
+  if (!lane)
+    lane = Open(FCommands.FurtherLane(), /*isFirst=*/false, cancelled);
+  return {lane.release(), [machine = shared_from_this()](TSftpConnection* returned) {
+            machine->GiveBack(std::unique_ptr<TSftpConnection>(returned));
+          }};
+}
+
+std::unique_ptr<TSftpConnection> TSshMachine::OpenFirst(const std::atomic<int>* cancelled) {
+  if (FPrepared.valid()) {
+    try {
+      return AwaitPrepared(cancelled);
+    } catch (const TConnectionError& error) {
+      // It asked nobody, and a person may know what was missing.
+      const bool mayAnswer = FPerson.TellsSecret && IsAboutLogIn(error.what());
+      if (!mayAnswer && !Mend(error, cancelled))
+        throw;
+    }
+  }
+  while (true) {
+    try {
+      return OpenAsking(cancelled);
+    } catch (const TConnectionError& error) {
+      if (!Mend(error, cancelled))
+        throw;
+    }
+  }
+}
+
+std::unique_ptr<TSftpConnection> TSshMachine::AwaitPrepared(const std::atomic<int>* cancelled) {
+  while (FPrepared.wait_for(CancelInterval) != std::future_status::ready) {
+    if (IsSet(cancelled))
+      FNobodyWaits = 1;
+  }
+  FNobodyWaits = 0;
+  return FPrepared.get();
+}
+
+std::unique_ptr<TSftpConnection> TSshMachine::OpenAsking(const std::atomic<int>* cancelled) const {
+  if (!FPerson.TellsSecret || AskpassProgram().empty())
+    return Open(FCommands.FirstLane({}), /*isFirst=*/true, cancelled);
+  const TAskpassListener listener(FPerson.TellsSecret);
+  return Open(FCommands.FirstLane(listener.Environment()), /*isFirst=*/true, cancelled);
+}
+
+// True when another attempt is worth it.
+bool TSshMachine::Mend(const TConnectionError& error, const std::atomic<int>* cancelled) const {
+  return IsAboutHostKey(error.what()) &&
+         SettleHostKey(FProfile, FPerson.AcceptsHostKey, [cancelled] { return IsSet(cancelled); });
+}
+
+// The lane used last, since the line may have closed the others.
+std::unique_ptr<TSftpConnection> TSshMachine::TakeIdle() {
+  const std::lock_guard lock(FMutex);
+  while (!FIdle.empty()) {
+    std::unique_ptr<TSftpConnection> lane = std::move(FIdle.back());
+    FIdle.pop_back();
+    if (lane->IsAlive())
+      return lane;
+    FIsConnected = FIsConnected && !lane->IsFirst();
+  }
+  return nullptr;
+}
+
+std::unique_ptr<TSftpConnection> TSshMachine::Open(const TProcessStart& sftp, bool isFirst,
+                                                   const std::atomic<int>* cancelled) const {
+  TSftpMachine machine{
+      .Sftp = sftp,
+      .Exec = [commands = FCommands](const std::string& line) { return commands.Command(line); },
+      .Root = FProfile.Path,
+      .IsWindows = FIsWindows,
+      .IsFirst = isFirst};
+  // The client gives up by itself when nobody is there; a person who is asked may take longer.
+  machine.Greeting = isFirst ? std::chrono::seconds(FProfile.ConnectTimeout) + LongestLogIn
+                             : std::chrono::seconds(FProfile.ConnectTimeout) + machine.Silence;
+  try {
+    return std::make_unique<TSftpConnection>(std::move(machine), FParts, cancelled);
+  } catch (const std::system_error& error) {
+    throw TConnectionError(std::string("the SSH client cannot be run: ") + error.what());
+  }
+}
+
+void TSshMachine::GiveBack(std::unique_ptr<TSftpConnection> lane) {
+  const std::lock_guard lock(FMutex);
+  if (lane->IsAlive())
+    FIdle.push_back(std::move(lane));
+  else
+    FIsConnected = FIsConnected && !lane->IsFirst();
+}
+
+} // namespace workbench

@@ -1,0 +1,18 @@
+#include "workbench/remote/target/remote_connection.h"
+
+#include <string_view>
+#include <unordered_set>
+
+namespace workbench {
+
+std::vector<std::string> DirectoriesOf(std::span<const TSendRequest> files) {
+  std::unordered_set<std::string_view> known;
+  std::vector<std::string> directories;
+  for (const TSendRequest& file : files) {
+    if (known.insert(file.Target.Directory).second)
+      directories.push_back(file.Target.Directory);
+  }
+  return directories;
+}
+
+} // namespace workbench

@@ -1,0 +1,120 @@
+// What a deploy and a status query ask of the machine behind a profile.
+#pragma once
+
+#include "package/host/api/platformapi.h"
+#include "workbench/process/process_run.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+/// The machine is not reached, or the profile's path is not there any more.
+class TConnectionError : public std::runtime_error {
+public:
+  using std::runtime_error::runtime_error;
+};
+
+/// A directory as it really is on the target.
+struct TRemoteDirectory {
+  std::string Path;     ///< full, symbolic links resolved as far as it exists; empty: see Problem
+  bool IsInside = true; ///< at or below the profile's path
+  bool Exists = false;
+  std::string Problem = {}; ///< why there can be no file in it; empty when there can
+};
+
+/// A name in a directory that was resolved.
+struct TRemoteName {
+  std::string Directory;
+  std::string Name;
+};
+
+enum class TRemoteKind { None, File, Directory, Other };
+
+/// What stands under a name. Links are not followed.
+struct TRemoteStatus {
+  TRemoteKind Kind = TRemoteKind::None;
+  std::uint64_t Size = 0;
+  deployment::TFileTime Modified = {};
+  bool IsExecutable = false;
+  std::string Problem = {}; ///< why it could not be examined; empty when it was
+};
+
+/// A file to be sent.
+struct TSendRequest {
+  std::filesystem::path LocalFile;
+  TRemoteName Target;
+  bool MakeExecutable = false;
+  std::size_t Index = 0; ///< of whoever asks
+};
+
+/// The directories of the files, each once, in the order in which they come up.
+std::vector<std::string> DirectoriesOf(std::span<const TSendRequest> files);
+
+/// How sending one file ended. It ends exactly once.
+struct TSendOutcome {
+  std::uint64_t Bytes = 0;  ///< that were sent, also when it failed
+  std::string Problem = {}; ///< empty: the file is whole and in place
+};
+
+/// Hands out files to be sent and hears how that goes, on the thread that sends.
+class ISendJob {
+public:
+  virtual ~ISendJob() = default;
+  /// Asked between files and between blocks; true ends the job.
+  virtual bool IsCancelled() const = 0;
+  /// The next file; null when there are no more. Good until it is done.
+  virtual const TSendRequest* Next() = 0;
+  /// So many more bytes of some file were sent.
+  virtual void BytesSent(std::uint64_t count) = 0;
+  /// Called once for each file that was handed out, in any order.
+  virtual void FileDone(const TSendRequest& request, const TSendOutcome& outcome) = 0;
+};
+
+/// One lane to one machine. Used by one thread at a time. Lists are asked as a whole, so that a
+/// far machine can be asked all of it at once; answers come in the order of the questions. Every
+/// call may throw TConnectionError; what concerns one file is in the answer.
+class IRemoteConnection {
+public:
+  virtual ~IRemoteConnection() = default;
+  /// The smallest step between two time stamps that the target keeps apart.
+  virtual std::chrono::nanoseconds TimeResolution() const = 0;
+  /// How many lanes at a time serve a deploy best when nobody says.
+  virtual unsigned UsualLanes() const = 0;
+  /// Resolves directories: relative ones below the profile's path, others from the root of the
+  /// file system; those that begin with "~/" in the user's home directory. "/" delimits.
+  virtual std::vector<TRemoteDirectory> Resolve(std::span<const std::string> directories) = 0;
+  virtual std::vector<TRemoteStatus> Examine(std::span<const TRemoteName> names) = 0;
+  /// Makes resolved directories, those above them first; the reason for each that failed, else an
+  /// empty text.
+  virtual std::vector<std::string> MakeDirectories(std::span<const std::string> directories) = 0;
+  /// Removes what a deploy left unfinished in the directories of these files, unless another one
+  /// is writing it or sending one of the files can go on from there.
+  virtual void RemoveUnfinished(std::span<const TSendRequest> files) = 0;
+  /// Sends each file under a name of its own beside the final one, gives it time and rights and
+  /// puts it in place when it is whole. A file that changes meanwhile is not put in place.
+  virtual void Send(ISendJob& job) = 0;
+  /// True where the content is the same.
+  virtual std::vector<bool> HaveSameContent(std::span<const TSendRequest> files) = 0;
+  /// Gives a file that is in place a time stamp; the reason when that failed.
+  virtual std::string SetTime(const TRemoteName& name, deployment::TFileTime time) = 0;
+  /// Removes a file; the reason when that failed.
+  virtual std::string Remove(const TRemoteName& name) = 0;
+  /// Runs a command line in a resolved directory and hands over the lines that it prints; the
+  /// reason when it failed. A run that is cancelled ends the command.
+  virtual std::string RunCommand(const std::string& command, const std::string& directory,
+                                 const THearLine& hear, const std::atomic<int>& cancelled) = 0;
+};
+
+/// Opens lanes. Used by several threads.
+using TConnect = std::function<std::shared_ptr<IRemoteConnection>()>;
+
+} // namespace workbench

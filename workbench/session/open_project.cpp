@@ -1,0 +1,224 @@
+#include "workbench/session/open_project.h"
+
+#include "package/common/convert.h"
+#include "package/common/path_text.h"
+#include "workbench/files/file_backup.h"
+#include "workbench/files/file_reader.h"
+#include "workbench/files/file_saver.h"
+#include "workbench/files/machine_path.h"
+#include "workbench/project/project_identity.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace workbench {
+namespace {
+
+std::filesystem::path FullPath(const std::filesystem::path& file) {
+  if (file.empty())
+    throw deployment::TInputError("the name of the project file is empty");
+  // Stored paths take "\" for a delimiter, so such a project could not be told from another one.
+  if (file.string().find('\\') != std::string::npos)
+    throw deployment::TInputError(
+        "the path holds a \"\\\", which this program takes for a path delimiter",
+        {file.string(), 0});
+  return FullProjectPath(file);
+}
+
+// A file that was damaged since it was last saved here can be had back.
+[[noreturn]] void RethrowWithBackup(const deployment::TInputError& error,
+                                    const std::filesystem::path& file) {
+  const auto backup = NewestBackup(file);
+  if (!backup || !std::filesystem::exists(file) || std::filesystem::is_directory(file))
+    throw error;
+  throw deployment::TInputError(std::string(error.what()) +
+                                    " (the last content that was replaced here is kept as " +
+                                    backup->string() + ")",
+                                error.Place());
+}
+
+std::unique_ptr<TProjectDocument> ReadDocument(const std::filesystem::path& full,
+                                               const std::filesystem::path& given,
+                                               const std::string& section) {
+  try {
+    return std::make_unique<TProjectDocument>(given, section);
+  } catch (const deployment::TInputError& error) {
+    RethrowWithBackup(error, full);
+  }
+}
+
+} // namespace
+
+class TOpenProjectFile::TChangeListener final : public deployment::IProjectDeploymentNotifier {
+public:
+  void ItemChanged(deployment::IProjectDeploymentItem& /*item*/,
+                   deployment::TDeploymentItemAction /*action*/) override {
+    Changed = true;
+  }
+  void Loaded(std::string_view /*projectName*/) override {}
+  void Destroyed() override {}
+
+  bool Changed = false;
+};
+
+TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
+                                   const std::filesystem::path& file, TOpenPurpose purpose,
+                                   TNamedTexts properties)
+    : FServices(services), FGivenName(file), FListener(std::make_shared<TChangeListener>()) {
+  const std::filesystem::path full = FullPath(file);
+  // The kind of file is looked at before it is locked, since a lock opens it.
+  if (purpose == TOpenPurpose::Edit)
+    FLock.emplace(file);
+  TProjectFileStorage& storage = FServices.GetProjectFileStorage();
+  FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
+                                             platforms, FServices.GetSettings(),
+                                             std::move(properties));
+  FModule->SetDefaultProfile([&services](std::string_view platform) {
+    return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
+  });
+  FServices.GetModuleHandlerGauntlet().AttachHandlers(*FModule);
+  ReadVersion();
+  storage.ProjectLoaded(*FModule);
+  CollectNotes();
+  if (auto* deployment = FModule->GetProjectDeployment()) {
+    FWasEmpty = deployment->IsEmpty();
+    FListenerIndex = deployment->AddNotifier(FListener);
+  }
+}
+
+TOpenProjectFile::~TOpenProjectFile() {
+  if (FIsClosingAnnounced)
+    FServices.GetProjectEvents()->EvProjectClosing().Raise(*FModule);
+  if (FListenerIndex >= 0)
+    FModule->GetProjectDeployment()->RemoveNotifier(FListenerIndex);
+  FServices.GetProjectFileStorage().ProjectClosing(*FModule);
+}
+
+void TOpenProjectFile::ReadVersion() {
+  constexpr int CurrentVersion = 2;
+  TXmlElement* section =
+      FModule->Document().FindSection(FServices.GetProjectFileStorage().SectionName());
+  if (!section)
+    return;
+  const auto version = section->GetAttribute("Version");
+  FVersionRead = version ? deployment::TextToInteger(*version).value_or(0) : 0;
+  FWasUpgraded = FVersionRead < CurrentVersion && section->HasChildren();
+}
+
+// Questions about a target may bring up what those about others did not. A document that was read
+// anew after a save brings up the same once more.
+void TOpenProjectFile::CollectNotes() const {
+  const TEvaluationNotes& notes = FModule->Settings().Notes();
+  const auto isTold = [this](const TEvaluationNote& note) {
+    return std::ranges::any_of(FWarnings, [&](const TWarning& warning) {
+      return warning.Text == note.Text && warning.File == note.Place.File &&
+             warning.Line == note.Place.Line;
+    });
+  };
+  if (FNotesTaken > notes.size())
+    FNotesTaken = 0;
+  for (; FNotesTaken < notes.size(); ++FNotesTaken) {
+    const TEvaluationNote& note = notes[FNotesTaken];
+    if (!isTold(note))
+      FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
+  }
+}
+
+const std::vector<TWarning>& TOpenProjectFile::Warnings() const {
+  CollectNotes();
+  for (TWarning& warning : FServices.GetMessageServices().TakeWarnings())
+    FWarnings.push_back(std::move(warning));
+  return FWarnings;
+}
+
+deployment::IProjectDeployment& TOpenProjectFile::Deployment() {
+  auto* deployment = FModule->GetProjectDeployment();
+  if (!deployment)
+    throw deployment::TInputError("the project carries no deployment", {FGivenName.string(), 0});
+  return *deployment;
+}
+
+bool TOpenProjectFile::HasPropertyChanges() const {
+  return FModule->Document().HasPropertyChanges();
+}
+
+bool TOpenProjectFile::HasChanges() const {
+  const auto* deployment = FModule->GetProjectDeployment();
+  return FMarkedChanged || FListener->Changed || HasPropertyChanges() ||
+         (FWasEmpty && deployment && !deployment->IsEmpty());
+}
+
+bool TOpenProjectFile::IsChangedOnDisk() const {
+  try {
+    return !FModule->IsText(ReadWholeFile(FGivenName).Text());
+  } catch (const deployment::TInputError&) {
+    return true; // gone, or no file any more
+  }
+}
+
+TSaveReport TOpenProjectFile::Save(bool force) {
+  TSaveReport report;
+  if (!HasChanges())
+    return report;
+  const bool written = SaveProjectFile(force);
+  try {
+    report = Export();
+  } catch (const deployment::TInputError& error) {
+    throw TSaveError("the project is saved, but not its side file: " + error.Place().File + ": " +
+                         error.what(),
+                     FGivenName);
+  }
+  report.ProjectWritten = written;
+  return report;
+}
+
+bool TOpenProjectFile::Write(std::unique_ptr<TTextPieces> pieces, bool force) {
+  TSaveRequest request;
+  request.Target = FGivenName;
+  request.Content = pieces->Pieces();
+  request.Expected = FModule->Document().Bytes();
+  request.Force = force;
+  request.Lock = FLock ? &*FLock : nullptr;
+  TSaveOutcome outcome = SaveFile(request);
+  for (std::string& warning : outcome.Warnings)
+    FWarnings.push_back({std::move(warning), FGivenName.string(), 0});
+  FModule->DocumentWasSaved(std::move(pieces));
+  return outcome.Written;
+}
+
+bool TOpenProjectFile::AssignProfile(std::string_view platform, std::string_view profile,
+                                     bool force) {
+  std::vector<std::string> platforms;
+  for (const TProjectPlatform& known : FModule->Settings().Platforms())
+    platforms.push_back(known.Name);
+  FModule->Document().SetTargetProfile(platform, profile, platforms);
+  auto pieces = FModule->Document().ComposeEdits();
+  return pieces && Write(std::move(pieces), force);
+}
+
+bool TOpenProjectFile::SaveProjectFile(bool force) {
+  bool written = false;
+  try {
+    // Brings the default classes and the import line, which belong into this save already.
+    Deployment().GetFiles();
+    auto pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
+    written = pieces && Write(std::move(pieces), force);
+  } catch (const deployment::TInputError& error) {
+    throw TSaveError(std::string("the project was not saved: ") + error.what(), FGivenName);
+  }
+  FListener->Changed = false;
+  FMarkedChanged = false;
+  FWasEmpty = false;
+  return written;
+}
+
+TSaveReport TOpenProjectFile::Export() {
+  TSaveReport report;
+  Deployment().SaveToDeployProj();
+  report.SideFile = FGivenName;
+  report.SideFile.replace_extension(".deployproj");
+  report.SideFileWritten = FServices.GetProjectFileUtils().LastDocumentWasWritten();
+  return report;
+}
+
+} // namespace workbench

@@ -1,0 +1,189 @@
+#include "workbench/session/session.h"
+
+#include "package/host/api/deploymentapi.h"
+#include "workbench/files/file_reader.h"
+#include "workbench/files/file_saver.h"
+#include "workbench/project/project_identity.h"
+#include "workbench/services/app_strings.h"
+#include "workbench/services/ide_services.h"
+#include "workbench/session/open_project.h"
+#include "workbench/session/package_loader.h"
+
+#include <algorithm>
+#include <exception>
+#include <list>
+#include <utility>
+
+namespace workbench {
+namespace {
+
+constexpr std::string_view EmptyProject =
+    "<Project xmlns=\"http://schemas.microsoft.com/developer/msbuild/2003\"/>";
+
+// A root without a table of its own has the platforms that everybody has.
+TPlatformTable ReadPlatforms(const std::filesystem::path& root) {
+  const std::filesystem::path file = root / "ObjRepos" / "Deploy" / "platforms.xml";
+  std::error_code ignored;
+  if (!std::filesystem::exists(file, ignored))
+    return TPlatformTable::BuiltIn();
+  TXmlReader reader(
+      [&file](const TReserveMemory& reserve) {
+        return ReadWholeFileInto(file, reserve, MaximumFileSize, "platform table");
+      },
+      file.string());
+  return TPlatformTable::FromXml(reader.Root());
+}
+
+void CopyAttributes(const deployment::IXMLNode& from, deployment::IXMLNode& to) {
+  for (std::size_t i = 0; i < from.AttributeCount(); ++i)
+    to.SetAttribute(from.AttributeName(i), *from.GetAttribute(from.AttributeName(i)));
+}
+
+} // namespace
+
+struct TSession::TImpl {
+  explicit TImpl(const TSessionOptions& options)
+      : Root(FindRoot(options.Root)), Properties(options.Properties), Platforms(ReadPlatforms(Root)),
+        Services(Root, Platforms, UserSettingsFile()), Package(Services) {}
+
+  // Destroyed from below: projects go before the package, the package before the services.
+  std::filesystem::path Root;
+  TNamedTexts Properties;
+  TPlatformTable Platforms;
+  TIDEServices Services;
+  TPackageLoader Package;
+  std::unique_ptr<TProjectModule> Scratch; // carries the classes that ship with the workbench
+  std::list<std::unique_ptr<TOpenProjectFile>> Projects;
+
+  auto Find(const TOpenProject& project) {
+    return std::ranges::find(Projects, &project,
+                             [](const auto& open) -> const TOpenProject* { return open.get(); });
+  }
+
+  // The other project whose view goes by the name of this one; null for none.
+  TOpenProjectFile* ShownInsteadOf(const TOpenProject& project) {
+    const auto found = std::ranges::find_if(Projects, [&project](const auto& open) {
+      return open.get() != &project && open->IsShown() &&
+             IsSameProject(open->GivenFileName(), project.GivenFileName());
+    });
+    return found == Projects.end() ? nullptr : found->get();
+  }
+};
+
+TSession::TSession(const TSessionOptions& options) : FImpl(std::make_unique<TImpl>(options)) {
+  try {
+    FImpl->Package.Package().Start();
+    FImpl->Package.Package().IDERegister();
+    FImpl->Services.GetEvents().MainFormCreated().Raise();
+  } catch (const std::exception& error) {
+    // The package goes with this object, and its own error with it.
+    throw deployment::TInputError(std::string("the package could not be started: ") + error.what());
+  }
+}
+
+TSession::~TSession() {
+  FImpl->Projects.clear();
+  FImpl->Services.GetEditorViewServices()->CloseAll();
+  FImpl->Scratch.reset();
+  FImpl->Package.Package().Stop();
+}
+
+TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose purpose) {
+  FImpl->Projects.push_back(
+      std::make_unique<TOpenProjectFile>(FImpl->Services, FImpl->Platforms, file, purpose,
+                                         FImpl->Properties));
+  return *FImpl->Projects.back();
+}
+
+// Views close when they hear of a project of their name, which would be the view of another one.
+void TSession::Close(TOpenProject& project) {
+  const auto found = FImpl->Find(project);
+  if (found == FImpl->Projects.end())
+    return;
+  if (FImpl->ShownInsteadOf(project))
+    (*found)->CloseInSilence();
+  FImpl->Projects.erase(found);
+}
+
+TOpenProject* TSession::FindOpen(const std::filesystem::path& file) {
+  const auto found = std::ranges::find_if(FImpl->Projects, [&file](const auto& open) {
+    return IsSameProject(open->GivenFileName(), file);
+  });
+  return found == FImpl->Projects.end() ? nullptr : found->get();
+}
+
+void TSession::Create(const std::filesystem::path& file, std::string_view projectText) {
+  TIDEServices& services = FImpl->Services;
+  const std::string section = services.GetProjectFileStorage().SectionName();
+  TProjectModule module(std::filesystem::absolute(file),
+                        std::make_unique<TProjectDocument>(projectText, file.string(), section),
+                        FImpl->Platforms, services.GetSettings());
+  services.GetModuleHandlerGauntlet().AttachHandlers(module);
+  services.GetProjectFileStorage().CreatingProject(module);
+  const auto pieces = module.Document().Compose([&](deployment::IXMLNode& node) {
+    if (TXmlElement* created = module.Document().FindSection(section))
+      CopyAttributes(*created, node);
+  });
+  TSaveRequest request;
+  request.Target = file;
+  const std::vector<std::string_view> unchanged{projectText};
+  request.Content = pieces ? std::span<const std::string_view>(pieces->Pieces()) : unchanged;
+  SaveFile(request);
+}
+
+void TSession::SetEditorArea(IEditorArea* area) {
+  FImpl->Services.GetEditorViewServices()->SetEditorArea(area);
+}
+
+void TSession::CloseViews() {
+  FImpl->Services.GetEditorViewServices()->CloseAll();
+}
+
+void TSession::ShowDeployment(TOpenProject& project) {
+  auto* service = FImpl->Services.GetExtensions()->DeploymentService();
+  if (!service)
+    throw deployment::TInputError("the package offers no Deployment Manager");
+  if (const TOpenProjectFile* shown = FImpl->ShownInsteadOf(project))
+    throw deployment::TInputError("the project is shown already, as " +
+                                      shown->GivenFileName().string(),
+                                  {project.GivenFileName().string(), 0});
+  service->DeployManagerProject(project.SharedProject());
+  (*FImpl->Find(project))->SetShown();
+}
+
+void TSession::SetModalForms(deployment::IModalForms* forms) {
+  FImpl->Services.SetModalForms(forms);
+}
+
+const TPlatformTable& TSession::Platforms() const {
+  return FImpl->Platforms;
+}
+
+TRemoteProfileServices& TSession::RemoteProfiles() {
+  return *FImpl->Services.GetRemoteProfileServices();
+}
+
+TSettings& TSession::Settings() {
+  return FImpl->Services.GetSettings();
+}
+
+const std::filesystem::path& TSession::Root() const {
+  return FImpl->Root;
+}
+
+std::vector<std::shared_ptr<deployment::IProjectDeploymentClass>> TSession::ShippedClasses() {
+  if (!FImpl->Scratch) {
+    TIDEServices& services = FImpl->Services;
+    auto scratch = std::make_unique<TProjectModule>(
+        std::filesystem::path(),
+        std::make_unique<TProjectDocument>(EmptyProject, std::string(),
+                                           services.GetProjectFileStorage().SectionName()),
+        FImpl->Platforms, services.GetSettings());
+    services.GetModuleHandlerGauntlet().AttachHandlers(*scratch);
+    scratch->GetProjectDeployment()->GetFiles();
+    FImpl->Scratch = std::move(scratch);
+  }
+  return FImpl->Scratch->GetProjectDeployment()->GetClasses();
+}
+
+} // namespace workbench

@@ -1,0 +1,29 @@
+// The commands of projects that the user said yes to. They stand among the user's settings, so that
+// no project can bring a yes of its own.
+#pragma once
+
+#include "workbench/settings/settings_store.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+/// A yes, as it is kept.
+struct TCommandConsent {
+  std::string Key;     ///< of the setting
+  std::string Project; ///< full path of the project file
+  std::vector<std::string> Commands;
+};
+
+/// True when the user said yes to exactly these commands, in this order, of the project before.
+bool IsAllowed(const TSettings& settings, const std::filesystem::path& project,
+               const std::vector<std::string>& commands);
+/// Keeps the user's yes; it takes the place of an earlier one. Throws as TSettings::Set does.
+void Allow(TSettings& settings, const std::filesystem::path& project,
+           const std::vector<std::string>& commands);
+/// Every yes that is kept, by project. One whose text was damaged by hand has no commands.
+std::vector<TCommandConsent> ListConsents(const TSettings& settings);
+
+} // namespace workbench
