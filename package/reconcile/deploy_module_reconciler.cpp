@@ -77,12 +77,12 @@ TReconcileResult TDeployModuleReconciler::Reconcile() {
     RecordGate(BaseConfiguration, TReasonCause::Empty);
     return TReconcileResult::Reconciled;
   }
-  if (const std::string nothing = FTarget.Project().GetNothingToDeploy(FTarget.Configuration(),
-                                                                       FTarget.Platform());
+  if (const std::string nothing =
+          FTarget.Project().GetNothingToDeploy(FTarget.Configuration(), FTarget.Platform());
       !nothing.empty()) {
     RecordGate(nothing, TReasonCause::NothingBuilt);
-    FTarget.Services().GetMessageServices().AddWarning(
-        nothing, {FTarget.Project().GetProjectFileName(), 0});
+    FTarget.Services().GetMessageServices().AddWarning(nothing,
+                                                       {FTarget.Project().GetProjectFileName(), 0});
     return TReconcileResult::CannotReconcile;
   }
   const TModifiedFlagKeeper keeper(FTarget.Project());

@@ -44,9 +44,8 @@ void TModuleSearch::AddPlaces(std::string_view list) {
     if (directory.empty())
       continue;
     std::string place = WithTrailingDelimiter(directory);
-    std::string expanded =
-        target.Services().GetMacroUtils().ExpandRootMacro(place, target.Project(),
-                                                         target.Configuration(), FPlatform);
+    std::string expanded = target.Services().GetMacroUtils().ExpandRootMacro(
+        place, target.Project(), target.Configuration(), FPlatform);
     FPlaces.push_back({std::move(place), std::move(expanded)});
   }
 }
@@ -80,9 +79,8 @@ std::string TModuleSearch::Search(std::string_view moduleName) const {
   const IFileUtils& files = FTarget.Services().GetFileUtils();
   if (IsAbsolutePath(moduleName) && files.FileExists(moduleName))
     return std::string(moduleName);
-  const std::string name =
-      FTarget.Services().GetMacroUtils().ExpandRootMacro(moduleName, FTarget.Project(),
-                                                          FTarget.Configuration(), FPlatform);
+  const std::string name = FTarget.Services().GetMacroUtils().ExpandRootMacro(
+      moduleName, FTarget.Project(), FTarget.Configuration(), FPlatform);
   for (const TPlace& place : FPlaces) {
     // A relative place is seen from the project, as stored names are.
     const std::string path =

@@ -154,7 +154,8 @@ std::vector<TDefaultEntry> TPackageStep::WantedSymbols(const TDeploymentFiles& p
   }
   const ISymbolService* service = FTarget.SymbolService();
   const std::string extension =
-      service ? service->GetDebugSymbolExtension(FTarget.Project(), FTarget.Platform()) : std::string();
+      service ? service->GetDebugSymbolExtension(FTarget.Project(), FTarget.Platform())
+              : std::string();
   for (const auto& package : packages) {
     TEntryReason reason{TReconcileStep::Packages, TReasonSource::SymbolService,
                         package->GetLocalName(), extension};

@@ -22,7 +22,9 @@ TReasonCause WhyNoOSXDefaults(const TReconcileTarget& target) {
   IPlatformOptions* options = target.Project().GetPlatformOptions();
   if (!options)
     return TReasonCause::ServiceMissing;
-  return options->GetOSXKind(target.Configuration(), target.Platform()) == OSXBundleKind ? TReasonCause::None : TReasonCause::WrongKind;
+  return options->GetOSXKind(target.Configuration(), target.Platform()) == OSXBundleKind
+             ? TReasonCause::None
+             : TReasonCause::WrongKind;
 }
 
 TReasonCause WhyNoMobileDefaults(const TReconcileTarget& target, bool isPlatform) {
@@ -79,7 +81,8 @@ void ReconcileDebugSymbols(TReconcileContext& context,
   const ISymbolService* service = target.SymbolService();
   const bool needed = target.NeedsRemoteDebugSymbolsFile();
   const std::string extension =
-      needed && service ? service->GetDebugSymbolExtension(target.Project(), target.Platform()) : std::string();
+      needed && service ? service->GetDebugSymbolExtension(target.Project(), target.Platform())
+                        : std::string();
   if (needed)
     reason = {TReconcileStep::DebugSymbols, TReasonSource::SymbolService, target.Platform(),
               extension, service ? TReasonCause::Empty : TReasonCause::ServiceMissing};

@@ -123,8 +123,7 @@ public:
                             std::string_view /*platform*/) const override {
     return OutputKind.empty() ? ApplicationType : OutputKind;
   }
-  std::vector<std::string> GetCompleteFileList(std::string_view,
-                                               std::string_view) const override {
+  std::vector<std::string> GetCompleteFileList(std::string_view, std::string_view) const override {
     return ProjectFiles;
   }
   bool GetModified() const override { return Modified; }

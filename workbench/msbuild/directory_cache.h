@@ -42,8 +42,8 @@ private:
   };
   using TNames = std::unordered_map<std::string, std::string>; // by upper case
 
-  bool Collect(const std::filesystem::path& directory, const TFoundFile& prefix,
-               std::size_t levels, std::vector<TFoundFile>& files);
+  bool Collect(const std::filesystem::path& directory, const TFoundFile& prefix, std::size_t levels,
+               std::vector<TFoundFile>& files);
   const TNames& NamesIn(const std::filesystem::path& directory);
 
   std::map<std::filesystem::path, TWalk> FWalks;

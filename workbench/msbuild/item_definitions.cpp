@@ -20,9 +20,8 @@ std::string_view Trim(std::string_view text) {
 } // namespace
 
 const TDefinedValue* TItemDefinition::Find(std::string_view name) const {
-  const auto found = std::ranges::find_if(FValues, [&](const TDefinedValue& value) {
-    return deployment::SameText(value.Name, name);
-  });
+  const auto found = std::ranges::find_if(
+      FValues, [&](const TDefinedValue& value) { return deployment::SameText(value.Name, name); });
   return found == FValues.end() ? nullptr : &*found;
 }
 
@@ -49,9 +48,8 @@ std::string TItemDefinition::WithPresentValues(std::string_view text, std::strin
         unknown = present->Unknown;
     }
     if (result.size() > LongestValue)
-      throw deployment::TInputError("the value of \"" + std::string(node.NodeName()) +
-                                        "\" grows too long",
-                                    node.Place());
+      throw deployment::TInputError(
+          "the value of \"" + std::string(node.NodeName()) + "\" grows too long", node.Place());
     text.remove_prefix(end + 1);
   }
 }
@@ -63,8 +61,7 @@ void TItemDefinition::Add(deployment::IXMLNode& element, const TPropertyTable& p
     if (!condition.Holds && !condition.Unknown)
       continue;
     TUnknown unknown = doubt ? doubt : condition.Unknown;
-    const std::string text =
-        WithPresentValues(child->Text(), element.NodeName(), *child, unknown);
+    const std::string text = WithPresentValues(child->Text(), element.NodeName(), *child, unknown);
     TExpanded value = properties.Expand(text, *child);
     if (!unknown)
       unknown = std::move(value.Unknown);

@@ -21,7 +21,7 @@ public:
 
 /// Whether a condition holds, as far as it can be known.
 struct TConditionResult {
-  bool Holds = false;  ///< false where it is not known
+  bool Holds = false; ///< false where it is not known
   TUnknown Unknown{}; ///< set where it is not known
 };
 

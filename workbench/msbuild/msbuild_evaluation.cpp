@@ -114,8 +114,6 @@ TMSBuildEvaluation::TMSBuildEvaluation(const TEvaluationSource& source, const TN
 void TMSBuildEvaluation::SetUpProperties(const TEvaluationSource& source,
                                          const TNamedTexts& globals) {
   const fs::path directory = FProjectFile.parent_path();
-  for (const auto& [name, text] : source.Defaults)
-    FProperties.SetDefault(name, text);
   FProperties.SetPlace(directory, source.Environment);
   if (FBuildSystem) {
     for (const std::string_view name : FBuildSystem->UnknownProperties())
@@ -136,7 +134,7 @@ void TMSBuildEvaluation::SetUpProperties(const TEvaluationSource& source,
 }
 
 TExpanded TMSBuildEvaluation::Value(std::string_view name) const {
-  return FProperties.PlainValue(name, FRoot);
+  return FProperties.PlainValue(name);
 }
 
 deployment::TErrorPlace TMSBuildEvaluation::PropertyPlace(std::string_view name) const {
@@ -162,7 +160,7 @@ std::optional<TDefinedValue> TMSBuildEvaluation::Definition(std::string_view typ
       if (!groupHolds)
         groupHolds = Holds(*group.Node, directory);
       const TConditionResult condition = Holds(*child, directory);
-      const TUnknown doubt = group.Doubt          ? group.Doubt
+      const TUnknown doubt = group.Doubt           ? group.Doubt
                              : groupHolds->Unknown ? groupHolds->Unknown
                                                    : condition.Unknown;
       if ((groupHolds->Holds || groupHolds->Unknown) && (condition.Holds || condition.Unknown))
@@ -363,8 +361,8 @@ bool TMSBuildEvaluation::ImportStandIn(std::string_view name) {
 }
 
 void TMSBuildEvaluation::ImportMissingStandIns() {
-  for (const std::string_view name : FBuildSystem ? FBuildSystem->Names()
-                                                  : std::vector<std::string_view>())
+  for (const std::string_view name :
+       FBuildSystem ? FBuildSystem->Names() : std::vector<std::string_view>())
     ImportStandIn(name);
 }
 
@@ -399,9 +397,8 @@ void TMSBuildEvaluation::EvaluateImported(deployment::IXMLDocument& document, co
                                       " levels",
                                   import.Place());
   if (++FImportCount > MostImports)
-    throw deployment::TInputError("the project imports more than " + std::to_string(MostImports) +
-                                      " files",
-                                  import.Place());
+    throw deployment::TInputError(
+        "the project imports more than " + std::to_string(MostImports) + " files", import.Place());
   FRealFiles.insert(RealPath(file));
   IXMLNode& root = document.DocumentElement();
   if (root.NodeName() != "Project")
@@ -450,8 +447,8 @@ TConditionResult TMSBuildEvaluation::Holds(const IXMLNode& node, const fs::path&
         EvaluateCondition(*condition, TElementContext(FProperties, node, directory), {});
     if (result.Unknown) {
       TUnknownValue doubt = *result.Unknown;
-      doubt.Reason = "the condition of \"" + std::string(node.NodeName()) + "\" is not known: " +
-                     UnknownSentence(*result.Unknown);
+      doubt.Reason = "the condition of \"" + std::string(node.NodeName()) +
+                     "\" is not known: " + UnknownSentence(*result.Unknown);
       doubt.Property.clear();
       doubt.IsMistake = false;
       doubt.Node = &node;

@@ -28,11 +28,10 @@ struct TEvaluationSource {
   deployment::IXMLNode* Root = nullptr; ///< the project's root element
   std::filesystem::path ProjectFile;    ///< absolute
   ILoadImports* Imports = nullptr;
-  TNamedTexts Environment; ///< initial properties
-  TNamedTexts Told;        ///< initial properties that the build system tells, over the environment
-  TNamedTexts Defaults;    ///< what unset properties count as; may refer to other properties
-  IBuildSystemFiles* BuildSystem = nullptr;  ///< null: every file is looked for on this machine
-  TDirectoryCache* Directories = nullptr;    ///< null: the evaluation looks for itself
+  TNamedTexts Environment = {}; ///< initial properties
+  TNamedTexts Told = {}; ///< initial properties that the build system tells, over the environment
+  IBuildSystemFiles* BuildSystem = nullptr; ///< null: every file is looked for on this machine
+  TDirectoryCache* Directories = nullptr;   ///< null: the evaluation looks for itself
   std::filesystem::path GeneratedFile = {}; ///< an import that is skipped when it cannot be read
   bool ImportsBuildSystem = false; ///< a project that imports none of its files counts as if it did
 };
@@ -116,8 +115,8 @@ private:
   std::set<std::filesystem::path> FRealFiles; // the same with links resolved
   std::vector<std::shared_ptr<deployment::IXMLDocument>> FDocuments;
   const std::filesystem::path* FFile = nullptr; // the file at hand
-  TUnknown FDoubt; // about whether what is at hand counts
-  std::set<std::string> FBuildSystemImports; // names of the build system's files, upper case
+  TUnknown FDoubt;                              // about whether what is at hand counts
+  std::set<std::string> FBuildSystemImports;    // names of the build system's files, upper case
   std::size_t FImportCount = 0;
   unsigned FImportDepth = 0;
   unsigned FChooseDepth = 0;

@@ -56,10 +56,6 @@ void TPropertyTable::SetInitial(std::string_view name, std::string_view text) {
   Store(name, {std::move(value), TSource::Initial});
 }
 
-void TPropertyTable::SetDefault(std::string_view name, std::string_view text) {
-  FDefaults.insert_or_assign(std::string(name), std::string(text));
-}
-
 void TPropertyTable::SetOfBuildSystem(std::string_view name) {
   Store(name, {{},
                TSource::Initial,
@@ -94,8 +90,9 @@ TPropertyTable::TAssignment TPropertyTable::Assign(std::string_view name, TExpan
   if (found != FProperties.end() && found->second.Source == TSource::Global)
     return TAssignment::IsGlobal;
   if (doubt) {
-    const TExpanded present = PlainValue(name, node);
-    if (!present.Unknown && !value.Unknown && present.Text == UnescapeMSBuild(value.Text))
+    // What is not known already keeps its first reason.
+    const TExpanded present = PlainValue(name);
+    if (present.Unknown || (!value.Unknown && present.Text == UnescapeMSBuild(value.Text)))
       return TAssignment::Done;
     value = {{}, doubt};
   }
@@ -145,7 +142,7 @@ TExpanded TPropertyTable::Expand(std::string_view text, const deployment::IXMLNo
 void TPropertyTable::AppendReference(TExpanded& expanded, std::string_view body,
                                      const deployment::IXMLNode& node, unsigned depth) const {
   if (IsPropertyName(body)) {
-    AppendValue(expanded, body, node, depth);
+    AppendValue(expanded, body);
     return;
   }
   TExpanded value = TReferenceReader(*this, body, node, depth).Read();
@@ -162,24 +159,18 @@ TExpanded TPropertyTable::ExpandPlain(std::string_view text,
   return expanded;
 }
 
-void TPropertyTable::AppendValue(TExpanded& expanded, std::string_view name,
-                                 const deployment::IXMLNode& node, unsigned depth) const {
-  if (const auto found = FProperties.find(name); found != FProperties.end()) {
-    expanded.Text += found->second.Value;
-    if (!expanded.Unknown)
-      expanded.Unknown = found->second.Unknown;
-  } else if (const auto fallback = FDefaults.find(name); fallback != FDefaults.end()) {
-    TExpanded value = Expand(fallback->second, node, depth);
-    expanded.Text += value.Text;
-    if (!expanded.Unknown)
-      expanded.Unknown = std::move(value.Unknown);
-  }
+void TPropertyTable::AppendValue(TExpanded& expanded, std::string_view name) const {
+  const auto found = FProperties.find(name);
+  if (found == FProperties.end())
+    return;
+  expanded.Text += found->second.Value;
+  if (!expanded.Unknown)
+    expanded.Unknown = found->second.Unknown;
 }
 
-TExpanded TPropertyTable::PlainValue(std::string_view name,
-                                     const deployment::IXMLNode& node) const {
+TExpanded TPropertyTable::PlainValue(std::string_view name) const {
   TExpanded value;
-  AppendValue(value, name, node, 0);
+  AppendValue(value, name);
   value.Text = UnescapeMSBuild(value.Text);
   return value;
 }

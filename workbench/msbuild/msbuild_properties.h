@@ -30,9 +30,6 @@ public:
   void SetGlobal(std::string_view name, std::string_view text);
   /// A value that the project may replace; plain text.
   void SetInitial(std::string_view name, std::string_view text);
-  /// What a reference gets while nothing sets the property; expanded at each use. A default may
-  /// refer to other defaults, but not in a circle.
-  void SetDefault(std::string_view name, std::string_view text);
   /// A property that the build system sets to something that this machine cannot know. The project
   /// may assign it.
   void SetOfBuildSystem(std::string_view name);
@@ -54,8 +51,8 @@ public:
   /// Expand without escapes.
   TExpanded ExpandPlain(std::string_view text, const deployment::IXMLNode& node) const;
 
-  /// The plain text of a property, or of its default; empty when it has neither.
-  TExpanded PlainValue(std::string_view name, const deployment::IXMLNode& node) const;
+  /// The plain text of a property; empty when it is unset.
+  TExpanded PlainValue(std::string_view name) const;
   /// The element that assigned the present value; null when none did.
   const deployment::IXMLNode* AssignedBy(std::string_view name) const;
 
@@ -79,21 +76,18 @@ private:
       return deployment::SameText(left, right);
     }
   };
-  template <class TValue>
-  using TNames = std::unordered_map<std::string, TValue, THash, TSame>;
+  using TProperties = std::unordered_map<std::string, TProperty, THash, TSame>;
 
   friend class TReferenceReader;
 
   void Store(std::string_view name, TProperty property);
   TExpanded Expand(std::string_view text, const deployment::IXMLNode& node, unsigned depth) const;
-  void AppendReference(TExpanded& expanded, std::string_view body,
-                       const deployment::IXMLNode& node, unsigned depth) const;
-  void AppendValue(TExpanded& expanded, std::string_view name, const deployment::IXMLNode& node,
-                   unsigned depth) const;
+  void AppendReference(TExpanded& expanded, std::string_view body, const deployment::IXMLNode& node,
+                       unsigned depth) const;
+  void AppendValue(TExpanded& expanded, std::string_view name) const;
   void Spend(std::size_t bytes, std::string_view text, const deployment::IXMLNode& node) const;
 
-  TNames<TProperty> FProperties;
-  TNames<std::string> FDefaults;
+  TProperties FProperties;
   TFunctionContext FContext;
   mutable std::size_t FExpandedBytes = 0;
 };

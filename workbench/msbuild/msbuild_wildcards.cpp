@@ -172,8 +172,8 @@ std::vector<std::string> TWildcardPattern::Expand(const std::filesystem::path& d
   std::vector<std::string> names;
   if (FParts.empty())
     return names;
-  for (const TFoundFile& found : files.FilesBelow(ResolvePath(FFixedPart, directory),
-                                                  DeepestDirectory(), FText, place)) {
+  for (const TFoundFile& found :
+       files.FilesBelow(ResolvePath(FFixedPart, directory), DeepestDirectory(), FText, place)) {
     if (MatchesParts(found.Parts))
       names.push_back(FFixedPart + found.Name);
   }

@@ -48,7 +48,7 @@ void TReferenceReader::ReadStart() {
   if (Present() != '[') {
     if (FBody.substr(FNext).starts_with("Registry:"))
       return ReadRegistry();
-    TExpanded value = FProperties.PlainValue(ReadName(), FNode);
+    TExpanded value = FProperties.PlainValue(ReadName());
     FValue = std::move(value.Text);
     FUnknown = std::move(value.Unknown);
     return;
@@ -83,8 +83,7 @@ void TReferenceReader::ReadMembers() {
   }
 }
 
-void TReferenceReader::Call(std::string_view owner, std::string_view name,
-                            std::string_view shown) {
+void TReferenceReader::Call(std::string_view owner, std::string_view name, std::string_view shown) {
   std::vector<TPropertyValue> arguments;
   if (Present() == '(' || Present() == '[') {
     const char closing = Present() == '(' ? ')' : ']';

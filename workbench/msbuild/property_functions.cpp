@@ -9,7 +9,8 @@ const TPropertyFunction* FindPropertyFunction(std::string_view owner, std::strin
   const TPropertyFunction* near = nullptr;
   for (const auto part : {TextFunctions(), PathFunctions(), NumberFunctions()}) {
     for (const TPropertyFunction& function : part) {
-      if (!deployment::SameText(function.Name, name) || !deployment::SameText(function.Owner, owner))
+      if (!deployment::SameText(function.Name, name) ||
+          !deployment::SameText(function.Owner, owner))
         continue;
       if (arguments >= function.LeastArguments && arguments <= function.MostArguments)
         return &function;

@@ -145,17 +145,14 @@ constexpr std::array Table = std::to_array<TPropertyFunction>({
     {"System.Math", "Round", 1, 1,
      [](const TCall& call) -> TValue { return NumberValue(std::nearbyint(call.Number(0))); }},
     {"System.Math", "Max", 2, 2,
-     [](const TCall& call) -> TValue {
-       return NumberValue(std::max(call.Number(0), call.Number(1)));
-     }},
+     [](const TCall& call)
+         -> TValue { return NumberValue(std::max(call.Number(0), call.Number(1))); }},
     {"System.Math", "Min", 2, 2,
-     [](const TCall& call) -> TValue {
-       return NumberValue(std::min(call.Number(0), call.Number(1)));
-     }},
+     [](const TCall& call)
+         -> TValue { return NumberValue(std::min(call.Number(0), call.Number(1))); }},
     {"System.Math", "Pow", 2, 2,
-     [](const TCall& call) -> TValue {
-       return NumberValue(std::pow(call.Number(0), call.Number(1)));
-     }},
+     [](const TCall& call)
+         -> TValue { return NumberValue(std::pow(call.Number(0), call.Number(1))); }},
     {"System.Int32", "Parse", 1, 1, ParseWhole},
     {"System.Int64", "Parse", 1, 1, ParseWhole},
     {"System.UInt32", "Parse", 1, 1, ParseWhole},

@@ -87,9 +87,8 @@ std::string DirectoryAbove(const std::string& start, const std::string& file,
 }
 
 TValue PathOfFileAbove(const TCall& call) {
-  const std::string start = call.Has(1) && !call.Text(1).empty()
-                                ? call.Text(1)
-                                : call.Context.ThisDirectory.string();
+  const std::string start =
+      call.Has(1) && !call.Text(1).empty() ? call.Text(1) : call.Context.ThisDirectory.string();
   const std::string directory = DirectoryAbove(start, call.Text(0), call.Context);
   return directory.empty() ? directory : (fs::path(directory) / call.Text(0)).string();
 }
@@ -111,72 +110,71 @@ TValue PathRoot(const TCall& call) {
   return deployment::IsPathDelimiter(path.front()) ? path.substr(0, 1) : path.substr(0, 3);
 }
 
-constexpr std::array Table = std::to_array<TPropertyFunction>({
-    {"System.IO.Path", "Combine", 1, MostFunctionArguments,
-     [](const TCall& call) -> TValue { return Combined(call); }},
-    {"System.IO.Path", "GetFileName", 1, 1,
-     [](const TCall& call) -> TValue {
-       const std::string path = call.Text(0);
-       return std::string(deployment::FileNamePart(path));
-     }},
-    {"System.IO.Path", "GetFileNameWithoutExtension", 1, 1,
-     [](const TCall& call) -> TValue {
-       const std::string path = call.Text(0);
-       return WithoutExtension(deployment::FileNamePart(path));
-     }},
-    {"System.IO.Path", "GetDirectoryName", 1, 1,
-     [](const TCall& call) -> TValue {
-       const std::string path = call.Text(0);
-       return WithoutDelimiter(std::string(deployment::DirectoryPart(path)));
-     }},
-    {"System.IO.Path", "GetExtension", 1, 1,
-     [](const TCall& call) -> TValue {
-       const std::string path = call.Text(0);
-       return std::string(deployment::ExtensionPart(path));
-     }},
-    {"System.IO.Path", "HasExtension", 1, 1,
-     [](const TCall& call) -> TValue {
-       const std::string path = call.Text(0);
-       return !deployment::ExtensionPart(path).empty();
-     }},
-    {"System.IO.Path", "ChangeExtension", 2, 2,
-     [](const TCall& call) -> TValue {
-       const std::string path = call.Text(0);
-       const std::string extension = call.Text(1);
-       const bool dot = extension.empty() || extension.starts_with('.');
-       return WithoutExtension(path) + (dot ? "" : ".") + extension;
-     }},
-    {"System.IO.Path", "GetFullPath", 1, 2, FullPath},
-    {"System.IO.Path", "GetPathRoot", 1, 1, PathRoot},
-    {"System.IO.Path", "IsPathRooted", 1, 1,
-     [](const TCall& call) -> TValue { return deployment::IsAbsolutePath(call.Text(0)); }},
-    {"System.IO.Path", "DirectorySeparatorChar", 0, 0,
-     [](const TCall&) -> TValue { return std::string("\\"); }},
-    {"System.IO.Path", "AltDirectorySeparatorChar", 0, 0,
-     [](const TCall&) -> TValue { return std::string("/"); }},
-    {"System.IO.Path", "PathSeparator", 0, 0,
-     [](const TCall&) -> TValue { return std::string(";"); }},
-    {"System.IO.File", "Exists", 1, 1,
-     [](const TCall& call) -> TValue { return IsThere(call, fs::file_type::regular); }},
-    {"System.IO.Directory", "Exists", 1, 1,
-     [](const TCall& call) -> TValue { return IsThere(call, fs::file_type::directory); }},
-    {"MSBuild", "EnsureTrailingSlash", 1, 1,
-     [](const TCall& call) -> TValue { return WithDelimiter(call.Text(0)); }},
-    {"MSBuild", "NormalizePath", 1, MostFunctionArguments,
-     [](const TCall& call) -> TValue {
-       return Full(Combined(call), call.Context.ProjectDirectory);
-     }},
-    {"MSBuild", "NormalizeDirectory", 1, MostFunctionArguments,
-     [](const TCall& call) -> TValue {
-       return WithDelimiter(Full(Combined(call), call.Context.ProjectDirectory));
-     }},
-    {"MSBuild", "GetDirectoryNameOfFileAbove", 2, 2,
-     [](const TCall& call) -> TValue {
-       return DirectoryAbove(call.Text(0), call.Text(1), call.Context);
-     }},
-    {"MSBuild", "GetPathOfFileAbove", 1, 2, PathOfFileAbove},
-    {"MSBuild", "MakeRelative", 2, 2, MakeRelative},
-});
+constexpr std::array Table =
+    std::to_array<TPropertyFunction>({
+        {"System.IO.Path", "Combine", 1, MostFunctionArguments,
+         [](const TCall& call) -> TValue { return Combined(call); }},
+        {"System.IO.Path", "GetFileName", 1, 1,
+         [](const TCall& call) -> TValue {
+           const std::string path = call.Text(0);
+           return std::string(deployment::FileNamePart(path));
+         }},
+        {"System.IO.Path", "GetFileNameWithoutExtension", 1, 1,
+         [](const TCall& call) -> TValue {
+           const std::string path = call.Text(0);
+           return WithoutExtension(deployment::FileNamePart(path));
+         }},
+        {"System.IO.Path", "GetDirectoryName", 1, 1,
+         [](const TCall& call) -> TValue {
+           const std::string path = call.Text(0);
+           return WithoutDelimiter(std::string(deployment::DirectoryPart(path)));
+         }},
+        {"System.IO.Path", "GetExtension", 1, 1,
+         [](const TCall& call) -> TValue {
+           const std::string path = call.Text(0);
+           return std::string(deployment::ExtensionPart(path));
+         }},
+        {"System.IO.Path", "HasExtension", 1, 1,
+         [](const TCall& call) -> TValue {
+           const std::string path = call.Text(0);
+           return !deployment::ExtensionPart(path).empty();
+         }},
+        {"System.IO.Path", "ChangeExtension", 2, 2,
+         [](const TCall& call) -> TValue {
+           const std::string path = call.Text(0);
+           const std::string extension = call.Text(1);
+           const bool dot = extension.empty() || extension.starts_with('.');
+           return WithoutExtension(path) + (dot ? "" : ".") + extension;
+         }},
+        {"System.IO.Path", "GetFullPath", 1, 2, FullPath},
+        {"System.IO.Path", "GetPathRoot", 1, 1, PathRoot},
+        {"System.IO.Path", "IsPathRooted", 1, 1,
+         [](const TCall& call) -> TValue { return deployment::IsAbsolutePath(call.Text(0)); }},
+        {"System.IO.Path", "DirectorySeparatorChar", 0, 0,
+         [](const TCall&) -> TValue { return std::string("\\"); }},
+        {"System.IO.Path", "AltDirectorySeparatorChar", 0, 0,
+         [](const TCall&) -> TValue { return std::string("/"); }},
+        {"System.IO.Path", "PathSeparator", 0, 0,
+         [](const TCall&) -> TValue { return std::string(";"); }},
+        {"System.IO.File", "Exists", 1, 1,
+         [](const TCall& call) -> TValue { return IsThere(call, fs::file_type::regular); }},
+        {"System.IO.Directory", "Exists", 1, 1,
+         [](const TCall& call) -> TValue { return IsThere(call, fs::file_type::directory); }},
+        {"MSBuild", "EnsureTrailingSlash", 1, 1,
+         [](const TCall& call) -> TValue { return WithDelimiter(call.Text(0)); }},
+        {"MSBuild", "NormalizePath", 1, MostFunctionArguments,
+         [](const TCall& call)
+             -> TValue { return Full(Combined(call), call.Context.ProjectDirectory); }},
+        {"MSBuild", "NormalizeDirectory", 1, MostFunctionArguments,
+         [](const TCall& call) -> TValue {
+           return WithDelimiter(Full(Combined(call), call.Context.ProjectDirectory));
+         }},
+        {"MSBuild", "GetDirectoryNameOfFileAbove", 2, 2,
+         [](const TCall& call)
+             -> TValue { return DirectoryAbove(call.Text(0), call.Text(1), call.Context); }},
+        {"MSBuild", "GetPathOfFileAbove", 1, 2, PathOfFileAbove},
+        {"MSBuild", "MakeRelative", 2, 2, MakeRelative},
+    });
 
 } // namespace
 

@@ -82,8 +82,8 @@ TValue Substring(const TCall& call) {
 
 TValue IndexOf(const TCall& call) {
   const std::string text = Self(call);
-  const bool startGiven = call.Has(1) && call.Text(1).find_first_not_of("0123456789") ==
-                                             std::string::npos;
+  const bool startGiven =
+      call.Has(1) && call.Text(1).find_first_not_of("0123456789") == std::string::npos;
   const bool ignoreCase = IgnoresCase(call, startGiven ? 2 : 1);
   const std::size_t start = startGiven ? ByteOffset(text, call.Integer(1)) : 0;
   return Position(text, Folded(text, ignoreCase).find(Folded(call.Text(0), ignoreCase), start));
@@ -117,8 +117,7 @@ TValue EndsWith(const TCall& call) {
 
 TValue Contains(const TCall& call) {
   const bool ignoreCase = IgnoresCase(call, 1);
-  return Folded(Self(call), ignoreCase).find(Folded(call.Text(0), ignoreCase)) !=
-         std::string::npos;
+  return Folded(Self(call), ignoreCase).find(Folded(call.Text(0), ignoreCase)) != std::string::npos;
 }
 
 TValue EqualsText(const TCall& call) {

@@ -94,10 +94,9 @@ TBuildOutput TOwnDialect::Output(TMSBuildEvaluation& evaluation, const TPlatform
   output.Unknown = directory.Unknown ? directory.Unknown : name.Unknown;
   if (output.Unknown)
     return output;
-  const std::string fileName =
-      platform ? platform->GetOutputPrefix(output.Kind) + output.BaseName +
-                     platform->GetOutputExtension(output.Kind)
-               : output.BaseName;
+  const std::string fileName = platform ? platform->GetOutputPrefix(output.Kind) + output.BaseName +
+                                              platform->GetOutputExtension(output.Kind)
+                                        : output.BaseName;
   output.Path = deployment::Combine(directory.Text, fileName);
   return output;
 }

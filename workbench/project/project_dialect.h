@@ -1,4 +1,5 @@
-// Whose projects are read: what the files of one kind of build say about targets, outputs and files.
+// Whose projects are read: what the files of one kind of build say about targets, outputs and
+// files.
 #pragma once
 
 #include "workbench/msbuild/evaluation_note.h"
@@ -26,11 +27,11 @@ struct TProjectTarget {
 /// What a build of a target makes.
 struct TBuildOutput {
   std::string ApplicationType; ///< as the project names it, or the kind that follows
-  std::string Kind;            ///< of the platform table's rows; what stands in front of and behind BaseName
-  std::string BaseName;        ///< the name on a target, without what the kind adds
-  std::string Path;            ///< stored path seen from the project, or a full one; empty for none
-  std::string Nothing;         ///< why a build makes nothing to deploy, half a sentence; empty otherwise
-  TUnknown Unknown;            ///< set when Path is not known
+  std::string Kind; ///< of the platform table's rows; what stands in front of and behind BaseName
+  std::string BaseName; ///< the name on a target, without what the kind adds
+  std::string Path;     ///< stored path seen from the project, or a full one; empty for none
+  std::string Nothing;  ///< why a build makes nothing to deploy, half a sentence; empty otherwise
+  TUnknown Unknown;     ///< set when Path is not known
 };
 
 /// One kind of project. Used on one thread.

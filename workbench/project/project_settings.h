@@ -109,7 +109,8 @@ public:
   const std::vector<TProjectItem>& Items(std::string_view configuration,
                                          std::string_view platform) const;
   /// The evaluation behind the answers for a target; good until the next question.
-  TMSBuildEvaluation& EvaluationOf(std::string_view configuration, std::string_view platform) const {
+  TMSBuildEvaluation& EvaluationOf(std::string_view configuration,
+                                   std::string_view platform) const {
     return Evaluate(configuration, platform);
   }
 

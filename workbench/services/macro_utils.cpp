@@ -47,8 +47,7 @@ std::string TMacroUtils::ExpandRootMacro(std::string_view text, std::string_view
   return ExpandRoot(ExpandMacros(text, parameters));
 }
 
-std::string TMacroUtils::ExpandRootMacro(std::string_view text,
-                                         deployment::ICustomProject& project,
+std::string TMacroUtils::ExpandRootMacro(std::string_view text, deployment::ICustomProject& project,
                                          std::string_view configuration,
                                          std::string_view platform) const {
   return ExpandRoot(ReplaceVariables(text, [&](std::string_view name) {

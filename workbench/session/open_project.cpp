@@ -70,9 +70,9 @@ TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable&
   if (purpose == TOpenPurpose::Edit)
     FLock.emplace(file);
   TProjectFileStorage& storage = FServices.GetProjectFileStorage();
-  FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
-                                             platforms, FServices.GetSettings(),
-                                             std::move(properties));
+  FModule =
+      std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
+                                       platforms, FServices.GetSettings(), std::move(properties));
   FModule->SetDefaultProfile([&services](std::string_view platform) {
     return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
   });

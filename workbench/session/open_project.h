@@ -17,8 +17,7 @@ class TOpenProjectFile final : public TOpenProject {
 public:
   /// Reads the project and its deployment. Throws as TSession::Open does.
   TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
-                   const std::filesystem::path& file, TOpenPurpose purpose,
-                   TNamedTexts properties);
+                   const std::filesystem::path& file, TOpenPurpose purpose, TNamedTexts properties);
   ~TOpenProjectFile() override;
 
   const std::filesystem::path& GivenFileName() const override { return FGivenName; }

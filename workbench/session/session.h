@@ -24,7 +24,7 @@ class TSettings;
 
 /// What a session is made with.
 struct TSessionOptions {
-  std::filesystem::path Root; ///< from "--root"; empty: by environment, then the built-in place
+  std::filesystem::path Root;  ///< from "--root"; empty: by environment, then the built-in place
   TNamedTexts Properties = {}; ///< that every project is evaluated with, as a build would be given
 };
 

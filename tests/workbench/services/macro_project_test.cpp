@@ -31,8 +31,7 @@ public:
                             std::string_view /*platform*/) const override {
     return {};
   }
-  std::vector<std::string> GetCompleteFileList(std::string_view,
-                                               std::string_view) const override {
+  std::vector<std::string> GetCompleteFileList(std::string_view, std::string_view) const override {
     return {};
   }
   bool GetModified() const override { return false; }
@@ -59,10 +58,11 @@ public:
 TEST(MacroUtils, ExpandsTheMacrosThatAProjectHasForATarget) {
   const TMacroUtils macros("/opt/root");
   TProject project;
-  EXPECT_EQ(macros.ExpandRootMacro("$(ZELK)\\$(platform)\\$(Config)\\$(CONFIGURATION)\\x", project, "Release",
-                                   "Android"),
+  EXPECT_EQ(macros.ExpandRootMacro("$(ZELK)\\$(platform)\\$(Config)\\$(CONFIGURATION)\\x", project,
+                                   "Release", "Android"),
             "\\opt\\root\\Android\\Release\\Release\\x");
-  EXPECT_EQ(macros.ExpandRootMacro("$(OutputDir)\\$(Unknown)", project, "Release", "Android"), "out\\$(Unknown)");
+  EXPECT_EQ(macros.ExpandRootMacro("$(OutputDir)\\$(Unknown)", project, "Release", "Android"),
+            "out\\$(Unknown)");
 }
 
 } // namespace

@@ -95,9 +95,8 @@ TTarget ChooseTarget(TCommandContext& context, const TOpenProject& project) {
                                                        : options.Configuration;
   target.AllPlatforms = options.Platform == AllPlatformsArgument;
   if (!target.AllPlatforms)
-    target.Platform =
-        options.Platform.empty() ? project.Settings().ActivePlatform()
-                                 : PlatformOption(context, &project);
+    target.Platform = options.Platform.empty() ? project.Settings().ActivePlatform()
+                                               : PlatformOption(context, &project);
   WarnUnlessSetUp(context, project, target);
   return target;
 }

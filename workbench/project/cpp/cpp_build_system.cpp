@@ -81,8 +81,8 @@ std::shared_ptr<deployment::IXMLDocument> TCppBuildSystem::StandIn(std::string_v
       continue;
     std::shared_ptr<deployment::IXMLDocument>& document = FDocuments[std::string(standIn.Name)];
     if (!document)
-      document = std::make_shared<TTextDocument>(standIn.Text,
-                                                 "built-in " + std::string(standIn.Name));
+      document =
+          std::make_shared<TTextDocument>(standIn.Text, "built-in " + std::string(standIn.Name));
     return document;
   }
   return nullptr;

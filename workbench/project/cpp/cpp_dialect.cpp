@@ -62,7 +62,7 @@ bool HasPlatform(const TConfigurationRecord& record, std::string_view platform) 
 const TConfigurationRecord& DefaultRecord(const std::vector<TConfigurationRecord>& records) {
   const TConfigurationRecord* debug = FindRecord(records, "Debug");
   return debug && (HasPlatform(*debug, "Win32") || HasPlatform(*debug, Win64)) ? *debug
-                                                                             : records.front();
+                                                                               : records.front();
 }
 
 std::string DefaultPlatform(const TConfigurationRecord& record, std::string_view lastPlatform) {
@@ -201,10 +201,10 @@ bool TCppDialect::ReadLayout(TMSBuildEvaluation& evaluation, const TOutsidePrope
   if (name.empty()) {
     name = evaluation.Property("Config");
     if (!name.empty() && !FindRecord(layout.Configurations, name)) {
-      notes.push_back({TNoteKind::WrongConfiguration,
-                       "the project has no configuration \"" + name +
-                           "\", which its property \"Config\" names",
-                       evaluation.PropertyPlace("Config")});
+      notes.push_back(
+          {TNoteKind::WrongConfiguration,
+           "the project has no configuration \"" + name + "\", which its property \"Config\" names",
+           evaluation.PropertyPlace("Config")});
       name.clear();
     }
   }

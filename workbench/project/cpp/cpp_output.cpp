@@ -28,7 +28,7 @@ constexpr std::array<TKindRow, 5> Kinds{{
 }};
 
 constexpr std::array<std::string_view, 13> CompiledTypes = {
-    "ClCompile", "ClInclude", "ResourceCompile", "Compile",  "MASM",        "NASM", "YASM",
+    "ClCompile", "ClInclude", "ResourceCompile", "Compile",   "MASM",        "NASM",       "YASM",
     "MARMASM",   "Midl",      "Natvis",          "FxCompile", "CudaCompile", "ISPCCompile"};
 
 // Items that are no files to be shipped, whatever they say.
@@ -88,8 +88,8 @@ TShipped Ships(TMSBuildEvaluation& evaluation, const TProjectItem& item) {
   const TExpanded content = evaluation.Metadata(item, "DeploymentContent");
   const TExpanded copy = evaluation.Metadata(item, "CopyToOutputDirectory");
   const bool isContent = SameText(item.Type, "Content");
-  const bool copies = !copy.Text.empty() && !SameText(copy.Text, "Never") &&
-                      !SameText(copy.Text, "false");
+  const bool copies =
+      !copy.Text.empty() && !SameText(copy.Text, "Never") && !SameText(copy.Text, "false");
   const bool mayShip = isContent || IsTrue(content) || copies || content.Unknown || copy.Unknown;
   if (!mayShip || (!content.Unknown && SameText(content.Text, "false")))
     return {};

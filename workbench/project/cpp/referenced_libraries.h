@@ -11,8 +11,7 @@ namespace workbench {
 class TReferencedLibraries {
 public:
   /// All must outlive the object. Paths are made relative to the directory of `project`.
-  TReferencedLibraries(TCppDialect& dialect, std::filesystem::path project,
-                       TEvaluationNotes& notes)
+  TReferencedLibraries(TCppDialect& dialect, std::filesystem::path project, TEvaluationNotes& notes)
       : FDialect(dialect), FProject(std::move(project)), FNotes(notes) {}
 
   /// Stored paths seen from the project, each once, nearest references first.
