@@ -37,6 +37,8 @@ room(workbench/msbuild SEES ${FOUNDATION} workbench/files workbench/text workben
 room(workbench/platforms SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/project SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
   workbench/text workbench/xml)
+room(workbench/project/cpp SEES ${FOUNDATION} workbench/files workbench/msbuild
+  workbench/platforms workbench/project workbench/text workbench/xml)
 room(workbench/controls SEES ${FOUNDATION})
 room(workbench/list SEES ${FOUNDATION} workbench/json workbench/text)
 
@@ -56,10 +58,10 @@ room(workbench/deploy SEES ${FOUNDATION} workbench/files workbench/process workb
 
 room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/json workbench/text)
 room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files workbench/msbuild
-  workbench/platforms workbench/project workbench/remote/profile workbench/remote/target
-  workbench/settings workbench/text workbench/xml)
-room(workbench/session SEES ${FOUNDATION} workbench/files workbench/platforms workbench/project
-  workbench/services workbench/settings workbench/text)
+  workbench/platforms workbench/project workbench/project/cpp workbench/remote/profile
+  workbench/remote/target workbench/settings workbench/text workbench/xml)
+room(workbench/session SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
+  workbench/project workbench/services workbench/settings workbench/text)
 room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workbench/list
   workbench/session workbench/text)
 
@@ -76,7 +78,7 @@ room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/c
   workbench/list workbench/platforms workbench/project workbench/remote/profile
   workbench/remote/target workbench/services workbench/session workbench/settings workbench/text)
 room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
-  workbench/session workbench/text)
+  workbench/msbuild workbench/session workbench/text)
 room(workbench/askpass SEES workbench/remote/ssh)
 
 # deployment-manager, the window.

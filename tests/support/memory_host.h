@@ -180,7 +180,9 @@ class TMemoryMacroUtils : public IMacroUtils {
 public:
   std::string ExpandMacros(std::string_view text, std::string_view parameters) const override;
   std::string ExpandRootMacro(std::string_view text, std::string_view parameters) const override;
-  std::string ExpandRootMacro(std::string_view text, ICustomProject& project) const override;
+  std::string ExpandRootMacro(std::string_view text, ICustomProject& project,
+                              std::string_view configuration,
+                              std::string_view platform) const override;
 
   std::string Root = R"(C:\ide)";
 };

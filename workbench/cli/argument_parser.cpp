@@ -132,6 +132,9 @@ void AddCommonOptions(IOptions& app, TCommonOptions& options) {
   app.Flag("--json", options.Json, "Print one JSON document");
   app.Flag("--quiet", options.Quiet, "Print the document of --json and errors only; ask nothing");
   app.Flag("--no-color", options.NoColor, "Print without colours");
+  app.Texts("--property", options.Properties,
+            "Evaluate the project as a build that is given this property; repeatable")
+      .ValueName("NAME=VALUE");
   app.Text("--root", options.Root, "Directory that holds ObjRepos").ValueName("DIR");
 }
 
@@ -234,7 +237,7 @@ private:
 
   // Values that are given without being any, and those given on both sides of the command.
   void CheckValues(const CLI::App& chosen) {
-    for (const char* name : {"--config", "--platform", "--root"}) {
+    for (const char* name : {"--config", "--platform", "--root", "--property"}) {
       if (FApp.get_option(name)->count() > 0 && chosen.get_option(name)->count() > 0)
         throw TUsageError(std::string(name) + " is given twice");
     }

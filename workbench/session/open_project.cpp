@@ -8,6 +8,7 @@
 #include "workbench/files/machine_path.h"
 #include "workbench/project/project_identity.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace workbench {
@@ -61,22 +62,24 @@ public:
 };
 
 TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
-                                   const std::filesystem::path& file, TOpenPurpose purpose)
+                                   const std::filesystem::path& file, TOpenPurpose purpose,
+                                   TNamedTexts properties)
     : FServices(services), FGivenName(file), FListener(std::make_shared<TChangeListener>()) {
   const std::filesystem::path full = FullPath(file);
   // The kind of file is looked at before it is locked, since a lock opens it.
   if (purpose == TOpenPurpose::Edit)
     FLock.emplace(file);
   TProjectFileStorage& storage = FServices.GetProjectFileStorage();
-  FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
-                                             platforms, FServices.GetSettings());
+  FModule =
+      std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
+                                       platforms, FServices.GetSettings(), std::move(properties));
   FModule->SetDefaultProfile([&services](std::string_view platform) {
     return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
   });
   FServices.GetModuleHandlerGauntlet().AttachHandlers(*FModule);
   FLayoutRead = storage.SectionLayout(*FModule);
   storage.ProjectLoaded(*FModule);
-  CollectWarnings();
+  CollectNotes();
   if (auto* deployment = FModule->GetProjectDeployment()) {
     FWasEmpty = deployment->IsEmpty();
     FListenerIndex = deployment->AddNotifier(FListener);
@@ -91,15 +94,27 @@ TOpenProjectFile::~TOpenProjectFile() {
   FServices.GetProjectFileStorage().ProjectClosing(*FModule);
 }
 
-void TOpenProjectFile::CollectWarnings() {
-  for (const TEvaluationNote& note : FModule->Settings().Notes()) {
-    // Build tools of other machines are imported by nearly every foreign project.
-    if (note.Kind != TNoteKind::MissingImport)
+// Questions about a target may bring up what those about others did not. A document that was read
+// anew after a save brings up the same once more.
+void TOpenProjectFile::CollectNotes() const {
+  const TEvaluationNotes& notes = FModule->Settings().Notes();
+  const auto isTold = [this](const TEvaluationNote& note) {
+    return std::ranges::any_of(FWarnings, [&](const TWarning& warning) {
+      return warning.Text == note.Text && warning.File == note.Place.File &&
+             warning.Line == note.Place.Line;
+    });
+  };
+  if (FNotesTaken > notes.size())
+    FNotesTaken = 0;
+  for (; FNotesTaken < notes.size(); ++FNotesTaken) {
+    const TEvaluationNote& note = notes[FNotesTaken];
+    if (!isTold(note))
       FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
   }
 }
 
 const std::vector<TWarning>& TOpenProjectFile::Warnings() const {
+  CollectNotes();
   for (TWarning& warning : FServices.GetMessageServices().TakeWarnings())
     FWarnings.push_back(std::move(warning));
   return FWarnings;

@@ -17,7 +17,7 @@ class TOpenProjectFile final : public TOpenProject {
 public:
   /// Reads the project and its deployment. Throws as TSession::Open does.
   TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
-                   const std::filesystem::path& file, TOpenPurpose purpose);
+                   const std::filesystem::path& file, TOpenPurpose purpose, TNamedTexts properties);
   ~TOpenProjectFile() override;
 
   const std::filesystem::path& GivenFileName() const override { return FGivenName; }
@@ -47,7 +47,7 @@ private:
   class TChangeListener;
 
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
-  void CollectWarnings();
+  void CollectNotes() const;
 
   TIDEServices& FServices;
   const std::filesystem::path FGivenName;
@@ -60,6 +60,7 @@ private:
   bool FMarkedChanged = false;
   bool FIsShown = false;
   bool FIsClosingAnnounced = true;
+  mutable std::size_t FNotesTaken = 0;
   mutable std::vector<TWarning> FWarnings; // those that still wait are taken when asked for
 };
 

@@ -43,11 +43,13 @@ void CopyAttributes(const deployment::IXMLNode& from, deployment::IXMLNode& to) 
 
 struct TSession::TImpl {
   explicit TImpl(const TSessionOptions& options)
-      : Root(FindRoot(options.Root)), Platforms(ReadPlatforms(Root)),
-        Services(Root, Platforms, UserSettingsFile()), Package(Services) {}
+      : Root(FindRoot(options.Root)), Properties(options.Properties),
+        Platforms(ReadPlatforms(Root)), Services(Root, Platforms, UserSettingsFile()),
+        Package(Services) {}
 
   // Destroyed from below: projects go before the package, the package before the services.
   std::filesystem::path Root;
+  TNamedTexts Properties;
   TPlatformTable Platforms;
   TIDEServices Services;
   TPackageLoader Package;
@@ -88,8 +90,8 @@ TSession::~TSession() {
 }
 
 TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose purpose) {
-  FImpl->Projects.push_back(
-      std::make_unique<TOpenProjectFile>(FImpl->Services, FImpl->Platforms, file, purpose));
+  FImpl->Projects.push_back(std::make_unique<TOpenProjectFile>(FImpl->Services, FImpl->Platforms,
+                                                               file, purpose, FImpl->Properties));
   return *FImpl->Projects.back();
 }
 

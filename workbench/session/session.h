@@ -5,6 +5,7 @@
 #include "package/host/api/deploymentapi.h"
 #include "package/host/api/forms.h"
 #include "package/host/api/toolsapi.h"
+#include "workbench/msbuild/environment.h"
 #include "workbench/text/warning.h"
 
 #include <filesystem>
@@ -24,7 +25,8 @@ class TSettings;
 
 /// What a session is made with.
 struct TSessionOptions {
-  std::filesystem::path Root; ///< from "--root"; empty: by environment, then the built-in place
+  std::filesystem::path Root;  ///< from "--root"; empty: by environment, then the built-in place
+  TNamedTexts Properties = {}; ///< that every project is evaluated with, as a build would be given
 };
 
 /// What a project is opened for.

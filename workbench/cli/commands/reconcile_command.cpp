@@ -4,7 +4,6 @@
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/entries/list_changes.h"
-#include "workbench/platforms/platform_table.h"
 #include "workbench/project/project_settings.h"
 
 #include <algorithm>
@@ -19,21 +18,20 @@ struct TReconciledTarget {
   std::string Platform;
   std::string Configuration;
   TReconcileResult Result = TReconcileResult::Reconciled;
+  bool IsBuilt = true; // false: a build makes nothing for the target, which the reconcile warns of
   TTargetChanges Changes = {};
 };
 
 // A target without debug symbols takes those of every target out of the list. So the targets that
 // have some come last, which leaves nothing out that one of them wants.
-std::vector<TReconciledTarget*> InOrderOfRun(TCommandContext& context, TOpenProject& project,
+std::vector<TReconciledTarget*> InOrderOfRun(const TOpenProject& project,
                                              std::vector<TReconciledTarget>& targets) {
-  const std::string personality = project.Settings().Personality();
   std::vector<TReconciledTarget*> order;
   order.reserve(targets.size());
   for (TReconciledTarget& target : targets)
     order.push_back(&target);
   std::stable_partition(order.begin(), order.end(), [&](const TReconciledTarget* target) {
-    const TPlatform* platform = context.Session.Platforms().FindPlatform(target->Platform);
-    return !platform || platform->SymbolExtension(personality).empty() ||
+    return project.Settings().SymbolExtension(target->Platform).empty() ||
            !project.Settings().HasRemoteDebugSymbols(target->Configuration, target->Platform);
   });
   return order;
@@ -104,12 +102,14 @@ private:
   void Reconcile(TCommandContext& context, TOpenProject& project,
                  std::vector<TReconciledTarget>& targets) const {
     const std::size_t told = project.Warnings().size();
-    const std::vector<TReconciledTarget*> order = InOrderOfRun(context, project, targets);
+    const std::vector<TReconciledTarget*> order = InOrderOfRun(project, targets);
     TListChanges changes(project.Deployment());
     for (TReconciledTarget* target : order) {
       changes.StartTarget();
       target->Result =
           project.Deployment().Reconcile(target->Configuration, target->Platform, FInternal);
+      target->IsBuilt =
+          project.Project().GetNothingToDeploy(target->Configuration, target->Platform).empty();
     }
     std::vector<TTargetChanges> changed = changes.Finish();
     for (std::size_t i = 0; i < order.size(); ++i)
@@ -141,7 +141,7 @@ private:
       result.AddAll(ChangesAsJson(target.Changes));
       results.Append(std::move(result));
       const std::string name = target.Configuration + ", " + target.Platform;
-      if (target.Result == TReconcileResult::CannotReconcile)
+      if (target.Result == TReconcileResult::CannotReconcile && target.IsBuilt)
         context.Output.Warn({"the project cannot be reconciled for " + name, FProject, 0});
       PrintChanges(context.Output, target.Changes, FChange.DryRun);
       nothing = nothing && target.Changes.IsEmpty();

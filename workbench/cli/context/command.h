@@ -52,6 +52,7 @@ struct TCommonOptions {
   std::string Configuration; ///< empty: the project's active one, or no narrowing
   std::string Platform;      ///< "all" stands for every platform; empty as above
   std::string Root;
+  std::vector<std::string> Properties; ///< "NAME=VALUE", as a build would be given them
   bool Json = false;
   bool Quiet = false;
   bool NoColor = false;

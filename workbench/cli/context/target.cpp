@@ -58,7 +58,7 @@ void CheckPlatform(TCommandContext& context, const TOpenProject* project,
 }
 
 void CheckPlatformOption(TCommandContext& context, const TOpenProject* project) {
-  const std::string& platform = context.Options.Platform;
+  const std::string platform = PlatformOption(context, project);
   if (!platform.empty() && platform != AllPlatformsArgument)
     CheckPlatform(context, project, platform);
 }
@@ -75,6 +75,18 @@ void WarnOfConfiguration(TCommandContext& context, const std::string& reason) {
     context.Output.Warn({reason + "; --config changes nothing", {}, 0});
 }
 
+std::string PlatformOption(TCommandContext& context, const TOpenProject* project) {
+  const std::string& platform = context.Options.Platform;
+  if (!project || platform.empty() || platform == AllPlatformsArgument ||
+      IsKnownPlatform(context, project, platform))
+    return platform;
+  for (const std::string& known : KnownPlatforms(context, project)) {
+    if (project->Settings().BuildPlatformName(known) == platform)
+      return known;
+  }
+  return platform;
+}
+
 TTarget ChooseTarget(TCommandContext& context, const TOpenProject& project) {
   CheckPlatformOption(context, &project);
   const TCommonOptions& options = context.Options;
@@ -83,8 +95,8 @@ TTarget ChooseTarget(TCommandContext& context, const TOpenProject& project) {
                                                        : options.Configuration;
   target.AllPlatforms = options.Platform == AllPlatformsArgument;
   if (!target.AllPlatforms)
-    target.Platform =
-        options.Platform.empty() ? project.Settings().ActivePlatform() : options.Platform;
+    target.Platform = options.Platform.empty() ? project.Settings().ActivePlatform()
+                                               : PlatformOption(context, &project);
   WarnUnlessSetUp(context, project, target);
   return target;
 }

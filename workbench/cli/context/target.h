@@ -14,6 +14,9 @@ struct TTarget {
   bool AllPlatforms = false;
 };
 
+/// The platform option, in this system's name for it where the project's builds have another one.
+std::string PlatformOption(TCommandContext& context, const TOpenProject* project);
+
 /// Throws TUsageError, with the known names, when the platform option names one that neither the
 /// table nor the project (which may be null) knows. "all" is known.
 void CheckPlatformOption(TCommandContext& context, const TOpenProject* project);
