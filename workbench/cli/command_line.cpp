@@ -1,6 +1,7 @@
 #include "workbench/cli/command_line.h"
 
 #include "package/common/errors.h"
+#include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/connection_questions.h"
 #include "workbench/cli/context/name_hint.h"

@@ -3,6 +3,7 @@
 #include "workbench/platforms/platform_reader.h"
 
 #include <array>
+#include <utility>
 
 namespace workbench {
 namespace {
@@ -143,9 +144,9 @@ TPlatformTable TPlatformTable::FromXml(deployment::IXMLNode& root) {
   return table;
 }
 
-void TPlatformTable::Overlay(const TPlatformTable& other) {
-  for (const auto& [name, platform] : other.FPlatforms)
-    FPlatforms.Set(name, platform);
+void TPlatformTable::Overlay(TPlatformTable other) {
+  for (const std::string& name : other.Names())
+    FPlatforms.Set(name, std::move(*other.FPlatforms.Find(name)));
 }
 
 std::vector<std::string> TPlatformTable::Names() const {

@@ -74,7 +74,7 @@ public:
 
   /// Adds the platforms of another table; one of the same name takes the place of that here.
   /// Pointers to platforms are no good any more.
-  void Overlay(const TPlatformTable& other);
+  void Overlay(TPlatformTable other);
 
   /// Compared exactly; null when unknown.
   const TPlatform* FindPlatform(std::string_view name) const { return FPlatforms.Find(name); }

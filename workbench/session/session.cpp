@@ -42,8 +42,8 @@ TPlatformTable ReadPlatforms(const std::filesystem::path& root) {
                              .value_or(TPlatformTable::BuiltIn());
   const std::filesystem::path user = UserConfigDirectory();
   if (!user.empty()) {
-    if (const auto added = ReadPlatformTable(user / PlatformFileName))
-      table.Overlay(*added);
+    if (auto added = ReadPlatformTable(user / PlatformFileName))
+      table.Overlay(std::move(*added));
   }
   return table;
 }
