@@ -125,9 +125,9 @@ std::vector<TProjectDocument::TEdit> TProjectDocument::PropertyEdits() {
   for (TReplacement& replacement : FProperties.Replacements())
     edits.push_back(Replace(std::move(replacement)));
   if (FNewItems)
-    edits.push_back(Replace({FNewItems->Group->Range(),
-                             LabelledGroupMarkup(FNewItems->Label, FNewItems->Items,
-                                                 LayoutForChild(FSource, Root()))}));
+    edits.push_back(
+        Replace({FNewItems->Group->Range(), LabelledGroupMarkup(FNewItems->Label, FNewItems->Items,
+                                                                LayoutForChild(FSource, Root()))}));
   return edits;
 }
 

@@ -7,8 +7,6 @@
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/text/utf8.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -30,13 +28,13 @@ public:
 
   std::string Name() const override { return FName; }
   std::string Summary() const override { return FSummary; }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_option("--sort", FSort, "Sort by this text of the rows; \":desc\" turns the order")
-        ->type_name("KEY[:desc]");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Text("--sort", FSort, "Sort by this text of the rows; \":desc\" turns the order")
+        .ValueName("KEY[:desc]");
     if (!FConnects)
-      app.add_flag("--connect", FConnect, "Show the state of the files on the target");
-    app.footer("The target is reconciled in memory first; nothing is saved.");
+      options.Flag("--connect", FConnect, "Show the state of the files on the target");
+    options.Footer("The target is reconciled in memory first; nothing is saved.");
   }
 
   int Run(TCommandContext& context) override {

@@ -72,8 +72,7 @@ private:
     const std::string directory = FDirectory.string() + "/";
     for (std::size_t at = text.find(directory); at != std::string::npos; at = text.find(directory))
       text.erase(at, directory.size());
-    const std::string name =
-        file.starts_with(directory) ? file.substr(directory.size()) : file;
+    const std::string name = file.starts_with(directory) ? file.substr(directory.size()) : file;
     return name + (line ? ":" + std::to_string(line) : "") + ": " + text;
   }
 

@@ -9,9 +9,11 @@ const std::string Reply = "build/.cmake/api/v1/reply/";
 class CMakeReply : public ::testing::Test {
 protected:
   CMakeReply() {
-    Place.Write("build/CMakeCache.txt", "# cache\nCMAKE_INSTALL_PREFIX:PATH=/opt/harbour\nX:BOOL=ON\n");
+    Place.Write("build/CMakeCache.txt",
+                "# cache\nCMAKE_INSTALL_PREFIX:PATH=/opt/harbour\nX:BOOL=ON\n");
     WriteIndex("codemodel-v2-1.json", 2);
-    WriteModel(R"({"name":"Debug","directories":[{"build":".","source":".","jsonFile":"directory-1.json"}],
+    WriteModel(
+        R"({"name":"Debug","directories":[{"build":".","source":".","jsonFile":"directory-1.json"}],
       "targets":[{"jsonFile":"target-harbour.json"},{"jsonFile":"target-tide.json"}]})");
     Place.Write(Reply + "target-harbour.json", R"({"name":"harbour","type":"EXECUTABLE"})");
     Place.Write(Reply + "target-tide.json", R"({"name":"tide","type":"SHARED_LIBRARY"})");
@@ -25,12 +27,13 @@ protected:
                     std::to_string(version) + R"(,"minor":4},"jsonFile":")" + model + R"("}]})");
   }
   void WriteModel(const std::string& configurations) {
-    Place.Write(Reply + "codemodel-v2-1.json", R"({"kind":"codemodel","paths":{"build":")" +
-                                                   Place.Path("build").string() + R"(","source":")" +
-                                                   Place.Path("source").string() +
-                                                   R"("},"configurations":[)" + configurations + "]}");
+    Place.Write(Reply + "codemodel-v2-1.json",
+                R"({"kind":"codemodel","paths":{"build":")" + Place.Path("build").string() +
+                    R"(","source":")" + Place.Path("source").string() + R"("},"configurations":[)" +
+                    configurations + "]}");
   }
-  void WriteInstallers(const std::string& installers, const std::string& name = "directory-1.json") {
+  void WriteInstallers(const std::string& installers,
+                       const std::string& name = "directory-1.json") {
     Place.Write(Reply + name,
                 R"({"paths":{"build":".","source":"."},"backtraceGraph":{"commands":["install"],
                 "files":["CMakeLists.txt","deep/CMakeLists.txt"],
@@ -87,7 +90,8 @@ TEST_F(CMakeReply, TellsTheFilesOfDirectories) {
 }
 
 TEST_F(CMakeReply, SaysWhatItCannotTell) {
-  Place.Write("source/CMakeLists.txt", "\n\n\n\n\n\n\n\ninstall(DIRECTORY tree\n FILES_MATCHING PATTERN *.h)\n");
+  Place.Write("source/CMakeLists.txt",
+              "\n\n\n\n\n\n\n\ninstall(DIRECTORY tree\n FILES_MATCHING PATTERN *.h)\n");
   Place.Write("source/tree/a.txt", "");
   std::filesystem::last_write_time(Place.Path("source/CMakeLists.txt"),
                                    std::filesystem::file_time_type::clock::now() -
@@ -97,7 +101,8 @@ TEST_F(CMakeReply, SaysWhatItCannotTell) {
       {"type":"file","component":"Unspecified","destination":"lib","isOptional":true,"paths":["none"],"backtrace":1},
       {"type":"directory","component":"Unspecified","destination":"share","paths":["tree"],"backtrace":1})");
   const TInstallPlan plan = Place.Read();
-  EXPECT_EQ(Place.LinesOf(plan), TLines{"Base Unspecified source/tree/a.txt -> share/tree/a.txt @9"});
+  EXPECT_EQ(Place.LinesOf(plan),
+            TLines{"Base Unspecified source/tree/a.txt -> share/tree/a.txt @9"});
   EXPECT_EQ(Place.WarningsOf(plan),
             (TLines{"source/CMakeLists.txt:9: the build runs a script when it installs; what that "
                     "does is not in the list",
@@ -109,7 +114,8 @@ TEST_F(CMakeReply, SaysWhatItCannotTell) {
 }
 
 TEST_F(CMakeReply, OlderThanTheBuildsFilesIsWarnedOf) {
-  WriteInstallers(R"({"type":"file","component":"a","destination":"x","paths":["f"],"backtrace":1})");
+  WriteInstallers(
+      R"({"type":"file","component":"a","destination":"x","paths":["f"],"backtrace":1})");
   Place.Write("source/CMakeLists.txt", "");
   std::filesystem::last_write_time(Place.Path("source/CMakeLists.txt"),
                                    std::filesystem::file_time_type::clock::now() +
@@ -135,9 +141,11 @@ TEST_F(CMakeReply, IsTakenByComponent) {
 TEST_F(CMakeReply, OfAGeneratorWithConfigurationsTellsEachByItself) {
   WriteModel(R"({"name":"Debug","directories":[{"jsonFile":"directory-1.json"}],"targets":[]},
              {"name":"Release","directories":[{"jsonFile":"directory-2.json"}],"targets":[]})");
-  WriteInstallers(R"({"type":"file","component":"a","destination":"x","paths":["f"],"backtrace":1})");
-  WriteInstallers(R"({"type":"file","component":"a","destination":"x","paths":["g"],"backtrace":1})",
-                  "directory-2.json");
+  WriteInstallers(
+      R"({"type":"file","component":"a","destination":"x","paths":["f"],"backtrace":1})");
+  WriteInstallers(
+      R"({"type":"file","component":"a","destination":"x","paths":["g"],"backtrace":1})",
+      "directory-2.json");
   const TInstallPlan plan = Place.Read();
   EXPECT_EQ(plan.Configurations, (TLines{"Debug", "Release"}));
   EXPECT_EQ(Place.LinesOf(plan),
@@ -151,7 +159,8 @@ TEST_F(CMakeReply, TakesAbsoluteDestinationsBelowThePrefixOnly) {
   EXPECT_EQ(
       ErrorOfInstaller(
           R"({"type":"file","component":"conf","destination":"/etc/harbour","paths":["f"],"backtrace":2})"),
-      "source/deep/CMakeLists.txt:3: the destination \"/etc/harbour\" is absolute and not below the "
+      "source/deep/CMakeLists.txt:3: the destination \"/etc/harbour\" is absolute and not below "
+      "the "
       "install prefix \"/opt/harbour\"; make it relative, or name the components to be taken and "
       "leave \"conf\" out");
   EXPECT_EQ(
@@ -183,67 +192,71 @@ TEST_F(CMakeReply, WithHostileNamesIsRefusedWithTheRule) {
 }
 
 TEST_F(CMakeReply, OfAnotherVersionIsRefused) {
-  WriteIndex("codemodel-v3-1.json", 3);
-  EXPECT_EQ(Place.ErrorOf(), Reply + "index-2026-01-01.json: the reply of CMake: "
-                                     "\"objects[1].version\" is 3; known is 2");
+    WriteIndex("codemodel-v3-1.json", 3);
+    EXPECT_EQ(Place.ErrorOf(), Reply + "index-2026-01-01.json: the reply of CMake: "
+                                       "\"objects[1].version\" is 3; known is 2");
 }
 
 TEST_F(CMakeReply, ThatIsCutAnywhereIsRefusedWithItsFile) {
-  WriteInstallers(
-      R"({"type":"target","component":"tools","destination":"bin","paths":["harbour"],"targetIndex":0,"backtrace":1})");
-  for (const char* name :
-       {"index-2026-01-01.json", "codemodel-v2-1.json", "directory-1.json", "target-harbour.json"}) {
-    const std::string file = Reply + name;
-    std::stringstream whole;
-    whole << std::ifstream(Place.Path(file)).rdbuf();
-    for (std::size_t size = 0; size < whole.str().size(); size += 7) {
-      Place.Write(file, whole.str().substr(0, size));
-      const std::string error = Place.ErrorOf();
-      EXPECT_TRUE(error.starts_with(file + ":")) << error;
-      EXPECT_TRUE(error.ends_with("the reply of CMake is no whole JSON text")) << error;
+    WriteInstallers(
+        R"({"type":"target","component":"tools","destination":"bin","paths":["harbour"],"targetIndex":0,"backtrace":1})");
+    for (const char* name : {"index-2026-01-01.json", "codemodel-v2-1.json", "directory-1.json",
+                             "target-harbour.json"}) {
+      const std::string file = Reply + name;
+      std::stringstream whole;
+      whole << std::ifstream(Place.Path(file)).rdbuf();
+      for (std::size_t size = 0; size < whole.str().size(); size += 7) {
+        Place.Write(file, whole.str().substr(0, size));
+        const std::string error = Place.ErrorOf();
+        EXPECT_TRUE(error.starts_with(file + ":")) << error;
+        EXPECT_TRUE(error.ends_with("the reply of CMake is no whole JSON text")) << error;
+      }
+      Place.Write(file, whole.str());
     }
-    Place.Write(file, whole.str());
-  }
-  EXPECT_EQ(Place.Read().Files.size(), 1U);
+    EXPECT_EQ(Place.Read().Files.size(), 1U);
 }
 
 TEST_F(CMakeReply, ThatLacksSomethingIsRefusedWithTheMember) {
-  EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","paths":["f"],"backtrace":1})"),
-            Reply + "directory-1.json: the reply of CMake: \"installers[0]\" has no member "
-                    "\"destination\"");
-  EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","destination":7,"paths":["f"],"backtrace":1})"),
-            Reply + "directory-1.json: the reply of CMake: \"installers[0].destination\" is no text");
-  EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","destination":"x","paths":["f"],"backtrace":99})"),
-            Reply + "directory-1.json: the reply of CMake: \"backtraceGraph.nodes\" has no value of "
-                    "number 99");
-  EXPECT_EQ(
-      ErrorOfInstaller(
-          R"({"type":"target","destination":"x","paths":["f"],"targetIndex":5,"backtrace":1})"),
-      Reply + "codemodel-v2-1.json: the reply of CMake: \"configurations[0].targets\" has no value "
-              "of number 5");
-  WriteIndex("../../../../../outside.json", 2);
-  EXPECT_EQ(Place.ErrorOf(), Reply + "index-2026-01-01.json: the reply of CMake: "
-                                     "\"objects[1].jsonFile\" is no name of a file");
+    EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","paths":["f"],"backtrace":1})"),
+              Reply + "directory-1.json: the reply of CMake: \"installers[0]\" has no member "
+                      "\"destination\"");
+    EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","destination":7,"paths":["f"],"backtrace":1})"),
+              Reply +
+                  "directory-1.json: the reply of CMake: \"installers[0].destination\" is no text");
+    EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","destination":"x","paths":["f"],"backtrace":99})"),
+              Reply +
+                  "directory-1.json: the reply of CMake: \"backtraceGraph.nodes\" has no value of "
+                  "number 99");
+    EXPECT_EQ(
+        ErrorOfInstaller(
+            R"({"type":"target","destination":"x","paths":["f"],"targetIndex":5,"backtrace":1})"),
+        Reply +
+            "codemodel-v2-1.json: the reply of CMake: \"configurations[0].targets\" has no value "
+            "of number 5");
+    WriteIndex("../../../../../outside.json", 2);
+    EXPECT_EQ(Place.ErrorOf(), Reply + "index-2026-01-01.json: the reply of CMake: "
+                                       "\"objects[1].jsonFile\" is no name of a file");
 }
 
 TEST_F(CMakeReply, OfTheLastRunCounts) {
-  Place.Write(Reply + "index-2025-12-31.json", "cut");
-  EXPECT_EQ(Place.Read().Files.size(), 0U);
+    Place.Write(Reply + "index-2025-12-31.json", "cut");
+    EXPECT_EQ(Place.Read().Files.size(), 0U);
 }
 
 TEST(BuildDirectory, OfNoToolIsRefused) {
-  const testing::TBuildPlace place;
-  std::filesystem::create_directory(place.Path("build"));
-  EXPECT_EQ(place.ErrorOf(), "build: this is no build directory of CMake or Meson: it has neither a "
-                             "CMakeCache.txt nor a directory meson-info");
+    const testing::TBuildPlace place;
+    std::filesystem::create_directory(place.Path("build"));
+    EXPECT_EQ(place.ErrorOf(),
+              "build: this is no build directory of CMake or Meson: it has neither a "
+              "CMakeCache.txt nor a directory meson-info");
 }
 
 TEST(BuildDirectory, WithoutAReplyIsNotAskedInADryRun) {
-  const testing::TBuildPlace place;
-  place.Write("build/CMakeCache.txt", "");
-  EXPECT_EQ(place.ErrorOf(), "build: CMake has not told the install rules of this directory yet, "
-                             "and a dry run does not ask it");
-  EXPECT_FALSE(std::filesystem::exists(place.Path("build/.cmake")));
+    const testing::TBuildPlace place;
+    place.Write("build/CMakeCache.txt", "");
+    EXPECT_EQ(place.ErrorOf(), "build: CMake has not told the install rules of this directory yet, "
+                               "and a dry run does not ask it");
+    EXPECT_FALSE(std::filesystem::exists(place.Path("build/.cmake")));
 }
 
 } // namespace

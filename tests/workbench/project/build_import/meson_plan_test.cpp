@@ -15,21 +15,23 @@ protected:
                 {"name":"libdir","value":"lib/x86_64-linux-gnu"},{"name":"datadir","value":"share"},
                 {"name":"localstatedir","value":"/var/local"},{"name":"buildtype","value":"debug"},
                 {"name":"strip","value":false}])");
-    Place.Write("build/meson-info/intro-targets.json",
-                R"([{"name":"tide","type":"shared library","defined_in":")" + Source() +
-                    R"(/lib/meson.build","filename":[")" + Build() + R"(/libtide.so.1.2.3"],
+    Place.Write(
+        "build/meson-info/intro-targets.json",
+        R"([{"name":"tide","type":"shared library","defined_in":")" + Source() +
+            R"(/lib/meson.build","filename":[")" + Build() + R"(/libtide.so.1.2.3"],
                 "install_filename":["/usr/local/lib/x86_64-linux-gnu/libtide.so.1.2.3",
                 "/usr/local/lib/x86_64-linux-gnu/libtide.so.1","/usr/local/lib/x86_64-linux-gnu/libtide.so"]},
                 {"name":"harbour","type":"executable","filename":[")" +
-                    Build() + R"(/harbour"],"install_filename":["/usr/local/bin/harbour","/usr/local/bin/harbour-link"]}])");
+            Build() +
+            R"(/harbour"],"install_filename":["/usr/local/bin/harbour","/usr/local/bin/harbour-link"]}])");
   }
 
   std::string Source() const { return Place.Path("source").string(); }
   std::string Build() const { return Place.Path("build").string(); }
   void WriteInfo(int version) {
     Place.Write("build/meson-info/meson-info.json",
-                R"({"directories":{"source":")" + Source() + R"("},"introspection":{"version":{"major":)" +
-                    std::to_string(version) + "}}}");
+                R"({"directories":{"source":")" + Source() +
+                    R"("},"introspection":{"version":{"major":)" + std::to_string(version) + "}}}");
   }
   void WritePlan(const std::string& text) {
     Place.Write("build/meson-info/intro-install_plan.json", text);
@@ -42,10 +44,16 @@ TEST_F(MesonPlan, TellsProgramsLibrariesWithTheirLinksAndFiles) {
   Place.Write("source/tree/a.txt", "");
   Place.Write("source/tree/deep/b.txt", "");
   Place.Write("source/tree/skip/c.txt", "");
-  WritePlan(R"({"targets":{")" + Build() + R"(/libtide.so.1.2.3":{"destination":"{libdir_shared}/libtide.so.1.2.3","tag":"runtime"},
-      ")" + Build() + R"(/harbour":{"destination":"{bindir}/harbour","tag":"runtime"}},
-      "data":{")" + Source() + R"(/levels.dat":{"destination":"{datadir}/harbour/levels2.dat","tag":null}},
-      "install_subdirs":{")" + Source() + R"(/tree":{"destination":"{datadir}/tree","tag":null,"exclude_dirs":["skip"],"exclude_files":["a.txt"]}}})");
+  WritePlan(
+      R"({"targets":{")" + Build() +
+      R"(/libtide.so.1.2.3":{"destination":"{libdir_shared}/libtide.so.1.2.3","tag":"runtime"},
+      ")" +
+      Build() + R"(/harbour":{"destination":"{bindir}/harbour","tag":"runtime"}},
+      "data":{")" +
+      Source() + R"(/levels.dat":{"destination":"{datadir}/harbour/levels2.dat","tag":null}},
+      "install_subdirs":{")" +
+      Source() +
+      R"(/tree":{"destination":"{datadir}/tree","tag":null,"exclude_dirs":["skip"],"exclude_files":["a.txt"]}}})");
   const TInstallPlan plan = Place.Read();
   EXPECT_EQ(plan.Tool, "Meson");
   EXPECT_EQ(plan.Configurations, TLines{"Debug"});
@@ -62,28 +70,34 @@ TEST_F(MesonPlan, TellsProgramsLibrariesWithTheirLinksAndFiles) {
 }
 
 TEST_F(MesonPlan, OutsideThePrefixIsRefused) {
-  WritePlan(R"({"data":{")" + Source() + R"(/x.service":{"destination":"/lib/systemd/system/x.service","tag":"systemd"}}})");
-  EXPECT_EQ(Place.ErrorOf(), "source/meson.build: the destination \"/lib/systemd/system\" is absolute "
-                             "and not below the install prefix \"/usr/local\"; make it relative, or "
-                             "name the components to be taken and leave \"systemd\" out");
-  WritePlan(R"({"data":{")" + Source() + R"(/x":{"destination":"{localstatedir}/x","tag":"state"}}})");
+  WritePlan(R"({"data":{")" + Source() +
+            R"(/x.service":{"destination":"/lib/systemd/system/x.service","tag":"systemd"}}})");
+  EXPECT_EQ(Place.ErrorOf(),
+            "source/meson.build: the destination \"/lib/systemd/system\" is absolute "
+            "and not below the install prefix \"/usr/local\"; make it relative, or "
+            "name the components to be taken and leave \"systemd\" out");
+  WritePlan(R"({"data":{")" + Source() +
+            R"(/x":{"destination":"{localstatedir}/x","tag":"state"}}})");
   EXPECT_TRUE(Place.ErrorOf().starts_with("source/meson.build: the destination \"/var/local\""))
       << Place.ErrorOf();
 }
 
 TEST_F(MesonPlan, SaysWhichPlacesItCannotTell) {
-  WritePlan(R"({"python":{")" + Source() + R"(/x.py":{"destination":"{py_purelib}/x.py","tag":"python-runtime"}}})");
+  WritePlan(R"({"python":{")" + Source() +
+            R"(/x.py":{"destination":"{py_purelib}/x.py","tag":"python-runtime"}}})");
   const TInstallPlan plan = Place.Read();
   EXPECT_EQ(Place.LinesOf(plan), TLines());
-  EXPECT_EQ(Place.WarningsOf(plan),
-            TLines{"source/meson.build: \"source/x.py\" goes to \"{py_purelib}/x.py\", a place that "
-                   "Meson does not tell; it is left out"});
+  EXPECT_EQ(
+      Place.WarningsOf(plan),
+      TLines{"source/meson.build: \"source/x.py\" goes to \"{py_purelib}/x.py\", a place that "
+             "Meson does not tell; it is left out"});
 }
 
 TEST_F(MesonPlan, OfAnotherVersionOrCutIsRefused) {
   WritePlan("{\"data\":{\n\"x");
-  EXPECT_EQ(Place.ErrorOf(), "build/meson-info/intro-install_plan.json:2: the install plan of Meson "
-                             "is no whole JSON text");
+  EXPECT_EQ(Place.ErrorOf(),
+            "build/meson-info/intro-install_plan.json:2: the install plan of Meson "
+            "is no whole JSON text");
   WriteInfo(2);
   EXPECT_EQ(Place.ErrorOf(), "build/meson-info/meson-info.json: the summary of Meson: "
                              "\"introspection.version\" is 2; known is 1");
