@@ -106,6 +106,7 @@ private:
       CheckStorable("--component", component);
     TProjectValues values;
     values.ApplicationType = "Utility";
+    values.Personality = "Build.Personality";
     values.Framework = "None";
     values.Platforms = {platform};
     values.ActivePlatform = platform;

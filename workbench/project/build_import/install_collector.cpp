@@ -64,7 +64,8 @@ std::string TInstallCollector::DirectoryOf(const TInstallRule& rule, const fs::p
   const fs::path whole = (destination / below).lexically_normal();
   if (Climbs(destination.lexically_normal()) || Climbs(whole) || below.is_absolute())
     Refuse(rule, "the rule installs to " +
-                     Quoted((fs::path(rule.Destination) / below).generic_string()) +
+                     Quoted(below.empty() ? rule.Destination
+                                          : (fs::path(rule.Destination) / below).generic_string()) +
                      ", which is above the install prefix");
   std::string text = whole.generic_string();
   while (text.ends_with('/'))

@@ -1,5 +1,8 @@
 #include "tests/workbench/project/build_import/build_place.h"
 
+#include <chrono>
+#include <sstream>
+
 namespace workbench {
 namespace {
 
@@ -121,8 +124,8 @@ TEST_F(CMakeReply, OlderThanTheBuildsFilesIsWarnedOf) {
                                    std::filesystem::file_time_type::clock::now() +
                                        std::chrono::hours(1));
   EXPECT_EQ(Place.WarningsOf(Place.Read()),
-            TLines{"source/CMakeLists.txt: the file changed after CMake ran; run \"cmake " +
-                   Place.Path("build").string() + "\" to have its rules"});
+            TLines{"source/CMakeLists.txt: the file changed after CMake ran; run \"cmake build\" "
+                   "to have its rules"});
 }
 
 TEST_F(CMakeReply, IsTakenByComponent) {
@@ -187,76 +190,75 @@ TEST_F(CMakeReply, WithHostileNamesIsRefusedWithTheRule) {
             "prefix");
   EXPECT_EQ(file("x", R"({"from":"f","to":".."})"), "source/CMakeLists.txt:9: the rule installs a "
                                                     "file as \"..\", which is no name of a file");
-  for (const char* name : {R"("a\\b")", R"("a\nb")", R"("$(X)")", R"("a\u0001b")"})
+  for (const char* name : {R"("a\\b")", R"("a\nb")", "\"$(X)\"", R"("a\u0001b")"})
     EXPECT_TRUE(file("x", name).ends_with("a name that a project cannot hold")) << file("x", name);
 }
 
 TEST_F(CMakeReply, OfAnotherVersionIsRefused) {
-    WriteIndex("codemodel-v3-1.json", 3);
-    EXPECT_EQ(Place.ErrorOf(), Reply + "index-2026-01-01.json: the reply of CMake: "
-                                       "\"objects[1].version\" is 3; known is 2");
+  WriteIndex("codemodel-v3-1.json", 3);
+  EXPECT_EQ(Place.ErrorOf(), Reply + "index-2026-01-01.json: the reply of CMake: "
+                                     "\"objects[1].version\" is 3; known is 2");
 }
 
 TEST_F(CMakeReply, ThatIsCutAnywhereIsRefusedWithItsFile) {
-    WriteInstallers(
-        R"({"type":"target","component":"tools","destination":"bin","paths":["harbour"],"targetIndex":0,"backtrace":1})");
-    for (const char* name : {"index-2026-01-01.json", "codemodel-v2-1.json", "directory-1.json",
-                             "target-harbour.json"}) {
-      const std::string file = Reply + name;
-      std::stringstream whole;
-      whole << std::ifstream(Place.Path(file)).rdbuf();
-      for (std::size_t size = 0; size < whole.str().size(); size += 7) {
-        Place.Write(file, whole.str().substr(0, size));
-        const std::string error = Place.ErrorOf();
-        EXPECT_TRUE(error.starts_with(file + ":")) << error;
-        EXPECT_TRUE(error.ends_with("the reply of CMake is no whole JSON text")) << error;
-      }
-      Place.Write(file, whole.str());
+  WriteInstallers(
+      R"({"type":"target","component":"tools","destination":"bin","paths":["harbour"],"targetIndex":0,"backtrace":1})");
+  for (const char* name : {"index-2026-01-01.json", "codemodel-v2-1.json", "directory-1.json",
+                           "target-harbour.json"}) {
+    const std::string file = Reply + name;
+    std::stringstream whole;
+    whole << std::ifstream(Place.Path(file)).rdbuf();
+    for (std::size_t size = 0; size < whole.str().size(); size += 7) {
+      Place.Write(file, whole.str().substr(0, size));
+      const std::string error = Place.ErrorOf();
+      EXPECT_TRUE(error.starts_with(file + ":")) << error;
+      EXPECT_TRUE(error.ends_with("the reply of CMake is no whole JSON text")) << error;
     }
-    EXPECT_EQ(Place.Read().Files.size(), 1U);
+    Place.Write(file, whole.str());
+  }
+  EXPECT_EQ(Place.Read().Files.size(), 1U);
 }
 
 TEST_F(CMakeReply, ThatLacksSomethingIsRefusedWithTheMember) {
-    EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","paths":["f"],"backtrace":1})"),
-              Reply + "directory-1.json: the reply of CMake: \"installers[0]\" has no member "
-                      "\"destination\"");
-    EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","destination":7,"paths":["f"],"backtrace":1})"),
-              Reply +
-                  "directory-1.json: the reply of CMake: \"installers[0].destination\" is no text");
-    EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","destination":"x","paths":["f"],"backtrace":99})"),
-              Reply +
-                  "directory-1.json: the reply of CMake: \"backtraceGraph.nodes\" has no value of "
-                  "number 99");
-    EXPECT_EQ(
-        ErrorOfInstaller(
-            R"({"type":"target","destination":"x","paths":["f"],"targetIndex":5,"backtrace":1})"),
-        Reply +
-            "codemodel-v2-1.json: the reply of CMake: \"configurations[0].targets\" has no value "
-            "of number 5");
-    WriteIndex("../../../../../outside.json", 2);
-    EXPECT_EQ(Place.ErrorOf(), Reply + "index-2026-01-01.json: the reply of CMake: "
-                                       "\"objects[1].jsonFile\" is no name of a file");
+  EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","paths":["f"],"backtrace":1})"),
+            Reply + "directory-1.json: the reply of CMake: \"installers[0]\" has no member "
+                    "\"destination\"");
+  EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","destination":7,"paths":["f"],"backtrace":1})"),
+            Reply +
+                "directory-1.json: the reply of CMake: \"installers[0].destination\" is no text");
+  EXPECT_EQ(ErrorOfInstaller(R"({"type":"file","destination":"x","paths":["f"],"backtrace":99})"),
+            Reply +
+                "directory-1.json: the reply of CMake: \"backtraceGraph.nodes\" has no value of "
+                "number 99");
+  EXPECT_EQ(
+      ErrorOfInstaller(
+          R"({"type":"target","destination":"x","paths":["f"],"targetIndex":5,"backtrace":1})"),
+      Reply + "codemodel-v2-1.json: the reply of CMake: \"configurations[0].targets\" has no value "
+              "of number 5");
+  WriteIndex("../../../../../outside.json", 2);
+  EXPECT_EQ(Place.ErrorOf(), Reply + "index-2026-01-01.json: the reply of CMake: "
+                                     "\"objects[1].jsonFile\" is no name of a file");
 }
 
 TEST_F(CMakeReply, OfTheLastRunCounts) {
-    Place.Write(Reply + "index-2025-12-31.json", "cut");
-    EXPECT_EQ(Place.Read().Files.size(), 0U);
+  Place.Write(Reply + "index-2025-12-31.json", "cut");
+  EXPECT_EQ(Place.Read().Files.size(), 0U);
 }
 
 TEST(BuildDirectory, OfNoToolIsRefused) {
-    const testing::TBuildPlace place;
-    std::filesystem::create_directory(place.Path("build"));
-    EXPECT_EQ(place.ErrorOf(),
-              "build: this is no build directory of CMake or Meson: it has neither a "
-              "CMakeCache.txt nor a directory meson-info");
+  const testing::TBuildPlace place;
+  std::filesystem::create_directory(place.Path("build"));
+  EXPECT_EQ(place.ErrorOf(),
+            "build: this is no build directory of CMake or Meson: it has neither a "
+            "CMakeCache.txt nor a directory meson-info");
 }
 
 TEST(BuildDirectory, WithoutAReplyIsNotAskedInADryRun) {
-    const testing::TBuildPlace place;
-    place.Write("build/CMakeCache.txt", "");
-    EXPECT_EQ(place.ErrorOf(), "build: CMake has not told the install rules of this directory yet, "
-                               "and a dry run does not ask it");
-    EXPECT_FALSE(std::filesystem::exists(place.Path("build/.cmake")));
+  const testing::TBuildPlace place;
+  place.Write("build/CMakeCache.txt", "");
+  EXPECT_EQ(place.ErrorOf(), "build: CMake has not told the install rules of this directory yet, "
+                             "and a dry run does not ask it");
+  EXPECT_FALSE(std::filesystem::exists(place.Path("build/.cmake")));
 }
 
 } // namespace
