@@ -32,9 +32,9 @@ std::vector<TEntryChange> WouldAdd(TCommandContext& context, const fs::path& dir
 
 void Report(TCommandContext& context, const fs::path& file, const TInstallPlan& plan,
             const std::vector<TEntryChange>& changes, bool dryRun) {
-  TJson files = TJson::array();
+  TJson files = TJson::Array();
   for (const TEntryChange& change : changes)
-    files.push_back({{"localName", change.LocalName},
+    files.Append({{"localName", change.LocalName},
                      {"configuration", change.Configuration},
                      {"platform", change.Platform},
                      {"action", change.Action}});

@@ -2,18 +2,18 @@
 
 #include "package/common/errors.h"
 #include "workbench/files/file_reader.h"
+#include "workbench/json/json.h"
 #include "workbench/text/visible_text.h"
 
-#include <nlohmann/json.hpp>
-
-#include <algorithm>
+#include <cstdint>
+#include <limits>
 
 namespace workbench {
 
 struct TReplyValue::TContent {
   std::string File;
   std::string What;
-  nlohmann::ordered_json Root;
+  TJson Root;
 };
 
 namespace {
@@ -22,8 +22,8 @@ constexpr std::uint64_t LargestFile = std::uint64_t(64) * 1024 * 1024;
 
 } // namespace
 
-TReplyValue::TReplyValue(std::shared_ptr<const TContent> content,
-                         const nlohmann::ordered_json* value, std::string name)
+TReplyValue::TReplyValue(std::shared_ptr<const TContent> content, const TJson* value,
+                         std::string name)
     : FContent(std::move(content)), FValue(value), FName(std::move(name)) {}
 
 TReplyValue TReplyValue::Read(const std::filesystem::path& file, const std::string& what) {
@@ -32,17 +32,12 @@ TReplyValue TReplyValue::Read(const std::filesystem::path& file, const std::stri
   content->File = file.string();
   content->What = what;
   try {
-    content->Root = nlohmann::ordered_json::parse(bytes.Text());
-  } catch (const nlohmann::json::parse_error& error) {
-    const std::string_view before =
-        bytes.Text().substr(0, std::min(error.byte, bytes.Text().size()));
-    throw deployment::TInputError(
-        what + " is no whole JSON text",
-        {content->File, static_cast<unsigned>(1 + std::ranges::count(before, '\n'))});
-  } catch (const nlohmann::json::exception&) {
-    throw deployment::TInputError(what + " holds a number that nothing can be", {content->File, 0});
+    content->Root = ParseJson(bytes.Text());
+  } catch (const deployment::TInputError& error) {
+    throw deployment::TInputError(what + " cannot be read: " + error.what(),
+                                  {content->File, error.Place().Line});
   }
-  const nlohmann::ordered_json* root = &content->Root;
+  const TJson* root = &content->Root;
   return {std::move(content), root, {}};
 }
 
@@ -58,54 +53,58 @@ void TReplyValue::Refuse(const std::string& why) const {
 }
 
 bool TReplyValue::IsText() const {
-  return FValue->is_string();
+  return FValue->IsText();
 }
 
 bool TReplyValue::Has(std::string_view member) const {
-  return FValue->is_object() && FValue->contains(member);
+  return FValue->IsObject() && FValue->Find(member);
 }
 
 TReplyValue TReplyValue::At(std::string_view member) const {
-  if (!FValue->is_object())
+  if (!FValue->IsObject())
     Refuse("is no object");
-  const auto found = FValue->find(member);
-  if (found == FValue->end())
+  const TJson* found = FValue->Find(member);
+  if (!found)
     Refuse("has no member \"" + std::string(member) + "\"");
-  return {FContent, &*found, (FName.empty() ? "" : FName + ".") + std::string(member)};
+  return {FContent, found, (FName.empty() ? "" : FName + ".") + std::string(member)};
 }
 
 TReplyValue TReplyValue::At(std::size_t index) const {
-  if (!FValue->is_array())
+  if (!FValue->IsArray())
     Refuse("is no array");
-  if (index >= FValue->size())
+  if (index >= FValue->AsArray().size())
     Refuse("has no value of number " + std::to_string(index));
-  return {FContent, &(*FValue)[index], FName + "[" + std::to_string(index) + "]"};
+  return {FContent, &FValue->AsArray()[index], FName + "[" + std::to_string(index) + "]"};
 }
 
 std::string TReplyValue::AsText() const {
-  if (!FValue->is_string())
+  if (!FValue->IsText())
     Refuse("is no text");
-  return FValue->get<std::string>();
+  return FValue->AsText();
 }
 
 std::string TReplyValue::TextOr(std::string_view member, std::string_view absent) const {
-  return Has(member) && !At(member).FValue->is_null() ? Text(member) : std::string(absent);
+  return Has(member) && !At(member).FValue->IsNull() ? Text(member) : std::string(absent);
 }
 
 bool TReplyValue::BooleanOr(std::string_view member, bool absent) const {
   if (!Has(member))
     return absent;
   const TReplyValue value = At(member);
-  if (!value.FValue->is_boolean())
+  try {
+    return value.FValue->AsBoolean();
+  } catch (const deployment::TInputError&) {
     value.Refuse("is no Boolean");
-  return value.FValue->get<bool>();
+  }
 }
 
 std::size_t TReplyValue::Number(std::string_view member) const {
   const TReplyValue value = At(member);
-  if (!value.FValue->is_number_unsigned())
+  try {
+    return value.FValue->AsNumber(0, std::numeric_limits<std::uint32_t>::max());
+  } catch (const deployment::TInputError&) {
     value.Refuse("is no whole number");
-  return value.FValue->get<std::size_t>();
+  }
 }
 
 std::size_t TReplyValue::NumberOr(std::string_view member, std::size_t absent) const {
@@ -113,11 +112,11 @@ std::size_t TReplyValue::NumberOr(std::string_view member, std::size_t absent) c
 }
 
 std::vector<TReplyValue> TReplyValue::Values() const {
-  if (!FValue->is_array())
+  if (!FValue->IsArray())
     Refuse("is no array");
   std::vector<TReplyValue> values;
-  values.reserve(FValue->size());
-  for (std::size_t i = 0; i < FValue->size(); ++i)
+  values.reserve(FValue->AsArray().size());
+  for (std::size_t i = 0; i < FValue->AsArray().size(); ++i)
     values.push_back(At(i));
   return values;
 }
@@ -131,11 +130,11 @@ std::vector<TReplyValue> TReplyValue::ArrayOrNone(std::string_view member) const
 }
 
 std::vector<std::pair<std::string, TReplyValue>> TReplyValue::Members() const {
-  if (!FValue->is_object())
+  if (!FValue->IsObject())
     Refuse("is no object");
   std::vector<std::pair<std::string, TReplyValue>> members;
-  members.reserve(FValue->size());
-  for (const auto& [name, value] : FValue->items())
+  members.reserve(FValue->AsObject().size());
+  for (const auto& [name, value] : FValue->AsObject())
     members.emplace_back(name,
                          TReplyValue(FContent, &value, (FName.empty() ? "" : FName + ".") + name));
   return members;

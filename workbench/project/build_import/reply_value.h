@@ -1,8 +1,6 @@
 // What a build tool tells about itself in JSON, read with errors that name the file and the member.
 #pragma once
 
-#include <nlohmann/json_fwd.hpp>
-
 #include <cstddef>
 #include <filesystem>
 #include <memory>
@@ -12,6 +10,8 @@
 #include <vector>
 
 namespace workbench {
+
+class TJson;
 
 /// A value in a file of a build tool. Cheap to copy; the file's content lives as long as one of its
 /// values. Reading what is not there, or is of another kind, throws TInputError with the file.
@@ -47,11 +47,10 @@ public:
 
 private:
   struct TContent;
-  TReplyValue(std::shared_ptr<const TContent> content, const nlohmann::ordered_json* value,
-              std::string name);
+  TReplyValue(std::shared_ptr<const TContent> content, const TJson* value, std::string name);
 
   std::shared_ptr<const TContent> FContent;
-  const nlohmann::ordered_json* FValue;
+  const TJson* FValue;
   std::string FName; // where in the file, for messages
 };
 

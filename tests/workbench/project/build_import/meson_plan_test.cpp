@@ -97,7 +97,7 @@ TEST_F(MesonPlan, OfAnotherVersionOrCutIsRefused) {
   WritePlan("{\"data\":{\n\"x");
   EXPECT_EQ(Place.ErrorOf(),
             "build/meson-info/intro-install_plan.json:2: the install plan of Meson "
-            "is no whole JSON text");
+            "cannot be read: it is no JSON at byte 13");
   WriteInfo(2);
   EXPECT_EQ(Place.ErrorOf(), "build/meson-info/meson-info.json: the summary of Meson: "
                              "\"introspection.version\" is 2; known is 1");
