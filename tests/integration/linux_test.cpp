@@ -69,7 +69,8 @@ TEST(Linux, HasARecordInEveryClassOfPrograms) {
     for (const char* platform : {"Linux64", "LinuxARM64"}) {
       ASSERT_TRUE((*found)["platforms"].contains(platform)) << name;
       EXPECT_EQ((*found)["platforms"][platform]["remoteDir"], ".\\") << name;
-      EXPECT_EQ((*found)["platforms"][platform]["operation"], std::string(name) == "ProjectOutput")
+      EXPECT_EQ((*found)["platforms"][platform]["operation"],
+                std::string(name) == "ProjectOutput" ? 1 : 0)
           << name;
     }
   }

@@ -35,9 +35,9 @@ void Report(TCommandContext& context, const fs::path& file, const TInstallPlan& 
   TJson files = TJson::Array();
   for (const TEntryChange& change : changes)
     files.Append({{"localName", change.LocalName},
-                     {"configuration", change.Configuration},
-                     {"platform", change.Platform},
-                     {"action", change.Action}});
+                  {"configuration", change.Configuration},
+                  {"platform", change.Platform},
+                  {"action", change.Action}});
   if (context.Output.IsJson())
     context.Output.Document(
         {{"project", file.string()}, {"changed", true}, {"dryRun", dryRun}, {"files", files}});
@@ -73,16 +73,17 @@ void NewFromBuild(TCommandContext& context, const fs::path& file, TProjectValues
   record.Platform = platform;
   record.Components = source.Components;
   context.Session.Create(file, EmptyProject(std::move(values), record));
+  TOpenProject& project = context.Session.Open(file, TOpenPurpose::Edit);
+  TBuildRefresh done;
   try {
-    TOpenProject& project = context.Session.Open(file, TOpenPurpose::Edit);
-    const TBuildRefresh done = ApplyInstallPlan(project, std::move(record), plan);
-    const std::vector<TEntryChange> changes = BuildChanges(context, project, platform, done);
-    project.Save(/*force=*/false);
-    Report(context, file, plan, changes, dryRun);
+    done = ApplyInstallPlan(project, std::move(record), plan);
+    project.SaveProjectFile(/*force=*/false);
   } catch (...) {
     fs::remove(file, ignored); // half a project is worse than none
     throw;
   }
+  project.Export();
+  Report(context, file, plan, BuildChanges(context, project, platform, done), dryRun);
 }
 
 } // namespace workbench
