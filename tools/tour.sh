@@ -67,7 +67,7 @@ run featured sky-chart/SkyChart.vproj --extension .dat
 run featured sky-chart/SkyChart.vproj --choose 'Bright stars' --dry-run
 
 step 'A program for Linux, with a versioned library and its links'
-run profile add gauge --platform Linux64 --kind folder --path "$place/opt"
+run profile add gauge --platform Linux64 --kind folder --path "$place/opt" --default
 run deploy wind-gauge/WindGauge.vproj -p Linux64
 (cd "$place/opt/WindGauge" \
   && find . -type f -printf '%P\n' -o -type l -printf '%P -> %l\n' | LC_ALL=C sort)

@@ -80,7 +80,7 @@ TEST(UsersPlatform, WorksFromTheNewProjectToTheDeploy) {
   TWorkplace place;
   place.Write("home/.config/deployment-manager/platforms.xml", OrbitTable);
   ASSERT_EQ(place.Run({"new", "probe.vproj", "--platforms", "Orbit"}).Status, 0);
-  place.Write("Orbit/Debug/probe.orb", "program");
+  place.Write("Orbit/Debug/o-probe.orb", "program");
   place.Write("a.dat", "data");
   ASSERT_EQ(place.Run({"add", "probe.vproj", "a.dat"}).Status, 0);
   ASSERT_EQ(place.Run({"reconcile", "probe.vproj"}).Status, 0);
