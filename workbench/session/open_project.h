@@ -32,15 +32,18 @@ public:
   bool HasPropertyChanges() const override;
   bool IsChangedOnDisk() const override;
   void MarkChanged() override { FMarkedChanged = true; }
+  void RequireShippedFiles() override;
   TSaveReport Save(bool force) override;
   bool AssignProfile(std::string_view platform, std::string_view profile, bool force) override;
   bool SaveProjectFile(bool force) override;
   TSaveReport Export() override;
+  TSaveReport PlanExport() override;
 
 private:
   class TChangeListener;
 
   void ReadVersion();
+  TSaveReport WriteSideFile();
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
   void CollectWarnings();
 

@@ -132,11 +132,30 @@ TSettings& TSession::Settings() {
   return FParts->Services.GetSettings();
 }
 
+deployment::TEntryPaths TSession::PathsOf(TOpenProject& project,
+                                          const deployment::TDeploymentTarget& target) {
+  const auto base = FParts->Services.GetRemoteProfileServices()->IsStaged(project.Project(),
+                                                                          target.Platform)
+                        ? deployment::TRemoteBase::None
+                        : deployment::TRemoteBase::ProjectRoot;
+  return deployment::TEntryPaths(project.Project(), project.Deployment(), target,
+                                 deployment::TEntryPathServices::Of(FParts->Services), base);
+}
+
 const std::filesystem::path& TSession::Root() const {
   return FParts->Root;
 }
 
+void TSession::CheckInstallation() const {
+  RequireShippedDirectory(FParts->Root);
+}
+
+void TSession::RequireDefaults() const {
+  RequireShippedFile(FParts->Services.GetAppStrings(), DefaultsFile);
+}
+
 std::vector<std::shared_ptr<deployment::IProjectDeploymentClass>> TSession::ShippedClasses() {
+  RequireDefaults();
   if (!FParts->Scratch) {
     TIDEServices& services = FParts->Services;
     auto scratch = std::make_unique<TProjectModule>(

@@ -46,7 +46,7 @@ public:
     WarnOfConfiguration(context, "platforms have no configuration");
     const TOpenProject* project =
         FProject.empty() ? nullptr : &OpenProject(context, FProject, TOpenPurpose::Look);
-    CheckPlatformOption(context, project);
+    CheckTargetOptions(context, project);
     TJson list = TJson::array();
     for (const TFacts& facts : Chosen(context, project)) {
       list.push_back(FactsAsJson(*facts));

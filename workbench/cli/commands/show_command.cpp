@@ -17,7 +17,7 @@ public:
 
   int Run(TCommandContext& context) override {
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
-    CheckPlatformOption(context, &project);
+    CheckTargetOptions(context, &project);
     if (context.Output.IsJson())
       ShowJson(context, project);
     else
