@@ -96,9 +96,9 @@ std::vector<fs::path> WalkTree(const fs::path& directory, std::vector<std::strin
         leftOut.push_back(entry.path().string());
     }
   } catch (const fs::filesystem_error& error) {
-    throw TAddError(TAddError::TReason::Missing, "the directory \"" + error.path1().string() +
-                                                     "\" cannot be read: " +
-                                                     error.code().message());
+    throw TAddError(TAddError::TReason::Missing,
+                    "the directory \"" + error.path1().string() +
+                        "\" cannot be read: " + error.code().message());
   }
   std::sort(files.begin(), files.end());
   return files;

@@ -29,8 +29,9 @@ private:
 struct TAddedFile {
   std::string LocalName;
   bool Exists = true;
-  bool IsOutside = false;        ///< it stands beyond the project's directory
-  std::string SubDirectory = {}; ///< stored path, with "\" at its end, that a tree keeps on the target
+  bool IsOutside = false; ///< it stands beyond the project's directory
+  std::string SubDirectory =
+      {}; ///< stored path, with "\" at its end, that a tree keeps on the target
 };
 
 /// The files of a directory, sorted.
@@ -51,9 +52,10 @@ TAddedTree FilesOfTree(const std::string& argument, const std::filesystem::path&
 /// True when the text has a sign that stands for other letters: "*", "?" or "[".
 bool IsPattern(std::string_view argument);
 
-/// The files that a pattern names, sorted: from the current directory, else from the project's. "*",
-/// "?" and "[...]" stay within one name, "**" stands for any number of directories; names that begin
-/// with a dot want one in the pattern. Empty when there is none.
+/// The files that a pattern names, sorted: from the current directory, else from the project's.
+/// "*",
+/// "?" and "[...]" stay within one name, "**" stands for any number of directories; names that
+/// begin with a dot want one in the pattern. Empty when there is none.
 std::vector<std::string> FilesOfPattern(const std::string& pattern,
                                         const std::filesystem::path& projectFile);
 

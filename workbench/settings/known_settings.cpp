@@ -104,9 +104,8 @@ std::vector<std::string> KnownSettings() {
   for (const TKnownSetting& setting : Settings) {
     // What a person said yes to is written by the question alone.
     if (setting.Placeholder != ProjectPlaceholder)
-      names.push_back(std::string(setting.Before)
-                          .append(setting.Placeholder)
-                          .append(setting.After));
+      names.push_back(
+          std::string(setting.Before).append(setting.Placeholder).append(setting.After));
   }
   return names;
 }

@@ -1,4 +1,5 @@
 // deploymgr explain: why a file is in the list of a target, or is not.
+#include "package/host/api/platforms.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/project_argument.h"

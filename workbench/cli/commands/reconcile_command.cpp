@@ -148,8 +148,8 @@ private:
       results.push_back(std::move(result));
       const std::string name = target.Configuration + ", " + target.Platform;
       if (target.Result == TReconcileResult::CannotReconcile)
-        context.Output.Warn({"the project cannot be reconciled for " + name,
-                             project.GivenFileName().string(), 0});
+        context.Output.Warn(
+            {"the project cannot be reconciled for " + name, project.GivenFileName().string(), 0});
       PrintChanges(context.Output, target.Changes, FChange.IsDry());
       nothing = nothing && target.Changes.IsEmpty();
     }

@@ -102,7 +102,7 @@ private:
     PrintChanges(context.Output, changes, FChange.IsDry());
     if (classesChanged)
       context.Output.Line(FChange.IsDry() ? "would read the default classes again"
-                                         : "read the default classes again");
+                                          : "read the default classes again");
     if (!changed)
       context.Output.Line("nothing to do");
   }

@@ -59,10 +59,9 @@ private:
     const bool mayBeOld = FAction != "set" && settings.Get(FKey);
     if (const auto problem = ProblemOfKey(FKey, platforms); problem && !mayBeOld) {
       const std::string hint = HintAt(FKey, SettingNames(platforms));
-      throw TUsageError(*problem +
-                        (hint.empty() ? "; known are: " +
-                                            deployment::JoinDelimited(KnownSettings(), ", ")
-                                      : hint));
+      throw TUsageError(*problem + (hint.empty() ? "; known are: " + deployment::JoinDelimited(
+                                                                         KnownSettings(), ", ")
+                                                 : hint));
     }
     if (FAction != "set")
       return;

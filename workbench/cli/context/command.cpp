@@ -37,7 +37,8 @@ TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOp
   } catch (const deployment::TInputError& error) {
     if (MayBeXml(found))
       throw;
-    throw deployment::TInputError("this is no project: MSBuild projects are XML files", {found.string(), 0});
+    throw deployment::TInputError("this is no project: MSBuild projects are XML files",
+                                  {found.string(), 0});
   }
 }
 

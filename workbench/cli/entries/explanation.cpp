@@ -258,7 +258,9 @@ void TExplainer::AddLandings(const IProjectDeploymentFile& file, TExplainedEntry
 }
 
 void TExplainer::ExplainAbsence(TExplanation& explanation) const {
-  const auto add = [&](std::string sentence) { explanation.Reasons.push_back(std::move(sentence)); };
+  const auto add = [&](std::string sentence) {
+    explanation.Reasons.push_back(std::move(sentence));
+  };
   for (const TReconcileReason& reason : explanation.Journal) {
     const bool isClear =
         reason.LocalName.empty() || SameFileName(reason.LocalName, explanation.Name);
@@ -269,8 +271,9 @@ void TExplainer::ExplainAbsence(TExplanation& explanation) const {
   if (FTarget.Platform == deployment::sAllPlatforms)
     return add("no platform has it; \"deploymgr add -p all\" puts it on the list of every one");
   if (IsNoTarget())
-    return add("no step of a reconcile works for \"Base\"; \"deploymgr add -c Base\" puts it on the "
-               "list of every configuration");
+    return add(
+        "no step of a reconcile works for \"Base\"; \"deploymgr add -c Base\" puts it on the "
+        "list of every configuration");
   if (FResult == deployment::TReconcileResult::CannotReconcile)
     add("the project cannot be reconciled here");
   for (const TReconcileReason& reason : Select(FJournal, IsGate))

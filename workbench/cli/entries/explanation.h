@@ -19,12 +19,13 @@ namespace workbench {
 /// One entry of the target's list.
 struct TExplainedEntry {
   std::shared_ptr<deployment::IProjectDeploymentFile> File;
-  bool IsSaved = false;    ///< the project file has it under these names for the target
-  bool IsDeployed = false; ///< a deploy to the target takes it
-  std::string LocalFile;   ///< full path on this machine
-  bool IsThere = false;    ///< that file
-  std::vector<std::string> Reasons;                       ///< sentences without a full stop
-  std::vector<std::pair<std::string, std::string>> Landings; ///< platform, stored path on its target
+  bool IsSaved = false;             ///< the project file has it under these names for the target
+  bool IsDeployed = false;          ///< a deploy to the target takes it
+  std::string LocalFile;            ///< full path on this machine
+  bool IsThere = false;             ///< that file
+  std::vector<std::string> Reasons; ///< sentences without a full stop
+  std::vector<std::pair<std::string, std::string>>
+      Landings; ///< platform, stored path on its target
 };
 
 /// The names of an entry as the project file has them.
@@ -38,10 +39,10 @@ struct TSavedEntry {
 struct TExplanation {
   std::string Name;
   std::vector<TExplainedEntry> Entries;
-  std::vector<TSavedEntry> Leaving; ///< in the project file, but taken out by a reconcile
+  std::vector<TSavedEntry> Leaving;       ///< in the project file, but taken out by a reconcile
   deployment::TDeploymentFiles Elsewhere; ///< entries of other targets
   std::vector<deployment::TReconcileReason> Journal; ///< decisions about the name
-  std::vector<std::string> Reasons; ///< sentences about what is not in the list
+  std::vector<std::string> Reasons;                  ///< sentences about what is not in the list
 };
 
 /// Answers for one target of one project, by the same rules as list and deploy. Reconciles the

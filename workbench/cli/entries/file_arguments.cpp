@@ -18,7 +18,8 @@ std::vector<std::string> NeighboursOf(const std::string& argument, const fs::pat
   constexpr std::size_t MostNames = 2000;
   const fs::path below = fs::path(argument).parent_path();
   std::vector<std::string> names;
-  for (const fs::path& place : {fs::absolute(below), fs::absolute(projectFile).parent_path() / below}) {
+  for (const fs::path& place :
+       {fs::absolute(below), fs::absolute(projectFile).parent_path() / below}) {
     std::error_code ignored;
     for (const auto& entry : fs::directory_iterator(place, ignored)) {
       if (names.size() >= MostNames)
@@ -36,6 +37,18 @@ std::string Enumeration(const std::vector<std::string>& names) {
   if (names.size() > NamesShown)
     text += " and " + std::to_string(names.size() - NamesShown) + " more";
   return text;
+}
+
+// The command line tells a wrong name from a file that is of the wrong kind.
+template <class TAction>
+auto Guarded(TAction action) {
+  try {
+    return action();
+  } catch (const TAddError& error) {
+    if (error.Reason() == TAddError::TReason::Name)
+      throw TUsageError(error.what());
+    throw TWorkError(error.what());
+  }
 }
 
 class TCollector {
@@ -74,17 +87,6 @@ public:
   }
 
 private:
-  template <class TAction>
-  static auto Guarded(TAction action) {
-    try {
-      return action();
-    } catch (const TAddError& error) {
-      if (error.Reason() == TAddError::TReason::Name)
-        throw TUsageError(error.what());
-      throw TWorkError(error.what());
-    }
-  }
-
   void Take(const std::string& argument, TAddedFile file) {
     const bool hasMacros = file.LocalName.find("$(") != std::string::npos;
     if (!file.Exists && !FArguments.MissingOk)
