@@ -177,7 +177,7 @@ TEST(ArgumentParser, AnswersHelpAndVersionWithATextAlone) {
                          "only; ask nothing\n"
                          "  --no-color                  Print without colours\n"
                          "  --root DIR                  Directory that holds ObjRepos\n"
-                         "\n"
+                         "\n\n"
                          "Files are sent once.\n");
 }
 

@@ -44,7 +44,7 @@ public:
         &options.Number("--keep-alive", FProfile.KeepAlive, 1, 3600,
                         "ssh: seconds between two signs of life"),
     };
-    options.Text("--password", FPassword).Hidden(); // refused with advice
+    options.Text("--password", FPassword, "Refused with advice").Hidden();
     AddChangeOptions(options, FChange);
   }
 

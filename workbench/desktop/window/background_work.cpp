@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/aside_work.h"
+#include "workbench/desktop/window/background_work.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -36,28 +36,28 @@ bool IsInput(QEvent::Type type) {
 } // namespace
 
 // Input is blocked as long as it lives.
-struct TAsideWork::TBusy {
-  explicit TBusy(TAsideWork& aside) : Aside(aside) {
-    if (Aside.FDepth++ > 0)
+struct TBackgroundWork::TBusy {
+  explicit TBusy(TBackgroundWork& background) : Background(background) {
+    if (Background.FDepth++ > 0)
       return;
-    qApp->installEventFilter(&Aside);
-    emit Aside.BusyChanged(true);
+    qApp->installEventFilter(&Background);
+    emit Background.BusyChanged(true);
   }
   ~TBusy() {
-    if (--Aside.FDepth > 0)
+    if (--Background.FDepth > 0)
       return;
-    qApp->removeEventFilter(&Aside);
-    emit Aside.BusyChanged(false);
+    qApp->removeEventFilter(&Background);
+    emit Background.BusyChanged(false);
   }
   TBusy(const TBusy&) = delete;
   TBusy& operator=(const TBusy&) = delete;
 
-  TAsideWork& Aside;
+  TBackgroundWork& Background;
 };
 
-TAsideWork::TAsideWork(QWidget& window) : FWindow(window) {}
+TBackgroundWork::TBackgroundWork(QWidget& window) : FWindow(window) {}
 
-void TAsideWork::Run(const std::function<void()>& work) {
+void TBackgroundWork::Run(const std::function<void()>& work) {
   if (QThread::currentThread() != thread())
     return work();
   const TBusy busy(*this);
@@ -88,7 +88,7 @@ void TAsideWork::Run(const std::function<void()>& work) {
     std::rethrow_exception(error);
 }
 
-bool TAsideWork::MayReceive(const QObject& receiver) const {
+bool TBackgroundWork::MayReceive(const QObject& receiver) const {
   const auto* widget = qobject_cast<const QWidget*>(&receiver);
   if (!widget || widget->window() != &FWindow)
     return true;
@@ -97,7 +97,7 @@ bool TAsideWork::MayReceive(const QObject& receiver) const {
   });
 }
 
-bool TAsideWork::eventFilter(QObject* watched, QEvent* event) {
+bool TBackgroundWork::eventFilter(QObject* watched, QEvent* event) {
   if (IsInput(event->type()) && !MayReceive(*watched))
     return true;
   return QObject::eventFilter(watched, event);
