@@ -155,7 +155,8 @@ private:
       FLocalCommand, FRemoteCommand;
   IOption *FEnabledOption = nullptr, *FOverwriteOption = nullptr, *FRequiredOption = nullptr,
           *FRemoteDirOption = nullptr, *FRemoteNameOption = nullptr, *FOperationOption = nullptr,
-          *FConditionOption = nullptr;
+          *FConditionOption = nullptr, *FLocalCommandOption = nullptr,
+          *FRemoteCommandOption = nullptr;
   TEntryEdit FEdit;
   TChangeOptions FChange;
 };
