@@ -130,6 +130,33 @@ TEST(BadInputs, AreToldAsADocumentToo) {
                                R"(tag","file":"p.vproj","line":2}})");
 }
 
+TEST(Documents, HaveASchemaAndTheWarningsOfTheRun) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  const std::string warning =
+      R"([{"text":"the side file holds every target; --config and --platform change nothing",)"
+      R"("file":"","line":0}])";
+  const TRun run = place.Run({"export", "p.vproj", "-p", "Win32", "--json"});
+  EXPECT_EQ(run.Document().begin().key(), "schema");
+  EXPECT_EQ(run.Document()["schema"], 1);
+  EXPECT_EQ(run.Document()["warnings"].dump(), warning);
+  EXPECT_EQ(place.Run({"export", "p.vproj", "-p", "Win32", "--json", "--quiet"}).Errors, "");
+  EXPECT_EQ(place.Run({"export", "p.vproj", "-p", "Win32", "--json", "--quiet"})
+                .Document()["warnings"]
+                .dump(),
+            warning);
+  const TRun failed = place.Run({"show", "gone.vproj", "--json"});
+  EXPECT_EQ(failed.Document()["schema"], 1);
+  EXPECT_EQ(failed.Document()["warnings"].dump(), "[]");
+  EXPECT_EQ(failed.Document()["error"]["code"], 3);
+  const TRun wrong = place.Run({"show", "--json"});
+  EXPECT_EQ(wrong.Document()["schema"], 1);
+  EXPECT_EQ(wrong.Document()["error"]["code"], 2);
+  const TRun stream = place.Run({"show", "p.vproj", "--json"});
+  EXPECT_EQ(stream.Document().begin().key(), "schema");
+  EXPECT_EQ(stream.Document()["warnings"].dump(), "[]");
+}
+
 TEST(BadInputs, ThatAreNoPlainFilesAreRefusedAtOnce) {
   TWorkplace place;
   std::filesystem::create_directory(place.Path("folder"));

@@ -179,20 +179,20 @@ private:
 
   static TJson AsJson(const TTarget& target, const TDeployReport& report,
                       const std::array<std::size_t, 6>& counts) {
-    TJson files = TJson::array();
+    TJson files = TJson::Array();
     for (const TDeployRow& row : report.Rows)
-      files.push_back({{"localName", row.LocalName},
-                       {"remoteFile", row.RemoteFile},
-                       {"action", DeployActionName(row.Action)},
-                       {"bytes", row.Bytes},
-                       {"error", row.Error}});
+      files.Append({{"localName", row.LocalName},
+                    {"remoteFile", row.RemoteFile},
+                    {"action", DeployActionName(row.Action)},
+                    {"bytes", row.Bytes},
+                    {"error", row.Error}});
     TJson document = {{"platform", target.Platform},
                       {"configuration", target.Configuration},
                       {"files", std::move(files)}};
     for (std::size_t i = 0; i < counts.size(); ++i) {
       const auto action = static_cast<TDeployAction>(i);
       if (counts[i] > 0 || action != TDeployAction::Removed)
-        document[std::string(DeployActionName(action))] = counts[i];
+        document.Add(std::string(DeployActionName(action)), counts[i]);
     }
     return document;
   }

@@ -100,23 +100,23 @@ private:
 
   void PrintJson(TCommandContext& context, TOpenProject& project,
                  const TExplanation& explanation) const {
-    TJson entries = TJson::array();
+    TJson entries = TJson::Array();
     for (const TExplainedEntry& entry : explanation.Entries)
-      entries.push_back(EntryAsJson(project, entry));
-    TJson leaving = TJson::array();
+      entries.Append(EntryAsJson(project, entry));
+    TJson leaving = TJson::Array();
     for (const TSavedEntry& entry : explanation.Leaving)
-      leaving.push_back({{"localName", entry.LocalName},
-                         {"class", entry.ClassName},
-                         {"configuration", entry.Configuration}});
-    TJson elsewhere = TJson::array();
+      leaving.Append({{"localName", entry.LocalName},
+                      {"class", entry.ClassName},
+                      {"configuration", entry.Configuration}});
+    TJson elsewhere = TJson::Array();
     for (const auto& entry : explanation.Elsewhere)
-      elsewhere.push_back({{"localName", entry->GetLocalName()},
-                           {"class", entry->GetDeploymentClass()},
-                           {"configuration", entry->GetConfiguration()},
-                           {"platforms", entry->GetPlatforms()}});
-    TJson reasons = TJson::array();
+      elsewhere.Append({{"localName", entry->GetLocalName()},
+                        {"class", entry->GetDeploymentClass()},
+                        {"configuration", entry->GetConfiguration()},
+                        {"platforms", entry->GetPlatforms()}});
+    TJson reasons = TJson::Array();
     for (const deployment::TReconcileReason& reason : explanation.Journal)
-      reasons.push_back(ReasonAsJson(reason));
+      reasons.Append(ReasonAsJson(reason));
     context.Output.Document({{"project", project.GivenFileName().string()},
                              {"file", explanation.Name},
                              {"platform", FTarget.Platform},
@@ -142,16 +142,16 @@ private:
                       {"because", entry.Reasons}};
     if (entry.Landings.size() == 1) {
       const auto& [platform, remoteFile] = entry.Landings.front();
-      TJson values = TJson::object();
+      TJson values = TJson::Object();
       for (const TSourcedValue& value : SourcedValues(file, platform, project.Deployment()))
-        values[value.Name] = {{"value", value.Value}, {"source", value.Source}};
-      document["values"] = values;
-      document["remoteFile"] = remoteFile;
+        values.Add(value.Name, TJson{{"value", value.Value}, {"source", value.Source}});
+      document.Add("values", values);
+      document.Add("remoteFile", remoteFile);
     }
-    TJson remoteFiles = TJson::object();
+    TJson remoteFiles = TJson::Object();
     for (const auto& [platform, remoteFile] : entry.Landings)
-      remoteFiles[platform] = remoteFile;
-    document["remoteFiles"] = remoteFiles;
+      remoteFiles.Add(platform, remoteFile);
+    document.Add("remoteFiles", remoteFiles);
     return document;
   }
 

@@ -76,15 +76,15 @@ private:
 
   static void PrintJson(TCommandContext& context, const TOpenProject& project,
                         const TTarget& target, bool connected, const std::vector<TViewRow>& rows) {
-    TJson list = TJson::array();
+    TJson list = TJson::Array();
     const std::vector<std::string>& keys = TDeploymentView::RowKeys();
     for (const TViewRow& row : rows) {
-      TJson entry = TJson::object();
+      TJson entry = TJson::Object();
       for (std::size_t i = 0; i < keys.size(); ++i)
-        entry[keys[i]] = row.Texts[i];
-      entry["checked"] = row.Checked;
-      entry["dimmed"] = row.Dimmed;
-      list.push_back(std::move(entry));
+        entry.Add(keys[i], row.Texts[i]);
+      entry.Add("checked", row.Checked);
+      entry.Add("dimmed", row.Dimmed);
+      list.Append(std::move(entry));
     }
     context.Output.Document(
         {{"project", project.GivenFileName().string()},
@@ -92,7 +92,7 @@ private:
           target.AllPlatforms ? std::string(deployment::sAllPlatforms) : target.Platform},
          {"configuration", target.Configuration},
          {"connected", connected},
-         {"rows", list}});
+         {"rows", std::move(list)}});
   }
 
   // The titles are for people; scripts get one line for each file and nothing else.

@@ -36,10 +36,6 @@ std::string Place(const std::string& file, unsigned line) {
 
 } // namespace
 
-std::string JsonText(const TJson& value, int indent) {
-  return value.dump(indent, ' ', false, TJson::error_handler_t::replace);
-}
-
 TOutput::TOutput(bool json, bool quiet, bool noColor)
     : FJson(json), FQuiet(quiet), FTerminal(::isatty(STDOUT_FILENO) == 1),
       FColor(!noColor && !WantsNoColor() && FTerminal) {}
@@ -80,11 +76,23 @@ void TOutput::Write(std::string_view text) {
 }
 
 void TOutput::Document(const TJson& document) {
-  Write(JsonText(document));
+  TJson whole{{"schema", JsonSchema}};
+  whole.AddAll(document);
+  whole.Add("warnings", WarningsAsJson());
+  Write(JsonText(whole));
   Write("\n");
 }
 
+TJson TOutput::WarningsAsJson() const {
+  TJson warnings = TJson::Array();
+  for (const TWarning& warning : FWarnings)
+    warnings.Append({{"text", warning.Text}, {"file", warning.File}, {"line", warning.Line}});
+  return warnings;
+}
+
 void TOutput::Warn(const TWarning& warning) {
+  if (FJson)
+    FWarnings.push_back(warning);
   if (!FQuiet)
     std::cerr << ProgramName << ": " << Place(warning.File, warning.Line)
               << "warning: " << Visible(warning.Text) << '\n';
@@ -94,11 +102,10 @@ void TOutput::Error(const TFailure& failure) {
   const std::string place = failure.TextNamesFile ? "" : Place(failure.File, failure.Line);
   std::cerr << ProgramName << ": " << place << Visible(failure.Text) << '\n';
   if (FJson)
-    Document({{"error",
-               {{"code", failure.Status},
-                {"message", failure.Text},
-                {"file", failure.File},
-                {"line", failure.Line}}}});
+    Document({{"error", TJson{{"code", failure.Status},
+                              {"message", failure.Text},
+                              {"file", failure.File},
+                              {"line", failure.Line}}}});
 }
 
 bool TOutput::Flush() {
