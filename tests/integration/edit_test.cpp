@@ -161,6 +161,16 @@ TEST(Remove, NeedsAPersonOrAYes) {
   EXPECT_EQ(FilesOf(place).size(), 1U);
 }
 
+TEST(Remove, TakesAwayWhatTheProjectDoesNotKnowAnyMore) {
+  TWorkplace place;
+  place.Write("p.vproj",
+              ProjectWith(ListOf(Entry("a", "Old", "PalmOS") + Entry("a", "Debug", "Win32"))));
+  EXPECT_EQ(place.Run({"remove", "p.vproj", "a", "-c", "Older", "--yes"}).Status, 2);
+  EXPECT_EQ(place.Run({"remove", "p.vproj", "a", "-c", "Old", "-p", "PalmOS", "--yes"}).Output,
+            "removed a for Old, PalmOS\n");
+  EXPECT_EQ(FilesOf(place).size(), 1U);
+}
+
 TEST(Change, OfNothingLeavesTheFileUntouched) {
   TWorkplace place;
   const auto file = place.Write("p.vproj", ProjectWith(ListOf(Entry("a", "Debug", "Win32"))));

@@ -156,15 +156,6 @@ TEST(Explain, NamesAConditionAndAMissingFile) {
   EXPECT_TRUE(Says(run, "there is no such file now: ")) << run.Output;
 }
 
-TEST(Explain, NamesTheOptionThatKeepsADefaultFileAway) {
-  TWorkplace place;
-  place.CopyOf(Tree / "examples/sky-chart");
-  const TRun run = place.Run({"explain", "sky-chart/SkyChart.vproj", "Win32\\Release\\SkyChart.qds",
-                              "-c", "Release", "-p", "Win32"});
-  EXPECT_TRUE(Says(run, "the step \"debug symbols\" makes no entry of class \"DebugSymbols\": the "
-                        "option \"RemoteDebugSymbols\" is \""))
-      << run.Output;
-}
 
 } // namespace
 } // namespace integration

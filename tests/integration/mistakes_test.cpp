@@ -54,6 +54,7 @@ const TMistake Mistakes[] = {
     {{"new", "n.vproj", "--type", "Libary"}, 2, "did you mean \"Library\"?"},
     {{"new", "n.vproj", "--platforms", "win64"}, 2, "did you mean \"Win64\"?"},
     {{"show", "readme.txt"}, 3, "readme.txt: this is no project"},
+    {{"show", "all.sln"}, 3, "all.sln: this is a solution; name one of the projects in it"},
     {{"show", "empty"}, 3, "empty: the directory holds no project"},
     {{"show", "several"}, 2, "name one of them: a.vproj, b.vproj"},
     {{"show", "gone.vproj"}, 3, "gone.vproj: "},
@@ -74,6 +75,7 @@ TEST(Mistakes, EachGetItsSentenceItsHintAndItsStatus) {
   place.Write("held.dat", "x");
   place.Write("data/levels.dat", "x");
   place.Write("readme.txt", "A text.\n");
+  place.Write("all.sln", "\xEF\xBB\xBF\r\nMicrosoft Visual Studio Solution File\r\n");
   place.Write("several/a.vproj", ProjectWith(""));
   place.Write("several/b.vproj", ProjectWith(""));
   std::filesystem::create_directory(place.Path("empty"));

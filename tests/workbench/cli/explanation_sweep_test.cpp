@@ -1,5 +1,6 @@
 // Every entry and every class of the examples, asked for every target: the explanation says what
 // the list shows.
+#include "package/common/path_text.h"
 #include "tests/workbench/session/session_fixture.h"
 #include "workbench/cli/entries/explanation.h"
 #include "workbench/cli/view/deployment_view.h"

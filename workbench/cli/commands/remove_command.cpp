@@ -5,6 +5,7 @@
 #include "workbench/cli/context/project_argument.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/entries/change_report.h"
+#include "workbench/cli/entries/entry_filter.h"
 #include "workbench/cli/entries/entry_lookup.h"
 
 namespace workbench {
@@ -25,7 +26,7 @@ public:
   int Run(TCommandContext& context) override {
     CheckOrder("remove", FProject, FFiles);
     TOpenProject& project = OpenProject(context, FProject, FChange.Purpose());
-    CheckTargetOptions(context, &project);
+    CheckFilterOptions(context, project);
     deployment::IProjectDeployment& deployment = project.Deployment();
     const TEntryLookup lookup(deployment.GetFiles(), context.Options, TPlatformNarrowing::Always);
     const deployment::TDeploymentFiles files = lookup.FindAll(FFiles);

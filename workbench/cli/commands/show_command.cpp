@@ -21,7 +21,7 @@ public:
 
   int Run(TCommandContext& context) override {
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
-    CheckTargetOptions(context, &project);
+    CheckFilterOptions(context, project);
     if (context.Output.IsJson())
       ShowJson(context, project);
     else

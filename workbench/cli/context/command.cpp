@@ -1,5 +1,6 @@
 #include "workbench/cli/context/command.h"
 
+#include "package/common/case_fold.h"
 #include "package/common/errors.h"
 #include "workbench/cli/context/project_argument.h"
 
@@ -37,7 +38,10 @@ TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOp
   } catch (const deployment::TInputError& error) {
     if (MayBeXml(found))
       throw;
-    throw deployment::TInputError("this is no project: MSBuild projects are XML files",
+    const bool isSolution = deployment::SameText(found.extension().string(), ".sln");
+    throw deployment::TInputError(isSolution
+                                      ? "this is a solution; name one of the projects in it"
+                                      : "this is no project: MSBuild projects are XML files",
                                   {found.string(), 0});
   }
 }

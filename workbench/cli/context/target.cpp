@@ -115,12 +115,21 @@ void CheckPlatform(TCommandContext& context, const TOpenProject* project,
                     deployment::JoinDelimited(known, ", ") + HintAt(platform, known));
 }
 
-void CheckTargetOptions(TCommandContext& context, const TOpenProject* project) {
+void CheckPlatformOption(TCommandContext& context, const TOpenProject* project) {
   const std::string& platform = context.Options.Platform;
   if (!platform.empty() && platform != AllPlatformsArgument)
     CheckPlatform(context, project, platform);
-  if (project && !context.Options.Configuration.empty())
-    CheckConfiguration(*project, context.Options.Configuration);
+}
+
+void CheckConfigurationOption(TCommandContext& context, const TOpenProject& project) {
+  if (!context.Options.Configuration.empty())
+    CheckConfiguration(project, context.Options.Configuration);
+}
+
+void CheckTargetOptions(TCommandContext& context, const TOpenProject* project) {
+  CheckPlatformOption(context, project);
+  if (project)
+    CheckConfigurationOption(context, *project);
 }
 
 void WarnOfTarget(TCommandContext& context, const TOpenProject* project,

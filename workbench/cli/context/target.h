@@ -18,6 +18,9 @@ struct TTarget {
 /// table nor the project (which may be null) knows, or the configuration option one that the
 /// project does not have. "all" is a platform, "Base" a configuration of every project.
 void CheckTargetOptions(TCommandContext& context, const TOpenProject* project);
+/// Each of the two checks alone.
+void CheckPlatformOption(TCommandContext& context, const TOpenProject* project);
+void CheckConfigurationOption(TCommandContext& context, const TOpenProject& project);
 
 /// The options, with the project's active target where they are silent. Warns of a target that the
 /// project has not set up, and says so when an environment variable has made it the active one.
