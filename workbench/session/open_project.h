@@ -34,10 +34,12 @@ public:
   void MarkChanged() override { FMarkedChanged = true; }
   std::vector<TLabelledItem> LabelledItems(std::string_view label) override;
   void SetLabelledItems(std::string_view label, std::vector<TLabelledItem> items) override;
+  void RequireShippedFiles() override;
   TSaveReport Save(bool force) override;
   bool AssignProfile(std::string_view platform, std::string_view profile, bool force) override;
   bool SaveProjectFile(bool force) override;
   TSaveReport Export() override;
+  TSaveReport PlanExport() override;
 
   /// Whether a view of the package shows this very project.
   bool IsShown() const { return FIsShown; }
@@ -48,6 +50,7 @@ public:
 private:
   class TChangeListener;
 
+  TSaveReport WriteSideFile();
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
   void CollectNotes() const;
 
