@@ -238,4 +238,15 @@ TEntryRecord Unpack(std::string_view bytes) {
   return record;
 }
 
+TEntryRecord AsStored(TEntryRecord record) {
+  record.Names.Platform.clear();
+  for (TFilePlatformRecord& platform : record.Platforms) {
+    for (auto* commands : {&platform.LocalCommands, &platform.RemoteCommands}) {
+      if (commands->size() > 1)
+        commands->erase(commands->begin(), commands->end() - 1);
+    }
+  }
+  return record;
+}
+
 } // namespace workbench

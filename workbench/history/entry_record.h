@@ -79,6 +79,10 @@ TClassRecords ClassRecordsOf(const deployment::IProjectDeployment& deployment);
 void Apply(const TEntryRecord& record, deployment::IProjectDeploymentFile& file);
 void Apply(const TClassRecord& record, deployment::IProjectDeploymentClass& deploymentClass);
 
+/// What a project file keeps of the record: of several commands the last one, and the platform for
+/// which an entry was made not at all.
+TEntryRecord AsStored(TEntryRecord record);
+
 /// The record as bytes, for who keeps very many of them. Equal records give equal bytes.
 std::string Pack(const TEntryRecord& record);
 /// The record that Pack took. The bytes must be of this program.

@@ -70,6 +70,7 @@ TEntryDifference DifferenceFromJson(const TJsonValue& value) {
 TListChange StepFromJson(const TJsonValue& value) {
   TListChange change;
   change.Name = TextFromJson(value.at("step"));
+  change.IsComputed = value.value("computed", false);
   const TJsonValue& entries = value.at("entries");
   change.Entries.reserve(entries.size());
   for (const TJsonValue& entry : entries)
@@ -106,6 +107,8 @@ void ReadHead(std::string_view text, TJournalContent& content) {
 
 void ReadLine(std::string_view text, TJournalContent& content) {
   const TJsonValue value = TJsonValue::parse(text);
+  if (const auto project = value.find("project"); project != value.end())
+    content.Project = TextFromJson(*project);
   if (const auto base = value.find("base"); base != value.end())
     content.Base = BaseFromJson(*base);
   else
@@ -160,9 +163,17 @@ std::string BaseLine(const TFileBase& base) {
   return Line("{" + BaseText(base) + "}");
 }
 
+std::string NameLine(const std::filesystem::path& project, const TFileBase& base) {
+  std::string json = "{\"project\":";
+  AppendJsonText(json, project.native());
+  return Line(json + "," + BaseText(base) + "}");
+}
+
 std::string StepLine(const TListChange& change) {
   std::string json = "{\"step\":";
   AppendJsonText(json, change.Name);
+  if (change.IsComputed)
+    json += ",\"computed\":true";
   AppendList(json, "entries", change.Entries, AppendDifference);
   if (change.Classes)
     AppendList(json, "classes", *change.Classes,

@@ -38,6 +38,9 @@ public:
   TProjectSettings& Settings();
   /// Says that the pieces stand on disk now. They borrow from the present document.
   void DocumentWasSaved(std::unique_ptr<TTextPieces> pieces);
+  /// The file has another name from now on, under which the project is evaluated anew; listeners of
+  /// the module hear of it.
+  void Rename(const std::filesystem::path& file);
   /// True when the text is what was read or saved last.
   bool IsText(std::string_view text) const;
   /// Who names the profile of platforms for which the project names none; empty for nobody.
@@ -88,7 +91,7 @@ private:
   TProjectSettings& ReadSettings() const;
   void ReadSavedDocument();
 
-  const std::filesystem::path FFile;
+  std::filesystem::path FFile;
   const TPlatformTable& FPlatforms;
   std::unique_ptr<TProjectDocument> FDocument;
   std::unique_ptr<TTextPieces> FSaved; // on disk but not yet in FDocument

@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -81,6 +82,9 @@ public:
   virtual bool SaveProjectFile(bool force) = 0;
   /// Writes the side file alone. Throws TSaveError.
   virtual TSaveReport Export() = 0;
+  /// The name that the project's file has now when it was renamed in its directory; nothing when it
+  /// is still there or gone altogether.
+  virtual std::optional<std::filesystem::path> FindRenamed() const = 0;
 };
 
 /// The host and everything in it. Errors that the package raises are made of its code, which is
@@ -100,6 +104,14 @@ public:
   /// Writes a new project file from its text and runs the first-content step of every section
   /// owner on it. Throws TSaveError when the file exists already or cannot be written.
   void Create(const std::filesystem::path& file, std::string_view projectText);
+  /// Writes the project and its side file under another name, under which it goes on; the files of
+  /// the old name stay. Packages hear that it was renamed. Throws TSaveError when the file exists
+  /// and may not be overwritten or cannot be written, and TInputError when an open project has the
+  /// name; then nothing changed, unless the error says that the side file alone was not written.
+  TSaveReport SaveAs(TOpenProject& project, const std::filesystem::path& file, bool overwrite);
+  /// The project goes on under another name, which its file has got already. Packages hear of it.
+  /// Throws TInputError when an open project has the name.
+  void Rename(TOpenProject& project, const std::filesystem::path& file);
   /// Closes it without saving.
   void Close(TOpenProject& project);
   /// The open project of that file, under whatever spelling of its name; null for none.
