@@ -1,13 +1,12 @@
 #include "workbench/settings/command_consent.h"
 
-#include <nlohmann/json.hpp>
+#include "package/common/errors.h"
+#include "workbench/json/json.h"
 
 #include <string_view>
 
 namespace workbench {
 namespace {
-
-using TJsonValue = nlohmann::ordered_json;
 
 constexpr std::string_view Prefix = "allowed-commands.";
 
@@ -16,25 +15,34 @@ std::string KeyOf(const std::filesystem::path& project) {
 }
 
 std::string TextOf(const std::vector<std::string>& commands) {
-  return TJsonValue(commands).dump(-1, ' ', false, TJsonValue::error_handler_t::replace);
+  return JsonText(commands, -1);
 }
 
 std::vector<std::string> CommandsOf(const std::string& text) {
-  const TJsonValue value = TJsonValue::parse(text, nullptr, /*allow_exceptions=*/false);
-  std::vector<std::string> commands;
-  for (const TJsonValue& command : value) {
-    if (!value.is_array() || !command.is_string())
-      return {};
-    commands.push_back(command.get<std::string>());
+  return ParseJson(text).AsTexts();
+}
+
+std::vector<std::string> CommandsOrNone(const std::string& text) {
+  try {
+    return CommandsOf(text);
+  } catch (const deployment::TInputError&) {
+    return {};
   }
-  return commands;
 }
 
 } // namespace
 
 bool IsAllowed(const TSettings& settings, const std::filesystem::path& project,
                const std::vector<std::string>& commands) {
-  return settings.Get(KeyOf(project)) == TextOf(commands);
+  const std::string key = KeyOf(project);
+  const std::optional<std::string> text = settings.Get(key);
+  try {
+    return text && CommandsOf(*text) == commands;
+  } catch (const deployment::TInputError& error) {
+    throw deployment::TInputError("the setting \"" + key + "\" is damaged: " + error.what() +
+                                      "; \"settings unset\" removes it",
+                                  {settings.File().string(), 0});
+  }
 }
 
 void Allow(TSettings& settings, const std::filesystem::path& project,
@@ -46,7 +54,7 @@ std::vector<TCommandConsent> ListConsents(const TSettings& settings) {
   std::vector<TCommandConsent> consents;
   for (const auto& [key, text] : settings.List()) {
     if (key.starts_with(Prefix))
-      consents.push_back({key, key.substr(Prefix.size()), CommandsOf(text)});
+      consents.push_back({key, key.substr(Prefix.size()), CommandsOrNone(text)});
   }
   return consents;
 }

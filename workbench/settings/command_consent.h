@@ -18,6 +18,7 @@ struct TCommandConsent {
 };
 
 /// True when the user said yes to exactly these commands, in this order, of the project before.
+/// Throws TInputError, with the settings file, when what is kept of them cannot be understood.
 bool IsAllowed(const TSettings& settings, const std::filesystem::path& project,
                const std::vector<std::string>& commands);
 /// Keeps the user's yes; it takes the place of an earlier one. Throws as TSettings::Set does.

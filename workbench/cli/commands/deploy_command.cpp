@@ -8,8 +8,6 @@
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/settings/command_consent.h"
 
-#include <CLI/CLI.hpp>
-
 #include <array>
 #include <iostream>
 #include <unistd.h>
@@ -45,16 +43,15 @@ public:
   std::string Name() const override { return "deploy"; }
   std::string Summary() const override { return "Copy what differs to the target"; }
 
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_flag("--force", FOptions.Force, "Copy also what is the same");
-    app.add_flag("--checksum", FOptions.Checksum, "Compare content instead of size and time");
-    app.add_flag("--skip-missing", FOptions.SkipMissing,
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Flag("--force", FOptions.Force, "Copy also what is the same");
+    options.Flag("--checksum", FOptions.Checksum, "Compare content instead of size and time");
+    options.Flag("--skip-missing", FOptions.SkipMissing,
                  "Skip missing local files that are not required");
-    app.add_option("--jobs", FOptions.Jobs, "How many files are copied at a time")
-        ->check(CLI::Range(1, 64));
-    app.add_flag("--allow-commands", FAllowCommands, "Let the project's commands run");
-    AddChangeOptions(app, FChange);
+    options.Number("--jobs", FOptions.Jobs, 1, 64, "How many files are copied at a time");
+    options.Flag("--allow-commands", FAllowCommands, "Let the project's commands run");
+    AddChangeOptions(options, FChange);
   }
 
   int Run(TCommandContext& context) override {
@@ -182,20 +179,20 @@ private:
 
   static TJson AsJson(const TTarget& target, const TDeployReport& report,
                       const std::array<std::size_t, 6>& counts) {
-    TJson files = TJson::array();
+    TJson files = TJson::Array();
     for (const TDeployRow& row : report.Rows)
-      files.push_back({{"localName", row.LocalName},
-                       {"remoteFile", row.RemoteFile},
-                       {"action", DeployActionName(row.Action)},
-                       {"bytes", row.Bytes},
-                       {"error", row.Error}});
+      files.Append({{"localName", row.LocalName},
+                    {"remoteFile", row.RemoteFile},
+                    {"action", DeployActionName(row.Action)},
+                    {"bytes", row.Bytes},
+                    {"error", row.Error}});
     TJson document = {{"platform", target.Platform},
                       {"configuration", target.Configuration},
                       {"files", std::move(files)}};
     for (std::size_t i = 0; i < counts.size(); ++i) {
       const auto action = static_cast<TDeployAction>(i);
       if (counts[i] > 0 || action != TDeployAction::Removed)
-        document[std::string(DeployActionName(action))] = counts[i];
+        document.Add(std::string(DeployActionName(action)), counts[i]);
     }
     return document;
   }

@@ -9,8 +9,6 @@
 #include "workbench/cli/entries/reason_text.h"
 #include "workbench/cli/entries/value_sources.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <iterator>
 #include <unordered_set>
@@ -82,11 +80,11 @@ public:
   std::string Summary() const override {
     return "Say why a file is in the list of a target, or is not";
   }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_option("FILE", FFile, "Local name of a file, or the name of a class or option")
-        ->required();
-    app.footer("The target is reconciled in memory to learn the reasons; nothing is saved.");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Text("FILE", FFile, "Local name of a file, or the name of a class or option")
+        .Required();
+    options.Footer("The target is reconciled in memory to learn the reasons; nothing is saved.");
   }
 
   int Run(TCommandContext& context) override {
@@ -214,18 +212,18 @@ private:
 
   static void PrintJson(TCommandContext& context, TOpenProject& project,
                         const TExplanation& explanation) {
-    TJson entries = TJson::array();
+    TJson entries = TJson::Array();
     for (const auto& entry : explanation.Entries)
-      entries.push_back(EntryAsJson(project, *entry, explanation));
-    TJson others = TJson::array();
+      entries.Append(EntryAsJson(project, *entry, explanation));
+    TJson others = TJson::Array();
     for (const auto& entry : explanation.Others)
-      others.push_back({{"localName", entry->GetLocalName()},
-                        {"class", entry->GetDeploymentClass()},
-                        {"configuration", entry->GetConfiguration()},
-                        {"platforms", entry->GetPlatforms()}});
-    TJson reasons = TJson::array();
+      others.Append({{"localName", entry->GetLocalName()},
+                     {"class", entry->GetDeploymentClass()},
+                     {"configuration", entry->GetConfiguration()},
+                     {"platforms", entry->GetPlatforms()}});
+    TJson reasons = TJson::Array();
     for (const TReconcileReason& reason : explanation.Reasons)
-      reasons.push_back(ReasonAsJson(reason));
+      reasons.Append(ReasonAsJson(reason));
     context.Output.Document({{"project", project.GivenFileName().string()},
                              {"file", explanation.File},
                              {"platform", explanation.Target.Platform},
@@ -239,9 +237,9 @@ private:
   static TJson EntryAsJson(TOpenProject& project, deployment::IProjectDeploymentFile& entry,
                            const TExplanation& explanation) {
     const std::string& platform = explanation.Target.Platform;
-    TJson values = TJson::object();
+    TJson values = TJson::Object();
     for (const TSourcedValue& value : SourcedValues(entry, platform, project.Deployment()))
-      values[value.Name] = {{"value", value.Value}, {"source", value.Source}};
+      values.Add(value.Name, {{"value", value.Value}, {"source", value.Source}});
     return {{"localName", entry.GetLocalName()},
             {"class", entry.GetDeploymentClass()},
             {"configuration", entry.GetConfiguration()},

@@ -7,8 +7,6 @@
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/text/utf8.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -30,13 +28,13 @@ public:
 
   std::string Name() const override { return FName; }
   std::string Summary() const override { return FSummary; }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_option("--sort", FSort, "Sort by this text of the rows; \":desc\" turns the order")
-        ->type_name("KEY[:desc]");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Text("--sort", FSort, "Sort by this text of the rows; \":desc\" turns the order")
+        .ValueName("KEY[:desc]");
     if (!FConnects)
-      app.add_flag("--connect", FConnect, "Show the state of the files on the target");
-    app.footer("The target is reconciled in memory first; nothing is saved.");
+      options.Flag("--connect", FConnect, "Show the state of the files on the target");
+    options.Footer("The target is reconciled in memory first; nothing is saved.");
   }
 
   int Run(TCommandContext& context) override {
@@ -78,15 +76,15 @@ private:
 
   static void PrintJson(TCommandContext& context, const TOpenProject& project,
                         const TTarget& target, bool connected, const std::vector<TViewRow>& rows) {
-    TJson list = TJson::array();
+    TJson list = TJson::Array();
     const std::vector<std::string>& keys = TDeploymentView::RowKeys();
     for (const TViewRow& row : rows) {
-      TJson entry = TJson::object();
+      TJson entry = TJson::Object();
       for (std::size_t i = 0; i < keys.size(); ++i)
-        entry[keys[i]] = row.Texts[i];
-      entry["checked"] = row.Checked;
-      entry["dimmed"] = row.Dimmed;
-      list.push_back(std::move(entry));
+        entry.Add(keys[i], row.Texts[i]);
+      entry.Add("checked", row.Checked);
+      entry.Add("dimmed", row.Dimmed);
+      list.Append(std::move(entry));
     }
     context.Output.Document(
         {{"project", project.GivenFileName().string()},
@@ -94,7 +92,7 @@ private:
           target.AllPlatforms ? std::string(deployment::sAllPlatforms) : target.Platform},
          {"configuration", target.Configuration},
          {"connected", connected},
-         {"rows", list}});
+         {"rows", std::move(list)}});
   }
 
   // The titles are for people; scripts get one line for each file and nothing else.

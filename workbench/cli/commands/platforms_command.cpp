@@ -5,18 +5,17 @@
 #include "workbench/platforms/platform_table.h"
 #include "workbench/project/project_settings.h"
 
-#include <CLI/CLI.hpp>
-
 namespace workbench {
 namespace {
 
 TJson FactsAsJson(const TPlatformFacts& facts) {
-  TJson outputs = TJson::object();
+  TJson outputs = TJson::Object();
   for (const auto& output : facts.Outputs)
-    outputs[output.Key] = {{"prefix", output.Value.Prefix}, {"extension", output.Value.Extension}};
-  TJson symbols = TJson::object();
+    outputs.Add(output.Key,
+                {{"prefix", output.Value.Prefix}, {"extension", output.Value.Extension}});
+  TJson symbols = TJson::Object();
   for (const auto& personality : facts.Personalities)
-    symbols[personality.Key] = personality.Value.SymbolExtension;
+    symbols.Add(personality.Key, personality.Value.SymbolExtension);
   return {{"name", facts.Name},
           {"mobile", facts.Mobile},
           {"defaultRemoteDir", facts.DefaultRemoteDir},
@@ -40,16 +39,18 @@ public:
   std::string Summary() const override {
     return "Show the platform table, or the platforms of a project";
   }
-  void AddOptions(CLI::App& app) override { AddProjectArgument(app, FProject, /*required=*/false); }
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject, /*required=*/false);
+  }
 
   int Run(TCommandContext& context) override {
     WarnOfConfiguration(context, "platforms have no configuration");
     const TOpenProject* project =
         FProject.empty() ? nullptr : &OpenProject(context, FProject, TOpenPurpose::Look);
     CheckPlatformOption(context, project);
-    TJson list = TJson::array();
+    TJson list = TJson::Array();
     for (const TFacts& facts : Chosen(context, project)) {
-      list.push_back(FactsAsJson(*facts));
+      list.Append(FactsAsJson(*facts));
       context.Output.Line(FactsLine(*facts, context.Output));
     }
     if (context.Output.IsJson())

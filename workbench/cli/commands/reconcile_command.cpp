@@ -7,8 +7,6 @@
 #include "workbench/platforms/platform_table.h"
 #include "workbench/project/project_settings.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <map>
 
@@ -59,11 +57,11 @@ public:
   std::string Summary() const override {
     return "Bring the default entries in line with the project's settings";
   }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_flag("--all", FAll, "Every platform of every configuration, not one target");
-    app.add_flag("--internal", FInternal, "Take the list of runtime packages for empty");
-    AddChangeOptions(app, FChange);
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Flag("--all", FAll, "Every platform of every configuration, not one target");
+    options.Flag("--internal", FInternal, "Take the list of runtime packages for empty");
+    AddChangeOptions(options, FChange);
   }
 
   int Run(TCommandContext& context) override {
@@ -134,14 +132,14 @@ private:
   }
 
   void Report(TCommandContext& context, const std::vector<TReconciledTarget>& targets) const {
-    TJson results = TJson::array();
+    TJson results = TJson::Array();
     bool nothing = true;
     for (const TReconciledTarget& target : targets) {
       TJson result = {{"platform", target.Platform},
                       {"configuration", target.Configuration},
                       {"result", static_cast<int>(target.Result)}};
-      result.update(ChangesAsJson(target.Changes));
-      results.push_back(std::move(result));
+      result.AddAll(ChangesAsJson(target.Changes));
+      results.Append(std::move(result));
       const std::string name = target.Configuration + ", " + target.Platform;
       if (target.Result == TReconcileResult::CannotReconcile)
         context.Output.Warn({"the project cannot be reconciled for " + name, FProject, 0});
