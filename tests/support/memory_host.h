@@ -29,7 +29,11 @@ public:
     Handlers.emplace(++FLast, std::move(handler));
     return FLast;
   }
-  void Unsubscribe(TEventHandle handle) override { Handlers.erase(handle); }
+  void Unsubscribe(TEventHandle handle) override {
+    Handlers.erase(handle);
+    if (OnUnsubscribe)
+      OnUnsubscribe();
+  }
 
   void Raise(TArguments... arguments) {
     const auto snapshot = Handlers;
@@ -40,6 +44,7 @@ public:
   }
 
   std::map<TEventHandle, THandler> Handlers;
+  std::function<void()> OnUnsubscribe;
 
 private:
   TEventHandle FLast = 0;

@@ -43,7 +43,7 @@ public:
   void Rename(const std::filesystem::path& file);
   /// True when the text is what was read or saved last.
   bool IsText(std::string_view text) const;
-  /// Who names the profile of platforms for which the project names none; empty for nobody.
+  /// Names the profile of a platform for which the project names none; empty: there is none.
   using TDefaultProfile = std::function<std::string(std::string_view platform)>;
   void SetDefaultProfile(TDefaultProfile profile) { FDefaultProfile = std::move(profile); }
   /// The profile that the project assigns to the platform, else the platform's default one; empty

@@ -168,7 +168,8 @@ void TSession::CloseViews() {
   FImpl->Services.GetEditorViewServices()->CloseAll();
 }
 
-void TSession::ShowDeployment(TOpenProject& project) {
+std::optional<deployment::TInputError>
+TSession::ShowDeployment(TOpenProject& project, const deployment::TShowRequest& request) {
   auto* service = FImpl->Services.GetExtensions()->DeploymentService();
   if (!service)
     throw deployment::TInputError("the package offers no Deployment Manager");
@@ -176,8 +177,9 @@ void TSession::ShowDeployment(TOpenProject& project) {
     throw deployment::TInputError("the project is shown already, as " +
                                       shown->GivenFileName().string(),
                                   {project.GivenFileName().string(), 0});
-  service->DeployManagerProject(project.SharedProject());
+  auto problem = service->ShowDeployment(project.SharedProject(), request);
   (*FImpl->Find(project))->SetShown();
+  return problem;
 }
 
 void TSession::SetModalForms(deployment::IModalForms* forms) {

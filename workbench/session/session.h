@@ -117,15 +117,18 @@ public:
   /// The open project of that file, under whatever spelling of its name; null for none.
   TOpenProject* FindOpen(const std::filesystem::path& file);
 
-  /// Who shows the views of the package from now on; null, as at the start, for nobody. Not owned;
+  /// Shows the views of the package from now on; null, as at the start: none are shown. Not owned;
   /// must outlive the projects whose views it shows.
   void SetEditorArea(IEditorArea* area);
   /// Closes the views that are shown.
   void CloseViews();
-  /// Opens the Deployment Manager of the project in the editor area, or brings it forward. Throws
-  /// TInputError when the view of another open project has its name, see IsSameProject.
-  void ShowDeployment(TOpenProject& project);
-  /// Who shows dialogs of the package from now on; null, as at the start, for nobody. Not owned.
+  /// Opens the Deployment Manager of the project in the editor area, or brings it forward, and
+  /// shows what is asked for. Returns why the target could not be computed; the view shows what the
+  /// list holds then. Throws TInputError when the view of another open project has its name, see
+  /// IsSameProject.
+  std::optional<deployment::TInputError> ShowDeployment(TOpenProject& project,
+                                                        const deployment::TShowRequest& request);
+  /// Shows dialogs of the package from now on; null, as at the start: none are shown. Not owned.
   void SetModalForms(deployment::IModalForms* forms);
 
   const TPlatformTable& Platforms() const;

@@ -5,6 +5,7 @@
 #include "package/host/plugin/deployment_window.h"
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace deployment {
@@ -15,7 +16,11 @@ public:
       : FContext(std::move(context)) {}
 
   void DeployManagerProject(const std::shared_ptr<IOTAProject>& project) override {
-    ShowDeployment(FContext, project);
+    deployment::ShowDeployment(FContext, project);
+  }
+  std::optional<TInputError> ShowDeployment(const std::shared_ptr<IOTAProject>& project,
+                                            const TShowRequest& request) override {
+    return deployment::ShowDeployment(FContext, project, request);
   }
 
 private:

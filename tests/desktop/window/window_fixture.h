@@ -2,7 +2,7 @@
 #pragma once
 
 #include "package/featured/modify_featured_files.h"
-#include "package/view/file_columns.h"
+#include "package/host/api/file_columns.h"
 #include "tests/desktop/support/dialog_script.h"
 #include "tests/workbench/session/session_fixture.h"
 #include "workbench/desktop/controls/virtual_tree.h"

@@ -1,5 +1,5 @@
 // The status of files: remote names, time stamps, macros, and the words for what was found.
-#include "package/view/file_columns.h"
+#include "package/host/api/file_columns.h"
 #include "tests/package/view/frame_world.h"
 
 namespace deployment {

@@ -1,4 +1,5 @@
 // deploymgr deploy: brings the files of a target to where they belong.
+#include "package/host/api/view_buttons.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
@@ -85,7 +86,7 @@ private:
       const TInterruptWatch watch(run.Cancelled);
       TDesk desk(run);
       services.SetDeployDesk(&desk);
-      view.Press("tbDeploy");
+      view.Press(deployment::view_button::Deploy);
       if (run.Report.End == TDeployEnd::NotStarted)
         services.Deploy(project.Project(), target.Platform, target.Configuration, /*final=*/true);
       services.SetDeployDesk(nullptr);

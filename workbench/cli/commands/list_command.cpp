@@ -1,4 +1,5 @@
 // deploymgr list and deploymgr status: the rows of the Deployment Manager.
+#include "package/host/api/file_columns.h"
 #include "package/host/api/platforms.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
@@ -14,12 +15,8 @@
 namespace workbench {
 namespace {
 
-// Titles of the texts of a row, in their order.
-constexpr std::array<const char*, 10> Titles{
-    "Local Path",  "Local Name",  "Type",          "Configuration", "Platforms",
-    "Remote Path", "Remote Name", "Remote Status", "Local Status",  "Overwrite"};
-
-using TWidths = std::array<std::size_t, Titles.size()>;
+using deployment::FileColumns;
+using TWidths = std::array<std::size_t, FileColumns.size()>;
 
 class TListCommand final : public ICommand {
 public:
@@ -47,9 +44,10 @@ public:
       context.Session.RemoteProfiles().PrepareConnection(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
-    view.Open(project, target);
     if (connect)
-      view.Connect();
+      view.OpenConnected(project, target);
+    else
+      view.Open(project, target);
     Sort(view);
     WarnSince(context, project, told);
     if (context.Output.IsJson())
@@ -77,11 +75,10 @@ private:
   static void PrintJson(TCommandContext& context, const TOpenProject& project,
                         const TTarget& target, bool connected, const std::vector<TViewRow>& rows) {
     TJson list = TJson::Array();
-    const std::vector<std::string>& keys = TDeploymentView::RowKeys();
     for (const TViewRow& row : rows) {
       TJson entry = TJson::Object();
-      for (std::size_t i = 0; i < keys.size(); ++i)
-        entry.Add(keys[i], row.Texts[i]);
+      for (std::size_t i = 0; i < FileColumns.size(); ++i)
+        entry.Add(std::string(FileColumns[i].Key), row.Texts[i]);
       entry.Add("checked", row.Checked);
       entry.Add("dimmed", row.Dimmed);
       list.Append(std::move(entry));
@@ -98,7 +95,9 @@ private:
   // The titles are for people; scripts get one line for each file and nothing else.
   static void PrintText(TCommandContext& context, const std::vector<TViewRow>& rows) {
     TOutput& output = context.Output;
-    std::vector<std::string> titles(Titles.begin(), Titles.end());
+    std::vector<std::string> titles;
+    for (const deployment::TFileColumn& column : FileColumns)
+      titles.emplace_back(column.Title);
     TWidths widths{};
     if (output.IsTerminal())
       Widen(widths, titles);

@@ -1,19 +1,15 @@
 #include "workbench/desktop/controls/form_controls.h"
 
+#include "package/host/api/view_buttons.h"
 #include "workbench/controls/project_identifier.h"
 #include "workbench/desktop/controls/svg_icon.h"
 
+#include <QLabel>
 #include <QMenu>
 #include <QToolBar>
 #include <QVBoxLayout>
 
 namespace workbench {
-namespace {
-
-constexpr std::string_view AddButton = "tbAddFiles";
-
-} // namespace
-
 std::vector<std::string> TFormDialogs::OpenFiles(const deployment::TFileOpenOptions& options) {
   return FDropped.empty() ? FDialogs.OpenFiles(options) : FDropped;
 }
@@ -67,6 +63,7 @@ TFormControls::CreateTree(const deployment::TTreeOptions& options,
                           deployment::TVirtualTreeEvents events) {
   auto tree = std::make_unique<TVirtualTree>(options, std::move(events), FPage);
   FTree = tree.get();
+  FLayout->addWidget(CreateNotice());
   FLayout->addWidget(&tree->View(), 1);
   FPage->setFocusProxy(&tree->View());
   connect(FTree, &TVirtualTree::StateChanged, this, [this] {
@@ -76,6 +73,23 @@ TFormControls::CreateTree(const deployment::TTreeOptions& options,
   });
   connect(&tree->View(), &TTreeView::MenuWanted, this, &TFormControls::ShowMenu);
   return tree;
+}
+
+// Stands above the rows while there is something to say about them.
+QLabel* TFormControls::CreateNotice() {
+  constexpr int Margin = 8;
+  auto* notice = new QLabel(FPage);
+  notice->setObjectName("notice");
+  notice->setTextFormat(Qt::PlainText);
+  notice->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  notice->setWordWrap(true);
+  notice->setMargin(Margin);
+  notice->hide();
+  connect(FTree, &TVirtualTree::NoticeChanged, notice, [notice](const QString& text) {
+    notice->setText(text);
+    notice->setVisible(!text.isEmpty());
+  });
+  return notice;
 }
 
 std::string TFormControls::GetIdentifier(const deployment::IOTAProject& project) const {
@@ -94,7 +108,7 @@ bool TFormControls::StartCommand() {
 }
 
 void TFormControls::AddFiles(std::vector<std::string> files) {
-  QAction* add = FToolBar ? FToolBar->Find(AddButton) : nullptr;
+  QAction* add = FToolBar ? FToolBar->Find(deployment::view_button::AddFiles) : nullptr;
   if (!add || files.empty())
     return;
   FDialogs.SetDropped(std::move(files));

@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+class QLabel;
 class QVBoxLayout;
 
 namespace workbench {
@@ -101,6 +102,7 @@ signals:
   void StateChanged();
 
 private:
+  QLabel* CreateNotice();
   void ShowMenu(const QPoint& place);
   bool StartCommand();
 

@@ -1,6 +1,7 @@
 #include "workbench/desktop/controls/targets_combo_box.h"
 
 #include "package/host/api/platformapi.h"
+#include "package/host/api/platforms.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/text/qt_text.h"
 
@@ -95,16 +96,22 @@ void TTargetsComboBox::Activated(int row) {
   Change(FTargets[index]);
 }
 
+void TTargetsComboBox::Select(const deployment::TDeploymentTarget& target) {
+  FSelected = {target.Configuration,
+               target.Platform == deployment::sAllPlatforms ? std::string() : target.Platform};
+  Repopulate();
+  if (FBox)
+    Show();
+}
+
 void TTargetsComboBox::Choose(std::string_view configuration, std::string_view platform) {
   Change({std::string(configuration), std::string(platform)});
 }
 
-void TTargetsComboBox::Change(TTarget target) {
+void TTargetsComboBox::Change(const TTarget& target) {
   if (FMayChange && !FMayChange())
     return Show();
-  FSelected = std::move(target);
-  Repopulate();
-  Show();
+  Select({target.Configuration, target.Platform});
   if (FOnChange)
     Guarded(FOnChange);
   emit Chosen();

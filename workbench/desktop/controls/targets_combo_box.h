@@ -30,6 +30,7 @@ public:
   ~TTargetsComboBox() override;
 
   void SetProject(deployment::ICustomProject* project) override;
+  void Select(const deployment::TDeploymentTarget& target) override;
   void Repopulate() override;
   std::string GetSelectedPlatform() const override { return FSelected.Platform; }
   std::string GetSelectedConfiguration() const override { return FSelected.Configuration; }
@@ -52,7 +53,7 @@ private:
   std::vector<TTarget> Targets() const;
   void Show();
   void Activated(int row);
-  void Change(TTarget target);
+  void Change(const TTarget& target);
 
   QPointer<QComboBox> FBox;
   deployment::ICustomProject* FProject = nullptr;

@@ -1,6 +1,7 @@
 #include "workbench/desktop/window/list_commands.h"
 
 #include "package/host/api/platformapi.h"
+#include "package/host/api/view_buttons.h"
 #include "workbench/desktop/controls/form_controls.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/text/error_text.h"
@@ -24,12 +25,13 @@ struct TListKey {
 
 // Those that change what is selected need the focus in the list; the others work from anywhere.
 const std::array<TListKey, 5>& Keys() {
+  namespace view_button = deployment::view_button;
   static const std::array<TListKey, 5> keys{
-      {{"tbReconcile", Qt::CTRL | Qt::Key_R, Qt::WindowShortcut},
-       {"tbAddFiles", Qt::Key_Insert, Qt::WindowShortcut},
-       {"tbDeleteFile", Qt::Key_Delete, Qt::WidgetWithChildrenShortcut},
-       {"tbDeploy", Qt::Key_F9, Qt::WindowShortcut},
-       {"tbConnect", Qt::Key_F8, Qt::WindowShortcut}}};
+      {{view_button::Reconcile, Qt::CTRL | Qt::Key_R, Qt::WindowShortcut},
+       {view_button::AddFiles, Qt::Key_Insert, Qt::WindowShortcut},
+       {view_button::DeleteFile, Qt::Key_Delete, Qt::WidgetWithChildrenShortcut},
+       {view_button::Deploy, Qt::Key_F9, Qt::WindowShortcut},
+       {view_button::Connect, Qt::Key_F8, Qt::WindowShortcut}}};
   return keys;
 }
 
@@ -52,7 +54,7 @@ void TListCommands::Attach(TOpenProject& project, TFormControls& controls) {
     }
   }
   connect(toolBar, &TToolBar::Executed, &controls, [this, &project, &controls](QAction* action) {
-    if (action->objectName() == QLatin1String("tbConnect"))
+    if (action->objectName().toStdString() == deployment::view_button::Connect)
       Guarded([&] { ExplainMissingProfile(project, controls); });
     emit Done();
   });

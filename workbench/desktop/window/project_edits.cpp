@@ -1,13 +1,16 @@
 #include "workbench/desktop/window/project_edits.h"
 
+#include "package/host/api/view_buttons.h"
+
 #include <QCoreApplication>
 #include <string>
 #include <string_view>
 
 namespace workbench {
-namespace {
 
-constexpr std::string_view ReconcileButton = "tbReconcile";
+namespace view_button = deployment::view_button;
+
+namespace {
 
 std::string EditText() {
   return QCoreApplication::translate("TProjectEdits", "Edit").toStdString();
@@ -29,12 +32,13 @@ void TProjectEdits::EndStep(const TFormCommand& command) {
     FHistory.EndStep(EditText(), TLook::Everywhere);
   if (wasEdited)
     project.SetModified(false);
-  if (command.Button == ReconcileButton && FProject.HasChanges())
+  if (command.Button == view_button::Reconcile && FProject.HasChanges())
     FIsMarked = true; // who asks for the default entries wants them in the file
 }
 
 bool TProjectEdits::EndNamedStep(const TFormCommand& command) {
-  const bool looks = command.Button == "tbDeploy" || command.Button == "tbConnect";
+  const bool looks =
+      command.Button == view_button::Deploy || command.Button == view_button::Connect;
   if (looks)
     return FHistory.EndStep(command.Text.toStdString(), TLook::Everywhere, TStepKind::Computed);
   if (command.ChoosesTarget)

@@ -95,7 +95,9 @@ bool TProjectTabs::Open(const fs::path& file) {
     }
     if (IsSideFile(file))
       throw deployment::TInputError("it is made from a project by each save; open the project");
-    Show(Read(file), -1, nullptr);
+    TOpenProject& project = Read(file);
+    Show(project, -1,
+         {project.Settings().ActiveConfiguration(), project.Settings().ActivePlatform()});
     return true;
   } catch (const std::exception& error) {
     ShowError(tr("Open Project"),
@@ -111,13 +113,15 @@ TOpenProject& TProjectTabs::Read(const fs::path& file) {
 }
 
 // What fails here leaves no project without a tab behind.
-TFormControls& TProjectTabs::MakeView(TOpenProject& project) {
+TFormControls& TProjectTabs::MakeView(TOpenProject& project,
+                                      const deployment::TDeploymentTarget& target) {
   TFormControls* controls = nullptr;
   const auto added = connect(&FTabs, &TEditorTabs::Added, this,
                              [&controls](TFormControls* made) { controls = made; });
   try {
     project.Deployment();
-    FSession.ShowDeployment(project);
+    // A target that cannot be computed is no reason to keep the project closed: the view says it.
+    FSession.ShowDeployment(project, {target});
     if (!controls)
       throw deployment::TInputError("the package shows no Deployment Manager for it");
   } catch (const std::exception&) {
@@ -129,15 +133,11 @@ TFormControls& TProjectTabs::MakeView(TOpenProject& project) {
   return *controls;
 }
 
-// A view begins without a configuration, and would deploy the files of all configurations alone.
 // What the reconcile of the first target does is no edit, unless somebody was asked.
-void TProjectTabs::Show(TOpenProject& project, int index, const TTarget* target) {
+void TProjectTabs::Show(TOpenProject& project, int index,
+                        const deployment::TDeploymentTarget& target) {
   const std::size_t answers = FForms.AnswerCount();
-  TFormControls& controls = MakeView(project);
-  if (controls.TargetsComboBox())
-    controls.TargetsComboBox()->Choose(
-        target ? target->Configuration : project.Settings().ActiveConfiguration(),
-        target ? target->Platform : project.Settings().ActivePlatform());
+  TFormControls& controls = MakeView(project, target);
   FProjects.push_back({&project, &controls, std::make_unique<TProjectEdits>(project)});
   controls.TakeCommand();
   if (FForms.AnswerCount() != answers)

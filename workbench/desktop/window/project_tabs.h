@@ -78,8 +78,6 @@ signals:
   void Notice(const QString& text);
 
 private:
-  using TTarget = TTargetsComboBox::TTarget;
-
   struct TProjectTab {
     TOpenProject* Project = nullptr; // the session's
     TFormControls* Controls = nullptr;
@@ -91,8 +89,8 @@ private:
   void EndStep(const TProjectTab& tab);
   bool FinishEditing(int index);
   TOpenProject& Read(const std::filesystem::path& file);
-  TFormControls& MakeView(TOpenProject& project);
-  void Show(TOpenProject& project, int index, const TTarget* target);
+  TFormControls& MakeView(TOpenProject& project, const deployment::TDeploymentTarget& target);
+  void Show(TOpenProject& project, int index, const deployment::TDeploymentTarget& target);
   bool Write(const TProjectTab& tab, bool force);
   void ShowSaveError(const std::exception& error);
   bool MayClose(int index);

@@ -1,4 +1,6 @@
 // What happens to open projects when their files change on disk.
+#include "package/host/api/deployment_target.h"
+#include "package/host/api/platforms.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
@@ -7,10 +9,24 @@
 #include "workbench/desktop/window/project_tabs.h"
 
 #include <QApplication>
+#include <string>
 
 namespace workbench {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+deployment::TDeploymentTarget TargetOf(const TFormControls& controls) {
+  const TTargetsComboBox* box = controls.TargetsComboBox();
+  if (!box)
+    return {};
+  const std::string platform = box->GetSelectedPlatform();
+  return {box->GetSelectedConfiguration(),
+          platform.empty() ? std::string(deployment::sAllPlatforms) : platform};
+}
+
+} // namespace
 
 bool TProjectTabs::Reload(int index) {
   if (!TabAt(index) || !FinishEditing(index))
@@ -37,13 +53,11 @@ bool TProjectTabs::AskAndReload(int index, const QString& question) {
 bool TProjectTabs::ReadAnew(int index, const std::optional<TRecoverable>& edits) {
   const TProjectTab& tab = *TabAt(index);
   const fs::path file = tab.Project->GivenFileName();
-  const TTargetsComboBox* box = tab.Controls->TargetsComboBox();
-  const TTarget target =
-      box ? TTarget{box->GetSelectedConfiguration(), box->GetSelectedPlatform()} : TTarget();
+  const deployment::TDeploymentTarget target = TargetOf(*tab.Controls);
   const int current = FTabs.currentIndex();
   try {
     Shut(*tab.Project, /*dropEdits=*/!edits);
-    Show(Read(file), index, box ? &target : nullptr);
+    Show(Read(file), index, target);
     if (edits)
       Guarded([&] { EditsAt(index)->Recover(*edits); });
   } catch (const std::exception& error) {

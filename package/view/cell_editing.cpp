@@ -1,10 +1,14 @@
-// Editing in the cells.
+#include "package/view/cell_editing.h"
+
 #include "package/common/case_fold.h"
-#include "package/view/deployment_frame.h"
-#include "package/view/file_columns.h"
-#include "package/view/frame_brackets.h"
-#include "package/view/select_platform.h"
+#include "package/host/api/file_columns.h"
+#include "package/view/cell_texts.h"
+#include "package/view/file_rows.h"
+#include "package/view/own_changes.h"
+#include "package/view/target_values.h"
 #include "package/view/view_strings.h"
+
+#include <string>
 
 namespace deployment {
 namespace {
@@ -19,14 +23,14 @@ bool ValidateEdits(std::string_view /*text*/) {
 
 } // namespace
 
-bool TDeploymentFrame::vtFilesEditing(int column) {
+bool TCellEditing::IsEditable(int column) {
   return column == file_column::Platforms || column == file_column::RemotePath ||
          column == file_column::RemoteName || column == file_column::Overwrite;
 }
 
-std::unique_ptr<ICellEditor> TDeploymentFrame::vtFilesCreateEditor(TNodeId node, int column) {
+std::unique_ptr<ICellEditor> TCellEditing::CreateEditor(TNodeId node, int column) {
   FEditingNode = node;
-  ICellEditors& editors = FControls.GetCellEditors();
+  ICellEditors& editors = FFrame.Controls.GetCellEditors();
   switch (column) {
   case file_column::Platforms:
     return editors.CreateButtonEditor(
@@ -45,38 +49,32 @@ std::unique_ptr<ICellEditor> TDeploymentFrame::vtFilesCreateEditor(TNodeId node,
   }
 }
 
-bool TDeploymentFrame::EditorButtonPressed(ICellEditor& editor) {
+bool TCellEditing::EditorButtonPressed(ICellEditor& editor) {
   if (FEditingNode == 0)
     return false;
-  const TNotifierBracket bracket(*this);
-  const TFileData data = Row(FEditingNode).Data;
-  const bool handled =
-      SelectPlatform(*this, *FProject, *data.ProjectDeploymentFile, FServices.GetModalForms());
-  editor.SetText(GetPlatformText(data));
+  const TOwnChanges own(FFrame.Listening);
+  const TFileRows::TFileData data = FFrame.Rows.Data(FEditingNode);
+  const bool handled = FChoosePlatforms(*data.ProjectDeploymentFile);
+  editor.SetText(GetPlatformText(FFrame.Target, *data.ProjectDeploymentFile));
   return handled;
 }
 
-void TDeploymentFrame::AddPlatform(std::string_view platform, IProjectDeploymentFile& file) const {
-  if (!IsInPlatform(platform, file))
-    file.SetRemoteName(platform, file.GetLocalName());
-}
-
 // The platforms were written by the dialog of their editor.
-void TDeploymentFrame::vtFilesNewText(TNodeId node, int column, std::string_view text) {
-  const TNotifierBracket bracket(*this);
-  IProjectDeploymentFile& file = FileOf(node);
+void TCellEditing::NewText(TNodeId node, int column, std::string_view text) {
+  const TOwnChanges own(FFrame.Listening);
+  IProjectDeploymentFile& file = FFrame.Rows.File(node);
+  const std::string& platform = FFrame.Target.ActivePlatform;
   if (column == file_column::RemotePath)
-    file.SetRemoteDir(FActivePlatform, text);
+    target_values::SetRemoteDir(file, platform, text);
   else if (column == file_column::RemoteName)
-    file.SetRemoteName(FActivePlatform, text);
+    target_values::SetRemoteName(file, platform, text);
   else if (column == file_column::Overwrite)
-    file.SetOverwrite(FActivePlatform, SameText(text, LoadText(TViewString::Always)));
+    target_values::SetOverwrite(file, platform, SameText(text, LoadText(TViewString::Always)));
 }
 
-void TDeploymentFrame::vtFilesEdited(TNodeId node, int column) {
-  UpdateFileCache(FileOf(node));
-  if (vtFilesEditing(column))
-    FProject->SetModified(true);
+void TCellEditing::Forget(TNodeId node) {
+  if (FEditingNode == node)
+    FEditingNode = 0;
 }
 
 } // namespace deployment

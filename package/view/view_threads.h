@@ -11,13 +11,13 @@
 namespace deployment {
 
 /// Owns threads until they end. Used on the main thread.
-class TConnectThreads {
+class TViewThreads {
 public:
-  TConnectThreads() = default;
-  TConnectThreads(const TConnectThreads&) = delete;
-  TConnectThreads& operator=(const TConnectThreads&) = delete;
+  TViewThreads() = default;
+  TViewThreads(const TViewThreads&) = delete;
+  TViewThreads& operator=(const TViewThreads&) = delete;
   /// Waits as Join does.
-  ~TConnectThreads() { Join(); }
+  ~TViewThreads() { Join(); }
 
   /// Runs the body on a thread of its own. The body must not throw.
   void Run(std::function<void()> body);

@@ -1,10 +1,10 @@
-#include "package/view/connect_threads.h"
+#include "package/view/view_threads.h"
 
 #include <utility>
 
 namespace deployment {
 
-void TConnectThreads::Run(std::function<void()> body) {
+void TViewThreads::Run(std::function<void()> body) {
   DropEnded();
   auto ended = std::make_shared<std::atomic<bool>>(false);
   FRunning.push_back({std::thread([body = std::move(body), ended] {
@@ -14,7 +14,7 @@ void TConnectThreads::Run(std::function<void()> body) {
                       ended});
 }
 
-void TConnectThreads::DropEnded() {
+void TViewThreads::DropEnded() {
   std::erase_if(FRunning, [](TRunning& running) {
     if (!*running.Ended)
       return false;
@@ -23,7 +23,7 @@ void TConnectThreads::DropEnded() {
   });
 }
 
-void TConnectThreads::Join() {
+void TViewThreads::Join() {
   for (TRunning& running : FRunning)
     running.Thread.join();
   FRunning.clear();
