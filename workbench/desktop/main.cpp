@@ -207,6 +207,7 @@ int main(int argc, char* argv[]) {
   const auto arguments = Parse();
   if (!arguments)
     return StatusUsage;
+  UseLegibleStyle();
   if (arguments->Appearance)
     SetAppearance(*arguments->Appearance);
   const bool isPicture = !arguments->Screenshot.isEmpty();
