@@ -54,6 +54,16 @@ void TProjectModule::DocumentWasSaved(std::unique_ptr<TTextPieces> pieces) {
   }
 }
 
+void TProjectModule::Rename(const std::filesystem::path& file) {
+  const std::string oldName = FFile.string();
+  FFile = file;
+  FSettings.reset();
+  for (std::size_t i = 0; i < FNotifiers.size(); ++i) {
+    if (const auto notifier = FNotifiers[i])
+      notifier->ModuleRenamed(oldName, FFile.string());
+  }
+}
+
 std::string TProjectModule::ProfileName(std::string_view platform) {
   const TProjectPlatform* found = Settings().FindPlatform(platform);
   std::string name = found ? found->Profile : std::string();

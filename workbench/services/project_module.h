@@ -41,9 +41,12 @@ public:
   const TProjectSettings& Settings() const { return ReadSettings(); }
   /// Says that the pieces stand on disk now. They borrow from the present document.
   void DocumentWasSaved(std::unique_ptr<TTextPieces> pieces);
+  /// The file has another name from now on, under which the project is evaluated anew; listeners of
+  /// the module hear of it.
+  void Rename(const std::filesystem::path& file);
   /// True when the text is what was read or saved last.
   bool IsText(std::string_view text) const;
-  /// Who names the profile of platforms for which the project names none; empty for nobody.
+  /// Names the profile of a platform for which the project names none; empty: there is none.
   using TDefaultProfile = std::function<std::string(std::string_view platform)>;
   void SetDefaultProfile(TDefaultProfile profile) { FDefaultProfile = std::move(profile); }
   /// The profile that the project assigns to the platform, else the platform's default one; empty
@@ -96,7 +99,7 @@ private:
   TProjectSettings& ReadSettings() const;
   void ReadSavedDocument();
 
-  const std::filesystem::path FFile;
+  std::filesystem::path FFile;
   const TPlatformTable& FPlatforms;
   std::unique_ptr<TProjectDocument> FDocument;
   std::unique_ptr<TTextPieces> FSaved; // on disk but not yet in FDocument

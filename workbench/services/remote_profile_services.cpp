@@ -94,6 +94,30 @@ bool TRemoteProfileServices::RemoveProfile(std::string_view name) {
   return true;
 }
 
+void TRemoteProfileServices::ReadProfilesAnew() {
+  const std::vector<TProfile> before = FProfiles.List();
+  std::unordered_map<std::string, std::shared_ptr<deployment::IOTARemoteProfile>> known;
+  for (const TProfile& profile : before)
+    known.emplace(profile.Name, FindProfile(profile.Name));
+  FProfiles.Forget();
+  for (const TProfile& profile : std::vector(FProfiles.List())) {
+    const auto was = std::ranges::find(before, profile.Name, &TProfile::Name);
+    known.erase(profile.Name);
+    if (was != before.end() && *was == profile)
+      continue;
+    FConnections.Close(profile.Name);
+    const auto changed = FindProfile(profile.Name);
+    if (was == before.end())
+      Tell([&](auto& notifier) { notifier.RemoteProfileAdded(*changed); });
+    else
+      Tell([&](auto& notifier) { notifier.RemoteProfileChanged(*changed); });
+  }
+  for (const auto& [name, removed] : known) {
+    FConnections.Close(name);
+    Tell([&](auto& notifier) { notifier.RemoteProfileRemoved(*removed); });
+  }
+}
+
 const deployment::IAndroidSDK*
 TRemoteProfileServices::AndroidSDK(const std::string& platform) const {
   const auto* sdk = platform == AndroidPlatform ? FHost.SDKs.GetDefaultSDK(platform) : nullptr;

@@ -61,6 +61,9 @@ public:
   void AddProfile(const TProfile& profile);
   void ChangeProfile(std::string_view name, const TProfile& profile);
   bool RemoveProfile(std::string_view name);
+  /// Takes over what other programs did to the profiles, and tells the listeners. Throws
+  /// TInputError when the file is damaged.
+  void ReadProfilesAnew();
   /// Begins to connect to where the project goes on the platform, for who is going to ask or deploy
   /// soon. Says nothing about what is wrong: who needs the connection hears it.
   void PrepareConnection(deployment::ICustomProject& project, std::string_view platform);

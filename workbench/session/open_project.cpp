@@ -10,6 +10,9 @@
 #include "workbench/services/app_strings.h"
 
 #include <algorithm>
+#include <span>
+#include <string_view>
+#include <sys/stat.h>
 #include <utility>
 
 namespace workbench {
@@ -74,6 +77,7 @@ TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable&
   FModule =
       std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
                                        platforms, FServices.GetSettings(), std::move(properties));
+  TakeFileNumber();
   FModule->SetDefaultProfile([&services](std::string_view platform) {
     return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
   });
@@ -160,21 +164,81 @@ void TOpenProjectFile::RequireShippedFiles() {
   RequireShippedFile(FServices.GetAppStrings(), SideFileTemplate);
 }
 
+std::optional<TOpenProjectFile::TFileNumber>
+TOpenProjectFile::FileNumberOf(const std::filesystem::path& file) {
+  struct stat status = {};
+  if (::stat(file.c_str(), &status) != 0)
+    return std::nullopt;
+  return TFileNumber{status.st_dev, status.st_ino};
+}
+
+void TOpenProjectFile::TakeFileNumber() {
+  FFileNumber = FileNumberOf(FGivenName).value_or(TFileNumber());
+}
+
+std::optional<std::filesystem::path> TOpenProjectFile::FindRenamed() const {
+  if (FileNumberOf(FGivenName) || FFileNumber == TFileNumber())
+    return std::nullopt;
+  std::error_code error;
+  const auto directory = std::filesystem::absolute(FGivenName, error).parent_path();
+  std::filesystem::directory_iterator entry(directory, error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+    if (FileNumberOf(entry->path()) == FFileNumber)
+      return entry->path();
+  }
+  return std::nullopt;
+}
+
+void TOpenProjectFile::Rename(const std::filesystem::path& file) {
+  const std::filesystem::path full = FullPath(file);
+  FGivenName = file;
+  FModule->Rename(full);
+}
+
+TSaveReport TOpenProjectFile::SaveAs(const std::filesystem::path& file, bool overwrite) {
+  FullPath(file); // throws where there can be no such project
+  std::unique_ptr<TTextPieces> pieces;
+  TSaveRequest request;
+  request.Target = file;
+  request.Force = overwrite;
+  TSaveReport report;
+  try {
+    Deployment().GetFiles(); // as in SaveProjectFile
+    pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
+    const std::vector<std::string_view> unchanged{FModule->Document().Bytes()};
+    request.Content = pieces ? std::span<const std::string_view>(pieces->Pieces()) : unchanged;
+    report.ProjectWritten = SaveFile(request).Written;
+  } catch (const deployment::TInputError& error) {
+    throw TSaveError(std::string("the project was not saved: ") + error.what(), file);
+  }
+  if (FLock)
+    FLock.emplace(file);
+  Rename(file);
+  if (pieces)
+    FModule->DocumentWasSaved(std::move(pieces));
+  MarkSaved();
+  return report;
+}
+
 TSaveReport TOpenProjectFile::Save(bool force) {
   TSaveReport report;
   if (!HasChanges())
     return report;
   RequireShippedFiles();
   const bool written = SaveProjectFile(force);
+  report = ExportAfterSave();
+  report.ProjectWritten = written;
+  return report;
+}
+
+TSaveReport TOpenProjectFile::ExportAfterSave() {
   try {
-    report = Export();
+    return Export();
   } catch (const deployment::TInputError& error) {
     throw TSaveError("the project is saved, but not its side file: " + error.Place().File + ": " +
                          error.what(),
                      FGivenName);
   }
-  report.ProjectWritten = written;
-  return report;
 }
 
 bool TOpenProjectFile::Write(std::unique_ptr<TTextPieces> pieces, bool force) {
@@ -211,10 +275,15 @@ bool TOpenProjectFile::SaveProjectFile(bool force) {
   } catch (const deployment::TInputError& error) {
     throw TSaveError(std::string("the project was not saved: ") + error.what(), FGivenName);
   }
+  MarkSaved();
+  return written;
+}
+
+void TOpenProjectFile::MarkSaved() {
   FListener->Changed = false;
   FMarkedChanged = false;
   FWasEmpty = false;
-  return written;
+  TakeFileNumber();
 }
 
 TSaveReport TOpenProjectFile::Export() {

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <sys/types.h>
 #include <vector>
 
 namespace workbench {
@@ -40,6 +41,13 @@ public:
   bool SaveProjectFile(bool force) override;
   TSaveReport Export() override;
   TSaveReport PlanExport() override;
+  std::optional<std::filesystem::path> FindRenamed() const override;
+
+  /// See TSession::SaveAs and TSession::Rename, which tell packages.
+  TSaveReport SaveAs(const std::filesystem::path& file, bool overwrite);
+  void Rename(const std::filesystem::path& file);
+  /// Export whose error says that the project itself is saved.
+  TSaveReport ExportAfterSave();
 
   /// Whether a view of the package shows this very project.
   bool IsShown() const { return FIsShown; }
@@ -49,13 +57,23 @@ public:
 
 private:
   class TChangeListener;
+  /// What stays when a file gets another name.
+  struct TFileNumber {
+    dev_t Device = 0;
+    ino_t Inode = 0;
+    bool operator==(const TFileNumber&) const = default;
+  };
+
+  static std::optional<TFileNumber> FileNumberOf(const std::filesystem::path& file);
 
   TSaveReport WriteSideFile();
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
+  void MarkSaved();
+  void TakeFileNumber();
   void CollectNotes() const;
 
   TIDEServices& FServices;
-  const std::filesystem::path FGivenName;
+  std::filesystem::path FGivenName;
   std::optional<TFileLock> FLock;
   std::shared_ptr<TProjectModule> FModule; ///< views share it until they are closed
   std::shared_ptr<TChangeListener> FListener;
@@ -63,6 +81,7 @@ private:
   deployment::TSectionLayout FLayoutRead;
   bool FWasEmpty = true; // no entries when it was read, so whatever is there now is new
   bool FMarkedChanged = false;
+  TFileNumber FFileNumber; // of the file that was read or written last
   bool FIsShown = false;
   bool FIsClosingAnnounced = true;
   mutable std::size_t FNotesTaken = 0;

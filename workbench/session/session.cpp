@@ -84,6 +84,18 @@ struct TSession::TImpl {
                              [](const auto& open) -> const TOpenProject* { return open.get(); });
   }
 
+  void CheckFree(const TOpenProject& project, const std::filesystem::path& file) const {
+    for (const auto& open : Projects) {
+      if (open.get() != &project && IsSameProject(open->GivenFileName(), file))
+        throw deployment::TInputError("a project of that name is open", {file.string(), 0});
+    }
+  }
+
+  void RaiseRenamed(TOpenProject& project, const std::string& oldName) {
+    const std::string newName = project.Project().GetProjectFileName();
+    Services.GetProjectEvents()->EvProjectRenamed().Raise(oldName, newName);
+  }
+
   // The other project whose view goes by the name of this one; null for none.
   TOpenProjectFile* ShownInsteadOf(const TOpenProject& project) {
     const auto found = std::ranges::find_if(Projects, [&project](const auto& open) {
@@ -116,6 +128,25 @@ TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose pur
   FImpl->Projects.push_back(std::make_unique<TOpenProjectFile>(FImpl->Services, FImpl->Platforms,
                                                                file, purpose, FImpl->Properties));
   return *FImpl->Projects.back();
+}
+
+TSaveReport TSession::SaveAs(TOpenProject& project, const std::filesystem::path& file,
+                             bool overwrite) {
+  FImpl->CheckFree(project, file);
+  TOpenProjectFile& open = **FImpl->Find(project);
+  const std::string oldName = project.Project().GetProjectFileName();
+  const bool written = open.SaveAs(file, overwrite).ProjectWritten;
+  FImpl->RaiseRenamed(project, oldName);
+  TSaveReport report = open.ExportAfterSave();
+  report.ProjectWritten = written;
+  return report;
+}
+
+void TSession::Rename(TOpenProject& project, const std::filesystem::path& file) {
+  FImpl->CheckFree(project, file);
+  const std::string oldName = project.Project().GetProjectFileName();
+  (*FImpl->Find(project))->Rename(file);
+  FImpl->RaiseRenamed(project, oldName);
 }
 
 // Views close when they hear of a project of their name, which would be the view of another one.

@@ -98,6 +98,9 @@ public:
   virtual TSaveReport Export() = 0;
   /// What Export would do; nothing is written. Throws TInputError.
   virtual TSaveReport PlanExport() = 0;
+  /// The name that the project's file has now when it was renamed in its directory; nothing when it
+  /// is still there or gone altogether.
+  virtual std::optional<std::filesystem::path> FindRenamed() const = 0;
 };
 
 /// The host and everything in it. Errors that the package raises are made of its code, which is
@@ -117,12 +120,20 @@ public:
   /// Writes a new project file from its text and runs the first-content step of every section
   /// owner on it. Throws TSaveError when the file exists already or cannot be written.
   void Create(const std::filesystem::path& file, std::string_view projectText);
+  /// Writes the project and its side file under another name, under which it goes on; the files of
+  /// the old name stay. Packages hear that it was renamed. Throws TSaveError when the file exists
+  /// and may not be overwritten or cannot be written, and TInputError when an open project has the
+  /// name; then nothing changed, unless the error says that the side file alone was not written.
+  TSaveReport SaveAs(TOpenProject& project, const std::filesystem::path& file, bool overwrite);
+  /// The project goes on under another name, which its file has got already. Packages hear of it.
+  /// Throws TInputError when an open project has the name.
+  void Rename(TOpenProject& project, const std::filesystem::path& file);
   /// Closes it without saving.
   void Close(TOpenProject& project);
   /// The open project of that file, under whatever spelling of its name; null for none.
   TOpenProject* FindOpen(const std::filesystem::path& file);
 
-  /// Who shows the views of the package from now on; null, as at the start, for nobody. Not owned;
+  /// Shows the views of the package from now on; null, as at the start: none are shown. Not owned;
   /// must outlive the projects whose views it shows.
   void SetEditorArea(IEditorArea* area);
   /// Closes the views that are shown.
@@ -135,7 +146,7 @@ public:
                                                         const deployment::TShowRequest& request);
   /// The dialogs and views that the package offers. Throws TInputError when it offers none.
   deployment::IOTADeploymentService& DeploymentService();
-  /// Who shows dialogs of the package from now on; null, as at the start, for nobody. Not owned.
+  /// Shows dialogs of the package from now on; null, as at the start: none are shown. Not owned.
   void SetModalForms(deployment::IModalForms* forms);
 
   const TPlatformTable& Platforms() const;

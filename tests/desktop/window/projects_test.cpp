@@ -119,11 +119,16 @@ TEST_F(TWindowProjects, DiscardedChangesLeaveTheFileAsItWas) {
 TEST_F(TWindowProjects, OneThatWasChangedOnDiskIsOfferedForReloadOnce) {
   OpenExample();
   Saved();
+  ClickCheck(Row("levels.dat"));
+  Settle();
   Write(FProject, testing::Replaced(Read(FProject), "my-stations.json", "your-stations.json"));
   AnswerNext("Reload");
   Window().Projects().CheckDisk();
   Settle();
   EXPECT_EQ(Cell(Row("stations.json").row(), RemoteName), "your-stations.json");
+  EXPECT_TRUE(IsChecked(Row("levels.dat")));
+  ClickCheck(Row("levels.dat"));
+  Settle();
   Write(FProject, testing::Replaced(Read(FProject), "your-stations.json", "new.json"));
   AnswerNext("Keep");
   Window().Projects().CheckDisk();
@@ -134,6 +139,8 @@ TEST_F(TWindowProjects, OneThatWasChangedOnDiskIsOfferedForReloadOnce) {
 TEST_F(TWindowProjects, WatchesTheirFiles) {
   OpenExample();
   Saved();
+  ClickCheck(Row("levels.dat"));
+  Settle();
   std::string said;
   AnswerNext("Keep", &said);
   Write(FProject, Read(FProject) + "\n");

@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace workbench::testing {
 
@@ -36,6 +37,7 @@ protected:
                                 deployment::ShowFeaturedFormAuto, false);
   }
   void TearDown() override {
+    EXPECT_EQ(std::exchange(testing::WaitingScripts(), 0), 0) << "a dialog did not open";
     FWindow.reset();
     FSession.reset();
     TSessionTest::TearDown();

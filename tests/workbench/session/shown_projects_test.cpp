@@ -97,6 +97,25 @@ TEST_F(ShownProjects, MakeRoomForAnotherOfTheirNameWhenTheyAreClosed) {
   EXPECT_EQ(FViews.Captions.size(), 1U);
 }
 
+TEST_F(ShownProjects, KeepTheirViewWhenTheyAreSavedUnderAnotherName) {
+  TOpenProject& project = Open();
+  Host().ShowDeployment(project, Debug);
+  ASSERT_EQ(FViews.Captions.size(), 1U);
+  const auto* view = FViews.Captions.begin()->first;
+  Host().SaveAs(project, FDirectory / "other.vproj", false);
+  ASSERT_EQ(FViews.Captions.size(), 1U);
+  EXPECT_EQ(FViews.Captions.begin()->first, view);
+  EXPECT_EQ(view->GetCaption(), "Deployment other");
+  EXPECT_EQ(FViews.Forward, 1) << "the host is asked to show it again";
+  // The old name is free for another project now.
+  TOpenProject& former = Open();
+  Host().ShowDeployment(former, Debug);
+  EXPECT_EQ(FViews.Captions.size(), 2U);
+  Host().Close(project);
+  ASSERT_EQ(FViews.Captions.size(), 1U);
+  EXPECT_EQ(FViews.Captions.begin()->second, "Deployment demo");
+}
+
 TEST_F(ShownProjects, LeaveNoHalfMadeViewWhereTheirListCannotBeMade) {
   const auto root = FRoot / "root";
   std::filesystem::create_directories(root / "ObjRepos" / "Deploy");

@@ -30,8 +30,11 @@ std::unique_ptr<deployment::IToolBar> TFormControls::CreateToolBar(deployment::T
   auto toolBar = std::make_unique<TToolBar>(images, FIsBusy, FPage);
   FToolBar = toolBar.get();
   FLayout->addWidget(&toolBar->Bar());
-  connect(&toolBar->Bar(), &QToolBar::actionTriggered, this,
-          [this](const QAction* action) { FCommand = action->text(); });
+  toolBar->SetMayStart([this] { return StartCommand(); });
+  connect(FToolBar, &TToolBar::Executed, this, [this](const QAction* action) {
+    FCommand = {action->text(), action->objectName().toStdString(), false};
+    emit CommandDone();
+  });
   std::vector<QIcon> icons;
   icons.reserve(images.size());
   for (const std::string_view image : images)
@@ -43,6 +46,11 @@ std::unique_ptr<deployment::IToolBar> TFormControls::CreateToolBar(deployment::T
 std::unique_ptr<deployment::ITargetsComboBox> TFormControls::CreateTargetsComboBox() {
   auto targets = std::make_unique<TTargetsComboBox>(FPage);
   FTargets = targets.get();
+  targets->SetMayChange([this] { return StartCommand(); });
+  connect(FTargets, &TTargetsComboBox::Chosen, this, [this] {
+    FCommand = {FTargets->Box().currentText(), {}, true};
+    emit CommandDone();
+  });
   if (FToolBar)
     FToolBar->Bar().addWidget(&targets->Box());
   else
@@ -86,6 +94,17 @@ QLabel* TFormControls::CreateNotice() {
 
 std::string TFormControls::GetIdentifier(const deployment::IOTAProject& project) const {
   return ProjectIdentifier(project);
+}
+
+bool TFormControls::CommitEditor() {
+  return !FTree || FTree->View().Delegate().CommitEditor();
+}
+
+bool TFormControls::StartCommand() {
+  if (!CommitEditor())
+    return false;
+  emit CommandStarts();
+  return true;
 }
 
 void TFormControls::AddFiles(std::vector<std::string> files) {

@@ -6,7 +6,9 @@
 #include "workbench/desktop/text/qt_text.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <algorithm>
+#include <utility>
 
 namespace workbench {
 
@@ -15,6 +17,8 @@ TTargetsComboBox::TTargetsComboBox(QWidget* parent) : FBox(new QComboBox(parent)
   FBox->setToolTip(
       QCoreApplication::translate("TTargetsComboBox", "Target: platform and configuration"));
   FBox->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  FBox->setFocusPolicy(Qt::TabFocus); // a choice by mouse leaves the focus in the list
+  FBox->installEventFilter(this);
   connect(FBox, &QComboBox::activated, this, &TTargetsComboBox::Activated);
 }
 
@@ -76,13 +80,20 @@ void TTargetsComboBox::Show() {
                                                    : static_cast<int>(selected - FTargets.begin()));
 }
 
+// The wheel would change the target, and reconcile, where somebody only meant to scroll.
+bool TTargetsComboBox::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == FBox && event->type() == QEvent::Wheel) {
+    event->ignore();
+    return true;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
 void TTargetsComboBox::Activated(int row) {
   const auto index = static_cast<std::size_t>(row);
   if (index >= FTargets.size() || FTargets[index] == FSelected)
     return;
-  FSelected = FTargets[index];
-  if (FOnChange)
-    Guarded(FOnChange);
+  Change(FTargets[index]);
 }
 
 void TTargetsComboBox::Select(const deployment::TDeploymentTarget& target) {
@@ -94,9 +105,16 @@ void TTargetsComboBox::Select(const deployment::TDeploymentTarget& target) {
 }
 
 void TTargetsComboBox::Choose(std::string_view configuration, std::string_view platform) {
-  Select({std::string(configuration), std::string(platform)});
+  Change({std::string(configuration), std::string(platform)});
+}
+
+void TTargetsComboBox::Change(const TTarget& target) {
+  if (FMayChange && !FMayChange())
+    return Show();
+  Select({target.Configuration, target.Platform});
   if (FOnChange)
     Guarded(FOnChange);
+  emit Chosen();
 }
 
 } // namespace workbench
