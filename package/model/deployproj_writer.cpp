@@ -2,15 +2,20 @@
 
 #include "package/common/delimited_list.h"
 #include "package/common/path_text.h"
+#include "package/host/api/entry_paths.h"
 #include "package/host/api/repositoryfile.h"
 
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace deployment {
 namespace {
+
+// A directory that ends where a profile's path does.
+constexpr const char* TargetRoot = ".\\";
 
 // An entry with what is the same for every platform, found out once.
 struct TListedFile {
@@ -54,10 +59,10 @@ std::vector<TListedFile> ListFiles(const TDeploymentFiles& files,
 class TPlatformWriter {
 public:
   TPlatformWriter(IMSBuildProjectDocument& document, IProjectDeployment& deployment,
-                  std::string_view platform)
+                  std::string_view platform, IOTAMessageServices& messages, std::string projectFile)
       : FGroup(document.AddItemGroup(TestOf("Platform", platform))), FDeployment(deployment),
-        FPlatform(platform),
-        FBaseDir(WithTrailingDelimiter(deployment.GetRemoteBaseDir(platform))) {}
+        FPlatform(platform), FBaseDir(GetRemoteBase(deployment, platform)), FMessages(messages),
+        FProjectFile(std::move(projectFile)) {}
 
   void WriteFile(const TListedFile& listed) {
     IProjectDeploymentFile& file = listed.File;
@@ -82,16 +87,29 @@ private:
   using TGetCommands = TCommandList (*)(IProjectDeploymentFile&, std::string_view,
                                         const IDeploymentClassList&);
 
+  // A build takes the directory as it stands, "~" included, so only an absolute one stays.
   std::string RemoteDir(const IProjectDeploymentFile& file) const {
-    std::string directory = GetDeploymentRemoteDir(file, FPlatform, FDeployment);
-    if (!IsAbsolutePath(directory)) {
-      const bool climbs = directory.starts_with("..");
-      directory = CanonicalizePath(FBaseDir + directory);
-      // A climb out of the base directory must not end at the root of the target.
-      if (climbs && !directory.empty() && IsPathDelimiter(directory.front()))
-        directory.erase(0, 1);
-    }
-    return WithTrailingDelimiter(directory);
+    const std::string stored = GetDeploymentRemoteDir(file, FPlatform, FDeployment);
+    if (IsAbsolutePath(stored))
+      return WithTrailingDelimiter(stored);
+    std::string directory = CanonicalizePath(FBaseDir + stored);
+    // A climb out of the base directory must not end at the root of the file system.
+    if (stored.starts_with("..") && !directory.empty() && IsPathDelimiter(directory.front()))
+      directory.erase(0, 1);
+    if (directory.empty())
+      return TargetRoot;
+    directory = WithTrailingDelimiter(directory);
+    if (directory.starts_with("..\\"))
+      WarnOfClimb(file, stored);
+    return directory;
+  }
+
+  // A deploy refuses such a file; a build that goes by the side file would write beside the target.
+  void WarnOfClimb(const IProjectDeploymentFile& file, const std::string& directory) const {
+    FMessages.AddWarning("\"" + file.GetLocalName() + "\": its remote directory \"" + directory +
+                             "\" for \"" + std::string(FPlatform) +
+                             "\" goes above the root of the target",
+                         {FProjectFile, 0});
   }
 
   std::string Commands(TGetCommands getCommands, IProjectDeploymentFile& file) const {
@@ -102,6 +120,8 @@ private:
   IProjectDeployment& FDeployment;
   std::string_view FPlatform;
   std::string FBaseDir;
+  IOTAMessageServices& FMessages;
+  std::string FProjectFile;
 };
 
 } // namespace
@@ -114,7 +134,8 @@ void WriteDeployProj(VelmorIDEServices& host, const ICustomProject& project,
   const std::vector<TListedFile> listed = ListFiles(files, deployment);
   for (const std::string& platform :
        host.GetPlatformManager().AvailablePlatforms(project.GetPersonality())) {
-    TPlatformWriter writer(*document, deployment, platform);
+    TPlatformWriter writer(*document, deployment, platform, host.GetMessageServices(),
+                           project.GetProjectFileName());
     for (const TListedFile& file : listed)
       writer.WriteFile(file);
   }

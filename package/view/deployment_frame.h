@@ -3,12 +3,12 @@
 
 #include "package/host/api/controls.h"
 #include "package/host/api/deploymentapi.h"
+#include "package/host/api/entry_paths.h"
 #include "package/host/api/ideservices.h"
 #include "package/view/connect_thread.h"
 #include "package/view/connect_threads.h"
 #include "package/view/file_status_cache.h"
 #include "package/view/frame_listener.h"
-#include "package/view/local_names.h"
 
 #include <array>
 #include <cstddef>
@@ -106,12 +106,6 @@ private:
     TFileStatusCache::TEntry* Entry = nullptr;
     bool Checked = false;
   };
-  /// What the status of any file is found out with.
-  struct TStatusSource {
-    IProjectDeployment& Deployment;
-    TLocalNames LocalNames;
-    std::string RemoteBase;
-  };
   struct TActionRow;
   struct TColumnRow;
   class TNotifierBracket;
@@ -130,13 +124,12 @@ private:
   std::string SinglePlatform() const;
 
   // Status.
-  TStatusSource StatusSource(IProjectDeployment& deployment) const;
+  TEntryPaths EntryPaths(const IProjectDeployment& deployment) const;
   void UpdateAllFiles(IProjectDeployment& deployment);
-  void ExpectQueries(const TStatusSource& source, const TDeploymentFiles& files) const;
-  void UpdateCacheEntry(const TStatusSource& source, const IProjectDeploymentFile& file);
-  bool CompareWithRemote(const TStatusSource& source, const IProjectDeploymentFile& file,
+  void ExpectQueries(const TEntryPaths& paths, const TDeploymentFiles& files) const;
+  void UpdateCacheEntry(const TEntryPaths& paths, const IProjectDeploymentFile& file);
+  bool CompareWithRemote(const TEntryPaths& paths, const IProjectDeploymentFile& file,
                          std::string_view localFile, TRemoteState& state) const;
-  std::string RemoteFileName(const TStatusSource& source, const IProjectDeploymentFile& file) const;
   std::string StatusText(const TFileData& data, bool local) const;
 
   // Rows.

@@ -1,9 +1,9 @@
 // The commands that change entries.
 #include "package/common/path_text.h"
 #include "package/featured/modify_featured_files.h"
+#include "package/host/api/target_entries.h"
 #include "package/view/deployment_frame.h"
 #include "package/view/frame_brackets.h"
-#include "package/view/platform_membership.h"
 #include "package/view/revert_to_default_form.h"
 #include "package/view/user_file_classes.h"
 #include "package/view/view_strings.h"

@@ -1,7 +1,7 @@
 // The rows: which files have one, their boxes and their selection.
+#include "package/host/api/target_entries.h"
 #include "package/view/deployment_frame.h"
 #include "package/view/frame_brackets.h"
-#include "package/view/row_filter.h"
 
 #include <unordered_set>
 #include <utility>
@@ -10,9 +10,9 @@ namespace deployment {
 
 void TDeploymentFrame::PopulateTree() {
   if (IProjectDeployment* deployment = Deployment()) {
-    TRowFilter filter(*FProject, FActivePlatform, cbConfig->GetSelectedConfiguration());
+    TTargetEntries entries(*FProject, {cbConfig->GetSelectedConfiguration(), FActivePlatform});
     for (const auto& file : deployment->GetFiles()) {
-      if (filter.Passes(*file))
+      if (entries.IsListed(*file))
         AddRow(file);
     }
   }

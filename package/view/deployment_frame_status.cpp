@@ -1,7 +1,6 @@
 // The status of files: what the cache is filled with, and the words for it.
-#include "package/common/path_text.h"
+#include "package/host/api/target_entries.h"
 #include "package/view/deployment_frame.h"
-#include "package/view/platform_membership.h"
 #include "package/view/view_strings.h"
 
 #include <array>
@@ -48,25 +47,22 @@ constexpr std::array<TStatusWords, 4> StatusWords{{
 
 } // namespace
 
-TDeploymentFrame::TStatusSource
-TDeploymentFrame::StatusSource(IProjectDeployment& deployment) const {
-  // A root is a name; as the base of paths it ends in a delimiter.
-  const std::string root = deployment.GetRemoteBaseDir(FActivePlatform);
-  return {deployment, TLocalNames(*FProject, FActivePlatform, FConfiguration, FServices),
-          root.empty() ? root : WithTrailingDelimiter(root)};
+TEntryPaths TDeploymentFrame::EntryPaths(const IProjectDeployment& deployment) const {
+  return {
+      *FProject, deployment, {FConfiguration, FActivePlatform}, TEntryPathServices::Of(FServices)};
 }
 
 void TDeploymentFrame::UpdateAllFiles(IProjectDeployment& deployment) {
   const TDeploymentFiles files = deployment.GetFiles();
   FFileCache.Reserve(files.size());
-  const TStatusSource source = StatusSource(deployment);
+  const TEntryPaths paths = EntryPaths(deployment);
   if (FConnected && !FConnecting)
-    ExpectQueries(source, files);
+    ExpectQueries(paths, files);
   for (const auto& file : files)
-    UpdateCacheEntry(source, *file);
+    UpdateCacheEntry(paths, *file);
 }
 
-void TDeploymentFrame::ExpectQueries(const TStatusSource& source,
+void TDeploymentFrame::ExpectQueries(const TEntryPaths& paths,
                                      const TDeploymentFiles& files) const {
   IOTARemoteProfileServices* services = FServices.GetRemoteProfileServices();
   if (!services || !FProfile)
@@ -75,7 +71,7 @@ void TDeploymentFrame::ExpectQueries(const TStatusSource& source,
   names.reserve(files.size());
   for (const auto& file : files) {
     if (IsInPlatform(FActivePlatform, *file))
-      names.push_back(RemoteFileName(source, *file));
+      names.push_back(paths.RemoteFile(*file));
   }
   services->ExpectRemoteQueries(*FProfile, names);
 }
@@ -109,7 +105,7 @@ void TDeploymentFrame::GatherRemoteFileInfo() {
 
 void TDeploymentFrame::InternalUpdateFileCache(const IProjectDeploymentFile& file) {
   if (IProjectDeployment* deployment = Deployment())
-    UpdateCacheEntry(StatusSource(*deployment), file);
+    UpdateCacheEntry(EntryPaths(*deployment), file);
 }
 
 void TDeploymentFrame::UpdateFileCache(const IProjectDeploymentFile& file) {
@@ -125,25 +121,25 @@ void TDeploymentFrame::UpdateFileCache(const IProjectDeploymentFile& file) {
   UpdateDeployButton();
 }
 
-void TDeploymentFrame::UpdateCacheEntry(const TStatusSource& source,
+void TDeploymentFrame::UpdateCacheEntry(const TEntryPaths& paths,
                                         const IProjectDeploymentFile& file) {
   if (!IsInPlatform(FActivePlatform, file))
     return;
-  const std::string localFile = source.LocalNames.FullName(file.GetLocalName());
+  const std::string localFile = paths.LocalFile(file);
   TFileState state{TRemoteState::NotQueried, FServices.GetFileUtils().FileExists(localFile)};
-  if (FConnected && !FConnecting && !CompareWithRemote(source, file, localFile, state.RemoteState))
+  if (FConnected && !FConnecting && !CompareWithRemote(paths, file, localFile, state.RemoteState))
     return;
   FFileCache.Store(file.GetLocalName(), state);
 }
 
 // False when nothing can be said about the file.
-bool TDeploymentFrame::CompareWithRemote(const TStatusSource& source,
+bool TDeploymentFrame::CompareWithRemote(const TEntryPaths& paths,
                                          const IProjectDeploymentFile& file,
                                          std::string_view localFile, TRemoteState& state) const {
   IOTARemoteProfileServices* services = FServices.GetRemoteProfileServices();
   if (!services || !FProfile)
     return false;
-  const auto remote = services->GetRemoteFileTime(*FProfile, RemoteFileName(source, file));
+  const auto remote = services->GetRemoteFileTime(*FProfile, paths.RemoteFile(file));
   if (!remote) {
     state = TRemoteState::NotFound;
     return true;
@@ -158,21 +154,8 @@ bool TDeploymentFrame::CompareWithRemote(const TStatusSource& source,
   return true;
 }
 
-std::string TDeploymentFrame::RemoteFileName(const TStatusSource& source,
-                                             const IProjectDeploymentFile& file) const {
-  std::string name = file.GetRemoteName(FActivePlatform);
-  if (name.empty())
-    name = FileNamePart(file.GetLocalName());
-  return FixPath(GetDeploymentRemoteDir(file, FActivePlatform, source.Deployment),
-                 source.RemoteBase) +
-         name;
-}
-
 std::string TDeploymentFrame::FixPath(std::string_view path, std::string_view basePath) {
-  std::string fixed(path);
-  if (path.empty() || (!IsAbsolutePath(path) && path.front() != '~'))
-    fixed.insert(0, basePath);
-  return WithTrailingDelimiter(fixed);
+  return deployment::FixPath(path, basePath);
 }
 
 bool TDeploymentFrame::IsInPlatform(std::string_view platform, const IProjectDeploymentFile& file) {

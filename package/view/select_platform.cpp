@@ -1,8 +1,8 @@
 #include "package/view/select_platform.h"
 
 #include "package/host/api/platformapi.h"
+#include "package/host/api/target_entries.h"
 #include "package/view/deployment_frame.h"
-#include "package/view/platform_membership.h"
 #include "package/view/select_form.h"
 
 namespace deployment {

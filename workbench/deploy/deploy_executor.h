@@ -8,7 +8,7 @@
 namespace workbench {
 
 /// Carries the plan out and fills the rows of the run's report, which stand in the plan's order.
-/// `connection` is the first lane, `connect` opens more. Local commands run in `directory`.
+/// `connection` is the first connection, `connect` opens more. Local commands run in `directory`.
 void ExecuteDeployPlan(const TDeployPlan& plan, IRemoteConnection& connection,
                        const TConnect& connect, const std::filesystem::path& directory,
                        TDeployRun& run);

@@ -17,7 +17,7 @@ struct TDeployOptions {
   bool Force = false;
   bool Checksum = false;
   bool SkipMissing = false;
-  unsigned Jobs = 0; ///< lanes; 0: as many as suit the machine
+  unsigned Jobs = 0; ///< connections; 0: as many as suit the machine
 };
 
 /// How a run ended.

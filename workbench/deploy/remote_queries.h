@@ -12,7 +12,7 @@
 
 namespace workbench {
 
-/// Holds a lane as long as it lives. What was asked once is not asked again.
+/// Holds a connection as long as it lives. What was asked once is not asked again.
 class TRemoteQueries {
 public:
   TRemoteQueries(std::shared_ptr<IRemoteConnection> connection, bool allowOutside)

@@ -163,6 +163,25 @@ TEST(DeployProj, ClimbsOutOfTheBaseDirectory) {
   EXPECT_EQ(RemoteDir("..lib"), "App\\..lib\\");
 }
 
+TEST(DeployProj, NamesTheRootOfTheTargetAsADirectoryOfItsOwn) {
+  EXPECT_EQ(RemoteDir(".."), ".\\");
+  EXPECT_EQ(RemoteDir("..\\"), ".\\");
+  EXPECT_EQ(RemoteDir("lib\\..\\.."), ".\\");
+  EXPECT_EQ(RemoteDir("..", "\\App"), ".\\");
+}
+
+TEST(DeployProj, WarnsOfADirectoryAboveTheRootOfTheTarget) {
+  TSideFile side;
+  side.Add("in").SetRemoteDir("Win32", "..\\..lib");
+  side.Add("out").SetRemoteDir("Win32", "..\\..\\lib");
+  side.Write();
+  ASSERT_EQ(side.Host.Messages.Warnings.size(), 1U);
+  EXPECT_EQ(
+      side.Host.Messages.Warnings[0].first,
+      R"("out": its remote directory "..\..\lib" for "Win32" goes above the root of the target)");
+  EXPECT_EQ(side.Host.Messages.Warnings[0].second.File, side.Project.FileName);
+}
+
 TEST(DeployProj, DropsALeadingDelimiterOnlyAfterAClimb) {
   EXPECT_EQ(RemoteDir("lib", "\\App"), "\\App\\lib\\");
   EXPECT_EQ(RemoteDir("x\\..\\..\\lib", "\\App"), "\\lib\\");

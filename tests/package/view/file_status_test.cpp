@@ -130,6 +130,18 @@ TEST_F(FileStatus, IsAskedForBelowARootThatIsANameAlone) {
   EXPECT_EQ(Profiles.Asked, TTexts{"MyApp\\Assets\\a.dat"});
 }
 
+TEST_F(FileStatus, IsAskedForUnderTheMacrosOfTheTarget) {
+  const auto file = Add(R"($(Config)\a.dat)");
+  Exists(R"(Debug\a.dat)");
+  file->SetRemoteDir("Win32", R"($(Config)\)");
+  file->SetRemoteName("Win32", "$(Platform).txt");
+  Open();
+  Choose("Debug", "Win32");
+  Connect();
+  EXPECT_EQ(Profiles.Asked, TTexts{R"(App\Debug\Win32.txt)"});
+  EXPECT_EQ(Tree().TextColor(Nodes()[0], 0), TTextColor::Default);
+}
+
 TEST_F(FileStatus, TakesTheDirectoryOfTheClass) {
   const auto added = Deployment.CreateClass();
   added->SetClassId("File");
@@ -199,20 +211,9 @@ TEST_F(FileStatus, ExpandsTheKitOfTheAssignedProfileOrTheDefaultOne) {
   EXPECT_EQ(Tree().TextColor(NodeOf("gdbserver"), 0), TTextColor::Default);
 }
 
-TEST(FixPath, PutsRelativeDirectoriesIntoTheBase) {
+TEST_F(FileStatus, ComposesRemoteDirectoriesAsTheHostDoes) {
   EXPECT_EQ(TDeploymentFrame::FixPath("Assets\\", "MyApp\\"), "MyApp\\Assets\\");
-  EXPECT_EQ(TDeploymentFrame::FixPath(".\\x", "MyApp\\"), "MyApp\\.\\x\\");
-}
-
-TEST(FixPath, KeepsHomeAndAbsoluteDirectories) {
   EXPECT_EQ(TDeploymentFrame::FixPath("~\\bin", "MyApp\\"), "~\\bin\\");
-  EXPECT_EQ(TDeploymentFrame::FixPath("C:\\bin", "MyApp\\"), "C:\\bin\\");
-  EXPECT_EQ(TDeploymentFrame::FixPath("/usr/bin/", "MyApp\\"), "/usr/bin/");
-}
-
-TEST(FixPath, IsTheBaseForAnEmptyDirectory) {
-  EXPECT_EQ(TDeploymentFrame::FixPath("", "MyApp\\"), "MyApp\\");
-  EXPECT_EQ(TDeploymentFrame::FixPath("", "MyApp"), "MyApp\\");
 }
 
 } // namespace

@@ -49,7 +49,7 @@ struct TKey {
 } // namespace
 
 TMainWindow::TMainWindow(TSession& session)
-    : FSession(session), FLayout(TWindowLayout::Read()), FAside(*this) {
+    : FSession(session), FLayout(TWindowLayout::Read()), FBackground(*this) {
   setWindowTitle(QApplication::applicationName());
   setWindowIcon(SvgIcon(WindowImage));
   setAcceptDrops(true);
@@ -88,11 +88,11 @@ TMainWindow::~TMainWindow() {
 
 void TMainWindow::MakePages() {
   FTabs = new TEditorTabs(
-      FSession.Settings(), [this] { return FAside.IsBusy(); }, this);
-  FProjects = std::make_unique<TProjectTabs>(FSession, *FTabs, FAside, *this);
+      FSession.Settings(), [this] { return FBackground.IsBusy(); }, this);
+  FProjects = std::make_unique<TProjectTabs>(FSession, *FTabs, FBackground, *this);
   FPanel = new TDeployPanel(this);
   FPanel->hide();
-  FAside.Allow(FPanel);
+  FBackground.Allow(FPanel);
   FWelcome = new TWelcomePage(this);
   connect(FWelcome, &TWelcomePage::OpenWanted, this, &TMainWindow::AskForProject);
   auto* pages = new QStackedWidget(this);
@@ -133,7 +133,7 @@ void TMainWindow::ServeSession() {
   FSession.SetEditorArea(FTabs);
   FSession.SetModalForms(FModalForms.get());
   TRemoteProfileServices& services = FSession.RemoteProfiles();
-  services.SetRunAside([this](const TRemoteProfileServices::TWork& work) { FAside.Run(work); });
+  services.SetRunAside([this](const TRemoteProfileServices::TWork& work) { FBackground.Run(work); });
   services.SetDeployDesk(FDesk.get());
   services.SetCreateProfile([this](deployment::ICustomProject& project, std::string_view platform) {
     return CreateProfile(project, platform);
@@ -262,7 +262,7 @@ void TMainWindow::ShowPage() {
 
 void TMainWindow::ShowState() {
   // Said once, and not again by each look.
-  if (!FAside.IsBusy() && !Guarded([this] { ShowPresentState(); }))
+  if (!FBackground.IsBusy() && !Guarded([this] { ShowPresentState(); }))
     FPoll.stop();
 }
 
@@ -378,7 +378,7 @@ void TMainWindow::KeepLayout() const {
 }
 
 void TMainWindow::closeEvent(QCloseEvent* event) {
-  if (FAside.IsBusy()) {
+  if (FBackground.IsBusy()) {
     statusBar()->showMessage(FDesk->IsRunning() ? tr("A deploy is running; cancel it first.")
                                                 : tr("Work is going on; it is over soon."));
     return event->ignore();

@@ -1,7 +1,7 @@
 // The window: menus, a tab for each project, the deploy panel below.
 #pragma once
 
-#include "workbench/desktop/window/aside_work.h"
+#include "workbench/desktop/window/background_work.h"
 #include "workbench/desktop/window/deploy_desk.h"
 #include "workbench/desktop/window/editor_tabs.h"
 #include "workbench/desktop/window/project_tabs.h"
@@ -104,7 +104,7 @@ private:
 
   TSession& FSession;
   const TWindowLayout FLayout;
-  TAsideWork FAside;
+  TBackgroundWork FBackground;
   TEditorTabs* FTabs = nullptr;
   TDeployPanel* FPanel = nullptr;
   QSplitter* FSplitter = nullptr;

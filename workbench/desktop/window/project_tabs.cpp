@@ -52,8 +52,8 @@ struct TBusyCursor {
 
 } // namespace
 
-TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TAsideWork& aside, QWidget& window)
-    : FSession(session), FTabs(tabs), FAside(aside), FWindow(window) {}
+TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& aside, QWidget& window)
+    : FSession(session), FTabs(tabs), FBackground(aside), FWindow(window) {}
 
 TProjectTabs::TProjectTab* TProjectTabs::TabAt(int index) {
   const TFormControls* controls = FTabs.ControlsAt(index);
@@ -173,7 +173,7 @@ bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
   try {
     tab.Edits->EndStep(tab.Controls->TakeCommand());
     const TStillTabs still(FTabs);
-    FAside.Run([&project = *tab.Project, force] {
+    FBackground.Run([&project = *tab.Project, force] {
       project.Save(force);
       project.HasChanges(); // takes what was written as the new text, which is work too
     });
@@ -287,7 +287,7 @@ bool TProjectTabs::ReadAnew(int index) {
 }
 
 void TProjectTabs::CheckDisk() {
-  if (FAside.IsBusy() || QApplication::activeModalWidget())
+  if (FBackground.IsBusy() || QApplication::activeModalWidget())
     return;
   for (int i = 0; i < FTabs.count(); ++i) {
     TProjectTab* tab = TabAt(i);
@@ -322,7 +322,7 @@ TProjectEdits* TProjectTabs::EditsAt(int index) {
 
 // A dialog may be open in the middle of a command.
 void TProjectTabs::EndSteps() {
-  if (FAside.IsBusy() || QApplication::activeModalWidget())
+  if (FBackground.IsBusy() || QApplication::activeModalWidget())
     return;
   for (const TProjectTab& tab : FProjects) {
     Guarded([&] { tab.Edits->EndStep(tab.Controls->TakeCommand()); });

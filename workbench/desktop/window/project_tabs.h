@@ -1,7 +1,7 @@
 // The projects that are open side by side, each on a tab.
 #pragma once
 
-#include "workbench/desktop/window/aside_work.h"
+#include "workbench/desktop/window/background_work.h"
 #include "workbench/desktop/window/editor_tabs.h"
 #include "workbench/desktop/window/project_edits.h"
 #include "workbench/session/session.h"
@@ -20,7 +20,7 @@ class TProjectTabs final : public QObject {
 
 public:
   /// Everything must outlive the object. Dialogs stand before the window.
-  TProjectTabs(TSession& session, TEditorTabs& tabs, TAsideWork& aside, QWidget& window);
+  TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& aside, QWidget& window);
 
   /// Brings a project forward that is open already. False when it cannot be opened.
   bool Open(const std::filesystem::path& file);
@@ -79,7 +79,7 @@ private:
 
   TSession& FSession;
   TEditorTabs& FTabs;
-  TAsideWork& FAside;
+  TBackgroundWork& FBackground;
   QWidget& FWindow;
   std::vector<TProjectTab> FProjects; // in no order
 };

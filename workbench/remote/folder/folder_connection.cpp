@@ -18,9 +18,9 @@
 namespace workbench {
 namespace {
 
-constexpr unsigned MostUsualLanes = 4; // more only get in each other's way
+constexpr unsigned MostUsualConnections = 4; // more only get in each other's way
 
-// Tells the unfinished files of one lane from those of every other.
+// Tells the unfinished files of one connection from those of every other.
 std::string RandomText() {
   std::random_device source;
   std::array<char, 17> text = {};
@@ -87,8 +87,8 @@ TFolderConnection::TFolderConnection(const std::filesystem::path& folder, TMissi
     : FFolder(OpenFolder(folder, missing)), FResolution(ResolutionOf(FFolder)),
       FTransfer(RandomText()) {}
 
-unsigned TFolderConnection::UsualLanes() const {
-  return std::clamp(std::thread::hardware_concurrency(), 1U, MostUsualLanes);
+unsigned TFolderConnection::UsualConnections() const {
+  return std::clamp(std::thread::hardware_concurrency(), 1U, MostUsualConnections);
 }
 
 std::vector<TRemoteDirectory> TFolderConnection::Resolve(std::span<const std::string> directories) {

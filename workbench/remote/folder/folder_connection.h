@@ -1,4 +1,4 @@
-// The lane to a directory of this machine, or to a mounted share.
+// The connection to a directory of this machine, or to a mounted share.
 #pragma once
 
 #include "workbench/files/directory_handles.h"
@@ -23,7 +23,7 @@ public:
                              TMissingFolder missing = TMissingFolder::Refuse);
 
   std::chrono::nanoseconds TimeResolution() const override { return FResolution; }
-  unsigned UsualLanes() const override;
+  unsigned UsualConnections() const override;
   std::vector<TRemoteDirectory> Resolve(std::span<const std::string> directories) override;
   std::vector<TRemoteStatus> Examine(std::span<const TRemoteName> names) override;
   std::vector<std::string> MakeDirectories(std::span<const std::string> directories) override;

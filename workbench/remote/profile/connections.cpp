@@ -5,13 +5,13 @@ namespace workbench {
 // What is open was made with the person before, and serves who has it to the end.
 void TConnections::SetHostKeyQuestion(THostKeyQuestion ask) {
   const std::lock_guard lock(FMutex);
-  FPerson.AcceptsHostKey = std::move(ask);
+  FPrompts.AcceptsHostKey = std::move(ask);
   FMachines.clear();
 }
 
 void TConnections::SetSecretQuestion(TSecretQuestion ask) {
   const std::lock_guard lock(FMutex);
-  FPerson.TellsSecret = std::move(ask);
+  FPrompts.TellsSecret = std::move(ask);
   FMachines.clear();
 }
 
@@ -28,7 +28,7 @@ std::shared_ptr<TSshMachine> TConnections::MachineOf(const TProfile& profile) {
   // A profile that says something else now leads somewhere else.
   if (!machine || machine->Profile() != profile) {
     try {
-      machine = std::make_shared<TSshMachine>(profile, FIsWindows(profile.Platform), FPerson);
+      machine = std::make_shared<TSshMachine>(profile, FIsWindows(profile.Platform), FPrompts);
     } catch (const std::system_error& error) {
       throw TConnectionError(error.what());
     }

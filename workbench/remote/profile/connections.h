@@ -1,4 +1,4 @@
-// Lanes to the machines of profiles. Those to other machines stay open for the next one who asks.
+// Connections to the machines of profiles. Those to other machines stay open for the next one who asks.
 #pragma once
 
 #include "workbench/remote/folder/folder_connection.h"
@@ -25,7 +25,7 @@ public:
   /// Who is asked from now on.
   void SetHostKeyQuestion(THostKeyQuestion ask);
   void SetSecretQuestion(TSecretQuestion ask);
-  /// A lane to the machine of a profile. Throws TConnectionError. `cancelled`, when it is there and
+  /// A connection to the machine of a profile. Throws TConnectionError. `cancelled`, when it is there and
   /// turns to something else than 0, ends the attempt.
   std::shared_ptr<IRemoteConnection> Open(const TProfile& profile,
                                           const std::atomic<int>* cancelled = nullptr);
@@ -40,7 +40,7 @@ private:
 
   const TIsWindows FIsWindows;
   std::mutex FMutex;
-  TPerson FPerson;
+  TPrompts FPrompts;
   std::unordered_map<std::string, std::shared_ptr<TSshMachine>> FMachines; // by name of the profile
 };
 

@@ -18,8 +18,8 @@
 namespace workbench {
 namespace {
 
-constexpr unsigned FewestLanes = 2;
-constexpr unsigned MostLanes = 4; // more only get in each other's way
+constexpr unsigned FewestConnections = 2;
+constexpr unsigned MostConnections = 4; // more only get in each other's way
 constexpr std::uint32_t KindMask = 0170000;
 constexpr std::uint32_t FileKind = 0100000;
 constexpr std::uint32_t DirectoryKind = 0040000;
@@ -100,8 +100,8 @@ TSftpConnection::TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinish
   FRoot = found.Path;
 }
 
-unsigned TSftpConnection::UsualLanes() const {
-  return std::clamp(std::thread::hardware_concurrency(), FewestLanes, MostLanes);
+unsigned TSftpConnection::UsualConnections() const {
+  return std::clamp(std::thread::hardware_concurrency(), FewestConnections, MostConnections);
 }
 
 bool TSftpConnection::IsBelowRoot(const std::string& path) const {

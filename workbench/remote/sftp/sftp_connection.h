@@ -1,4 +1,4 @@
-// The lane to a machine that speaks the SSH file transfer protocol.
+// The connection to a machine that speaks the SSH file transfer protocol.
 #pragma once
 
 #include "workbench/remote/sftp/sftp_channel.h"
@@ -25,27 +25,27 @@ struct TSftpMachine {
   /// "C:/x" is on a drive.
   std::string Root;
   bool IsWindows = false; ///< names ignore case, and commands are those of Windows
-  bool IsFirst = false;   ///< this lane carries the others
+  bool IsFirst = false;   ///< this connection carries the others
   std::chrono::milliseconds Greeting = std::chrono::seconds(15); ///< the longest wait for a start
   std::chrono::milliseconds Silence = std::chrono::seconds(15);  ///< the longest one for an answer
 };
 
-/// Lanes to one machine share `parts`.
+/// Connections to one machine share `parts`.
 class TSftpConnection final : public IRemoteConnection {
 public:
-  /// Opens the lane and resolves the root. Throws TConnectionError. `cancelled` ends the attempt
+  /// Opens the connection and resolves the root. Throws TConnectionError. `cancelled` ends the attempt
   /// when it is there and turns to something else than 0.
   TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinishedParts> parts,
                   const std::atomic<int>* cancelled = nullptr);
 
-  /// False when the lane is of no use any more.
+  /// False when the connection is of no use any more.
   bool IsAlive() const { return FChannel.IsAlive(); }
   /// True when it carries the others.
   bool IsFirst() const { return FMachine.IsFirst; }
 
   /// The protocol tells whole seconds.
   std::chrono::nanoseconds TimeResolution() const override { return std::chrono::seconds(1); }
-  unsigned UsualLanes() const override;
+  unsigned UsualConnections() const override;
   std::vector<TRemoteDirectory> Resolve(std::span<const std::string> directories) override;
   std::vector<TRemoteStatus> Examine(std::span<const TRemoteName> names) override;
   std::vector<std::string> MakeDirectories(std::span<const std::string> directories) override;

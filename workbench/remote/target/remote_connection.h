@@ -79,7 +79,7 @@ public:
   virtual void FileDone(const TSendRequest& request, const TSendOutcome& outcome) = 0;
 };
 
-/// One lane to one machine. Used by one thread at a time. Lists are asked as a whole, so that a
+/// One connection to one machine. Used by one thread at a time. Lists are asked as a whole, so that a
 /// far machine can be asked all of it at once; answers come in the order of the questions. Every
 /// call may throw TConnectionError; what concerns one file is in the answer.
 class IRemoteConnection {
@@ -87,8 +87,8 @@ public:
   virtual ~IRemoteConnection() = default;
   /// The smallest step between two time stamps that the target keeps apart.
   virtual std::chrono::nanoseconds TimeResolution() const = 0;
-  /// How many lanes at a time serve a deploy best when nobody says.
-  virtual unsigned UsualLanes() const = 0;
+  /// How many connections at a time serve a deploy best when nobody says.
+  virtual unsigned UsualConnections() const = 0;
   /// Resolves directories: relative ones below the profile's path, others from the root of the
   /// file system; those that begin with "~/" in the user's home directory. "/" delimits.
   virtual std::vector<TRemoteDirectory> Resolve(std::span<const std::string> directories) = 0;
@@ -114,7 +114,7 @@ public:
                                  const THearLine& hear, const std::atomic<int>& cancelled) = 0;
 };
 
-/// Opens lanes. Used by several threads.
+/// Opens connections. Used by several threads.
 using TConnect = std::function<std::shared_ptr<IRemoteConnection>()>;
 
 } // namespace workbench

@@ -12,12 +12,12 @@ namespace workbench {
 
 /// While work runs, mouse and keys reach the window's allowed widgets and its dialogs only, so that
 /// nothing can be started twice or changed under the work.
-class TAsideWork final : public QObject {
+class TBackgroundWork final : public QObject {
   Q_OBJECT
 
 public:
   /// The window must outlive the object.
-  explicit TAsideWork(QWidget& window);
+  explicit TBackgroundWork(QWidget& window);
 
   /// A widget of the window that takes input all the time.
   void Allow(QWidget* widget) { FAllowed.emplace_back(widget); }

@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/aside_work.h"
+#include "workbench/desktop/window/background_work.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -36,8 +36,8 @@ bool IsInput(QEvent::Type type) {
 } // namespace
 
 // Input is blocked as long as it lives.
-struct TAsideWork::TBusy {
-  explicit TBusy(TAsideWork& aside) : Aside(aside) {
+struct TBackgroundWork::TBusy {
+  explicit TBusy(TBackgroundWork& aside) : Aside(aside) {
     if (Aside.FDepth++ > 0)
       return;
     qApp->installEventFilter(&Aside);
@@ -52,12 +52,12 @@ struct TAsideWork::TBusy {
   TBusy(const TBusy&) = delete;
   TBusy& operator=(const TBusy&) = delete;
 
-  TAsideWork& Aside;
+  TBackgroundWork& Aside;
 };
 
-TAsideWork::TAsideWork(QWidget& window) : FWindow(window) {}
+TBackgroundWork::TBackgroundWork(QWidget& window) : FWindow(window) {}
 
-void TAsideWork::Run(const std::function<void()>& work) {
+void TBackgroundWork::Run(const std::function<void()>& work) {
   if (QThread::currentThread() != thread())
     return work();
   const TBusy busy(*this);
@@ -88,7 +88,7 @@ void TAsideWork::Run(const std::function<void()>& work) {
     std::rethrow_exception(error);
 }
 
-bool TAsideWork::MayReceive(const QObject& receiver) const {
+bool TBackgroundWork::MayReceive(const QObject& receiver) const {
   const auto* widget = qobject_cast<const QWidget*>(&receiver);
   if (!widget || widget->window() != &FWindow)
     return true;
@@ -97,7 +97,7 @@ bool TAsideWork::MayReceive(const QObject& receiver) const {
   });
 }
 
-bool TAsideWork::eventFilter(QObject* watched, QEvent* event) {
+bool TBackgroundWork::eventFilter(QObject* watched, QEvent* event) {
   if (IsInput(event->type()) && !MayReceive(*watched))
     return true;
   return QObject::eventFilter(watched, event);

@@ -27,7 +27,7 @@ using TSecretQuestion = std::function<std::optional<std::string>(const std::stri
                                                                  const TIsCancelled& isOver)>;
 
 /// Who is there while connections are made. An empty question is one that nobody answers.
-struct TPerson {
+struct TPrompts {
   THostKeyQuestion AcceptsHostKey = nullptr;
   TSecretQuestion TellsSecret = nullptr;
 };

@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/aside_work.h"
+#include "workbench/desktop/window/background_work.h"
 
 #include <gtest/gtest.h>
 
@@ -13,9 +13,9 @@
 namespace workbench {
 namespace {
 
-TEST(AsideWork, RunsOnAnotherThreadWhileTheEventLoopGoesOn) {
+TEST(BackgroundWork, RunsOnAnotherThreadWhileTheEventLoopGoesOn) {
   QWidget window;
-  TAsideWork aside(window);
+  TBackgroundWork aside(window);
   std::thread::id worker;
   int ticks = 0;
   QTimer clock;
@@ -30,14 +30,14 @@ TEST(AsideWork, RunsOnAnotherThreadWhileTheEventLoopGoesOn) {
   EXPECT_FALSE(aside.IsBusy());
 }
 
-TEST(AsideWork, PassesOnWhatTheWorkThrows) {
+TEST(BackgroundWork, PassesOnWhatTheWorkThrows) {
   QWidget window;
-  TAsideWork aside(window);
+  TBackgroundWork aside(window);
   EXPECT_THROW(aside.Run([] { throw std::runtime_error("no"); }), std::runtime_error);
   EXPECT_FALSE(aside.IsBusy());
 }
 
-TEST(AsideWork, KeepsInputFromTheWindowButNotFromWhatIsAllowed) {
+TEST(BackgroundWork, KeepsInputFromTheWindowButNotFromWhatIsAllowed) {
   QWidget window;
   auto* layout = new QVBoxLayout(&window);
   auto* edit = new QLineEdit(&window);
@@ -46,7 +46,7 @@ TEST(AsideWork, KeepsInputFromTheWindowButNotFromWhatIsAllowed) {
   layout->addWidget(button);
   window.show();
   static_cast<void>(QTest::qWaitForWindowExposed(&window));
-  TAsideWork aside(window);
+  TBackgroundWork aside(window);
   aside.Allow(button);
   std::atomic<bool> wasPressed = false;
   QObject::connect(button, &QPushButton::clicked, [&wasPressed] { wasPressed = true; });
