@@ -16,13 +16,11 @@ namespace {
 
 using namespace workbench;
 
-class TDesk final : public IDeployDesk {
+class TNoObserver final : public IDeployObserver {
 public:
-  explicit TDesk(bool dryRun) { Run.Options.DryRun = dryRun; }
-  TDeployRun& Begin() override { return Run; }
-  void End(TDeployRun&) override {}
-
-  TDeployRun Run;
+  void Planned(const std::vector<TDeployRow>& /*rows*/) override {}
+  void BytesSent(std::uint64_t /*count*/) override {}
+  void RowDone(std::size_t /*index*/, const TDeployRow& /*row*/) override {}
 };
 
 class TBench {
@@ -59,14 +57,13 @@ private:
     FServices.EndRemoteQueries(*FProfile);
   }
   TDeployReport Deploy(bool dryRun) {
-    TDesk desk(dryRun);
-    FServices.SetDeployDesk(&desk);
-    FServices.Deploy(FProject, FPlatform, FConfiguration, /*final=*/true);
-    FServices.SetDeployDesk(nullptr);
-    TDeployReport& report = desk.Run.Report;
+    TNoObserver nobody;
+    TDeployReport report = FServices.Deploys().Deploy(
+        {.Project = FProject, .Target = {FConfiguration, FPlatform}, .Options = {.DryRun = dryRun}},
+        nobody);
     if (report.End != TDeployEnd::Done)
       throw std::runtime_error("the deploy failed: " + report.Message);
-    return std::move(report);
+    return report;
   }
 
   TSession FSession{TSessionOptions{}};

@@ -48,13 +48,15 @@ room(workbench/remote/ssh SEES ${FOUNDATION} workbench/files workbench/process
 set(REMOTE workbench/remote/target workbench/remote/folder workbench/remote/sftp
   workbench/remote/ssh)
 room(workbench/remote/profile SEES ${FOUNDATION} workbench/files ${REMOTE} workbench/text)
-room(workbench/deploy SEES ${FOUNDATION} workbench/files workbench/process workbench/remote/target
+room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/remote/target
   workbench/text)
+room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files workbench/platforms workbench/process
+  workbench/remote/folder workbench/remote/profile workbench/remote/target workbench/text)
 
 room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files workbench/msbuild
-  workbench/platforms workbench/project workbench/remote/profile workbench/remote/target
-  workbench/settings workbench/text workbench/xml)
+  workbench/platforms workbench/project workbench/remote/profile workbench/remote/ssh
+  workbench/remote/target workbench/settings workbench/text workbench/xml)
 room(workbench/session SEES ${FOUNDATION} workbench/files workbench/platforms workbench/project
   workbench/services workbench/settings workbench/text)
 room(workbench/history SEES ${FOUNDATION} workbench/files workbench/session workbench/text)

@@ -139,7 +139,10 @@ bool TDeploymentFrame::CompareWithRemote(const TEntryPaths& paths,
   IOTARemoteProfileServices* services = FServices.GetRemoteProfileServices();
   if (!services || !FProfile)
     return false;
-  const auto remote = services->GetRemoteFileTime(*FProfile, paths.RemoteFile(file));
+  const std::string remoteFile = paths.RemoteFile(file);
+  const auto remote = services->GetRemoteFileTime(*FProfile, remoteFile);
+  if (!remote && !services->IsRemoteFileKnown(*FProfile, remoteFile))
+    return false;
   if (!remote) {
     state = TRemoteState::NotFound;
     return true;

@@ -2,8 +2,8 @@
 
 #include "package/common/errors.h"
 #include "workbench/cli/context/command.h"
-#include "workbench/cli/context/connection_questions.h"
 #include "workbench/cli/context/name_hint.h"
+#include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/files/save_error.h"
 #include "workbench/text/utf8.h"
 
@@ -192,8 +192,9 @@ void WarnOfRoot(const std::string& root, TOutput& output) {
 int RunCommand(const TInvocation& invocation, TOutput& output) {
   TSession session(TSessionOptions{invocation.Options.Root});
   WarnOfRoot(invocation.Options.Root, output);
-  LetConnectionsAsk(session.RemoteProfiles(), output);
-  TCommandContext context{invocation.Options, session, output};
+  const auto interaction = std::make_shared<TTerminalInteraction>(output);
+  session.RemoteProfiles().SetInteraction(interaction);
+  TCommandContext context{invocation.Options, session, output, *interaction};
   return Reported(output, [&] {
     const int status = invocation.Chosen().second->Run(context);
     CheckWritten(output.Flush());

@@ -27,9 +27,8 @@ std::string UnpackCommand(const std::string& file) {
 
 class TExecutor {
 public:
-  TExecutor(const TDeployPlan& plan, IRemoteConnection& connection, const TConnect& connect,
-            const std::filesystem::path& directory, TDeployRun& run)
-      : FPlan(plan), FConnection(connection), FConnect(connect), FDirectory(directory), FRun(run),
+  TExecutor(const TDeployPlan& plan, const TDeployExecution& execution, TDeployReport& report)
+      : FPlan(plan), FExecution(execution), FConnection(execution.Connection), FReport(report),
         FDone(plan.Files.size(), false) {}
 
   void Run() {
@@ -46,14 +45,14 @@ public:
     const std::string reason = FLost.empty() ? std::string(Interrupted) : FLost;
     for (std::size_t i = 0; i < FPlan.Files.size(); ++i)
       Finish(i, reason);
-    FRun.Report.Message = FLost;
+    FReport.Message = FLost;
   }
 
 private:
-  class TLane;
+  class TSendJob;
 
-  TDeployRow& Row(std::size_t index) { return FRun.Report.Rows[index]; }
-  bool IsCancelled() const { return FRun.Cancelled != 0; }
+  TDeployRow& Row(std::size_t index) { return FReport.Rows[index]; }
+  bool IsCancelled() const { return FExecution.Cancelled != 0; }
   void Lost(const std::string& reason) {
     const std::lock_guard lock(FMutex);
     if (FLost.empty() && !IsCancelled())
@@ -70,8 +69,7 @@ private:
       Row(index).Action = TDeployAction::Failed;
       Row(index).Error = problem;
     }
-    if (FRun.Progress)
-      FRun.Progress->RowDone(index, Row(index));
+    FExecution.Observer.RowDone(index, Row(index));
   }
 
   bool NeedsFinishing(const TPlannedFile& file) const {
@@ -84,18 +82,17 @@ private:
   void RunLocalCommands();
   void PrepareDirectories();
   void CopyFiles();
-  void RunLane(IRemoteConnection& connection);
-  void RunFurtherLane();
+  void SendOn(IRemoteConnection& connection);
+  void SendOnFurtherConnection();
   std::span<const TSendRequest> TakeBatch();
   void FileSent(std::size_t index, const TSendOutcome& outcome);
   void FinishOnTarget();
   std::string FinishOnTarget(const TPlannedFile& file);
 
   const TDeployPlan& FPlan;
+  const TDeployExecution& FExecution;
   IRemoteConnection& FConnection;
-  const TConnect& FConnect;
-  const std::filesystem::path& FDirectory;
-  TDeployRun& FRun;
+  TDeployReport& FReport;
   std::vector<TSendRequest> FWork; // files to be copied
   std::mutex FMutex;               // of what stands below, of the rows and of the progress
   std::size_t FNext = 0;           // of the work
@@ -103,16 +100,15 @@ private:
   std::vector<std::size_t> FToFinish;
   const THearLine FHear = [this](std::string_view line) {
     const std::lock_guard lock(FMutex);
-    if (FRun.Progress)
-      FRun.Progress->CommandSaid(std::string(line));
+    FExecution.Observer.CommandSaid(std::string(line));
   };
   std::string FLost; // why the connection broke
 };
 
-// What one lane takes from the work.
-class TExecutor::TLane final : public ISendJob {
+// What one connection takes from the work.
+class TExecutor::TSendJob final : public ISendJob {
 public:
-  explicit TLane(TExecutor& executor) : FExecutor(executor) {}
+  explicit TSendJob(TExecutor& executor) : FExecutor(executor) {}
 
   bool IsCancelled() const override { return FExecutor.IsCancelled(); }
   const TSendRequest* Next() override {
@@ -126,16 +122,14 @@ public:
     return next;
   }
   void BytesSent(std::uint64_t count) override {
-    if (!FExecutor.FRun.Progress)
-      return;
     const std::lock_guard lock(FExecutor.FMutex);
-    FExecutor.FRun.Progress->BytesSent(count);
+    FExecutor.FExecution.Observer.BytesSent(count);
   }
   void FileDone(const TSendRequest& request, const TSendOutcome& outcome) override {
     FOut.erase(request.Index);
     FExecutor.FileSent(request.Index, outcome);
   }
-  // The lane broke: files that it had taken are done with, one way or the other.
+  // The connection broke: files that it had taken are done with, one way or the other.
   void Break(const std::string& reason) {
     for (const TSendRequest& request : FBatch)
       FOut.insert(request.Index);
@@ -172,7 +166,7 @@ void TExecutor::RunLocalCommands() {
     for (const std::string& command : FPlan.Files[request.Index].File.LocalCommands) {
       std::string problem(Interrupted);
       if (!IsCancelled())
-        problem = RunCommandLine(command, FDirectory, FHear, FRun.Cancelled);
+        problem = RunCommandLine(command, FExecution.Directory, FHear, FExecution.Cancelled);
       if (problem.empty())
         continue;
       Finish(request.Index,
@@ -201,37 +195,38 @@ void TExecutor::PrepareDirectories() {
 }
 
 void TExecutor::CopyFiles() {
-  const unsigned wanted = FRun.Options.Jobs > 0 ? FRun.Options.Jobs : FConnection.UsualLanes();
+  const unsigned wanted = FExecution.Jobs > 0 ? FExecution.Jobs : FConnection.UsualConnections();
   const std::size_t batches = (FWork.size() + SmallestBatch - 1) / SmallestBatch;
-  const std::size_t lanes = std::min<std::size_t>({wanted, batches, MostJobs});
+  const std::size_t connections = std::min<std::size_t>({wanted, batches, MostJobs});
   std::vector<std::jthread> threads;
-  for (std::size_t i = 1; i < lanes; ++i)
-    threads.emplace_back([this] { RunFurtherLane(); });
-  RunLane(FConnection);
+  for (std::size_t i = 1; i < connections; ++i)
+    threads.emplace_back([this] { SendOnFurtherConnection(); });
+  SendOn(FConnection);
 }
 
-// Without a further lane the others do its share.
-void TExecutor::RunFurtherLane() {
+// Without a further connection the others do its share.
+void TExecutor::SendOnFurtherConnection() {
   std::shared_ptr<IRemoteConnection> connection;
   try {
-    connection = FConnect();
+    connection = FExecution.Connect();
   } catch (const TConnectionError&) {
     return;
   }
-  RunLane(*connection);
+  SendOn(*connection);
 }
 
-void TExecutor::RunLane(IRemoteConnection& connection) {
-  TLane lane(*this);
+void TExecutor::SendOn(IRemoteConnection& connection) {
+  TSendJob job(*this);
   try {
-    connection.Send(lane);
+    connection.Send(job);
   } catch (const TConnectionError& error) {
     Lost(error.what());
-    lane.Break(error.what());
+    job.Break(error.what());
   }
 }
 
-// Two lanes in one directory wait for each other, so that a batch ends where a directory does.
+// Two connections in one directory wait for each other, so that a batch ends where a directory
+// does.
 std::span<const TSendRequest> TExecutor::TakeBatch() {
   const std::lock_guard lock(FMutex);
   const std::size_t start = FNext;
@@ -266,7 +261,7 @@ std::string TExecutor::FinishOnTarget(const TPlannedFile& file) {
     if (IsCancelled())
       return "was copied, but " + std::string(Interrupted);
     const std::string problem =
-        FConnection.RunCommand(command, file.Target.Directory, FHear, FRun.Cancelled);
+        FConnection.RunCommand(command, file.Target.Directory, FHear, FExecution.Cancelled);
     return problem.empty() ? problem : "was copied, but \"" + command + "\" " + problem;
   };
   const TDeployOperation operation = file.File.Operation;
@@ -291,10 +286,9 @@ std::string TExecutor::FinishOnTarget(const TPlannedFile& file) {
 
 } // namespace
 
-void ExecuteDeployPlan(const TDeployPlan& plan, IRemoteConnection& connection,
-                       const TConnect& connect, const std::filesystem::path& directory,
-                       TDeployRun& run) {
-  TExecutor(plan, connection, connect, directory, run).Run();
+void ExecuteDeployPlan(const TDeployPlan& plan, const TDeployExecution& execution,
+                       TDeployReport& report) {
+  TExecutor(plan, execution, report).Run();
 }
 
 std::vector<TDeployRow> RowsOf(const TDeployPlan& plan) {

@@ -44,13 +44,11 @@ private:
   }
 
   void FindTargets();
-  void FindTarget(std::size_t index);
-  std::string StartProblem(const TRemotePath& path) const;
-  std::string DirectoryText(const TRemotePath& path) const;
+  void FindTarget(TPlannedFile& file);
   void ResolveDirectories();
   void FindCollisions();
   std::string Key(const std::string& path) const {
-    return FOptions.Names.IgnoresCase ? deployment::UpperCase(path) : path;
+    return FOptions.Places.Names.IgnoresCase ? deployment::UpperCase(path) : path;
   }
   void ExamineLocalFiles();
   void ExamineLocalFile(TPlannedFile& file);
@@ -71,7 +69,7 @@ private:
 void TPlanner::FindTargets() {
   std::unordered_map<std::string, std::size_t> known;
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
-    FindTarget(i);
+    FindTarget(FPlan.Files[i]);
     std::string& directory = FPlan.Files[i].Target.Directory;
     const auto [entry, isNew] = known.emplace(directory, FDirectories.size());
     if (isNew)
@@ -80,46 +78,11 @@ void TPlanner::FindTargets() {
   }
 }
 
-void TPlanner::FindTarget(std::size_t index) {
-  TPlannedFile& file = FPlan.Files[index];
-  const std::string& name = file.File.RemoteName;
-  TRemotePath path = ParseRemotePath(name);
-  if (std::string problem = StartProblem(path); !problem.empty()) {
-    Refuse(file, "its remote path \"" + name + "\" " + problem);
-    return;
-  }
-  for (const std::string_view part : path.Parts) {
-    if (const std::string problem = NameProblem(part, FOptions.Names); !problem.empty())
-      Refuse(file, "\"" + std::string(part) + "\" in its remote path " + problem);
-  }
-  if (path.Parts.empty() || name.ends_with('\\') || name.ends_with('/')) {
-    Refuse(file, "its remote path \"" + name + "\" names no file");
-    return;
-  }
-  file.Target.Name = path.Parts.back();
-  path.Parts.pop_back();
-  file.Target.Directory = DirectoryText(path);
-}
-
-std::string TPlanner::StartProblem(const TRemotePath& path) const {
-  using TStart = TRemotePath::TStart;
-  const bool isOutside = path.Start != TStart::ProfilePath || path.Climbs;
-  if (isOutside && !FOptions.AllowOutside)
-    return "leaves the path of the profile";
-  if (path.Start == TStart::Drive)
-    return "names a drive, which the target does not have";
-  if (path.Start == TStart::HomeDirectory && (path.Parts.empty() || path.Parts.front() != "~"))
-    return "names the home directory of another user";
-  return path.Climbs ? "climbs above the directory where it begins" : "";
-}
-
-std::string TPlanner::DirectoryText(const TRemotePath& path) const {
-  std::string text = path.Joined();
-  if (path.Start == TRemotePath::TStart::FileSystemRoot)
-    text.insert(text.begin(), '/');
-  if (path.Start == TRemotePath::TStart::HomeDirectory)
-    text.push_back('/');
-  return text;
+void TPlanner::FindTarget(TPlannedFile& file) {
+  TTargetPlace place = FindTargetPlace(file.File.RemoteName, FOptions.Places);
+  if (!place.Problem.empty())
+    Refuse(file, place.Problem);
+  file.Target = std::move(place.Name);
 }
 
 void TPlanner::ResolveDirectories() {
@@ -129,11 +92,8 @@ void TPlanner::ResolveDirectories() {
     const TRemoteDirectory& directory = FResolved[FDirectoryOf[i]];
     if (file.Target.Name.empty())
       continue; // refused already
-    if (!directory.Problem.empty())
-      Refuse(file, "it cannot go to \"" + file.File.RemoteName + "\": " + directory.Problem);
-    else if (!directory.IsInside && !FOptions.AllowOutside)
-      Refuse(file, "its remote path \"" + file.File.RemoteName + "\" leads to " + directory.Path +
-                       ", which is outside the path of the profile");
+    if (const std::string problem = DirectoryProblem(directory, FOptions.Places); !problem.empty())
+      Refuse(file, "it cannot go to \"" + file.File.RemoteName + "\": " + problem);
     file.Target.Directory = directory.Path == "/" ? "" : directory.Path;
     if (file.RemoteFile().size() > LongestPath)
       Refuse(file,

@@ -3,7 +3,7 @@
 
 #include "workbench/deploy/deploy_files.h"
 #include "workbench/remote/target/remote_connection.h"
-#include "workbench/remote/target/remote_path.h"
+#include "workbench/remote/target/target_place.h"
 
 #include <cstdint>
 #include <functional>
@@ -20,11 +20,10 @@ std::string_view DeployActionName(TDeployAction action);
 
 /// How a deploy decides.
 struct TPlanOptions {
-  bool Force = false;        ///< copy also what is the same
-  bool Checksum = false;     ///< compare content instead of size and time
-  bool SkipMissing = false;  ///< a missing file that is not required is no failure
-  bool AllowOutside = false; ///< directories beyond the profile's path are allowed
-  TNameRules Names = {};
+  bool Force = false;       ///< copy also what is the same
+  bool Checksum = false;    ///< compare content instead of size and time
+  bool SkipMissing = false; ///< a missing file that is not required is no failure
+  TPlaceRules Places = {};
 };
 
 /// One file of a plan.

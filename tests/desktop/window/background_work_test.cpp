@@ -15,26 +15,26 @@ namespace {
 
 TEST(BackgroundWork, RunsOnAnotherThreadWhileTheEventLoopGoesOn) {
   QWidget window;
-  TBackgroundWork aside(window);
+  TBackgroundWork background(window);
   std::thread::id worker;
   int ticks = 0;
   QTimer clock;
   QObject::connect(&clock, &QTimer::timeout, [&ticks] { ++ticks; });
   clock.start(1);
-  aside.Run([&] {
+  background.Run([&] {
     worker = std::this_thread::get_id();
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
   });
   EXPECT_NE(worker, std::this_thread::get_id());
   EXPECT_GT(ticks, 3);
-  EXPECT_FALSE(aside.IsBusy());
+  EXPECT_FALSE(background.IsBusy());
 }
 
 TEST(BackgroundWork, PassesOnWhatTheWorkThrows) {
   QWidget window;
-  TBackgroundWork aside(window);
-  EXPECT_THROW(aside.Run([] { throw std::runtime_error("no"); }), std::runtime_error);
-  EXPECT_FALSE(aside.IsBusy());
+  TBackgroundWork background(window);
+  EXPECT_THROW(background.Run([] { throw std::runtime_error("no"); }), std::runtime_error);
+  EXPECT_FALSE(background.IsBusy());
 }
 
 TEST(BackgroundWork, KeepsInputFromTheWindowButNotFromWhatIsAllowed) {
@@ -46,15 +46,15 @@ TEST(BackgroundWork, KeepsInputFromTheWindowButNotFromWhatIsAllowed) {
   layout->addWidget(button);
   window.show();
   static_cast<void>(QTest::qWaitForWindowExposed(&window));
-  TBackgroundWork aside(window);
-  aside.Allow(button);
+  TBackgroundWork background(window);
+  background.Allow(button);
   std::atomic<bool> wasPressed = false;
   QObject::connect(button, &QPushButton::clicked, [&wasPressed] { wasPressed = true; });
   QTimer::singleShot(0, &window, [&] {
     QTest::keyClicks(edit, "abc");
     QTest::mouseClick(button, Qt::LeftButton);
   });
-  aside.Run([&wasPressed] {
+  background.Run([&wasPressed] {
     for (int i = 0; i < 500 && !wasPressed; ++i)
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
   });

@@ -23,7 +23,7 @@ protected:
         {.Name = "bench", .Platform = "Win64", .Path = (FRoot / "target").string()});
   }
   void Assign() { Project().AssignProfile("Win64", "bench", false); }
-  // Waits for what runs aside and comes back to the event loop.
+  // Waits for what runs in the background and comes back to the event loop.
   void Connect() {
     PressButton("tbConnect");
     ASSERT_TRUE(

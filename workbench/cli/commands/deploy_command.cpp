@@ -11,6 +11,7 @@
 #include <CLI/CLI.hpp>
 
 #include <array>
+#include <atomic>
 #include <iostream>
 #include <unistd.h>
 
@@ -28,17 +29,6 @@ std::string ProblemText(const std::vector<std::string>& problems) {
     text += "; and " + std::to_string(problems.size() - shown) + " more";
   return text;
 }
-
-// A command deploys once, as its arguments say.
-class TDesk final : public IDeployDesk {
-public:
-  explicit TDesk(TDeployRun& run) : FRun(run) {}
-  TDeployRun& Begin() override { return FRun; }
-  void End(TDeployRun& /*run*/) override {}
-
-private:
-  TDeployRun& FRun;
-};
 
 class TDeployCommand final : public ICommand {
 public:
@@ -62,61 +52,55 @@ public:
     const TTarget target = ChooseTarget(context, project);
     if (target.AllPlatforms)
       throw TUsageError("deploy needs a single platform, not \"all\"");
-    context.Session.RemoteProfiles().PrepareConnection(project.Project(), target.Platform);
+    context.Session.RemoteProfiles().Destinations().Prepare(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
     view.Open(project, target);
+    FOptions.DryRun = FChange.DryRun;
     WarnSince(context, project, told);
-    TDeployRun run;
-    run.Options = FOptions;
-    run.Options.DryRun = FChange.DryRun;
-    run.MayRun = [&](const auto& commands) { return MayRun(context, project, commands); };
-    Deploy(context, project, target, view, run);
-    return Report(context, target, run);
+    const TDeployReport report = Deploy(context, project, target);
+    return Report(context, target, report);
   }
 
 private:
-  // The view's button is disabled when no checked file exists here, and a person who pressed it
-  // would be asked to make a missing profile. Neither says what is wrong, so the services are asked
-  // themselves then.
-  static void Deploy(TCommandContext& context, TOpenProject& project, const TTarget& target,
-                     TDeploymentView& view, TDeployRun& run) {
-    TRemoteProfileServices& services = context.Session.RemoteProfiles();
+  TDeployReport Deploy(TCommandContext& context, TOpenProject& project,
+                       const TTarget& target) const {
+    std::atomic<int> cancelled = 0;
+    const TInterruptWatch watch(cancelled);
     TDeployProgress progress(context.Output);
-    run.Progress = &progress;
-    {
-      const TInterruptWatch watch(run.Cancelled);
-      TDesk desk(run);
-      services.SetDeployDesk(&desk);
-      view.Press("tbDeploy");
-      if (run.Report.End == TDeployEnd::NotStarted)
-        services.Deploy(project.Project(), target.Platform, target.Configuration, /*final=*/true);
-      services.SetDeployDesk(nullptr);
-    }
+    const TDeployRequest request{.Project = project.Project(),
+                                 .Target = {target.Configuration, target.Platform},
+                                 .Options = FOptions,
+                                 .MayRun =
+                                     [&](const auto& commands, const std::string& place) {
+                                       return MayRun(context, project, commands, place);
+                                     },
+                                 .Cancelled = &cancelled};
+    TDeployReport report = context.Session.RemoteProfiles().Deploys().Deploy(request, progress);
     progress.Finish();
-    run.Progress = nullptr;
+    return report;
   }
 
   bool MayRun(TCommandContext& context, const TOpenProject& project,
-              const std::vector<std::string>& commands) const {
+              const std::vector<std::string>& commands, const std::string& place) const {
     TSettings& settings = context.Session.Settings();
     const std::filesystem::path& file = project.GivenFileName();
-    if (FAllowCommands || IsAllowed(settings, file, commands))
+    if (FAllowCommands || IsAllowed(settings, file, place, commands))
       return true;
     if (!context.Output.CanAsk())
       return false;
-    std::cerr << "The project wants to run these commands:\n";
+    std::cerr << "The project wants to run these commands when it is deployed to " << place
+              << ":\n";
     for (const std::string& command : commands)
       std::cerr << "  " << Visible(command) << '\n';
     if (context.Output.Ask("Run them, now and whenever they are the same?", /*several=*/false) !=
         TAnswer::Yes)
       return false;
-    Allow(settings, file, commands);
+    Allow(settings, file, place, commands);
     return true;
   }
 
-  int Report(TCommandContext& context, const TTarget& target, const TDeployRun& run) const {
-    const TDeployReport& report = run.Report;
+  int Report(TCommandContext& context, const TTarget& target, const TDeployReport& report) const {
     switch (report.End) {
     case TDeployEnd::Refused:
       throw TWorkError(ProblemText(report.Problems));
@@ -136,7 +120,7 @@ private:
     }
     PrintSummary(context, target, report);
     if (report.End == TDeployEnd::Interrupted)
-      return 128 + run.Cancelled;
+      return 128 + report.Signal;
     return report.End == TDeployEnd::Failed ? exit_status::WorkFailed : exit_status::Done;
   }
 

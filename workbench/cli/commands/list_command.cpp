@@ -3,6 +3,7 @@
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/text/utf8.h"
@@ -46,7 +47,7 @@ public:
     if (connect && target.AllPlatforms)
       throw TUsageError("one platform is wanted to connect to");
     if (connect)
-      context.Session.RemoteProfiles().PrepareConnection(project.Project(), target.Platform);
+      context.Session.RemoteProfiles().Destinations().Prepare(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
     view.Open(project, target);
@@ -54,11 +55,15 @@ public:
       view.Connect();
     Sort(view);
     WarnSince(context, project, told);
+    const std::vector<std::string>& lost = context.Interaction.LostConnections();
     if (context.Output.IsJson())
-      PrintJson(context, project, target, connect, view.Rows());
+      PrintJson(context, project, target, connect && lost.empty(), view.Rows());
     else
       PrintText(context, view.Rows());
-    return exit_status::Done;
+    // What was not answered stands as unknown in the rows.
+    for (const std::string& reason : lost)
+      context.Output.Complain(reason);
+    return lost.empty() ? exit_status::Done : exit_status::NoConnection;
   }
 
 private:

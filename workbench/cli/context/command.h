@@ -17,6 +17,8 @@ class App;
 
 namespace workbench {
 
+class TTerminalInteraction;
+
 /// Exit statuses that scripts rely on.
 namespace exit_status {
 inline constexpr int Done = 0;
@@ -75,6 +77,7 @@ struct TCommandContext {
   const TCommonOptions& Options;
   TSession& Session;
   TOutput& Output;
+  const TTerminalInteraction& Interaction;
 };
 
 /// One command. Made anew for each run; its options land in its fields.

@@ -59,6 +59,8 @@ public:
   void Document(const TJson& document);
   void Warn(const TWarning& warning);
   void Error(const TFailure& failure);
+  /// Something failed, and the result that is printed says what came of it.
+  void Complain(std::string_view text);
   /// False when something of the result could not be written.
   bool Flush();
 

@@ -227,8 +227,8 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <translation>Befehle des Projekts</translation>
     </message>
     <message>
-        <source>The project wants to run these commands when it is deployed. Run only what you trust. May they run, now and whenever they are the same?</source>
-        <translation>Das Projekt will beim Verteilen diese Befehle ausführen. Führen Sie nur aus, dem Sie vertrauen. Dürfen sie laufen, jetzt und künftig, solange sie gleich bleiben?</translation>
+        <source>The project wants to run these commands when it is deployed to %1. Run only what you trust. May they run, now and whenever they are the same there?</source>
+        <translation>Das Projekt will diese Befehle ausführen, wenn es nach %1 verteilt wird. Führen Sie nur aus, dem Sie vertrauen. Dürfen sie laufen, jetzt und künftig, solange sie dort gleich bleiben?</translation>
     </message>
     <message>
         <source>Commands</source>

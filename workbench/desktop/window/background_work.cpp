@@ -37,22 +37,22 @@ bool IsInput(QEvent::Type type) {
 
 // Input is blocked as long as it lives.
 struct TBackgroundWork::TBusy {
-  explicit TBusy(TBackgroundWork& aside) : Aside(aside) {
-    if (Aside.FDepth++ > 0)
+  explicit TBusy(TBackgroundWork& background) : Work(background) {
+    if (Work.FDepth++ > 0)
       return;
-    qApp->installEventFilter(&Aside);
-    emit Aside.BusyChanged(true);
+    qApp->installEventFilter(&Work);
+    emit Work.BusyChanged(true);
   }
   ~TBusy() {
-    if (--Aside.FDepth > 0)
+    if (--Work.FDepth > 0)
       return;
-    qApp->removeEventFilter(&Aside);
-    emit Aside.BusyChanged(false);
+    qApp->removeEventFilter(&Work);
+    emit Work.BusyChanged(false);
   }
   TBusy(const TBusy&) = delete;
   TBusy& operator=(const TBusy&) = delete;
 
-  TBackgroundWork& Aside;
+  TBackgroundWork& Work;
 };
 
 TBackgroundWork::TBackgroundWork(QWidget& window) : FWindow(window) {}

@@ -52,8 +52,9 @@ struct TBusyCursor {
 
 } // namespace
 
-TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& aside, QWidget& window)
-    : FSession(session), FTabs(tabs), FBackground(aside), FWindow(window) {}
+TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background,
+                           QWidget& window)
+    : FSession(session), FTabs(tabs), FBackground(background), FWindow(window) {}
 
 TProjectTabs::TProjectTab* TProjectTabs::TabAt(int index) {
   const TFormControls* controls = FTabs.ControlsAt(index);

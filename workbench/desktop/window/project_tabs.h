@@ -20,7 +20,7 @@ class TProjectTabs final : public QObject {
 
 public:
   /// Everything must outlive the object. Dialogs stand before the window.
-  TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& aside, QWidget& window);
+  TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background, QWidget& window);
 
   /// Brings a project forward that is open already. False when it cannot be opened.
   bool Open(const std::filesystem::path& file);

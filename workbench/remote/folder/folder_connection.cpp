@@ -65,18 +65,19 @@ bool IsBelow(const std::filesystem::path& path, const std::filesystem::path& fol
   return text.starts_with(start) && (text.size() == start.size() || text[start.size()] == '/');
 }
 
-// The deepest part of the path that exists, and how it ends.
+// The deepest part of the path that exists, or of which nobody tells.
 struct TExisting {
   std::filesystem::path Path;
-  std::filesystem::file_status Status;
+  std::error_code Error; // why nobody tells
 };
 
 TExisting DeepestExisting(std::filesystem::path path) {
   while (true) {
-    std::error_code ignored;
-    const auto status = std::filesystem::symlink_status(path, ignored);
-    if (std::filesystem::exists(status) || !path.has_relative_path())
-      return {path, status};
+    std::error_code error;
+    const auto status = std::filesystem::symlink_status(path, error);
+    const bool isMissing = status.type() == std::filesystem::file_type::not_found;
+    if (!isMissing || !path.has_relative_path())
+      return {path, isMissing ? std::error_code() : error};
     path = path.parent_path();
   }
 }
@@ -110,8 +111,9 @@ TRemoteDirectory TFolderConnection::ResolveOne(const std::string& directory) con
     wanted /= directory;
   }
   const TExisting existing = DeepestExisting(wanted);
-  std::error_code error;
-  const std::filesystem::path found = std::filesystem::canonical(existing.Path, error);
+  std::error_code error = existing.Error;
+  const std::filesystem::path found =
+      error ? std::filesystem::path() : std::filesystem::canonical(existing.Path, error);
   if (error)
     return {.Path = {},
             .Problem = existing.Path.string() + " cannot be followed: " + error.message()};

@@ -2,16 +2,9 @@
 
 namespace workbench {
 
-// What is open was made with the person before, and serves who has it to the end.
-void TConnections::SetHostKeyQuestion(THostKeyQuestion ask) {
+void TConnections::SetPrompts(TPrompts prompts) {
   const std::lock_guard lock(FMutex);
-  FPrompts.AcceptsHostKey = std::move(ask);
-  FMachines.clear();
-}
-
-void TConnections::SetSecretQuestion(TSecretQuestion ask) {
-  const std::lock_guard lock(FMutex);
-  FPrompts.TellsSecret = std::move(ask);
+  FPrompts = std::move(prompts);
   FMachines.clear();
 }
 

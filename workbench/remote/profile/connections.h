@@ -1,4 +1,4 @@
-// Connections to the machines of profiles. Those to other machines stay open for the next one who asks.
+// Connections to the machines of profiles. Those to other machines stay open for the next caller.
 #pragma once
 
 #include "workbench/remote/folder/folder_connection.h"
@@ -22,11 +22,10 @@ public:
 
   explicit TConnections(TIsWindows isWindows) : FIsWindows(std::move(isWindows)) {}
 
-  /// Who is asked from now on.
-  void SetHostKeyQuestion(THostKeyQuestion ask);
-  void SetSecretQuestion(TSecretQuestion ask);
-  /// A connection to the machine of a profile. Throws TConnectionError. `cancelled`, when it is there and
-  /// turns to something else than 0, ends the attempt.
+  /// The questions that are asked from now on; what is open stays as it is for its holder.
+  void SetPrompts(TPrompts prompts);
+  /// A connection to the machine of a profile. Throws TConnectionError. `cancelled`, when it is
+  /// there and turns to something else than 0, ends the attempt.
   std::shared_ptr<IRemoteConnection> Open(const TProfile& profile,
                                           const std::atomic<int>* cancelled = nullptr);
   /// Begins to connect to a machine that takes its time, without waiting and without asking

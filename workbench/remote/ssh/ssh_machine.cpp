@@ -83,8 +83,8 @@ TProcessStart TSshCommands::Command(const std::string& command) const {
   return start;
 }
 
-TSshMachine::TSshMachine(TProfile profile, bool isWindows, TPrompts person)
-    : FProfile(std::move(profile)), FIsWindows(isWindows), FPrompts(std::move(person)),
+TSshMachine::TSshMachine(TProfile profile, bool isWindows, TPrompts prompts)
+    : FProfile(std::move(profile)), FIsWindows(isWindows), FPrompts(std::move(prompts)),
       FCommands(FProfile, NewControlPath()) {}
 
 TSshMachine::~TSshMachine() {

@@ -1,5 +1,6 @@
-// A machine that is reached through the user's own SSH client. The first connection makes the connection;
-// the others and commands go through it, so that only the first pays for keys and log-in.
+// A machine that is reached through the user's own SSH client. The first conversation makes the
+// connection; the others and commands go through it, so that only the first pays for keys and
+// log-in.
 #pragma once
 
 #include "workbench/remote/sftp/sftp_connection.h"
@@ -45,13 +46,13 @@ std::filesystem::path NewControlPath();
 /// Connections to one machine. May be used by several threads.
 class TSshMachine : public std::enable_shared_from_this<TSshMachine> {
 public:
-  TSshMachine(TProfile profile, bool isWindows, TPrompts person);
+  TSshMachine(TProfile profile, bool isWindows, TPrompts prompts);
   ~TSshMachine();
   TSshMachine(const TSshMachine&) = delete;
   TSshMachine& operator=(const TSshMachine&) = delete;
 
   const TProfile& Profile() const { return FProfile; }
-  /// Begins to connect, asking nobody, on a thread of its own. Who takes a connection waits for it.
+  /// Begins to connect, asking nobody, on a thread of its own; Take waits for it.
   void Prepare();
   /// A connection of the caller's own; it comes back to the machine when it is let go. Throws
   /// TConnectionError. `cancelled`, when it is there, ends the attempt.
@@ -73,7 +74,7 @@ private:
   const TSshCommands FCommands;
   const std::shared_ptr<TUnfinishedParts> FParts = std::make_shared<TUnfinishedParts>();
   std::atomic<int> FNobodyWaits = 0; // for what is prepared
-  std::mutex FConnecting;            // held while the first connection is opened; guards the next one
+  std::mutex FConnecting;            // held while the first one is opened; guards the next field
   std::future<std::unique_ptr<TSftpConnection>> FPrepared;
   std::mutex FMutex; // of what stands below
   std::vector<std::unique_ptr<TSftpConnection>> FIdle;

@@ -79,7 +79,7 @@ public:
   virtual void FileDone(const TSendRequest& request, const TSendOutcome& outcome) = 0;
 };
 
-/// One connection to one machine. Used by one thread at a time. Lists are asked as a whole, so that a
+/// Used by one thread at a time. Lists are asked as a whole, so that a
 /// far machine can be asked all of it at once; answers come in the order of the questions. Every
 /// call may throw TConnectionError; what concerns one file is in the answer.
 class IRemoteConnection {

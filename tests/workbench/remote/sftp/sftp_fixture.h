@@ -43,11 +43,10 @@ protected:
     return MakeDeployPlan(std::move(files), options,
                           [&]() -> IRemoteConnection& { return *connection; });
   }
-  void Execute(const TDeployPlan& plan, TDeployRun& run) const {
+  void Execute(const TDeployPlan& plan, TTestRun& run) const {
     const auto connection = Connect();
-    run.Report.Rows = RowsOf(plan);
-    ExecuteDeployPlan(
-        plan, *connection, [this] { return Connect(); }, Place.Local(), run);
+    run.Execute(
+        plan, *connection, [this] { return Connect(); }, Place.Local());
   }
   /// Names of unfinished files below the target.
   std::vector<std::string> Unfinished() const {

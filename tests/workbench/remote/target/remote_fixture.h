@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -13,6 +14,36 @@
 #include <vector>
 
 namespace workbench::testing {
+
+/// Hears nothing.
+class TNoObserver : public IDeployObserver {
+public:
+  void Planned(const std::vector<TDeployRow>& /*rows*/) override {}
+  void BytesSent(std::uint64_t /*count*/) override {}
+  void RowDone(std::size_t /*index*/, const TDeployRow& /*row*/) override {}
+};
+
+/// How a plan is to be carried out, and what comes of it.
+struct TTestRun {
+  unsigned Jobs = 0;
+  IDeployObserver* Observer = nullptr; ///< null: nobody hears of it
+  std::atomic<int> Cancelled = 0;
+  TDeployReport Report = {};
+
+  void Execute(const TDeployPlan& plan, IRemoteConnection& connection, const TConnect& connect,
+               const std::filesystem::path& directory) {
+    TNoObserver nobody;
+    Report.Rows = RowsOf(plan);
+    ExecuteDeployPlan(plan,
+                      {.Connection = connection,
+                       .Connect = connect,
+                       .Directory = directory,
+                       .Jobs = Jobs,
+                       .Observer = Observer ? *Observer : nobody,
+                       .Cancelled = Cancelled},
+                      Report);
+  }
+};
 
 class TRemotePlace {
 public:
@@ -58,11 +89,10 @@ public:
     return MakeDeployPlan(std::move(files), options,
                           [&]() -> IRemoteConnection& { return connection; });
   }
-  void Execute(const TDeployPlan& plan, TDeployRun& run) const {
+  void Execute(const TDeployPlan& plan, TTestRun& run) const {
     TFolderConnection connection(Target());
     const TConnect connect = [this] { return std::make_unique<TFolderConnection>(Target()); };
-    run.Report.Rows = RowsOf(plan);
-    ExecuteDeployPlan(plan, connection, connect, Local(), run);
+    run.Execute(plan, connection, connect, Local());
   }
 
 private:
