@@ -16,13 +16,6 @@ namespace {
 
 using namespace workbench;
 
-class TNoObserver final : public IDeployObserver {
-public:
-  void Planned(const std::vector<TDeployRow>& /*rows*/) override {}
-  void BytesSent(std::uint64_t /*count*/) override {}
-  void RowDone(std::size_t /*index*/, const TDeployRow& /*row*/) override {}
-};
-
 class TBench {
 public:
   explicit TBench(const char* project)
@@ -57,7 +50,7 @@ private:
     FServices.EndRemoteQueries(*FProfile);
   }
   TDeployReport Deploy(bool dryRun) {
-    TNoObserver nobody;
+    TSilentObserver nobody;
     TDeployReport report = FServices.Deploys().Deploy(
         {.Project = FProject, .Target = {FConfiguration, FPlatform}, .Options = {.DryRun = dryRun}},
         nobody);

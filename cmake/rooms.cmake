@@ -48,7 +48,7 @@ room(workbench/remote/ssh SEES ${FOUNDATION} workbench/files workbench/process
 set(REMOTE workbench/remote/target workbench/remote/folder workbench/remote/sftp
   workbench/remote/ssh)
 room(workbench/remote/profile SEES ${FOUNDATION} workbench/files ${REMOTE} workbench/text)
-room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/remote/target
+room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/process workbench/remote/target
   workbench/text)
 room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files workbench/platforms workbench/process
   workbench/remote/folder workbench/remote/profile workbench/remote/target workbench/text)
@@ -70,11 +70,11 @@ room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/se
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
   workbench/deploy workbench/services workbench/session workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
-  workbench/cli/view workbench/controls workbench/deploy workbench/files workbench/platforms
-  workbench/project workbench/remote/profile workbench/remote/target workbench/services
+  workbench/cli/view workbench/controls workbench/deploy workbench/deploy/record workbench/files
+  workbench/platforms workbench/project workbench/remote/profile workbench/remote/target workbench/services
   workbench/session workbench/settings workbench/text)
 room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
-  workbench/session workbench/text)
+  workbench/services workbench/session workbench/text)
 room(workbench/askpass SEES workbench/remote/ssh)
 
 # deployment-manager, the window.

@@ -1,7 +1,8 @@
 #include "workbench/deploy/deploy_executor.h"
 
+#include "workbench/deploy/record_keeper.h"
+#include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
-#include "workbench/process/shell_text.h"
 
 #include <algorithm>
 #include <mutex>
@@ -21,10 +22,6 @@ constexpr std::size_t LargestBatch = 256;
 constexpr unsigned MostJobs = 64;
 constexpr std::string_view Interrupted = "the run was interrupted";
 
-std::string UnpackCommand(const std::string& file) {
-  return (file.ends_with(".zip") ? "unzip -o -q " : "tar -xf ") + ShellQuoted(file);
-}
-
 class TExecutor {
 public:
   TExecutor(const TDeployPlan& plan, const TDeployExecution& execution, TDeployReport& report)
@@ -33,6 +30,7 @@ public:
 
   void Run() {
     try {
+      Announce();
       FinishWhatNeedsNoCopy();
       RunLocalCommands();
       PrepareDirectories();
@@ -69,16 +67,17 @@ private:
       Row(index).Action = TDeployAction::Failed;
       Row(index).Error = problem;
     }
+    const TDeployAction action = Row(index).Action;
+    if (FExecution.Keeper && (action == TDeployAction::Failed || action == TDeployAction::Refused))
+      FExecution.Keeper->Failed();
     FExecution.Observer.RowDone(index, Row(index));
   }
 
-  bool NeedsFinishing(const TPlannedFile& file) const {
-    return !file.File.RemoteCommands.empty() || file.File.Operation == TDeployOperation::Unpack ||
-           file.File.Operation == TDeployOperation::Run ||
-           file.File.Operation == TDeployOperation::RunAndRemove;
-  }
-
+  void Announce();
   void FinishWhatNeedsNoCopy();
+  std::string FinishWithoutCopy(const TPlannedFile& file);
+  void Remember(const TPlannedFile& file, const TSendOutcome& outcome, bool wasCopied);
+  void RememberFound(const TPlannedFile& file);
   void RunLocalCommands();
   void PrepareDirectories();
   void CopyFiles();
@@ -88,6 +87,7 @@ private:
   void FileSent(std::size_t index, const TSendOutcome& outcome);
   void FinishOnTarget();
   std::string FinishOnTarget(const TPlannedFile& file);
+  std::string RunStep(const TPlannedFile& file, const TAfterStep& step);
 
   const TDeployPlan& FPlan;
   const TDeployExecution& FExecution;
@@ -143,6 +143,31 @@ private:
   std::unordered_set<std::size_t> FOut; // handed out and not done
 };
 
+std::vector<std::string> KeysOf(std::span<const TAfterStep> steps) {
+  std::vector<std::string> keys;
+  keys.reserve(steps.size());
+  for (const TAfterStep& step : steps)
+    keys.push_back(step.Key());
+  return keys;
+}
+
+// What files will owe when they are there is written down first, so that a run that breaks off
+// between a copy and a command does not forget the command.
+void TExecutor::Announce() {
+  if (!FExecution.Keeper)
+    return;
+  for (const std::string& path : FPlan.Forgotten)
+    FExecution.Keeper->Forget(path, /*wasRemoved=*/false);
+  for (const TPlannedFile& file : FPlan.Files) {
+    const bool isCopied = file.Action == TDeployAction::Copied;
+    const bool stays =
+        isCopied || file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode;
+    if (stays && !file.RecordPath.empty())
+      FExecution.Keeper->Owe(file.RecordPath, KeysOf(file.Steps));
+  }
+  FExecution.Keeper->Begin(FConnection);
+}
+
 void TExecutor::FinishWhatNeedsNoCopy() {
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
     const TPlannedFile& file = FPlan.Files[i];
@@ -150,15 +175,70 @@ void TExecutor::FinishWhatNeedsNoCopy() {
       FWork.push_back({file.File.LocalFile, file.Target, file.File.Executable, i});
       continue;
     }
-    std::string problem = file.Action == TDeployAction::Failed ? file.Reason : std::string();
-    if (IsCancelled())
-      problem = Interrupted;
-    else if (file.Action == TDeployAction::Removed)
-      problem = FConnection.Remove(file.Target);
-    else if (file.Action == TDeployAction::Unchanged && file.TimeDiffers)
-      problem = FConnection.SetTime(file.Target, file.LocalTime);
-    Finish(i, problem);
+    const std::string problem = IsCancelled() ? std::string(Interrupted) : FinishWithoutCopy(file);
+    if (problem.empty() && !file.Steps.empty())
+      FToFinish.push_back(i);
+    else
+      Finish(i, problem);
   }
+}
+
+std::string TExecutor::FinishWithoutCopy(const TPlannedFile& file) {
+  std::string problem;
+  if (file.Action == TDeployAction::Failed)
+    return file.Reason;
+  if (file.Action == TDeployAction::Removed) {
+    problem = FConnection.Remove(file.Target);
+    if (problem.empty() && FExecution.Keeper)
+      FExecution.Keeper->Forget(file.RecordPath, /*wasRemoved=*/true);
+    return problem;
+  }
+  if (file.Action == TDeployAction::Mode)
+    problem = FConnection.SetMode(file.Target, file.Mode);
+  if (problem.empty() && file.TimeDiffers)
+    problem = FConnection.SetTime(file.Target, file.Local.Time);
+  if (problem.empty() && file.State == TFileState::Same &&
+      (file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode))
+    RememberFound(file);
+  return problem;
+}
+
+// A file found to be the same is recorded as if it had been copied.
+void TExecutor::RememberFound(const TPlannedFile& file) {
+  if (!FExecution.Keeper || file.RecordPath.empty())
+    return;
+  const auto time = std::chrono::floor<std::chrono::seconds>(file.Local.Time);
+  TSendOutcome found{.Size = file.Local.Size,
+                     .Time = time.time_since_epoch().count(),
+                     .Mode = file.Mode,
+                     .Hash = file.Local.Hash};
+  const auto known = FExecution.Keeper->Find(file.RecordPath);
+  if (found.Hash.empty() && known && known->Size == found.Size && known->Time == found.Time)
+    found.Hash = known->Hash;
+  Remember(file, found, /*wasCopied=*/false);
+}
+
+void TExecutor::Remember(const TPlannedFile& file, const TSendOutcome& outcome, bool wasCopied) {
+  if (!FExecution.Keeper || file.RecordPath.empty() ||
+      file.File.Operation == TDeployOperation::RunAndRemove)
+    return;
+  std::string hash = outcome.Hash;
+  if (hash.empty())
+    hash = FileSHA256(file.File.LocalFile).value_or("");
+  if (hash.empty())
+    return; // gone since
+  const auto known = FExecution.Keeper->Find(file.RecordPath);
+  FExecution.Keeper->Put(file.RecordPath,
+                         {.LocalName = file.File.LocalName,
+                          .Class = file.File.Class,
+                          .Size = outcome.Size,
+                          .Time = outcome.Time,
+                          .Hash = std::move(hash),
+                          .Mode = outcome.Mode,
+                          .Run = known ? known->Run : std::string(),
+                          .Platform = FExecution.Target.Platform,
+                          .Configuration = FExecution.Target.Configuration},
+                         wasCopied);
 }
 
 void TExecutor::RunLocalCommands() {
@@ -239,10 +319,13 @@ std::span<const TSendRequest> TExecutor::TakeBatch() {
 }
 
 void TExecutor::FileSent(std::size_t index, const TSendOutcome& outcome) {
+  const TPlannedFile& file = FPlan.Files[index];
+  if (outcome.Problem.empty())
+    Remember(file, outcome, /*wasCopied=*/true);
   {
     const std::lock_guard lock(FMutex);
     Row(index).Bytes = outcome.Bytes;
-    if (outcome.Problem.empty() && NeedsFinishing(FPlan.Files[index])) {
+    if (outcome.Problem.empty() && !file.Steps.empty()) {
       FToFinish.push_back(index);
       return;
     }
@@ -256,32 +339,40 @@ void TExecutor::FinishOnTarget() {
     Finish(index, FinishOnTarget(FPlan.Files[index]));
 }
 
+// A step that fails is owed, and those behind it are, too.
 std::string TExecutor::FinishOnTarget(const TPlannedFile& file) {
-  const auto run = [&](const std::string& command) -> std::string {
-    if (IsCancelled())
-      return "was copied, but " + std::string(Interrupted);
-    const std::string problem =
-        FConnection.RunCommand(command, file.Target.Directory, FHear, FExecution.Cancelled);
-    return problem.empty() ? problem : "was copied, but \"" + command + "\" " + problem;
-  };
-  const TDeployOperation operation = file.File.Operation;
-  const bool runs =
-      operation == TDeployOperation::Run || operation == TDeployOperation::RunAndRemove;
   std::string problem;
-  if (operation == TDeployOperation::Unpack)
-    problem = run(UnpackCommand("./" + file.Target.Name));
-  else if (runs)
-    problem = run(ShellQuoted("./" + file.Target.Name));
-  for (const std::string& command : file.File.RemoteCommands) {
-    if (problem.empty())
-      problem = run(command);
+  for (std::size_t done = 0; done < file.Steps.size() && problem.empty(); ++done) {
+    problem = RunStep(file, file.Steps[done]);
+    if (problem.empty() && FExecution.Keeper && !file.RecordPath.empty())
+      FExecution.Keeper->Owe(file.RecordPath, KeysOf(std::span(file.Steps).subspan(done + 1)));
   }
-  if (operation == TDeployOperation::RunAndRemove) {
+  if (file.File.Operation == TDeployOperation::RunAndRemove) {
+    // It comes back with the next deploy, and is run then.
+    if (FExecution.Keeper && !file.RecordPath.empty())
+      FExecution.Keeper->Owe(file.RecordPath, {});
     const std::string removal = FConnection.Remove(file.Target);
     if (problem.empty() && !removal.empty())
       problem = "ran, but cannot be removed: " + removal;
   }
   return problem;
+}
+
+std::string TExecutor::RunStep(const TPlannedFile& file, const TAfterStep& step) {
+  const std::string start =
+      file.Action == TDeployAction::Copied ? "was copied, but " : "is there, but ";
+  if (IsCancelled())
+    return start + std::string(Interrupted);
+  const TShell shell = FConnection.Shell();
+  const std::string text = step.Text(file.Target.Name);
+  if (shell == TShell::None)
+    return start + "\"" + text + "\" cannot be run: the machine runs no commands";
+  const auto command = step.CommandLine(shell, file.Target.Name);
+  if (!command)
+    return start + "\"" + text + "\" cannot be said to " + std::string(ShellName(shell));
+  const std::string problem =
+      FConnection.RunCommand(*command, file.Target.Directory, FHear, FExecution.Cancelled);
+  return problem.empty() ? problem : start + "\"" + text + "\" " + problem;
 }
 
 } // namespace
@@ -295,7 +386,14 @@ std::vector<TDeployRow> RowsOf(const TDeployPlan& plan) {
   std::vector<TDeployRow> rows;
   rows.reserve(plan.Files.size());
   for (const TPlannedFile& file : plan.Files)
-    rows.push_back({file.File.LocalName, file.RemoteFile(), file.Action, file.Bytes, file.Reason});
+    rows.push_back({.LocalName = file.File.LocalName,
+                    .RemoteFile = file.RemoteFile(),
+                    .Action = file.Action,
+                    .Bytes = file.Bytes,
+                    .Error = file.Action == TDeployAction::Failed ? file.Reason : std::string(),
+                    .State = file.State,
+                    .ByHash = file.ByHash,
+                    .Reason = file.Action == TDeployAction::Refused ? file.Reason : std::string()});
   return rows;
 }
 

@@ -8,6 +8,8 @@
 
 namespace workbench {
 
+class TRecordKeeper;
+
 /// What a plan is carried out with.
 struct TDeployExecution {
   IRemoteConnection& Connection;   ///< the first one
@@ -16,6 +18,8 @@ struct TDeployExecution {
   unsigned Jobs = 0;               ///< connections; 0: as many as suit the machine
   IDeployObserver& Observer;
   const std::atomic<int>& Cancelled;
+  TRecordKeeper* Keeper = nullptr; ///< hears what is to be remembered; null: nothing is
+  deployment::TDeploymentTarget Target = {};
 };
 
 /// Carries the plan out and fills the rows of the report, which stand in the plan's order.

@@ -23,4 +23,12 @@ public:
   virtual void CommandSaid(const std::string& /*line*/) {}
 };
 
+/// For a deploy that nobody watches.
+class TSilentObserver final : public IDeployObserver {
+public:
+  void Planned(const std::vector<TDeployRow>& /*rows*/) override {}
+  void BytesSent(std::uint64_t /*count*/) override {}
+  void RowDone(std::size_t /*index*/, const TDeployRow& /*row*/) override {}
+};
+
 } // namespace workbench

@@ -16,7 +16,10 @@ struct TDeployOptions {
   bool Force = false;
   bool Checksum = false;
   bool SkipMissing = false;
-  unsigned Jobs = 0; ///< connections; 0: as many as suit the machine
+  bool OverwriteChanged = false; ///< copy also over what others changed on the target
+  bool Prune = false;            ///< remove what was deployed and is not in the list any more
+  bool BreakLock = false;        ///< go on though somebody else deploys there
+  unsigned Jobs = 0;             ///< connections; 0: as many as suit the machine
 };
 
 /// Does work that takes long while the caller waits: runs it once, returns when it is done and

@@ -17,11 +17,13 @@ public:
   /// Plans the deploy and, unless it is a dry run, carries the plan out. What hinders or fails
   /// stands in the report. Throws TInputError for damaged profiles. Called on the main thread.
   TDeployReport Deploy(const TDeployRequest& request, IDeployObserver& observer) const;
+  /// The record of the project on the target; none where no record is kept. Throws
+  /// TConnectionError and TInputError.
+  TRecordReading ReadRecord(deployment::ICustomProject& project,
+                            const deployment::TDeploymentTarget& target,
+                            const std::atomic<int>* cancelled) const;
 
 private:
-  void Run(const TDeployRequest& request, const TDestination& destination,
-           IDeployObserver& observer, TDeployReport& report) const;
-
   const TDestinations& FDestinations;
   deployment::TEntryPathServices FServices;
 };

@@ -4,6 +4,7 @@
 #include "package/host/api/platformapi.h"
 #include "workbench/files/machine_path.h"
 #include "workbench/remote/profile/profile_entry.h"
+#include "workbench/remote/target/unfinished_names.h"
 #include "workbench/text/visible_text.h"
 
 namespace workbench {
@@ -73,6 +74,27 @@ std::shared_ptr<IRemoteConnection> TDestinations::Connect(const TDestination& de
   if (destination.Profile)
     return FConnections.Open(*destination.Profile, cancelled);
   return std::make_shared<TFolderConnection>(destination.Staging, TMissingFolder::Make);
+}
+
+// What is not there yet is made in the directory above it.
+std::string TDestinations::WriteProblem(const TProfile& profile) const {
+  const auto connection = FConnections.Open(profile);
+  const std::string root = connection->Root();
+  std::vector<std::string> directories;
+  for (std::string path = root; path.size() > 1; path.resize(path.find_last_of('/')))
+    directories.push_back(path);
+  directories.emplace_back("/");
+  for (const TRemoteDirectory& directory : connection->Resolve(directories)) {
+    if (!directory.Problem.empty())
+      return directory.Problem;
+    if (!directory.Exists)
+      continue;
+    const TRemoteName name{directory.Path == "/" ? "" : directory.Path,
+                           TUnfinishedNames().Next({})};
+    const TRemoteCreation made = connection->CreateFile(name, {});
+    return made.Result == TRemoteCreation::TResult::Made ? connection->Remove(name) : made.Problem;
+  }
+  return root + " is not there and cannot be made";
 }
 
 TPlaceRules TDestinations::RulesOf(const TDestination& destination,

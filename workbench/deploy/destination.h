@@ -43,6 +43,9 @@ public:
   /// Throws TConnectionError. `cancelled` as for TConnections.
   std::shared_ptr<IRemoteConnection> Connect(const TDestination& destination,
                                              const std::atomic<int>* cancelled) const;
+  /// Why nothing can be put below the path of a profile; empty when something can. Throws
+  /// TConnectionError.
+  std::string WriteProblem(const TProfile& profile) const;
   /// What the destination of a platform takes.
   TPlaceRules RulesOf(const TDestination& destination, std::string_view platform) const;
 

@@ -12,10 +12,10 @@ const std::string NoName;
 } // namespace
 
 TEditHistory::TEditHistory(TOpenProject& project, const THistoryLimits& limits)
-    : FProject(project), FLimits(limits), FShadow(project.Deployment()) {}
+    : FProject(project), FLimits(limits), FSnapshot(project.Deployment()) {}
 
 void TEditHistory::EndStep(std::string name, TLook look) {
-  TShadowChange change = FShadow.Collect(look);
+  TSnapshotChange change = FSnapshot.Collect(look);
   if (change.IsEmpty())
     return;
   FRedo.clear();
@@ -55,10 +55,10 @@ void TEditHistory::Redo() {
 
 // Who hears of it finds the step done.
 void TEditHistory::Restore(const TStep& step, TDirection direction) {
-  auto* held = FShadow.Restore(step.Change, direction);
+  auto* held = FSnapshot.Restore(step.Change, direction);
   FProject.MarkChanged();
   Tell(step, direction);
-  TellListeners(FProject.Deployment(), held);
+  NotifyListeners(FProject.Deployment(), held);
 }
 
 void TEditHistory::Tell(const TStep& step, TDirection direction) const {

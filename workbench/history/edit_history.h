@@ -1,7 +1,7 @@
 // Undo and redo of what changes the list of an open project, whoever changes it.
 #pragma once
 
-#include "workbench/history/entry_shadow.h"
+#include "workbench/history/list_snapshot.h"
 #include "workbench/session/session.h"
 
 #include <cstddef>
@@ -37,7 +37,7 @@ public:
 
   /// What changed since the last step becomes a step that can be undone; without a change there is
   /// none. Steps that were undone cannot be done again from then on. `name` is for menus.
-  void EndStep(std::string name, TLook look = TLook::WhereTold);
+  void EndStep(std::string name, TLook look = TLook::Notified);
 
   bool CanUndo() const { return !FUndo.empty(); }
   bool CanRedo() const { return !FRedo.empty(); }
@@ -64,13 +64,13 @@ public:
   void SetOnStep(TOnStep onStep) { FOnStep = std::move(onStep); }
 
   /// How many entries were looked at to find out what changed in the last step.
-  std::size_t LookedAt() const { return FShadow.LookedAt(); }
+  std::size_t LookedAt() const { return FSnapshot.LookedAt(); }
 
 private:
   struct TStep {
     std::string Name;
     std::uint64_t Id = 0;
-    TShadowChange Change;
+    TSnapshotChange Change;
   };
 
   void Restore(const TStep& step, TDirection direction);
@@ -81,7 +81,7 @@ private:
 
   TOpenProject& FProject;
   const THistoryLimits FLimits;
-  TEntryShadow FShadow;
+  TListSnapshot FSnapshot;
   std::deque<TStep> FUndo;
   std::vector<TStep> FRedo;
   std::size_t FChanges = 0;    // in FUndo

@@ -10,10 +10,10 @@ using deployment::IProjectDeployment;
 using deployment::IProjectDeploymentFile;
 using deployment::IProjectDeploymentItem;
 
-void TellOf(IProjectDeployment& deployment, IProjectDeploymentItem& item) {
+void NotifyOf(IProjectDeployment& deployment, IProjectDeploymentItem& item) {
   const bool required = item.GetRequired();
   {
-    const TSilence silence(deployment);
+    const TBlockedNotification silence(deployment);
     item.SetRequired(!required);
   }
   item.SetRequired(required);
@@ -66,17 +66,17 @@ void RestoreClasses(IProjectDeployment& deployment, const TClassRecords& classes
   }
 }
 
-void TellListeners(IProjectDeployment& deployment, IProjectDeploymentFile* changed) {
+void NotifyListeners(IProjectDeployment& deployment, IProjectDeploymentFile* changed) {
   if (changed)
-    return TellOf(deployment, *changed);
+    return NotifyOf(deployment, *changed);
   const deployment::TDeploymentFiles files = deployment.GetFiles();
   if (!files.empty())
-    return TellOf(deployment, *files.front());
+    return NotifyOf(deployment, *files.front());
   const deployment::TDeploymentClasses classes = deployment.GetClasses();
   if (!classes.empty())
-    return TellOf(deployment, *classes.front());
+    return NotifyOf(deployment, *classes.front());
   {
-    const TSilence silence(deployment);
+    const TBlockedNotification silence(deployment);
     deployment.AddFile({}, {}, {});
   }
   deployment.RemoveFile({}, {}, {});

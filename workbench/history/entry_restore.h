@@ -11,14 +11,15 @@
 namespace workbench {
 
 /// Listeners of the deployment hear nothing while the object lives.
-class TSilence {
+class TBlockedNotification {
 public:
-  explicit TSilence(deployment::IProjectDeployment& deployment) : FDeployment(deployment) {
+  explicit TBlockedNotification(deployment::IProjectDeployment& deployment)
+      : FDeployment(deployment) {
     FDeployment.SetBlockNotification(true);
   }
-  TSilence(const TSilence&) = delete;
-  TSilence& operator=(const TSilence&) = delete;
-  ~TSilence() { FDeployment.SetBlockNotification(false); }
+  TBlockedNotification(const TBlockedNotification&) = delete;
+  TBlockedNotification& operator=(const TBlockedNotification&) = delete;
+  ~TBlockedNotification() { FDeployment.SetBlockNotification(false); }
 
 private:
   deployment::IProjectDeployment& FDeployment;
@@ -49,7 +50,7 @@ void RestoreClasses(deployment::IProjectDeployment& deployment, const TClassReco
 /// Tells listeners that the deployment changed. The contract has no word for that, so they hear of
 /// one entry as modified: `changed` when it is held, else the first entry or class there is; of an
 /// empty deployment they hear that an entry went.
-void TellListeners(deployment::IProjectDeployment& deployment,
-                   deployment::IProjectDeploymentFile* changed);
+void NotifyListeners(deployment::IProjectDeployment& deployment,
+                     deployment::IProjectDeploymentFile* changed);
 
 } // namespace workbench

@@ -30,7 +30,7 @@ TListReplay::TListReplay(deployment::IProjectDeployment& deployment)
     : FDeployment(deployment), FOrder(deployment.GetFiles()) {}
 
 void TListReplay::Apply(const TListChange& change) {
-  const TSilence silence(FDeployment);
+  const TBlockedNotification silence(FDeployment);
   std::vector<TMatch> matches = Match(change.Entries);
   bool isMoved = false;
   for (const TMatch& match : matches) {
@@ -130,7 +130,7 @@ void TListReplay::Rearrange(const std::vector<TMatch>& matches) {
 }
 
 void TListReplay::Finish() {
-  const TSilence silence(FDeployment);
+  const TBlockedNotification silence(FDeployment);
   PutInOrder(FDeployment, FOrder, [](const TFile& file) { return NamesOf(file); });
 }
 

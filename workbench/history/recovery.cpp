@@ -47,45 +47,45 @@ std::string NameText(const TEntryKey& names) {
 class TNetChange {
 public:
   void Add(const TEntryDifference& difference) {
-    TFate& fate = FateOf(difference);
-    FHeld.erase(fate.Last);
-    fate.Last = difference.After ? Pack(*difference.After) : std::string();
-    const auto index = static_cast<std::size_t>(&fate - FFates.data());
+    TEntryCourse& course = CourseOf(difference);
+    FHeld.erase(course.Last);
+    course.Last = difference.After ? Pack(*difference.After) : std::string();
+    const auto index = static_cast<std::size_t>(&course - FCourses.data());
     if (difference.After)
-      FHeld.insert_or_assign(fate.Last, index);
+      FHeld.insert_or_assign(course.Last, index);
     else if (difference.Before)
       FGone.insert_or_assign(NameText(difference.Before->Names), index);
   }
 
   std::size_t Count() const {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(FFates, [](const TFate& fate) { return fate.First != fate.Last; }));
+    return static_cast<std::size_t>(std::ranges::count_if(
+        FCourses, [](const TEntryCourse& course) { return course.First != course.Last; }));
   }
 
 private:
   // Packed; empty while the entry was not there.
-  struct TFate {
+  struct TEntryCourse {
     std::string First;
     std::string Last;
   };
 
-  TFate& FateOf(const TEntryDifference& difference) {
+  TEntryCourse& CourseOf(const TEntryDifference& difference) {
     std::string before = difference.Before ? Pack(*difference.Before) : std::string();
     if (difference.Before) {
       if (const auto held = FHeld.find(before); held != FHeld.end())
-        return FFates[held->second];
+        return FCourses[held->second];
     } else if (difference.After) {
       if (const auto gone = FGone.find(NameText(difference.After->Names)); gone != FGone.end()) {
         const std::size_t index = gone->second;
         FGone.erase(gone);
-        return FFates[index];
+        return FCourses[index];
       }
     }
-    FFates.push_back({before, before});
-    return FFates.back();
+    FCourses.push_back({before, before});
+    return FCourses.back();
   }
 
-  std::vector<TFate> FFates;
+  std::vector<TEntryCourse> FCourses;
   std::unordered_map<std::string, std::size_t> FHeld; // by what the entry is now
   std::unordered_map<std::string, std::size_t> FGone; // by its last names
 };
@@ -178,7 +178,7 @@ void Recover(const TRecoverable& recoverable, TOpenProject& project) {
     replay.Apply(step);
   replay.Finish();
   project.MarkChanged();
-  TellListeners(project.Deployment(), nullptr);
+  NotifyListeners(project.Deployment(), nullptr);
 }
 
 void Discard(const TRecoverable& recoverable) {

@@ -17,9 +17,14 @@ void TEditorViews::ShowEditorView(const std::shared_ptr<deployment::INTACustomEd
   }
   TShown& shown = FShown.emplace_back();
   shown.View = view;
-  shown.Controls = FArea->AddView(*view);
-  shown.Frame = view->CreateFrame(*shown.Controls);
-  view->FrameCreated(*shown.Frame);
+  try {
+    shown.Controls = FArea->AddView(*view);
+    shown.Frame = view->CreateFrame(*shown.Controls);
+    view->FrameCreated(*shown.Frame);
+  } catch (...) {
+    CloseEditorView(view); // not half made, so that it can be tried again
+    throw;
+  }
   view->ViewShown();
   view->ViewActivated();
 }

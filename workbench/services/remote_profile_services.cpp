@@ -27,10 +27,7 @@ const TProfile& ProfileOf(const IOTARemoteProfile& profile) {
 
 TRemoteProfileServices::TRemoteProfileServices(const std::filesystem::path& profilesFile,
                                                const TRemoteHost& host)
-    : FProfiles(profilesFile), FHost(host), FConnections([](const std::string& platform) {
-        return NameRulesOf(platform, /*ignoresCase=*/false).WindowsNames;
-      }),
-      FDestinations(host.Platforms, FProfiles, FConnections),
+    : FProfiles(profilesFile), FHost(host), FDestinations(host.Platforms, FProfiles, FConnections),
       FDeploys(FDestinations, {host.Macros, host.Files, this, &host.SDKs}),
       FInteraction(std::make_shared<IUserInteraction>()) {}
 

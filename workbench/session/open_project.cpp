@@ -6,6 +6,7 @@
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
 #include "workbench/files/machine_path.h"
+#include "workbench/project/project_identity.h"
 
 #include <utility>
 
@@ -20,7 +21,7 @@ std::filesystem::path FullPath(const std::filesystem::path& file) {
     throw deployment::TInputError(
         "the path holds a \"\\\", which this program takes for a path delimiter",
         {file.string(), 0});
-  return std::filesystem::absolute(file).lexically_normal();
+  return FullProjectPath(file);
 }
 
 // A file that was damaged since it was last saved here can be had back.
@@ -83,7 +84,8 @@ TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable&
 }
 
 TOpenProjectFile::~TOpenProjectFile() {
-  FServices.GetProjectEvents()->EvProjectClosing().Raise(*FModule);
+  if (FIsClosingAnnounced)
+    FServices.GetProjectEvents()->EvProjectClosing().Raise(*FModule);
   if (FListenerIndex >= 0)
     FModule->GetProjectDeployment()->RemoveNotifier(FListenerIndex);
   FServices.GetProjectFileStorage().ProjectClosing(*FModule);

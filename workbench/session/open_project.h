@@ -37,6 +37,12 @@ public:
   bool SaveProjectFile(bool force) override;
   TSaveReport Export() override;
 
+  /// Whether a view of the package shows this very project.
+  bool IsShown() const { return FIsShown; }
+  void SetShown() { FIsShown = true; }
+  /// Packages do not hear that it closes.
+  void CloseInSilence() { FIsClosingAnnounced = false; }
+
 private:
   class TChangeListener;
 
@@ -54,6 +60,8 @@ private:
   bool FWasUpgraded = false;
   bool FWasEmpty = true; // no entries when it was read, so whatever is there now is new
   bool FMarkedChanged = false;
+  bool FIsShown = false;
+  bool FIsClosingAnnounced = true;
   mutable std::vector<TWarning> FWarnings; // those that still wait are taken when asked for
 };
 

@@ -3,6 +3,7 @@
 #include "package/host/api/deploymentapi.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
+#include "workbench/project/project_identity.h"
 #include "workbench/services/app_strings.h"
 #include "workbench/services/ide_services.h"
 #include "workbench/session/open_project.h"
@@ -40,8 +41,8 @@ void CopyAttributes(const deployment::IXMLNode& from, deployment::IXMLNode& to) 
 
 } // namespace
 
-struct TSession::TParts {
-  explicit TParts(const TSessionOptions& options)
+struct TSession::TImpl {
+  explicit TImpl(const TSessionOptions& options)
       : Root(FindRoot(options.Root)), Platforms(ReadPlatforms(Root)),
         Services(Root, Platforms, UserSettingsFile()), Package(Services) {}
 
@@ -52,13 +53,27 @@ struct TSession::TParts {
   TPackageLoader Package;
   std::unique_ptr<TProjectModule> Scratch; // carries the classes that ship with the workbench
   std::list<std::unique_ptr<TOpenProjectFile>> Projects;
+
+  auto Find(const TOpenProject& project) {
+    return std::ranges::find(Projects, &project,
+                             [](const auto& open) -> const TOpenProject* { return open.get(); });
+  }
+
+  // The other project whose view goes by the name of this one; null for none.
+  TOpenProjectFile* ShownInsteadOf(const TOpenProject& project) {
+    const auto found = std::ranges::find_if(Projects, [&project](const auto& open) {
+      return open.get() != &project && open->IsShown() &&
+             IsSameProject(open->GivenFileName(), project.GivenFileName());
+    });
+    return found == Projects.end() ? nullptr : found->get();
+  }
 };
 
-TSession::TSession(const TSessionOptions& options) : FParts(std::make_unique<TParts>(options)) {
+TSession::TSession(const TSessionOptions& options) : FImpl(std::make_unique<TImpl>(options)) {
   try {
-    FParts->Package.Package().Start();
-    FParts->Package.Package().IDERegister();
-    FParts->Services.GetEvents().MainFormCreated().Raise();
+    FImpl->Package.Package().Start();
+    FImpl->Package.Package().IDERegister();
+    FImpl->Services.GetEvents().MainFormCreated().Raise();
   } catch (const std::exception& error) {
     // The package goes with this object, and its own error with it.
     throw deployment::TInputError(std::string("the package could not be started: ") + error.what());
@@ -66,28 +81,41 @@ TSession::TSession(const TSessionOptions& options) : FParts(std::make_unique<TPa
 }
 
 TSession::~TSession() {
-  FParts->Projects.clear();
-  FParts->Services.GetEditorViewServices()->CloseAll();
-  FParts->Scratch.reset();
-  FParts->Package.Package().Stop();
+  FImpl->Projects.clear();
+  FImpl->Services.GetEditorViewServices()->CloseAll();
+  FImpl->Scratch.reset();
+  FImpl->Package.Package().Stop();
 }
 
 TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose purpose) {
-  FParts->Projects.push_back(
-      std::make_unique<TOpenProjectFile>(FParts->Services, FParts->Platforms, file, purpose));
-  return *FParts->Projects.back();
+  FImpl->Projects.push_back(
+      std::make_unique<TOpenProjectFile>(FImpl->Services, FImpl->Platforms, file, purpose));
+  return *FImpl->Projects.back();
 }
 
+// Views close when they hear of a project of their name, which would be the view of another one.
 void TSession::Close(TOpenProject& project) {
-  FParts->Projects.remove_if([&project](const auto& open) { return open.get() == &project; });
+  const auto found = FImpl->Find(project);
+  if (found == FImpl->Projects.end())
+    return;
+  if (FImpl->ShownInsteadOf(project))
+    (*found)->CloseInSilence();
+  FImpl->Projects.erase(found);
+}
+
+TOpenProject* TSession::FindOpen(const std::filesystem::path& file) {
+  const auto found = std::ranges::find_if(FImpl->Projects, [&file](const auto& open) {
+    return IsSameProject(open->GivenFileName(), file);
+  });
+  return found == FImpl->Projects.end() ? nullptr : found->get();
 }
 
 void TSession::Create(const std::filesystem::path& file, std::string_view projectText) {
-  TIDEServices& services = FParts->Services;
+  TIDEServices& services = FImpl->Services;
   const std::string section = services.GetProjectFileStorage().SectionName();
   TProjectModule module(std::filesystem::absolute(file),
                         std::make_unique<TProjectDocument>(projectText, file.string(), section),
-                        FParts->Platforms, services.GetSettings());
+                        FImpl->Platforms, services.GetSettings());
   services.GetModuleHandlerGauntlet().AttachHandlers(module);
   services.GetProjectFileStorage().CreatingProject(module);
   const auto pieces = module.Document().Compose([&](deployment::IXMLNode& node) {
@@ -102,53 +130,58 @@ void TSession::Create(const std::filesystem::path& file, std::string_view projec
 }
 
 void TSession::SetEditorArea(IEditorArea* area) {
-  FParts->Services.GetEditorViewServices()->SetEditorArea(area);
+  FImpl->Services.GetEditorViewServices()->SetEditorArea(area);
 }
 
 void TSession::CloseViews() {
-  FParts->Services.GetEditorViewServices()->CloseAll();
+  FImpl->Services.GetEditorViewServices()->CloseAll();
 }
 
 void TSession::ShowDeployment(TOpenProject& project) {
-  auto* service = FParts->Services.GetExtensions()->DeploymentService();
+  auto* service = FImpl->Services.GetExtensions()->DeploymentService();
   if (!service)
     throw deployment::TInputError("the package offers no Deployment Manager");
+  if (const TOpenProjectFile* shown = FImpl->ShownInsteadOf(project))
+    throw deployment::TInputError("the project is shown already, as " +
+                                      shown->GivenFileName().string(),
+                                  {project.GivenFileName().string(), 0});
   service->DeployManagerProject(project.SharedProject());
+  (*FImpl->Find(project))->SetShown();
 }
 
 void TSession::SetModalForms(deployment::IModalForms* forms) {
-  FParts->Services.SetModalForms(forms);
+  FImpl->Services.SetModalForms(forms);
 }
 
 const TPlatformTable& TSession::Platforms() const {
-  return FParts->Platforms;
+  return FImpl->Platforms;
 }
 
 TRemoteProfileServices& TSession::RemoteProfiles() {
-  return *FParts->Services.GetRemoteProfileServices();
+  return *FImpl->Services.GetRemoteProfileServices();
 }
 
 TSettings& TSession::Settings() {
-  return FParts->Services.GetSettings();
+  return FImpl->Services.GetSettings();
 }
 
 const std::filesystem::path& TSession::Root() const {
-  return FParts->Root;
+  return FImpl->Root;
 }
 
 std::vector<std::shared_ptr<deployment::IProjectDeploymentClass>> TSession::ShippedClasses() {
-  if (!FParts->Scratch) {
-    TIDEServices& services = FParts->Services;
+  if (!FImpl->Scratch) {
+    TIDEServices& services = FImpl->Services;
     auto scratch = std::make_unique<TProjectModule>(
         std::filesystem::path(),
         std::make_unique<TProjectDocument>(EmptyProject, std::string(),
                                            services.GetProjectFileStorage().SectionName()),
-        FParts->Platforms, services.GetSettings());
+        FImpl->Platforms, services.GetSettings());
     services.GetModuleHandlerGauntlet().AttachHandlers(*scratch);
     scratch->GetProjectDeployment()->GetFiles();
-    FParts->Scratch = std::move(scratch);
+    FImpl->Scratch = std::move(scratch);
   }
-  return FParts->Scratch->GetProjectDeployment()->GetClasses();
+  return FImpl->Scratch->GetProjectDeployment()->GetClasses();
 }
 
 } // namespace workbench

@@ -102,13 +102,16 @@ public:
   void Create(const std::filesystem::path& file, std::string_view projectText);
   /// Closes it without saving.
   void Close(TOpenProject& project);
+  /// The open project of that file, under whatever spelling of its name; null for none.
+  TOpenProject* FindOpen(const std::filesystem::path& file);
 
   /// Who shows the views of the package from now on; null, as at the start, for nobody. Not owned;
   /// must outlive the projects whose views it shows.
   void SetEditorArea(IEditorArea* area);
   /// Closes the views that are shown.
   void CloseViews();
-  /// Opens the Deployment Manager of the project in the editor area, or brings it forward.
+  /// Opens the Deployment Manager of the project in the editor area, or brings it forward. Throws
+  /// TInputError when the view of another open project has its name, see IsSameProject.
   void ShowDeployment(TOpenProject& project);
   /// Who shows dialogs of the package from now on; null, as at the start, for nobody. Not owned.
   void SetModalForms(deployment::IModalForms* forms);
@@ -125,8 +128,8 @@ public:
   std::vector<std::shared_ptr<deployment::IProjectDeploymentClass>> ShippedClasses();
 
 private:
-  struct TParts;
-  std::unique_ptr<TParts> FParts;
+  struct TImpl;
+  std::unique_ptr<TImpl> FImpl;
 };
 
 } // namespace workbench

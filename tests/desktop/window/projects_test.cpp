@@ -27,6 +27,31 @@ TEST_F(TWindowProjects, StandSideBySideAndTheSameOneOnce) {
   EXPECT_EQ(Window().Tabs().currentIndex(), 0);
 }
 
+TEST_F(TWindowProjects, OneWhosePathDiffersByCaseBringsTheFirstForwardAndClosesNothing) {
+  OpenExample();
+  ClickCheck(Row("levels.dat"));
+  Window().Open(OtherProject());
+  for (const auto& same : {FRoot / "tide" / "TIDELOGGER.vproj", FRoot / "TIDE" / "TideLogger.vproj",
+                           FRoot / "tide" / ".." / "Tide" / "tidelogger.VPROJ"}) {
+    if (!std::filesystem::exists(same)) {
+      std::filesystem::create_directories(same.parent_path());
+      std::filesystem::copy(FProject, same);
+    }
+    Window().Tabs().setCurrentIndex(1);
+    EXPECT_TRUE(Window().Open(same));
+    Settle();
+    EXPECT_EQ(Window().Tabs().count(), 2);
+    EXPECT_EQ(Window().Tabs().currentIndex(), 0);
+    EXPECT_EQ(Project().GivenFileName(), FProject);
+    EXPECT_FALSE(IsChecked(Row("levels.dat"))) << "the edit is still there";
+  }
+  Window().Projects().EndSteps();
+  Window().Projects().ShowModified();
+  AnswerNext("Discard");
+  Choose("Close");
+  EXPECT_EQ(Window().Tabs().count(), 1);
+}
+
 TEST_F(TWindowProjects, OneThatCannotBeReadIsNamedWithItsLineAndLeavesTheOthersOpen) {
   OpenExample();
   const auto broken = FRoot / "broken.vproj";

@@ -234,8 +234,8 @@ TEST_F(EditHistory, FindsWhatNobodyWasToldOfWhenItLooksEverywhere) {
   Edit({"a", "b"});
   const auto before = List();
   File("b")->SetOverwrite("OSX32", true);
-  EXPECT_FALSE(FProject->HasChanges()) << "a record of default values is told to nobody";
-  FHistory->EndStep("Told", TLook::WhereTold);
+  EXPECT_FALSE(FProject->HasChanges()) << "a record of default values notifies nobody";
+  FHistory->EndStep("Notified", TLook::Notified);
   EXPECT_FALSE(FHistory->CanUndo());
   FHistory->EndStep("Look", TLook::Everywhere);
   ASSERT_TRUE(FHistory->CanUndo());

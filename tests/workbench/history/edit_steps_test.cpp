@@ -162,15 +162,15 @@ TEST_F(EditSteps, TellsListenersOnceForEachUndoAndRedo) {
 
 TEST_F(EditSteps, TellsWhatEachStepUndoAndRedoDid) {
   Edit({"a", "b", "c"});
-  std::vector<TListChange> told;
-  FHistory->SetOnStep([&](const TListChange& change) { told.push_back(change); });
+  std::vector<TListChange> reported;
+  FHistory->SetOnStep([&](const TListChange& change) { reported.push_back(change); });
   Deployment().RemoveFile("Debug", "Win32", "b");
   File("a")->SetEnabled("Win32", false);
   FHistory->EndStep("Edit");
   FHistory->Undo();
   FHistory->Redo();
-  ASSERT_EQ(told.size(), 3U);
-  const TListChange& back = told[1];
+  ASSERT_EQ(reported.size(), 3U);
+  const TListChange& back = reported[1];
   EXPECT_EQ(back.Name, "Edit");
   EXPECT_EQ(back.Classes, nullptr);
   ASSERT_EQ(back.Entries.size(), 2U);
@@ -182,25 +182,25 @@ TEST_F(EditSteps, TellsWhatEachStepUndoAndRedoDid) {
   EXPECT_EQ(back.Entries[1].After->Names.LocalName, "b");
   EXPECT_EQ(back.Entries[1].Position, 1U);
   for (const std::size_t forth : {0U, 2U}) {
-    ASSERT_EQ(told[forth].Entries.size(), 2U);
+    ASSERT_EQ(reported[forth].Entries.size(), 2U);
     const auto removed = std::ranges::count_if(
-        told[forth].Entries, [](const TEntryDifference& each) { return !each.After; });
+        reported[forth].Entries, [](const TEntryDifference& each) { return !each.After; });
     EXPECT_EQ(removed, 1);
   }
 }
 
 TEST_F(EditSteps, LooksAtOneEntryOfTenThousandWhenOneIsEdited) {
   Edit(TenThousandNames());
-  std::size_t told = 0;
-  FHistory->SetOnStep([&](const TListChange& change) { told = change.Entries.size(); });
+  std::size_t reported = 0;
+  FHistory->SetOnStep([&](const TListChange& change) { reported = change.Entries.size(); });
   File("data\\file5000")->SetEnabled("Win32", false);
   FHistory->EndStep("Switch off");
   EXPECT_EQ(FHistory->LookedAt(), 1U);
-  EXPECT_EQ(told, 1U);
+  EXPECT_EQ(reported, 1U);
   AddFile(*FProject, "one more");
   FHistory->EndStep("Add");
   EXPECT_LE(FHistory->LookedAt(), 2U);
-  EXPECT_EQ(told, 1U);
+  EXPECT_EQ(reported, 1U);
   FHistory->Undo();
   FHistory->Undo();
   EXPECT_LE(FHistory->LookedAt(), 1U);

@@ -7,8 +7,6 @@
 #include "workbench/project/project_settings.h"
 #include "workbench/session/added_file.h"
 
-#include <CLI/CLI.hpp>
-
 namespace workbench {
 namespace {
 
@@ -28,15 +26,16 @@ public:
   std::string Name() const override { return "add"; }
   std::string Summary() const override { return "Put files on the list for a target"; }
 
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_option("FILE", FFiles, "Files on this machine, or names with macros")->required();
-    app.add_option("--class", FClass, "Deployment class")->capture_default_str();
-    app.add_option("--remote-dir", FRemoteDir, "Directory on the target");
-    app.add_option("--remote-name", FRemoteName, "Name on the target");
-    app.add_flag("--disabled", FDisabled, "Do not deploy the files yet");
-    AddChangeOptions(app, FChange);
-    app.footer("With \"-p all\" the entry answers for every platform; it is stored under \"All\".");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Texts("FILE", FFiles, "Files on this machine, or names with macros").Required();
+    options.Text("--class", FClass, "Deployment class").ShowDefault();
+    options.Text("--remote-dir", FRemoteDir, "Directory on the target");
+    options.Text("--remote-name", FRemoteName, "Name on the target");
+    options.Flag("--disabled", FDisabled, "Do not deploy the files yet");
+    AddChangeOptions(options, FChange);
+    options.Footer(
+        "With \"-p all\" the entry answers for every platform; it is stored under \"All\".");
   }
 
   int Run(TCommandContext& context) override {

@@ -5,8 +5,6 @@
 #include "workbench/cli/entries/entry_json.h"
 #include "workbench/cli/entries/entry_text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 
 namespace workbench {
@@ -18,7 +16,9 @@ public:
   std::string Summary() const override {
     return "Show the classes of a project, or the shipped ones";
   }
-  void AddOptions(CLI::App& app) override { AddProjectArgument(app, FProject, /*required=*/false); }
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject, /*required=*/false);
+  }
 
   int Run(TCommandContext& context) override {
     TOpenProject* project = nullptr;

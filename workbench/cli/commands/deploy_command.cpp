@@ -3,17 +3,14 @@
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deploy_progress.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/settings/command_consent.h"
 
-#include <CLI/CLI.hpp>
-
-#include <array>
 #include <atomic>
 #include <iostream>
-#include <unistd.h>
 
 namespace workbench {
 namespace {
@@ -35,16 +32,23 @@ public:
   std::string Name() const override { return "deploy"; }
   std::string Summary() const override { return "Copy what differs to the target"; }
 
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_flag("--force", FOptions.Force, "Copy also what is the same");
-    app.add_flag("--checksum", FOptions.Checksum, "Compare content instead of size and time");
-    app.add_flag("--skip-missing", FOptions.SkipMissing,
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Flag("--force", FOptions.Force, "Copy also what is the same");
+    options.Flag("--checksum", FOptions.Checksum, "Compare content instead of size and time");
+    options.Flag("--skip-missing", FOptions.SkipMissing,
                  "Skip missing local files that are not required");
-    app.add_option("--jobs", FOptions.Jobs, "How many files are copied at a time")
-        ->check(CLI::Range(1, 64));
-    app.add_flag("--allow-commands", FAllowCommands, "Let the project's commands run");
-    AddChangeOptions(app, FChange);
+    options.Flag("--overwrite-changed", FOptions.OverwriteChanged,
+                 "Copy also over what others changed on the target");
+    options.Flag("--prune", FOptions.Prune,
+                 "Remove what was deployed and is not in the list any more");
+    options.Flag("--break-lock", FOptions.BreakLock, "Go on though somebody else deploys there");
+    options.Flag("--check", FCheck,
+                 "Change nothing; end with 7 when something would change, with 8 when others "
+                 "changed the target");
+    options.Number("--jobs", FOptions.Jobs, 1, 64, "How many files are copied at a time");
+    options.Flag("--allow-commands", FAllowCommands, "Let the project's commands run");
+    AddChangeOptions(options, FChange);
   }
 
   int Run(TCommandContext& context) override {
@@ -56,7 +60,7 @@ public:
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
     view.Open(project, target);
-    FOptions.DryRun = FChange.DryRun;
+    FOptions.DryRun = FChange.DryRun || FCheck;
     WarnSince(context, project, told);
     const TDeployReport report = Deploy(context, project, target);
     return Report(context, target, report);
@@ -104,6 +108,10 @@ private:
     switch (report.End) {
     case TDeployEnd::Refused:
       throw TWorkError(ProblemText(report.Problems));
+    case TDeployEnd::Unexpected:
+      if (!report.Problems.empty())
+        throw TExitError(exit_status::Unexpected, ProblemText(report.Problems));
+      break;
     case TDeployEnd::NoConnection:
       throw TExitError(exit_status::NoConnection, report.Message);
     case TDeployEnd::NoConsent:
@@ -111,17 +119,41 @@ private:
     default:
       break;
     }
-    if (FChange.DryRun) {
-      WarnOfCommands(context, report.Commands);
-      for (const TDeployRow& row : report.Rows) {
-        if (!context.Output.IsJson() && !context.Output.IsQuiet())
-          context.Output.Line(DeployLine(row, /*dryRun=*/true));
-      }
-    }
+    for (const std::string& warning : report.Warnings)
+      context.Output.Warn({warning, FProject, 0});
+    if (FOptions.DryRun)
+      PrintPlan(context, report);
     PrintSummary(context, target, report);
+    return StatusOf(report);
+  }
+
+  int StatusOf(const TDeployReport& report) const {
     if (report.End == TDeployEnd::Interrupted)
       return 128 + report.Signal;
-    return report.End == TDeployEnd::Failed ? exit_status::WorkFailed : exit_status::Done;
+    if (report.End == TDeployEnd::Unexpected)
+      return exit_status::Unexpected;
+    if (report.End == TDeployEnd::Failed)
+      return exit_status::WorkFailed;
+    const TDeployCounts counts(report);
+    const bool changes = !report.Planned.empty() || counts[TDeployAction::Copied] > 0 ||
+                         counts[TDeployAction::Removed] > 0 || counts[TDeployAction::Mode] > 0;
+    return FCheck && changes ? exit_status::WouldChange : exit_status::Done;
+  }
+
+  void PrintPlan(TCommandContext& context, const TDeployReport& report) const {
+    if (!FCheck)
+      WarnOfCommands(context, report.Commands);
+    if (context.Output.IsJson() || context.Output.IsQuiet())
+      return;
+    for (const TDeployRow& row : report.Rows)
+      context.Output.Line(DeployLine(row, /*dryRun=*/true));
+    for (const TPlannedCommand& command : report.Planned)
+      context.Output.Line(std::string("would run ") +
+                          (command.IsLocal ? "on this machine: " : "on the target: ") +
+                          Visible(command.Command));
+    for (const TLeftOver& leftOver : report.LeftOvers)
+      context.Output.Line(std::string(FileStateName(leftOver.State)) + " " +
+                          Visible(leftOver.RemoteFile()));
   }
 
   static std::string ConsentMessage(const std::vector<std::string>& commands) {
@@ -141,52 +173,24 @@ private:
 
   void PrintSummary(TCommandContext& context, const TTarget& target,
                     const TDeployReport& report) const {
-    std::array<std::size_t, 6> counts{};
-    std::uint64_t bytes = 0;
-    for (const TDeployRow& row : report.Rows) {
-      ++counts[static_cast<std::size_t>(row.Action)];
-      bytes += row.Bytes;
-      if (row.Action == TDeployAction::Failed && !context.Output.IsJson())
-        std::cerr << "deploymgr: " << Visible(row.LocalName) << ": " << Visible(row.Error) << '\n';
-    }
     if (context.Output.IsJson()) {
-      context.Output.Document(AsJson(target, report, counts));
+      context.Output.Document(DeployJson(target.Platform, target.Configuration, report));
       return;
     }
-    std::string text;
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-      const auto action = static_cast<TDeployAction>(i);
-      if (counts[i] > 0 || action == TDeployAction::Copied)
-        text += (text.empty() ? "" : ", ") + std::to_string(counts[i]) + " " +
-                std::string(DeployActionName(action));
+    for (const TDeployRow& row : report.Rows) {
+      const bool isNamed =
+          row.Action == TDeployAction::Failed || row.Action == TDeployAction::Refused;
+      if (isNamed)
+        context.Output.Complain(row.LocalName + ": " +
+                                (row.Error.empty() ? row.Reason : row.Error));
     }
-    context.Output.Line((FChange.DryRun ? "would be: " : "") + text + " (" + BytesText(bytes) +
-                        ")");
-  }
-
-  static TJson AsJson(const TTarget& target, const TDeployReport& report,
-                      const std::array<std::size_t, 6>& counts) {
-    TJson files = TJson::array();
-    for (const TDeployRow& row : report.Rows)
-      files.push_back({{"localName", row.LocalName},
-                       {"remoteFile", row.RemoteFile},
-                       {"action", DeployActionName(row.Action)},
-                       {"bytes", row.Bytes},
-                       {"error", row.Error}});
-    TJson document = {{"platform", target.Platform},
-                      {"configuration", target.Configuration},
-                      {"files", std::move(files)}};
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-      const auto action = static_cast<TDeployAction>(i);
-      if (counts[i] > 0 || action != TDeployAction::Removed)
-        document[std::string(DeployActionName(action))] = counts[i];
-    }
-    return document;
+    context.Output.Line((FOptions.DryRun ? "would be: " : "") + TDeployCounts(report).Text());
   }
 
   std::string FProject;
   TDeployOptions FOptions;
   bool FAllowCommands = false;
+  bool FCheck = false;
   TChangeOptions FChange;
 };
 

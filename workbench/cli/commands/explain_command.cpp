@@ -9,8 +9,6 @@
 #include "workbench/cli/entries/reason_text.h"
 #include "workbench/cli/entries/value_sources.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <iterator>
 #include <unordered_set>
@@ -82,11 +80,11 @@ public:
   std::string Summary() const override {
     return "Say why a file is in the list of a target, or is not";
   }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_option("FILE", FFile, "Local name of a file, or the name of a class or option")
-        ->required();
-    app.footer("The target is reconciled in memory to learn the reasons; nothing is saved.");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Text("FILE", FFile, "Local name of a file, or the name of a class or option")
+        .Required();
+    options.Footer("The target is reconciled in memory to learn the reasons; nothing is saved.");
   }
 
   int Run(TCommandContext& context) override {

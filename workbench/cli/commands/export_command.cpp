@@ -3,8 +3,6 @@
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
 
-#include <CLI/CLI.hpp>
-
 namespace workbench {
 namespace {
 
@@ -12,10 +10,10 @@ class TExportCommand final : public ICommand {
 public:
   std::string Name() const override { return "export"; }
   std::string Summary() const override { return "Write <project>.deployproj for builds"; }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_flag("--dry-run", FDryRun, "Say what would be written; write nothing");
-    app.add_flag("--yes", FYes, "Answer every question with yes (an export asks none)");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Flag("--dry-run", FDryRun, "Say what would be written; write nothing");
+    options.Flag("--yes", FYes, "Answer every question with yes (an export asks none)");
   }
 
   int Run(TCommandContext& context) override {

@@ -9,8 +9,6 @@
 #include "workbench/cli/entries/list_changes.h"
 #include "workbench/settings/settings_store.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <map>
 #include <utility>
@@ -117,17 +115,15 @@ class TFeaturedCommand final : public ICommand {
 public:
   std::string Name() const override { return "featured"; }
   std::string Summary() const override { return "Show, choose and drop optional files"; }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_option("--extension", FExtension, "Only what goes with files of this extension")
-        ->type_name("EXT");
-    app.add_option("--choose", FChosen, "Put the files of this feature on the list")
-        ->type_name("TITLE")
-        ->allow_extra_args(false);
-    app.add_option("--drop", FDropped, "Take the files of this feature off the list")
-        ->type_name("TITLE")
-        ->allow_extra_args(false);
-    AddChangeOptions(app, FChange);
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Text("--extension", FExtension, "Only what goes with files of this extension")
+        .ValueName("EXT");
+    options.Texts("--choose", FChosen, "Put the files of this feature on the list")
+        .ValueName("TITLE");
+    options.Texts("--drop", FDropped, "Take the files of this feature off the list")
+        .ValueName("TITLE");
+    AddChangeOptions(options, FChange);
   }
 
   int Run(TCommandContext& context) override {

@@ -5,10 +5,9 @@
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/cli/view/deployment_view.h"
+#include "workbench/cli/view/target_status.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/text/utf8.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
@@ -31,13 +30,13 @@ public:
 
   std::string Name() const override { return FName; }
   std::string Summary() const override { return FSummary; }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_option("--sort", FSort, "Sort by this text of the rows; \":desc\" turns the order")
-        ->type_name("KEY[:desc]");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Text("--sort", FSort, "Sort by this text of the rows; \":desc\" turns the order")
+        .ValueName("KEY[:desc]");
     if (!FConnects)
-      app.add_flag("--connect", FConnect, "Show the state of the files on the target");
-    app.footer("The target is reconciled in memory first; nothing is saved.");
+      options.Flag("--connect", FConnect, "Show the state of the files on the target");
+    options.Footer("The target is reconciled in memory first; nothing is saved.");
   }
 
   int Run(TCommandContext& context) override {
@@ -55,11 +54,15 @@ public:
       view.Connect();
     Sort(view);
     WarnSince(context, project, told);
-    const std::vector<std::string>& lost = context.Interaction.LostConnections();
+    const TTargetStatus status =
+        FConnects ? AskTarget(context, project, target) : TTargetStatus(TDeployReport());
+    std::vector<std::string> lost = context.Interaction.LostConnections();
+    if (lost.empty() && status.Report().End == TDeployEnd::NoConnection)
+      lost.push_back(status.Report().Message);
     if (context.Output.IsJson())
-      PrintJson(context, project, target, connect && lost.empty(), view.Rows());
+      PrintJson(context, project, target, connect && lost.empty(), view.Rows(), status);
     else
-      PrintText(context, view.Rows());
+      PrintText(context, view.Rows(), status);
     // What was not answered stands as unknown in the rows.
     for (const std::string& reason : lost)
       context.Output.Complain(reason);
@@ -81,8 +84,25 @@ private:
     view.Sort(key, descending);
   }
 
-  static void PrintJson(TCommandContext& context, const TOpenProject& project,
-                        const TTarget& target, bool connected, const std::vector<TViewRow>& rows) {
+  // A plan that is not carried out knows every state.
+  TTargetStatus AskTarget(TCommandContext& context, TOpenProject& project,
+                          const TTarget& target) const {
+    TSilentObserver nobody;
+    TTargetStatus status(context.Session.RemoteProfiles().Deploys().Deploy(
+        {.Project = project.Project(),
+         .Target = {target.Configuration, target.Platform},
+         .Options = {.DryRun = true, .SkipMissing = true}},
+        nobody));
+    for (const std::string& warning : status.Report().Warnings)
+      context.Output.Warn({warning, FProject, 0});
+    for (const std::string& problem : status.Report().Problems)
+      context.Output.Warn({problem, FProject, 0});
+    return status;
+  }
+
+  void PrintJson(TCommandContext& context, const TOpenProject& project, const TTarget& target,
+                 bool connected, const std::vector<TViewRow>& rows,
+                 const TTargetStatus& status) const {
     TJson list = TJson::array();
     const std::vector<std::string>& keys = TDeploymentView::RowKeys();
     for (const TViewRow& row : rows) {
@@ -91,19 +111,24 @@ private:
         entry[keys[i]] = row.Texts[i];
       entry["checked"] = row.Checked;
       entry["dimmed"] = row.Dimmed;
+      if (FConnects)
+        status.AddState(row, entry);
       list.push_back(std::move(entry));
     }
-    context.Output.Document(
-        {{"project", project.GivenFileName().string()},
-         {"platform",
-          target.AllPlatforms ? std::string(deployment::sAllPlatforms) : target.Platform},
-         {"configuration", target.Configuration},
-         {"connected", connected},
-         {"rows", list}});
+    TJson document = {{"project", project.GivenFileName().string()},
+                      {"platform", target.AllPlatforms ? std::string(deployment::sAllPlatforms)
+                                                       : target.Platform},
+                      {"configuration", target.Configuration},
+                      {"connected", connected},
+                      {"rows", std::move(list)}};
+    if (FConnects)
+      status.AddTarget(document);
+    context.Output.Document(document);
   }
 
   // The titles are for people; scripts get one line for each file and nothing else.
-  static void PrintText(TCommandContext& context, const std::vector<TViewRow>& rows) {
+  void PrintText(TCommandContext& context, const std::vector<TViewRow>& rows,
+                 const TTargetStatus& status) const {
     TOutput& output = context.Output;
     std::vector<std::string> titles(Titles.begin(), Titles.end());
     TWidths widths{};
@@ -122,6 +147,10 @@ private:
     for (std::size_t i = 0; i < lines.size(); ++i) {
       const std::string line = (rows[i].Checked ? "[x] " : "[ ] ") + Padded(lines[i], widths);
       output.Line(rows[i].Dimmed ? output.Dim(line) : line);
+    }
+    if (FConnects && output.IsTerminal()) {
+      for (const std::string& line : status.Summary())
+        output.Line(line);
     }
   }
 

@@ -7,8 +7,6 @@
 #include "workbench/cli/entries/project_text.h"
 #include "workbench/files/save_error.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 
 namespace workbench {
@@ -34,19 +32,16 @@ public:
   std::string Name() const override { return "new"; }
   std::string Summary() const override { return "Write a new project"; }
 
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_option("--type", FValues.ApplicationType, "Kind of program")->capture_default_str();
-    app.add_option("--personality", FValues.Personality, "Language personality")
-        ->capture_default_str();
-    app.add_option("--framework", FValues.Framework, "Framework of the user interface")
-        ->capture_default_str();
-    app.add_option("--platforms", FPlatforms, "Target platforms, with commas")
-        ->capture_default_str();
-    app.add_option("--configs", FConfigurations, "Configurations besides Base, with commas")
-        ->capture_default_str();
-    app.add_flag("--dry-run", FDryRun, "Say what would be written; write nothing");
-    app.add_flag("--yes", FYes, "Answer every question with yes (a new project asks none)");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Text("--type", FValues.ApplicationType, "Kind of program").ShowDefault();
+    options.Text("--personality", FValues.Personality, "Language personality").ShowDefault();
+    options.Text("--framework", FValues.Framework, "Framework of the user interface").ShowDefault();
+    options.Text("--platforms", FPlatforms, "Target platforms, with commas").ShowDefault();
+    options.Text("--configs", FConfigurations, "Configurations besides Base, with commas")
+        .ShowDefault();
+    options.Flag("--dry-run", FDryRun, "Say what would be written; write nothing");
+    options.Flag("--yes", FYes, "Answer every question with yes (a new project asks none)");
   }
 
   int Run(TCommandContext& context) override {

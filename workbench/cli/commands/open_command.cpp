@@ -5,8 +5,6 @@
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/machine_path.h"
 
-#include <CLI/CLI.hpp>
-
 #include <csignal>
 #include <cstdlib>
 
@@ -24,9 +22,9 @@ class TOpenCommand final : public ICommand {
 public:
   std::string Name() const override { return "open"; }
   std::string Summary() const override { return "Open the project in the window"; }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.footer("--config and --platform choose the target that the window shows.");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Footer("--config and --platform choose the target that the window shows.");
   }
 
   int Run(TCommandContext& context) override {

@@ -5,8 +5,6 @@
 #include "workbench/platforms/platform_table.h"
 #include "workbench/project/project_settings.h"
 
-#include <CLI/CLI.hpp>
-
 namespace workbench {
 namespace {
 
@@ -40,7 +38,9 @@ public:
   std::string Summary() const override {
     return "Show the platform table, or the platforms of a project";
   }
-  void AddOptions(CLI::App& app) override { AddProjectArgument(app, FProject, /*required=*/false); }
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject, /*required=*/false);
+  }
 
   int Run(TCommandContext& context) override {
     WarnOfConfiguration(context, "platforms have no configuration");

@@ -8,8 +8,6 @@
 #include "workbench/remote/profile/profile_json.h"
 #include "workbench/services/remote_profile_services.h"
 
-#include <CLI/CLI.hpp>
-
 namespace workbench {
 namespace {
 
@@ -20,34 +18,36 @@ public:
     return "List, add, remove, test and assign remote profiles";
   }
 
-  void AddOptions(CLI::App& app) override {
-    app.add_option("ACTION", FAction, "list, add, remove, test or assign")
-        ->required()
-        ->check(CLI::IsMember({"list", "add", "remove", "test", "assign"}));
-    app.add_option("NAME", FName, "Name of the profile; for assign \"\" takes it away");
-    app.add_option("PROJECT", FProject, "Project file, for assign");
+  void AddOptions(IOptions& options) override {
+    options
+        .Choice("ACTION", FAction, {"list", "add", "remove", "test", "assign"},
+                "list, add, remove, test or assign")
+        .Required();
+    options.Text("NAME", FName, "Name of the profile; for assign \"\" takes it away");
+    options.Text("PROJECT", FProject, "Project file, for assign");
     FAddOptions = {
-        app.add_option("--kind", FKind, "How the machine is reached: folder or ssh"),
-        app.add_option("--path", FProfile.Path, "Directory below which everything is put"),
-        app.add_flag("--default", FProfile.IsDefault, "Make it the platform's default profile"),
-        app.add_flag("--allow-outside", FProfile.AllowOutside, "Allow directories beyond the path"),
+        &options.Text("--kind", FKind, "How the machine is reached: folder or ssh"),
+        &options.Text("--path", FProfile.Path, "Directory below which everything is put"),
+        &options.Flag("--default", FProfile.IsDefault, "Make it the platform's default profile"),
+        &options.Flag("--allow-outside", FProfile.AllowOutside,
+                      "Allow directories beyond the path"),
+        &options.Flag("--stateless", FProfile.Stateless,
+                      "Leave no record of deploys on the target"),
     };
     FSshOptions = {
-        app.add_option("--host", FProfile.Host, "ssh: name or address of the machine"),
-        app.add_option("--port", FProfile.Port, "ssh: port")->check(CLI::Range(1, 65535)),
-        app.add_option("--user", FProfile.User, "ssh: user on the machine"),
-        app.add_option("--identity", FProfile.Identity, "ssh: file of the key"),
-        app.add_option("--ssh-option", FProfile.SshOptions,
-                       "ssh: KEY=VALUE for the client, as in its configuration; may be repeated")
-            ->allow_extra_args(false),
-        app.add_option("--connect-timeout", FProfile.ConnectTimeout,
-                       "ssh: seconds to wait for the machine")
-            ->check(CLI::Range(1, 3600)),
-        app.add_option("--keep-alive", FProfile.KeepAlive, "ssh: seconds between two signs of life")
-            ->check(CLI::Range(1, 3600)),
+        &options.Text("--host", FProfile.Host, "ssh: name or address of the machine"),
+        &options.Number("--port", FProfile.Port, 1, 65535, "ssh: port"),
+        &options.Text("--user", FProfile.User, "ssh: user on the machine"),
+        &options.Text("--identity", FProfile.Identity, "ssh: file of the key"),
+        &options.Texts("--ssh-option", FProfile.SshOptions,
+                       "ssh: KEY=VALUE for the client, as in its configuration; may be repeated"),
+        &options.Number("--connect-timeout", FProfile.ConnectTimeout, 1, 3600,
+                        "ssh: seconds to wait for the machine"),
+        &options.Number("--keep-alive", FProfile.KeepAlive, 1, 3600,
+                        "ssh: seconds between two signs of life"),
     };
-    app.add_option("--password", FPassword)->group(""); // hidden: it is refused with advice
-    AddChangeOptions(app, FChange);
+    options.Text("--password", FPassword, "Refused with advice").Hidden();
+    AddChangeOptions(options, FChange);
   }
 
   int Run(TCommandContext& context) override {
@@ -60,7 +60,7 @@ public:
     else if (FAction == "remove")
       Remove(context);
     else if (FAction == "test")
-      Test(context);
+      return Test(context);
     else
       Assign(context);
     return exit_status::Done;
@@ -87,10 +87,10 @@ private:
     }
   }
 
-  static void RefuseAny(const std::vector<CLI::Option*>& options, const char* reason) {
-    for (const CLI::Option* option : options) {
-      if (option->count() > 0)
-        throw TUsageError(option->get_name() + reason);
+  static void RefuseAny(const std::vector<IOption*>& options, const char* reason) {
+    for (const IOption* option : options) {
+      if (option->IsGiven())
+        throw TUsageError(option->Name() + reason);
     }
   }
 
@@ -165,16 +165,23 @@ private:
     Say(context, "removed");
   }
 
-  void Test(TCommandContext& context) const {
+  int Test(TCommandContext& context) const {
     Require(context, FName);
     TRemoteProfileServices& services = context.Session.RemoteProfiles();
     std::string message;
     if (!services.Connect(*services.FindProfile(FName), message))
       throw TExitError(exit_status::NoConnection,
                        "the profile \"" + FName + "\" has no connection: " + message);
+    const std::string problem =
+        services.Destinations().WriteProblem(*services.Profiles().Find(FName));
     if (context.Output.IsJson())
-      context.Output.Document({{"profile", FName}, {"connected", true}});
+      context.Output.Document(
+          {{"profile", FName}, {"connected", true}, {"writable", problem.empty()}});
     context.Output.Line("connected: " + Visible(FName));
+    if (problem.empty())
+      return exit_status::Done;
+    context.Output.Complain("the path of the profile cannot be written: " + problem);
+    return exit_status::WorkFailed;
   }
 
   void Assign(TCommandContext& context) const {
@@ -212,8 +219,8 @@ private:
   std::string FPassword;
   TProfile FProfile; // what the options say
   TChangeOptions FChange;
-  std::vector<CLI::Option*> FAddOptions;
-  std::vector<CLI::Option*> FSshOptions; // for adding one of kind ssh
+  std::vector<IOption*> FAddOptions;
+  std::vector<IOption*> FSshOptions; // for adding one of kind ssh
 };
 
 } // namespace

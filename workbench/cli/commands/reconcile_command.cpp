@@ -7,8 +7,6 @@
 #include "workbench/platforms/platform_table.h"
 #include "workbench/project/project_settings.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <map>
 
@@ -59,11 +57,11 @@ public:
   std::string Summary() const override {
     return "Bring the default entries in line with the project's settings";
   }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_flag("--all", FAll, "Every platform of every configuration, not one target");
-    app.add_flag("--internal", FInternal, "Take the list of runtime packages for empty");
-    AddChangeOptions(app, FChange);
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Flag("--all", FAll, "Every platform of every configuration, not one target");
+    options.Flag("--internal", FInternal, "Take the list of runtime packages for empty");
+    AddChangeOptions(options, FChange);
   }
 
   int Run(TCommandContext& context) override {

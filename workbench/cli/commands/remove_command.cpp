@@ -6,8 +6,6 @@
 #include "workbench/cli/entries/change_report.h"
 #include "workbench/cli/entries/entry_lookup.h"
 
-#include <CLI/CLI.hpp>
-
 namespace workbench {
 namespace {
 
@@ -15,11 +13,11 @@ class TRemoveCommand final : public ICommand {
 public:
   std::string Name() const override { return "remove"; }
   std::string Summary() const override { return "Take files off the list"; }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_option("FILE", FFiles, "Local names as the list has them")->required();
-    AddChangeOptions(app, FChange);
-    app.footer(
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Texts("FILE", FFiles, "Local names as the list has them").Required();
+    AddChangeOptions(options, FChange);
+    options.Footer(
         "Without --yes each file is asked about; \"a\" answers for it and all further ones.");
   }
 

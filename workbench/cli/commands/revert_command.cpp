@@ -6,8 +6,6 @@
 #include "workbench/cli/entries/list_changes.h"
 #include "workbench/project/project_settings.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 
 namespace workbench {
@@ -19,13 +17,13 @@ public:
   std::string Summary() const override {
     return "Go back to the default entries and classes of a platform";
   }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_flag("--all-platforms", FAllPlatforms, "Every platform, not the chosen one alone");
-    app.add_flag("--drop-added", FDropAdded, "Drop the files of class \"File\" too");
-    AddChangeOptions(app, FChange);
-    app.footer("All configurations of the platform are reverted. Files that were added by hand "
-               "stay, unless --drop-added is given.");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Flag("--all-platforms", FAllPlatforms, "Every platform, not the chosen one alone");
+    options.Flag("--drop-added", FDropAdded, "Drop the files of class \"File\" too");
+    AddChangeOptions(options, FChange);
+    options.Footer("All configurations of the platform are reverted. Files that were added by hand "
+                   "stay, unless --drop-added is given.");
   }
 
   int Run(TCommandContext& context) override {

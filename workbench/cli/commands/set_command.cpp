@@ -11,8 +11,6 @@
 #include "workbench/cli/entries/entry_lookup.h"
 #include "workbench/cli/entries/entry_text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 
 namespace workbench {
@@ -42,28 +40,24 @@ public:
   std::string Name() const override { return "set"; }
   std::string Summary() const override { return "Edit files on the list for a platform"; }
 
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    app.add_option("FILE", FFiles, "Local names as the list has them")->required();
-    FEnabledOption = app.add_option("--enabled", FEnabled, "Deploy the file: true or false");
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    options.Texts("FILE", FFiles, "Local names as the list has them").Required();
+    FEnabledOption = &options.Text("--enabled", FEnabled, "Deploy the file: true or false");
     FOverwriteOption =
-        app.add_option("--overwrite", FOverwrite, "Replace the file on the target: true or false");
+        &options.Text("--overwrite", FOverwrite, "Replace the file on the target: true or false");
     FRequiredOption =
-        app.add_option("--required", FRequired, "The file cannot be left out: true or false");
-    FRemoteDirOption = app.add_option("--remote-dir", FRemoteDir, "Directory on the target");
+        &options.Text("--required", FRequired, "The file cannot be left out: true or false");
+    FRemoteDirOption = &options.Text("--remote-dir", FRemoteDir, "Directory on the target");
     FRemoteNameOption =
-        app.add_option("--remote-name", FRemoteName, "Name on the target; empty for the local one");
-    FOperationOption = app.add_option("--operation", FOperation,
-                                      "What is done on the target: 0 to 6, or its name");
-    FConditionOption = app.add_option("--condition", FCondition, "MSBuild condition");
-    app.add_option("--add-platform", FEdit.AddPlatforms, "Deploy to this platform too")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    app.add_option("--remove-platform", FEdit.RemovePlatforms, "Deploy to this platform no more")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    AddChangeOptions(app, FChange);
-    app.footer("With \"-p all\" every platform that an entry has is edited.");
+        &options.Text("--remote-name", FRemoteName, "Name on the target; empty for the local one");
+    FOperationOption =
+        &options.Text("--operation", FOperation, "What is done on the target: 0 to 6, or its name");
+    FConditionOption = &options.Text("--condition", FCondition, "MSBuild condition");
+    options.Texts("--add-platform", FEdit.AddPlatforms, "Deploy to this platform too");
+    options.Texts("--remove-platform", FEdit.RemovePlatforms, "Deploy to this platform no more");
+    AddChangeOptions(options, FChange);
+    options.Footer("With \"-p all\" every platform that an entry has is edited.");
   }
 
   int Run(TCommandContext& context) override {
@@ -91,19 +85,19 @@ public:
 
 private:
   void ReadEdit() {
-    if (FEnabledOption->count() > 0)
+    if (FEnabledOption->IsGiven())
       FEdit.Enabled = BooleanOf("--enabled", FEnabled);
-    if (FOverwriteOption->count() > 0)
+    if (FOverwriteOption->IsGiven())
       FEdit.Overwrite = BooleanOf("--overwrite", FOverwrite);
-    if (FRequiredOption->count() > 0)
+    if (FRequiredOption->IsGiven())
       FEdit.Required = BooleanOf("--required", FRequired);
-    if (FRemoteDirOption->count() > 0)
+    if (FRemoteDirOption->IsGiven())
       FEdit.RemoteDir = FRemoteDir;
-    if (FRemoteNameOption->count() > 0)
+    if (FRemoteNameOption->IsGiven())
       FEdit.RemoteName = FRemoteName;
-    if (FOperationOption->count() > 0)
+    if (FOperationOption->IsGiven())
       FEdit.Operation = OperationOf(FOperation);
-    if (FConditionOption->count() > 0)
+    if (FConditionOption->IsGiven())
       FEdit.Condition = FCondition;
     if (FEdit.IsEmpty())
       throw TUsageError("nothing is given to be set; see \"deploymgr set --help\"");
@@ -145,9 +139,9 @@ private:
   std::string FProject;
   std::vector<std::string> FFiles;
   std::string FEnabled, FOverwrite, FRequired, FRemoteDir, FRemoteName, FOperation, FCondition;
-  CLI::Option *FEnabledOption = nullptr, *FOverwriteOption = nullptr, *FRequiredOption = nullptr,
-              *FRemoteDirOption = nullptr, *FRemoteNameOption = nullptr,
-              *FOperationOption = nullptr, *FConditionOption = nullptr;
+  IOption *FEnabledOption = nullptr, *FOverwriteOption = nullptr, *FRequiredOption = nullptr,
+          *FRemoteDirOption = nullptr, *FRemoteNameOption = nullptr, *FOperationOption = nullptr,
+          *FConditionOption = nullptr;
   TEntryEdit FEdit;
   TChangeOptions FChange;
 };

@@ -4,8 +4,6 @@
 #include "workbench/cli/context/target.h"
 #include "workbench/settings/settings_store.h"
 
-#include <CLI/CLI.hpp>
-
 namespace workbench {
 namespace {
 
@@ -14,14 +12,13 @@ public:
   std::string Name() const override { return "settings"; }
   std::string Summary() const override { return "List, read and change the user's settings"; }
 
-  void AddOptions(CLI::App& app) override {
-    app.add_option("ACTION", FAction, "list, get, set or unset")
-        ->required()
-        ->check(CLI::IsMember({"list", "get", "set", "unset"}));
-    app.add_option("KEY", FKey, "Such as library-path.Win32");
-    FValueOption = app.add_option("VALUE", FValue, "The new value");
-    app.add_flag("--dry-run", FDryRun, "Say what would change; change nothing");
-    app.add_flag("--yes", FYes, "Answer every question with yes (settings ask none)");
+  void AddOptions(IOptions& options) override {
+    options.Choice("ACTION", FAction, {"list", "get", "set", "unset"}, "list, get, set or unset")
+        .Required();
+    options.Text("KEY", FKey, "Such as library-path.Win32");
+    FValueOption = &options.Text("VALUE", FValue, "The new value");
+    options.Flag("--dry-run", FDryRun, "Say what would change; change nothing");
+    options.Flag("--yes", FYes, "Answer every question with yes (settings ask none)");
   }
 
   int Run(TCommandContext& context) override {
@@ -43,7 +40,7 @@ private:
     if (needsKey == FKey.empty())
       throw TUsageError(needsKey ? "settings " + FAction + " needs a key"
                                  : std::string("settings list takes no key"));
-    if ((FAction == "set") != (FValueOption->count() > 0))
+    if ((FAction == "set") != FValueOption->IsGiven())
       throw TUsageError(FAction == "set" ? std::string("settings set needs a value")
                                          : "settings " + FAction + " takes no value");
   }
@@ -83,7 +80,7 @@ private:
   }
 
   std::string FAction, FKey, FValue;
-  CLI::Option* FValueOption = nullptr;
+  IOption* FValueOption = nullptr;
   bool FDryRun = false;
   bool FYes = false;
 };

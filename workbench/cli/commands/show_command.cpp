@@ -6,8 +6,6 @@
 #include "workbench/cli/entries/entry_json.h"
 #include "workbench/cli/entries/entry_text.h"
 
-#include <CLI/CLI.hpp>
-
 namespace workbench {
 namespace {
 
@@ -15,7 +13,7 @@ class TShowCommand final : public ICommand {
 public:
   std::string Name() const override { return "show"; }
   std::string Summary() const override { return "Show files, classes and roots of a project"; }
-  void AddOptions(CLI::App& app) override { AddProjectArgument(app, FProject); }
+  void AddOptions(IOptions& options) override { AddProjectArgument(options, FProject); }
 
   int Run(TCommandContext& context) override {
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);

@@ -4,8 +4,6 @@
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/entries/change_report.h"
 
-#include <CLI/CLI.hpp>
-
 namespace workbench {
 namespace {
 
@@ -13,9 +11,9 @@ class TUpgradeCommand final : public ICommand {
 public:
   std::string Name() const override { return "upgrade"; }
   std::string Summary() const override { return "Bring an older list up to date and save it"; }
-  void AddOptions(CLI::App& app) override {
-    AddProjectArgument(app, FProject);
-    AddChangeOptions(app, FChange);
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    AddChangeOptions(options, FChange);
   }
 
   int Run(TCommandContext& context) override {

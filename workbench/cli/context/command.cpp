@@ -1,20 +1,18 @@
 #include "workbench/cli/context/command.h"
 
-#include <CLI/CLI.hpp>
-
 namespace workbench {
 
-void AddChangeOptions(CLI::App& app, TChangeOptions& options) {
-  app.add_flag("--dry-run", options.DryRun, "Say what would change; change nothing");
-  app.add_flag("--yes", options.Yes, "Answer every question with yes");
-  app.add_flag("--force-save", options.ForceSave,
+void AddChangeOptions(IOptions& options, TChangeOptions& change) {
+  options.Flag("--dry-run", change.DryRun, "Say what would change; change nothing");
+  options.Flag("--yes", change.Yes, "Answer every question with yes");
+  options.Flag("--force-save", change.ForceSave,
                "Overwrite a project that changed on disk since it was read");
 }
 
-void AddProjectArgument(CLI::App& app, std::string& project, bool required) {
-  auto* option = app.add_option("PROJECT", project, "Project file");
+void AddProjectArgument(IOptions& options, std::string& project, bool required) {
+  IOption& option = options.Text("PROJECT", project, "Project file");
   if (required)
-    option->required();
+    option.Required();
 }
 
 TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOpenPurpose purpose) {

@@ -1,6 +1,7 @@
 // What a command of deploymgr is: its name, its help, its options and its run.
 #pragma once
 
+#include "workbench/cli/context/options.h"
 #include "workbench/cli/context/output.h"
 #include "workbench/session/session.h"
 
@@ -10,10 +11,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace workbench {
 
@@ -28,6 +25,8 @@ inline constexpr int UnreadableInput = 3;
 inline constexpr int CannotReconcile = 4;
 inline constexpr int NoConnection = 5;
 inline constexpr int NoConsent = 6;
+inline constexpr int WouldChange = 7; ///< "--check": something would change
+inline constexpr int Unexpected = 8;  ///< the target is not what was expected
 } // namespace exit_status
 
 /// The command line asks for what cannot be.
@@ -87,17 +86,17 @@ public:
   virtual std::string Name() const = 0;
   virtual std::string Summary() const = 0;
   /// Declares the command's own options and arguments.
-  virtual void AddOptions(CLI::App& app) = 0;
+  virtual void AddOptions(IOptions& options) = 0;
   /// Does the work; returns the exit status. Throws TUsageError, TWorkError, TExitError,
   /// TInputError and TSaveError.
   virtual int Run(TCommandContext& context) = 0;
 };
 
 /// Declares the options of commands that change something.
-void AddChangeOptions(CLI::App& app, TChangeOptions& options);
+void AddChangeOptions(IOptions& options, TChangeOptions& change);
 
 /// Declares the project argument.
-void AddProjectArgument(CLI::App& app, std::string& project, bool required = true);
+void AddProjectArgument(IOptions& options, std::string& project, bool required = true);
 
 /// Opens the project and warns of what reading it brought up.
 TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOpenPurpose purpose);

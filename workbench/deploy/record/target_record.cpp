@@ -19,6 +19,7 @@ constexpr int Format = 1;
 constexpr std::array<std::string_view, 3> ResultNames{"done", "partly", "undone"};
 constexpr std::size_t HashLength = 64;
 constexpr unsigned MostMode = 07777;
+constexpr std::int64_t MostTime = 9'000'000'000; // seconds; more nanoseconds are not counted
 
 [[noreturn]] void Reject(const std::string& reason) {
   throw std::invalid_argument(reason);
@@ -71,9 +72,11 @@ std::string HashOf(const TJsonValue& object) {
   return hash;
 }
 
-TRecordedFile FileOf(const TJsonValue& value) {
+// A file that names no target is one of the record's.
+TRecordedFile FileOf(const TJsonValue& value, const TTargetRecord& record) {
   const TJsonValue& time = value.at("time");
-  if (!time.is_number_integer())
+  if (!time.is_number_integer() || time.get<std::int64_t>() < -MostTime ||
+      time.get<std::int64_t>() > MostTime)
     Reject("\"time\" is no time");
   return {.LocalName = TextOf(value, "localName"),
           .Class = TextOf(value, "class"),
@@ -81,7 +84,9 @@ TRecordedFile FileOf(const TJsonValue& value) {
           .Time = time.get<std::int64_t>(),
           .Hash = HashOf(value),
           .Mode = ModeOf(TextOf(value, "mode")),
-          .Run = TextOf(value, "run")};
+          .Run = TextOf(value, "run"),
+          .Platform = value.value("platform", record.Platform),
+          .Configuration = value.value("configuration", record.Configuration)};
 }
 
 TRecordedRun RunOf(const TJsonValue& value) {
@@ -110,7 +115,7 @@ TTargetRecord RecordOf(const TJsonValue& document) {
     record.Runs.resize(MostRuns);
   for (const auto& [path, file] : document.at("files").items()) {
     CheckPath(path);
-    record.Files.emplace(path, FileOf(file));
+    record.Files.emplace(path, FileOf(file, record));
   }
   if (const auto owed = document.find("owed"); owed != document.end()) {
     for (const auto& [path, steps] : owed->items()) {
@@ -168,7 +173,9 @@ std::string RecordText(const TTargetRecord& record) {
                    {"time", file.Time},
                    {"sha256", file.Hash},
                    {"mode", ModeText(file.Mode)},
-                   {"run", file.Run}};
+                   {"run", file.Run},
+                   {"platform", file.Platform},
+                   {"configuration", file.Configuration}};
   TJsonValue document{{"format", Format},
                       {"project", record.Project},
                       {"platform", record.Platform},

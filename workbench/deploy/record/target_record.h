@@ -14,13 +14,16 @@ namespace workbench {
 
 /// A file as a deploy put it there.
 struct TRecordedFile {
-  std::string LocalName; ///< of the entry, as stored
-  std::string Class;     ///< of the entry
+  std::string LocalName = {}; ///< of the entry, as stored
+  std::string Class = {};     ///< of the entry
   std::uint64_t Size = 0;
   std::int64_t Time = 0; ///< whole seconds since 1970
-  std::string Hash;      ///< SHA-256, hexadecimal
+  std::string Hash = {}; ///< SHA-256, hexadecimal
   unsigned Mode = 0;     ///< rights, such as 0644
-  std::string Run;       ///< that put it there last
+  std::string Run = {};  ///< that put it there last
+  /// The target of the last deploy that had it in its list.
+  std::string Platform = {};
+  std::string Configuration = {};
 
   bool operator==(const TRecordedFile&) const = default;
 };
@@ -32,12 +35,12 @@ std::string_view RunResultName(TRunResult result);
 
 /// One deploy that changed something.
 struct TRecordedRun {
-  std::string Id;
-  std::string At;       ///< UTC, such as "2026-11-22T00:31:21Z"
-  std::string By;       ///< the user who deployed
-  std::string Machine;  ///< that they deployed from
-  std::string Revision; ///< of the project's working copy; empty where none is known
-  std::string Tool;     ///< with its version
+  std::string Id = {};
+  std::string At = {};       ///< UTC, such as "2026-11-22T00:31:21Z"
+  std::string By = {};       ///< the user who deployed
+  std::string Machine = {};  ///< that they deployed from
+  std::string Revision = {}; ///< of the project's working copy; empty where none is known
+  std::string Tool = {};     ///< with its version
   std::size_t Copied = 0;
   std::size_t Removed = 0;
   std::size_t Failed = 0;
@@ -48,13 +51,13 @@ struct TRecordedRun {
 
 /// The record of one project on one target. Paths are relative to the profile's path, with "/".
 struct TTargetRecord {
-  std::string Project;
-  std::string Platform;
-  std::string Configuration;
-  std::vector<TRecordedRun> Runs; ///< newest first
-  std::map<std::string, TRecordedFile, std::less<>> Files;
+  std::string Project = {};
+  std::string Platform = {};
+  std::string Configuration = {};
+  std::vector<TRecordedRun> Runs = {}; ///< newest first
+  std::map<std::string, TRecordedFile, std::less<>> Files = {};
   /// What is still to be done after a file was put there, in order, by the path of the file.
-  std::map<std::string, std::vector<std::string>, std::less<>> Owed;
+  std::map<std::string, std::vector<std::string>, std::less<>> Owed = {};
 
   bool operator==(const TTargetRecord&) const = default;
 };

@@ -246,6 +246,18 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
 <context>
     <name>TDeployWords</name>
     <message>
+        <source>given its rights</source>
+        <translation>Rechte gesetzt</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>nicht angetastet</translation>
+    </message>
+    <message>
+        <source>Files that were changed on the target since they were deployed were left alone. In all: %1.</source>
+        <translation>Dateien, die am Ziel seit dem Verteilen geändert wurden, blieben unangetastet. Insgesamt: %1.</translation>
+    </message>
+    <message>
         <source>Deploy again to go on where it stopped.</source>
         <translation>Verteilen Sie noch einmal, um dort fortzufahren, wo es aufgehört hat.</translation>
     </message>

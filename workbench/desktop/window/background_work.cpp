@@ -37,22 +37,22 @@ bool IsInput(QEvent::Type type) {
 
 // Input is blocked as long as it lives.
 struct TBackgroundWork::TBusy {
-  explicit TBusy(TBackgroundWork& background) : Work(background) {
-    if (Work.FDepth++ > 0)
+  explicit TBusy(TBackgroundWork& background) : Background(background) {
+    if (Background.FDepth++ > 0)
       return;
-    qApp->installEventFilter(&Work);
-    emit Work.BusyChanged(true);
+    qApp->installEventFilter(&Background);
+    emit Background.BusyChanged(true);
   }
   ~TBusy() {
-    if (--Work.FDepth > 0)
+    if (--Background.FDepth > 0)
       return;
-    qApp->removeEventFilter(&Work);
-    emit Work.BusyChanged(false);
+    qApp->removeEventFilter(&Background);
+    emit Background.BusyChanged(false);
   }
   TBusy(const TBusy&) = delete;
   TBusy& operator=(const TBusy&) = delete;
 
-  TBackgroundWork& Work;
+  TBackgroundWork& Background;
 };
 
 TBackgroundWork::TBackgroundWork(QWidget& window) : FWindow(window) {}

@@ -65,7 +65,7 @@ TMainWindow::TMainWindow(TSession& session)
   FPoll.setInterval(PollInterval);
   connect(&FPoll, &QTimer::timeout, this, &TMainWindow::ShowState);
   FPoll.start();
-  connect(&FWatcher, &TProjectWatcher::Stirred, this, [this] { FProjects->CheckDisk(); });
+  connect(&FWatcher, &TProjectWatcher::FilesChanged, this, [this] { FProjects->CheckDisk(); });
   if (FLayout.Geometry.isEmpty() || !restoreGeometry(FLayout.Geometry))
     resize(FirstSize);
   ShowState();

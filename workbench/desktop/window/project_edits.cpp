@@ -9,7 +9,7 @@ TProjectEdits::TProjectEdits(TOpenProject& project)
   FHistory.SetOnStep([this](const TListChange& change) { FJournal.Append(change); });
 }
 
-// Commands may make records with default values, of which nobody is told.
+// Commands may make records with default values, of which nobody is notified.
 void TProjectEdits::EndStep(const QString& command) {
   if (command.isEmpty())
     FHistory.EndStep(QCoreApplication::translate("TProjectEdits", "Edit").toStdString());

@@ -1,5 +1,6 @@
 #include "workbench/desktop/window/project_tabs.h"
 
+#include "package/common/errors.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
@@ -35,11 +36,11 @@ void ChooseActiveTarget(const TOpenProject& project, TFormControls& controls) {
 }
 
 // Nothing is drawn: a save uses the package, and so would the drawing of rows.
-struct TStillTabs {
-  explicit TStillTabs(QWidget& tabs) : Tabs(tabs) { Tabs.setUpdatesEnabled(false); }
-  ~TStillTabs() { Tabs.setUpdatesEnabled(true); }
-  TStillTabs(const TStillTabs&) = delete;
-  TStillTabs& operator=(const TStillTabs&) = delete;
+struct TPausedPainting {
+  explicit TPausedPainting(QWidget& tabs) : Tabs(tabs) { Tabs.setUpdatesEnabled(false); }
+  ~TPausedPainting() { Tabs.setUpdatesEnabled(true); }
+  TPausedPainting(const TPausedPainting&) = delete;
+  TPausedPainting& operator=(const TPausedPainting&) = delete;
   QWidget& Tabs;
 };
 
@@ -93,15 +94,13 @@ std::vector<fs::path> TProjectTabs::Files() const {
 }
 
 bool TProjectTabs::Open(const fs::path& file) {
-  const fs::path wanted = Canonical(file);
-  for (const TProjectTab& tab : FProjects) {
-    if (Canonical(tab.Project->GivenFileName()) != wanted)
-      continue;
-    FTabs.setCurrentIndex(FTabs.IndexOf(*tab.Controls));
-    return true;
-  }
   try {
-    return Show(Read(file), -1);
+    if (const TOpenProject* open = FSession.FindOpen(file)) {
+      FTabs.setCurrentIndex(FTabs.IndexOf(*ControlsOf(*open)));
+      return true;
+    }
+    Show(Read(file), -1);
+    return true;
   } catch (const std::exception& error) {
     ShowError(tr("Open Project"),
               tr("%1 cannot be opened.\n\n%2").arg(PathToQString(file), ErrorText(error)),
@@ -116,23 +115,21 @@ TOpenProject& TProjectTabs::Read(const fs::path& file) {
 }
 
 // What fails here leaves no project without a tab behind.
-bool TProjectTabs::Show(TOpenProject& project, int index) {
+void TProjectTabs::Show(TOpenProject& project, int index) {
   TFormControls* controls = nullptr;
   const auto added = connect(&FTabs, &TEditorTabs::Added, this,
                              [&controls](TFormControls* made) { controls = made; });
   try {
     project.Deployment();
     FSession.ShowDeployment(project);
+    if (!controls)
+      throw deployment::TInputError("the package shows no Deployment Manager for it");
   } catch (const std::exception&) {
     disconnect(added);
     FSession.Close(project);
     throw;
   }
   disconnect(added);
-  if (!controls) {
-    FSession.Close(project);
-    return false;
-  }
   ChooseActiveTarget(project, *controls);
   FProjects.push_back({&project, controls, std::make_unique<TProjectEdits>(project)});
   const int shown = FTabs.IndexOf(*controls);
@@ -143,7 +140,6 @@ bool TProjectTabs::Show(TOpenProject& project, int index) {
   emit Opened(&project);
   ShowModified();
   emit Changed();
-  return true;
 }
 
 bool TProjectTabs::Save(int index) {
@@ -173,7 +169,7 @@ bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
   bool saved = false;
   try {
     tab.Edits->EndStep(tab.Controls->TakeCommand());
-    const TStillTabs still(FTabs);
+    const TPausedPainting still(FTabs);
     FBackground.Run([&project = *tab.Project, force] {
       project.Save(force);
       project.HasChanges(); // takes what was written as the new text, which is work too
@@ -275,7 +271,8 @@ bool TProjectTabs::ReadAnew(int index) {
   const fs::path file = project.GivenFileName();
   try {
     Shut(project);
-    return Show(Read(file), index);
+    Show(Read(file), index);
+    return true;
   } catch (const std::exception& error) {
     ShowError(tr("Reload Project"),
               tr("%1 cannot be read any more and was closed. Mend the file, then open it "

@@ -70,7 +70,7 @@ private:
 
   TProjectTab* TabAt(int index);
   TOpenProject& Read(const std::filesystem::path& file);
-  bool Show(TOpenProject& project, int index);
+  void Show(TOpenProject& project, int index);
   bool Write(const TProjectTab& tab, bool force);
   bool MayClose(int index);
   void Shut(const TOpenProject& project);

@@ -7,19 +7,19 @@
 namespace workbench {
 namespace {
 
-constexpr std::chrono::milliseconds RestInterval(300);
+constexpr std::chrono::milliseconds ChangeDelay(300);
 
 } // namespace
 
 TProjectWatcher::TProjectWatcher() {
-  FRest.setSingleShot(true);
-  FRest.setInterval(RestInterval);
-  const auto stir = [this] { FRest.start(); };
+  FDelay.setSingleShot(true);
+  FDelay.setInterval(ChangeDelay);
+  const auto stir = [this] { FDelay.start(); };
   connect(&FWatcher, &QFileSystemWatcher::fileChanged, this, stir);
   connect(&FWatcher, &QFileSystemWatcher::directoryChanged, this, stir);
-  connect(&FRest, &QTimer::timeout, this, [this] {
+  connect(&FDelay, &QTimer::timeout, this, [this] {
     Watch(FFiles); // a file that was replaced is another one
-    emit Stirred();
+    emit FilesChanged();
   });
 }
 

@@ -21,11 +21,11 @@ public:
 
 signals:
   /// Something happened to one of the files or beside it, and has come to rest.
-  void Stirred();
+  void FilesChanged();
 
 private:
   QFileSystemWatcher FWatcher;
-  QTimer FRest;
+  QTimer FDelay;
   std::vector<std::filesystem::path> FFiles;
 };
 

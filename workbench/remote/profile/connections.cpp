@@ -21,7 +21,7 @@ std::shared_ptr<TSshMachine> TConnections::MachineOf(const TProfile& profile) {
   // A profile that says something else now leads somewhere else.
   if (!machine || machine->Profile() != profile) {
     try {
-      machine = std::make_shared<TSshMachine>(profile, FIsWindows(profile.Platform), FPrompts);
+      machine = std::make_shared<TSshMachine>(profile, FPrompts);
     } catch (const std::system_error& error) {
       throw TConnectionError(error.what());
     }

@@ -6,7 +6,6 @@
 #include "workbench/remote/target/profile.h"
 
 #include <atomic>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -17,11 +16,6 @@ namespace workbench {
 /// May be used by several threads.
 class TConnections {
 public:
-  /// True for platforms whose machines run Windows.
-  using TIsWindows = std::function<bool(const std::string& platform)>;
-
-  explicit TConnections(TIsWindows isWindows) : FIsWindows(std::move(isWindows)) {}
-
   /// The questions that are asked from now on; what is open stays as it is for its holder.
   void SetPrompts(TPrompts prompts);
   /// A connection to the machine of a profile. Throws TConnectionError. `cancelled`, when it is
@@ -37,7 +31,6 @@ public:
 private:
   std::shared_ptr<TSshMachine> MachineOf(const TProfile& profile);
 
-  const TIsWindows FIsWindows;
   std::mutex FMutex;
   TPrompts FPrompts;
   std::unordered_map<std::string, std::shared_ptr<TSshMachine>> FMachines; // by name of the profile

@@ -10,7 +10,8 @@ nlohmann::ordered_json ProfileToJson(const TProfile& profile) {
                                {"kind", ProfileKindName(profile.Kind)},
                                {"path", profile.Path},
                                {"default", profile.IsDefault},
-                               {"allowOutside", profile.AllowOutside}};
+                               {"allowOutside", profile.AllowOutside},
+                               {"stateless", profile.Stateless}};
   if (profile.Kind == TProfileKind::Ssh) {
     value["host"] = profile.Host;
     value["port"] = profile.Port;
@@ -31,6 +32,7 @@ TProfile ProfileFromJson(const nlohmann::ordered_json& value) {
   profile.Path = value.at("path").get<std::string>();
   profile.IsDefault = value.value("default", false);
   profile.AllowOutside = value.value("allowOutside", false);
+  profile.Stateless = value.value("stateless", false);
   profile.Host = value.value("host", std::string());
   profile.Port = value.value("port", profile.Port);
   profile.User = value.value("user", std::string());

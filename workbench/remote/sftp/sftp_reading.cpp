@@ -1,13 +1,26 @@
 #include "workbench/remote/sftp/sftp_reading.h"
 
-#include <cstdint>
-#include <vector>
+#include "workbench/files/sha256.h"
+
+#include <memory>
+#include <string_view>
+#include <utility>
 
 namespace workbench {
 namespace {
 
 constexpr std::size_t MostFiles = 64;                          // open at a time
 constexpr std::uint32_t BlockSize = std::uint32_t(255) * 1024; // a server may give less
+
+// Takes what is read. The bytes of each file come in their order, those of different files mixed.
+class IFileSink {
+public:
+  virtual ~IFileSink() = default;
+  // False when no more of this file is wanted.
+  virtual bool Bytes(std::size_t file, std::string_view bytes) = 0;
+  // The file is over; called once for each. Ok: it was read to its end or as far as it was wanted.
+  virtual void Done(std::size_t file, TSftpStatus status) = 0;
+};
 
 class TReading final : public ISftpExchange {
 public:
@@ -80,11 +93,71 @@ private:
   std::size_t FOpen = 0;
 };
 
-} // namespace
-
 void ReadFiles(TSftpChannel& channel, std::span<const std::string> paths, IFileSink& sink) {
   TReading reading(paths, sink);
   channel.Run(reading);
+}
+
+class THashing final : public IFileSink {
+public:
+  explicit THashing(std::size_t count) : Hashes(count), FDigests(count) {}
+
+  bool Bytes(std::size_t file, std::string_view bytes) override {
+    DigestOf(file).Add(bytes);
+    return true;
+  }
+  void Done(std::size_t file, TSftpStatus status) override {
+    if (status == TSftpStatus::Ok)
+      Hashes[file] = DigestOf(file).Text();
+    FDigests[file].reset();
+  }
+
+  std::vector<std::string> Hashes;
+
+private:
+  TSHA256& DigestOf(std::size_t file) {
+    if (!FDigests[file])
+      FDigests[file] = std::make_unique<TSHA256>();
+    return *FDigests[file];
+  }
+
+  std::vector<std::unique_ptr<TSHA256>> FDigests;
+};
+
+class TReadingOne final : public IFileSink {
+public:
+  explicit TReadingOne(std::uint64_t limit) : FLimit(limit) {}
+
+  bool Bytes(std::size_t /*file*/, std::string_view bytes) override {
+    Content.Text.append(bytes);
+    return Content.Text.size() <= FLimit;
+  }
+  void Done(std::size_t /*file*/, TSftpStatus status) override {
+    Content.IsThere = status != TSftpStatus::NoSuchFile;
+    if (status != TSftpStatus::Ok && Content.IsThere)
+      Content.Problem = "reading it: " + SftpStatusText(status);
+    else if (Content.Text.size() > FLimit)
+      Content.Problem = "it is larger than " + std::to_string(FLimit) + " bytes";
+  }
+
+  TRemoteContent Content;
+
+private:
+  std::uint64_t FLimit;
+};
+
+} // namespace
+
+std::vector<std::string> HashFiles(TSftpChannel& channel, std::span<const std::string> paths) {
+  THashing hashing(paths.size());
+  ReadFiles(channel, paths, hashing);
+  return std::move(hashing.Hashes);
+}
+
+TRemoteContent ReadWholeFile(TSftpChannel& channel, const std::string& path, std::uint64_t limit) {
+  TReadingOne reading(limit);
+  ReadFiles(channel, {&path, 1}, reading);
+  return std::move(reading.Content);
 }
 
 } // namespace workbench

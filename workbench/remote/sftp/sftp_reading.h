@@ -2,26 +2,20 @@
 #pragma once
 
 #include "workbench/remote/sftp/sftp_channel.h"
+#include "workbench/remote/target/remote_connection.h"
 
-#include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace workbench {
 
-/// Takes what is read. The bytes of each file come in their order, those of different files mixed.
-class IFileSink {
-public:
-  virtual ~IFileSink() = default;
-  /// False when no more of this file is wanted.
-  virtual bool Bytes(std::size_t file, std::string_view bytes) = 0;
-  /// The file is over; called once for each. `status` is Ok when it was read to its end or as far
-  /// as it was wanted.
-  virtual void Done(std::size_t file, TSftpStatus status) = 0;
-};
+/// SHA-256 of the files of these full paths, hexadecimal; empty for one that cannot be read. Throws
+/// TConnectionError.
+std::vector<std::string> HashFiles(TSftpChannel& channel, std::span<const std::string> paths);
 
-/// Reads the files of these full paths. Throws TConnectionError.
-void ReadFiles(TSftpChannel& channel, std::span<const std::string> paths, IFileSink& sink);
+/// The content of a file of at most that many bytes. Throws TConnectionError.
+TRemoteContent ReadWholeFile(TSftpChannel& channel, const std::string& path, std::uint64_t limit);
 
 } // namespace workbench

@@ -83,8 +83,8 @@ TProcessStart TSshCommands::Command(const std::string& command) const {
   return start;
 }
 
-TSshMachine::TSshMachine(TProfile profile, bool isWindows, TPrompts prompts)
-    : FProfile(std::move(profile)), FIsWindows(isWindows), FPrompts(std::move(prompts)),
+TSshMachine::TSshMachine(TProfile profile, TPrompts prompts)
+    : FProfile(std::move(profile)), FPrompts(std::move(prompts)),
       FCommands(FProfile, NewControlPath()) {}
 
 TSshMachine::~TSshMachine() {
@@ -184,13 +184,12 @@ std::unique_ptr<TSftpConnection> TSshMachine::Open(const TProcessStart& sftp, bo
       .Sftp = sftp,
       .Exec = [commands = FCommands](const std::string& line) { return commands.Command(line); },
       .Root = FProfile.Path,
-      .IsWindows = FIsWindows,
       .IsFirst = isFirst};
   // The client gives up by itself when nobody is there; a person who is asked may take longer.
   machine.Greeting = isFirst ? std::chrono::seconds(FProfile.ConnectTimeout) + LongestLogIn
                              : std::chrono::seconds(FProfile.ConnectTimeout) + machine.Silence;
   try {
-    return std::make_unique<TSftpConnection>(std::move(machine), FParts, cancelled);
+    return std::make_unique<TSftpConnection>(std::move(machine), FFacts, cancelled);
   } catch (const std::system_error& error) {
     throw TConnectionError(std::string("the SSH client cannot be run: ") + error.what());
   }

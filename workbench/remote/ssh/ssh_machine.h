@@ -46,7 +46,7 @@ std::filesystem::path NewControlPath();
 /// Connections to one machine. May be used by several threads.
 class TSshMachine : public std::enable_shared_from_this<TSshMachine> {
 public:
-  TSshMachine(TProfile profile, bool isWindows, TPrompts prompts);
+  TSshMachine(TProfile profile, TPrompts prompts);
   ~TSshMachine();
   TSshMachine(const TSshMachine&) = delete;
   TSshMachine& operator=(const TSshMachine&) = delete;
@@ -69,10 +69,9 @@ private:
   void GiveBack(std::unique_ptr<TSftpConnection> connection);
 
   const TProfile FProfile;
-  const bool FIsWindows;
   const TPrompts FPrompts;
   const TSshCommands FCommands;
-  const std::shared_ptr<TUnfinishedParts> FParts = std::make_shared<TUnfinishedParts>();
+  const std::shared_ptr<TMachineFacts> FFacts = std::make_shared<TMachineFacts>();
   std::atomic<int> FNobodyWaits = 0; // for what is prepared
   std::mutex FConnecting;            // held while the first one is opened; guards the next field
   std::future<std::unique_ptr<TSftpConnection>> FPrepared;

@@ -25,7 +25,9 @@ TTargetRecord Record() {
                                   .Time = -3,
                                   .Hash = Hash,
                                   .Mode = 0755,
-                                  .Run = "2"};
+                                  .Run = "2",
+                                  .Platform = "Win64",
+                                  .Configuration = "Debug"};
   record.Owed["demo/a b.dat"] = {"systemctl restart app", "true"};
   return record;
 }
@@ -36,6 +38,10 @@ std::string WithFile(const std::string& path, const std::string& size = "1",
   return R"({"format":1,"project":"p","platform":"x","configuration":"c","runs":[],"files":{")" +
          path + R"(":{"localName":"a","class":"File","size":)" + size + R"(,"time":1,"sha256":")" +
          hash + R"(","mode":")" + mode + R"(","run":"1"}}})";
+}
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+  return text.replace(text.find(from), from.size(), to);
 }
 
 TEST(TargetRecord, ComesBackAsItWasWritten) {

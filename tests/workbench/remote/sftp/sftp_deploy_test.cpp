@@ -35,12 +35,11 @@ protected:
     try {
       TSftpMachine machine = Machine();
       machine.Sftp = ServerThatDies(blocks);
-      TSftpConnection connection(machine, Parts);
+      TSftpConnection connection(machine, Facts);
       Run = std::make_unique<TTestRun>();
-      Run->Report.Rows = RowsOf(plan);
-      Run->Options.Jobs = 1;
-      ExecuteDeployPlan(
-          plan, connection, [this] { return Connect(); }, Place.Local(), *Run);
+      Run->Jobs = 1;
+      Run->Execute(
+          plan, connection, [this] { return Connect(); }, Place.Local());
       return std::ranges::any_of(Run->Report.Rows, [](const TDeployRow& row) {
         return row.Action == TDeployAction::Failed;
       });

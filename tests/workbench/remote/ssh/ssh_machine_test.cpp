@@ -42,8 +42,9 @@ TEST(SshCommands, TellTheClientWhatTheProfileSays) {
 
 TEST(SshCommands, ShareOneConnection) {
   const TSshCommands commands(Lab(), "/run/s");
-  for (const TTexts& command : {commands.FirstConnection({}).Command, commands.FurtherConnection().Command,
-                                commands.Command("x").Command})
+  for (const TTexts& command :
+       {commands.FirstConnection({}).Command, commands.FurtherConnection().Command,
+        commands.Command("x").Command})
     EXPECT_TRUE(Has(command, "-oControlPath=/run/s"));
   EXPECT_TRUE(Has(commands.FirstConnection({}).Command, "-oControlMaster=yes"));
   EXPECT_TRUE(Has(commands.FurtherConnection().Command, "-oControlMaster=no"));
@@ -92,7 +93,7 @@ TEST(SshMachine, PassesOnWhyTheFirstConnectionFails) {
   profile.Host = "127.0.0.1";
   profile.Port = 1; // nobody listens there
   profile.SshOptions = {};
-  const auto machine = std::make_shared<TSshMachine>(profile, false, TPrompts());
+  const auto machine = std::make_shared<TSshMachine>(profile, TPrompts());
   machine->Prepare();
   for (int attempt = 0; attempt < 2; ++attempt) {
     try {

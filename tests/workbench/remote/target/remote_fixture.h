@@ -15,14 +15,6 @@
 
 namespace workbench::testing {
 
-/// Hears nothing.
-class TNoObserver : public IDeployObserver {
-public:
-  void Planned(const std::vector<TDeployRow>& /*rows*/) override {}
-  void BytesSent(std::uint64_t /*count*/) override {}
-  void RowDone(std::size_t /*index*/, const TDeployRow& /*row*/) override {}
-};
-
 /// How a plan is to be carried out, and what comes of it.
 struct TTestRun {
   unsigned Jobs = 0;
@@ -32,7 +24,7 @@ struct TTestRun {
 
   void Execute(const TDeployPlan& plan, IRemoteConnection& connection, const TConnect& connect,
                const std::filesystem::path& directory) {
-    TNoObserver nobody;
+    TSilentObserver nobody;
     Report.Rows = RowsOf(plan);
     ExecuteDeployPlan(plan,
                       {.Connection = connection,
@@ -86,14 +78,17 @@ public:
 
   TDeployPlan Plan(std::vector<TDeployFile> files, const TPlanOptions& options = {}) const {
     TFolderConnection connection(Target());
-    return MakeDeployPlan(std::move(files), options,
-                          [&]() -> IRemoteConnection& { return connection; });
+    return MakeDeployPlan(
+        std::move(files), options, [&]() -> IRemoteConnection& { return connection; },
+        [this] { return Record; });
   }
   void Execute(const TDeployPlan& plan, TTestRun& run) const {
     TFolderConnection connection(Target());
     const TConnect connect = [this] { return std::make_unique<TFolderConnection>(Target()); };
     run.Execute(plan, connection, connect, Local());
   }
+
+  TTargetRecord Record = {}; ///< what plans know of earlier deploys
 
 private:
   std::filesystem::path FDirectory;

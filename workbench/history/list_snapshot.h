@@ -15,7 +15,7 @@ namespace workbench {
 
 /// Where changes are looked for.
 enum class TLook {
-  WhereTold, ///< at what listeners heard of
+  Notified,  ///< at what listeners heard of
   Everywhere ///< at every entry, since a record that is made with default values is told to nobody
 };
 
@@ -45,7 +45,7 @@ struct TEntryState {
 };
 
 /// What happened to entries that are still at hand.
-struct TShadowChange {
+struct TSnapshotChange {
   struct TEntry {
     std::shared_ptr<deployment::IProjectDeploymentFile> File;
     std::optional<TEntryState> Before;
@@ -65,23 +65,23 @@ struct TShadowChange {
 };
 
 /// The change seen from the state where `direction` starts, in full records.
-TListChange ListChangeOf(const TShadowChange& change, TDirection direction);
+TListChange ListChangeOf(const TSnapshotChange& change, TDirection direction);
 
 /// Listens to a deployment, which must outlive it, and shares its entries.
-class TEntryShadow {
+class TListSnapshot {
 public:
   /// Takes down the whole list. Throws what reading the default deployment throws.
-  explicit TEntryShadow(deployment::IProjectDeployment& deployment);
-  ~TEntryShadow();
-  TEntryShadow(const TEntryShadow&) = delete;
-  TEntryShadow& operator=(const TEntryShadow&) = delete;
+  explicit TListSnapshot(deployment::IProjectDeployment& deployment);
+  ~TListSnapshot();
+  TListSnapshot(const TListSnapshot&) = delete;
+  TListSnapshot& operator=(const TListSnapshot&) = delete;
 
   /// What is different now; from here on that is how it is.
-  TShadowChange Collect(TLook look);
+  TSnapshotChange Collect(TLook look);
   /// Brings the deployment from one side of the change to the other, while it is as this object
   /// knows it. Listeners hear nothing. Returns an entry that was concerned and is held now, or
   /// null.
-  deployment::IProjectDeploymentFile* Restore(const TShadowChange& change, TDirection direction);
+  deployment::IProjectDeploymentFile* Restore(const TSnapshotChange& change, TDirection direction);
   /// How many entries the last Collect looked at.
   std::size_t LookedAt() const { return FLookedAt; }
 
@@ -93,14 +93,14 @@ private:
   };
   class TListener;
 
-  void CollectOrder(TShadowChange& change);
-  void CollectValues(TShadowChange& change, const deployment::TDeploymentFiles& concerned);
+  void CollectOrder(TSnapshotChange& change);
+  void CollectValues(TSnapshotChange& change, const deployment::TDeploymentFiles& concerned);
   deployment::TDeploymentFiles Modified() const;
-  void CollectClasses(TShadowChange& change);
+  void CollectClasses(TSnapshotChange& change);
   TEntryState NewState(TFile& file, const TEntryState* before);
   TEntryKey KeyOf(const TFile& file) const;
-  TFile* RestoreEntries(const TShadowChange& change, TDirection direction);
-  void RestoreOrder(const TShadowChange& change, TDirection direction);
+  TFile* RestoreEntries(const TSnapshotChange& change, TDirection direction);
+  void RestoreOrder(const TSnapshotChange& change, TDirection direction);
 
   deployment::IProjectDeployment& FDeployment;
   std::shared_ptr<TListener> FListener;

@@ -1,4 +1,4 @@
-#include "workbench/history/entry_shadow.h"
+#include "workbench/history/list_snapshot.h"
 
 #include "workbench/history/entry_restore.h"
 
@@ -12,7 +12,7 @@ using deployment::IProjectDeploymentFile;
 using deployment::TDeploymentFiles;
 
 using TFileSet = std::unordered_set<const IProjectDeploymentFile*>;
-using TPlaces = TShadowChange::TPlaces;
+using TPlaces = TSnapshotChange::TPlaces;
 
 // The part of two lists between what they have in common at their ends.
 struct TMiddle {
@@ -87,7 +87,7 @@ std::optional<TEntryRecord> RecordIn(const std::optional<TEntryState>& state) {
 
 } // namespace
 
-class TEntryShadow::TListener final : public deployment::IProjectDeploymentNotifier {
+class TListSnapshot::TListener final : public deployment::IProjectDeploymentNotifier {
 public:
   void ItemChanged(deployment::IProjectDeploymentItem& item,
                    deployment::TDeploymentItemAction action) override {
@@ -126,7 +126,7 @@ private:
   TFileSet Known;
 };
 
-TListChange ListChangeOf(const TShadowChange& change, TDirection direction) {
+TListChange ListChangeOf(const TSnapshotChange& change, TDirection direction) {
   const bool back = direction == TDirection::Back;
   const TPlaces& places = back ? change.Taken : change.Put;
   std::unordered_map<const IProjectDeploymentFile*, TEntryDifference> placed;
@@ -134,7 +134,7 @@ TListChange ListChangeOf(const TShadowChange& change, TDirection direction) {
     placed[file.get()].Position = place;
   TListChange list;
   list.Entries.reserve(change.Entries.size());
-  for (const TShadowChange::TEntry& entry : change.Entries) {
+  for (const TSnapshotChange::TEntry& entry : change.Entries) {
     TEntryDifference difference{RecordIn(entry.Before), RecordIn(entry.After), std::nullopt};
     if (back)
       std::swap(difference.Before, difference.After);
@@ -152,7 +152,7 @@ TListChange ListChangeOf(const TShadowChange& change, TDirection direction) {
   return list;
 }
 
-TEntryShadow::TEntryShadow(deployment::IProjectDeployment& deployment)
+TListSnapshot::TListSnapshot(deployment::IProjectDeployment& deployment)
     : FDeployment(deployment), FListener(std::make_shared<TListener>()),
       FOrder(deployment.GetFiles()), FClasses(deployment.GetClasses()),
       FClassRecords(std::make_shared<const TClassRecords>(ClassRecordsOf(deployment))) {
@@ -162,14 +162,14 @@ TEntryShadow::TEntryShadow(deployment::IProjectDeployment& deployment)
   FListenerIndex = deployment.AddNotifier(FListener);
 }
 
-TEntryShadow::~TEntryShadow() {
+TListSnapshot::~TListSnapshot() {
   FDeployment.RemoveNotifier(FListenerIndex);
 }
 
-TShadowChange TEntryShadow::Collect(TLook look) {
+TSnapshotChange TListSnapshot::Collect(TLook look) {
   FLookedAt = 0;
   const bool everywhere = look == TLook::Everywhere || FListener->Everything;
-  TShadowChange change;
+  TSnapshotChange change;
   if (everywhere || FListener->Order)
     CollectOrder(change);
   CollectValues(change, everywhere ? FOrder : Modified());
@@ -178,7 +178,7 @@ TShadowChange TEntryShadow::Collect(TLook look) {
   return change;
 }
 
-void TEntryShadow::CollectOrder(TShadowChange& change) {
+void TListSnapshot::CollectOrder(TSnapshotChange& change) {
   TDeploymentFiles order = FDeployment.GetFiles();
   const TMiddle middle(FOrder, order);
   const TFileSet before = SetOf(FOrder, middle.Start, middle.BeforeEnd);
@@ -198,7 +198,7 @@ void TEntryShadow::CollectOrder(TShadowChange& change) {
   for (const auto& [place, file] : change.Put) {
     const auto node = FNodes.find(file.get());
     const TEntryState* former = node == FNodes.end() ? nullptr : &node->second.State;
-    TShadowChange::TEntry entry{file, std::nullopt, NewState(*file, former)};
+    TSnapshotChange::TEntry entry{file, std::nullopt, NewState(*file, former)};
     if (former)
       entry.Before = *former;
     FNodes.insert_or_assign(file.get(), TNode{file, *entry.After});
@@ -219,7 +219,7 @@ void TEntryShadow::CollectOrder(TShadowChange& change) {
   }
 }
 
-TDeploymentFiles TEntryShadow::Modified() const {
+TDeploymentFiles TListSnapshot::Modified() const {
   TDeploymentFiles files;
   files.reserve(FListener->Modified.size());
   for (const TFile* file : FListener->Modified) {
@@ -230,7 +230,7 @@ TDeploymentFiles TEntryShadow::Modified() const {
 }
 
 // What came with the order is as it is now already.
-void TEntryShadow::CollectValues(TShadowChange& change, const TDeploymentFiles& concerned) {
+void TListSnapshot::CollectValues(TSnapshotChange& change, const TDeploymentFiles& concerned) {
   for (const auto& file : concerned) {
     TNode& node = FNodes.at(file.get());
     TEntryState state = NewState(*file, &node.State);
@@ -242,7 +242,7 @@ void TEntryShadow::CollectValues(TShadowChange& change, const TDeploymentFiles& 
   }
 }
 
-TEntryState TEntryShadow::NewState(TFile& file, const TEntryState* before) {
+TEntryState TListSnapshot::NewState(TFile& file, const TEntryState* before) {
   ++FLookedAt;
   const TEntryRecord record = RecordOf(file);
   TEntryState state{Pack(record), nullptr};
@@ -259,7 +259,7 @@ TEntryState TEntryShadow::NewState(TFile& file, const TEntryState* before) {
   return state;
 }
 
-void TEntryShadow::CollectClasses(TShadowChange& change) {
+void TListSnapshot::CollectClasses(TSnapshotChange& change) {
   deployment::TDeploymentClasses classes = FDeployment.GetClasses();
   if (classes == FClasses && !FListener->Classes)
     return;
@@ -271,9 +271,9 @@ void TEntryShadow::CollectClasses(TShadowChange& change) {
   change.ClassesAfter = std::move(records);
 }
 
-deployment::IProjectDeploymentFile* TEntryShadow::Restore(const TShadowChange& change,
-                                                          TDirection direction) {
-  const TSilence silence(FDeployment);
+deployment::IProjectDeploymentFile* TListSnapshot::Restore(const TSnapshotChange& change,
+                                                           TDirection direction) {
+  const TBlockedNotification silence(FDeployment);
   TFile* held = RestoreEntries(change, direction);
   RestoreOrder(change, direction);
   if (change.ClassesBefore) {
@@ -285,17 +285,17 @@ deployment::IProjectDeploymentFile* TEntryShadow::Restore(const TShadowChange& c
 }
 
 // What goes makes room for the keys of what comes.
-TEntryShadow::TFile* TEntryShadow::RestoreEntries(const TShadowChange& change,
-                                                  TDirection direction) {
+TListSnapshot::TFile* TListSnapshot::RestoreEntries(const TSnapshotChange& change,
+                                                    TDirection direction) {
   const bool back = direction == TDirection::Back;
   TFile* held = nullptr;
-  for (const TShadowChange::TEntry& entry : change.Entries) {
+  for (const TSnapshotChange::TEntry& entry : change.Entries) {
     if (back ? !entry.Before : !entry.After) {
       FDeployment.RemoveFileEntry(*entry.File);
       FNodes.erase(entry.File.get());
     }
   }
-  for (const TShadowChange::TEntry& entry : change.Entries) {
+  for (const TSnapshotChange::TEntry& entry : change.Entries) {
     const std::optional<TEntryState>& from = back ? entry.After : entry.Before;
     const std::optional<TEntryState>& to = back ? entry.Before : entry.After;
     if (!to)
@@ -309,7 +309,7 @@ TEntryShadow::TFile* TEntryShadow::RestoreEntries(const TShadowChange& change,
   return held;
 }
 
-void TEntryShadow::RestoreOrder(const TShadowChange& change, TDirection direction) {
+void TListSnapshot::RestoreOrder(const TSnapshotChange& change, TDirection direction) {
   if (change.Taken.empty() && change.Put.empty())
     return;
   FOrder = direction == TDirection::Back ? Rearranged(FOrder, change.Put, change.Taken)
@@ -317,7 +317,7 @@ void TEntryShadow::RestoreOrder(const TShadowChange& change, TDirection directio
   PutInOrder(FDeployment, FOrder, [this](const TFile& file) { return KeyOf(file); });
 }
 
-TEntryKey TEntryShadow::KeyOf(const TFile& file) const {
+TEntryKey TListSnapshot::KeyOf(const TFile& file) const {
   const TEntryState& state = FNodes.at(&file).State;
   return state.Key ? *state.Key : Unpack(state.Packed).Names;
 }

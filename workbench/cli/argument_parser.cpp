@@ -1,0 +1,276 @@
+#include "workbench/cli/argument_parser.h"
+
+#include "workbench/cli/context/name_hint.h"
+#include "workbench/cli/context/options.h"
+#include "workbench/text/utf8.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <sstream>
+#include <utility>
+
+#ifndef DEPLOYMENT_VERSION
+#define DEPLOYMENT_VERSION "unknown"
+#endif
+
+namespace workbench {
+namespace {
+
+constexpr const char* Description =
+    "Keeps the list of files that must reach each target platform of a project.";
+constexpr const char* MainFooter =
+    "Run \"deploymgr COMMAND --help\" for the options of a command.\n"
+    "Exit status: 0 done, 1 the work failed, 2 wrong usage, 3 an input cannot be read.";
+
+// The parser takes the text "[a,b]" for a list of two, so it is given such a text behind a guard.
+constexpr char Guard = '\x01';
+
+std::string Guarded(const std::string& text) {
+  const bool isGuarded = text.starts_with('[') || text.starts_with(Guard);
+  return isGuarded ? Guard + text : text;
+}
+
+std::string Unguarded(const std::string& text) {
+  return text.starts_with(Guard) ? text.substr(1) : text;
+}
+
+std::string WithoutGuards(std::string message) {
+  std::erase(message, Guard);
+  return message;
+}
+
+class TOption final : public IOption {
+public:
+  explicit TOption(CLI::Option* option) : FOption(option) {}
+
+  IOption& Required() override {
+    FOption->required();
+    return *this;
+  }
+  IOption& ValueName(const std::string& name) override {
+    FOption->type_name(name);
+    return *this;
+  }
+  IOption& ShowDefault() override {
+    FOption->capture_default_str();
+    return *this;
+  }
+  IOption& Hidden() override {
+    FOption->group("");
+    return *this;
+  }
+  std::string Name() const override { return FOption->get_name(); }
+  bool IsGiven() const override { return FOption->count() > 0; }
+
+private:
+  CLI::Option* FOption;
+};
+
+class TOptions final : public IOptions {
+public:
+  explicit TOptions(CLI::App& app) : FApp(app) {}
+
+  IOption& Flag(const std::string& name, bool& value, const std::string& help) override {
+    return Declared(FApp.add_flag(name, value, help));
+  }
+
+  IOption& Text(const std::string& name, std::string& value, const std::string& help) override {
+    return Declared(AddText(name, value, help));
+  }
+
+  IOption& Texts(const std::string& name, std::vector<std::string>& values,
+                 const std::string& help) override {
+    const auto store = [&values](const CLI::results_t& given) {
+      values.clear();
+      for (const std::string& text : given)
+        values.push_back(Unguarded(text));
+      return true;
+    };
+    CLI::Option* option = FApp.add_option(name, store, help);
+    option->type_name("TEXT")->expected(CLI::detail::expected_max_vector_size);
+    option->allow_extra_args(!name.starts_with('-'));
+    return Declared(option);
+  }
+
+  IOption& Choice(const std::string& name, std::string& value,
+                  const std::vector<std::string>& choices, const std::string& help) override {
+    return Declared(AddText(name, value, help)->check(CLI::IsMember(choices)));
+  }
+
+  IOption& Number(const std::string& name, unsigned& value, int least, int most,
+                  const std::string& help) override {
+    return Declared(FApp.add_option(name, value, help)->check(CLI::Range(least, most)));
+  }
+
+  void Footer(const std::string& text) override { FApp.footer(text); }
+
+private:
+  CLI::Option* AddText(const std::string& name, std::string& value, const std::string& help) {
+    const auto store = [&value](const CLI::results_t& given) {
+      value = Unguarded(given.front());
+      return true;
+    };
+    CLI::Option* option = FApp.add_option(name, store, help);
+    option->type_name("TEXT")->default_function([&value] { return value; });
+    return option;
+  }
+
+  IOption& Declared(CLI::Option* option) {
+    FDeclared.push_back(std::make_unique<TOption>(option));
+    return *FDeclared.back();
+  }
+
+  CLI::App& FApp;
+  std::vector<std::unique_ptr<IOption>> FDeclared;
+};
+
+void AddCommonOptions(IOptions& app, TCommonOptions& options) {
+  app.Text("-c,--config", options.Configuration, "Build configuration; \"\" is \"Base\"")
+      .ValueName("NAME");
+  app.Text("-p,--platform", options.Platform, "Target platform, or \"all\"").ValueName("NAME");
+  app.Flag("--json", options.Json, "Print one JSON document");
+  app.Flag("--quiet", options.Quiet, "Print the document of --json and errors only; ask nothing");
+  app.Flag("--no-color", options.NoColor, "Print without colours");
+  app.Text("--root", options.Root, "Directory that holds ObjRepos").ValueName("DIR");
+}
+
+// The arguments in the order in which the parser takes them, the last one first. An empty value
+// behind "=" stands alone, since the parser would miss it.
+std::vector<std::string> ParserArguments(int argc, const char* const* argv) {
+  std::vector<std::string> arguments;
+  bool names = false;
+  for (int i = 1; i < argc; ++i) {
+    std::string argument = argv[i];
+    names = names || argument == "--";
+    const bool emptyValue =
+        !names && argument.starts_with("--") && argument.find('=') == argument.size() - 1;
+    if (emptyValue)
+      argument.pop_back();
+    arguments.push_back(Guarded(argument));
+    if (emptyValue)
+      arguments.emplace_back();
+  }
+  std::reverse(arguments.begin(), arguments.end());
+  return arguments;
+}
+
+void SetInformation(CLI::App& app) {
+  app.set_help_flag("-h,--help", "Print this help and end");
+  app.set_version_flag("--version", std::string("deploymgr ") + DEPLOYMENT_VERSION);
+}
+
+} // namespace
+
+class TArgumentParser::TCommandLine {
+public:
+  TCommandLine(TCommonOptions& common, std::vector<std::unique_ptr<ICommand>> commands)
+      : FApp(Description, "deploymgr"), FCommon(common) {
+    FApp.footer(MainFooter);
+    FApp.require_subcommand(1);
+    SetInformation(FApp);
+    AddCommonOptions(OptionsOf(FApp), common);
+    for (std::unique_ptr<ICommand>& command : commands) {
+      CLI::App* sub = FApp.add_subcommand(command->Name(), command->Summary());
+      SetInformation(*sub);
+      IOptions& options = OptionsOf(*sub);
+      command->AddOptions(options);
+      AddCommonOptions(options, common);
+      FCommands.emplace_back(sub, std::move(command));
+    }
+  }
+
+  TParsedArguments Parse(int argc, const char* const* argv) {
+    CheckArguments(argc, argv);
+    try {
+      FApp.parse(ParserArguments(argc, argv));
+    } catch (const CLI::Success& success) {
+      std::ostringstream text;
+      FApp.exit(success, text, text);
+      return {nullptr, text.str()};
+    } catch (const CLI::ParseError& error) {
+      throw TUsageError(WithoutGuards(error.what()));
+    }
+    const auto& [sub, command] = Chosen();
+    CheckValues(*sub);
+    return {command.get(), {}};
+  }
+
+private:
+  using TSubcommand = std::pair<CLI::App*, std::unique_ptr<ICommand>>;
+
+  IOptions& OptionsOf(CLI::App& app) {
+    FOptions.push_back(std::make_unique<TOptions>(app));
+    return *FOptions.back();
+  }
+
+  const TSubcommand& Chosen() const {
+    for (const TSubcommand& each : FCommands) {
+      if (each.first->parsed())
+        return each;
+    }
+    throw TUsageError("no command is given");
+  }
+
+  void CheckArguments(int argc, const char* const* argv) const {
+    for (int i = 1; i < argc; ++i) {
+      if (!IsUtf8(argv[i]))
+        throw TUsageError("argument " + std::to_string(i) + " is not UTF-8 text");
+    }
+    if (argc < 2)
+      throw TUsageError("no command is given; try \"deploymgr --help\"");
+    const std::string first = argv[1];
+    if (!first.empty() && first.front() != '-')
+      CheckCommand(first);
+  }
+
+  void CheckCommand(const std::string& word) const {
+    std::vector<std::string> names;
+    for (const TSubcommand& each : FCommands)
+      names.push_back(each.second->Name());
+    if (std::find(names.begin(), names.end(), word) == names.end())
+      throw TUsageError("there is no command \"" + word + "\"" + HintAt(word, names));
+  }
+
+  // Values that are given without being any, and those given on both sides of the command.
+  void CheckValues(const CLI::App& chosen) {
+    for (const char* name : {"--config", "--platform", "--root"}) {
+      if (FApp.get_option(name)->count() > 0 && chosen.get_option(name)->count() > 0)
+        throw TUsageError(std::string(name) + " is given twice");
+    }
+    if (IsEmpty(chosen, "--platform"))
+      throw TUsageError("the name of the platform is empty");
+    if (IsEmpty(chosen, "--root"))
+      throw TUsageError("the name of the root directory is empty");
+    if (IsEmpty(chosen, "PROJECT"))
+      throw TUsageError("the name of the project file is empty");
+    if (IsEmpty(chosen, "--config"))
+      FCommon.Configuration = deployment::BaseConfiguration;
+  }
+
+  bool IsEmpty(const CLI::App& chosen, const char* name) const {
+    for (const CLI::App* app : {&std::as_const(FApp), &chosen}) {
+      const CLI::Option* option = app->get_option_no_throw(name);
+      if (option && option->count() > 0 && option->results().front().empty())
+        return true;
+    }
+    return false;
+  }
+
+  CLI::App FApp;
+  TCommonOptions& FCommon;
+  std::vector<std::unique_ptr<IOptions>> FOptions;
+  std::vector<TSubcommand> FCommands;
+};
+
+TArgumentParser::TArgumentParser(TCommonOptions& common,
+                                 std::vector<std::unique_ptr<ICommand>> commands)
+    : FCommandLine(std::make_unique<TCommandLine>(common, std::move(commands))) {}
+
+TArgumentParser::~TArgumentParser() = default;
+
+TParsedArguments TArgumentParser::Parse(int argc, const char* const* argv) {
+  return FCommandLine->Parse(argc, argv);
+}
+
+} // namespace workbench
