@@ -30,6 +30,7 @@ room(package/host/module SEES ${FOUNDATION} package/host/plugin)
 # The workbench: of the package it sees the foundation; it loads the rest at run time.
 room(workbench/text SEES package/common)
 room(workbench/files SEES package/common workbench/text)
+room(workbench/json SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/process SEES package/common workbench/files)
 room(workbench/xml SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/msbuild SEES ${FOUNDATION} workbench/files workbench/text workbench/xml)
@@ -47,32 +48,37 @@ room(workbench/remote/ssh SEES ${FOUNDATION} workbench/files workbench/process
   workbench/remote/sftp workbench/remote/target workbench/text)
 set(REMOTE workbench/remote/target workbench/remote/folder workbench/remote/sftp
   workbench/remote/ssh)
-room(workbench/remote/profile SEES ${FOUNDATION} workbench/files ${REMOTE} workbench/text)
-room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/process workbench/remote/target
+room(workbench/remote/profile SEES ${FOUNDATION} workbench/files workbench/json ${REMOTE}
   workbench/text)
-room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files workbench/platforms workbench/process
-  workbench/remote/folder workbench/remote/profile workbench/remote/target workbench/text)
+room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/json workbench/process
+  workbench/remote/target
+  workbench/text)
+room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files
+  workbench/platforms workbench/process workbench/remote/folder workbench/remote/profile
+  workbench/remote/target workbench/text)
 
-room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/text)
+room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/json workbench/text)
 room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files workbench/msbuild
   workbench/platforms workbench/project workbench/remote/profile workbench/remote/ssh
   workbench/remote/target workbench/settings workbench/text workbench/xml)
 room(workbench/session SEES ${FOUNDATION} workbench/files workbench/platforms workbench/project
   workbench/services workbench/settings workbench/text)
-room(workbench/history SEES ${FOUNDATION} workbench/files workbench/session workbench/text)
+room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workbench/session
+  workbench/text)
 
 # deploymgr, the command line.
-room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/msbuild
+room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/json workbench/msbuild
   workbench/platforms workbench/process workbench/project workbench/remote/ssh workbench/services
   workbench/session workbench/text)
-room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/session
-  workbench/text)
+room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/json
+  workbench/session workbench/text)
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
-  workbench/deploy workbench/services workbench/session workbench/text)
+  workbench/deploy workbench/deploy/record workbench/json workbench/services workbench/session
+  workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/cli/view workbench/controls workbench/deploy workbench/deploy/record workbench/files
-  workbench/platforms workbench/project workbench/remote/profile workbench/remote/target workbench/services
-  workbench/session workbench/settings workbench/text)
+  workbench/json workbench/platforms workbench/project workbench/remote/profile
+  workbench/remote/target workbench/services workbench/session workbench/settings workbench/text)
 room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
   workbench/services workbench/session workbench/text)
 room(workbench/askpass SEES workbench/remote/ssh)

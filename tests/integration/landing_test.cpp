@@ -133,8 +133,9 @@ TEST(Status, IsUnknownWhereAFileMayNotBeExamined) {
   std::filesystem::permissions(place.Path("target/demo/locked"), std::filesystem::perms::owner_all);
   ASSERT_EQ(status.Status, 0) << status.Errors;
   for (const auto& row : status.Json()["rows"]) {
-    if (row["localName"] == "a.dat")
+    if (row["localName"] == "a.dat") {
       EXPECT_EQ(row["remoteStatus"], "Unknown");
+    }
   }
 }
 
@@ -156,8 +157,9 @@ TEST(Status, IsUnknownAndEndsWith5WhereTheConnectionBreaks) {
     EXPECT_EQ(status.Status, 5) << status.Errors;
     EXPECT_EQ(status.Output.find("Not Found"), std::string::npos) << bytes << status.Output;
     const auto document = status.Json();
-    if (document.contains("rows"))
+    if (document.contains("rows")) {
       EXPECT_EQ(document["connected"], false);
+    }
   }
   EXPECT_GE(broken, 4U);
 }

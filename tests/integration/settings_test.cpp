@@ -33,6 +33,16 @@ TEST(Settings, AreLeftAloneByADryRunAndByWrongUsage) {
     EXPECT_EQ(place.Run(command).Status, 2) << testing::PrintToString(command);
 }
 
+TEST(Settings, WithANumberThatCannotBeAreNamedByEveryCommand) {
+  TWorkplace place;
+  place.Write("home/.config/deployment-manager/settings.json", "{\n  \"a\": 1e999\n}");
+  const TRun run = place.Run({"settings", "list"});
+  EXPECT_EQ(run.Status, 3);
+  EXPECT_NE(run.Errors.find("settings.json:2: the settings file is damaged: a number is beyond "),
+            std::string::npos)
+      << run.Errors;
+}
+
 TEST(Settings, ThatAreDamagedAreNamedAndKept) {
   TWorkplace place;
   place.Write("home/.config/deployment-manager/settings.json", "{\n  oops\n}");

@@ -1,12 +1,10 @@
 #include "workbench/history/record_json.h"
 
-#include "package/common/errors.h"
 #include "workbench/text/utf8.h"
 
 namespace workbench {
 namespace {
 
-using TJsonValue = nlohmann::ordered_json;
 using deployment::TCommandList;
 using deployment::TDeployOperation;
 
@@ -109,53 +107,50 @@ void WriteItem(TObjectWriter& object, const TRecord& record) {
               [](std::string& json, const auto& platform) { AppendPlatform(json, platform); });
 }
 
-std::string GetText(const TJsonValue& json, const char* name) {
-  const auto found = json.find(name);
-  return found == json.end() ? std::string() : TextFromJson(*found);
+std::string GetText(const TJson& json, const char* name) {
+  const TJson* found = json.Find(name);
+  return found ? TextFromJson(*found) : std::string();
 }
 
-TCommandList GetTexts(const TJsonValue& json, const char* name) {
+TCommandList GetTexts(const TJson& json, const char* name) {
   TCommandList texts;
-  const auto found = json.find(name);
-  if (found == json.end())
-    return texts;
-  texts.reserve(found->size());
-  for (const TJsonValue& text : *found)
-    texts.push_back(TextFromJson(text));
+  if (const TJson* found = json.Find(name)) {
+    for (const TJson& text : found->AsArray(name))
+      texts.push_back(TextFromJson(text));
+  }
   return texts;
 }
 
-void ReadBase(const TJsonValue& json, TPlatformRecord& record) {
-  record.Platform = TextFromJson(json.at("name"));
+void ReadBase(const TJson& json, TPlatformRecord& record) {
+  record.Platform = TextFromJson(json.At("name"));
   record.RemoteDir = GetText(json, "remoteDir");
-  const int operation = json.value("operation", static_cast<int>(TDeployOperation::Default));
-  if (operation < 0 || operation >= deployment::DeployOperationCount)
-    throw deployment::TInputError(std::to_string(operation) + " is not an operation");
-  record.Operation = static_cast<TDeployOperation>(operation);
+  record.Operation = static_cast<TDeployOperation>(
+      json.NumberOr("operation", static_cast<unsigned>(TDeployOperation::Default), 0U,
+                    static_cast<unsigned>(deployment::DeployOperationCount) - 1));
   record.LocalCommands = GetTexts(json, "localCommands");
   record.RemoteCommands = GetTexts(json, "remoteCommands");
 }
 
-void ReadPlatform(const TJsonValue& json, TFilePlatformRecord& record) {
+void ReadPlatform(const TJson& json, TFilePlatformRecord& record) {
   ReadBase(json, record);
   record.RemoteName = GetText(json, "remoteName");
-  record.Enabled = json.value("enabled", true);
-  record.Overwrite = json.value("overwrite", true);
+  record.Enabled = json.BooleanOr("enabled", true);
+  record.Overwrite = json.BooleanOr("overwrite", true);
 }
 
-void ReadPlatform(const TJsonValue& json, TClassPlatformRecord& record) {
+void ReadPlatform(const TJson& json, TClassPlatformRecord& record) {
   ReadBase(json, record);
   record.Extensions = GetText(json, "extensions");
 }
 
 template <class TRecord>
-void ReadItem(const TJsonValue& json, TRecord& record) {
+void ReadItem(const TJson& json, TRecord& record) {
   record.Condition = GetText(json, "condition");
-  record.Required = json.value("required", false);
-  const TJsonValue& platforms = json.at("platforms");
+  record.Required = json.BooleanOr("required", false);
+  const TJson::TArray& platforms = json.Array("platforms");
   record.Platforms.resize(platforms.size());
   for (std::size_t i = 0; i < platforms.size(); ++i)
-    ReadPlatform(platforms.at(i), record.Platforms[i]);
+    ReadPlatform(platforms[i], record.Platforms[i]);
 }
 
 } // namespace
@@ -169,14 +164,12 @@ void AppendJsonText(std::string& json, std::string_view text) {
   json += '"';
 }
 
-std::string TextFromJson(const TJsonValue& value) {
-  if (!value.is_object())
-    return value.get<std::string>();
-  const TJsonValue& bytes = value.at(BytesName);
+std::string TextFromJson(const TJson& value) {
+  if (!value.IsObject())
+    return value.AsText();
   std::string text;
-  text.reserve(bytes.size());
-  for (const TJsonValue& byte : bytes)
-    text.push_back(static_cast<char>(byte.get<unsigned char>()));
+  for (const TJson& byte : value.Array(BytesName))
+    text.push_back(static_cast<char>(byte.AsNumber(0, 255)));
   return text;
 }
 
@@ -196,18 +189,18 @@ void AppendJson(std::string& json, const TClassRecord& record) {
   WriteItem(object, record);
 }
 
-TEntryRecord EntryRecordFromJson(const TJsonValue& value) {
+TEntryRecord EntryRecordFromJson(const TJson& value) {
   TEntryRecord record;
-  record.Names = {TextFromJson(value.at("configuration")), TextFromJson(value.at("platform")),
-                  TextFromJson(value.at("localName"))};
-  record.Class = TextFromJson(value.at("class"));
+  record.Names = {TextFromJson(value.At("configuration")), TextFromJson(value.At("platform")),
+                  TextFromJson(value.At("localName"))};
+  record.Class = TextFromJson(value.At("class"));
   ReadItem(value, record);
   return record;
 }
 
-TClassRecord ClassRecordFromJson(const TJsonValue& value) {
+TClassRecord ClassRecordFromJson(const TJson& value) {
   TClassRecord record;
-  record.Id = TextFromJson(value.at("name"));
+  record.Id = TextFromJson(value.At("name"));
   record.Description = GetText(value, "description");
   ReadItem(value, record);
   return record;

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "workbench/history/entry_record.h"
-
-#include <nlohmann/json.hpp>
+#include "workbench/json/json.h"
 
 #include <string>
 #include <string_view>
@@ -15,13 +14,12 @@ namespace workbench {
 void AppendJson(std::string& json, const TEntryRecord& record);
 void AppendJson(std::string& json, const TClassRecord& record);
 
-/// The reverse. Throws nlohmann::json::exception for what is no such record, and TInputError for
-/// values out of range.
-TEntryRecord EntryRecordFromJson(const nlohmann::ordered_json& value);
-TClassRecord ClassRecordFromJson(const nlohmann::ordered_json& value);
+/// The reverse. Throws TInputError for what is no such record.
+TEntryRecord EntryRecordFromJson(const TJson& value);
+TClassRecord ClassRecordFromJson(const TJson& value);
 
 /// A text of any bytes, and back.
 void AppendJsonText(std::string& json, std::string_view text);
-std::string TextFromJson(const nlohmann::ordered_json& value);
+std::string TextFromJson(const TJson& value);
 
 } // namespace workbench

@@ -12,10 +12,9 @@
 namespace workbench {
 namespace {
 
-using TJsonValue = nlohmann::ordered_json;
 using deployment::TInputError;
 
-constexpr int FormatVersion = 1;
+constexpr unsigned FormatVersion = 1;
 constexpr std::size_t HashLength = 16;
 
 std::string Line(const std::string& text) {
@@ -26,8 +25,8 @@ std::string BaseText(const TFileBase& base) {
   return "\"base\":{\"size\":" + std::to_string(base.Size) + ",\"sha256\":\"" + base.SHA256 + "\"}";
 }
 
-TFileBase BaseFromJson(const TJsonValue& value) {
-  return {value.at("size").get<std::uint64_t>(), value.at("sha256").get<std::string>()};
+TFileBase BaseFromJson(const TJson& value) {
+  return {value.Number<std::uint64_t>("size"), value.Text("sha256")};
 }
 
 void AppendDifference(std::string& json, const TEntryDifference& difference) {
@@ -56,28 +55,27 @@ void AppendList(std::string& json, std::string_view name, const std::vector<TIte
   json += ']';
 }
 
-TEntryDifference DifferenceFromJson(const TJsonValue& value) {
+TEntryDifference DifferenceFromJson(const TJson& value) {
   TEntryDifference difference;
-  if (const auto before = value.find("before"); before != value.end())
+  if (const TJson* before = value.Find("before"))
     difference.Before = EntryRecordFromJson(*before);
-  if (const auto after = value.find("after"); after != value.end())
+  if (const TJson* after = value.Find("after"))
     difference.After = EntryRecordFromJson(*after);
-  if (const auto position = value.find("position"); position != value.end())
-    difference.Position = position->get<std::size_t>();
+  if (value.Find("position"))
+    difference.Position = value.Number<std::size_t>("position");
   return difference;
 }
 
-TListChange StepFromJson(const TJsonValue& value) {
+TListChange StepFromJson(const TJson& value) {
   TListChange change;
-  change.Name = TextFromJson(value.at("step"));
-  const TJsonValue& entries = value.at("entries");
+  change.Name = TextFromJson(value.At("step"));
+  const TJson::TArray& entries = value.Array("entries");
   change.Entries.reserve(entries.size());
-  for (const TJsonValue& entry : entries)
+  for (const TJson& entry : entries)
     change.Entries.push_back(DifferenceFromJson(entry));
-  if (const auto classes = value.find("classes"); classes != value.end()) {
+  if (const TJson* classes = value.Find("classes")) {
     TClassRecords records;
-    records.reserve(classes->size());
-    for (const TJsonValue& each : *classes)
+    for (const TJson& each : classes->AsArray("classes"))
       records.push_back(ClassRecordFromJson(each));
     change.Classes = std::make_shared<const TClassRecords>(std::move(records));
   }
@@ -95,18 +93,18 @@ std::optional<std::string_view> CheckedText(std::string_view line) {
 }
 
 void ReadHead(std::string_view text, TJournalContent& content) {
-  const TJsonValue head = TJsonValue::parse(text);
-  const int version = head.at("journal").get<int>();
+  const TJson head = ParseJson(text);
+  const auto version = head.Number<unsigned>("journal");
   if (version != FormatVersion)
     throw TInputError("it was written by another version of this program (format " +
                       std::to_string(version) + ")");
-  content.Project = TextFromJson(head.at("project"));
-  content.Base = BaseFromJson(head.at("base"));
+  content.Project = TextFromJson(head.At("project"));
+  content.Base = BaseFromJson(head.At("base"));
 }
 
 void ReadLine(std::string_view text, TJournalContent& content) {
-  const TJsonValue value = TJsonValue::parse(text);
-  if (const auto base = value.find("base"); base != value.end())
+  const TJson value = ParseJson(text);
+  if (const TJson* base = value.Find("base"))
     content.Base = BaseFromJson(*base);
   else
     content.Steps.push_back(StepFromJson(value));
@@ -173,9 +171,6 @@ std::string StepLine(const TListChange& change) {
 TJournalContent ParseJournal(std::string_view text, const std::filesystem::path& file) {
   try {
     return ParseLines(text);
-  } catch (const nlohmann::json::exception& error) {
-    throw TInputError(std::string("the recovery journal cannot be understood: ") + error.what(),
-                      {file.string(), 0});
   } catch (const TInputError& error) {
     throw TInputError(std::string("the recovery journal cannot be understood: ") + error.what(),
                       {file.string(), 0});

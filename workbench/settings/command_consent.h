@@ -19,7 +19,8 @@ struct TCommandConsent {
 };
 
 /// True when the user said yes before to exactly these commands, in this order, of the project,
-/// when it is deployed to that place.
+/// when it is deployed to that place. Throws TInputError, with the settings file, when what is kept
+/// of them cannot be understood.
 bool IsAllowed(const TSettings& settings, const std::filesystem::path& project,
                const std::string& place, const std::vector<std::string>& commands);
 /// Keeps the user's yes; it takes the place of an earlier one for the same project and place.

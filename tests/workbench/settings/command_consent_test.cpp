@@ -1,3 +1,4 @@
+#include "package/common/errors.h"
 #include "tests/workbench/files/save_fixture.h"
 #include "workbench/settings/command_consent.h"
 
@@ -39,6 +40,18 @@ TEST_F(TCommandConsentTest, IsListedWithItsProject) {
   EXPECT_EQ(consents[2].Commands, (std::vector<std::string>{"make all", "strip"}));
   EXPECT_TRUE(settings.Unset(consents[2].Key));
   EXPECT_FALSE(IsAllowed(settings, FFile, "box", {"make all", "strip"}));
+}
+
+TEST_F(TCommandConsentTest, ThatIsDamagedIsNamed) {
+  TSettings settings(SettingsFile());
+  Allow(settings, FFile, "box", {"make"});
+  const std::string key = ListConsents(settings).at(0).Key;
+  settings.Set(key, "[1]");
+  EXPECT_EQ(
+      testing::ErrorOf<deployment::TInputError>([&] { IsAllowed(settings, FFile, "box", {"make"}); }),
+      "the setting \"" + key +
+          "\" is damaged: it should be a list of texts, but is [1]; \"settings unset\" "
+          "removes it");
 }
 
 } // namespace

@@ -89,7 +89,8 @@ TEST_F(Settings, RefuseADamagedFileAndLeaveItAsItIs) {
     const TSettings settings(FFile);
     FAIL();
   } catch (const TInputError& error) {
-    EXPECT_STREQ(error.what(), "the settings file is damaged at byte 23; mend it or remove it");
+    EXPECT_STREQ(error.what(),
+                 "the settings file is damaged: it is no JSON at byte 23; mend it or remove it");
     EXPECT_EQ(error.Place().File, FFile.string());
     EXPECT_EQ(error.Place().Line, 3U);
   }
@@ -100,12 +101,34 @@ TEST_F(Settings, RefuseToChangeAFileThatWasDamagedMeanwhile) {
   TSettings settings(FFile);
   settings.Set("a.b", "c");
   WriteSettings("[]");
-  EXPECT_EQ(ErrorOf<TInputError>([&] { settings.Set("a.b", "d"); }),
-            "the settings file is damaged: it is no JSON object; mend it or remove it");
+  EXPECT_EQ(
+      ErrorOf<TInputError>([&] { settings.Set("a.b", "d"); }),
+      "the settings file is damaged: it should be an object, but is []; mend it or remove it");
   WriteSettings(R"({"a": {"b": 1}})");
   EXPECT_EQ(ErrorOf<TInputError>([&] { settings.Set("a.b", "d"); }),
-            "the setting \"a\" is neither a text nor a list of texts");
+            "the settings file is damaged: \"a\" is neither a text nor a list of texts; mend it or "
+            "remove it");
   EXPECT_EQ(Read(FFile), R"({"a": {"b": 1}})");
+}
+
+TEST_F(Settings, RefuseNumbersBeyondAllRanges) {
+  WriteSettings("{\n  \"a\": 1e999\n}\n");
+  EXPECT_EQ(ErrorOf<TInputError>([&] { const TSettings settings(FFile); }),
+            "the settings file is damaged: a number is beyond all ranges at byte 14; mend it or "
+            "remove it");
+}
+
+TEST_F(Settings, ThatCannotBeReachedAreNotTakenForNone) {
+  std::filesystem::create_directories(FFile.parent_path().parent_path());
+  std::filesystem::create_symlink(FFile.parent_path(), FFile.parent_path()); // leads to itself
+  try {
+    const TSettings settings(FFile);
+    FAIL();
+  } catch (const TInputError& error) {
+    EXPECT_STREQ(error.what(),
+                 "the settings file cannot be read: Too many levels of symbolic links");
+    EXPECT_EQ(error.Place().File, FFile.string());
+  }
 }
 
 TEST_F(Settings, RefuseNamesAndTextsThatCannotBeKept) {
@@ -114,7 +137,7 @@ TEST_F(Settings, RefuseNamesAndTextsThatCannotBeKept) {
   EXPECT_EQ(ErrorOf<TInputError>([&] { settings.Set("a\nb", "x"); }),
             "the name of a setting has a control character");
   EXPECT_EQ(ErrorOf<TInputError>([&] { settings.Set("a.b", "\xFF"); }),
-            "a setting is not UTF-8 text and cannot be kept");
+            "the settings would hold a text that is not UTF-8 and cannot be kept");
   EXPECT_EQ(ErrorOf<TInputError>([&] { settings.Set("history.x", "y"); }),
             "the setting \"history.x\" is a history, which grows by what is entered");
   EXPECT_FALSE(std::filesystem::exists(FFile));

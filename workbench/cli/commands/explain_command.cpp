@@ -212,18 +212,18 @@ private:
 
   static void PrintJson(TCommandContext& context, TOpenProject& project,
                         const TExplanation& explanation) {
-    TJson entries = TJson::array();
+    TJson entries = TJson::Array();
     for (const auto& entry : explanation.Entries)
-      entries.push_back(EntryAsJson(project, *entry, explanation));
-    TJson others = TJson::array();
+      entries.Append(EntryAsJson(project, *entry, explanation));
+    TJson others = TJson::Array();
     for (const auto& entry : explanation.Others)
-      others.push_back({{"localName", entry->GetLocalName()},
-                        {"class", entry->GetDeploymentClass()},
-                        {"configuration", entry->GetConfiguration()},
-                        {"platforms", entry->GetPlatforms()}});
-    TJson reasons = TJson::array();
+      others.Append({{"localName", entry->GetLocalName()},
+                     {"class", entry->GetDeploymentClass()},
+                     {"configuration", entry->GetConfiguration()},
+                     {"platforms", entry->GetPlatforms()}});
+    TJson reasons = TJson::Array();
     for (const TReconcileReason& reason : explanation.Reasons)
-      reasons.push_back(ReasonAsJson(reason));
+      reasons.Append(ReasonAsJson(reason));
     context.Output.Document({{"project", project.GivenFileName().string()},
                              {"file", explanation.File},
                              {"platform", explanation.Target.Platform},
@@ -237,9 +237,9 @@ private:
   static TJson EntryAsJson(TOpenProject& project, deployment::IProjectDeploymentFile& entry,
                            const TExplanation& explanation) {
     const std::string& platform = explanation.Target.Platform;
-    TJson values = TJson::object();
+    TJson values = TJson::Object();
     for (const TSourcedValue& value : SourcedValues(entry, platform, project.Deployment()))
-      values[value.Name] = {{"value", value.Value}, {"source", value.Source}};
+      values.Add(value.Name, {{"value", value.Value}, {"source", value.Source}});
     return {{"localName", entry.GetLocalName()},
             {"class", entry.GetDeploymentClass()},
             {"configuration", entry.GetConfiguration()},

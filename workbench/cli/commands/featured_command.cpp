@@ -38,7 +38,7 @@ struct TFeatureFile {
   std::string LocalName;
   std::string ClassName;
   std::vector<std::string> Platforms;
-  TJson RemoteDirs = TJson::object();
+  TJson RemoteDirs = TJson::Object();
 };
 
 // The nodes of files in the order of the catalog, which is that of their making.
@@ -64,7 +64,7 @@ std::vector<TFeatureFile> FilesOf(const IFeatureFileForm& form, TNodeId feature)
       files.push_back({data.LocalName, data.ClassDesc, {}});
     TFeatureFile& file = files[place->second];
     file.Platforms.push_back(data.Platform);
-    file.RemoteDirs[data.Platform] = data.RemoteDir;
+    file.RemoteDirs.Set(data.Platform, data.RemoteDir);
   }
   return files;
 }
@@ -202,29 +202,29 @@ private:
   }
 
   static void List(TCommandContext& context, const IFeatureFileForm& form) {
-    TJson features = TJson::array();
+    TJson features = TJson::Array();
     for (const TNodeId feature : form.GetChildren(0)) {
       const TFeatureNode& data = form.GetNode(feature);
       const std::string state = StateName(form.GetCheckState(feature));
-      TJson files = TJson::array();
+      TJson files = TJson::Array();
       context.Output.Line(state + "  " + context.Output.Bold(Visible(data.Title)) + "  " +
                           context.Output.Dim("[" + Visible(data.FeatureClasses) + "]"));
       for (const TFeatureFile& file : FilesOf(form, feature)) {
-        files.push_back({{"localName", file.LocalName},
-                         {"class", file.ClassName},
-                         {"platforms", file.Platforms},
-                         {"remoteDirs", file.RemoteDirs}});
+        files.Append({{"localName", file.LocalName},
+                      {"class", file.ClassName},
+                      {"platforms", file.Platforms},
+                      {"remoteDirs", file.RemoteDirs}});
         context.Output.Line("  " + Visible(file.LocalName) + "  " +
                             Visible(deployment::JoinDelimited(file.Platforms, ", ")));
       }
-      features.push_back({{"title", data.Title},
-                          {"classes", ClassesOf(data)},
-                          {"state", state},
-                          {"files", files}});
+      features.Append({{"title", data.Title},
+                       {"classes", ClassesOf(data)},
+                       {"state", state},
+                       {"files", files}});
     }
     if (context.Output.IsJson())
       context.Output.Document({{"features", features}});
-    else if (features.empty())
+    else if (features.AsArray().empty())
       context.Output.Line("there are no features");
   }
 

@@ -26,9 +26,9 @@ public:
                        "the record on the target is of a newer version of this program");
     if (reading.State == TRecordState::Damaged)
       context.Output.Warn({"the record on the target is damaged: " + reading.Problem, FProject, 0});
-    TJson runs = TJson::array();
+    TJson runs = TJson::Array();
     for (const TRecordedRun& run : reading.Record.Runs) {
-      runs.push_back(RunJson(run));
+      runs.Append(RunJson(run));
       context.Output.Line(LineOf(run));
     }
     if (context.Output.IsJson())

@@ -103,17 +103,17 @@ private:
   void PrintJson(TCommandContext& context, const TOpenProject& project, const TTarget& target,
                  bool connected, const std::vector<TViewRow>& rows,
                  const TTargetStatus& status) const {
-    TJson list = TJson::array();
+    TJson list = TJson::Array();
     const std::vector<std::string>& keys = TDeploymentView::RowKeys();
     for (const TViewRow& row : rows) {
-      TJson entry = TJson::object();
+      TJson entry = TJson::Object();
       for (std::size_t i = 0; i < keys.size(); ++i)
-        entry[keys[i]] = row.Texts[i];
-      entry["checked"] = row.Checked;
-      entry["dimmed"] = row.Dimmed;
+        entry.Add(keys[i], row.Texts[i]);
+      entry.Add("checked", row.Checked);
+      entry.Add("dimmed", row.Dimmed);
       if (FConnects)
         status.AddState(row, entry);
-      list.push_back(std::move(entry));
+      list.Append(std::move(entry));
     }
     TJson document = {{"project", project.GivenFileName().string()},
                       {"platform", target.AllPlatforms ? std::string(deployment::sAllPlatforms)

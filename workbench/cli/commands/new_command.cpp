@@ -63,7 +63,7 @@ public:
       context.Output.Document({{"project", file.string()},
                                {"changed", true},
                                {"dryRun", FDryRun},
-                               {"files", TJson::array()}});
+                               {"files", TJson::Array()}});
     context.Output.Line((FDryRun ? "would write " : "wrote ") + Visible(file.string()));
     return exit_status::Done;
   }

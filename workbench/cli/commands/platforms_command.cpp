@@ -9,12 +9,13 @@ namespace workbench {
 namespace {
 
 TJson FactsAsJson(const TPlatformFacts& facts) {
-  TJson outputs = TJson::object();
+  TJson outputs = TJson::Object();
   for (const auto& output : facts.Outputs)
-    outputs[output.Key] = {{"prefix", output.Value.Prefix}, {"extension", output.Value.Extension}};
-  TJson symbols = TJson::object();
+    outputs.Add(output.Key,
+                {{"prefix", output.Value.Prefix}, {"extension", output.Value.Extension}});
+  TJson symbols = TJson::Object();
   for (const auto& personality : facts.Personalities)
-    symbols[personality.Key] = personality.Value.SymbolExtension;
+    symbols.Add(personality.Key, personality.Value.SymbolExtension);
   return {{"name", facts.Name},
           {"mobile", facts.Mobile},
           {"defaultRemoteDir", facts.DefaultRemoteDir},
@@ -47,9 +48,9 @@ public:
     const TOpenProject* project =
         FProject.empty() ? nullptr : &OpenProject(context, FProject, TOpenPurpose::Look);
     CheckPlatformOption(context, project);
-    TJson list = TJson::array();
+    TJson list = TJson::Array();
     for (const TFacts& facts : Chosen(context, project)) {
-      list.push_back(FactsAsJson(*facts));
+      list.Append(FactsAsJson(*facts));
       context.Output.Line(FactsLine(*facts, context.Output));
     }
     if (context.Output.IsJson())

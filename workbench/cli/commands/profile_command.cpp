@@ -113,12 +113,12 @@ private:
   }
 
   static void List(TCommandContext& context) {
-    TJson profiles = TJson::array();
+    TJson profiles = TJson::Array();
     for (const TProfile& profile : context.Session.RemoteProfiles().Profiles().List()) {
       if (!context.Options.Platform.empty() && context.Options.Platform != AllPlatformsArgument &&
           profile.Platform != context.Options.Platform)
         continue;
-      profiles.push_back(ProfileToJson(profile));
+      profiles.Append(ProfileToJson(profile));
       context.Output.Line(Visible(profile.Name) + "  " + Visible(profile.Platform) + "  " +
                           std::string(ProfileKindName(profile.Kind)) + " " + ProfilePlace(profile) +
                           (profile.IsDefault ? "  default" : "") +

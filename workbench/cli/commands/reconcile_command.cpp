@@ -132,14 +132,14 @@ private:
   }
 
   void Report(TCommandContext& context, const std::vector<TReconciledTarget>& targets) const {
-    TJson results = TJson::array();
+    TJson results = TJson::Array();
     bool nothing = true;
     for (const TReconciledTarget& target : targets) {
       TJson result = {{"platform", target.Platform},
                       {"configuration", target.Configuration},
                       {"result", static_cast<int>(target.Result)}};
-      result.update(ChangesAsJson(target.Changes));
-      results.push_back(std::move(result));
+      result.AddAll(ChangesAsJson(target.Changes));
+      results.Append(std::move(result));
       const std::string name = target.Configuration + ", " + target.Platform;
       if (target.Result == TReconcileResult::CannotReconcile)
         context.Output.Warn({"the project cannot be reconciled for " + name, FProject, 0});

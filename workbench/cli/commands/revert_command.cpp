@@ -91,7 +91,7 @@ private:
                         {"dryRun", FChange.DryRun},
                         {"platforms", platforms},
                         {"classesChanged", classesChanged}};
-      document.update(ChangesAsJson(changes));
+      document.AddAll(ChangesAsJson(changes));
       context.Output.Document(document);
       return;
     }

@@ -46,9 +46,9 @@ private:
   }
 
   static void List(TCommandContext& context, const TSettings& settings) {
-    TJson document = TJson::object();
+    TJson document = TJson::Object();
     for (const auto& [key, value] : settings.List()) {
-      document[key] = value;
+      document.Add(key, value);
       context.Output.Line(Visible(key) + "=" + Visible(value));
     }
     if (context.Output.IsJson())

@@ -1,6 +1,7 @@
 // deploymgr show: the whole deployment of a project.
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/document_stream.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/entries/entry_filter.h"
 #include "workbench/cli/entries/entry_json.h"
@@ -28,24 +29,21 @@ public:
 private:
   // File by file: a list of a hundred thousand never stands in memory as a document.
   static void ShowJson(TCommandContext& context, TOpenProject& project) {
-    TOutput& output = context.Output;
-    output.Write("{\n  \"project\": " + JsonText(TJson(project.GivenFileName().string()), -1) +
-                 ",\n  \"version\": " + std::to_string(project.SectionVersionRead()) +
-                 ",\n  \"files\": [");
-    const char* separator = "\n    ";
+    TDocumentStream document(context.Output);
+    document.Member("project", project.GivenFileName().string());
+    document.Member("version", project.SectionVersionRead());
+    document.StartList("files");
     for (const auto& file : project.Deployment().GetFiles()) {
-      if (!FitsOptions(*file, context.Options))
-        continue;
-      output.Write(separator);
-      output.Write(JsonText(FileAsJson(*file), -1));
-      separator = ",\n    ";
+      if (FitsOptions(*file, context.Options))
+        document.Item(FileAsJson(*file));
     }
-    TJson roots = TJson::object();
+    document.EndList();
+    TJson roots = TJson::Object();
     for (const auto& root : project.Deployment().GetProjectRoots())
-      roots[root.Key] = root.Value;
-    output.Write(
-        "\n  ],\n  \"classes\": " + JsonText(ClassesAsJson(project.Deployment().GetClasses()), -1) +
-        ",\n  \"projectRoots\": " + JsonText(roots, -1) + "\n}\n");
+      roots.Add(root.Key, root.Value);
+    document.Member("classes", ClassesAsJson(project.Deployment().GetClasses()));
+    document.Member("projectRoots", roots);
+    document.End();
   }
 
   static void ShowText(TCommandContext& context, TOpenProject& project) {

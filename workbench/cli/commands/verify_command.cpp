@@ -58,11 +58,11 @@ public:
 
 private:
   static int Report(TCommandContext& context, const TDeployReport& report) {
-    TJson rows = TJson::array();
+    TJson rows = TJson::Array();
     std::size_t wrong = 0;
     const auto add = [&](const std::string& remoteFile, const std::string& localName,
                          const std::string& state) {
-      rows.push_back({{"remoteFile", remoteFile}, {"localName", localName}, {"state", state}});
+      rows.Append({{"remoteFile", remoteFile}, {"localName", localName}, {"state", state}});
       context.Output.Line(state + " " + Visible(remoteFile));
     };
     for (const TDeployRow& row : report.Rows) {

@@ -36,10 +36,6 @@ std::string Place(const std::string& file, unsigned line) {
 
 } // namespace
 
-std::string JsonText(const TJson& value, int indent) {
-  return value.dump(indent, ' ', false, TJson::error_handler_t::replace);
-}
-
 TOutput::TOutput(bool json, bool quiet, bool noColor)
     : FJson(json), FQuiet(quiet), FTerminal(::isatty(STDOUT_FILENO) == 1),
       FColor(!noColor && !WantsNoColor() && FTerminal) {}
@@ -94,11 +90,10 @@ void TOutput::Error(const TFailure& failure) {
   const std::string place = failure.TextNamesFile ? "" : Place(failure.File, failure.Line);
   std::cerr << ProgramName << ": " << place << Visible(failure.Text) << '\n';
   if (FJson)
-    Document({{"error",
-               {{"code", failure.Status},
-                {"message", failure.Text},
-                {"file", failure.File},
-                {"line", failure.Line}}}});
+    Document({{"error", TJson{{"code", failure.Status},
+                              {"message", failure.Text},
+                              {"file", failure.File},
+                              {"line", failure.Line}}}});
 }
 
 void TOutput::Complain(std::string_view text) {

@@ -1,21 +1,14 @@
 // Where results, warnings and errors go.
 #pragma once
 
+#include "workbench/json/json.h"
 #include "workbench/session/session.h"
 #include "workbench/text/visible_text.h"
-
-#include <nlohmann/json.hpp>
 
 #include <string>
 #include <string_view>
 
 namespace workbench {
-
-/// JSON whose keys keep their order.
-using TJson = nlohmann::ordered_json;
-
-/// The JSON text of a value; bytes that are not UTF-8 become replacement characters.
-std::string JsonText(const TJson& value, int indent = 2);
 
 /// What a person answered to a question.
 enum class TAnswer {

@@ -28,12 +28,12 @@ void PrintLines(TCommandContext& context, const std::vector<TEntryChange>& chang
 
 void PrintDocument(TCommandContext& context, const TOpenProject& project,
                    const std::vector<TEntryChange>& changes, bool changed, bool dryRun) {
-  TJson files = TJson::array();
+  TJson files = TJson::Array();
   for (const TEntryChange& change : changes)
-    files.push_back({{"localName", change.LocalName},
-                     {"configuration", change.Configuration},
-                     {"platform", change.Platform},
-                     {"action", change.Action}});
+    files.Append({{"localName", change.LocalName},
+                  {"configuration", change.Configuration},
+                  {"platform", change.Platform},
+                  {"action", change.Action}});
   context.Output.Document({{"project", project.GivenFileName().string()},
                            {"changed", changed},
                            {"dryRun", dryRun},

@@ -4,10 +4,10 @@ namespace workbench {
 namespace {
 
 TJson CommandsAsJson(const deployment::TCommandList* commands) {
-  TJson list = TJson::array();
+  TJson list = TJson::Array();
   if (commands) {
     for (const std::string& command : *commands)
-      list.push_back(command);
+      list.Append(command);
   }
   return list;
 }
@@ -33,9 +33,9 @@ TJson RecordAsJson(deployment::IProjectDeploymentClass& entry, const std::string
 
 template <class TEntry>
 TJson PlatformsAsJson(TEntry& entry) {
-  TJson platforms = TJson::object();
+  TJson platforms = TJson::Object();
   for (const std::string& platform : entry.GetPlatforms())
-    platforms[platform] = RecordAsJson(entry, platform);
+    platforms.Add(platform, RecordAsJson(entry, platform));
   return platforms;
 }
 
@@ -57,9 +57,9 @@ TJson ClassAsJson(deployment::IProjectDeploymentClass& deploymentClass) {
 }
 
 TJson ClassesAsJson(const deployment::TDeploymentClasses& classes) {
-  TJson list = TJson::array();
+  TJson list = TJson::Array();
   for (const auto& deploymentClass : classes)
-    list.push_back(ClassAsJson(*deploymentClass));
+    list.Append(ClassAsJson(*deploymentClass));
   return list;
 }
 

@@ -196,9 +196,9 @@ std::vector<TTargetChanges> TListChanges::Compare(const std::vector<TEntry>& aft
 
 TJson ChangesAsJson(const TTargetChanges& changes) {
   const auto list = [](const std::vector<TChangedEntry>& entries) {
-    TJson array = TJson::array();
+    TJson array = TJson::Array();
     for (const TChangedEntry& entry : entries)
-      array.push_back({{"localName", entry.LocalName}, {"class", entry.ClassName}});
+      array.Append({{"localName", entry.LocalName}, {"class", entry.ClassName}});
     return array;
   };
   return {{"added", list(changes.Added)},

@@ -23,25 +23,25 @@ std::string TDeployCounts::Text() const {
 }
 
 TJson StateJson(const std::optional<TFileState>& state) {
-  return state ? TJson(FileStateName(*state)) : TJson(nullptr);
+  return state ? TJson(FileStateName(*state)) : TJson();
 }
 
 TJson DeployJson(const std::string& platform, const std::string& configuration,
                  const TDeployReport& report) {
-  TJson files = TJson::array();
+  TJson files = TJson::Array();
   for (const TDeployRow& row : report.Rows)
-    files.push_back({{"localName", row.LocalName},
-                     {"remoteFile", row.RemoteFile},
-                     {"action", DeployActionName(row.Action)},
-                     {"bytes", row.Bytes},
-                     {"error", row.Error},
-                     {"state", StateJson(row.State)},
-                     {"reason", row.Reason}});
-  TJson commands = TJson::array();
+    files.Append({{"localName", row.LocalName},
+                  {"remoteFile", row.RemoteFile},
+                  {"action", DeployActionName(row.Action)},
+                  {"bytes", row.Bytes},
+                  {"error", row.Error},
+                  {"state", StateJson(row.State)},
+                  {"reason", row.Reason}});
+  TJson commands = TJson::Array();
   for (const TPlannedCommand& command : report.Planned)
-    commands.push_back({{"where", command.IsLocal ? "here" : "target"},
-                        {"command", command.Command},
-                        {"file", command.RemoteFile}});
+    commands.Append({{"where", command.IsLocal ? "here" : "target"},
+                     {"command", command.Command},
+                     {"file", command.RemoteFile}});
   TJson document = {{"platform", platform},
                     {"configuration", configuration},
                     {"files", std::move(files)},
@@ -53,7 +53,7 @@ TJson DeployJson(const std::string& platform, const std::string& configuration,
     const auto action = static_cast<TDeployAction>(i);
     const bool isUsual = action != TDeployAction::Removed && action != TDeployAction::Mode;
     if (isUsual || counts.Rows[i] > 0)
-      document[std::string(DeployActionName(action))] = counts.Rows[i];
+      document.Add(std::string(DeployActionName(action)), counts.Rows[i]);
   }
   return document;
 }
@@ -72,18 +72,18 @@ TJson RunJson(const TRecordedRun& run) {
 }
 
 TJson LeftOversJson(const TDeployReport& report) {
-  TJson list = TJson::array();
+  TJson list = TJson::Array();
   for (const TLeftOver& leftOver : report.LeftOvers)
-    list.push_back({{"remoteFile", leftOver.RemoteFile()},
-                    {"localName", leftOver.LocalName},
-                    {"state", FileStateName(leftOver.State)}});
+    list.Append({{"remoteFile", leftOver.RemoteFile()},
+                 {"localName", leftOver.LocalName},
+                 {"state", FileStateName(leftOver.State)}});
   return list;
 }
 
 TJson OwedJson(const TDeployReport& report) {
-  TJson list = TJson::array();
+  TJson list = TJson::Array();
   for (const TOwedCommand& owed : report.Owed)
-    list.push_back({{"remoteFile", owed.RemoteFile}, {"command", owed.Command}});
+    list.Append({{"remoteFile", owed.RemoteFile}, {"command", owed.Command}});
   return list;
 }
 

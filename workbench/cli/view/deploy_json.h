@@ -1,8 +1,8 @@
 // What a deploy did or would do, and what a target remembers, as JSON.
 #pragma once
 
-#include "workbench/cli/context/output.h"
 #include "workbench/deploy/deploy_report.h"
+#include "workbench/json/json.h"
 
 #include <array>
 #include <cstddef>

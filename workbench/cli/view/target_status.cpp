@@ -2,6 +2,7 @@
 
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deployment_view.h"
+#include "workbench/text/visible_text.h"
 
 #include <algorithm>
 #include <map>
@@ -31,15 +32,14 @@ TTargetStatus::TTargetStatus(TDeployReport report) : FReport(std::move(report)) 
 void TTargetStatus::AddState(const TViewRow& row, TJson& entry) const {
   const auto found = row.Checked ? FRows.find(LocalNameOf(row)) : FRows.end();
   const TDeployRow* known = found == FRows.end() ? nullptr : found->second;
-  entry["state"] = StateJson(known ? known->State : std::nullopt);
-  entry["decidedBy"] =
-      known && known->State ? TJson(known->ByHash ? "hash" : "time") : TJson(nullptr);
+  entry.Add("state", StateJson(known ? known->State : std::nullopt));
+  entry.Add("decidedBy", known && known->State ? TJson(known->ByHash ? "hash" : "time") : TJson());
 }
 
 void TTargetStatus::AddTarget(TJson& document) const {
-  document["leftOvers"] = LeftOversJson(FReport);
-  document["owed"] = OwedJson(FReport);
-  document["lastRun"] = FReport.LastRun ? RunJson(*FReport.LastRun) : TJson(nullptr);
+  document.Add("leftOvers", LeftOversJson(FReport));
+  document.Add("owed", OwedJson(FReport));
+  document.Add("lastRun", FReport.LastRun ? RunJson(*FReport.LastRun) : TJson());
 }
 
 std::vector<std::string> TTargetStatus::Summary() const {

@@ -1,8 +1,8 @@
 // What a target says of the rows of a list: states, left-overs, what is owed, the last run.
 #pragma once
 
-#include "workbench/cli/context/output.h"
 #include "workbench/deploy/deploy_report.h"
+#include "workbench/json/json.h"
 
 #include <string>
 #include <unordered_map>

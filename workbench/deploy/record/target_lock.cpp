@@ -1,44 +1,44 @@
 #include "workbench/deploy/record/target_lock.h"
 
+#include "package/common/errors.h"
 #include "workbench/deploy/record/record_place.h"
 #include "workbench/files/user_name.h"
+#include "workbench/json/json.h"
 #include "workbench/remote/target/unfinished_names.h"
 #include "workbench/text/visible_text.h"
 
-#include <nlohmann/json.hpp>
-
 #include <cerrno>
 #include <csignal>
+#include <limits>
 #include <stdexcept>
 #include <unistd.h>
 
 namespace workbench {
 namespace {
 
-using TJsonValue = nlohmann::ordered_json;
-
 constexpr std::uint64_t LargestLock = 4096;
 constexpr int Attempts = 3;
 
 std::string LockText(const TLockHolder& holder) {
-  return TJsonValue{{"by", holder.By},
-                    {"machine", holder.Machine},
-                    {"machineMark", holder.MachineMark},
-                    {"process", holder.Process},
-                    {"since", holder.Since}}
-             .dump(-1, ' ', false, TJsonValue::error_handler_t::replace) +
+  return JsonText({{"by", holder.By},
+                   {"machine", holder.Machine},
+                   {"machineMark", holder.MachineMark},
+                   {"process", holder.Process},
+                   {"since", holder.Since}},
+                  -1) +
          "\n";
 }
 
 TLockHolder HolderOf(const std::string& text) {
+  constexpr unsigned MostProcesses = std::numeric_limits<pid_t>::max();
   try {
-    const TJsonValue value = TJsonValue::parse(text);
-    return {.By = value.at("by").get<std::string>(),
-            .Machine = value.at("machine").get<std::string>(),
-            .MachineMark = value.value("machineMark", std::string()),
-            .Process = value.at("process").get<long>(),
-            .Since = value.at("since").get<std::string>()};
-  } catch (const TJsonValue::exception&) {
+    const TJson value = ParseJson(text);
+    return {.By = value.Text("by"),
+            .Machine = value.Text("machine"),
+            .MachineMark = value.TextOr("machineMark", {}),
+            .Process = value.Number<unsigned>("process", 0, MostProcesses),
+            .Since = value.Text("since")};
+  } catch (const deployment::TInputError&) {
     return {.By = "somebody", .Machine = "a machine that it does not name"};
   }
 }

@@ -1,39 +1,25 @@
 #include "workbench/deploy/record/target_record.h"
 
+#include "package/common/errors.h"
 #include "workbench/deploy/record/record_place.h"
+#include "workbench/json/json.h"
 #include "workbench/remote/target/target_place.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <stdexcept>
 
 namespace workbench {
 namespace {
 
-using TJsonValue = nlohmann::json;
-
-constexpr int Format = 1;
+constexpr std::uint64_t Format = 1;
 constexpr std::array<std::string_view, 3> ResultNames{"done", "partly", "undone"};
 constexpr std::size_t HashLength = 64;
 constexpr unsigned MostMode = 07777;
-constexpr std::int64_t MostTime = 9'000'000'000; // seconds; more nanoseconds are not counted
+constexpr std::uint64_t MostTime = 9'000'000'000; // seconds; more nanoseconds are not counted
 
 [[noreturn]] void Reject(const std::string& reason) {
-  throw std::invalid_argument(reason);
-}
-
-std::string TextOf(const TJsonValue& object, const char* key) {
-  return object.at(key).get<std::string>();
-}
-
-std::uint64_t NumberOf(const TJsonValue& object, const char* key) {
-  const TJsonValue& value = object.at(key);
-  if (!value.is_number_unsigned())
-    Reject(std::string("\"") + key + "\" is no number of things");
-  return value.get<std::uint64_t>();
+  throw deployment::TInputError(reason);
 }
 
 // A path that leads out of the profile's path, or to what deploys keep for themselves, is none that
@@ -65,62 +51,58 @@ std::string ModeText(unsigned mode) {
   return text.data();
 }
 
-std::string HashOf(const TJsonValue& object) {
-  std::string hash = TextOf(object, "sha256");
+std::string HashOf(const TJson& object) {
+  std::string hash = object.Text("sha256");
   if (hash.size() != HashLength || hash.find_first_not_of("0123456789abcdef") != std::string::npos)
     Reject("\"" + hash + "\" is no hash");
   return hash;
 }
 
 // A file that names no target is one of the record's.
-TRecordedFile FileOf(const TJsonValue& value, const TTargetRecord& record) {
-  const TJsonValue& time = value.at("time");
-  if (!time.is_number_integer() || time.get<std::int64_t>() < -MostTime ||
-      time.get<std::int64_t>() > MostTime)
-    Reject("\"time\" is no time");
-  return {.LocalName = TextOf(value, "localName"),
-          .Class = TextOf(value, "class"),
-          .Size = NumberOf(value, "size"),
-          .Time = time.get<std::int64_t>(),
+TRecordedFile FileOf(const TJson& value, const TTargetRecord& record) {
+  return {.LocalName = value.Text("localName"),
+          .Class = value.Text("class"),
+          .Size = value.Number<std::uint64_t>("size"),
+          .Time = static_cast<std::int64_t>(value.Number<std::uint64_t>("time", 0, MostTime)),
           .Hash = HashOf(value),
-          .Mode = ModeOf(TextOf(value, "mode")),
-          .Run = TextOf(value, "run"),
-          .Platform = value.value("platform", record.Platform),
-          .Configuration = value.value("configuration", record.Configuration)};
+          .Mode = ModeOf(value.Text("mode")),
+          .Run = value.Text("run"),
+          .Platform = value.TextOr("platform", record.Platform),
+          .Configuration = value.TextOr("configuration", record.Configuration)};
 }
 
-TRecordedRun RunOf(const TJsonValue& value) {
-  const auto result = std::ranges::find(ResultNames, TextOf(value, "result"));
+TRecordedRun RunOf(const TJson& value) {
+  const auto result = std::ranges::find(ResultNames, value.Text("result"));
   if (result == ResultNames.end())
-    Reject("\"" + TextOf(value, "result") + "\" is no result of a run");
-  return {.Id = TextOf(value, "id"),
-          .At = TextOf(value, "at"),
-          .By = TextOf(value, "by"),
-          .Machine = TextOf(value, "machine"),
-          .Revision = TextOf(value, "revision"),
-          .Tool = TextOf(value, "tool"),
-          .Copied = NumberOf(value, "copied"),
-          .Removed = NumberOf(value, "removed"),
-          .Failed = NumberOf(value, "failed"),
+    Reject("\"" + value.Text("result") + "\" is no result of a run");
+  return {.Id = value.Text("id"),
+          .At = value.Text("at"),
+          .By = value.Text("by"),
+          .Machine = value.Text("machine"),
+          .Revision = value.Text("revision"),
+          .Tool = value.Text("tool"),
+          .Copied = value.Number<std::size_t>("copied"),
+          .Removed = value.Number<std::size_t>("removed"),
+          .Failed = value.Number<std::size_t>("failed"),
           .Result = static_cast<TRunResult>(result - ResultNames.begin())};
 }
 
-TTargetRecord RecordOf(const TJsonValue& document) {
-  TTargetRecord record{.Project = TextOf(document, "project"),
-                       .Platform = TextOf(document, "platform"),
-                       .Configuration = TextOf(document, "configuration")};
-  for (const TJsonValue& run : document.at("runs"))
+TTargetRecord RecordOf(const TJson& document) {
+  TTargetRecord record{.Project = document.Text("project"),
+                       .Platform = document.Text("platform"),
+                       .Configuration = document.Text("configuration")};
+  for (const TJson& run : document.Array("runs"))
     record.Runs.push_back(RunOf(run));
   if (record.Runs.size() > MostRuns)
     record.Runs.resize(MostRuns);
-  for (const auto& [path, file] : document.at("files").items()) {
+  for (const auto& [path, file] : document.At("files").AsObject("files")) {
     CheckPath(path);
     record.Files.emplace(path, FileOf(file, record));
   }
-  if (const auto owed = document.find("owed"); owed != document.end()) {
-    for (const auto& [path, steps] : owed->items()) {
+  if (const TJson* owed = document.Find("owed")) {
+    for (const auto& [path, steps] : owed->AsObject("owed")) {
       CheckPath(path);
-      record.Owed.emplace(path, steps.get<std::vector<std::string>>());
+      record.Owed.emplace(path, steps.AsTexts(path));
     }
   }
   return record;
@@ -134,57 +116,55 @@ std::string_view RunResultName(TRunResult result) {
 
 TRecordReading ParseRecord(std::string_view text) {
   try {
-    const TJsonValue document = TJsonValue::parse(text);
-    const TJsonValue& format = document.at("format");
-    if (!format.is_number_unsigned())
-      Reject("it names no format");
-    if (format.get<std::uint64_t>() > Format)
+    const TJson document = ParseJson(text);
+    const auto format = document.Number<std::uint64_t>("format", Format);
+    if (format > Format)
       return {.State = TRecordState::Newer};
-    if (format.get<std::uint64_t>() != Format)
-      Reject("it is of no known format");
     return {.State = TRecordState::Read, .Record = RecordOf(document)};
-  } catch (const TJsonValue::exception& error) {
-    return {.State = TRecordState::Damaged, .Problem = error.what()};
-  } catch (const std::invalid_argument& error) {
+  } catch (const deployment::TInputError& error) {
     return {.State = TRecordState::Damaged, .Problem = error.what()};
   }
 }
 
 std::string RecordText(const TTargetRecord& record) {
-  TJsonValue runs = TJsonValue::array();
+  TJson runs = TJson::Array();
   for (std::size_t i = 0; i < std::min(record.Runs.size(), MostRuns); ++i) {
     const TRecordedRun& run = record.Runs[i];
-    runs.push_back({{"id", run.Id},
-                    {"at", run.At},
-                    {"by", run.By},
-                    {"machine", run.Machine},
-                    {"revision", run.Revision},
-                    {"tool", run.Tool},
-                    {"copied", run.Copied},
-                    {"removed", run.Removed},
-                    {"failed", run.Failed},
-                    {"result", RunResultName(run.Result)}});
+    runs.Append({{"id", run.Id},
+                 {"at", run.At},
+                 {"by", run.By},
+                 {"machine", run.Machine},
+                 {"revision", run.Revision},
+                 {"tool", run.Tool},
+                 {"copied", run.Copied},
+                 {"removed", run.Removed},
+                 {"failed", run.Failed},
+                 {"result", RunResultName(run.Result)}});
   }
-  TJsonValue files = TJsonValue::object();
+  TJson files = TJson::Object();
   for (const auto& [path, file] : record.Files)
-    files[path] = {{"localName", file.LocalName},
-                   {"class", file.Class},
-                   {"size", file.Size},
-                   {"time", file.Time},
-                   {"sha256", file.Hash},
-                   {"mode", ModeText(file.Mode)},
-                   {"run", file.Run},
-                   {"platform", file.Platform},
-                   {"configuration", file.Configuration}};
-  TJsonValue document{{"format", Format},
-                      {"project", record.Project},
-                      {"platform", record.Platform},
-                      {"configuration", record.Configuration},
-                      {"runs", std::move(runs)},
-                      {"files", std::move(files)}};
-  if (!record.Owed.empty())
-    document["owed"] = record.Owed;
-  return document.dump(1, ' ', false, TJsonValue::error_handler_t::replace) + "\n";
+    files.Add(path, {{"localName", file.LocalName},
+                     {"class", file.Class},
+                     {"size", file.Size},
+                     {"time", std::max<std::int64_t>(file.Time, 0)},
+                     {"sha256", file.Hash},
+                     {"mode", ModeText(file.Mode)},
+                     {"run", file.Run},
+                     {"platform", file.Platform},
+                     {"configuration", file.Configuration}});
+  TJson document{{"format", Format},
+                 {"project", record.Project},
+                 {"platform", record.Platform},
+                 {"configuration", record.Configuration},
+                 {"runs", std::move(runs)},
+                 {"files", std::move(files)}};
+  if (!record.Owed.empty()) {
+    TJson owed = TJson::Object();
+    for (const auto& [path, steps] : record.Owed)
+      owed.Add(path, TJson(steps));
+    document.Add("owed", std::move(owed));
+  }
+  return JsonText(document, 1) + "\n";
 }
 
 } // namespace workbench

@@ -1,47 +1,63 @@
 #include "workbench/remote/profile/profile_json.h"
 
+#include "package/common/errors.h"
 #include "workbench/remote/profile/profile_check.h"
 
-namespace workbench {
+#include <stdexcept>
 
-nlohmann::ordered_json ProfileToJson(const TProfile& profile) {
-  nlohmann::ordered_json value{{"name", profile.Name},
-                               {"platform", profile.Platform},
-                               {"kind", ProfileKindName(profile.Kind)},
-                               {"path", profile.Path},
-                               {"default", profile.IsDefault},
-                               {"allowOutside", profile.AllowOutside},
-                               {"stateless", profile.Stateless}};
-  if (profile.Kind == TProfileKind::Ssh) {
-    value["host"] = profile.Host;
-    value["port"] = profile.Port;
-    value["user"] = profile.User;
-    value["identity"] = profile.Identity;
-    value["sshOptions"] = profile.SshOptions;
-    value["connectTimeout"] = profile.ConnectTimeout;
-    value["keepAlive"] = profile.KeepAlive;
-  }
+namespace workbench {
+namespace {
+
+constexpr unsigned LargestPort = 65535;
+
+TProfile FieldsFromJson(const TJson& value) {
+  TProfile profile;
+  profile.Name = value.Text("name");
+  profile.Platform = value.Text("platform");
+  profile.Kind = ProfileKindFromName(value.Text("kind"));
+  profile.Path = value.Text("path");
+  profile.IsDefault = value.BooleanOr("default", false);
+  profile.AllowOutside = value.BooleanOr("allowOutside", false);
+  profile.Stateless = value.BooleanOr("stateless", false);
+  profile.Host = value.TextOr("host", {});
+  profile.Port = value.NumberOr("port", profile.Port, 0U, LargestPort);
+  profile.User = value.TextOr("user", {});
+  profile.Identity = value.TextOr("identity", {});
+  profile.SshOptions = value.TextsOr("sshOptions", {});
+  profile.ConnectTimeout = value.NumberOr("connectTimeout", profile.ConnectTimeout);
+  profile.KeepAlive = value.NumberOr("keepAlive", profile.KeepAlive);
+  return profile;
+}
+
+} // namespace
+
+TJson ProfileToJson(const TProfile& profile) {
+  TJson value = {{"name", profile.Name},
+                 {"platform", profile.Platform},
+                 {"kind", ProfileKindName(profile.Kind)},
+                 {"path", profile.Path},
+                 {"default", profile.IsDefault},
+                 {"allowOutside", profile.AllowOutside},
+                 {"stateless", profile.Stateless}};
+  if (profile.Kind == TProfileKind::Ssh)
+    value.AddAll({{"host", profile.Host},
+                  {"port", profile.Port},
+                  {"user", profile.User},
+                  {"identity", profile.Identity},
+                  {"sshOptions", profile.SshOptions},
+                  {"connectTimeout", profile.ConnectTimeout},
+                  {"keepAlive", profile.KeepAlive}});
   return value;
 }
 
-TProfile ProfileFromJson(const nlohmann::ordered_json& value) {
-  TProfile profile;
-  profile.Name = value.at("name").get<std::string>();
-  profile.Platform = value.at("platform").get<std::string>();
-  profile.Kind = ProfileKindFromName(value.at("kind").get<std::string>());
-  profile.Path = value.at("path").get<std::string>();
-  profile.IsDefault = value.value("default", false);
-  profile.AllowOutside = value.value("allowOutside", false);
-  profile.Stateless = value.value("stateless", false);
-  profile.Host = value.value("host", std::string());
-  profile.Port = value.value("port", profile.Port);
-  profile.User = value.value("user", std::string());
-  profile.Identity = value.value("identity", std::string());
-  profile.SshOptions = value.value("sshOptions", std::vector<std::string>());
-  profile.ConnectTimeout = value.value("connectTimeout", profile.ConnectTimeout);
-  profile.KeepAlive = value.value("keepAlive", profile.KeepAlive);
-  CheckProfile(profile);
-  return profile;
+TProfile ProfileFromJson(const TJson& value) {
+  try {
+    TProfile profile = FieldsFromJson(value);
+    CheckProfile(profile);
+    return profile;
+  } catch (const std::invalid_argument& error) {
+    throw deployment::TInputError(error.what());
+  }
 }
 
 } // namespace workbench

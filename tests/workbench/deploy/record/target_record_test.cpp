@@ -22,7 +22,7 @@ TTargetRecord Record() {
   record.Files["demo/a b.dat"] = {.LocalName = "sub\\a b.dat",
                                   .Class = "File",
                                   .Size = 5000000000,
-                                  .Time = -3,
+                                  .Time = 1700000000,
                                   .Hash = Hash,
                                   .Mode = 0755,
                                   .Run = "2",

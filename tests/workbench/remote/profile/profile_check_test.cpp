@@ -109,8 +109,8 @@ TEST(ProfileJson, KeepsEveryFieldOfAMachineElsewhere) {
 }
 
 TEST(ProfileJson, ReadsWhatAnEarlierVersionWrote) {
-  const TProfile profile = ProfileFromJson(nlohmann::ordered_json::parse(
-      R"({"name":"a","platform":"Win32","kind":"folder","path":"/x"})"));
+  const TProfile profile =
+      ProfileFromJson(ParseJson(R"({"name":"a","platform":"Win32","kind":"folder","path":"/x"})"));
   EXPECT_EQ(profile, (TProfile{.Name = "a", .Platform = "Win32", .Path = "/x"}));
 }
 

@@ -81,5 +81,31 @@ TEST(ProfileStore, NamesADamagedFile) {
   }
 }
 
+TEST(ProfileStore, RefusesNumbersThatCannotBe) {
+  const TRemotePlace place;
+  const auto errorWith = [&](const std::string& field) {
+    TRemotePlace::Write(place.Local("profiles.json"),
+                        R"({"profiles":[{"name":"a","platform":"P","kind":"ssh","path":"/x",)"
+                        R"("host":"h",)" +
+                            field + "}]}");
+    try {
+      static_cast<void>(TProfileStore(place.Local("profiles.json")).List());
+    } catch (const deployment::TInputError& error) {
+      return std::string(error.what());
+    }
+    return std::string("no error");
+  };
+  EXPECT_EQ(errorWith("\"port\":65535"), "no error");
+  EXPECT_EQ(errorWith("\"port\":4294967318"),
+            "the profiles file is damaged: \"port\" should be a whole number from 0 to 65535, but "
+            "is 4294967318; mend it or remove it");
+  EXPECT_EQ(errorWith("\"port\":-1"),
+            "the profiles file is damaged: \"port\" should be a whole number from 0 to 65535, but "
+            "is -1; mend it or remove it");
+  EXPECT_EQ(errorWith("\"keepAlive\":1e999"),
+            "the profiles file is damaged: a number is beyond all ranges at byte 93; mend it or "
+            "remove it");
+}
+
 } // namespace
 } // namespace workbench
