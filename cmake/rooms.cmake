@@ -55,13 +55,16 @@ set(REMOTE workbench/remote/target workbench/remote/folder workbench/remote/sftp
   workbench/remote/ssh)
 room(workbench/remote/profile SEES ${FOUNDATION} ${REMOTE} workbench/files workbench/json
   workbench/text)
-room(workbench/deploy SEES ${FOUNDATION} workbench/files workbench/process workbench/remote/target
-  workbench/text)
+room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/json workbench/process
+  workbench/remote/target workbench/text)
+room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files
+  workbench/platforms workbench/process workbench/remote/folder workbench/remote/profile
+  workbench/remote/target workbench/text)
 
 room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/json workbench/text)
 room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files workbench/msbuild
   workbench/platforms workbench/project workbench/project/cpp workbench/remote/profile
-  workbench/remote/target workbench/settings workbench/text workbench/xml)
+  workbench/remote/ssh workbench/remote/target workbench/settings workbench/text workbench/xml)
 room(workbench/session SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
   workbench/project workbench/project/build_import workbench/services workbench/settings
   workbench/text)
@@ -75,14 +78,15 @@ room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/json wor
 room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/files workbench/json
   workbench/list workbench/project/build_import workbench/session workbench/text)
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
-  workbench/deploy workbench/services workbench/session workbench/text)
+  workbench/deploy workbench/deploy/record workbench/json workbench/services workbench/session
+  workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
-  workbench/cli/view workbench/controls workbench/deploy workbench/files workbench/json
-  workbench/list workbench/platforms workbench/project workbench/project/build_import
-  workbench/remote/profile workbench/remote/target workbench/services workbench/session
-  workbench/settings workbench/text)
+  workbench/cli/view workbench/controls workbench/deploy workbench/deploy/record workbench/files
+  workbench/json workbench/list workbench/platforms workbench/project
+  workbench/project/build_import workbench/remote/profile workbench/remote/target
+  workbench/services workbench/session workbench/settings workbench/text)
 room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
-  workbench/msbuild workbench/session workbench/text)
+  workbench/msbuild workbench/services workbench/session workbench/text)
 room(workbench/askpass SEES workbench/remote/ssh)
 
 # deployment-manager, the window.

@@ -139,7 +139,10 @@ bool TStatusGatherer::CompareWithRemote(const TEntryPaths& paths,
   const IOTARemoteProfile* profile = FConnection.Profile().get();
   if (!services || !profile)
     return false;
-  const auto remote = services->GetRemoteFileTime(*profile, paths.RemoteFile(file));
+  const std::string remoteFile = paths.RemoteFile(file);
+  const auto remote = services->GetRemoteFileTime(*profile, remoteFile);
+  if (!remote && !services->IsRemoteFileKnown(*profile, remoteFile))
+    return false;
   if (!remote) {
     state = TRemoteState::NotFound;
     return true;

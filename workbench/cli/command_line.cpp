@@ -5,9 +5,10 @@
 #include "workbench/cli/argument_parser.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
-#include "workbench/cli/context/connection_questions.h"
+#include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/files/save_error.h"
 #include "workbench/msbuild/msbuild_properties.h"
+#include "workbench/services/remote_profile_services.h"
 
 #include <exception>
 #include <iostream>
@@ -84,8 +85,9 @@ TNamedTexts GivenProperties(const std::vector<std::string>& texts) {
 int RunCommand(ICommand& command, const TCommonOptions& options, TOutput& output) {
   TSession session(TSessionOptions{options.Root, GivenProperties(options.Properties)});
   WarnOfRoot(options.Root, output);
-  LetConnectionsAsk(session.RemoteProfiles(), output);
-  TCommandContext context{options, session, output};
+  const auto interaction = std::make_shared<TTerminalInteraction>(output);
+  session.RemoteProfiles().SetInteraction(interaction);
+  TCommandContext context{options, session, output, *interaction};
   return Reported(output, [&] {
     const int status = command.Run(context);
     CheckWritten(output.Flush());

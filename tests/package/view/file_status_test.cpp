@@ -49,6 +49,15 @@ TEST_F(FileStatus, OfAFileThatTheTargetDoesNotHaveIsNotFoundOnBothSides) {
   EXPECT_EQ(Text("a.dat", Remote), "Not Found");
 }
 
+TEST_F(FileStatus, OfAFileThatNothingCanBeSaidAboutIsUnknownAndNotMissing) {
+  OpenConnected(9, 10);
+  Profiles.Remote.clear();
+  Profiles.Unknown = {"App\\a.dat"};
+  Frame->RefreshFiles();
+  EXPECT_EQ(Text("a.dat", Local), "Unknown");
+  EXPECT_EQ(Text("a.dat", Remote), "Unknown");
+}
+
 TEST_F(FileStatus, OfALocalFileThatCannotBeExaminedIsUnknownAndDimmed) {
   OpenConnected(9, 10);
   Profiles.Local.clear();

@@ -14,6 +14,8 @@
 
 namespace workbench {
 
+class TTerminalInteraction;
+
 /// Exit statuses that scripts rely on.
 namespace exit_status {
 inline constexpr int Done = 0;
@@ -23,7 +25,8 @@ inline constexpr int UnreadableInput = 3;
 inline constexpr int CannotReconcile = 4;
 inline constexpr int NoConnection = 5;
 inline constexpr int NoConsent = 6;
-inline constexpr int WouldChange = 7;
+inline constexpr int WouldChange = 7; ///< "--check": something would change
+inline constexpr int Unexpected = 8;  ///< the target is not what was expected
 } // namespace exit_status
 
 /// The command line asks for what cannot be.
@@ -79,6 +82,7 @@ struct TCommandContext {
   const TCommonOptions& Options;
   TSession& Session;
   TOutput& Output;
+  const TTerminalInteraction& Interaction;
 };
 
 /// One command. Made anew for each run; its options land in its fields.

@@ -108,6 +108,10 @@ void TOutput::Error(const TFailure& failure) {
                               {"line", failure.Line}}}});
 }
 
+void TOutput::Complain(std::string_view text) {
+  std::cerr << ProgramName << ": " << Visible(text) << '\n';
+}
+
 bool TOutput::Flush() {
   return std::fflush(stdout) == 0 && !FFailed;
 }

@@ -60,6 +60,8 @@ public:
   /// The warnings so far, [{"text","file","line"}].
   TJson WarningsAsJson() const;
   void Error(const TFailure& failure);
+  /// Something failed, and the result that is printed says what came of it.
+  void Complain(std::string_view text);
   /// False when something of the result could not be written.
   bool Flush();
 

@@ -227,8 +227,8 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <translation>Befehle des Projekts</translation>
     </message>
     <message>
-        <source>The project wants to run these commands when it is deployed. Run only what you trust. May they run, now and whenever they are the same?</source>
-        <translation>Das Projekt will beim Verteilen diese Befehle ausführen. Führen Sie nur aus, dem Sie vertrauen. Dürfen sie laufen, jetzt und künftig, solange sie gleich bleiben?</translation>
+        <source>The project wants to run these commands when it is deployed to %1. Run only what you trust. May they run, now and whenever they are the same there?</source>
+        <translation>Das Projekt will diese Befehle ausführen, wenn es nach %1 verteilt wird. Führen Sie nur aus, dem Sie vertrauen. Dürfen sie laufen, jetzt und künftig, solange sie dort gleich bleiben?</translation>
     </message>
     <message>
         <source>Commands</source>
@@ -245,6 +245,18 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
 </context>
 <context>
     <name>TDeployWords</name>
+    <message>
+        <source>given its rights</source>
+        <translation>Rechte gesetzt</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>nicht angetastet</translation>
+    </message>
+    <message>
+        <source>Files that were changed on the target since they were deployed were left alone. In all: %1.</source>
+        <translation>Dateien, die am Ziel seit dem Verteilen geändert wurden, blieben unangetastet. Insgesamt: %1.</translation>
+    </message>
     <message>
         <source>Deploy again to go on where it stopped.</source>
         <translation>Verteilen Sie noch einmal, um dort fortzufahren, wo es aufgehört hat.</translation>

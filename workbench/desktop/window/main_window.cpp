@@ -13,11 +13,13 @@
 #include "workbench/desktop/window/project_names.h"
 #include "workbench/desktop/window/recovery_question.h"
 #include "workbench/desktop/window/welcome_page.h"
+#include "workbench/desktop/window/window_interaction.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/desktop/window/window_status.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
 #include "workbench/settings/command_consent.h"
+#include "workbench/text/visible_text.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -64,13 +66,8 @@ TMainWindow::~TMainWindow() {
   FSession.CloseViews();
   FSession.SetEditorArea(nullptr);
   FSession.SetModalForms(nullptr);
-  TRemoteProfileServices& services = FSession.RemoteProfiles();
-  services.SetRunAside(nullptr);
-  services.SetDeployDesk(nullptr);
-  services.SetCreateProfile(nullptr);
   FQuestions->Close();
-  services.SetHostKeyQuestion(nullptr);
-  services.SetSecretQuestion(nullptr);
+  FSession.RemoteProfiles().SetInteraction(nullptr);
 }
 
 void TMainWindow::WatchState() {
@@ -135,24 +132,23 @@ void TMainWindow::MakePages() {
 }
 
 void TMainWindow::ServeSession() {
-  FDesk = std::make_unique<TDeployDesk>(
-      *FPanel, [this](const std::vector<std::string>& commands) { return MayRun(commands); });
   FSession.SetEditorArea(FTabs);
   FSession.SetModalForms(FModalForms.get());
-  TRemoteProfileServices& services = FSession.RemoteProfiles();
-  services.SetRunAside(
-      [this](const TRemoteProfileServices::TWork& work) { FBackground.Run(work); });
-  services.SetDeployDesk(FDesk.get());
-  services.SetCreateProfile([this](deployment::ICustomProject& project, std::string_view platform) {
-    return CreateProfile(project, platform);
-  });
   FQuestions = std::make_shared<TConnectionQuestions>(*this);
-  services.SetHostKeyQuestion(
-      [questions = FQuestions](const THostKey& key) { return questions->AcceptsHostKey(key); });
-  services.SetSecretQuestion(
-      [questions = FQuestions](const std::string& prompt, const TIsCancelled& isOver) {
-        return questions->TellSecret(prompt, isOver);
-      });
+  FSession.RemoteProfiles().SetInteraction(std::make_shared<TWindowInteraction>(
+      TWindowParts{.Panel = *FPanel,
+                   .Background = FBackground,
+                   .Questions = FQuestions,
+                   .MayRun = [this](const auto& commands,
+                                    const std::string& place) { return MayRun(commands, place); },
+                   .CreateProfile =
+                       [this](auto& project, std::string_view platform) {
+                         return CreateProfile(project, platform);
+                       },
+                   .ConnectionLost =
+                       [this](const std::string& profile, const std::string& reason) {
+                         ShowLostConnection(profile, reason);
+                       }}));
 }
 
 TFormControls* TMainWindow::CurrentControls() const {
@@ -249,17 +245,22 @@ void TMainWindow::ShowState() {
 }
 
 // A command is asked for as long as the user has not said yes to exactly this one.
-bool TMainWindow::MayRun(const std::vector<std::string>& commands) {
+bool TMainWindow::MayRun(const std::vector<std::string>& commands, const std::string& place) {
   const TOpenProject* project = CurrentProject();
   if (!project)
     return false;
   TSettings& settings = FSession.Settings();
-  if (IsAllowed(settings, project->GivenFileName(), commands))
+  if (IsAllowed(settings, project->GivenFileName(), place, commands))
     return true;
-  if (!AskConsent(commands, this))
+  if (!AskConsent(commands, place, this))
     return false;
-  Guarded([&] { Allow(settings, project->GivenFileName(), commands); });
+  Guarded([&] { Allow(settings, project->GivenFileName(), place, commands); });
   return true;
+}
+
+void TMainWindow::ShowLostConnection(const std::string& profile, const std::string& reason) {
+  FStatus->Say(tr("No connection to the files of %1: %2")
+                   .arg(ToQString(Visible(profile)), ToQString(Visible(reason))));
 }
 
 bool TMainWindow::CreateProfile(const deployment::ICustomProject& project,
@@ -323,8 +324,8 @@ void TMainWindow::KeepLayout() const {
 
 void TMainWindow::closeEvent(QCloseEvent* event) {
   if (FBackground.IsBusy()) {
-    FStatus->Say(FDesk->IsRunning() ? tr("A deploy is running; cancel it first.")
-                                    : tr("Work is going on; it is over soon."));
+    FStatus->Say(FPanel->IsRunning() ? tr("A deploy is running; cancel it first.")
+                                     : tr("Work is going on; it is over soon."));
     return event->ignore();
   }
   if (!FProjects->MayCloseAll())

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "workbench/desktop/window/background_work.h"
-#include "workbench/desktop/window/deploy_desk.h"
 #include "workbench/desktop/window/editor_tabs.h"
 #include "workbench/desktop/window/project_tabs.h"
 #include "workbench/desktop/window/project_watcher.h"
@@ -85,7 +84,8 @@ private:
   void AddDropped(const QStringList& files);
   void ShowProfiles();
   void ShowAbout();
-  bool MayRun(const std::vector<std::string>& commands);
+  bool MayRun(const std::vector<std::string>& commands, const std::string& place);
+  void ShowLostConnection(const std::string& profile, const std::string& reason);
   bool CreateProfile(const deployment::ICustomProject& project, std::string_view platform);
   void KeepLayout() const;
 
@@ -102,7 +102,6 @@ private:
   TListCommands* FListCommands = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
-  std::unique_ptr<TDeployDesk> FDesk;
   std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too
   TProjectWatcher FWatcher;
   QTimer FState;

@@ -2,13 +2,14 @@
 
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/file_reader.h"
+#include "workbench/files/sha256.h"
 #include "workbench/remote/target/remote_path.h"
 
-#include <cstring>
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <span>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <utility>
@@ -43,7 +44,10 @@ public:
 
   int Get() const { return FFile.Get(); }
 
-  void PutInPlace(const std::string& name, const struct stat& source) {
+  void PutInPlace(const std::string& name, const struct stat& source, mode_t rights) {
+    // Whatever is taken from rights when a file is made, they are to be those of the local file.
+    if (::fchmod(FFile.Get(), rights) != 0)
+      ThrowSystemError("setting its rights");
     const timespec times[2] = {{0, UTIME_OMIT}, source.st_mtim};
     if (::futimens(FFile.Get(), times) != 0)
       ThrowSystemError("setting the time stamp");
@@ -72,12 +76,6 @@ TFileDescriptor OpenSource(const std::filesystem::path& file, struct stat& statu
   return source;
 }
 
-mode_t RightsOf(const struct stat& source, bool makeExecutable) {
-  const mode_t rights = source.st_mode & 0777;
-  // Whoever may read the program may run it.
-  return makeExecutable ? rights | ((rights & 0444) >> 2) : rights;
-}
-
 std::size_t ReadSome(int file, std::span<char> block) {
   while (true) {
     const ssize_t count = ::read(file, block.data(), block.size());
@@ -85,15 +83,6 @@ std::size_t ReadSome(int file, std::span<char> block) {
       return static_cast<std::size_t>(count);
     if (errno != EINTR)
       ThrowSystemError("reading it");
-  }
-}
-
-void WriteAll(int file, std::span<const char> bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(file, bytes.data(), bytes.size());
-    if (count < 0 && errno != EINTR)
-      ThrowSystemError("writing it");
-    bytes = bytes.subspan(count > 0 ? static_cast<std::size_t>(count) : 0);
   }
 }
 
@@ -153,18 +142,22 @@ void TFileTransfer::TrySend(int directory, const TSendRequest& request, ISendJob
                             TSendOutcome& outcome) {
   struct stat status = {};
   const TFileDescriptor source = OpenSource(request.LocalFile, status);
-  TUnfinishedFile target(directory, NextName(), RightsOf(status, request.MakeExecutable));
+  TUnfinishedFile target(directory, NextName(), 0600);
   const auto size = static_cast<std::uint64_t>(status.st_size);
   if (Copy(source.Get(), target.Get(), size, job, outcome) != size ||
       !IsSameState(status, source.Get()))
     throw TChangedMeanwhile();
-  target.PutInPlace(request.Target.Name, status);
+  outcome.Size = size;
+  outcome.Time = status.st_mtim.tv_sec;
+  outcome.Mode = RightsFor(status.st_mode, request.MakeExecutable);
+  target.PutInPlace(request.Target.Name, status, outcome.Mode);
 }
 
 // Ends when the size is reached; a file that grew has another state by then.
 std::uint64_t TFileTransfer::Copy(int source, int target, std::uint64_t size, ISendJob& job,
                                   TSendOutcome& outcome) {
   std::uint64_t copied = 0;
+  TSHA256 digest;
   while (copied < size) {
     if (job.IsCancelled())
       throw TCancelled();
@@ -172,41 +165,30 @@ std::uint64_t TFileTransfer::Copy(int source, int target, std::uint64_t size, IS
     if (count == 0)
       break;
     WriteAll(target, {FBlock.data(), count});
+    digest.Add({FBlock.data(), count});
     copied += count;
     outcome.Bytes += count;
     job.BytesSent(count);
   }
+  outcome.Hash = digest.Text();
   return copied;
 }
 
-bool HaveSameBytes(const std::filesystem::path& localFile, int directory, const std::string& name) {
-  const TFileDescriptor local(::open(localFile.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  const TFileDescriptor remote(
-      ::openat(directory, name.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
-  if (!local.IsOpen() || !remote.IsOpen())
-    return false;
-  const auto left = std::make_unique_for_overwrite<char[]>(BlockSize);
-  const auto right = std::make_unique_for_overwrite<char[]>(BlockSize);
-  const auto fill = [](int file, const std::unique_ptr<char[]>& block) {
-    std::size_t filled = 0;
-    while (filled < BlockSize) {
-      const std::size_t count = ReadSome(file, std::span(block.get() + filled, BlockSize - filled));
-      if (count == 0)
-        break;
-      filled += count;
-    }
-    return filled;
-  };
-  try {
-    while (true) {
-      const std::size_t count = fill(local.Get(), left);
-      if (fill(remote.Get(), right) != count || std::memcmp(left.get(), right.get(), count) != 0)
-        return false;
-      if (count < BlockSize)
-        return true;
-    }
-  } catch (const std::system_error&) {
-    return false;
+void ReadOpened(int file, const std::function<bool(std::string_view bytes)>& take) {
+  const auto block = std::make_unique_for_overwrite<char[]>(BlockSize);
+  while (true) {
+    const std::size_t count = ReadSome(file, {block.get(), BlockSize});
+    if (count == 0 || !take({block.get(), count}))
+      return;
+  }
+}
+
+void WriteAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(file, bytes.data(), bytes.size());
+    if (count < 0 && errno != EINTR)
+      ThrowSystemError("writing it");
+    bytes.remove_prefix(count > 0 ? static_cast<std::size_t>(count) : 0);
   }
 }
 

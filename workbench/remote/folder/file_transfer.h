@@ -3,8 +3,9 @@
 
 #include "workbench/remote/target/remote_connection.h"
 
-#include <span>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace workbench {
@@ -33,9 +34,11 @@ private:
   std::vector<char> FBlock;
 };
 
-/// True when the open file and the one of that name in the directory have the same bytes. False
-/// also when they cannot be read.
-bool HaveSameBytes(const std::filesystem::path& localFile, int directory, const std::string& name);
+/// Reads an open file to its end, or until `take` is false. Throws std::system_error.
+void ReadOpened(int file, const std::function<bool(std::string_view bytes)>& take);
+
+/// Writes all the bytes to an open file. Throws std::system_error.
+void WriteAll(int file, std::string_view bytes);
 
 /// What the link of that name in the directory stores. Throws std::system_error, also when it is no
 /// link.

@@ -26,8 +26,9 @@ using THostKeyQuestion = std::function<bool(const THostKey&)>;
 using TSecretQuestion = std::function<std::optional<std::string>(const std::string& prompt,
                                                                  const TIsCancelled& isOver)>;
 
-/// Who is there while connections are made. An empty question is one that nobody answers.
-struct TPerson {
+/// The questions that are answered while connections are made. An empty one is answered by nobody:
+/// unknown keys are refused, and only keys and the agent log in.
+struct TPrompts {
   THostKeyQuestion AcceptsHostKey = nullptr;
   TSecretQuestion TellsSecret = nullptr;
 };
