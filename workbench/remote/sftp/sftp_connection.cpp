@@ -334,7 +334,7 @@ std::string TSftpConnection::Remove(const TRemoteName& name) {
 }
 
 bool TSftpConnection::KnowsLinks() const {
-  return !FMachine.IsWindows && CanMakeLinks(FChannel.Limits());
+  return !FIsWindows && CanMakeLinks(FChannel.Limits());
 }
 
 std::vector<TRemoteLink> TSftpConnection::ReadLinks(std::span<const TRemoteName> names) {
