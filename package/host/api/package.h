@@ -9,7 +9,7 @@
 namespace deployment {
 
 /// Goes up with every change of a header in this folder; host and package must agree.
-inline constexpr std::uint32_t PackageInterfaceVersion = 4;
+inline constexpr std::uint32_t PackageInterfaceVersion = 5;
 
 /// The loaded package. Owned by the host, which destroys it before it unloads the module and after
 /// it closed every module that the package attached a handler to.

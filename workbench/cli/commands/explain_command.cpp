@@ -3,6 +3,7 @@
 #include "package/common/path_text.h"
 #include "package/host/api/platforms.h"
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/output_explanation.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/entries/entry_text.h"
@@ -82,15 +83,22 @@ public:
   }
   void AddOptions(IOptions& options) override {
     AddProjectArgument(options, FProject);
-    options.Text("FILE", FFile, "Local name of a file, or the name of a class or option")
-        .Required();
+    options.Text("FILE", FFile, "Local name of a file, or the name of a class or option");
+    options.Flag("--output", FOutput, "Say where the path of what a build makes comes from");
     options.Footer("The target is reconciled in memory to learn the reasons; nothing is saved.");
   }
 
   int Run(TCommandContext& context) override {
-    if (FFile.empty())
-      throw TUsageError("the name of the file is empty");
+    if (FFile.empty() != FOutput)
+      throw TUsageError("either a file or --output is wanted");
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
+    if (FOutput) {
+      const TTarget target = ChooseTarget(context, project);
+      if (target.AllPlatforms)
+        throw TUsageError("\"explain\" wants one platform");
+      ExplainOutput(context, project, target);
+      return exit_status::Done;
+    }
     const TExplanation explanation = Explain(context, project);
     if (context.Output.IsJson())
       PrintJson(context, project, explanation);
@@ -204,6 +212,8 @@ private:
       if (IsOf(reason, entry))
         output.Line("  " + Visible(ReasonSentence(reason)));
     }
+    if (entry.GetDeploymentClass() == "ProjectOutput")
+      PrintOutputSteps(output, project, explanation.Target);
     for (const TSourcedValue& value : SourcedValues(entry, platform, project.Deployment()))
       output.Line("  " + value.Name + " " +
                   Visible("\"" + value.Value + "\" (" + value.Source + ")"));
@@ -250,6 +260,7 @@ private:
 
   std::string FProject;
   std::string FFile;
+  bool FOutput = false;
 };
 
 } // namespace

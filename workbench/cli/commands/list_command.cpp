@@ -51,6 +51,7 @@ public:
     if (connect)
       view.Connect();
     Sort(view);
+    WarnOfNothingBuilt(context, project, target);
     WarnSince(context, project, told);
     if (context.Output.IsJson())
       PrintJson(context, project, target, connect, view.Rows());

@@ -25,6 +25,10 @@ void CheckPlatformOption(TCommandContext& context, const TOpenProject* project);
 /// project has not set up. Throws as CheckPlatformOption does.
 TTarget ChooseTarget(TCommandContext& context, const TOpenProject& project);
 
+/// Warns when a build of the target makes nothing to deploy; a target of all platforms says
+/// nothing.
+void WarnOfNothingBuilt(TCommandContext& context, TOpenProject& project, const TTarget& target);
+
 /// For commands that work on every target: checks the platform option as above, and says that a
 /// target which was chosen changes nothing, for the reason given.
 void WarnOfTarget(TCommandContext& context, const TOpenProject* project, const std::string& reason);
