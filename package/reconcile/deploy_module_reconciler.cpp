@@ -81,8 +81,6 @@ TReconcileResult TDeployModuleReconciler::Reconcile() {
           FTarget.Project().GetNothingToDeploy(FTarget.Configuration(), FTarget.Platform());
       !nothing.empty()) {
     RecordGate(TReasonSource::Gate, nothing, TReasonCause::NothingBuilt);
-    FTarget.Services().GetMessageServices().AddWarning(nothing,
-                                                       {FTarget.Project().GetProjectFileName(), 0});
     return TReconcileResult::CannotReconcile;
   }
   if (!FTarget.PackageService()) {

@@ -51,6 +51,10 @@ public:
   TExpanded Value(std::string_view name) const;
   /// Where the property got its value; the project's root when no element assigned it.
   deployment::TErrorPlace PropertyPlace(std::string_view name) const;
+  /// The element that assigned the property; null when none did.
+  const deployment::IXMLNode* AssignedBy(std::string_view name) const {
+    return FProperties.AssignedBy(name);
+  }
   /// A text of the project as plain text, references replaced.
   std::string Expand(std::string_view text, const deployment::IXMLNode& node) const;
 

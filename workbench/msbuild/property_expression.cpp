@@ -1,5 +1,6 @@
 #include "workbench/msbuild/property_expression.h"
 
+#include "package/common/case_fold.h"
 #include "workbench/msbuild/condition_tokens.h"
 #include "workbench/msbuild/msbuild_escapes.h"
 #include "workbench/xml/short_text.h"
@@ -46,7 +47,8 @@ TExpanded TReferenceReader::Read() {
 
 void TReferenceReader::ReadStart() {
   if (Present() != '[') {
-    if (FBody.substr(FNext).starts_with("Registry:"))
+    constexpr std::string_view Registry = "Registry:";
+    if (deployment::SameText(FBody.substr(FNext, Registry.size()), Registry))
       return ReadRegistry();
     TExpanded value = FProperties.PlainValue(ReadName());
     FValue = std::move(value.Text);

@@ -76,6 +76,11 @@ std::string TOwnDialect::Personality(const TMSBuildEvaluation& evaluation) const
   return evaluation.Property("ProjectPersonality");
 }
 
+void TOwnDialect::TraceOutput(TMSBuildEvaluation& /*evaluation*/, TOutputTrace& trace) const {
+  for (const std::string_view name : {"OutputDir", "OutputName", "AppType", "OutputKind"})
+    trace.AddProperty(name);
+}
+
 TExpanded TOwnDialect::OutputDirectory(const TMSBuildEvaluation& evaluation) const {
   return evaluation.Value("OutputDir");
 }

@@ -5,6 +5,7 @@
 #include "workbench/msbuild/evaluation_note.h"
 #include "workbench/msbuild/msbuild_evaluation.h"
 #include "workbench/platforms/platform_table.h"
+#include "workbench/project/output_trace.h"
 #include "workbench/project/project_layout.h"
 
 #include <filesystem>
@@ -58,6 +59,8 @@ public:
   virtual std::string Personality(const TMSBuildEvaluation& evaluation) const = 0;
   virtual TBuildOutput Output(TMSBuildEvaluation& evaluation, const TPlatform* platform,
                               const std::filesystem::path& file) const = 0;
+  /// Adds what the output's path is made of.
+  virtual void TraceOutput(TMSBuildEvaluation& evaluation, TOutputTrace& trace) const = 0;
   /// Full path of the directory of the output, as the project writes it.
   virtual TExpanded OutputDirectory(const TMSBuildEvaluation& evaluation) const = 0;
   /// Includes of the items that are files to be deployed with the project.

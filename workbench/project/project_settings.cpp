@@ -231,6 +231,20 @@ const TBuildOutput& TProjectSettings::Output(std::string_view configuration,
   return *output;
 }
 
+std::vector<TOutputStep> TProjectSettings::TraceOutput(std::string_view configuration,
+                                                       std::string_view platform) const {
+  TMSBuildEvaluation& evaluation = Evaluate(configuration, platform);
+  TOutputTrace trace(evaluation);
+  for (const TNamedText& text : GlobalsFor(*FDialect))
+    trace.AddSource(text.Name, "the solution " + evaluation.Property("SolutionPath"));
+  for (const TNamedText& text : FSurroundings.Properties)
+    trace.AddSource(text.Name, "given on the command line");
+  for (const TNamedText& text : FDialect->TargetProperties(TargetOf(configuration, platform)))
+    trace.AddSource(text.Name, "the target");
+  FDialect->TraceOutput(evaluation, trace);
+  return trace.TakeSteps();
+}
+
 std::string TProjectSettings::OutputFileName(std::string_view configuration,
                                              std::string_view platform) const {
   const TBuildOutput& output = Output(configuration, platform);

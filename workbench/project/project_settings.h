@@ -8,6 +8,7 @@
 #include "workbench/msbuild/msbuild_imports.h"
 #include "workbench/platforms/platform_table.h"
 #include "workbench/project/build_configuration.h"
+#include "workbench/project/output_trace.h"
 #include "workbench/project/project_dialect.h"
 #include "workbench/project/project_layout.h"
 
@@ -108,11 +109,10 @@ public:
   /// The items of a target.
   const std::vector<TProjectItem>& Items(std::string_view configuration,
                                          std::string_view platform) const;
-  /// The evaluation behind the answers for a target; good until the next question.
-  TMSBuildEvaluation& EvaluationOf(std::string_view configuration,
-                                   std::string_view platform) const {
-    return Evaluate(configuration, platform);
-  }
+  /// Where the path of what a build of the target makes comes from, step by step: first what is
+  /// written, then every property that it refers to.
+  std::vector<TOutputStep> TraceOutput(std::string_view configuration,
+                                       std::string_view platform) const;
 
   /// What was passed over so far: questions about further targets add to it.
   const TEvaluationNotes& Notes() const { return FNotes; }

@@ -1,6 +1,8 @@
 // deploymgr explain: why a file is in the list of a target, or is not.
+#include "package/common/class_names.h"
 #include "package/host/api/platforms.h"
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/output_explanation.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/project_argument.h"
 #include "workbench/cli/context/target.h"
@@ -23,19 +25,26 @@ public:
   }
   void AddOptions(IOptions& options) override {
     AddProjectArgument(options, FProject);
-    options.Text("FILE", FFile, "Local name of a file, or the name of a class or option")
-        .Required();
+    options.Text("FILE", FFile, "Local name of a file, or the name of a class or option");
+    options.Flag("--output", FOutput, "Say where the path of what a build makes comes from");
     options.Footer("The target is reconciled in memory to learn the reasons; nothing is saved.");
   }
 
   int Run(TCommandContext& context) override {
-    if (FFile.empty())
-      throw TUsageError("the name of the file is empty");
-    CheckOrder("explain", FProject, {FFile});
+    if (FFile.empty() != FOutput)
+      throw TUsageError("either a file or --output is wanted");
+    if (!FOutput)
+      CheckOrder("explain", FProject, {FFile});
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
-    const TTarget chosen = ChooseTarget(context, project);
-    FTarget = {chosen.Configuration,
-               chosen.AllPlatforms ? std::string(deployment::sAllPlatforms) : chosen.Platform};
+    FChosen = ChooseTarget(context, project);
+    if (FOutput) {
+      if (FChosen.AllPlatforms)
+        throw TUsageError("\"explain\" wants one platform");
+      ExplainOutput(context, project, FChosen);
+      return exit_status::Done;
+    }
+    FTarget = {FChosen.Configuration,
+               FChosen.AllPlatforms ? std::string(deployment::sAllPlatforms) : FChosen.Platform};
     const std::size_t told = project.Warnings().size();
     TExplainer explainer(context.Session, project, FTarget);
     const TExplanation explanation = explainer.Explain(FFile);
@@ -93,6 +102,8 @@ private:
       return;
     }
     const auto& [platform, remoteFile] = entry.Landings.front();
+    if (entry.File->GetDeploymentClass() == deployment::class_names::ProjectOutput)
+      PrintOutputSteps(output, project, FChosen);
     for (const TSourcedValue& value : SourcedValues(*entry.File, platform, project.Deployment()))
       output.Line("  " + value.Name + " " +
                   Visible("\"" + value.Value + "\" (" + value.Source + ")"));
@@ -158,7 +169,9 @@ private:
 
   std::string FProject;
   std::string FFile;
-  deployment::TDeploymentTarget FTarget;
+  TTarget FChosen;
+  deployment::TDeploymentTarget FTarget; ///< the same as the list knows it
+  bool FOutput = false;
 };
 
 } // namespace

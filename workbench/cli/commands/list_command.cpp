@@ -51,6 +51,7 @@ public:
     else
       view.Open(project, target);
     Sort(view);
+    WarnOfNothingBuilt(context, project, target);
     WarnSince(context, project, told);
     const TTargetStatus status =
         FConnects ? AskTarget(context, project, target) : TTargetStatus(TDeployReport());

@@ -18,7 +18,7 @@ struct TReconciledTarget {
   std::string Platform;
   std::string Configuration;
   TReconcileResult Result = TReconcileResult::Reconciled;
-  bool IsBuilt = true; // false: a build makes nothing for the target, which the reconcile warns of
+  std::string Nothing = {}; // why a build of the target makes nothing to deploy
   TTargetChanges Changes = {};
 };
 
@@ -108,8 +108,8 @@ private:
       changes.StartTarget();
       target->Result =
           project.Deployment().Reconcile(target->Configuration, target->Platform, FInternal);
-      target->IsBuilt =
-          project.Project().GetNothingToDeploy(target->Configuration, target->Platform).empty();
+      target->Nothing =
+          project.Project().GetNothingToDeploy(target->Configuration, target->Platform);
     }
     std::vector<TTargetChanges> changed = changes.Finish();
     for (std::size_t i = 0; i < order.size(); ++i)
@@ -147,9 +147,10 @@ private:
       result.AddAll(ChangesAsJson(target.Changes));
       results.Append(std::move(result));
       const std::string name = target.Configuration + ", " + target.Platform;
-      if (target.Result == TReconcileResult::CannotReconcile && target.IsBuilt)
-        context.Output.Warn(
-            {"the project cannot be reconciled for " + name, project.GivenFileName().string(), 0});
+      if (target.Result == TReconcileResult::CannotReconcile)
+        context.Output.Warn({target.Nothing.empty() ? "the project cannot be reconciled for " + name
+                                                    : target.Nothing,
+                             project.GivenFileName().string(), 0});
       PrintChanges(context.Output, target.Changes, FChange.IsDry());
       nothing = nothing && target.Changes.IsEmpty();
     }

@@ -156,6 +156,15 @@ std::string PlatformOption(TCommandContext& context, const TOpenProject* project
   return platform;
 }
 
+void WarnOfNothingBuilt(TCommandContext& context, TOpenProject& project, const TTarget& target) {
+  if (target.AllPlatforms || target.Configuration == deployment::BaseConfiguration)
+    return;
+  const std::string nothing =
+      project.Project().GetNothingToDeploy(target.Configuration, target.Platform);
+  if (!nothing.empty())
+    context.Output.Warn({nothing, project.GivenFileName().string(), 0});
+}
+
 TTarget ChooseTarget(TCommandContext& context, const TOpenProject& project) {
   CheckTargetOptions(context, &project);
   CheckEnvironment(context, project);

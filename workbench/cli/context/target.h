@@ -30,6 +30,10 @@ void CheckConfigurationOption(TCommandContext& context, const TOpenProject& proj
 /// Throws as CheckTargetOptions does, for names that come from the environment too.
 TTarget ChooseTarget(TCommandContext& context, const TOpenProject& project);
 
+/// Warns when a build of the target makes nothing to deploy; a target of all platforms says
+/// nothing.
+void WarnOfNothingBuilt(TCommandContext& context, TOpenProject& project, const TTarget& target);
+
 /// For commands that work on every target: checks the options as above, and says that a target
 /// which was chosen changes nothing, for the reason given.
 void WarnOfTarget(TCommandContext& context, const TOpenProject* project, const std::string& reason);

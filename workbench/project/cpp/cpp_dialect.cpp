@@ -231,6 +231,16 @@ TBuildOutput TCppDialect::Output(TMSBuildEvaluation& evaluation, const TPlatform
   return CppOutput(evaluation, platform);
 }
 
+void TCppDialect::TraceOutput(TMSBuildEvaluation& evaluation, TOutputTrace& trace) const {
+  trace.AddProperty("ConfigurationType");
+  if (deployment::SameText(evaluation.Property("ConfigurationType"), "Makefile"))
+    return trace.AddProperty("NMakeOutput");
+  if (const auto linked = evaluation.Definition("Link", "OutputFile"))
+    trace.AddDefinition("Link.OutputFile", *linked);
+  for (const std::string_view name : {"OutDir", "TargetName", "TargetExt"})
+    trace.AddProperty(name);
+}
+
 TExpanded TCppDialect::OutputDirectory(const TMSBuildEvaluation& evaluation) const {
   return evaluation.Value("OutDir");
 }

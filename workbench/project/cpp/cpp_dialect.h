@@ -34,6 +34,7 @@ public:
   std::string Personality(const TMSBuildEvaluation& evaluation) const override;
   TBuildOutput Output(TMSBuildEvaluation& evaluation, const TPlatform* platform,
                       const std::filesystem::path& file) const override;
+  void TraceOutput(TMSBuildEvaluation& evaluation, TOutputTrace& trace) const override;
   TExpanded OutputDirectory(const TMSBuildEvaluation& evaluation) const override;
   std::vector<std::string> Files(TMSBuildEvaluation& evaluation,
                                  TEvaluationNotes& notes) const override;
