@@ -30,7 +30,7 @@ const TMistake Mistakes[] = {
     {{"add", "p.vproj", "data/*.dta"}, 1, "no file matches the pattern \"data/*.dta\""},
     {{"add", "p.vproj", "/etc/passwd"}, 1, "--outside adds them all the same"},
     {{"add", "p.vproj", "held.dat"}, 0, "is on the list for Debug, Win32 already"},
-    {{"add", "p.vproj", "data/levels.dat", "--class", "Fiel"}, 0, "did you mean \"File\"?"},
+    {{"add", "in", "in/a.dat", "--class", "Fiel"}, 0, "did you mean \"File\"?"},
     {{"add", "p.vproj"}, 2, "name a FILE, or a directory with --tree"},
     {{"add", "data/levels.dat", "p.vproj"}, 2, "the project comes first: deploymgr add p.vproj"},
     {{"set", "held.dat", "p.vproj", "--enabled", "false"}, 2, "the project comes first"},
@@ -72,6 +72,7 @@ TEST(Mistakes, EachGetItsSentenceItsHintAndItsStatus) {
   place.Write("p.vproj", ProjectWith(ListOf(Entry("held.dat", "Debug", "Win32") +
                                             Entry("data\\deep.dat", "Debug", "Win32"))));
   place.Write("in/q.vproj", ProjectWith(""));
+  place.Write("in/a.dat", "x");
   place.Write("held.dat", "x");
   place.Write("data/levels.dat", "x");
   place.Write("readme.txt", "A text.\n");

@@ -96,7 +96,7 @@ private:
                         TargetName() + " as \"" + entry.File->GetDeploymentClass() + "\""));
     for (const std::string& reason : entry.Reasons)
       output.Line("  " + Visible(reason));
-    if (entry.Landings.size() != 1) {
+    if (FTarget.Platform == deployment::sAllPlatforms) {
       for (const auto& [platform, remoteFile] : entry.Landings)
         output.Line("  lands at " + Visible(remoteFile + " on " + platform));
       return;
@@ -141,7 +141,7 @@ private:
                              {"because", explanation.Reasons}});
   }
 
-  static TJson EntryAsJson(TOpenProject& project, const TExplainedEntry& entry) {
+  TJson EntryAsJson(TOpenProject& project, const TExplainedEntry& entry) const {
     deployment::IProjectDeploymentFile& file = *entry.File;
     TJson document = {{"localName", file.GetLocalName()},
                       {"class", file.GetDeploymentClass()},
@@ -152,7 +152,7 @@ private:
                       {"localFile", entry.LocalFile},
                       {"exists", entry.IsThere},
                       {"because", entry.Reasons}};
-    if (entry.Landings.size() == 1) {
+    if (FTarget.Platform != deployment::sAllPlatforms) {
       const auto& [platform, remoteFile] = entry.Landings.front();
       TJson values = TJson::Object();
       for (const TSourcedValue& value : SourcedValues(file, platform, project.Deployment()))

@@ -21,6 +21,8 @@ public:
     TOpenProject& project = OpenProject(context, FProject, FChange.Purpose());
     WarnOfTarget(context, &project, "an upgrade is of the whole list");
     const bool hadList = !project.Deployment().IsEmpty();
+    if (!hadList)
+      context.Session.RequireDefaults();
     project.Deployment().GetFiles(); // a project without a list gets the default classes
     const int before = project.SectionVersionRead();
     const bool upgraded = project.WasUpgraded();

@@ -36,7 +36,7 @@ TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOp
     WarnSince(context, project, 0);
     return project;
   } catch (const deployment::TInputError& error) {
-    if (MayBeXml(found))
+    if (HasProjectName(found) || MayBeXml(found))
       throw;
     const bool isSolution = deployment::SameText(found.extension().string(), ".sln");
     throw deployment::TInputError(isSolution ? "this is a solution; name one of the projects in it"

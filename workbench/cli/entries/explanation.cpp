@@ -187,7 +187,7 @@ TExplainedEntry TExplainer::ExplainEntry(const std::shared_ptr<IProjectDeploymen
   entry.IsDeployed = FEntries.IsDeployed(*file);
   AddLandings(*file, entry);
   std::error_code ignored;
-  entry.IsThere = std::filesystem::exists(ToMachinePath(entry.LocalFile), ignored);
+  entry.IsThere = std::filesystem::exists(entry.LocalFile, ignored);
   AddReasons(*file, explanation, entry);
   return entry;
 }
@@ -255,7 +255,7 @@ void TExplainer::AddLandings(const IProjectDeploymentFile& file, TExplainedEntry
   for (const std::string& platform : platforms) {
     const deployment::TEntryPaths& paths = PathsOf(platform);
     if (entry.LocalFile.empty())
-      entry.LocalFile = paths.LocalFile(file);
+      entry.LocalFile = ToMachinePath(paths.LocalFile(file)).string();
     entry.Landings.emplace_back(platform, deployment::CanonicalizePath(paths.RemoteFile(file)));
   }
 }

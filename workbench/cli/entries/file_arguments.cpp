@@ -19,7 +19,7 @@ std::vector<std::string> NeighboursOf(const std::string& argument, const fs::pat
   const fs::path below = fs::path(argument).parent_path();
   std::vector<std::string> names;
   for (const fs::path& place :
-       {fs::absolute(below), fs::absolute(projectFile).parent_path() / below}) {
+       {fs::current_path() / below, fs::absolute(projectFile).parent_path() / below}) {
     std::error_code ignored;
     for (const auto& entry : fs::directory_iterator(place, ignored)) {
       if (names.size() >= MostNames)
