@@ -38,6 +38,7 @@ room(workbench/platforms SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/project SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
   workbench/text workbench/xml)
 room(workbench/controls SEES ${FOUNDATION})
+room(workbench/list SEES ${FOUNDATION} workbench/json workbench/text)
 
 room(workbench/remote/target SEES ${FOUNDATION} workbench/files workbench/process workbench/text)
 room(workbench/remote/folder SEES ${FOUNDATION} workbench/files workbench/process
@@ -63,21 +64,21 @@ room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files work
   workbench/remote/target workbench/settings workbench/text workbench/xml)
 room(workbench/session SEES ${FOUNDATION} workbench/files workbench/platforms workbench/project
   workbench/services workbench/settings workbench/text)
-room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workbench/session
-  workbench/text)
+room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workbench/list
+  workbench/session workbench/text)
 
 # deploymgr, the command line.
 room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/json workbench/msbuild
   workbench/platforms workbench/process workbench/project workbench/remote/ssh workbench/services
   workbench/session workbench/text)
-room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/json
+room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/json workbench/list
   workbench/session workbench/text)
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
   workbench/deploy workbench/deploy/record workbench/json workbench/services workbench/session
   workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/cli/view workbench/controls workbench/deploy workbench/deploy/record workbench/files
-  workbench/json workbench/platforms workbench/project workbench/remote/profile
+  workbench/json workbench/list workbench/platforms workbench/project workbench/remote/profile
   workbench/remote/target workbench/services workbench/session workbench/settings workbench/text)
 room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
   workbench/services workbench/session workbench/text)

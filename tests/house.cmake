@@ -6,6 +6,9 @@ add_test(NAME House.WrongIncludesAreRefused
   COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR}
           -DSCRATCH=${CMAKE_CURRENT_BINARY_DIR}/planted_includes
           -P ${CMAKE_CURRENT_SOURCE_DIR}/house/check_planted_includes.cmake)
+add_test(NAME House.DocumentsNameEveryRoomAndFilesThatExist
+  COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR}
+          -P ${CMAKE_CURRENT_SOURCE_DIR}/house/check_documents.cmake)
 
 # Sanitizers bring libraries and symbols of their own.
 if(NOT DEPLOYMENT_SANITIZE)

@@ -1,6 +1,6 @@
 #include "workbench/history/edit_history.h"
 
-#include "workbench/history/entry_restore.h"
+#include "workbench/list/entry_restore.h"
 
 #include <utility>
 

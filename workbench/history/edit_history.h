@@ -1,7 +1,7 @@
 // Undo and redo of what changes the list of an open project, whoever changes it.
 #pragma once
 
-#include "workbench/history/list_snapshot.h"
+#include "workbench/list/list_snapshot.h"
 #include "workbench/session/session.h"
 
 #include <cstddef>

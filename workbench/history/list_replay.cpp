@@ -1,6 +1,6 @@
 #include "workbench/history/list_replay.h"
 
-#include "workbench/history/entry_restore.h"
+#include "workbench/list/entry_restore.h"
 
 #include <algorithm>
 #include <utility>

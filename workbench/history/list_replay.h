@@ -1,7 +1,7 @@
 // Does to a list what was taken down of another one, such as the same list before a crash.
 #pragma once
 
-#include "workbench/history/list_snapshot.h"
+#include "workbench/list/list_snapshot.h"
 
 #include <cstddef>
 #include <memory>

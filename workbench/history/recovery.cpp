@@ -2,9 +2,10 @@
 
 #include "package/common/errors.h"
 #include "workbench/files/file_reader.h"
-#include "workbench/history/entry_restore.h"
 #include "workbench/history/list_replay.h"
 #include "workbench/history/recovery_format.h"
+#include "workbench/list/entry_restore.h"
+#include "workbench/list/packed_record.h"
 
 #include <algorithm>
 #include <optional>

@@ -4,7 +4,7 @@
 #include "workbench/files/sha256.h"
 #include "workbench/files/text_hash.h"
 #include "workbench/files/user_directories.h"
-#include "workbench/history/record_json.h"
+#include "workbench/list/record_json.h"
 
 #include <optional>
 #include <utility>

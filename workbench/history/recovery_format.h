@@ -2,7 +2,7 @@
 // a hash of its own, so that a line which was not written whole is noticed.
 #pragma once
 
-#include "workbench/history/list_snapshot.h"
+#include "workbench/list/list_snapshot.h"
 
 #include <cstdint>
 #include <filesystem>

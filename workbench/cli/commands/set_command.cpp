@@ -10,6 +10,7 @@
 #include "workbench/cli/entries/entry_edit.h"
 #include "workbench/cli/entries/entry_lookup.h"
 #include "workbench/cli/entries/entry_text.h"
+#include "workbench/list/entry_record.h"
 
 #include <algorithm>
 
@@ -126,9 +127,9 @@ private:
                     const TTarget& target) const {
     const std::vector<std::string> platforms =
         target.AllPlatforms ? file.GetPlatforms() : std::vector<std::string>{target.Platform};
-    const std::string before = StateOf(file);
+    const TEntryRecord before = RecordOf(file);
     ApplyEdit(FEdit, file, platforms);
-    const bool changed = StateOf(file) != before;
+    const bool changed = RecordOf(file) != before;
     // A new record that holds nothing but defaults is a change that no listener hears of.
     if (changed)
       project.MarkChanged();

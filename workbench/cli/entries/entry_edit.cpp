@@ -1,7 +1,6 @@
 #include "workbench/cli/entries/entry_edit.h"
 
 #include "workbench/cli/context/command.h"
-#include "workbench/cli/entries/entry_json.h"
 
 #include <algorithm>
 
@@ -64,10 +63,6 @@ void ApplyEdit(const TEntryEdit& edit, deployment::IProjectDeploymentFile& file,
   }
   for (const std::string& platform : edit.RemovePlatforms)
     file.RemovePlatform(platform);
-}
-
-std::string StateOf(deployment::IProjectDeploymentFile& file) {
-  return JsonText(FileAsJson(file), -1);
 }
 
 } // namespace workbench

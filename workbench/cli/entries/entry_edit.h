@@ -32,7 +32,4 @@ struct TEntryEdit {
 void ApplyEdit(const TEntryEdit& edit, deployment::IProjectDeploymentFile& file,
                const std::vector<std::string>& platforms);
 
-/// Everything that is stored in an entry, as one text to compare.
-std::string StateOf(deployment::IProjectDeploymentFile& file);
-
 } // namespace workbench

@@ -8,7 +8,6 @@ namespace workbench {
 
 /// Values as they are stored in the records, in the order of storage.
 TJson FileAsJson(deployment::IProjectDeploymentFile& file);
-TJson ClassAsJson(deployment::IProjectDeploymentClass& deploymentClass);
 TJson ClassesAsJson(const deployment::TDeploymentClasses& classes);
 
 } // namespace workbench

@@ -1,12 +1,11 @@
 #include "workbench/cli/entries/list_changes.h"
 
-#include "package/common/delimited_list.h"
+#include "workbench/list/packed_record.h"
 
 #include <algorithm>
 #include <array>
 #include <string_view>
 #include <unordered_set>
-#include <utility>
 
 namespace workbench {
 namespace {
@@ -14,66 +13,69 @@ namespace {
 using deployment::IProjectDeploymentFile;
 using deployment::TDeploymentItemAction;
 
+// An entry of which something is told, on the side on which it is told.
+struct TSide {
+  const IProjectDeploymentFile* File;
+  TEntryRecord Record;
+};
+
 void Append(std::string& text, std::string_view part) {
   text.append(part).push_back('\0');
 }
 
-void AppendRecord(std::string& text, const deployment::TFileData& record) {
-  text.push_back(record.Enabled ? '1' : '0');
-  text.push_back(record.Overwrite ? '1' : '0');
-  text.push_back(static_cast<char>('0' + static_cast<int>(record.Operation)));
-  Append(text, record.RemoteDir);
-  Append(text, record.RemoteName);
-  Append(text, deployment::JoinDelimited(record.LocalCommands, "\n"));
-  Append(text, deployment::JoinDelimited(record.RemoteCommands, "\n"));
-}
-
-// What tells the entry from others.
-std::string NamesOf(const IProjectDeploymentFile& file) {
+// What tells an entry from others for a reader of the list.
+std::string ShownNamesOf(const TEntryRecord& record) {
   std::string text;
-  Append(text, file.GetConfiguration());
-  Append(text, file.GetLocalName());
-  Append(text, file.GetDeploymentClass());
-  for (const std::string& platform : file.GetPlatforms())
-    Append(text, platform);
+  Append(text, record.Names.Configuration);
+  Append(text, record.Names.LocalName);
+  Append(text, record.Class);
+  for (const TFilePlatformRecord& platform : record.Platforms)
+    Append(text, platform.Platform);
   return text;
 }
 
-std::string ContentOf(IProjectDeploymentFile& file) {
-  std::string text = NamesOf(file);
-  Append(text, file.GetCondition());
-  text.push_back(file.GetRequired() ? '1' : '0');
-  for (const std::string& platform : file.GetPlatforms())
-    AppendRecord(text, *file.GetFileData(platform, /*create=*/false));
-  return text;
+// All that is stored of an entry. The platform that it was added for is not.
+std::string ContentOf(TEntryRecord record) {
+  record.Names.Platform.clear();
+  return Pack(record);
 }
 
-TChangedEntry NameOf(const IProjectDeploymentFile& file) {
-  const std::string& configuration = file.GetConfiguration();
-  return {file.GetLocalName(), file.GetDeploymentClass(),
-          (configuration.empty() ? std::string(deployment::BaseConfiguration) : configuration) +
-              ", " + deployment::JoinDelimited(file.GetPlatforms(), ", ")};
+TChangedEntry ToldOf(const TEntryRecord& record) {
+  const std::string& configuration = record.Names.Configuration;
+  std::string target =
+      configuration.empty() ? std::string(deployment::BaseConfiguration) : configuration;
+  const char* separator = ", ";
+  for (const TFilePlatformRecord& platform : record.Platforms)
+    target += separator + platform.Platform;
+  return {record.Names.LocalName, record.Class, target};
+}
+
+TEntryRecord RecordBefore(const TSnapshotChange::TEntry& entry) {
+  return entry.Before ? Unpack(entry.Before->Packed) : TEntryRecord();
+}
+
+TEntryRecord RecordAfter(const TSnapshotChange::TEntry& entry) {
+  return entry.After ? Unpack(entry.After->Packed) : TEntryRecord();
 }
 
 // Takes pairs out of both lists that have the same key; tells of each.
 template <class TKey, class TPaired>
-void TakePairs(std::vector<IProjectDeploymentFile*>& added,
-               std::vector<IProjectDeploymentFile*>& removed, TKey key, TPaired paired) {
-  std::unordered_multimap<std::string, IProjectDeploymentFile*> byKey;
-  for (IProjectDeploymentFile* file : removed)
-    byKey.emplace(key(*file), file);
-  std::erase_if(added, [&](IProjectDeploymentFile* file) {
-    const auto found = byKey.find(key(*file));
+void TakePairs(std::vector<TSide>& added, std::vector<TSide>& removed, TKey key, TPaired paired) {
+  std::unordered_multimap<std::string, const IProjectDeploymentFile*> byKey;
+  for (const TSide& side : removed)
+    byKey.emplace(key(side.Record), side.File);
+  std::erase_if(added, [&](const TSide& side) {
+    const auto found = byKey.find(key(side.Record));
     if (found == byKey.end())
       return false;
-    paired(*file);
+    paired(side);
     byKey.erase(found);
     return true;
   });
-  std::unordered_set<IProjectDeploymentFile*> left;
+  std::unordered_set<const IProjectDeploymentFile*> left;
   for (const auto& [ignored, file] : byKey)
     left.insert(file);
-  std::erase_if(removed, [&](IProjectDeploymentFile* file) { return !left.contains(file); });
+  std::erase_if(removed, [&](const TSide& side) { return !left.contains(side.File); });
 }
 
 } // namespace
@@ -83,12 +85,12 @@ class TListChanges::TListener final : public deployment::IProjectDeploymentNotif
 public:
   void ItemChanged(deployment::IProjectDeploymentItem& item,
                    TDeploymentItemAction action) override {
-    const auto* file = dynamic_cast<const IProjectDeploymentFile*>(&item);
+    auto* file = dynamic_cast<IProjectDeploymentFile*>(&item);
     if (!file)
       return;
     if (action == TDeploymentItemAction::Removed &&
         TargetOf(*file, TDeploymentItemAction::Added) != FTarget)
-      FRemoved.emplace_back(NamesOf(*file), NameOf(*file));
+      FRemoved.push_back(RecordOf(*file));
     FTargets[static_cast<std::size_t>(action)][file] = FTarget;
   }
   void Loaded(std::string_view /*projectName*/) override {}
@@ -103,22 +105,19 @@ public:
     return found == targets.end() ? std::max<std::size_t>(FCount, 1) - 1 : found->second;
   }
 
-  // What a target took out that did not come with it: names in full, and as they are told.
-  const std::vector<std::pair<std::string, TChangedEntry>>& Removed() const { return FRemoved; }
+  // What a target took out that did not come with it.
+  const std::vector<TEntryRecord>& Removed() const { return FRemoved; }
 
 private:
   std::size_t FTarget = 0;
   std::size_t FCount = 0;
-  std::vector<std::pair<std::string, TChangedEntry>> FRemoved;
+  std::vector<TEntryRecord> FRemoved;
   std::array<std::unordered_map<const IProjectDeploymentFile*, std::size_t>, 3> FTargets;
 };
 
 TListChanges::TListChanges(deployment::IProjectDeployment& deployment)
-    : FDeployment(deployment), FListener(std::make_shared<TListener>()) {
-  for (const auto& file : deployment.GetFiles())
-    FBefore.push_back({file, NamesOf(*file), ContentOf(*file), NameOf(*file)});
-  FListenerIndex = deployment.AddNotifier(FListener);
-}
+    : FDeployment(deployment), FSnapshot(deployment), FListener(std::make_shared<TListener>()),
+      FListenerIndex(deployment.AddNotifier(FListener)) {}
 
 TListChanges::~TListChanges() {
   FDeployment.RemoveNotifier(FListenerIndex);
@@ -129,69 +128,48 @@ void TListChanges::StartTarget() {
 }
 
 std::vector<TTargetChanges> TListChanges::Finish() {
-  std::vector<TEntry> after;
-  for (const auto& file : FDeployment.GetFiles())
-    after.push_back({file, NamesOf(*file), ContentOf(*file), NameOf(*file)});
-  FindLost(after);
-  return Compare(after);
+  std::vector<TTargetChanges> changes(std::max<std::size_t>(FListener->Count(), 1));
+  const auto targetOf = [&](const TSide& side, TDeploymentItemAction action) -> TTargetChanges& {
+    return changes[FListener->TargetOf(*side.File, action)];
+  };
+  const TSnapshotChange change = FSnapshot.Collect(TLook::Everywhere);
+  std::vector<TSide> added;
+  std::vector<TSide> removed;
+  for (const TSnapshotChange::TEntry& entry : change.Entries) {
+    const TSide before{entry.File.get(), RecordBefore(entry)};
+    const TSide after{entry.File.get(), RecordAfter(entry)};
+    if (!entry.Before)
+      added.push_back(after);
+    else if (!entry.After)
+      removed.push_back(before);
+    else if (ContentOf(before.Record) != ContentOf(after.Record))
+      targetOf(after, TDeploymentItemAction::Modified).Modified.push_back(ToldOf(after.Record));
+  }
+  FindLost(change);
+  TakePairs(added, removed, ContentOf, [](const TSide&) {});
+  TakePairs(added, removed, ShownNamesOf, [&](const TSide& side) {
+    targetOf(side, TDeploymentItemAction::Added).Modified.push_back(ToldOf(side.Record));
+  });
+  for (const TSide& side : added)
+    targetOf(side, TDeploymentItemAction::Added).Added.push_back(ToldOf(side.Record));
+  for (const TSide& side : removed)
+    targetOf(side, TDeploymentItemAction::Removed).Removed.push_back(ToldOf(side.Record));
+  return changes;
 }
 
-void TListChanges::FindLost(const std::vector<TEntry>& after) {
+void TListChanges::FindLost(const TSnapshotChange& change) {
   if (FListener->Removed().empty())
     return;
+  // What was there before is there now, or is part of the change.
   std::unordered_set<std::string> known;
-  for (const TEntry& entry : FBefore)
-    known.insert(entry.Names);
-  for (const TEntry& entry : after)
-    known.insert(entry.Names);
-  for (const auto& [names, entry] : FListener->Removed()) {
-    if (known.insert(names).second)
-      FLost.push_back(entry);
+  for (const TSnapshotChange::TEntry& entry : change.Entries)
+    known.insert(ShownNamesOf(RecordBefore(entry)));
+  for (const auto& file : FDeployment.GetFiles())
+    known.insert(ShownNamesOf(RecordOf(*file)));
+  for (const TEntryRecord& record : FListener->Removed()) {
+    if (known.insert(ShownNamesOf(record)).second)
+      FLost.push_back(ToldOf(record));
   }
-}
-
-std::vector<TTargetChanges> TListChanges::Compare(const std::vector<TEntry>& after) const {
-  std::vector<TTargetChanges> changes(std::max<std::size_t>(FListener->Count(), 1));
-  std::unordered_map<const IProjectDeploymentFile*, const TEntry*> gone;
-  std::unordered_map<const IProjectDeploymentFile*, const TEntry*> entries;
-  for (const TEntry& entry : FBefore)
-    gone.emplace(entry.File.get(), &entry);
-  std::vector<IProjectDeploymentFile*> added;
-  for (const TEntry& entry : after) {
-    const auto before = gone.find(entry.File.get());
-    if (before == gone.end()) {
-      added.push_back(entry.File.get());
-      entries.emplace(entry.File.get(), &entry);
-      continue;
-    }
-    if (before->second->Content != entry.Content)
-      changes[FListener->TargetOf(*entry.File, TDeploymentItemAction::Modified)].Modified.push_back(
-          NameOf(*entry.File));
-    gone.erase(before);
-  }
-  std::vector<IProjectDeploymentFile*> removed;
-  for (const TEntry& entry : FBefore) {
-    if (gone.contains(entry.File.get())) {
-      removed.push_back(entry.File.get());
-      entries.emplace(entry.File.get(), &entry);
-    }
-  }
-  const auto contentOf = [&](const IProjectDeploymentFile& file) {
-    return entries.at(&file)->Content;
-  };
-  const auto namesOf = [&](const IProjectDeploymentFile& file) { return entries.at(&file)->Names; };
-  TakePairs(added, removed, contentOf, [](const IProjectDeploymentFile&) {});
-  TakePairs(added, removed, namesOf, [&](const IProjectDeploymentFile& file) {
-    changes[FListener->TargetOf(file, TDeploymentItemAction::Added)].Modified.push_back(
-        NameOf(file));
-  });
-  for (const IProjectDeploymentFile* file : added)
-    changes[FListener->TargetOf(*file, TDeploymentItemAction::Added)].Added.push_back(
-        NameOf(*file));
-  for (const IProjectDeploymentFile* file : removed)
-    changes[FListener->TargetOf(*file, TDeploymentItemAction::Removed)].Removed.push_back(
-        entries.at(file)->Told);
-  return changes;
 }
 
 TJson ChangesAsJson(const TTargetChanges& changes) {

@@ -4,11 +4,10 @@
 
 #include "package/host/api/deploymentapi.h"
 #include "workbench/cli/context/output.h"
+#include "workbench/list/list_snapshot.h"
 
-#include <cstddef>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace workbench {
@@ -48,19 +47,12 @@ public:
   const std::vector<TChangedEntry>& Lost() const { return FLost; }
 
 private:
-  struct TEntry {
-    std::shared_ptr<deployment::IProjectDeploymentFile> File;
-    std::string Names;   ///< what tells it from others
-    std::string Content; ///< all that is stored of it
-    TChangedEntry Told;  ///< as a change of it is told
-  };
   class TListener;
 
-  std::vector<TTargetChanges> Compare(const std::vector<TEntry>& after) const;
-  void FindLost(const std::vector<TEntry>& after);
+  void FindLost(const TSnapshotChange& change);
 
   deployment::IProjectDeployment& FDeployment;
-  std::vector<TEntry> FBefore;
+  TListSnapshot FSnapshot;
   std::vector<TChangedEntry> FLost;
   std::shared_ptr<TListener> FListener;
   int FListenerIndex;

@@ -1,8 +1,9 @@
-// Records of entries and classes as JSON: what stands in a file that outlives the program.
+// Records of entries and classes as JSON: in files that outlive the program, and as documents that
+// scripts read.
 #pragma once
 
-#include "workbench/history/entry_record.h"
 #include "workbench/json/json.h"
+#include "workbench/list/entry_record.h"
 
 #include <string>
 #include <string_view>
@@ -17,6 +18,10 @@ void AppendJson(std::string& json, const TClassRecord& record);
 /// The reverse. Throws TInputError for what is no such record.
 TEntryRecord EntryRecordFromJson(const TJson& value);
 TClassRecord ClassRecordFromJson(const TJson& value);
+
+/// All values of the record, the platforms by their names.
+TJson DocumentOf(const TEntryRecord& record);
+TJson DocumentOf(const TClassRecord& record);
 
 /// A text of any bytes, and back.
 void AppendJsonText(std::string& json, std::string_view text);

@@ -1,7 +1,7 @@
 // Brings entries and classes of a deployment to recorded states, quietly and whatever the keys are.
 #pragma once
 
-#include "workbench/history/entry_record.h"
+#include "workbench/list/entry_record.h"
 
 #include <functional>
 #include <memory>

@@ -4,34 +4,35 @@
 #include "package/host/api/deploymentapi.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace workbench {
 
-/// What files and classes keep for one platform.
-struct TPlatformRecord {
+// A field that is added to a record is added to record_fields.h, which does not compile without it,
+// and to the two functions of entry_record.cpp that take it from the deployment and put it back.
+
+/// What a file keeps for one platform.
+struct TFilePlatformRecord {
   std::string Platform;
+  bool Enabled = true;
+  bool Overwrite = true;
   std::string RemoteDir;
+  std::string RemoteName; ///< as stored: empty when it is that of the local file
   deployment::TDeployOperation Operation = deployment::TDeployOperation::Default;
   deployment::TCommandList LocalCommands;
   deployment::TCommandList RemoteCommands;
-
-  bool operator==(const TPlatformRecord&) const = default;
-};
-
-/// What a file keeps for one platform.
-struct TFilePlatformRecord : TPlatformRecord {
-  std::string RemoteName; ///< as stored: empty when it is that of the local file
-  bool Enabled = true;
-  bool Overwrite = true;
 
   bool operator==(const TFilePlatformRecord&) const = default;
 };
 
 /// What a class keeps for one platform.
-struct TClassPlatformRecord : TPlatformRecord {
+struct TClassPlatformRecord {
+  std::string Platform;
+  std::string RemoteDir;
+  deployment::TDeployOperation Operation = deployment::TDeployOperation::Default;
   std::string Extensions;
+  deployment::TCommandList LocalCommands;
+  deployment::TCommandList RemoteCommands;
 
   bool operator==(const TClassPlatformRecord&) const = default;
 };
@@ -78,10 +79,5 @@ TClassRecords ClassRecordsOf(const deployment::IProjectDeployment& deployment);
 /// some of it, so that whoever calls this tells them.
 void Apply(const TEntryRecord& record, deployment::IProjectDeploymentFile& file);
 void Apply(const TClassRecord& record, deployment::IProjectDeploymentClass& deploymentClass);
-
-/// The record as bytes, for who keeps very many of them. Equal records give equal bytes.
-std::string Pack(const TEntryRecord& record);
-/// The record that Pack took. The bytes must be of this program.
-TEntryRecord Unpack(std::string_view bytes);
 
 } // namespace workbench

@@ -1,4 +1,4 @@
-#include "workbench/history/entry_restore.h"
+#include "workbench/list/entry_restore.h"
 
 #include <cstddef>
 #include <string>

@@ -1,5 +1,7 @@
 #include "tests/workbench/history/edit_fixture.h"
-#include "workbench/history/record_json.h"
+#include "workbench/list/packed_record.h"
+#include "workbench/list/record_fields.h"
+#include "workbench/list/record_json.h"
 
 namespace workbench {
 namespace {
@@ -47,6 +49,53 @@ TClassRecord FullClass() {
   platform.Extensions = ".dylib;.so";
   record.Platforms = {platform};
   return record;
+}
+
+// Collects the fields that are what a new record has.
+struct TUnsetFields {
+  void Key(const char* name, const std::string& text) { Add(name, text.empty()); }
+  void Platform(const std::string& text) { Add("platform", text.empty()); }
+  template <class TValue>
+  void Field(const char* name, const TValue& value, const TValue& absent) {
+    Add(name, value == absent);
+  }
+  template <class TRecord>
+  void Platforms(const std::vector<TRecord>& records) {
+    VisitFields(*this, records.front());
+  }
+  void Add(const char* name, bool isUnset) {
+    if (isUnset)
+      Names.emplace_back(name);
+  }
+
+  std::vector<std::string> Names;
+};
+
+// A record with every field set shows whether each form keeps every field.
+TEST(EntryRecordFields, AreAllSetInTheRecordsOfTheseTests) {
+  TUnsetFields unset;
+  const TEntryRecord entry = FullRecord();
+  VisitFields(unset, entry);
+  const TClassRecord deploymentClass = FullClass();
+  VisitFields(unset, deploymentClass);
+  EXPECT_EQ(unset.Names, std::vector<std::string>());
+}
+
+TEST(EntryRecordFields, AreAllInTheDocument) {
+  TEntryRecord record = FullRecord();
+  record.Platforms.pop_back();
+  record.Platforms[0].LocalCommands = {"a"};
+  record.Platforms[0].RemoteName = "n";
+  EXPECT_EQ(JsonText(DocumentOf(record), -1),
+            R"({"localName":"data\\levels.dat","configuration":"Debug","class":"File",)"
+            R"("platform":"Win32","condition":"'$(X)'=='1'","required":true,"platforms":{"Win32":)"
+            R"({"enabled":false,"overwrite":false,"remoteDir":"data\\","remoteName":"n",)"
+            R"("operation":2,"localCommands":["a"],"remoteCommands":["c"]}}})");
+  EXPECT_EQ(JsonText(DocumentOf(FullClass()), -1),
+            R"({"name":"Library","description":"Libraries of others","condition":"true",)"
+            R"("required":true,"platforms":{"OSX32":{"remoteDir":"Contents\\MacOS\\",)"
+            R"("operation":1,"extensions":".dylib;.so","localCommands":["l"],)"
+            R"("remoteCommands":["r"]}}})");
 }
 
 template <class TRecord>
@@ -126,7 +175,7 @@ TEST_F(EntryRecord, LeavesDefaultsOutOfItsJson) {
   record.Platforms.resize(1);
   record.Platforms[0].Platform = "Win32";
   EXPECT_EQ(JsonOf(record),
-            R"({"localName":"a","configuration":"Debug","platform":"Win32","class":"File",)"
+            R"({"localName":"a","configuration":"Debug","class":"File","platform":"Win32",)"
             R"("platforms":[{"name":"Win32"}]})");
 }
 

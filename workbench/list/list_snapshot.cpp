@@ -1,6 +1,7 @@
-#include "workbench/history/list_snapshot.h"
+#include "workbench/list/list_snapshot.h"
 
-#include "workbench/history/entry_restore.h"
+#include "workbench/list/entry_restore.h"
+#include "workbench/list/packed_record.h"
 
 #include <algorithm>
 #include <unordered_set>

@@ -1,4 +1,4 @@
-#include "workbench/history/entry_record.h"
+#include "workbench/list/entry_record.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -86,99 +86,6 @@ void ApplyItem(const TRecord& record, TItem& item) {
     ApplyPlatform(platform, item);
 }
 
-// The fields of a record in the order in which they are packed; one list for both directions.
-template <class TVisitor, class TRecord>
-void VisitPlatform(TVisitor& visitor, TRecord& record) {
-  visitor.Text(record.Platform);
-  visitor.Text(record.RemoteDir);
-  visitor.Small(record.Operation);
-  visitor.Texts(record.LocalCommands);
-  visitor.Texts(record.RemoteCommands);
-  visitor.Text(record.RemoteName);
-  visitor.Small(record.Enabled);
-  visitor.Small(record.Overwrite);
-}
-
-template <class TVisitor, class TRecord>
-void VisitEntry(TVisitor& visitor, TRecord& record) {
-  visitor.Text(record.Names.Configuration);
-  visitor.Text(record.Names.Platform);
-  visitor.Text(record.Names.LocalName);
-  visitor.Text(record.Class);
-  visitor.Text(record.Condition);
-  visitor.Small(record.Required);
-  visitor.Count(record.Platforms);
-  for (auto& platform : record.Platforms)
-    VisitPlatform(visitor, platform);
-}
-
-class TPacker {
-public:
-  void Number(std::size_t value) {
-    constexpr unsigned BitsPerByte = 7;
-    for (; value >= 0x80U; value >>= BitsPerByte)
-      Bytes.push_back(static_cast<char>((value & 0x7fU) | 0x80U));
-    Bytes.push_back(static_cast<char>(value));
-  }
-  void Text(const std::string& text) {
-    Number(text.size());
-    Bytes += text;
-  }
-  template <class TValue>
-  void Small(TValue value) {
-    Bytes.push_back(static_cast<char>(value));
-  }
-  template <class TItem>
-  void Count(const std::vector<TItem>& items) {
-    Number(items.size());
-  }
-  void Texts(const TCommandList& texts) {
-    Count(texts);
-    for (const std::string& text : texts)
-      Text(text);
-  }
-
-  std::string Bytes;
-};
-
-class TUnpacker {
-public:
-  explicit TUnpacker(std::string_view bytes) : FBytes(bytes) {}
-
-  std::size_t Number() {
-    std::size_t value = 0;
-    for (unsigned shift = 0;; shift += 7U) {
-      const auto byte = static_cast<unsigned char>(Take(1).front());
-      value |= static_cast<std::size_t>(byte & 0x7fU) << shift;
-      if (byte < 0x80U)
-        return value;
-    }
-  }
-  void Text(std::string& text) { text = Take(Number()); }
-  template <class TValue>
-  void Small(TValue& value) {
-    value = static_cast<TValue>(Take(1).front());
-  }
-  template <class TItem>
-  void Count(std::vector<TItem>& items) {
-    items.resize(Number());
-  }
-  void Texts(TCommandList& texts) {
-    Count(texts);
-    for (std::string& text : texts)
-      Text(text);
-  }
-
-private:
-  std::string_view Take(std::size_t count) {
-    const std::string_view taken = FBytes.substr(0, count);
-    FBytes.remove_prefix(count);
-    return taken;
-  }
-
-  std::string_view FBytes;
-};
-
 } // namespace
 
 TEntryKey NamesOf(const IProjectDeploymentFile& file) {
@@ -222,20 +129,6 @@ void Apply(const TClassRecord& record, IProjectDeploymentClass& deploymentClass)
   deploymentClass.SetClassId(record.Id);
   deploymentClass.SetDescription(record.Description);
   ApplyItem(record, deploymentClass);
-}
-
-std::string Pack(const TEntryRecord& record) {
-  TPacker packer;
-  VisitEntry(packer, record);
-  packer.Bytes.shrink_to_fit();
-  return std::move(packer.Bytes);
-}
-
-TEntryRecord Unpack(std::string_view bytes) {
-  TUnpacker unpacker(bytes);
-  TEntryRecord record;
-  VisitEntry(unpacker, record);
-  return record;
 }
 
 } // namespace workbench

@@ -1,7 +1,7 @@
 // A second copy of what a deployment holds, by which changes are found and taken back.
 #pragma once
 
-#include "workbench/history/entry_record.h"
+#include "workbench/list/entry_record.h"
 
 #include <cstddef>
 #include <memory>
