@@ -209,7 +209,7 @@ void TExecutor::RememberFound(const TPlannedFile& file) {
     return;
   const auto time = std::chrono::floor<std::chrono::seconds>(file.Local.Time);
   TSendOutcome found{.Size = file.Local.Size,
-                     .Time = time.time_since_epoch().count(),
+                     .Time = std::max<std::int64_t>(time.time_since_epoch().count(), 0),
                      .Mode = file.Mode,
                      .Hash = file.Local.Hash};
   const auto known = FExecution.Keeper->Find(file.RecordPath);
@@ -232,7 +232,7 @@ void TExecutor::Remember(const TPlannedFile& file, const TSendOutcome& outcome, 
                          {.LocalName = file.File.LocalName,
                           .Class = file.File.Class,
                           .Size = outcome.Size,
-                          .Time = outcome.Time,
+                          .Time = std::max<std::int64_t>(outcome.Time, 0),
                           .Hash = std::move(hash),
                           .Mode = outcome.Mode,
                           .Run = known ? known->Run : std::string(),

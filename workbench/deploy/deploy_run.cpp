@@ -177,7 +177,7 @@ bool TDeployRun::HasWork() const {
     const auto time = std::chrono::floor<std::chrono::seconds>(file.Local.Time);
     return file.RecordPath.empty() || file.State != TFileState::Same ||
            (found != FReading.Record.Files.end() && found->second.Size == file.Local.Size &&
-            found->second.Time == time.time_since_epoch().count() &&
+            found->second.Time == std::max<std::int64_t>(time.time_since_epoch().count(), 0) &&
             found->second.Mode == file.Mode && found->second.Class == file.File.Class &&
             found->second.LocalName == file.File.LocalName &&
             found->second.Platform == FRequest.Target.Platform &&
