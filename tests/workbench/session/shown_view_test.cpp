@@ -106,6 +106,7 @@ TEST_F(ShownView, OfATargetThatCannotBeComputedHoldsWhatIsStored) {
 
 TEST_F(ShownView, IsNotKeptWhenItsFrameCannotBeMadeAndCanBeMadeLater) {
   const fs::path root = FRoot / "root";
+  fs::create_directory(root);
   fs::copy(fs::current_path() / "ObjRepos", root / "ObjRepos", fs::copy_options::recursive);
   const fs::path defaults = root / "ObjRepos" / "Deploy" / "defaults.xml";
   const std::string whole = Read(defaults);
