@@ -39,6 +39,8 @@ public:
   /// Evaluated at the first call. Throws TInputError.
   TProjectSettings& Settings();
   const TProjectSettings& Settings() const { return ReadSettings(); }
+  /// What evaluations brought up so far; null before the first one.
+  const TEvaluationNotes* NotesSoFar() const { return FSettings ? &FSettings->Notes() : nullptr; }
   /// Says that the pieces stand on disk now. They borrow from the present document.
   void DocumentWasSaved(std::unique_ptr<TTextPieces> pieces);
   /// The file has another name from now on, under which the project is evaluated anew; listeners of

@@ -84,6 +84,7 @@ TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable&
   FServices.GetModuleHandlerGauntlet().AttachHandlers(*FModule);
   FLayoutRead = storage.SectionLayout(*FModule);
   storage.ProjectLoaded(*FModule);
+  FModule->Settings(); // a project that cannot be evaluated is not opened
   CollectNotes();
   if (auto* deployment = FModule->GetProjectDeployment()) {
     FWasEmpty = deployment->IsEmpty();
@@ -102,7 +103,10 @@ TOpenProjectFile::~TOpenProjectFile() {
 // Questions about a target may bring up what those about others did not. A document that was read
 // anew after a save brings up the same once more.
 void TOpenProjectFile::CollectNotes() const {
-  const TEvaluationNotes& notes = FModule->Settings().Notes();
+  const TEvaluationNotes* present = FModule->NotesSoFar();
+  if (!present)
+    return;
+  const TEvaluationNotes& notes = *present;
   const auto isTold = [this](const TEvaluationNote& note) {
     return std::ranges::any_of(FWarnings, [&](const TWarning& warning) {
       return warning.Text == note.Text && warning.File == note.Place.File &&
