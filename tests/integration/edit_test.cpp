@@ -78,7 +78,7 @@ TEST(Add, StoresAFileForAllPlatformsSoThatItSurvivesASave) {
   for (std::size_t at = side.find("<DeployFile "); at != std::string::npos;
        at = side.find("<DeployFile ", at + 1))
     ++count;
-  EXPECT_EQ(count, 7U);
+  EXPECT_EQ(count, 9U);
 }
 
 TEST(Add, RefusesDirectoriesAndControlCharacters) {
@@ -212,7 +212,7 @@ TEST(New, RefusesAnExistingFileAndUnknownPlatforms) {
   EXPECT_EQ(run.Status, 2);
   EXPECT_EQ(run.Errors,
             "deploymgr: there is no platform \"win32\"; known are: Win32, Win64, OSX32, "
-            "iOSSimulator, iOSDevice32, iOSDevice64, Android; did you mean \"Win32\"?\n");
+            "iOSSimulator, iOSDevice32, iOSDevice64, Android, Linux64, LinuxARM64; did you mean \"Win32\"?\n");
 }
 
 } // namespace

@@ -43,7 +43,7 @@ TEST(Usage, ListsTheKnownPlatforms) {
   place.Write("p.vproj", ProjectWith(""));
   EXPECT_EQ(place.Run({"show", "p.vproj", "-p", "Android64"}).Errors,
             "deploymgr: there is no platform \"Android64\"; known are: Win32, Win64, OSX32, "
-            "iOSSimulator, iOSDevice32, iOSDevice64, Android; did you mean \"Android\"?\n");
+            "iOSSimulator, iOSDevice32, iOSDevice64, Android, Linux64, LinuxARM64; did you mean \"Android\"?\n");
 }
 
 TEST(Usage, WarnsOfATargetThatTheProjectHasNotSetUp) {

@@ -3,6 +3,7 @@
 #include "package/host/api/deploymentapi.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
+#include "workbench/files/user_directories.h"
 #include "workbench/project/project_identity.h"
 #include "workbench/services/app_strings.h"
 #include "workbench/services/ide_services.h"
@@ -12,26 +13,40 @@
 #include <algorithm>
 #include <exception>
 #include <list>
+#include <optional>
 #include <utility>
 
 namespace workbench {
 namespace {
 
+constexpr const char* PlatformFileName = "platforms.xml";
 constexpr std::string_view EmptyProject =
     "<Project xmlns=\"http://schemas.microsoft.com/developer/msbuild/2003\"/>";
 
-// A root without a table of its own has the platforms that everybody has.
-TPlatformTable ReadPlatforms(const std::filesystem::path& root) {
-  const std::filesystem::path file = root / "ObjRepos" / "Deploy" / "platforms.xml";
+// Nothing where there is no such file; one that is there and cannot be read is an error.
+std::optional<TPlatformTable> ReadPlatformTable(const std::filesystem::path& file) {
   std::error_code ignored;
-  if (!std::filesystem::exists(file, ignored))
-    return TPlatformTable::BuiltIn();
+  if (std::filesystem::status(file, ignored).type() == std::filesystem::file_type::not_found)
+    return std::nullopt;
   TXmlReader reader(
       [&file](const TReserveMemory& reserve) {
         return ReadWholeFileInto(file, reserve, MaximumFileSize, "platform table");
       },
       file.string());
   return TPlatformTable::FromXml(reader.Root());
+}
+
+// A root without a table of its own has the platforms that everybody has; the user's own table
+// adds to them.
+TPlatformTable ReadPlatforms(const std::filesystem::path& root) {
+  TPlatformTable table = ReadPlatformTable(root / "ObjRepos" / "Deploy" / PlatformFileName)
+                             .value_or(TPlatformTable::BuiltIn());
+  const std::filesystem::path user = UserConfigDirectory();
+  if (!user.empty()) {
+    if (auto added = ReadPlatformTable(user / PlatformFileName))
+      table.Overlay(std::move(*added));
+  }
+  return table;
 }
 
 void CopyAttributes(const deployment::IXMLNode& from, deployment::IXMLNode& to) {
