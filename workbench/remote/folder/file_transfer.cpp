@@ -5,6 +5,7 @@
 #include "workbench/remote/target/remote_path.h"
 
 #include <cstring>
+#include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
@@ -96,6 +97,14 @@ void WriteAll(int file, std::span<const char> bytes) {
   }
 }
 
+// A link holds no lock; it is put in place at once, so one that stands for a while was left behind.
+bool IsOldLink(int directory, const char* name) {
+  constexpr time_t Moment = 60;
+  struct stat status = {};
+  return ::fstatat(directory, name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(status.st_mode) &&
+         ::time(nullptr) - status.st_ctim.tv_sec > Moment;
+}
+
 bool IsSameState(const struct stat& before, int source) {
   struct stat after = {};
   return ::fstat(source, &after) == 0 && IdentityOf(after) == IdentityOf(before);
@@ -123,14 +132,28 @@ TSendOutcome TFileTransfer::Send(int directory, const TSendRequest& request, ISe
   return outcome;
 }
 
+std::string TFileTransfer::NextName() {
+  return std::string(UnfinishedPrefix) + FRun + "-" + std::to_string(FCount++) +
+         std::string(UnfinishedSuffix);
+}
+
+void TFileTransfer::MakeLink(int directory, const std::string& name, const std::string& text) {
+  const std::string unfinished = NextName();
+  if (::symlinkat(text.c_str(), directory, unfinished.c_str()) != 0)
+    ThrowSystemError("making a link beside it");
+  if (::renameat(directory, unfinished.c_str(), directory, name.c_str()) != 0) {
+    const int reason = errno;
+    ::unlinkat(directory, unfinished.c_str(), 0);
+    errno = reason;
+    ThrowSystemError("putting it in place");
+  }
+}
+
 void TFileTransfer::TrySend(int directory, const TSendRequest& request, ISendJob& job,
                             TSendOutcome& outcome) {
   struct stat status = {};
   const TFileDescriptor source = OpenSource(request.LocalFile, status);
-  TUnfinishedFile target(directory,
-                         std::string(UnfinishedPrefix) + FRun + "-" + std::to_string(FCount++) +
-                             std::string(UnfinishedSuffix),
-                         RightsOf(status, request.MakeExecutable));
+  TUnfinishedFile target(directory, NextName(), RightsOf(status, request.MakeExecutable));
   const auto size = static_cast<std::uint64_t>(status.st_size);
   if (Copy(source.Get(), target.Get(), size, job, outcome) != size ||
       !IsSameState(status, source.Get()))
@@ -187,6 +210,18 @@ bool HaveSameBytes(const std::filesystem::path& localFile, int directory, const 
   }
 }
 
+std::string ReadLinkIn(int directory, const std::string& name) {
+  std::vector<char> room(256);
+  while (true) {
+    const ssize_t size = ::readlinkat(directory, name.c_str(), room.data(), room.size());
+    if (size < 0)
+      ThrowSystemError("reading the link");
+    if (static_cast<std::size_t>(size) < room.size())
+      return {room.data(), static_cast<std::size_t>(size)};
+    room.resize(room.size() * 2);
+  }
+}
+
 void RemoveUnfinishedFiles(int directory) {
   TFileDescriptor opened(::openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!opened.IsOpen())
@@ -203,7 +238,8 @@ void RemoveUnfinishedFiles(int directory) {
       continue;
     const TFileDescriptor file(
         ::openat(directory, entry->d_name, O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
-    if (file.IsOpen() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0)
+    if (IsOldLink(directory, entry->d_name) ||
+        (file.IsOpen() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0))
       ::unlinkat(directory, entry->d_name, 0);
   }
 }

@@ -19,7 +19,11 @@ public:
   /// changes while it is read is read anew once.
   TSendOutcome Send(int directory, const TSendRequest& request, ISendJob& job);
 
+  /// Puts a symbolic link in place under the name. Throws std::system_error.
+  void MakeLink(int directory, const std::string& name, const std::string& text);
+
 private:
+  std::string NextName();
   void TrySend(int directory, const TSendRequest& request, ISendJob& job, TSendOutcome& outcome);
   std::uint64_t Copy(int source, int target, std::uint64_t size, ISendJob& job,
                      TSendOutcome& outcome);
@@ -32,6 +36,10 @@ private:
 /// True when the open file and the one of that name in the directory have the same bytes. False
 /// also when they cannot be read.
 bool HaveSameBytes(const std::filesystem::path& localFile, int directory, const std::string& name);
+
+/// What the link of that name in the directory stores. Throws std::system_error, also when it is no
+/// link.
+std::string ReadLinkIn(int directory, const std::string& name);
 
 /// Removes files that a transfer left unfinished, unless a transfer is writing them just now.
 void RemoveUnfinishedFiles(int directory);

@@ -41,6 +41,14 @@ std::chrono::nanoseconds ResolutionOf(const std::filesystem::path& folder) {
   return std::chrono::nanoseconds(1);
 }
 
+// A file system whose links nobody else would see, or that has none.
+bool HasNoLinks(const std::filesystem::path& folder) {
+  struct statfs status = {};
+  return ::statfs(folder.c_str(), &status) != 0 || status.f_type == MSDOS_SUPER_MAGIC ||
+         status.f_type == EXFAT_SUPER_MAGIC || status.f_type == SMB_SUPER_MAGIC ||
+         status.f_type == CIFS_SUPER_MAGIC;
+}
+
 // The folder with its links resolved.
 std::filesystem::path OpenFolder(const std::filesystem::path& folder, TMissingFolder missing) {
   struct stat status = {};
@@ -85,7 +93,7 @@ TExisting DeepestExisting(std::filesystem::path path) {
 
 TFolderConnection::TFolderConnection(const std::filesystem::path& folder, TMissingFolder missing)
     : FFolder(OpenFolder(folder, missing)), FResolution(ResolutionOf(FFolder)),
-      FTransfer(RandomText()) {}
+      FKnowsLinks(!HasNoLinks(FFolder)), FTransfer(RandomText()) {}
 
 unsigned TFolderConnection::UsualLanes() const {
   return std::clamp(std::thread::hardware_concurrency(), 1U, MostUsualLanes);
@@ -149,6 +157,7 @@ TRemoteStatus TFolderConnection::ExamineOne(const TRemoteName& name) {
   TRemoteStatus result;
   result.Kind = S_ISREG(status.st_mode)   ? TRemoteKind::File
                 : S_ISDIR(status.st_mode) ? TRemoteKind::Directory
+                : S_ISLNK(status.st_mode) ? TRemoteKind::Link
                                           : TRemoteKind::Other;
   result.Size = static_cast<std::uint64_t>(status.st_size);
   result.Modified = FileTimeOf(status.st_mtim);
@@ -229,6 +238,28 @@ std::string TFolderConnection::Remove(const TRemoteName& name) {
   try {
     if (::unlinkat(FDirectories.Open(name.Directory), name.Name.c_str(), 0) != 0 && errno != ENOENT)
       ThrowSystemError("removing it");
+  } catch (const std::system_error& error) {
+    return error.what();
+  }
+  return {};
+}
+
+std::vector<TRemoteLink> TFolderConnection::ReadLinks(std::span<const TRemoteName> names) {
+  std::vector<TRemoteLink> result;
+  result.reserve(names.size());
+  for (const TRemoteName& name : names) {
+    try {
+      result.push_back({.Text = ReadLinkIn(FDirectories.Open(name.Directory), name.Name)});
+    } catch (const std::system_error& error) {
+      result.push_back({.Problem = error.what()});
+    }
+  }
+  return result;
+}
+
+std::string TFolderConnection::MakeLink(const TRemoteName& name, const std::string& text) {
+  try {
+    FTransfer.MakeLink(FDirectories.Open(name.Directory), name.Name, text);
   } catch (const std::system_error& error) {
     return error.what();
   }

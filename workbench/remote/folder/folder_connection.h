@@ -32,6 +32,9 @@ public:
   std::vector<bool> HaveSameContent(std::span<const TSendRequest> files) override;
   std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
   std::string Remove(const TRemoteName& name) override;
+  bool KnowsLinks() const override { return FKnowsLinks; }
+  std::vector<TRemoteLink> ReadLinks(std::span<const TRemoteName> names) override;
+  std::string MakeLink(const TRemoteName& name, const std::string& text) override;
   std::string RunCommand(const std::string& command, const std::string& directory,
                          const THearLine& hear, const std::atomic<int>& cancelled) override;
 
@@ -41,6 +44,7 @@ private:
 
   std::filesystem::path FFolder; // links resolved
   std::chrono::nanoseconds FResolution;
+  bool FKnowsLinks;
   TDirectoryHandles FDirectories;
   TFileTransfer FTransfer;
 };

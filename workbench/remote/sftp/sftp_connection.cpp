@@ -6,6 +6,7 @@
 #include "workbench/process/shell_text.h"
 #include "workbench/remote/sftp/remote_checksums.h"
 #include "workbench/remote/sftp/sftp_comparison.h"
+#include "workbench/remote/sftp/sftp_links.h"
 #include "workbench/remote/sftp/sftp_listing.h"
 #include "workbench/remote/sftp/sftp_upload.h"
 #include "workbench/remote/target/remote_path.h"
@@ -23,6 +24,7 @@ constexpr unsigned MostLanes = 4; // more only get in each other's way
 constexpr std::uint32_t KindMask = 0170000;
 constexpr std::uint32_t FileKind = 0100000;
 constexpr std::uint32_t DirectoryKind = 0040000;
+constexpr std::uint32_t LinkKind = 0120000;
 constexpr std::uint32_t OwnerMayRun = 0100;
 // Files that a machine unknown to this one left unfinished: longer than any deploy takes.
 constexpr std::chrono::hours ForeignAge(24);
@@ -39,6 +41,7 @@ TRemoteStatus StatusFrom(const TSftpReply& reply) {
   const std::uint32_t mode = attributes.Mode.value_or(FileKind);
   status.Kind = (mode & KindMask) == FileKind        ? TRemoteKind::File
                 : (mode & KindMask) == DirectoryKind ? TRemoteKind::Directory
+                : (mode & KindMask) == LinkKind      ? TRemoteKind::Link
                                                      : TRemoteKind::Other;
   status.Size = attributes.Size.value_or(0);
   status.Modified = deployment::TFileTime(std::chrono::seconds(attributes.Modified.value_or(0)));
@@ -259,6 +262,18 @@ std::string TSftpConnection::Remove(const TRemoteName& name) {
   return status == TSftpStatus::Ok || status == TSftpStatus::NoSuchFile
              ? std::string()
              : "removing it: " + SftpStatusText(status);
+}
+
+bool TSftpConnection::KnowsLinks() const {
+  return !FMachine.IsWindows && CanMakeLinks(FChannel.Limits());
+}
+
+std::vector<TRemoteLink> TSftpConnection::ReadLinks(std::span<const TRemoteName> names) {
+  return ReadRemoteLinks(FChannel, names);
+}
+
+std::string TSftpConnection::MakeLink(const TRemoteName& name, const std::string& text) {
+  return MakeRemoteLink(FChannel, name, {name.Directory, FNames.Next({})}, text);
 }
 
 std::string TSftpConnection::RunCommand(const std::string& command, const std::string& directory,

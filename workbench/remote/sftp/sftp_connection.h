@@ -54,6 +54,9 @@ public:
   std::vector<bool> HaveSameContent(std::span<const TSendRequest> files) override;
   std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
   std::string Remove(const TRemoteName& name) override;
+  bool KnowsLinks() const override;
+  std::vector<TRemoteLink> ReadLinks(std::span<const TRemoteName> names) override;
+  std::string MakeLink(const TRemoteName& name, const std::string& text) override;
   std::string RunCommand(const std::string& command, const std::string& directory,
                          const THearLine& hear, const std::atomic<int>& cancelled) override;
 

@@ -37,7 +37,7 @@ struct TRemoteName {
   std::string Name;
 };
 
-enum class TRemoteKind { None, File, Directory, Other };
+enum class TRemoteKind { None, File, Directory, Link, Other };
 
 /// What stands under a name. Links are not followed.
 struct TRemoteStatus {
@@ -46,6 +46,12 @@ struct TRemoteStatus {
   deployment::TFileTime Modified = {};
   bool IsExecutable = false;
   std::string Problem = {}; ///< why it could not be examined; empty when it was
+};
+
+/// Where a link leads.
+struct TRemoteLink {
+  std::string Text = {};    ///< as it is stored, not resolved
+  std::string Problem = {}; ///< why it could not be read, or that it is no link; empty when it was
 };
 
 /// A file to be sent.
@@ -108,6 +114,12 @@ public:
   virtual std::string SetTime(const TRemoteName& name, deployment::TFileTime time) = 0;
   /// Removes a file; the reason when that failed.
   virtual std::string Remove(const TRemoteName& name) = 0;
+  /// True when the target has symbolic links and one can take the place of what is there at once.
+  virtual bool KnowsLinks() const = 0;
+  virtual std::vector<TRemoteLink> ReadLinks(std::span<const TRemoteName> names) = 0;
+  /// Puts a symbolic link in place, in the stead of a file or link of that name; the reason when
+  /// that failed. `text` is what it stores, with "/" as delimiter; it may lead nowhere.
+  virtual std::string MakeLink(const TRemoteName& name, const std::string& text) = 0;
   /// Runs a command line in a resolved directory and hands over the lines that it prints; the
   /// reason when it failed. A run that is cancelled ends the command.
   virtual std::string RunCommand(const std::string& command, const std::string& directory,

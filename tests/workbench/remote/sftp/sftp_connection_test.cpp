@@ -71,6 +71,46 @@ TEST_F(SftpConnection, RefusesARootThatIsAFile) {
   }
 }
 
+TEST_F(SftpConnection, PutsLinksInPlaceAndReadsThemBack) {
+  Place.Write(Place.Target("libx.so.1.2"), "library");
+  Place.Write(Place.Target("libx.so"), "an old copy");
+  const std::string root = Place.Target().string();
+  const auto connection = Connect();
+  ASSERT_TRUE(connection->KnowsLinks());
+  EXPECT_EQ(connection->MakeLink({root, "libx.so.1"}, "libx.so.1.2"), "");
+  EXPECT_EQ(connection->MakeLink({root, "libx.so"}, "libx.so.1"), "");
+  EXPECT_EQ(connection->MakeLink({root, "libx.so"}, "libx.so.1"), "");
+  EXPECT_EQ(std::filesystem::read_symlink(Place.Target("libx.so.1")), "libx.so.1.2");
+  EXPECT_EQ(std::filesystem::read_symlink(Place.Target("libx.so")), "libx.so.1");
+  EXPECT_EQ(Place.Read(Place.Target("libx.so")), "library");
+  EXPECT_EQ(Unfinished(), std::vector<std::string>());
+  const std::vector<TRemoteName> names{
+      {root, "libx.so"}, {root, "libx.so.1"}, {root, "libx.so.1.2"}, {root, "none"}};
+  const auto links = connection->ReadLinks(names);
+  EXPECT_EQ(links[0].Text, "libx.so.1");
+  EXPECT_EQ(links[1].Text, "libx.so.1.2");
+  EXPECT_EQ(links[2].Text, "");
+  EXPECT_NE(links[2].Problem, "");
+  EXPECT_EQ(links[3].Problem, "reading the link: no such file or directory");
+}
+
+TEST_F(SftpConnection, SaysWhyALinkIsNotMadeAndLeavesNothingBehind) {
+  std::filesystem::create_directories(Place.Target("directory/with"));
+  const std::string root = Place.Target().string();
+  EXPECT_EQ(Connect()->MakeLink({root + "/none", "x"}, "y"),
+            "making a link beside it: no such file or directory");
+  EXPECT_EQ(Connect()->MakeLink({root, "directory"}, "y"),
+            "putting it in place: the server reports a failure");
+  EXPECT_EQ(Unfinished(), std::vector<std::string>());
+  EXPECT_TRUE(std::filesystem::is_directory(Place.Target("directory/with")));
+}
+
+TEST_F(SftpConnection, MakesNoLinksOnWindows) {
+  TSftpMachine machine = Machine();
+  machine.IsWindows = true;
+  EXPECT_FALSE(TSftpConnection(machine, Parts).KnowsLinks());
+}
+
 TEST_F(SftpConnection, ExaminesFilesWithoutFollowingLinks) {
   Place.Write(Place.Target("a"), "four");
   ::chmod(Place.Target("a").c_str(), 0755);
@@ -86,7 +126,7 @@ TEST_F(SftpConnection, ExaminesFilesWithoutFollowingLinks) {
   EXPECT_EQ(answers[0].Size, 4U);
   EXPECT_TRUE(answers[0].IsExecutable);
   EXPECT_EQ(answers[0].Modified.time_since_epoch(), std::chrono::seconds(1700000000));
-  EXPECT_EQ(answers[1].Kind, TRemoteKind::Other);
+  EXPECT_EQ(answers[1].Kind, TRemoteKind::Link);
   EXPECT_EQ(answers[2].Kind, TRemoteKind::Directory);
   EXPECT_EQ(answers[3].Kind, TRemoteKind::None);
   EXPECT_EQ(answers[4].Kind, TRemoteKind::None);
