@@ -141,6 +141,14 @@ bool TOpenProjectFile::IsChangedOnDisk() const {
   }
 }
 
+std::vector<TLabelledItem> TOpenProjectFile::LabelledItems(std::string_view label) {
+  return FModule->Document().LabelledItems(label);
+}
+
+void TOpenProjectFile::SetLabelledItems(std::string_view label, std::vector<TLabelledItem> items) {
+  FModule->Document().SetLabelledItems(label, std::move(items));
+}
+
 TSaveReport TOpenProjectFile::Save(bool force) {
   TSaveReport report;
   if (!HasChanges())

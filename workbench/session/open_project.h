@@ -32,6 +32,8 @@ public:
   bool HasPropertyChanges() const override;
   bool IsChangedOnDisk() const override;
   void MarkChanged() override { FMarkedChanged = true; }
+  std::vector<TLabelledItem> LabelledItems(std::string_view label) override;
+  void SetLabelledItems(std::string_view label, std::vector<TLabelledItem> items) override;
   TSaveReport Save(bool force) override;
   bool AssignProfile(std::string_view platform, std::string_view profile, bool force) override;
   bool SaveProjectFile(bool force) override;

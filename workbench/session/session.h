@@ -17,6 +17,7 @@ namespace workbench {
 
 class IEditorArea;
 class TPlatformTable;
+struct TLabelledItem;
 class TProjectSettings;
 class TRemoteProfileServices;
 class TSettings;
@@ -68,6 +69,12 @@ public:
   virtual bool IsChangedOnDisk() const = 0;
   /// Says that the deployment changed in a way that listeners do not hear of.
   virtual void MarkChanged() = 0;
+
+  /// Items that the project keeps for the workbench in a group of that label; none when it has no
+  /// such group.
+  virtual std::vector<TLabelledItem> LabelledItems(std::string_view label) = 0;
+  /// Sets them; a save writes them. Throws TInputError when the project has no such group.
+  virtual void SetLabelledItems(std::string_view label, std::vector<TLabelledItem> items) = 0;
 
   /// Writes the project when it has changes, and then the side file. With `force` a file that
   /// changed on disk since it was read is overwritten. Throws TSaveError; then the file on disk is
