@@ -37,6 +37,8 @@ room(workbench/msbuild SEES ${FOUNDATION} workbench/files workbench/text workben
 room(workbench/platforms SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/project SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
   workbench/text workbench/xml)
+room(workbench/project/build_import SEES ${FOUNDATION} workbench/files workbench/json
+  workbench/process workbench/project workbench/text)
 room(workbench/controls SEES ${FOUNDATION})
 room(workbench/list SEES ${FOUNDATION} workbench/json workbench/text)
 
@@ -59,7 +61,7 @@ room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files work
   workbench/platforms workbench/project workbench/remote/profile workbench/remote/target
   workbench/settings workbench/text workbench/xml)
 room(workbench/session SEES ${FOUNDATION} workbench/files workbench/platforms workbench/project
-  workbench/services workbench/settings workbench/text)
+  workbench/project/build_import workbench/services workbench/settings workbench/text)
 room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workbench/list
   workbench/session workbench/text)
 
@@ -68,13 +70,14 @@ room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/json wor
   workbench/platforms workbench/process workbench/project workbench/remote/ssh workbench/services
   workbench/session workbench/text)
 room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/json workbench/list
-  workbench/session workbench/text)
+  workbench/project/build_import workbench/session workbench/text)
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
   workbench/deploy workbench/services workbench/session workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/cli/view workbench/controls workbench/deploy workbench/files workbench/json
-  workbench/list workbench/platforms workbench/project workbench/remote/profile
-  workbench/remote/target workbench/services workbench/session workbench/settings workbench/text)
+  workbench/list workbench/platforms workbench/project workbench/project/build_import
+  workbench/remote/profile workbench/remote/target workbench/services workbench/session
+  workbench/settings workbench/text)
 room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
   workbench/session workbench/text)
 room(workbench/askpass SEES workbench/remote/ssh)

@@ -5,6 +5,7 @@ namespace workbench {
 std::vector<std::unique_ptr<ICommand>> AllCommands() {
   std::vector<std::unique_ptr<ICommand>> commands;
   commands.push_back(MakeNewCommand());
+  commands.push_back(MakeRefreshCommand());
   commands.push_back(MakeShowCommand());
   commands.push_back(MakeListCommand());
   commands.push_back(MakeStatusCommand());

@@ -12,6 +12,7 @@ namespace workbench {
 std::vector<std::unique_ptr<ICommand>> AllCommands();
 
 std::unique_ptr<ICommand> MakeNewCommand();
+std::unique_ptr<ICommand> MakeRefreshCommand();
 std::unique_ptr<ICommand> MakeShowCommand();
 std::unique_ptr<ICommand> MakeListCommand();
 std::unique_ptr<ICommand> MakeStatusCommand();

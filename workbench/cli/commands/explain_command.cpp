@@ -5,6 +5,7 @@
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/entries/build_changes.h"
 #include "workbench/cli/entries/entry_text.h"
 #include "workbench/cli/entries/reason_text.h"
 #include "workbench/cli/entries/value_sources.h"
@@ -198,7 +199,10 @@ private:
                                  : " will be in the list, once it is reconciled, for ") +
                         explanation.Target.Configuration + ", " + platform + " as \"" +
                         entry.GetDeploymentClass() + "\""));
-    if (explanation.Reasons.empty())
+    const std::vector<std::string> buildReasons = BuildReasons(project, entry);
+    for (const std::string& reason : buildReasons)
+      output.Line("  " + Visible(reason));
+    if (explanation.Reasons.empty() && buildReasons.empty())
       output.Line("  no step of a reconcile asks for it: it was added by hand");
     for (const TReconcileReason& reason : explanation.Reasons) {
       if (IsOf(reason, entry))
@@ -244,6 +248,7 @@ private:
             {"class", entry.GetDeploymentClass()},
             {"configuration", entry.GetConfiguration()},
             {"saved", explanation.Saved.contains(&entry)},
+            {"build", BuildReasons(project, entry)},
             {"values", values},
             {"remoteFile", RemoteFileName(entry, platform, project.Deployment())}};
   }
