@@ -67,10 +67,10 @@ room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workben
 
 # deploymgr, the command line.
 room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/json workbench/msbuild
-  workbench/platforms workbench/process workbench/project workbench/project/cpp
-  workbench/remote/ssh workbench/services workbench/session workbench/text)
-room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/json workbench/list
+  workbench/platforms workbench/process workbench/project workbench/remote/ssh workbench/services
   workbench/session workbench/text)
+room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/files workbench/json
+  workbench/list workbench/session workbench/text)
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
   workbench/deploy workbench/services workbench/session workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries

@@ -42,7 +42,7 @@ run explain sky-chart/SkyChart.vproj art/ios/iPhone_AppIcon57.png -p iOSSimulato
 
 step 'A file is added, edited and shown'
 run add sky-chart/SkyChart.vproj sky-chart/optional/*.dat -p Win32 -c Release
-run set sky-chart/SkyChart.vproj optional/BrightStars.dat --remote-dir 'charts\' --overwrite false \
+run set sky-chart/SkyChart.vproj optional/BrightStars.dat --remote-dir charts --overwrite false \
   -p Win32 -c Release
 run show sky-chart/SkyChart.vproj -p Win32 -c Release | without_classes
 

@@ -7,6 +7,7 @@
 #include "workbench/files/file_saver.h"
 #include "workbench/files/machine_path.h"
 #include "workbench/project/project_identity.h"
+#include "workbench/services/app_strings.h"
 
 #include <algorithm>
 #include <utility>
@@ -160,10 +161,17 @@ bool TOpenProjectFile::IsChangedOnDisk() const {
   }
 }
 
+void TOpenProjectFile::RequireShippedFiles() {
+  if (FWasEmpty)
+    RequireShippedFile(FServices.GetAppStrings(), DefaultsFile);
+  RequireShippedFile(FServices.GetAppStrings(), SideFileTemplate);
+}
+
 TSaveReport TOpenProjectFile::Save(bool force) {
   TSaveReport report;
   if (!HasChanges())
     return report;
+  RequireShippedFiles();
   const bool written = SaveProjectFile(force);
   try {
     report = Export();
@@ -217,6 +225,17 @@ bool TOpenProjectFile::SaveProjectFile(bool force) {
 }
 
 TSaveReport TOpenProjectFile::Export() {
+  RequireShippedFiles();
+  return WriteSideFile();
+}
+
+TSaveReport TOpenProjectFile::PlanExport() {
+  RequireShippedFiles();
+  const TProjectFileUtils::TPlanOnly plan(FServices.GetProjectFileUtils());
+  return WriteSideFile();
+}
+
+TSaveReport TOpenProjectFile::WriteSideFile() {
   TSaveReport report;
   Deployment().SaveToDeployProj();
   report.SideFile = FGivenName;

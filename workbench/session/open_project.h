@@ -32,10 +32,12 @@ public:
   bool HasPropertyChanges() const override;
   bool IsChangedOnDisk() const override;
   void MarkChanged() override { FMarkedChanged = true; }
+  void RequireShippedFiles() override;
   TSaveReport Save(bool force) override;
   bool AssignProfile(std::string_view platform, std::string_view profile, bool force) override;
   bool SaveProjectFile(bool force) override;
   TSaveReport Export() override;
+  TSaveReport PlanExport() override;
 
   /// Whether a view of the package shows this very project.
   bool IsShown() const { return FIsShown; }
@@ -47,6 +49,7 @@ private:
   class TChangeListener;
 
   void ReadVersion();
+  TSaveReport WriteSideFile();
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
   void CollectNotes() const;
 

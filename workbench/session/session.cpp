@@ -34,6 +34,14 @@ TPlatformTable ReadPlatforms(const std::filesystem::path& root) {
   return TPlatformTable::FromXml(reader.Root());
 }
 
+// Programs of such a platform are packed in a folder here and go to no machine.
+bool IsStaged(const TPlatformTable& platforms, const std::string& platform,
+              const std::string& personality) {
+  const TPlatform* facts = platforms.FindPlatform(platform);
+  return platform == "Android" || (facts && !facts->RequiresProfile(personality) &&
+                                   !facts->PersonalityRequiresProfile(personality));
+}
+
 void CopyAttributes(const deployment::IXMLNode& from, deployment::IXMLNode& to) {
   for (std::size_t i = 0; i < from.AttributeCount(); ++i)
     to.SetAttribute(from.AttributeName(i), *from.GetAttribute(from.AttributeName(i)));
@@ -167,11 +175,29 @@ TSettings& TSession::Settings() {
   return FImpl->Services.GetSettings();
 }
 
+deployment::TEntryPaths TSession::PathsOf(TOpenProject& project,
+                                          const deployment::TDeploymentTarget& target) {
+  const auto base = IsStaged(FImpl->Platforms, target.Platform, project.Settings().Personality())
+                        ? deployment::TRemoteBase::None
+                        : deployment::TRemoteBase::ProjectRoot;
+  return deployment::TEntryPaths(project.Project(), project.Deployment(), target,
+                                 deployment::TEntryPathServices::Of(FImpl->Services), base);
+}
+
 const std::filesystem::path& TSession::Root() const {
   return FImpl->Root;
 }
 
+void TSession::CheckInstallation() const {
+  RequireShippedDirectory(FImpl->Root);
+}
+
+void TSession::RequireDefaults() const {
+  RequireShippedFile(FImpl->Services.GetAppStrings(), DefaultsFile);
+}
+
 std::vector<std::shared_ptr<deployment::IProjectDeploymentClass>> TSession::ShippedClasses() {
+  RequireDefaults();
   if (!FImpl->Scratch) {
     TIDEServices& services = FImpl->Services;
     auto scratch = std::make_unique<TProjectModule>(

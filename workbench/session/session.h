@@ -3,6 +3,7 @@
 #pragma once
 
 #include "package/host/api/deploymentapi.h"
+#include "package/host/api/entry_paths.h"
 #include "package/host/api/forms.h"
 #include "package/host/api/toolsapi.h"
 #include "workbench/msbuild/environment.h"
@@ -71,9 +72,13 @@ public:
   /// Says that the deployment changed in a way that listeners do not hear of.
   virtual void MarkChanged() = 0;
 
+  /// Throws TInputError, which says where it was looked for, when something that a save stores or
+  /// writes from is not installed: the template of the side file, and for a project without a list
+  /// the default classes.
+  virtual void RequireShippedFiles() = 0;
   /// Writes the project when it has changes, and then the side file. With `force` a file that
-  /// changed on disk since it was read is overwritten. Throws TSaveError; then the file on disk is
-  /// what it was before.
+  /// changed on disk since it was read is overwritten. Throws TSaveError, and TInputError as above;
+  /// then the file on disk is what it was before.
   virtual TSaveReport Save(bool force) = 0;
   /// Assigns a remote profile to one of the project's platforms and writes that alone, whatever
   /// else changed; an empty name takes the profile away. True when the file on disk was another
@@ -81,8 +86,10 @@ public:
   virtual bool AssignProfile(std::string_view platform, std::string_view profile, bool force) = 0;
   /// Writes the project alone; true when the file on disk was another one.
   virtual bool SaveProjectFile(bool force) = 0;
-  /// Writes the side file alone. Throws TSaveError.
+  /// Writes the side file alone. Throws TSaveError, and TInputError as above.
   virtual TSaveReport Export() = 0;
+  /// What Export would do; nothing is written. Throws TInputError.
+  virtual TSaveReport PlanExport() = 0;
 };
 
 /// The host and everything in it. Errors that the package raises are made of its code, which is
@@ -123,8 +130,18 @@ public:
   TRemoteProfileServices& RemoteProfiles();
   /// The user's settings.
   TSettings& Settings();
+  /// Where the entries of a target are on this machine and land on the target: from the path of its
+  /// profile on, or in the folder that is packed here. The project must be open as long as the
+  /// object is used.
+  deployment::TEntryPaths PathsOf(TOpenProject& project,
+                                  const deployment::TDeploymentTarget& target);
   /// Root directory whose ObjRepos/Deploy is in use.
   const std::filesystem::path& Root() const;
+  /// Throws TInputError when the files that ship with the workbench are not where they are looked
+  /// for.
+  void CheckInstallation() const;
+  /// Throws the same when the default classes are not there.
+  void RequireDefaults() const;
   /// The classes that ship with the workbench, for projects without a list of their own. Variables
   /// of the template are filled with empty texts. Throws TInputError.
   std::vector<std::shared_ptr<deployment::IProjectDeploymentClass>> ShippedClasses();

@@ -1,7 +1,9 @@
 // deploymgr new: writes a project.
+#include "package/common/application_type.h"
 #include "package/common/delimited_list.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/name_hint.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/text_check.h"
 #include "workbench/cli/entries/project_text.h"
@@ -54,6 +56,7 @@ public:
     std::filesystem::path file = FProject;
     if (!file.has_extension())
       file += ".vproj";
+    context.Session.CheckInstallation();
     ReadNames(context);
     if (FDryRun && std::filesystem::exists(file))
       throw TSaveError("\"" + file.string() + "\" exists already; nothing would be written", file);
@@ -78,12 +81,20 @@ private:
     std::erase(FValues.Configurations, std::string(deployment::BaseConfiguration));
     for (const std::string& configuration : FValues.Configurations)
       CheckName("configuration", configuration);
-    CheckName("application type", FValues.ApplicationType);
+    CheckType();
     CheckName("personality", FValues.Personality);
     CheckName("framework", FValues.Framework);
     FValues.ActivePlatform = Chosen("--platform", context.Options.Platform, FValues.Platforms);
     FValues.ActiveConfiguration =
         Chosen("--config", context.Options.Configuration, FValues.Configurations);
+  }
+
+  void CheckType() const {
+    const std::vector<std::string> known = deployment::ApplicationTypes();
+    if (std::find(known.begin(), known.end(), FValues.ApplicationType) == known.end())
+      throw TUsageError("there is no kind of program \"" + FValues.ApplicationType +
+                        "\"; known are: " + deployment::JoinDelimited(known, ", ") +
+                        HintAt(FValues.ApplicationType, known));
   }
 
   static std::string Chosen(const std::string& option, const std::string& name,

@@ -50,7 +50,7 @@ public:
 
   int Run(TCommandContext& context) override {
     CheckArguments();
-    CheckPlatformOption(context, nullptr);
+    CheckTargetOptions(context, nullptr);
     if (FAction == "list")
       List(context);
     else if (FAction == "add")

@@ -60,24 +60,24 @@ public:
     options.Flag("--all", FAll, "Every platform of every configuration, not one target");
     options.Flag("--internal", FInternal, "Take the list of runtime packages for empty");
     AddChangeOptions(options, FChange);
+    AddCheckOption(options, FChange);
   }
 
   int Run(TCommandContext& context) override {
-    TOpenProject& project =
-        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    TOpenProject& project = OpenProject(context, FProject, FChange.Purpose());
     std::vector<TReconciledTarget> targets = Targets(context, project);
     TAskingForms forms(context.Output);
-    if (context.Output.CanAsk() && !FChange.Yes && !FChange.DryRun)
+    if (context.Output.CanAsk() && !FChange.Yes && !FChange.IsDry())
       context.Session.SetModalForms(&forms);
     Reconcile(context, project, targets);
     context.Session.SetModalForms(nullptr);
-    SaveIfChanged(context, project, targets);
-    Report(context, targets);
+    const bool changed = SaveIfChanged(context, project, targets);
+    Report(context, project, targets);
     const bool noneDone =
         !targets.empty() && std::all_of(targets.begin(), targets.end(), [](const auto& target) {
           return target.Result == TReconcileResult::CannotReconcile;
         });
-    return noneDone ? exit_status::CannotReconcile : exit_status::Done;
+    return noneDone ? exit_status::CannotReconcile : StatusOf(FChange, changed);
   }
 
 private:
@@ -115,23 +115,29 @@ private:
     for (std::size_t i = 0; i < order.size(); ++i)
       order[i]->Changes = std::move(changed[i]);
     WarnSince(context, project, told);
-    WarnOfLost(context, FProject, changes.Lost());
+    WarnOfLost(context, project.GivenFileName().string(), changes.Lost());
   }
 
-  void SaveIfChanged(TCommandContext& context, TOpenProject& project,
+  // True when something changed, or would.
+  bool SaveIfChanged(TCommandContext& context, TOpenProject& project,
                      const std::vector<TReconciledTarget>& targets) const {
     // An answer about optional files is recorded in a property of the project.
     const bool same = !project.HasPropertyChanges() &&
                       std::all_of(targets.begin(), targets.end(),
                                   [](const auto& target) { return target.Changes.IsEmpty(); });
-    if (same || FChange.DryRun)
-      return;
+    if (same)
+      return false;
+    project.RequireShippedFiles();
+    if (FChange.IsDry())
+      return true;
     const std::size_t told = project.Warnings().size();
     project.Save(FChange.ForceSave);
     WarnSince(context, project, told);
+    return true;
   }
 
-  void Report(TCommandContext& context, const std::vector<TReconciledTarget>& targets) const {
+  void Report(TCommandContext& context, const TOpenProject& project,
+              const std::vector<TReconciledTarget>& targets) const {
     TJson results = TJson::Array();
     bool nothing = true;
     for (const TReconciledTarget& target : targets) {
@@ -144,8 +150,8 @@ private:
       if (target.Result == TReconcileResult::CannotReconcile)
         context.Output.Warn({target.Nothing.empty() ? "the project cannot be reconciled for " + name
                                                     : target.Nothing,
-                             FProject, 0});
-      PrintChanges(context.Output, target.Changes, FChange.DryRun);
+                             project.GivenFileName().string(), 0});
+      PrintChanges(context.Output, target.Changes, FChange.IsDry());
       nothing = nothing && target.Changes.IsEmpty();
     }
     if (context.Output.IsJson())

@@ -1,56 +1,25 @@
 #include "workbench/cli/context/command.h"
 
 #include "package/common/case_fold.h"
-#include "package/common/delimited_list.h"
-#include "workbench/project/cpp/solution.h"
-
-#include <algorithm>
-#include <system_error>
+#include "package/common/errors.h"
+#include "workbench/cli/context/project_argument.h"
 
 namespace workbench {
-namespace {
-
-namespace fs = std::filesystem;
-
-bool IsProjectName(const fs::path& file) {
-  const std::string extension = deployment::LowerCaseAscii(file.extension().string());
-  return extension.ends_with("proj") && extension != ".deployproj";
-}
-
-// A directory stands for the one project in it.
-fs::path ProjectIn(const fs::path& directory) {
-  std::vector<std::string> names;
-  std::error_code error;
-  for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
-       entry.increment(error)) {
-    std::error_code ignored;
-    if (IsProjectName(entry->path()) && entry->is_regular_file(ignored))
-      names.push_back(entry->path().filename().string());
-  }
-  std::ranges::sort(names);
-  if (names.empty())
-    return directory; // which is refused as what it is
-  if (names.size() > 1)
-    throw TUsageError("there are several projects in the directory \"" + directory.string() +
-                      "\": " + deployment::JoinDelimited(names, ", "));
-  return directory / names.front();
-}
-
-[[noreturn]] void RefuseSolution(const fs::path& file) {
-  std::vector<std::string> names;
-  for (const TSolutionProject& project : TSolution::Read(file).Projects())
-    names.push_back(project.StoredPath);
-  throw TUsageError("\"" + file.string() + "\" is a solution; name one of its projects: " +
-                    deployment::JoinDelimited(names, ", "));
-}
-
-} // namespace
 
 void AddChangeOptions(IOptions& options, TChangeOptions& change) {
   options.Flag("--dry-run", change.DryRun, "Say what would change; change nothing");
   options.Flag("--yes", change.Yes, "Answer every question with yes");
   options.Flag("--force-save", change.ForceSave,
                "Overwrite a project that changed on disk since it was read");
+}
+
+void AddCheckOption(IOptions& options, TChangeOptions& change) {
+  options.Flag("--check", change.Check,
+               "Change nothing; end with 7 when something would change, else with 0");
+}
+
+int StatusOf(const TChangeOptions& change, bool changed) {
+  return change.Check && changed ? exit_status::WouldChange : exit_status::Done;
 }
 
 void AddProjectArgument(IOptions& options, std::string& project, bool required) {
@@ -60,16 +29,20 @@ void AddProjectArgument(IOptions& options, std::string& project, bool required) 
 }
 
 TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOpenPurpose purpose) {
-  if (file.empty())
-    throw TUsageError("the name of the project file is empty");
-  std::error_code ignored;
-  const bool isDirectory = fs::is_directory(file, ignored);
-  if (deployment::SameText(fs::path(file).extension().string(), ".sln") && !isDirectory)
-    RefuseSolution(file);
-  TOpenProject& project =
-      context.Session.Open(isDirectory ? ProjectIn(file) : fs::path(file), purpose);
-  WarnSince(context, project, 0);
-  return project;
+  const std::filesystem::path found = FindProject(file);
+  context.Session.CheckInstallation();
+  try {
+    TOpenProject& project = context.Session.Open(found, purpose);
+    WarnSince(context, project, 0);
+    return project;
+  } catch (const deployment::TInputError& error) {
+    if (HasProjectName(found) || MayBeXml(found))
+      throw;
+    const bool isSolution = deployment::SameText(found.extension().string(), ".sln");
+    throw deployment::TInputError(isSolution ? "this is a solution; name one of the projects in it"
+                                             : "this is no project: MSBuild projects are XML files",
+                                  {found.string(), 0});
+  }
 }
 
 void WarnSince(TCommandContext& context, const TOpenProject& project, std::size_t told) {

@@ -23,6 +23,7 @@ inline constexpr int UnreadableInput = 3;
 inline constexpr int CannotReconcile = 4;
 inline constexpr int NoConnection = 5;
 inline constexpr int NoConsent = 6;
+inline constexpr int WouldChange = 7;
 } // namespace exit_status
 
 /// The command line asks for what cannot be.
@@ -63,6 +64,11 @@ struct TChangeOptions {
   bool DryRun = false;
   bool Yes = false;
   bool ForceSave = false;
+  bool Check = false; ///< for commands that have it
+
+  /// True when nothing may be saved.
+  bool IsDry() const { return DryRun || Check; }
+  TOpenPurpose Purpose() const { return IsDry() ? TOpenPurpose::Look : TOpenPurpose::Edit; }
 };
 
 /// The platform argument that stands for every platform.
@@ -91,10 +97,17 @@ public:
 /// Declares the options of commands that change something.
 void AddChangeOptions(IOptions& options, TChangeOptions& change);
 
+/// Declares --check.
+void AddCheckOption(IOptions& options, TChangeOptions& change);
+
+/// The exit status of a command that changed something or would have.
+int StatusOf(const TChangeOptions& change, bool changed);
+
 /// Declares the project argument.
 void AddProjectArgument(IOptions& options, std::string& project, bool required = true);
 
-/// Opens the project and warns of what reading it brought up.
+/// Opens the project, which a directory may stand for, and warns of what reading it brought up.
+/// Throws as FindProject, TSession::CheckInstallation and TSession::Open do.
 TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOpenPurpose purpose);
 
 /// Warns of what came up since the project had `told` warnings.
