@@ -2,15 +2,14 @@
 #pragma once
 
 #include "tests/support/memory_xml.h"
+#include "tests/support/temporary_directory.h"
 #include "workbench/msbuild/msbuild_evaluation.h"
 #include "workbench/project/cpp/cpp_dialect.h"
 #include "workbench/project/project_settings.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <string>
@@ -38,21 +37,7 @@ public:
 /// An empty directory that goes away with the test.
 class TProjectTest : public ::testing::Test {
 protected:
-  TProjectTest() {
-    std::string name = (std::filesystem::temp_directory_path() / "projectXXXXXX").string();
-    Directory = mkdtemp(name.data());
-    Directory = std::filesystem::canonical(Directory);
-  }
-  ~TProjectTest() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(Directory, ignored);
-  }
-
-  void MakeFile(std::string_view name) const {
-    const std::filesystem::path file = Directory / name;
-    std::filesystem::create_directories(file.parent_path());
-    std::ofstream(file) << name;
-  }
+  void MakeFile(std::string_view name) const { testing::WriteText(Directory / name, name); }
 
   std::string PathOf(std::string_view name) const { return (Directory / name).string(); }
 
@@ -88,7 +73,8 @@ protected:
     return text;
   }
 
-  std::filesystem::path Directory;
+  testing::TTemporaryDirectory Temporary;
+  std::filesystem::path Directory = Temporary.Path();
   TNamedTexts Environment;
   TNamedTexts Properties;
   TMemoryImports Imports;

@@ -1,6 +1,7 @@
 // A directory to deploy from and one to deploy to.
 #pragma once
 
+#include "tests/support/temporary_directory.h"
 #include "workbench/deploy/deploy_executor.h"
 #include "workbench/remote/folder/folder_connection.h"
 
@@ -8,8 +9,6 @@
 
 #include <atomic>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -40,16 +39,8 @@ struct TTestRun {
 class TRemotePlace {
 public:
   TRemotePlace() {
-    std::string name = (std::filesystem::temp_directory_path() / "remote-XXXXXX").string();
-    if (!::mkdtemp(name.data()))
-      throw std::runtime_error("no temporary directory");
-    FDirectory = std::filesystem::canonical(name);
     std::filesystem::create_directories(FDirectory / "local");
     std::filesystem::create_directories(FDirectory / "target");
-  }
-  ~TRemotePlace() {
-    std::error_code ignored;
-    std::filesystem::remove_all(FDirectory, ignored);
   }
   TRemotePlace(const TRemotePlace&) = delete;
   TRemotePlace& operator=(const TRemotePlace&) = delete;
@@ -61,14 +52,9 @@ public:
     return name.empty() ? FDirectory / "local" : FDirectory / "local" / name;
   }
   static void Write(const std::filesystem::path& file, const std::string& content) {
-    std::filesystem::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary) << content;
+    WriteText(file, content);
   }
-  static std::string Read(const std::filesystem::path& file) {
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-  }
+  static std::string Read(const std::filesystem::path& file) { return ReadText(file); }
   /// A local file with this content, to be deployed under a remote name.
   TDeployFile File(const std::string& name, const std::string& remoteName,
                    const std::string& content = "content") const {
@@ -91,7 +77,8 @@ public:
   TTargetRecord Record = {}; ///< what plans know of earlier deploys
 
 private:
-  std::filesystem::path FDirectory;
+  TTemporaryDirectory FTemporary;
+  std::filesystem::path FDirectory = FTemporary.Path();
 };
 
 } // namespace workbench::testing

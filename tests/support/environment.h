@@ -8,9 +8,12 @@
 
 namespace workbench::testing {
 
+/// Variables of the environment that have other values as long as it lives; then they are as
+/// before.
 class TEnvironment {
 public:
   TEnvironment() = default;
+  TEnvironment(const std::string& name, const std::string& value) { Set(name, value); }
   TEnvironment(const TEnvironment&) = delete;
   TEnvironment& operator=(const TEnvironment&) = delete;
   ~TEnvironment() {
