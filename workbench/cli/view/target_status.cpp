@@ -1,5 +1,6 @@
 #include "workbench/cli/view/target_status.h"
 
+#include "package/host/api/file_columns.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/text/visible_text.h"
@@ -11,9 +12,10 @@
 namespace workbench {
 namespace {
 
-const std::string& TextOf(const TViewRow& row, const char* key) {
-  const std::vector<std::string>& keys = TDeploymentView::RowKeys();
-  return row.Texts[static_cast<std::size_t>(std::ranges::find(keys, key) - keys.begin())];
+const std::string& TextOf(const TViewRow& row, std::string_view key) {
+  const auto& columns = deployment::FileColumns;
+  const auto column = std::ranges::find(columns, key, &deployment::TFileColumn::Key);
+  return row.Texts[static_cast<std::size_t>(column - columns.begin())];
 }
 
 // As the entry stores it: the columns show its directory and its name.
