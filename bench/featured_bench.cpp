@@ -35,7 +35,10 @@ void Catalog(benchmark::State& state, const char* extension) {
   project.Deployment().GetFiles();
   std::size_t features = 0;
   for (auto _ : state)
-    features = project.Deployment().GetFeaturedFiles(extension)->GetChildren(0).size();
+    features = session.DeploymentService()
+                   .GetFeaturedFiles(project.Project(), extension)
+                   ->GetChildren(0)
+                   .size();
   state.counters["features"] = static_cast<double>(features);
   session.Close(project);
 }
@@ -48,7 +51,7 @@ void ReconcileProjectFilesAnew(benchmark::State& state) {
     state.PauseTiming();
     TOpenProject& project = session.Open(file, TOpenPurpose::Look);
     project.Deployment().GetFiles();
-    benchmark::DoNotOptimize(project.Project().GetCompleteFileList());
+    benchmark::DoNotOptimize(project.Project().GetCompleteFileList({}, {}));
     state.ResumeTiming();
     project.Deployment().Reconcile("Debug", "Win32");
     state.PauseTiming();

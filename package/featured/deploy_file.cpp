@@ -27,7 +27,7 @@ void TDeployFile::ReadPlatform(IXMLNode& node) {
   if (FRemoteDir.Find(platform))
     RaiseCatalogError(*directory, "the file \"" + FLocalName + "\" has two \"RemoteDir\" for \"" +
                                       platform + "\"");
-  FRemoteDir.Set(platform, WithTrailingDelimiter(directory->Text()));
+  FRemoteDir.Set(platform, WithTrailingDelimiter(PlainText(*directory)));
 }
 
 std::string TDeployFile::GetRemoteDir(std::string_view platform) const {

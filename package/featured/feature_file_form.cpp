@@ -1,5 +1,6 @@
 #include "package/featured/feature_file_form.h"
 
+#include "package/common/class_names.h"
 #include "package/common/delimited_list.h"
 #include "package/host/api/deploymentapi.h"
 
@@ -10,14 +11,11 @@
 namespace deployment {
 namespace {
 
-// Whatever class the catalog names: entries that a person chose are the person's.
-constexpr std::string_view ChosenFileClass = "File";
-
 // True when adding the file anew would leave the entry as it is.
 bool IsAsAdded(IProjectDeploymentFile& file, const TFeatureNode& data,
                std::string_view configuration) {
   if (file.GetPlatforms() != std::vector{data.Platform} ||
-      file.GetConfiguration() != configuration || file.GetDeploymentClass() != ChosenFileClass ||
+      file.GetConfiguration() != configuration || file.GetDeploymentClass() != class_names::File ||
       !file.GetCondition().empty() || file.GetRequired())
     return false;
   const TFileData& record = *file.GetFileData(data.Platform, /*create=*/false);
@@ -181,7 +179,8 @@ void TFeatureFileForm::AddToDeployment(const TFeatureNode& data) {
       continue;
     const auto file = deployment.CreateFile(configuration, data.Platform, data.LocalName);
     file->SetEnabled(data.Platform, true);
-    file->SetDeploymentClass(ChosenFileClass);
+    // Whatever class the catalog names: entries that a person chose are the person's.
+    file->SetDeploymentClass(class_names::File);
     file->SetFilePlatform(data.Platform);
     file->SetConfiguration(configuration);
     file->SetRemoteDir(data.Platform, data.RemoteDir);

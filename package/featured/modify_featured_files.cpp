@@ -16,21 +16,29 @@ namespace {
 // The classes that were offered or added, as the project keeps them.
 class TRecordedClasses {
 public:
-  explicit TRecordedClasses(IOTAProjectOptionsConfigurations& options) : FOptions(options) {
-    const std::string recorded = options.GetBaseProperty(cFeatureFilesAdded);
-    for (const std::string_view name : SplitDelimited(recorded))
+  explicit TRecordedClasses(IOTAProjectOptionsConfigurations& options)
+      : FOptions(options), FRecorded(options.GetBaseProperty(cFeatureFilesAdded)) {
+    for (const std::string_view name : SplitDelimited(FRecorded))
       FNames.emplace_back(name);
   }
 
   bool Contains(std::string_view name) { return Find(name) != FNames.end(); }
 
-  // One item, also when the text holds several names.
-  void Record(const std::string& name) {
-    if (const auto found = Find(name); found != FNames.end())
-      *found = name;
-    else
-      FNames.push_back(name);
-    FOptions.SetBaseProperty(cFeatureFilesAdded, JoinDelimited(FNames));
+  // Of a text that names several classes, those that are there already are not recorded again.
+  void Record(std::string_view names) {
+    for (const std::string_view name : SplitDelimited(names)) {
+      if (const auto found = Find(name); found != FNames.end())
+        *found = name;
+      else
+        FNames.emplace_back(name);
+    }
+  }
+
+  // Writes the property when it is another one now.
+  void Write() {
+    const std::string text = JoinDelimited(FNames);
+    if (text != FRecorded)
+      FOptions.SetBaseProperty(cFeatureFilesAdded, text);
   }
 
 private:
@@ -40,6 +48,7 @@ private:
   }
 
   IOTAProjectOptionsConfigurations& FOptions;
+  const std::string FRecorded;
   std::vector<std::string> FNames;
 };
 
@@ -64,35 +73,69 @@ void Record(IOTAProjectOptionsConfigurations* options, const std::vector<std::st
   TRecordedClasses recorded(*options);
   for (const std::string& name : names)
     recorded.Record(name);
+  recorded.Write();
 }
+
+// A dialog together with the catalog that it shows.
+struct TShownFeatures {
+  TShownFeatures(VelmorIDEServices& host, ICustomProject& project, std::string_view extension)
+      : Features(host, extension), Form(Features, project) {}
+
+  const TFeatures Features;
+  const TFeatureFileForm Form;
+};
 
 } // namespace
 
-void ModifyFeaturedFiles(ICustomProject& project, bool& showAuto, std::string_view extension,
+bool MayOfferFeaturedFiles(VelmorIDEServices& host) {
+  return host.GetSettings().ReadBool(FeaturedSettingsSection, ShowFeaturedFormAuto, true);
+}
+
+bool AskForFeaturedFiles(ICustomProject& project, std::string_view extension,
+                         VelmorIDEServices& host) {
+  bool showAuto = MayOfferFeaturedFiles(host);
+  if (!showAuto && !extension.empty())
+    return false;
+  const bool chosen = ModifyFeaturedFiles(project, showAuto, extension, host);
+  // Read anew: the host's own dialog of settings may have been open meanwhile.
+  if (MayOfferFeaturedFiles(host) != showAuto)
+    host.GetSettings().WriteBool(FeaturedSettingsSection, ShowFeaturedFormAuto, showAuto);
+  return chosen;
+}
+
+std::shared_ptr<const IFeatureFileForm>
+LookAtFeaturedFiles(ICustomProject& project, std::string_view extension, VelmorIDEServices& host) {
+  auto shown = std::make_shared<const TShownFeatures>(host, project, extension);
+  return {shown, &shown->Form};
+}
+
+bool ModifyFeaturedFiles(ICustomProject& project, bool& showAuto, std::string_view extension,
                          VelmorIDEServices& host) {
   const TFeatures features(host, extension);
   IModalForms* forms = host.GetModalForms();
   if (features.List().empty() || !forms)
-    return;
+    return false;
   std::vector<std::string> classes;
   if (!extension.empty())
     classes = NamesOf(features.GetFeaturesClassesByExtension(extension));
   IOTAProjectOptionsConfigurations* options = project.GetOptionsConfigurations();
   if (AnyRecorded(options, classes))
-    return;
+    return false;
   TFeatureFileForm form(features, project);
   form.SetShowAuto(showAuto);
   const TModalResult result = forms->ShowFeatureFiles(form);
   form.FormClose(result);
   if (result == TModalResult::Cancel)
-    return Record(options, classes);
+    Record(options, classes);
   if (result != TModalResult::OK)
-    return;
+    return false;
   showAuto = form.GetShowAuto();
-  if (!showAuto || !options)
-    return project.SetModified(true);
   const std::string added = form.GetAddedFiles(extension);
-  Record(options, added.empty() ? classes : std::vector{added});
+  if (!showAuto || !options)
+    project.SetModified(true);
+  else
+    Record(options, added.empty() ? classes : std::vector{added});
+  return true;
 }
 
 } // namespace deployment

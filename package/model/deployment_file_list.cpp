@@ -81,6 +81,16 @@ TDeploymentFiles TDeploymentFileList::Files() const {
   return Find(TFileQuery());
 }
 
+std::vector<TKeyedFile> TDeploymentFileList::KeyedFiles() const {
+  std::vector<TKeyedFile> files;
+  files.reserve(FLive);
+  for (const TEntry& entry : FEntries) {
+    if (entry.File)
+      files.push_back({JoinKey(KeyOf(entry)), entry.File});
+  }
+  return files;
+}
+
 TDeploymentFiles TDeploymentFileList::Find(const TFileQuery& query) const {
   const auto accepts = [&](const TDeploymentFile& file) { return Meets(query, file); };
   if (!query.LocalName.empty())

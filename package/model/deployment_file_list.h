@@ -22,6 +22,12 @@ struct TFileQuery {
   std::string_view ClassName = {};
 };
 
+/// An entry with the key that it is held under.
+struct TKeyedFile {
+  std::string Key;
+  std::shared_ptr<TDeploymentFile> File;
+};
+
 /// Holds each file once, in order of adding, under the key that it was added with: a later change
 /// of the file does not move it. Adding, removing and the look-ups by key, class and local name go
 /// through indexes. The list makes its owner the owner of each file that it holds, and takes that
@@ -52,6 +58,7 @@ public:
 
   /// All files in order.
   TDeploymentFiles Files() const;
+  std::vector<TKeyedFile> KeyedFiles() const;
   /// The files that meet the query, in order.
   TDeploymentFiles Find(const TFileQuery& query) const;
   /// The files of the class, ignoring case, in order. An empty name is that of files without one.

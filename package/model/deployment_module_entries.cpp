@@ -1,6 +1,6 @@
 // The entries of a project's deployment: files and classes, added, found and removed.
+#include "package/common/class_names.h"
 #include "package/model/deployment_module_handler.h"
-#include "package/model/section_names.h"
 
 #include <algorithm>
 #include <utility>
@@ -133,7 +133,7 @@ void TDeploymentModuleHandler::Clear() {
 
 void TDeploymentModuleHandler::Clear(std::span<const std::string> platforms) {
   for (const auto& file : FFiles.Files()) {
-    if (file->GetDeploymentClass() == UserFileClass)
+    if (file->GetDeploymentClass() == class_names::File)
       continue;
     for (const std::string& platform : platforms)
       file->RemovePlatform(platform);

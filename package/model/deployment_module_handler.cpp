@@ -1,7 +1,5 @@
 #include "package/model/deployment_module_handler.h"
 
-#include "package/featured/feature_file_form.h"
-#include "package/featured/modify_featured_files.h"
 #include "package/model/section_names.h"
 #include "package/reconcile/deploy_module_reconciler.h"
 
@@ -14,15 +12,6 @@ namespace {
 
 constexpr std::string_view SideFileImport = "$(MSBuildProjectName).deployproj";
 constexpr std::string_view SideFileCondition = "Exists('$(MSBuildProjectName).deployproj')";
-
-// A dialog together with the catalog that it shows.
-struct TShownFeatures {
-  TShownFeatures(VelmorIDEServices& host, ICustomProject& project, std::string_view extension)
-      : Features(host, extension), Form(Features, project) {}
-
-  const TFeatures Features;
-  const TFeatureFileForm Form;
-};
 
 } // namespace
 
@@ -118,6 +107,10 @@ void TDeploymentModuleHandler::ReadDefaultsUnlessStored(ICustomProject& project)
   if (!section)
     sections.AddNewSection(*FModule, DeploymentSectionName);
   FStorage.ReadDefaultDeployment(project, *this);
+  if (FBlockNotification)
+    return;
+  const std::string name = project.GetModuleName();
+  FNotifiers.ForEach([&](IProjectDeploymentNotifier& notifier) { notifier.Loaded(name); });
 }
 
 void TDeploymentModuleHandler::Notify(IProjectDeploymentItem& item,
@@ -203,20 +196,6 @@ TReconcileResult TDeploymentModuleHandler::Reconcile(std::string_view configurat
 TReconcileResult TDeploymentModuleHandler::Reconcile(std::string_view configuration,
                                                      std::string_view platform) {
   return RunReconciler(configuration, platform, /*reconcileInternally=*/false, nullptr);
-}
-
-std::shared_ptr<const IFeatureFileForm>
-TDeploymentModuleHandler::GetFeaturedFiles(std::string_view extension) {
-  ICustomProject* project = Project();
-  if (!project)
-    return nullptr;
-  auto shown = std::make_shared<const TShownFeatures>(FServices, *project, extension);
-  return {shown, &shown->Form};
-}
-
-void TDeploymentModuleHandler::ModifyFeaturedFiles(bool& showAuto) {
-  if (ICustomProject* project = Project())
-    deployment::ModifyFeaturedFiles(*project, showAuto, {}, FServices);
 }
 
 void TDeploymentModuleHandler::SaveToDeployProj() {

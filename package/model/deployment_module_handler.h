@@ -95,8 +95,6 @@ public:
   TReconcileResult Reconcile(std::string_view configuration, std::string_view platform,
                              bool reconcileInternally, IReconcileJournal& journal) override;
   void Revert(std::span<const std::string> platforms, bool keepAddedFiles) override;
-  std::shared_ptr<const IFeatureFileForm> GetFeaturedFiles(std::string_view extension) override;
-  void ModifyFeaturedFiles(bool& showAuto) override;
   void SaveToDeployProj() override;
 
 private:
@@ -121,6 +119,7 @@ private:
   void CheckOwner(const TDeploymentItem* item) const;
   void DropFormerId(const TDeploymentClass& held);
   void ClearClasses();
+  void ReplaceClasses(const TDeploymentClasses& classes);
 
   VelmorIDEServices& FServices;
   IDeploymentStorage& FStorage;

@@ -1,6 +1,7 @@
 // Reverting a project's deployment to its defaults.
+#include "package/common/class_names.h"
 #include "package/model/deployment_module_handler.h"
-#include "package/model/section_names.h"
+#include "package/model/file_list_snapshot.h"
 #include "package/reconcile/reconcile_target.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ bool BelongsTo(const IProjectDeploymentItem& item, std::span<const std::string> 
 
 bool HasDebugSymbols(const TReconcileTarget& target) {
   const ISymbolService* service = target.SymbolService();
-  return service && !service->GetDebugSymbolExtension(target.Platform()).empty() &&
+  return service && !service->GetDebugSymbolExtension(target.Project(), target.Platform()).empty() &&
          target.NeedsRemoteDebugSymbolsFile();
 }
 
@@ -37,14 +38,33 @@ void TDeploymentModuleHandler::Revert(std::span<const std::string> platforms, bo
   const TDeploymentFiles files = defaults.FFiles.Files();
   defaults.Clear();
 
-  DropPlatforms(platforms, keepAddedFiles);
+  // A reconcile may fail when much is changed already. Listeners hear of what was changed for good.
+  const TFileListSnapshot before(FFiles);
+  const TDeploymentClasses oldClasses = GetClasses();
+  const bool blocked = std::exchange(FBlockNotification, true);
+  try {
+    DropPlatforms(platforms, keepAddedFiles);
+    ReplaceClasses(classes);
+    for (const auto& file : files) {
+      if (!FFiles.Get({file->GetConfiguration(), file->GetFilePlatform(), file->GetLocalName()}))
+        AddFileEntry(file->GetConfiguration(), file->GetFilePlatform(), file);
+    }
+    ReconcileConfigurations(platforms);
+  } catch (...) {
+    before.Restore(FFiles);
+    ReplaceClasses(oldClasses);
+    FBlockNotification = blocked;
+    throw;
+  }
+  FBlockNotification = blocked;
+  for (const TFileListSnapshot::TChange& change : before.ChangesSince(FFiles))
+    Notify(*change.File, change.Action);
+}
+
+void TDeploymentModuleHandler::ReplaceClasses(const TDeploymentClasses& classes) {
+  ClearClasses();
   for (const auto& deploymentClass : classes)
     AddClass(deploymentClass);
-  for (const auto& file : files) {
-    if (!FFiles.Get({file->GetConfiguration(), file->GetFilePlatform(), file->GetLocalName()}))
-      AddFileEntry(file->GetConfiguration(), file->GetFilePlatform(), file);
-  }
-  ReconcileConfigurations(platforms);
 }
 
 // An entry that had one of the platforms and is left without any goes; one that never had any
@@ -58,7 +78,7 @@ void TDeploymentModuleHandler::DropPlatforms(std::span<const std::string> platfo
   }
   Clear(platforms);
   for (const auto& file : concerned) {
-    if (!keepAddedFiles && file->GetDeploymentClass() == UserFileClass) {
+    if (!keepAddedFiles && file->GetDeploymentClass() == class_names::File) {
       for (const std::string& platform : platforms)
         file->RemovePlatform(platform);
     }

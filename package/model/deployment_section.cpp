@@ -78,9 +78,10 @@ bool IsDeploymentSection(const IXMLNode& node) {
   return SameText(node.NodeName(), DeploymentSectionName);
 }
 
-int ReadSectionVersion(const IXMLNode& node) {
+TSectionLayout ReadSectionLayout(IXMLNode& node) {
   const auto version = node.GetAttribute(section_names::Version);
-  return version ? ExpectInteger(node, section_names::Version, *version) : 0;
+  const int layout = version ? ExpectInteger(node, section_names::Version, *version) : 0;
+  return {layout, layout < CurrentSectionVersion && node.HasChildren()};
 }
 
 void ReadSectionEntries(IProjectDeployment& deployment, IXMLNode& node, TLostContent* lost) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "package/host/api/deploymentapi.h"
+#include "package/host/api/node.h"
 #include "package/host/api/xml.h"
 
 namespace deployment {
@@ -14,9 +15,8 @@ inline constexpr int CurrentSectionVersion = 2;
 /// True when the element is a section (its name compared ignoring case).
 bool IsDeploymentSection(const IXMLNode& node);
 
-/// The layout of a section; 0, the oldest, when it does not say. Throws TInputError when it says
-/// anything but an integer.
-int ReadSectionVersion(const IXMLNode& node);
+/// The layout of a section. Throws TInputError when it says anything but an integer.
+TSectionLayout ReadSectionLayout(IXMLNode& node);
 
 /// Adds the entries and root names of a section to the deployment. An entry takes the place of
 /// one with the same configuration, platform and local name. What a save will not write again is

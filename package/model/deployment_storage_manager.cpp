@@ -21,6 +21,10 @@ std::string TDeploymentStorageManager::GetName() const {
   return std::string(DeploymentSectionName);
 }
 
+TSectionLayout TDeploymentStorageManager::GetLayout(IXMLNode& node) const {
+  return ReadSectionLayout(node);
+}
+
 void TDeploymentStorageManager::CreatingProject(IOTAModule& projectOrGroup) {
   if (!DeploymentOf(projectOrGroup))
     return;
@@ -73,7 +77,7 @@ void TDeploymentStorageManager::ReadSection(IProjectDeployment& deployment, IXML
                                             TLostContent* lost) {
   if (!IsDeploymentSection(node))
     return;
-  FDeploymentFileVersion = ReadSectionVersion(node);
+  FDeploymentFileVersion = ReadSectionLayout(node).Version;
   ReadSectionEntries(deployment, node, lost);
 }
 

@@ -17,6 +17,7 @@ public:
   explicit TDeploymentStorageManager(VelmorIDEServices& host) : FHost(host) {}
 
   std::string GetName() const override;
+  TSectionLayout GetLayout(IXMLNode& node) const override;
   // Modules without a deployment are skipped by all four.
   void CreatingProject(IOTAModule& projectOrGroup) override;
   /// Throws TInputError when the section cannot be understood; the entries before the error stay.

@@ -1,5 +1,6 @@
 #include "package/model/deployment_upgrade.h"
 
+#include "package/common/class_names.h"
 #include "package/host/api/xmlutils.h"
 #include "package/model/section_names.h"
 
@@ -14,9 +15,6 @@ namespace {
 constexpr std::string_view OldDevice = "iOSDevice";
 constexpr std::string_view Device32 = "iOSDevice32";
 constexpr std::string_view Device64 = "iOSDevice64";
-
-// Files of this class were added by the user, whose paths nobody renames.
-constexpr std::string_view UserFileClass = "File";
 
 bool HasOldDevice(const IProjectDeploymentItem& item) {
   const auto platforms = item.GetPlatforms();
@@ -36,7 +34,8 @@ std::string WithDevice32(std::string_view path) {
 void SplitDeviceOfFile(IProjectDeploymentFile& file) {
   if (!HasOldDevice(file))
     return;
-  if (file.GetDeploymentClass() != UserFileClass)
+  // Nobody renames the paths of files that the user added.
+  if (file.GetDeploymentClass() != class_names::File)
     file.SetLocalName(WithDevice32(file.GetLocalName()));
   // The record and not the getters: an unset remote name stays unset.
   if (const TFileData* record = file.GetFileData(OldDevice, false)) {
@@ -90,7 +89,7 @@ void SplitDevice(IProjectDeployment& deployment, IXMLNode* section) {
 // From 1 to 2: a library that was listed for the simulator, which has no use for it.
 void DropSimulatorUnwinder(IProjectDeployment& deployment) {
   for (const auto& file : deployment.FindFiles("$(ZELK)\\Redist\\osx32\\libtqunwind.1.0.dylib", "",
-                                               "", "DependencyModule"))
+                                               "", class_names::DependencyModule))
     deployment.RemoveFile("", "iOSSimulator", file->GetLocalName());
 }
 

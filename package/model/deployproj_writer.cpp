@@ -25,14 +25,36 @@ struct TListedFile {
   bool Required;
 };
 
-std::string TestOf(std::string_view property, std::string_view value) {
-  return "'$(" + std::string(property) + ")'=='" + std::string(value) + "'";
-}
+// Conditions in the words of the project's builds.
+class TBuildConditions {
+public:
+  /// `names` may be null: the IDE's own words.
+  explicit TBuildConditions(const IProjectBuildNames* names) : FNames(names) {}
 
-std::string ItemCondition(const IProjectDeploymentFile& file) {
+  std::string Platform(std::string_view platform) const {
+    return FNames ? Test(FNames->GetPlatformProperty(), FNames->GetPlatformName(platform))
+                  : Test("Platform", platform);
+  }
+  std::string Configuration(std::string_view configuration) const {
+    return FNames ? Test(FNames->GetConfigurationProperty(),
+                         FNames->GetConfigurationName(configuration))
+                  : Test("Config", configuration);
+  }
+
+private:
+  static std::string Test(std::string_view property, std::string_view value) {
+    return std::string("'$(").append(property).append(")'=='").append(value).append("'");
+  }
+
+  const IProjectBuildNames* FNames;
+};
+
+std::string ItemCondition(const IProjectDeploymentFile& file, const TBuildConditions& conditions) {
+  const std::string& configuration = file.GetConfiguration();
   std::string condition;
-  if (!file.GetConfiguration().empty())
-    condition = TestOf("Config", file.GetConfiguration());
+  // Every build's configuration comes from the root one.
+  if (!configuration.empty() && configuration != BaseConfiguration)
+    condition = conditions.Configuration(configuration);
   if (!condition.empty() && !file.GetCondition().empty())
     condition += " And ";
   return condition += file.GetCondition();
@@ -46,11 +68,13 @@ bool IsEnabledEverywhere(const IProjectDeploymentFile& file) {
 }
 
 std::vector<TListedFile> ListFiles(const TDeploymentFiles& files,
-                                   const IDeploymentClassList& classes) {
+                                   const IDeploymentClassList& classes,
+                                   const TBuildConditions& conditions) {
   std::vector<TListedFile> listed;
   listed.reserve(files.size());
   for (const auto& file : files)
-    listed.push_back(TListedFile{*file, ItemCondition(*file), IsEnabledEverywhere(*file),
+    listed.push_back(TListedFile{*file, ItemCondition(*file, conditions),
+                                 IsEnabledEverywhere(*file),
                                  GetDeploymentRequired(*file, classes)});
   return listed;
 }
@@ -58,10 +82,10 @@ std::vector<TListedFile> ListFiles(const TDeploymentFiles& files,
 /// Writes the files of one platform.
 class TPlatformWriter {
 public:
-  TPlatformWriter(IMSBuildProjectDocument& document, IProjectDeployment& deployment,
+  TPlatformWriter(IMSBuildItemGroup& group, IProjectDeployment& deployment,
                   std::string_view platform, IOTAMessageServices& messages, std::string projectFile)
-      : FGroup(document.AddItemGroup(TestOf("Platform", platform))), FDeployment(deployment),
-        FPlatform(platform), FBaseDir(GetRemoteBase(deployment, platform)), FMessages(messages),
+      : FGroup(group), FDeployment(deployment), FPlatform(platform),
+        FBaseDir(GetRemoteBase(deployment, platform)), FMessages(messages),
         FProjectFile(std::move(projectFile)) {}
 
   void WriteFile(const TListedFile& listed) {
@@ -126,15 +150,17 @@ private:
 
 } // namespace
 
-void WriteDeployProj(VelmorIDEServices& host, const ICustomProject& project,
+void WriteDeployProj(VelmorIDEServices& host, ICustomProject& project,
                      IProjectDeployment& deployment) {
   const auto document = host.GetProjectFileUtils().MSBuildLoadProjectDocument(
       RepositoryFile(host.GetAppStrings(), "Deploy\\deploymenttemplate.xml"));
   const TDeploymentFiles files = deployment.GetFiles();
-  const std::vector<TListedFile> listed = ListFiles(files, deployment);
+  const TBuildConditions conditions(project.GetBuildNames());
+  const std::vector<TListedFile> listed = ListFiles(files, deployment, conditions);
   for (const std::string& platform :
        host.GetPlatformManager().AvailablePlatforms(project.GetPersonality())) {
-    TPlatformWriter writer(*document, deployment, platform, host.GetMessageServices(),
+    IMSBuildItemGroup& group = document->AddItemGroup(conditions.Platform(platform));
+    TPlatformWriter writer(group, deployment, platform, host.GetMessageServices(),
                            project.GetProjectFileName());
     for (const TListedFile& file : listed)
       writer.WriteFile(file);

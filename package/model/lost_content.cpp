@@ -99,6 +99,9 @@ void TLostContent::CheckEntry(IXMLNode& node, TNames attributes, TNames values) 
 
 void TLostContent::CheckPlatform(IXMLNode& node, TNames values) {
   CheckAttributes(node, PlatformAttributes);
+  // Written into the entry itself, where nobody looks for it.
+  if (node.GetAttribute(section_names::Name) == sAllPlatforms)
+    Report("the record of an entry for " + Quoted(sAllPlatforms), node);
   std::array<bool, FileValues.size()> seen{};
   for (IXMLNode* child = node.FirstChild(); child; child = child->NextSibling()) {
     const std::string_view name = child->NodeName();

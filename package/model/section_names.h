@@ -8,9 +8,6 @@ namespace deployment {
 /// Name of the section, of its storage node and of its root element; compared ignoring case.
 inline constexpr std::string_view DeploymentSectionName = "Deployment";
 
-/// Class of the files that the user added; compared exactly.
-inline constexpr std::string_view UserFileClass = "File";
-
 /// Elements and attributes inside the section; compared exactly. They stand in users' project
 /// files and never change.
 namespace section_names {

@@ -1,8 +1,7 @@
-#include "package/reconcile/android_defaults.h"
-
+// What an Android application package needs beside the program.
 #include "package/common/case_fold.h"
-#include "package/reconcile/class_names.h"
-#include "package/reconcile/platform_artwork.h"
+#include "package/common/class_names.h"
+#include "package/reconcile/reconcile_steps.h"
 
 #include <array>
 #include <utility>
@@ -13,6 +12,8 @@ namespace {
 using namespace class_names;
 
 constexpr std::string_view SplashOption = "IncludeAndroid_Splash";
+constexpr std::string_view SplashImageFile = "splash_image_def.xml";
+constexpr std::string_view SplashStylesFile = "styles.xml";
 constexpr std::string_view BuildTypeOption = "BT_BuildType";
 constexpr std::string_view NDKMacro = "$(NDKBasePath)";
 
@@ -40,7 +41,7 @@ bool HasTools(const TReconcileTarget& target) {
 
 void AddBesideOutput(TReconcileContext& context, std::string_view className, std::string_view name,
                      std::optional<std::string> remoteName = std::nullopt) {
-  context.Entries.AddOrUpdate(
+  context.Plan.Want(
       {std::string(className),
        context.BesideOutput(name),
        {TReconcileStep::AndroidDefaults, TReasonSource::BesideOutput, {}, context.Output},
@@ -48,17 +49,17 @@ void AddBesideOutput(TReconcileContext& context, std::string_view className, std
        std::move(remoteName)});
 }
 
-void ReconcileSplash(TReconcileContext& context) {
+void PlanSplash(TReconcileContext& context) {
   const std::string value = context.Target.Option(SplashOption);
   if (SameText(value, "true")) {
-    AddBesideOutput(context, AndroidSplashImageDef, "splash_image_def.xml");
-    AddBesideOutput(context, AndroidSplashStyles, "styles.xml");
+    AddBesideOutput(context, AndroidSplashImageDef, SplashImageFile);
+    AddBesideOutput(context, AndroidSplashStyles, SplashStylesFile);
     return;
   }
   const TEntryReason off{TReconcileStep::AndroidDefaults, TReasonSource::Option,
                          std::string(SplashOption), value, TReasonCause::SwitchedOff};
-  context.Entries.RemoveClass(AndroidSplashImageDef, off);
-  context.Entries.RemoveClass(AndroidSplashStyles, off);
+  context.Plan.RemoveClass(AndroidSplashImageDef, context.BesideOutput(SplashImageFile), off);
+  context.Plan.RemoveClass(AndroidSplashStyles, context.BesideOutput(SplashStylesFile), off);
 }
 
 const IAndroidSDK* FindSDK(const TReconcileTarget& target) {
@@ -82,7 +83,7 @@ std::string DebuggerServerOf(const IAndroidSDK& sdk) {
   return path;
 }
 
-void ReconcileGDBServer(TReconcileContext& context) {
+void PlanGDBServer(TReconcileContext& context) {
   const TReconcileTarget& target = context.Target;
   TEntryReason reason{TReconcileStep::AndroidDefaults, TReasonSource::Option,
                       std::string(BuildTypeOption), target.Option(BuildTypeOption),
@@ -95,9 +96,9 @@ void ReconcileGDBServer(TReconcileContext& context) {
               sdk ? TReasonCause::Empty : TReasonCause::NotFound};
   }
   if (path.empty())
-    return context.Entries.RemoveClass(AndroidGDBServer, reason);
+    return context.Plan.RemoveClass(AndroidGDBServer, {}, reason);
   reason.Cause = TReasonCause::None;
-  context.Entries.AddOrUpdate({std::string(AndroidGDBServer), path, reason});
+  context.Plan.Want({std::string(AndroidGDBServer), path, reason});
 }
 
 // An entry whose file depends on the build type. It keeps the remote name that it was made with.
@@ -111,29 +112,27 @@ void AddAndroidFile(TReconcileContext& context, std::string_view localNameFormat
                       IsDebugBuild(context.Target) ? "debug" : "release");
   if (localName.empty())
     return;
-  context.Entries.AddOrUpdate(
-      {std::string(className),
-       localName,
-       {TReconcileStep::AndroidDefaults, TReasonSource::IDEFile, std::string(BuildTypeOption),
-        context.Target.Option(BuildTypeOption)},
-       /*EnabledOnCreation=*/true,
-       remoteName});
+  context.Plan.Want({std::string(className),
+                     localName,
+                     {TReconcileStep::AndroidDefaults, TReasonSource::IDEFile,
+                      std::string(BuildTypeOption), context.Target.Option(BuildTypeOption)},
+                     /*EnabledOnCreation=*/true,
+                     remoteName});
 }
 
 } // namespace
 
-TReconcileResult ReconcileAndroidDefaults(TReconcileContext& context) {
+void PlanAndroidDefaults(TReconcileContext& context) {
   AddBesideOutput(context, ProjectAndroidManifest, "AndroidManifest.xml");
   if (context.Target.HasOptions()) {
-    ReconcileSplash(context);
-    ReconcileGDBServer(context);
+    PlanSplash(context);
+    PlanGDBServer(context);
   }
   if (HasTools(context.Target))
     AddBesideOutput(context, AndroidClassesDexFile, "classes.dex", "classes.dex");
   for (const TBuildTypeFile& library : NativeLibraries)
     AddAndroidFile(context, library.LocalNameFormat, context.Target.GetValidRemoteName(),
                    library.ClassName);
-  return ReconcilePlatformArtwork(context);
 }
 
 } // namespace deployment

@@ -1,40 +1,39 @@
 #include "package/reconcile/deploy_module_reconciler.h"
 
-#include "package/reconcile/packages.h"
-#include "package/reconcile/project_output.h"
-#include "package/reconcile/reconcile_context.h"
+#include "package/featured/modify_featured_files.h"
+#include "package/reconcile/apply_plan.h"
+#include "package/reconcile/reconcile_steps.h"
 
+#include <exception>
 #include <string>
+#include <vector>
 
 namespace deployment {
 namespace {
 
-// Puts the modified flag of a project back to what it was, also when a step fails.
-class TModifiedFlagKeeper {
-public:
-  explicit TModifiedFlagKeeper(ICustomProject& project)
-      : FProject(project), FModified(project.GetModified()) {}
-  TModifiedFlagKeeper(const TModifiedFlagKeeper&) = delete;
-  TModifiedFlagKeeper& operator=(const TModifiedFlagKeeper&) = delete;
-  ~TModifiedFlagKeeper() {
-    if (FProject.GetModified() != FModified)
-      FProject.SetModified(FModified);
+// Offers what goes with each type of file; true when the user chose something. A catalog that
+// cannot be understood is warned of.
+bool OfferFeaturedFiles(const TReconcileTarget& target,
+                        const std::vector<std::string>& extensions) {
+  bool chosen = false;
+  try {
+    for (const std::string& extension : extensions)
+      chosen = AskForFeaturedFiles(target.Project(), extension, target.Services()) || chosen;
+  } catch (const TInputError& error) {
+    target.Services().GetMessageServices().AddWarning(
+        std::string("no optional files are offered: ") + error.what(), error.Place());
   }
+  return chosen;
+}
 
-private:
-  ICustomProject& FProject;
-  const bool FModified;
-};
-
-TRoleConflictHandler WarnOfConflict(const TReconcileTarget& target) {
-  return
-      [&target](const std::string& localName, const std::string& loser, const std::string& winner) {
-        target.Services().GetMessageServices().AddWarning(
-            "\"" + localName + "\" has two roles for " + target.Configuration() + ", " +
-                target.Platform() + ": \"" + loser + "\" and \"" + winner +
-                "\"; one file has one entry, which is that of \"" + winner + "\"",
-            {target.Project().GetProjectFileName(), 0});
-      };
+// Puts the modified flag of a project back; an error of the host on this way is passed over, since
+// it comes behind the one that is on its way to the caller.
+void RestoreQuietly(ICustomProject& project, bool modified) {
+  try {
+    project.SetModified(modified);
+  } catch (const std::exception&) {
+    return;
+  }
 }
 
 } // namespace
@@ -47,13 +46,14 @@ TDeployModuleReconciler::TDeployModuleReconciler(ICustomProject& project, std::s
     : FTarget(project, platform, configuration, services),
       FReconcileInternally(reconcileInternally), FJournal(journal) {}
 
-void TDeployModuleReconciler::RecordGate(std::string_view what, TReasonCause cause) const {
+void TDeployModuleReconciler::RecordGate(TReasonSource source, std::string_view what,
+                                         TReasonCause cause) const {
   if (FJournal)
     FJournal->Record({TReconcileStep::Packages,
                       TReconcileOutcome::Skipped,
                       {},
                       {},
-                      TReasonSource::Gate,
+                      source,
                       std::string(what),
                       {},
                       cause});
@@ -62,36 +62,70 @@ void TDeployModuleReconciler::RecordGate(std::string_view what, TReasonCause cau
 TReconcileResult TDeployModuleReconciler::Reconcile() {
   IProjectDeployment* deployment = ProjectDeployment();
   if (!deployment) {
-    RecordGate("deployment", TReasonCause::ServiceMissing);
+    RecordGate(TReasonSource::Gate, "deployment", TReasonCause::ServiceMissing);
     return TReconcileResult::CannotReconcile;
   }
   if (FTarget.Platform() == sAllPlatforms) {
-    RecordGate(sAllPlatforms, TReasonCause::WrongPlatform);
+    RecordGate(TReasonSource::Gate, sAllPlatforms, TReasonCause::WrongPlatform);
     return TReconcileResult::Reconciled;
   }
   if (FTarget.IsPackage() && FTarget.isMobilePlatform(FTarget.Platform())) {
-    RecordGate(FTarget.ApplicationKind(), TReasonCause::WrongKind);
+    RecordGate(TReasonSource::Gate, FTarget.ApplicationKind(), TReasonCause::WrongKind);
     return TReconcileResult::CannotReconcile;
   }
   if (FTarget.Configuration() == BaseConfiguration) {
-    RecordGate(BaseConfiguration, TReasonCause::Empty);
+    RecordGate(TReasonSource::Gate, BaseConfiguration, TReasonCause::Empty);
     return TReconcileResult::Reconciled;
   }
-  const TModifiedFlagKeeper keeper(FTarget.Project());
-  return RunSteps(*deployment);
+  if (const std::string nothing =
+          FTarget.Project().GetNothingToDeploy(FTarget.Configuration(), FTarget.Platform());
+      !nothing.empty()) {
+    RecordGate(TReasonSource::Gate, nothing, TReasonCause::NothingBuilt);
+    return TReconcileResult::CannotReconcile;
+  }
+  if (!FTarget.PackageService()) {
+    RecordGate(TReasonSource::PackageService, FTarget.Personality(), TReasonCause::ServiceMissing);
+    return TReconcileResult::CannotReconcile;
+  }
+  const bool modified = FTarget.Project().GetModified();
+  try {
+    RunSteps(*deployment);
+  } catch (...) {
+    RestoreQuietly(FTarget.Project(), modified);
+    throw;
+  }
+  if (FTarget.Project().GetModified() != modified)
+    FTarget.Project().SetModified(modified);
+  return TReconcileResult::Reconciled;
 }
 
-TReconcileResult TDeployModuleReconciler::RunSteps(IProjectDeployment& deployment) {
+void TDeployModuleReconciler::RunSteps(IProjectDeployment& deployment) {
   // Steps take directories from classes: the look-up makes sure of the default ones.
   deployment.FindFile(FTarget.Configuration(), FTarget.Platform(), {});
-  TDefaultEntries entries(deployment, FTarget.Configuration(), FTarget.Platform(), FJournal,
-                          WarnOfConflict(FTarget));
-  TReconcileContext context{FTarget, deployment, entries, FReconcileInternally};
-  TReconcileResult result = ReconcilePackages(context);
-  if (result == TReconcileResult::Reconciled)
-    result = ReconcileProjectOutput(context);
-  entries.Finish();
-  return result;
+  TPlannedRun run = Plan(deployment);
+  // A choice of the user changes the list that was planned for.
+  if (OfferFeaturedFiles(FTarget, run.Extensions))
+    run = Plan(deployment);
+  // Everything that may fail comes before the first change.
+  for (const std::string& warning : run.Plan->Warnings())
+    FTarget.Services().GetMessageServices().AddWarning(warning,
+                                                       {FTarget.Project().GetProjectFileName(), 0});
+  if (FJournal) {
+    for (const TReconcileReason& decision : run.Plan->Decisions())
+      FJournal->Record(decision);
+  }
+  ApplyPlan(deployment, *run.Plan);
+}
+
+TDeployModuleReconciler::TPlannedRun
+TDeployModuleReconciler::Plan(IProjectDeployment& deployment) const {
+  TPlannedRun run{std::make_unique<TReconcilePlan>(deployment, FTarget.Configuration(),
+                                                   FTarget.Platform(), FJournal != nullptr),
+                  {}};
+  TReconcileContext context{FTarget, deployment, *run.Plan, FReconcileInternally};
+  PlanReconcile(context);
+  run.Extensions = std::move(context.Extensions);
+  return run;
 }
 
 } // namespace deployment

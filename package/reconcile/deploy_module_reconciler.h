@@ -3,9 +3,13 @@
 
 #include "package/host/api/deploymentapi.h"
 #include "package/host/api/reconcilejournal.h"
+#include "package/reconcile/reconcile_plan.h"
 #include "package/reconcile/reconcile_target.h"
 
+#include <memory>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace deployment {
 
@@ -18,10 +22,11 @@ public:
                           std::string_view configuration, bool reconcileInternally,
                           VelmorIDEServices& services, IReconcileJournal* journal = nullptr);
 
-  /// Runs the steps in order. CannotReconcile when the project has no deployment, is a package for
-  /// a mobile platform, or its personality has no package service. The root configuration and "All
-  /// Platforms" are no targets: nothing changes for them. Errors of the host come through; the
-  /// project's modified flag is what it was in any case.
+  /// Plans all steps in their order, then brings the list in line. CannotReconcile when the project
+  /// has no deployment, is a package for a mobile platform, or its personality has no package
+  /// service. The root configuration and "All Platforms" are no targets: nothing changes for them.
+  /// Errors of the host come through, and then the list is as it was, but for what the user chose
+  /// in a dialog; the project's modified flag is what it was in any case.
   TReconcileResult Reconcile();
 
   const TReconcileTarget& Target() const { return FTarget; }
@@ -29,8 +34,14 @@ public:
   IProjectDeployment* ProjectDeployment() const { return FTarget.Project().GetProjectDeployment(); }
 
 private:
-  void RecordGate(std::string_view what, TReasonCause cause) const;
-  TReconcileResult RunSteps(IProjectDeployment& deployment);
+  struct TPlannedRun {
+    std::unique_ptr<TReconcilePlan> Plan;
+    std::vector<std::string> Extensions; ///< of the project's files
+  };
+
+  void RecordGate(TReasonSource source, std::string_view what, TReasonCause cause) const;
+  void RunSteps(IProjectDeployment& deployment);
+  TPlannedRun Plan(IProjectDeployment& deployment) const;
 
   const TReconcileTarget FTarget;
   const bool FReconcileInternally;

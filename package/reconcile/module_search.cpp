@@ -33,19 +33,23 @@ TModuleSearch::TModuleSearch(const TReconcileTarget& target, std::string_view pl
     if (FPlatform != OSXPlatform)
       AddPlaces(FTarget.Services().GetFileUtils().GetEnvironmentVariable("PATH"));
   } catch (const std::exception&) {
-    // The places that are known so far are searched all the same.
-    return;
+    // Half of the places could lead to another module of the name than all of them.
+    FPlaces.clear();
   }
 }
 
+// The macros of the project stand for its active target; those of this one come first.
+std::string TModuleSearch::ExpandForTarget(std::string_view text) const {
+  return FTarget.Services().GetMacroUtils().ExpandRootMacro(text, FTarget.Project(),
+                                                            FTarget.Configuration(), FPlatform);
+}
+
 void TModuleSearch::AddPlaces(std::string_view list) {
-  const TReconcileTarget& target = FTarget;
   for (const std::string_view directory : SplitDelimited(list)) {
     if (directory.empty())
       continue;
     std::string place = WithTrailingDelimiter(directory);
-    std::string expanded =
-        target.Services().GetMacroUtils().ExpandRootMacro(place, target.Project());
+    std::string expanded = ExpandForTarget(place);
     FPlaces.push_back({std::move(place), std::move(expanded)});
   }
 }
@@ -79,8 +83,7 @@ std::string TModuleSearch::Search(std::string_view moduleName) const {
   const IFileUtils& files = FTarget.Services().GetFileUtils();
   if (IsAbsolutePath(moduleName) && files.FileExists(moduleName))
     return std::string(moduleName);
-  const std::string name =
-      FTarget.Services().GetMacroUtils().ExpandRootMacro(moduleName, FTarget.Project());
+  const std::string name = ExpandForTarget(moduleName);
   for (const TPlace& place : FPlaces) {
     // A relative place is seen from the project, as stored names are.
     const std::string path =

@@ -22,7 +22,7 @@ public:
                 TWrongImageHandler wrongImage = {});
 
   /// Path of the module, macros left unexpanded; the name itself when nothing fits. Errors during
-  /// the search count as nothing found.
+  /// the search, or while its places were worked out, count as nothing found.
   std::string FindModule(std::string_view moduleName) const;
 
 private:
@@ -31,6 +31,7 @@ private:
     std::string Expanded;
   };
 
+  std::string ExpandForTarget(std::string_view text) const;
   void AddPlaces(std::string_view list);
   void AddPersonalityPlaces();
   bool Fits(const std::string& path) const;

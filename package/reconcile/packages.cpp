@@ -1,10 +1,9 @@
-#include "package/reconcile/packages.h"
-
+// The runtime packages that a project depends on, their debug symbols and translated resources.
+#include "package/common/class_names.h"
 #include "package/common/ordered_dictionary.h"
 #include "package/common/path_text.h"
-#include "package/reconcile/class_names.h"
 #include "package/reconcile/module_search.h"
-#include "package/reconcile/rebuilt_entries.h"
+#include "package/reconcile/reconcile_steps.h"
 
 #include <algorithm>
 #include <array>
@@ -38,55 +37,49 @@ using TPresentPackages = TOrderedDictionary<TPresentPackage>; // by file name
 
 class TPackageStep {
 public:
-  TPackageStep(TReconcileContext& context, std::vector<std::string> packages)
-      : FContext(context), FTarget(context.Target), FPackages(std::move(packages)) {}
+  explicit TPackageStep(TReconcileContext& context)
+      : FContext(context), FTarget(context.Target), FPlan(context.Plan) {}
 
-  void Run();
+  void Run(const std::vector<std::string>& names);
 
 private:
-  void RemoveAll();
-  void UpdatePackages();
   TPresentPackages PresentPackages() const;
-  void AddUnlessPresent(const std::string& name, const TModuleSearch& search,
-                        TPresentPackages& present);
-  std::optional<std::string> SymbolFile(const std::string& package,
-                                        const std::string& extension) const;
-  std::vector<TDefaultEntry> WantedSymbols(const TDeploymentFiles& packages) const;
-  std::vector<TDefaultEntry> WantedResources(const TDeploymentFiles& packages) const;
-  TReasonCause WhyNot(const std::string& file) const {
-    return FTarget.Exists(file) ? TReasonCause::None : TReasonCause::FileMissing;
-  }
+  TModuleSearch MakeSearch();
+  void WantUnlessPresent(const std::string& name, const TModuleSearch& search,
+                         TPresentPackages& present, const std::string& output);
 
   TReconcileContext& FContext;
   const TReconcileTarget& FTarget;
-  const std::vector<std::string> FPackages;
-  const std::string FOutput = FTarget.OutputOf(FTarget.Platform());
+  TReconcilePlan& FPlan;
+  std::vector<TWantId> FNew;
 };
 
-void TPackageStep::Run() {
-  if (FPackages.empty())
-    return RemoveAll();
-  UpdatePackages();
-  const TDeploymentFiles packages = FContext.Entries.OfClass(DependencyPackage);
-  RebuildEntries(FContext, FContext.Entries.OfClass(DependencyPackageDebugSymbols),
-                 WantedSymbols(packages));
-  // Resource modules of every target are taken out; those of this one come back.
-  RebuildEntries(FContext, FContext.Deployment.FindFiles({}, {}, {}, DependencyPackageResource),
-                 WantedResources(packages));
-}
-
-void TPackageStep::RemoveAll() {
-  const TEntryReason nothingListed = Listed({}, TReasonCause::Empty);
-  for (const std::string_view className : {DependencyPackageDebugSymbols, DependencyPackage}) {
-    for (const auto& file : FContext.Entries.OfClass(className))
-      FContext.Entries.Remove(file, nothingListed);
+void TPackageStep::Run(const std::vector<std::string>& names) {
+  TPresentPackages present = PresentPackages();
+  const TModuleSearch search = MakeSearch();
+  const std::string output = FTarget.OutputOf(FTarget.Platform());
+  std::unordered_set<std::string> known;
+  for (const std::string& name : names) {
+    if (!name.empty() && known.insert(std::string(FileNamePart(name))).second)
+      WantUnlessPresent(name, search, present, output);
   }
-  FContext.Entries.RemoveClass(DependencyPackageResource, nothingListed);
+  // In the order of the list: what goes with a package follows those that are there.
+  std::vector<TWantId> packages;
+  for (const auto& package : present) {
+    for (const auto& entry : package.Value.Entries) {
+      if (package.Value.IsListed)
+        packages.push_back(FPlan.Keep(entry, Listed(package.Key)));
+      else
+        FPlan.Leave(entry, Listed({}, TReasonCause::NoLongerNamed));
+    }
+  }
+  packages.insert(packages.end(), FNew.begin(), FNew.end());
+  FContext.Packages = std::move(packages);
 }
 
 TPresentPackages TPackageStep::PresentPackages() const {
   TPresentPackages present;
-  for (const auto& file : FContext.Entries.OfClass(DependencyPackage)) {
+  for (const auto& file : FPlan.OfClass(DependencyPackage)) {
     const std::string_view name = FileNamePart(file->GetLocalName());
     if (TPresentPackage* package = present.Find(name))
       package->Entries.push_back(file);
@@ -96,126 +89,156 @@ TPresentPackages TPackageStep::PresentPackages() const {
   return present;
 }
 
-void TPackageStep::UpdatePackages() {
-  TPresentPackages present = PresentPackages();
-  const TModuleSearch search(
-      FTarget, FTarget.Platform(), [this](const std::string& path, const std::string& what) {
-        FContext.Entries.Skip(DependencyPackage, path,
-                              {TReconcileStep::Packages, TReasonSource::FileSearch, path, what,
-                               TReasonCause::WrongImage});
-      });
-  std::unordered_set<std::string> known;
-  for (const std::string& name : FPackages) {
-    if (!name.empty() && known.insert(std::string(FileNamePart(name))).second)
-      AddUnlessPresent(name, search, present);
-  }
-  for (const auto& package : present) {
-    if (package.Value.IsListed)
-      continue;
-    for (const auto& file : package.Value.Entries)
-      FContext.Entries.Remove(file, Listed({}, TReasonCause::NoLongerNamed));
-  }
+// What was found and passed over is looked into only for whoever wants to know.
+TModuleSearch TPackageStep::MakeSearch() {
+  if (!FPlan.IsExplained())
+    return {FTarget, FTarget.Platform()};
+  return {FTarget, FTarget.Platform(), [this](const std::string& path, const std::string& what) {
+            FPlan.Skip(DependencyPackage, path,
+                       {TReconcileStep::Packages, TReasonSource::FileSearch, path, what,
+                        TReasonCause::WrongImage});
+          }};
 }
 
-void TPackageStep::AddUnlessPresent(const std::string& name, const TModuleSearch& search,
-                                    TPresentPackages& present) {
+void TPackageStep::WantUnlessPresent(const std::string& name, const TModuleSearch& search,
+                                     TPresentPackages& present, const std::string& output) {
   const std::string path = search.FindModule(name);
   const std::string_view file = FileNamePart(path);
   if (TPresentPackage* package = present.Find(file)) {
     package->IsListed = true;
-    for (const auto& entry : package->Entries)
-      FContext.Entries.Keep(entry, Listed(name));
     return;
   }
-  if (SameFileName(FileNamePart(FOutput), file))
-    return FContext.Entries.Skip(DependencyPackage, path, Listed(name, TReasonCause::OwnOutput));
+  if (SameFileName(FileNamePart(output), file))
+    return FPlan.Skip(DependencyPackage, path, Listed(name, TReasonCause::OwnOutput));
   const bool isFound = path != name || FTarget.Exists(path);
-  FContext.Entries.Add({std::string(DependencyPackage), path,
-                        Listed(name, isFound ? TReasonCause::None : TReasonCause::NotFound)});
+  FNew.push_back(
+      FPlan.WantNew({std::string(DependencyPackage), path,
+                     Listed(name, isFound ? TReasonCause::None : TReasonCause::NotFound)}));
 }
 
-std::optional<std::string> TPackageStep::SymbolFile(const std::string& package,
-                                                    const std::string& extension) const {
-  std::string file = FTarget.ChangeFileExtension(package, extension);
+void RemovePackages(TReconcilePlan& plan) {
+  const TEntryReason nothingListed = Listed({}, TReasonCause::Empty);
+  for (const std::string_view className : {DependencyPackageDebugSymbols, DependencyPackage}) {
+    for (const auto& file : plan.OfClass(className))
+      plan.Leave(file, nothingListed);
+  }
+  plan.RemoveClass(DependencyPackageResource, {}, nothingListed);
+}
+
+// The files that go with the packages.
+class TPackageFollowers {
+public:
+  explicit TPackageFollowers(TReconcileContext& context)
+      : FContext(context), FTarget(context.Target), FPlan(context.Plan) {}
+
+  void Run(const std::vector<TWantId>& packages);
+
+private:
+  bool FindSymbolExtension();
+  void WantSymbols(TWantId package);
+  void WantResources(TWantId package);
+  std::optional<std::string> SymbolFile(const std::string& package) const;
+
+  TReconcileContext& FContext;
+  const TReconcileTarget& FTarget;
+  TReconcilePlan& FPlan;
+  std::string FSymbolExtension;
+  std::vector<TDefaultEntry> FWanted; // package by package
+};
+
+void TPackageFollowers::Run(const std::vector<TWantId>& packages) {
+  const bool withSymbols = FindSymbolExtension();
+  for (const TWantId package : packages) {
+    if (!FPlan.IsLive(package))
+      continue;
+    if (withSymbols)
+      WantSymbols(package);
+    WantResources(package);
+  }
+  std::vector<TLeavingEntry> present;
+  for (auto& file : FPlan.OfClass(DependencyPackageDebugSymbols))
+    present.push_back({std::move(file), /*FromEveryTarget=*/false});
+  // Resource modules of every target are taken out; those of this one come back.
+  for (auto& file : FContext.Deployment.FindFiles({}, {}, {}, DependencyPackageResource))
+    present.push_back({std::move(file), /*FromEveryTarget=*/true});
+  FPlan.Rebuild(present, FWanted);
+}
+
+bool TPackageFollowers::FindSymbolExtension() {
+  if (!FTarget.NeedsRemoteDebugSymbolsFile()) {
+    FPlan.Skip(DependencyPackageDebugSymbols, {},
+               {TReconcileStep::Packages, TReasonSource::Option, "RemoteDebugSymbols", "false",
+                TReasonCause::SwitchedOff});
+    return false;
+  }
+  if (const ISymbolService* service = FTarget.SymbolService())
+    FSymbolExtension = service->GetDebugSymbolExtension(FTarget.Project(), FTarget.Platform());
+  return true;
+}
+
+std::optional<std::string> TPackageFollowers::SymbolFile(const std::string& package) const {
+  std::string file = FTarget.ChangeFileExtension(package, FSymbolExtension);
   // Without an extension of its own, a dotted name on an Apple platform names the package itself.
   if (file != package && FTarget.Exists(file))
     return file;
-  file = ChangeExtension(package, extension == CorvaneSymbols ? ArdentSymbols : CorvaneSymbols);
+  file =
+      ChangeExtension(package, FSymbolExtension == CorvaneSymbols ? ArdentSymbols : CorvaneSymbols);
   return FTarget.Exists(file) ? std::optional(file) : std::nullopt;
 }
 
-std::vector<TDefaultEntry> TPackageStep::WantedSymbols(const TDeploymentFiles& packages) const {
-  std::vector<TDefaultEntry> wanted;
-  const TEntryReason none{TReconcileStep::Packages, TReasonSource::Option, "RemoteDebugSymbols",
-                          "false", TReasonCause::SwitchedOff};
-  if (!FTarget.NeedsRemoteDebugSymbolsFile()) {
-    FContext.Entries.Skip(DependencyPackageDebugSymbols, {}, none);
-    return wanted;
+void TPackageFollowers::WantSymbols(TWantId package) {
+  const std::string& name = FPlan.Wanted(package).LocalName;
+  TEntryReason reason{TReconcileStep::Packages, TReasonSource::SymbolService, name,
+                      FSymbolExtension};
+  if (auto file = SymbolFile(name)) {
+    FWanted.push_back({std::string(DependencyPackageDebugSymbols), std::move(*file), reason});
+    FWanted.back().RemoteDir = FPlan.RemoteDirOf(package);
+    return;
   }
-  const ISymbolService* service = FTarget.SymbolService();
-  const std::string extension =
-      service ? service->GetDebugSymbolExtension(FTarget.Platform()) : std::string();
-  for (const auto& package : packages) {
-    TEntryReason reason{TReconcileStep::Packages, TReasonSource::SymbolService,
-                        package->GetLocalName(), extension};
-    if (auto file = SymbolFile(package->GetLocalName(), extension)) {
-      wanted.push_back({std::string(DependencyPackageDebugSymbols), std::move(*file), reason});
-      wanted.back().RemoteDir =
-          GetDeploymentRemoteDir(*package, FTarget.Platform(), FContext.Deployment);
-    } else {
-      reason.Cause = TReasonCause::FileMissing;
-      FContext.Entries.Skip(DependencyPackageDebugSymbols,
-                            FTarget.ChangeFileExtension(package->GetLocalName(), extension),
-                            reason);
-    }
-  }
-  return wanted;
+  reason.Cause = TReasonCause::FileMissing;
+  FPlan.Skip(DependencyPackageDebugSymbols, FTarget.ChangeFileExtension(name, FSymbolExtension),
+             reason);
 }
 
-std::vector<TDefaultEntry> TPackageStep::WantedResources(const TDeploymentFiles& packages) const {
-  std::vector<TDefaultEntry> wanted;
-  const std::string& platform = FTarget.Platform();
-  for (const auto& package : packages) {
-    for (const std::string_view language : ResourceLanguages) {
-      const std::string extension = std::string(".").append(language);
-      const std::string module = ChangeExtension(package->GetLocalName(), extension);
-      const TEntryReason reason{TReconcileStep::Packages, TReasonSource::FileSearch,
-                                package->GetLocalName(), std::string(language), WhyNot(module)};
-      if (reason.Cause != TReasonCause::None) {
-        FContext.Entries.Skip(DependencyPackageResource, module, reason);
-        continue;
-      }
-      TDefaultEntry entry{std::string(DependencyPackageResource), module, reason};
-      entry.EnabledOnCreation = package->GetEnabled(platform);
-      entry.RemoteDir = GetDeploymentRemoteDir(*package, platform, FContext.Deployment);
-      entry.RemoteName = ChangeExtension(package->GetRemoteName(platform), extension);
-      wanted.push_back(std::move(entry));
+void TPackageFollowers::WantResources(TWantId package) {
+  const std::string& name = FPlan.Wanted(package).LocalName;
+  for (const std::string_view language : ResourceLanguages) {
+    const std::string extension = std::string(".").append(language);
+    const std::string module = ChangeExtension(name, extension);
+    TEntryReason reason{TReconcileStep::Packages, TReasonSource::FileSearch, name,
+                        std::string(language)};
+    if (!FTarget.Exists(module)) {
+      reason.Cause = TReasonCause::FileMissing;
+      FPlan.Skip(DependencyPackageResource, module, reason);
+      continue;
     }
+    TDefaultEntry entry{std::string(DependencyPackageResource), module, reason};
+    entry.EnabledOnCreation = FPlan.IsEnabled(package);
+    entry.RemoteDir = FPlan.RemoteDirOf(package);
+    entry.RemoteName = ChangeExtension(FPlan.RemoteNameOf(package), extension);
+    FWanted.push_back(std::move(entry));
   }
-  return wanted;
 }
 
 } // namespace
 
-TReconcileResult ReconcilePackages(TReconcileContext& context) {
+void PlanPackages(TReconcileContext& context) {
+  const IPackageService* service = context.Target.PackageService();
   const TReconcileTarget& target = context.Target;
-  const IPackageService* service = target.PackageService();
-  if (!service) {
-    context.Entries.Skip({}, {},
-                         {TReconcileStep::Packages,
-                          TReasonSource::PackageService,
-                          target.Personality(),
-                          {},
-                          TReasonCause::ServiceMissing});
-    return TReconcileResult::CannotReconcile;
-  }
-  std::vector<std::string> packages;
+  std::vector<std::string> names;
   if (!context.ReconcileInternally &&
       !service->GetPackages(target.Project(), target.Configuration(), /*runtimePackages=*/true,
-                            /*recursive=*/true, target.Platform(), packages))
-    return TReconcileResult::Reconciled;
-  TPackageStep(context, std::move(packages)).Run();
-  return TReconcileResult::Reconciled;
+                            /*recursive=*/true, target.Platform(), names))
+    return;
+  if (names.empty())
+    RemovePackages(context.Plan);
+  else
+    TPackageStep(context).Run(names);
+}
+
+void FollowPackages(TReconcileContext& context) {
+  if (context.Packages)
+    TPackageFollowers(context).Run(*context.Packages);
 }
 
 } // namespace deployment

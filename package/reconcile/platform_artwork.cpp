@@ -1,5 +1,7 @@
 #include "package/reconcile/platform_artwork.h"
 
+#include "package/reconcile/reconcile_steps.h"
+
 #include <algorithm>
 #include <array>
 #include <span>
@@ -136,9 +138,9 @@ void SkipOtherFamilies(TReconcileContext& context, const std::string& family) {
       return each.Option == row.Option;
     });
     if (!isShown)
-      context.Entries.Skip(row.Option, target.Option(row.Option),
-                           {TReconcileStep::Artwork, TReasonSource::Option,
-                            std::string(FamilyOption), family, TReasonCause::OtherDevices});
+      context.Plan.Skip(row.Option, target.Option(row.Option),
+                        {TReconcileStep::Artwork, TReasonSource::Option, std::string(FamilyOption),
+                         family, TReasonCause::OtherDevices});
   }
 }
 
@@ -152,12 +154,12 @@ std::vector<TArtworkFileData> GetPlatformArtWork(std::string_view platform,
   return artwork;
 }
 
-TReconcileResult ReconcilePlatformArtwork(TReconcileContext& context) {
+void PlanPlatformArtwork(TReconcileContext& context) {
   const TReconcileTarget& target = context.Target;
   if (!target.HasOptions())
-    return TReconcileResult::Reconciled;
+    return;
   const std::string family = target.Option(FamilyOption);
-  if (context.Entries.HasJournal())
+  if (context.Plan.IsExplained())
     SkipOtherFamilies(context, family);
   for (const TArtworkFileData& image : GetPlatformArtWork(target.Platform(), family)) {
     const std::string option(image.ClassName);
@@ -165,13 +167,12 @@ TReconcileResult ReconcilePlatformArtwork(TReconcileContext& context) {
     TEntryReason reason{TReconcileStep::Artwork, TReasonSource::Option, option, file};
     if (file.empty()) {
       reason.Cause = TReasonCause::Empty;
-      context.Entries.Skip(option, {}, reason);
+      context.Plan.Skip(option, {}, reason);
       continue;
     }
-    context.Entries.AddOrUpdate(
+    context.Plan.Want(
         {option, file, reason, /*EnabledOnCreation=*/true, std::string(image.RemoteName)});
   }
-  return TReconcileResult::Reconciled;
 }
 
 } // namespace deployment

@@ -1,8 +1,8 @@
 // Icons, spotlight and settings images, launch and splash images of mobile platforms: the tables of
-// the options that name them, and the step that deploys them.
+// the options that name them.
 #pragma once
 
-#include "package/reconcile/reconcile_context.h"
+#include "package/host/api/deploymentapi.h"
 
 #include <memory>
 #include <string_view>
@@ -22,8 +22,5 @@ struct TArtworkFileData {
 /// order; none for a platform without artwork.
 std::vector<TArtworkFileData> GetPlatformArtWork(std::string_view platform,
                                                  std::string_view deviceFamily);
-
-/// An option that was emptied leaves the entry that is there.
-TReconcileResult ReconcilePlatformArtwork(TReconcileContext& context);
 
 } // namespace deployment

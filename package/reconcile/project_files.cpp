@@ -1,13 +1,13 @@
-#include "package/reconcile/project_files.h"
-
+// The files that belong to an application itself.
 #include "package/common/case_fold.h"
+#include "package/common/class_names.h"
 #include "package/common/path_text.h"
-#include "package/featured/modify_featured_files.h"
-#include "package/reconcile/class_names.h"
+#include "package/reconcile/reconcile_steps.h"
 
 #include <algorithm>
 #include <array>
 #include <memory_resource>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace deployment {
@@ -16,6 +16,12 @@ namespace {
 // Files that are built, not deployed; compared exactly.
 constexpr std::array<std::string_view, 10> ExcludedExtensions{
     ".hpp", ".pas", ".cpp", ".cpp", ".hpp", ".qds", ".cpl", ".h", ".rc", ".jar"};
+
+bool IsExcluded(std::string_view file) {
+  const std::string_view extension = ExtensionPart(file);
+  return std::find(ExcludedExtensions.begin(), ExcludedExtensions.end(), extension) !=
+         ExcludedExtensions.end();
+}
 
 TEntryReason BelongsToProject(TReasonCause cause = TReasonCause::None) {
   return {TReconcileStep::ProjectFiles, TReasonSource::ProjectFileList, {}, {}, cause};
@@ -41,6 +47,9 @@ public:
 
   // An entry whose name was written in another way is found by its full path.
   bool Contains(std::string_view localName, const IFileUtils& files, std::string_view projectFile);
+  // Of names that differ in case only the last one; mostly the name itself. Excluded files do not
+  // count.
+  std::string_view LastSpelling(std::string_view localName) const;
 
 private:
   static std::pmr::string KeyOf(std::string_view path) {
@@ -51,15 +60,23 @@ private:
   std::pmr::monotonic_buffer_resource FMemory;
   std::pmr::unordered_set<std::string_view, TFoldedHash, TFoldedEqual> FLocalNames{&FMemory};
   std::pmr::unordered_set<std::pmr::string> FPaths{&FMemory}; // filled for an unknown local name
+  std::unordered_map<std::string_view, std::string_view, TFoldedHash, TFoldedEqual> FLast;
 };
 
 TListedFiles::TListedFiles(const std::vector<std::string>& files, const TLocalNames& localNames)
     : FFiles(files) {
   FLocalNames.reserve(localNames.size());
   for (const std::pmr::string& name : localNames) {
-    if (!name.empty())
-      FLocalNames.insert(name);
+    if (!name.empty() && !FLocalNames.insert(name).second && !IsExcluded(name))
+      FLast.insert_or_assign(name, name);
   }
+}
+
+std::string_view TListedFiles::LastSpelling(std::string_view localName) const {
+  if (FLast.empty())
+    return localName;
+  const auto found = FLast.find(localName);
+  return found == FLast.end() ? localName : found->second;
 }
 
 bool TListedFiles::Contains(std::string_view localName, const IFileUtils& files,
@@ -80,28 +97,27 @@ public:
   void Run();
 
 private:
-  void RemoveStaleEntries();
-  void ReconcileFile(std::string_view file, std::string_view localName);
-  void OfferFeatures(std::string_view extension);
+  void LeaveStaleEntries(TListedFiles& listed);
+  void WantFile(std::string_view file, std::string_view localName, const TListedFiles& listed);
+  void WarnOfSameName(std::string_view localName, std::string_view last);
+  void NoteExtension(std::string_view file);
 
   TReconcileContext& FContext;
   const TReconcileTarget& FTarget;
   const std::string FProjectFile;
   const std::vector<std::string> FFiles;
   std::pmr::monotonic_buffer_resource FMemory;
-  TLocalNames FLocalNames{&FMemory};        // of FFiles; empty for an empty one
-  TDefaultEntry FWanted;                    // with the local name of the file at hand
-  std::unordered_set<std::string> FOffered; // extensions
-  bool FCanOffer = true;
+  TLocalNames FLocalNames{&FMemory}; // of FFiles; empty for an empty one
+  TDefaultEntry FWanted;             // with the local name of the file at hand
+  std::unordered_set<std::string> FExtensions;
+  std::string_view FLastExtension; // files of one type stand together
 };
 
 TProjectFileStep::TProjectFileStep(TReconcileContext& context)
     : FContext(context), FTarget(context.Target),
       FProjectFile(FTarget.Project().GetProjectFileName()),
-      FFiles(FTarget.Project().GetCompleteFileList()), FWanted{
-                                                           std::string(class_names::ProjectFile),
-                                                           {},
-                                                           BelongsToProject()} {
+      FFiles(FTarget.Project().GetCompleteFileList(FTarget.Configuration(), FTarget.Platform())),
+      FWanted{std::string(class_names::ProjectFile), {}, BelongsToProject()} {
   FWanted.RemoteDirOnCreation = FTarget.GetDefaultPlatformRemoteDir(FTarget.Platform());
   const IFileUtils& files = FTarget.Services().GetFileUtils();
   FLocalNames.reserve(FFiles.size());
@@ -111,66 +127,75 @@ TProjectFileStep::TProjectFileStep(TReconcileContext& context)
 }
 
 void TProjectFileStep::Run() {
+  TListedFiles listed(FFiles, FLocalNames);
   bool isFirst = true;
   for (std::size_t i = 0; i < FFiles.size(); ++i) {
     if (FFiles[i].empty())
       continue;
     // With the first file, so that a project without files keeps its entries.
     if (isFirst)
-      RemoveStaleEntries();
+      LeaveStaleEntries(listed);
     isFirst = false;
-    ReconcileFile(FFiles[i], FLocalNames[i]);
+    WantFile(FFiles[i], FLocalNames[i], listed);
   }
 }
 
-void TProjectFileStep::RemoveStaleEntries() {
-  TListedFiles listed(FFiles, FLocalNames);
+void TProjectFileStep::LeaveStaleEntries(TListedFiles& listed) {
   const IFileUtils& files = FTarget.Services().GetFileUtils();
-  for (const auto& entry : FContext.Entries.OfClass(class_names::ProjectFile)) {
+  for (const auto& entry : FContext.Plan.OfClass(class_names::ProjectFile)) {
     if (!listed.Contains(entry->GetLocalName(), files, FProjectFile))
-      FContext.Entries.Remove(entry, BelongsToProject(TReasonCause::NoLongerNamed));
+      FContext.Plan.Leave(entry, BelongsToProject(TReasonCause::NoLongerNamed));
   }
 }
 
-void TProjectFileStep::ReconcileFile(std::string_view file, std::string_view localName) {
-  const std::string_view extension = ExtensionPart(file);
-  if (std::find(ExcludedExtensions.begin(), ExcludedExtensions.end(), extension) !=
-      ExcludedExtensions.end())
-    return FContext.Entries.Skip(class_names::ProjectFile, localName,
-                                 BelongsToProject(TReasonCause::ExcludedExtension));
+void TProjectFileStep::WantFile(std::string_view file, std::string_view localName,
+                                const TListedFiles& listed) {
+  if (IsExcluded(file))
+    return FContext.Plan.Skip(class_names::ProjectFile, localName,
+                              BelongsToProject(TReasonCause::ExcludedExtension));
+  NoteExtension(file);
+  // One entry answers for names that differ in case only, and for one that is listed twice.
+  const std::string_view last = listed.LastSpelling(localName);
+  if (last.data() != localName.data())
+    return WarnOfSameName(localName, last);
   FWanted.LocalName = localName;
-  FContext.Entries.AddOrUpdateFile(FWanted);
-  OfferFeatures(extension);
+  FContext.Plan.WantFile(FWanted);
 }
 
-// Once for each extension: what was answered is recorded in the project.
-void TProjectFileStep::OfferFeatures(std::string_view extension) {
+void TProjectFileStep::WarnOfSameName(std::string_view localName, std::string_view last) {
+  if (last == localName)
+    return;
+  FContext.Plan.Warn(std::string("\"")
+                         .append(localName)
+                         .append("\" and \"")
+                         .append(last)
+                         .append("\" differ in case only; they have one entry, which is that of \"")
+                         .append(last)
+                         .append("\""));
+  FContext.Plan.Skip(class_names::ProjectFile, localName,
+                     {TReconcileStep::ProjectFiles,
+                      TReasonSource::OtherEntry,
+                      std::string(class_names::ProjectFile),
+                      {},
+                      TReasonCause::FileHasOtherRole});
+}
+
+// What goes with a type of file is offered once. Nothing goes with a file without an extension, and
+// no answer about it could be recorded.
+void TProjectFileStep::NoteExtension(std::string_view file) {
+  const std::string_view extension = ExtensionPart(file);
+  if (extension.empty() || extension == FLastExtension)
+    return;
+  FLastExtension = extension;
   std::string lowered = LowerCaseAscii(extension);
-  // No feature goes with a file without one, and no answer about it could be recorded.
-  if (lowered.empty() || !FCanOffer || !FOffered.insert(lowered).second)
-    return;
-  VelmorIDEServices& host = FTarget.Services();
-  ISettingsStore& settings = host.GetSettings();
-  bool show = settings.ReadBool(FeaturedSettingsSection, ShowFeaturedFormAuto, true);
-  if (!show)
-    return;
-  try {
-    ModifyFeaturedFiles(FTarget.Project(), show, lowered, host);
-  } catch (const TInputError& error) {
-    FCanOffer = false;
-    host.GetMessageServices().AddWarning(
-        std::string("no optional files are offered: ") + error.what(), error.Place());
-    return;
-  }
-  if (settings.ReadBool(FeaturedSettingsSection, ShowFeaturedFormAuto, true) != show)
-    settings.WriteBool(FeaturedSettingsSection, ShowFeaturedFormAuto, show);
+  if (FExtensions.insert(lowered).second)
+    FContext.Extensions.push_back(std::move(lowered));
 }
 
 } // namespace
 
-TReconcileResult ReconcileProjectFiles(TReconcileContext& context) {
+void PlanProjectFiles(TReconcileContext& context) {
   TProjectFileStep(context).Run();
-  return TReconcileResult::Reconciled;
 }
 
 } // namespace deployment

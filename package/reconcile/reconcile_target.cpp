@@ -24,7 +24,7 @@ TReconcileTarget::TReconcileTarget(ICustomProject& project, std::string_view pla
       FPlatform(platform.empty() ? project.GetCurrentPlatform() : platform),
       FConfiguration(configuration.empty() ? project.GetCurrentConfiguration() : configuration),
       FPersonality(project.GetPersonality()),
-      FApplicationKind(MapApplicationType(project.GetApplicationType())) {}
+      FApplicationKind(MapApplicationType(project.GetApplicationType(FConfiguration, FPlatform))) {}
 
 bool TReconcileTarget::isApplePlatform() const {
   return std::find(ApplePlatforms.begin(), ApplePlatforms.end(), FPlatform) != ApplePlatforms.end();
@@ -106,9 +106,12 @@ std::string TReconcileTarget::OutputOf(std::string_view platform) const {
       DirectoryPart(FProject.GetProjectFileName()));
 }
 
+std::string TReconcileTarget::Macros() const {
+  return "Config=" + FConfiguration + ";Platform=" + FPlatform;
+}
+
 bool TReconcileTarget::Exists(std::string_view localName) const {
-  const std::string macros = "Config=" + FConfiguration + ";Platform=" + FPlatform;
-  const std::string expanded = FServices.GetMacroUtils().ExpandRootMacro(localName, macros);
+  const std::string expanded = FServices.GetMacroUtils().ExpandRootMacro(localName, Macros());
   const IFileUtils& files = FServices.GetFileUtils();
   return files.FileExists(files.QualifyPath(expanded, FProject.GetProjectFileName()));
 }

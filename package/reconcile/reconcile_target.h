@@ -54,6 +54,8 @@ public:
 
   /// Local name of what a build of this configuration makes for the platform.
   std::string OutputOf(std::string_view platform) const;
+  /// The macros that name the target, as "NAME=value" items.
+  std::string Macros() const;
   bool Exists(std::string_view localName) const;
 
 private:

@@ -65,7 +65,9 @@ public:
 
 /// What a project of an Apple or Android platform answers.
 struct TMemoryPlatformOptions : IPlatformOptions {
-  int GetOSXKind() const override { return OSXKind; }
+  int GetOSXKind(std::string_view /*configuration*/, std::string_view /*platform*/) const override {
+    return OSXKind;
+  }
   int OSXKind = 1;
 };
 
@@ -76,6 +78,30 @@ struct TMemoryBuildOptions : IBuildOptions {
     return RemoteDebugSymbols.contains(std::string(configuration).append("|").append(platform));
   }
   std::set<std::string, std::less<>> RemoteDebugSymbols;
+};
+
+/// Builds that have words of their own.
+struct TMemoryBuildNames : IProjectBuildNames {
+  std::string GetPlatformProperty() const override { return PlatformProperty; }
+  std::string GetConfigurationProperty() const override { return ConfigurationProperty; }
+  std::string GetPlatformName(std::string_view platform) const override {
+    return NameIn(Platforms, platform);
+  }
+  std::string GetConfigurationName(std::string_view configuration) const override {
+    return NameIn(Configurations, configuration);
+  }
+
+  std::string PlatformProperty = "Platform";
+  std::string ConfigurationProperty = "Configuration";
+  std::map<std::string, std::string, std::less<>> Platforms;
+  std::map<std::string, std::string, std::less<>> Configurations;
+
+private:
+  static std::string NameIn(const std::map<std::string, std::string, std::less<>>& names,
+                            std::string_view name) {
+    const auto found = names.find(name);
+    return found == names.end() ? std::string(name) : found->second;
+  }
 };
 
 struct TMemoryCompilerOptions : ICorvaneCompilerOptions {
@@ -107,7 +133,12 @@ public:
     return BaseName.empty() ? ModuleName : BaseName;
   }
   std::string GetPersonality() const override { return Personality; }
-  std::string GetApplicationType() const override { return ApplicationType; }
+  std::string GetApplicationType(std::string_view, std::string_view) const override {
+    return ApplicationType;
+  }
+  std::string GetNothingToDeploy(std::string_view, std::string_view) const override {
+    return NothingToDeploy;
+  }
   std::string GetFrameworkType() const override { return FrameworkType; }
   std::string GetProjectOption(std::string_view name) const override;
   std::string GetCurrentPlatform() const override { return CurrentPlatform; }
@@ -118,7 +149,9 @@ public:
                             std::string_view /*platform*/) const override {
     return OutputKind.empty() ? ApplicationType : OutputKind;
   }
-  std::vector<std::string> GetCompleteFileList() const override { return ProjectFiles; }
+  std::vector<std::string> GetCompleteFileList(std::string_view, std::string_view) const override {
+    return ProjectFiles;
+  }
   bool GetModified() const override { return Modified; }
   void SetModified(bool modified) override { Modified = modified; }
   IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override {
@@ -132,6 +165,7 @@ public:
   }
   IBuildOptions* GetBuildOptions() override { return HasBuildOptions ? &BuildOptions : nullptr; }
   ICorvaneCompilerOptions* GetCorvaneCompilerOptions() override { return &CompilerOptions; }
+  IProjectBuildNames* GetBuildNames() override { return HasBuildNames ? &BuildNames : nullptr; }
 
   /// The section of that name, ignoring case; null when the project has none.
   TMemoryXMLNode* FindSection(std::string_view name);
@@ -149,6 +183,7 @@ public:
   std::string ModuleName = "App";
   std::string Personality = "Ardent.Personality";
   std::string ApplicationType = "Application";
+  std::string NothingToDeploy;
   std::string FrameworkType = "Form";
   std::map<std::string, std::string, std::less<>> ProjectOptions;
   std::string CurrentPlatform = "Win32";
@@ -165,10 +200,12 @@ public:
   bool HasPlatforms = true;
   bool HasPlatformOptions = false;
   bool HasBuildOptions = false;
+  bool HasBuildNames = false;
   TMemoryOptions Options;
   TMemoryPlatformOptions PlatformOptions;
   TMemoryBuildOptions BuildOptions;
   TMemoryCompilerOptions CompilerOptions;
+  TMemoryBuildNames BuildNames;
   TMemoryProjectPlatforms Platforms;
   /// Answered by GetProjectDeployment when no handler offers a deployment; not owned.
   IProjectDeployment* GivenDeployment = nullptr;

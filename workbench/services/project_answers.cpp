@@ -58,8 +58,8 @@ std::string TProjectPlatforms::GetSDKName(std::string_view platform) const {
   return found ? found->SDK : std::string();
 }
 
-int TPlatformOptions::GetOSXKind() const {
-  return FModule.Settings().OSXKind();
+int TPlatformOptions::GetOSXKind(std::string_view configuration, std::string_view platform) const {
+  return FModule.Settings().OSXKind(configuration, platform);
 }
 
 bool TBuildOptions::HasRemoteDebugSymbols(std::string_view configuration,

@@ -46,7 +46,7 @@ private:
 class TPlatformOptions final : public deployment::IPlatformOptions {
 public:
   explicit TPlatformOptions(TProjectModule& module) : FModule(module) {}
-  int GetOSXKind() const override;
+  int GetOSXKind(std::string_view configuration, std::string_view platform) const override;
 
 private:
   TProjectModule& FModule;

@@ -40,6 +40,12 @@ std::string TProjectFileStorage::SectionName() const {
   return owner ? owner->GetName() : std::string();
 }
 
+deployment::TSectionLayout TProjectFileStorage::SectionLayout(TProjectModule& module) const {
+  const auto* owner = Owner();
+  TXmlElement* section = owner ? module.Document().FindSection(owner->GetName()) : nullptr;
+  return section ? owner->GetLayout(*section) : deployment::TSectionLayout();
+}
+
 deployment::IXMLNode*
 TProjectFileStorage::GetProjectStorageNode(deployment::IOTAModule& projectOrGroup,
                                            std::string_view name) {

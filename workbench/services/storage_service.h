@@ -26,6 +26,9 @@ public:
 
   /// Name of the section that is kept; empty when nobody registered.
   std::string SectionName() const;
+  /// Layout of the project's section as it was read; that of an empty one when there is none.
+  /// Throws TInputError when the section says something that cannot be understood.
+  deployment::TSectionLayout SectionLayout(TProjectModule& module) const;
   std::size_t NotifierCount() const;
 
   void ProjectLoaded(TProjectModule& module);

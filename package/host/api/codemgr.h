@@ -43,8 +43,8 @@ public:
 class IPlatformOptions {
 public:
   virtual ~IPlatformOptions() = default;
-  /// The kind of OS X program; 1 is an application bundle.
-  virtual int GetOSXKind() const = 0;
+  /// The kind of OS X program that a build of the target makes; 1 is an application bundle.
+  virtual int GetOSXKind(std::string_view configuration, std::string_view platform) const = 0;
 };
 
 /// What a project that is built here can be asked. Owned by the project.
@@ -62,6 +62,20 @@ public:
   virtual ~ICorvaneCompilerOptions() = default;
   /// Directory of the runtime modules for OS X; empty when there is none.
   virtual std::string GetOSXDirectory() const = 0;
+};
+
+/// What the builds of a project call a target, where that differs from the IDE's own words. Owned
+/// by the project.
+class IProjectBuildNames {
+public:
+  virtual ~IProjectBuildNames() = default;
+  /// Names of the two properties that hold the target in a build, such as "Configuration".
+  virtual std::string GetPlatformProperty() const = 0;
+  virtual std::string GetConfigurationProperty() const = 0;
+  /// What these properties hold in a build of the platform ("x64" for "Win64") and of the
+  /// configuration; the name itself where builds use it, too.
+  virtual std::string GetPlatformName(std::string_view platform) const = 0;
+  virtual std::string GetConfigurationName(std::string_view configuration) const = 0;
 };
 
 /// A project and its settings. Implemented by the host. A pointer that a project returns is its
@@ -82,8 +96,10 @@ public:
                                   std::string_view platform) const = 0;
   /// "Ardent.Personality", "Corvane.Personality" or another id.
   virtual std::string GetPersonality() const = 0;
-  /// Kind of program as the project names it; may be empty.
-  virtual std::string GetApplicationType() const = 0;
+  /// Kind of program that a build of the target makes, as the project names it; may be empty.
+  /// Empty names mean the project's current ones.
+  virtual std::string GetApplicationType(std::string_view configuration,
+                                         std::string_view platform) const = 0;
   /// Framework of the user interface as the project names it; may be empty.
   virtual std::string GetFrameworkType() const = 0;
   /// Option of the project as a whole, such as "AppType"; empty when unset.
@@ -91,14 +107,20 @@ public:
 
   virtual std::string GetCurrentPlatform() const = 0;
   virtual std::string GetCurrentConfiguration() const = 0;
-  /// Full path of the file that a build of the target makes.
+  /// Full path of the file that a build of the target makes; empty when there is nothing to deploy.
   virtual std::string GetOutputFileName(std::string_view configuration,
                                         std::string_view platform) const = 0;
   /// Kind of output that the options of a Corvane project name for the target.
   virtual std::string GetOutputKind(std::string_view configuration,
                                     std::string_view platform) const = 0;
-  /// Full paths of the files that belong to the project, in the project's order.
-  virtual std::vector<std::string> GetCompleteFileList() const = 0;
+  /// Why a build of the target makes nothing that could be deployed, or nothing that is known, as
+  /// a sentence without its full stop; empty when it makes something.
+  virtual std::string GetNothingToDeploy(std::string_view configuration,
+                                         std::string_view platform) const = 0;
+  /// Full paths of the files that belong to the project in a build of the target, in the
+  /// project's order.
+  virtual std::vector<std::string> GetCompleteFileList(std::string_view configuration,
+                                                       std::string_view platform) const = 0;
 
   virtual bool GetModified() const = 0;
   virtual void SetModified(bool modified) = 0;
@@ -108,6 +130,8 @@ public:
   virtual IPlatformOptions* GetPlatformOptions() = 0;
   virtual IBuildOptions* GetBuildOptions() = 0;
   virtual ICorvaneCompilerOptions* GetCorvaneCompilerOptions() = 0;
+  /// Null when builds hold the target in "Platform" and "Config", under the IDE's own names.
+  virtual IProjectBuildNames* GetBuildNames() = 0;
 };
 
 } // namespace deployment

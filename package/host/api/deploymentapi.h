@@ -1,11 +1,14 @@
 // Host unit Deploymentapi: the deployment contract, which the package implements and hosts use.
 #pragma once
 
+#include "package/common/errors.h"
 #include "package/common/ordered_dictionary.h"
+#include "package/host/api/deployment_target.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,6 +17,7 @@
 
 namespace deployment {
 
+class ICustomProject;
 class IFeatureFileForm;
 class IOTAProject;
 class IProjectDeployment;
@@ -155,13 +159,13 @@ using TDeploymentFiles = std::vector<std::shared_ptr<IProjectDeploymentFile>>;
 using TDeploymentClasses = std::vector<std::shared_ptr<IProjectDeploymentClass>>;
 
 /// A listener of one deployment. Implemented by views and hosts; the deployment shares ownership
-/// while the listener is registered.
+/// while the listener is registered. It must not throw, since a change is told in its middle.
 class IProjectDeploymentNotifier {
 public:
   virtual ~IProjectDeploymentNotifier() = default;
   /// An entry was added, changed or removed. A removed one is still alive during the call.
   virtual void ItemChanged(IProjectDeploymentItem& item, TDeploymentItemAction action) = 0;
-  /// The deployment of the named project was read.
+  /// The default deployment of the named project was read; each of its files was told before.
   virtual void Loaded(std::string_view projectName) = 0;
   /// The deployment goes away; it must not be asked anything any more.
   virtual void Destroyed() = 0;
@@ -271,6 +275,7 @@ public:
 
   /// Brings the default entries of the target in line with the project's settings. Empty names
   /// mean the project's current ones. With `reconcileInternally` the package list counts as empty.
+  /// Throws what the host throws; then nothing has changed, but what a person chose in a dialog.
   virtual TReconcileResult Reconcile(std::string_view configuration, std::string_view platform,
                                      bool reconcileInternally) = 0;
   virtual TReconcileResult Reconcile(std::string_view configuration, std::string_view platform) = 0;
@@ -280,27 +285,40 @@ public:
 
   /// Takes the platforms away from every default entry (and, without `keepAddedFiles`, from those
   /// of class "File" too), drops entries that belong to no platform any more, reads the default
-  /// classes again and reconciles all configurations of the platforms. Throws what reading the
-  /// defaults throws; then nothing has changed.
+  /// classes again and reconciles all configurations of the platforms. Listeners are told when all
+  /// is done. Throws what reading the defaults and reconciling throw; then nothing has changed.
   virtual void Revert(std::span<const std::string> platforms, bool keepAddedFiles) = 0;
-
-  /// The dialog of optional files for an extension with its dot: what it holds, for who wants to
-  /// look without showing it. Empty means every feature. The form is good as long as the project.
-  /// Throws TInputError when the catalog cannot be understood.
-  virtual std::shared_ptr<const IFeatureFileForm> GetFeaturedFiles(std::string_view extension) = 0;
-  /// Shows the dialog of all optional files and applies what is chosen. `showAuto` is its box "Show
-  /// automatically when required". Throws as above; nothing has changed then.
-  virtual void ModifyFeaturedFiles(bool& showAuto) = 0;
 
   /// Writes "<project>.deployproj" beside the project file. Throws what the host's save throws.
   virtual void SaveToDeployProj() = 0;
 };
 
-/// Opens the Deployment Manager of a project. Implemented by the package, registered with the host.
+/// What a Deployment Manager shows when it opens.
+struct TShowRequest {
+  TDeploymentTarget Target;
+  bool Connect = false; ///< connects at once; the rows come when the attempt has ended
+};
+
+/// Opens the Deployment Manager of a project, and its dialog of optional files. Implemented by the
+/// package, registered with the host.
 class IOTADeploymentService {
 public:
   virtual ~IOTADeploymentService() = default;
+  /// Shows the project's active target; a view that is open already comes forward as it is.
   virtual void DeployManagerProject(const std::shared_ptr<IOTAProject>& project) = 0;
+  /// Shows the target that is asked for, also in a view that is open already. Returns why the
+  /// target could not be computed; the view shows what the list holds then, with the sentence. The
+  /// error is of the package's making and must not outlive it.
+  virtual std::optional<TInputError> ShowDeployment(const std::shared_ptr<IOTAProject>& project,
+                                                    const TShowRequest& request) = 0;
+  /// The dialog of optional files for an extension with its dot: what it holds, for whoever wants
+  /// to look without showing it. Empty means every feature. The form is good as long as the
+  /// project. Throws TInputError when the catalog cannot be understood.
+  virtual std::shared_ptr<const IFeatureFileForm> GetFeaturedFiles(ICustomProject& project,
+                                                                   std::string_view extension) = 0;
+  /// Shows the dialog of all optional files and applies what is chosen. Its box "Show automatically
+  /// when required" is that of the user's settings. Throws as above; nothing has changed then.
+  virtual void ModifyFeaturedFiles(ICustomProject& project) = 0;
 };
 
 // The effective values of a file: its own; where that is empty, neutral or unset, its class's.

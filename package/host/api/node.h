@@ -11,6 +11,12 @@ namespace deployment {
 
 class IOTAModule;
 
+/// How a section is laid out.
+struct TSectionLayout {
+  int Version = 0;         ///< 0, the oldest, when the section does not say
+  bool IsOutdated = false; ///< its content is brought up to date when it is loaded
+};
+
 /// The owner of one section of project files. Implemented by the package; the storage service
 /// shares ownership while it is registered. Every call is about one module that the host opens.
 class IOTAProjectFileStorageNotifier {
@@ -18,6 +24,9 @@ public:
   virtual ~IOTAProjectFileStorageNotifier() = default;
   /// The section's element name.
   virtual std::string GetName() const = 0;
+  /// Layout of a section of a project file. Throws TInputError when it says something that cannot
+  /// be understood.
+  virtual TSectionLayout GetLayout(IXMLNode& node) const = 0;
   /// A new project is made; its section is to get its first content.
   virtual void CreatingProject(IOTAModule& projectOrGroup) = 0;
   /// The project was opened. `node` is the section, null when the file has none.

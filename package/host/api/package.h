@@ -5,11 +5,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 namespace deployment {
 
 /// Goes up with every change of a header in this folder; host and package must agree.
-inline constexpr std::uint32_t PackageInterfaceVersion = 4;
+inline constexpr std::uint32_t PackageInterfaceVersion = 5;
 
 /// The loaded package. Owned by the host, which destroys it before it unloads the module and after
 /// it closed every module that the package attached a handler to.
@@ -21,6 +22,9 @@ public:
   /// Registers the package, once it is started; to be called before the host's main form is
   /// created. A second call does nothing.
   virtual void IDERegister() = 0;
+  /// Root under which the host keeps its settings, for other packages; empty before IDERegister and
+  /// after Stop.
+  virtual std::string BaseRegKey() const = 0;
   /// Finalises the started units in reverse order. May come twice, and without a start.
   virtual void Stop() = 0;
 };

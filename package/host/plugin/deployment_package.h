@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 
 namespace deployment {
 
@@ -24,6 +25,7 @@ public:
   /// When a unit throws, the units before it are finalized again and the error goes on.
   void Start() override;
   void IDERegister() override { deployment::IDERegister(FUnits); }
+  std::string BaseRegKey() const override { return FUnits.DeployStrs.BaseRegKey(); }
   void Stop() override;
 
 private:

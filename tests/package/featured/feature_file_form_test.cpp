@@ -209,5 +209,12 @@ TEST_F(FeatureFileForm, LeavesKnownClassesOutThatDoNotClaimTheExtension) {
   EXPECT_EQ(form.GetAddedFiles(""), "Unknown;Net;Data");
 }
 
+TEST_F(FeatureFileForm, TakesTheDataOfTheConfigurationThatItLooksAtLast) {
+  const TMemoryConfiguration release("Release", &World.Project.Options.Base);
+  World.Project.Options.Further = {&release};
+  const auto form = Form();
+  EXPECT_EQ(form.GetNode(Find(form, "lib\\client.dll")).Configuration, "Release");
+}
+
 } // namespace
 } // namespace deployment

@@ -126,6 +126,14 @@ TEST(Features, RefuseTwoDirectoriesForOnePlatform) {
                 ":3: the file \"a.dll\" has two \"RemoteDir\" for \"Win32\"");
 }
 
+TEST(Features, RefuseADirectoryWithAnElementInIt) {
+  EXPECT_EQ(ErrorOf("<C><Feature ProductName=\"Test\"><DeployFile LocalName=\"a.dll\">\n"
+                    "<Platform Name=\"Win32\"><RemoteDir>a<b>c</b>d</RemoteDir></Platform>"
+                    "</DeployFile></Feature></C>"),
+            std::string(CatalogFile) +
+                ":2: the element \"RemoteDir\" holds elements where a text is wanted");
+}
+
 TEST(Features, RefuseAPlatformWithSomethingElseThanADirectory) {
   EXPECT_EQ(ErrorOf("<C><Feature ProductName=\"Test\"><DeployFile LocalName=\"a.dll\">\n"
                     "<Platform Name=\"Win32\"><Dir>x</Dir></Platform>"

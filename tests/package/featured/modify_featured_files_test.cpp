@@ -70,6 +70,35 @@ TEST_F(ModifyFeatured, ReplacesARecordedNameOfAnotherCase) {
   EXPECT_EQ(Recorded(), "first;Net");
 }
 
+TEST_F(ModifyFeatured, RecordsNoClassASecondTime) {
+  Forms.Choose = "Client";
+  Modify("");
+  Modify("");
+  EXPECT_EQ(Recorded(), " data ;Net");
+  SetRecorded("Net;first");
+  Modify("");
+  EXPECT_EQ(Recorded(), "Net;first; data ");
+}
+
+TEST_F(ModifyFeatured, LeavesTheProjectAloneWhenEveryClassIsRecorded) {
+  struct TQuietOptions : TMemoryOptions {
+    void SetBaseProperty(std::string_view, std::string_view) override { ++Written; }
+    std::string GetBaseProperty(std::string_view) const override { return "Net; data "; }
+    int Written = 0;
+  } options;
+  struct TQuietProject : TMemoryProject {
+    explicit TQuietProject(TQuietOptions& options) : Quiet(options) {}
+    IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override { return &Quiet; }
+    TQuietOptions& Quiet;
+  } project(options);
+  Forms.Choose = "Client";
+  bool showAuto = true;
+  project.GivenDeployment = &World.Deployment();
+  ModifyFeaturedFiles(project, showAuto, {}, World.Host);
+  EXPECT_EQ(Forms.Shown, 1);
+  EXPECT_EQ(options.Written, 0);
+}
+
 TEST_F(ModifyFeatured, RecordsTheOfferedClassesOnCancelButNothingWithoutAnExtension) {
   Forms.Result = TModalResult::Cancel;
   Forms.Choose = "*";
@@ -107,6 +136,32 @@ TEST_F(ModifyFeatured, DoesNothingInAHostWithoutDialogs) {
   World.Host.ModalForms = nullptr;
   EXPECT_TRUE(Modify(".url"));
   EXPECT_EQ(Recorded(), "");
+}
+
+TEST_F(ModifyFeatured, ComesUpByItselfOnlyWhereTheSettingsLetIt) {
+  World.Host.Settings.WriteBool(FeaturedSettingsSection, ShowFeaturedFormAuto, false);
+  AskForFeaturedFiles(World.Project, ".url", World.Host);
+  EXPECT_EQ(Forms.Shown, 0);
+  AskForFeaturedFiles(World.Project, {}, World.Host);
+  EXPECT_EQ(Forms.Shown, 1);
+  EXPECT_FALSE(Forms.SawShowAuto);
+}
+
+TEST_F(ModifyFeatured, PutsTheBoxIntoTheSettingsWhenItDiffers) {
+  AskForFeaturedFiles(World.Project, {}, World.Host);
+  EXPECT_TRUE(World.Host.Settings.Booleans.empty());
+  Forms.ShowAuto = false;
+  AskForFeaturedFiles(World.Project, ".url", World.Host);
+  EXPECT_FALSE(MayOfferFeaturedFiles(World.Host));
+  Forms.ShowAuto = true;
+  AskForFeaturedFiles(World.Project, {}, World.Host);
+  EXPECT_TRUE(MayOfferFeaturedFiles(World.Host));
+}
+
+TEST_F(ModifyFeatured, CanBeLookedAtWithoutBeingShown) {
+  const auto form = LookAtFeaturedFiles(World.Project, ".url", World.Host);
+  EXPECT_EQ(form->GetNode(form->GetChildren(0).front()).Title, "Client");
+  EXPECT_EQ(Forms.Shown, 0);
 }
 
 TEST_F(ModifyFeatured, PassesOnTheErrorsOfTheCatalog) {

@@ -38,7 +38,9 @@ public:
     if (OnChange)
       OnChange();
   }
-  void Loaded(std::string_view) override {}
+  void Loaded(std::string_view project) override {
+    Log->push_back(Name + "loaded " + std::string(project));
+  }
   void Destroyed() override { Log->push_back(Name + "destroyed"); }
 
   std::string Name;
@@ -223,7 +225,7 @@ TEST_F(DeploymentModuleHandler, ClearsPlatformsOfAllButTheUsersFiles) {
 TEST_F(DeploymentModuleHandler, ReadsTheDefaultsOfANewProjectOnce) {
   EXPECT_EQ(Deployment.GetFiles().size(), 1U);
   EXPECT_NE(Module.FindSection("Deployment"), nullptr);
-  EXPECT_EQ(Log(), TLog{"default:0"});
+  EXPECT_EQ(Log(), (TLog{"default:0", "loaded App"}));
   Deployment.RemoveFile("Base", "Win32", "default");
   EXPECT_TRUE(Deployment.GetFiles().empty());
   EXPECT_EQ(Storage.Reads, 1);
@@ -390,6 +392,45 @@ TEST_F(DeploymentModuleHandler, RemovesALargeClassWithASignalForEach) {
   Deployment.RemoveFilesOfClass("icon");
   EXPECT_EQ(Log().size(), static_cast<std::size_t>(Count));
   EXPECT_TRUE(Deployment.IsEmpty());
+}
+
+TEST_F(DeploymentModuleHandler, KeepsTheKeyOfAnEntryWhoseFilePlatformAloneChanges) {
+  const auto file = Deployment.AddFile("Debug", "Win32", "a");
+  file->SetFilePlatform("Win64");
+  EXPECT_EQ(Deployment.FindFile("Debug", "Win32", "a"), file);
+  EXPECT_EQ(Deployment.FindFile("Debug", "Win64", "a"), nullptr);
+}
+
+TEST_F(DeploymentModuleHandler, TakesPlatformsFromFilesOfAClassThatOnlyLooksLikeTheUsers) {
+  const auto file = Deployment.AddFile("Debug", "Win32", "a");
+  file->SetDeploymentClass("file");
+  file->SetEnabled("Win32", true);
+  const std::vector<std::string> platforms{"Win32"};
+  Deployment.Clear(platforms);
+  EXPECT_TRUE(file->GetPlatforms().empty());
+}
+
+TEST_F(DeploymentModuleHandler, HearsNothingMoreOfAClassThatWasReplaced) {
+  const auto first = Deployment.CreateClass();
+  first->SetClassId("Icon");
+  Deployment.AddClass(first);
+  const auto second = Deployment.CreateClass();
+  second->SetClassId("Icon");
+  Deployment.AddClass(second);
+  first->SetDescription("gone");
+  EXPECT_EQ(Log(), TLog{});
+  second->SetDescription("here");
+  EXPECT_EQ(Log(), TLog{"class:1"});
+}
+
+TEST_F(DeploymentModuleHandler, LetsGoOfItsEntriesAtItsEnd) {
+  const auto file = std::dynamic_pointer_cast<TDeploymentFile>(Deployment.AddFile("", "", "a"));
+  const auto ownClass = std::dynamic_pointer_cast<TDeploymentClass>(Deployment.CreateClass());
+  Deployment.AddClass(ownClass);
+  EXPECT_NE(file->GetOwner(), nullptr);
+  Module.Close();
+  EXPECT_EQ(file->GetOwner(), nullptr);
+  EXPECT_EQ(ownClass->GetOwner(), nullptr);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "tests/package/reconcile/reconcile_world.h"
+#include "tests/package/reconcile/random_world.h"
 
 #include <gtest/gtest.h>
 
@@ -72,6 +72,60 @@ TEST_F(Revert, ReconcilesTheConfigurationsThatHaveThePlatform) {
   Run({"Win32", "Win64"});
   EXPECT_EQ(World.Lines("Debug", "Win32"), TTexts{});
   EXPECT_EQ(World.Lines("Debug", "Win64").size(), 1U);
+}
+
+TEST_F(Revert, ChangesNothingWhenTheHostFailsInItsMiddle) {
+  const std::vector<std::string> platforms{"Win32", "Win64", "OSX32", "iOSDevice64", "Android"};
+  int failures = 0;
+  for (std::size_t call = 1; call < 300; call += 3) {
+    TRandomWorld world(7);
+    world.Project.Options.Values.clear(); // some are no values of their kind
+    world.Project.ApplicationType = "Application";
+    world.Project.Options.Debug.Platforms = platforms;
+    for (const std::string& platform : platforms)
+      world.Deployment().Reconcile("Debug", platform);
+    world.Storage.Classes["Extra"]["Win32"] = "new\\";
+    const std::string before = world.Text();
+    const TDeploymentFiles files = world.Deployment().GetFiles();
+    const TDeploymentClasses classes = world.Deployment().GetClasses();
+    const auto log = std::make_shared<TChangeLog>();
+    world.Deployment().AddNotifier(log);
+    world.Calls.FailAt(call);
+    try {
+      world.Deployment().Revert(platforms, /*keepAddedFiles=*/false);
+      EXPECT_NE(world.Deployment().FindClass("Extra"), nullptr);
+    } catch (const std::exception&) {
+      ++failures;
+      ASSERT_EQ(world.Text(), before) << "call " << call;
+      EXPECT_EQ(world.Deployment().GetFiles(), files);
+      EXPECT_EQ(world.Deployment().GetClasses(), classes);
+      EXPECT_EQ(log->Lines, TTexts{});
+    }
+  }
+  EXPECT_GE(failures, 30);
+}
+
+TEST_F(Revert, StillFindsEntriesUnderTheirKeysAfterAFailure) {
+  Add("File", "Win32", "mine.dat")->SetLocalName("renamed.dat");
+  World.SetOption("Win32", "PXC_GenerateUniversalBinaryFile", "true");
+  World.SetOption("iOSDevice64", "PXC_GenerateUniversalBinaryFile", "maybe");
+  EXPECT_THROW(Run({"Win32", "iOSDevice64"}, /*keepAddedFiles=*/false), TInputError);
+  const auto mine = World.Deployment().FindFile("Debug", "Win32", "mine.dat");
+  ASSERT_NE(mine, nullptr);
+  EXPECT_EQ(mine->GetLocalName(), "renamed.dat");
+  EXPECT_EQ(World.Deployment().FindFiles("renamed.dat", "", "", "").size(), 1U);
+}
+
+TEST_F(Revert, TellsOfEachEntryOnceWhenAllIsDone) {
+  const auto log = std::make_shared<TChangeLog>();
+  World.Entry("ProjectOutput", "Debug", "Win32")->SetEnabled("Win32", false);
+  World.Deployment().AddNotifier(log);
+  Run({"Win32"});
+  EXPECT_EQ(log->Lines, (TTexts{R"(removed Win32\Debug\App.exe)", R"(added Win32\Debug\App.exe)"}));
+  log->Lines.clear();
+  World.Deployment().SetBlockNotification(true);
+  Run({"Win32"});
+  EXPECT_EQ(log->Lines, TTexts{});
 }
 
 TEST_F(Revert, LeavesEverythingWhenTheDefaultsCannotBeRead) {

@@ -111,5 +111,19 @@ TEST(DeploymentStorageManager, UpgradesNextFromTheVersionOfTheDefaults) {
   EXPECT_EQ(stored.Files()[0]->GetPlatforms(), TNames{"iOSDevice32"});
 }
 
+TEST(DeploymentStorageManager, KnowsTheLayoutOfASectionAndWhetherItIsOutdated) {
+  const auto layoutOf = [](std::string_view text) {
+    TStoredDeployment stored;
+    const TSectionLayout layout = stored.Storage.GetLayout(*ParseMemoryXML(text));
+    return std::to_string(layout.Version) + (layout.IsOutdated ? " outdated" : "");
+  };
+  EXPECT_EQ(layoutOf(R"(<Deployment Version="2"><DeployFile/></Deployment>)"), "2");
+  EXPECT_EQ(layoutOf(R"(<Deployment Version="1"><DeployFile/></Deployment>)"), "1 outdated");
+  EXPECT_EQ(layoutOf(R"(<Deployment><DeployFile/></Deployment>)"), "0 outdated");
+  EXPECT_EQ(layoutOf(R"(<Deployment/>)"), "0");
+  EXPECT_EQ(layoutOf(R"(<Deployment Version="3"><DeployFile/></Deployment>)"), "3");
+  EXPECT_EQ(ErrorOf([&] { layoutOf(R"(<Deployment Version="x"/>)"); }).empty(), false);
+}
+
 } // namespace
 } // namespace deployment

@@ -154,5 +154,20 @@ TEST(DeploymentUnit, LoadsAndSavesAProjectThroughTheHost) {
   EXPECT_EQ(node.ToText(), section->ToText());
 }
 
+TEST(DeploymentUnit, JoinsTheChainBeforeItsStorageIsRegistered) {
+  struct TWatchingHost : TMemoryHost {
+    TMemoryFileStorage& GetProjectFileStorage() override {
+      MembersThen.push_back(Gauntlet.Members.size());
+      return TMemoryHost::GetProjectFileStorage();
+    }
+    std::vector<std::size_t> MembersThen;
+  } host;
+  TDeploymentImplUnit unit(host);
+  unit.Initialize();
+  host.Events.Created.Raise();
+  ASSERT_FALSE(host.MembersThen.empty());
+  EXPECT_EQ(host.MembersThen.front(), 1U);
+}
+
 } // namespace
 } // namespace deployment

@@ -128,6 +128,29 @@ TEST(DeployProj, PutsTheConfigurationIntoTheConditionOfTheItem) {
   EXPECT_EQ(Condition(side), "'$(Config)'=='Debug'");
 }
 
+TEST(DeployProj, GivesAnEntryOfTheRootConfigurationNoConditionSinceEveryBuildComesFromIt) {
+  TSideFile side;
+  side.Add("a", "Win32", "Base");
+  EXPECT_EQ(Condition(side), "none");
+  side.Deployment().GetFiles().front()->SetCondition("'$(X)'=='1'");
+  EXPECT_EQ(Condition(side), "'$(X)'=='1'");
+}
+
+TEST(DeployProj, SpeaksTheWordsOfTheProjectsBuilds) {
+  TSideFile side({"Win32", "Win64"});
+  side.Project.HasBuildNames = true;
+  side.Project.BuildNames.PlatformProperty = "BuildPlatform";
+  side.Project.BuildNames.Platforms["Win64"] = "x64";
+  side.Project.BuildNames.Configurations["Release"] = "Ship";
+  side.Add("a", "Win64", "Release");
+  const auto document = side.Document();
+  const TMemoryXMLNode* first = document->FirstChild();
+  EXPECT_EQ(*first->GetAttribute("Condition"), "'$(BuildPlatform)'=='Win32'");
+  TMemoryXMLNode* second = document->FirstChild()->NextSibling();
+  EXPECT_EQ(*second->GetAttribute("Condition"), "'$(BuildPlatform)'=='x64'");
+  EXPECT_EQ(*Child(second, "DeployFile")->GetAttribute("Condition"), "'$(Configuration)'=='Ship'");
+}
+
 TEST(DeployProj, AppendsTheConditionOfTheEntry) {
   TSideFile side;
   side.Add("a", "Win32", "Debug").SetCondition("'$(X)'=='1'");

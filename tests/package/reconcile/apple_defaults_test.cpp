@@ -134,5 +134,61 @@ TEST(OSXDefaults, NameTheIconAfterTheOutput) {
                     "ProjectOSXEntitlements | Sky.v2.entitlements |  | "}));
 }
 
+TEST(IOSDefaults, NameTheNarrowProgramAnewEveryTime) {
+  TReconcileWorld world;
+  world.SetOption("iOSDevice64", "PXC_GenerateUniversalBinaryFile", "true");
+  world.Reconcile("Debug", "iOSDevice64");
+  world.Project.BaseName = "Renamed";
+  world.Reconcile("Debug", "iOSDevice64");
+  EXPECT_EQ(world.LinesOf("ProjectOutput_iOS32", "Debug", "iOSDevice64"),
+            TTexts{R"(ProjectOutput_iOS32 | iOSDevice32\Debug\App |  | Renamed.armv7)"});
+}
+
+TEST(IOSDefaults, LeaveTheResourceRulesTheNameThatTheUserGave) {
+  TReconcileWorld world;
+  world.Reconcile("Debug", "iOSDevice32");
+  world.Entry("ProjectiOSDeviceResourceRules", "Debug", "iOSDevice32")
+      ->SetRemoteName("iOSDevice32", "My.plist");
+  EXPECT_EQ(world.ChangesOf("Debug", "iOSDevice32"), TTexts{});
+}
+
+class OneDirectoryForBothDevices : public testing::Test {
+protected:
+  OneDirectoryForBothDevices() {
+    for (const char* platform : {"iOSDevice32", "iOSDevice64"})
+      World.Project.OutputFiles[std::string("Debug|") + platform] = R"(C:\work\App\bin\a)";
+  }
+  TTexts Programs() { return World.LinesOf("ProjectOutput", "Debug", "iOSDevice64"); }
+
+  TReconcileWorld World;
+};
+
+TEST_F(OneDirectoryForBothDevices, KeepsTheProgramWithoutAUniversalBuild) {
+  World.Reconcile("Debug", "iOSDevice64");
+  EXPECT_EQ(Programs(), TTexts{R"(ProjectOutput | bin\a |  | App)"});
+  EXPECT_TRUE(World.Host.Messages.Warnings.empty());
+}
+
+TEST_F(OneDirectoryForBothDevices, KeepsTheProgramInAUniversalBuildAndSaysWhatIsMissing) {
+  World.SetOption("iOSDevice64", "PXC_GenerateUniversalBinaryFile", "true");
+  World.Reconcile("Debug", "iOSDevice64");
+  EXPECT_EQ(Programs(), TTexts{R"(ProjectOutput | bin\a |  | App)"});
+  ASSERT_EQ(World.Host.Messages.Warnings.size(), 1U);
+  EXPECT_EQ(World.Host.Messages.Warnings[0].first,
+            R"("bin\a" is the output for iOSDevice32 and for iOSDevice64; without a directory for )"
+            R"(each platform no 32-bit program can go beside the 64-bit one (Debug))");
+}
+
+TEST_F(OneDirectoryForBothDevices, DropsTheNarrowProgramOfAnOlderDirectory) {
+  World.Project.OutputFiles["Debug|iOSDevice32"] = R"(C:\work\App\old\a)";
+  World.SetOption("iOSDevice64", "PXC_GenerateUniversalBinaryFile", "true");
+  World.Reconcile("Debug", "iOSDevice64");
+  ASSERT_EQ(Programs().size(), 2U);
+  World.Project.OutputFiles["Debug|iOSDevice32"] = R"(C:\work\App\new\a)";
+  World.SetOption("iOSDevice64", "PXC_GenerateUniversalBinaryFile", "false");
+  World.Reconcile("Debug", "iOSDevice64");
+  EXPECT_EQ(Programs(), TTexts{R"(ProjectOutput | bin\a |  | App)"});
+}
+
 } // namespace
 } // namespace deployment

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <stdexcept>
+
 namespace deployment {
 namespace {
 
@@ -110,10 +113,10 @@ TEST(DeployModuleReconciler, LeavesTheModifiedFlagAsItWas) {
   EXPECT_TRUE(world.Project.Modified);
 }
 
-// Fails at the first file that is added.
-struct TFailingListener : TChangeLog {
-  explicit TFailingListener(TMemoryProject& project) : Project(project) {}
-  void ItemChanged(IProjectDeploymentItem&, TDeploymentItemAction) override {
+// Sets the flag and fails when it is asked for the packages.
+struct TFailingPackages : TMemoryPersonalities {
+  explicit TFailingPackages(TMemoryProject& project) : Project(project) {}
+  ISymbolService* GetSymbolService(std::string_view) override {
     Project.Modified = true;
     throw TInputError("no more");
   }
@@ -122,7 +125,8 @@ struct TFailingListener : TChangeLog {
 
 TEST(DeployModuleReconciler, RestoresTheModifiedFlagWhenAStepFails) {
   TReconcileWorld world;
-  world.Deployment().AddNotifier(std::make_shared<TFailingListener>(world.Project));
+  TFailingPackages packages(world.Project);
+  world.Host.PersonalityServices = &packages;
   EXPECT_THROW(world.Reconcile("Debug", "Win32"), TInputError);
   EXPECT_FALSE(world.Project.Modified);
 }
@@ -170,6 +174,59 @@ TEST(DeployModuleReconciler, ReadsTheDefaultClassesBeforeItTakesDirectoriesFromT
   world.Reconcile("Debug", "Win32");
   EXPECT_EQ(world.LinesOf("DebugSymbols", "Debug", "Win32"),
             TTexts{R"(DebugSymbols | Win32\Debug\App.qds | bin\ | App.qds)"});
+}
+
+// Takes the modified flag away when it hears of a change.
+struct TFlagTaker : TChangeLog {
+  explicit TFlagTaker(TMemoryProject& project) : Project(project) {}
+  void ItemChanged(IProjectDeploymentItem&, TDeploymentItemAction) override {
+    Project.Modified = false;
+  }
+  TMemoryProject& Project;
+};
+
+TEST(DeployModuleReconciler, PutsTheModifiedFlagBackInBothDirections) {
+  TReconcileWorld world;
+  world.Deployment().AddNotifier(std::make_shared<TFlagTaker>(world.Project));
+  world.Project.Modified = true;
+  world.Reconcile("Debug", "Win32");
+  EXPECT_TRUE(world.Project.Modified);
+}
+
+TEST(DeployModuleReconciler, PassesTheFirstErrorOnWhenTheFlagCannotBePutBack) {
+  struct TStubbornProject : TMemoryProject {
+    void SetModified(bool) override { throw std::runtime_error("the flag is stuck"); }
+    std::vector<std::string> GetCompleteFileList() const override {
+      throw TInputError("no list of files");
+    }
+  } project;
+  TReconcileWorld world;
+  TDeploymentModuleHandler::Attach(project, world.Host, world.Storage);
+  EXPECT_THROW(project.GetProjectDeployment()->Reconcile("Debug", "Win32"), TInputError);
+  EXPECT_TRUE(project.GetProjectDeployment()->GetFiles().empty());
+}
+
+TEST(DeployModuleReconciler, ChangesNothingWhenALaterStepFails) {
+  TReconcileWorld world;
+  world.SetOption("iOSDevice64", "PXC_GenerateUniversalBinaryFile", "maybe");
+  EXPECT_THROW(world.Reconcile("Debug", "iOSDevice64"), TInputError);
+  EXPECT_EQ(world.Lines("Debug", "iOSDevice64"), TTexts{});
+}
+
+TEST(DeployModuleReconciler, TellsTheJournalOfTheStepsInTheirOrder) {
+  TReconcileWorld world;
+  world.Project.ProjectFiles = {R"(C:\work\App\a.dat)"};
+  TReconcileJournal journal;
+  world.Deployment().Reconcile("Debug", "iOSDevice64", false, journal);
+  std::vector<TReconcileStep> steps;
+  for (const TReconcileReason& reason : journal.Reasons)
+    steps.push_back(reason.Step);
+  EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
+  for (const TReconcileStep step :
+       {TReconcileStep::ProjectOutput, TReconcileStep::DebugSymbols, TReconcileStep::OSXDefaults,
+        TReconcileStep::iOSDefaults, TReconcileStep::AndroidDefaults, TReconcileStep::Artwork,
+        TReconcileStep::ProjectFiles})
+    EXPECT_NE(std::find(steps.begin(), steps.end(), step), steps.end());
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace deployment {
 namespace {
 
@@ -99,6 +101,54 @@ TEST_F(ModuleSearch, SkipsEmptyPlacesAndSeesRelativeOnesFromTheProject) {
   World.AddFile(R"(\core.vpk)");
   AddModule(R"(C:\work\App\tools\core.vpk)", TImageWidth::Bits32);
   EXPECT_EQ(Find("Win32"), R"(tools\core.vpk)");
+}
+
+TEST_F(ModuleSearch, PrefersRedistributablesToThePrograms) {
+  AddModule(R"(C:\ide\Redist\Win32\core.vpk)", TImageWidth::Bits32);
+  AddModule(R"(C:\ide\bin\core.vpk)", TImageWidth::Bits32);
+  EXPECT_EQ(Find("Win32"), R"($(ZELK)\Redist\Win32\core.vpk)");
+}
+
+TEST_F(ModuleSearch, PrefersThePlacesOfThePersonalityToThePath) {
+  World.Personalities.Environments["Ardent.Personality"].Paths[{1, "Win32"}] = R"(C:\libs)";
+  World.Host.FileUtils.Environment["PATH"] = R"(C:\path)";
+  AddModule(R"(C:\path\core.vpk)", TImageWidth::Bits32);
+  AddModule(R"(C:\libs\core.vpk)", TImageWidth::Bits32);
+  EXPECT_EQ(Find("Win32"), R"(C:\libs\core.vpk)");
+}
+
+TEST_F(ModuleSearch, TakesNothingThatIsNoImageForWin32) {
+  AddModule(R"(C:\ide\bin\core.vpk)", TImageWidth::Neither);
+  EXPECT_EQ(Find("Win32"), "core.vpk");
+}
+
+TEST_F(ModuleSearch, FindsNothingWhenTheSearchFails) {
+  AddModule(R"(C:\ide\bin\core.vpk)", TImageWidth::Bits32);
+  const TReconcileTarget target = World.Target("Win32");
+  const TModuleSearch search(target, "Win32", [](const std::string&, const std::string&) {
+    throw std::runtime_error("no room for notes");
+  });
+  AddModule(R"(C:\ide\Redist\Win32\core.vpk)", TImageWidth::Bits64);
+  EXPECT_EQ(search.FindModule("core.vpk"), "core.vpk");
+}
+
+TEST_F(ModuleSearch, FindsNothingWhenItsPlacesCannotBeWorkedOut) {
+  struct TBrokenEnvironment : TMemoryPersonalities {
+    IEnvironmentService* GetEnvironmentService(std::string_view) override {
+      throw std::runtime_error("no environment");
+    }
+  } broken;
+  World.Host.PersonalityServices = &broken;
+  AddModule(R"(C:\ide\Redist\Win32\core.vpk)", TImageWidth::Bits32);
+  EXPECT_EQ(Find("Win32"), "core.vpk");
+  EXPECT_EQ(Find("Win32", R"(C:\ide\Redist\Win32\core.vpk)"), R"(C:\ide\Redist\Win32\core.vpk)");
+}
+
+TEST_F(ModuleSearch, ExpandsTheMacrosOfTheTargetAndKeepsThem) {
+  World.Personalities.Environments["Ardent.Personality"].Paths[{1, "Win64"}] =
+      R"(libs\$(Platform)\$(Config))";
+  AddModule(R"(C:\work\App\libs\Win64\Debug\core.vpk)", TImageWidth::Bits64);
+  EXPECT_EQ(Find("Win64"), R"(libs\$(Platform)\$(Config)\core.vpk)");
 }
 
 } // namespace

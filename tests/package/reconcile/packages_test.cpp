@@ -186,5 +186,78 @@ TEST_F(Packages, TellTheJournalWhyAModuleWasPassedOver) {
   EXPECT_EQ(journal.Reasons[1].Cause, TReasonCause::NotFound);
 }
 
+TEST_F(Packages, GiveTheirResourcesInTheOrderOfTheLanguages) {
+  World.AddFile(R"(C:\lib\core.fr)");
+  Reconcile();
+  EXPECT_EQ(Entries("DependencyPackageResource"),
+            (TTexts{R"(DependencyPackageResource | C:\lib\core.de |  | core.de)",
+                    R"(DependencyPackageResource | C:\lib\core.fr |  | core.fr)",
+                    R"(DependencyPackageResource | C:\lib\core.ja |  | core.ja)"}));
+}
+
+TEST_F(Packages, PassTheDirectoryOfTheirClassOnToWhatGoesWithThem) {
+  World.Storage.Classes["DependencyPackage"]["Win32"] = "lib\\";
+  WantSymbols();
+  Reconcile();
+  EXPECT_EQ(Entries("DependencyPackageResource").front(),
+            R"(DependencyPackageResource | C:\lib\core.de | lib\ | core.de)");
+  EXPECT_EQ(Entries("DependencyPackageDebugSymbols").front(),
+            R"(DependencyPackageDebugSymbols | C:\lib\core.qds | lib\ | )");
+}
+
+TEST_F(Packages, AreFollowedPackageByPackage) {
+  World.AddFile(R"(C:\lib\net.fr)");
+  WantSymbols();
+  Reconcile();
+  TTexts names;
+  for (const auto& file : World.Deployment().FindFiles("", "Debug", "Win32", "")) {
+    if (file->GetDeploymentClass().starts_with("DependencyPackage"))
+      names.push_back(file->GetLocalName());
+  }
+  EXPECT_EQ(names, (TTexts{R"(C:\lib\core.vpk)", R"(C:\lib\net.vpk)", R"(C:\lib\core.qds)",
+                           R"(C:\lib\core.de)", R"(C:\lib\core.ja)", R"(C:\lib\net.vcp)",
+                           R"(C:\lib\net.fr)"}));
+}
+
+TEST_F(Packages, ThatTheUserListedByHandAreWholeAfterOneReconcile) {
+  WantSymbols();
+  const auto mine = World.Deployment().AddFile("Debug", "Win32", R"(C:\lib\core.vpk)");
+  mine->SetDeploymentClass("File");
+  mine->SetEnabled("Win32", true);
+  Reconcile();
+  EXPECT_EQ(Entries("DependencyPackageResource").size(), 2U);
+  EXPECT_EQ(Entries("DependencyPackageDebugSymbols").size(), 2U);
+  EXPECT_EQ(World.ChangesOf("Debug", "Win32"), TTexts{});
+}
+
+TEST_F(Packages, HaveNoFollowersWhenAnotherStepHasTheFile) {
+  World.Project.ProjectFiles = {R"(C:\work\App\own.vpk)"};
+  World.Personalities.Packages.Names = {"own.vpk"};
+  World.AddFile(R"(C:\work\App\own.de)");
+  Reconcile();
+  EXPECT_EQ(Entries("DependencyPackage"), TTexts{});
+  EXPECT_EQ(Entries("ProjectFile"), TTexts{R"(ProjectFile | own.vpk | .\ | )"});
+  EXPECT_EQ(World.ChangesOf("Debug", "Win32"), TTexts{});
+}
+
+TEST_F(Packages, AreNotTheResourcesOfEachOther) {
+  World.Personalities.Packages.Names = {R"(C:\lib\core.vpk)", R"(C:\lib\core.de)"};
+  Reconcile();
+  EXPECT_EQ(Entries(), (TTexts{R"(DependencyPackage | C:\lib\core.vpk |  | )",
+                               R"(DependencyPackage | C:\lib\core.de |  | )",
+                               R"(DependencyPackageResource | C:\lib\core.ja |  | core.ja)"}));
+  EXPECT_EQ(World.ChangesOf("Debug", "Win32"), TTexts{});
+}
+
+TEST_F(Packages, LeaveOneTargetOfAnEntryThatServesSeveral) {
+  Reconcile();
+  const auto core = World.Entry("DependencyPackage", "Debug", "Win32");
+  core->SetRemoteDir("Win64", "own\\");
+  World.Personalities.Packages.Names = {R"(C:\lib\net.vpk)"};
+  Reconcile();
+  EXPECT_EQ(core->GetPlatforms(), TTexts{"Win64"});
+  EXPECT_EQ(core->GetRemoteDir("Win64"), "own\\");
+}
+
 } // namespace
 } // namespace deployment

@@ -188,5 +188,38 @@ TEST_F(ProjectFilesWithFeatures, AddWhatIsChosenAndKeepTheModifiedFlag) {
   EXPECT_FALSE(World.Project.Modified);
 }
 
+TEST_F(ProjectFiles, OfNamesThatDifferInCaseOnlyHaveOneEntryAndTheUserIsTold) {
+  World.Project.ProjectFiles = {R"(C:\work\App\data\A.dat)", R"(C:\work\App\data\a.dat)"};
+  World.Reconcile("Debug", "Win32");
+  EXPECT_EQ(World.LinesOf("ProjectFile", "Debug", "Win32"),
+            TTexts{R"(ProjectFile | data\a.dat | .\ | )"});
+  ASSERT_EQ(World.Host.Messages.Warnings.size(), 1U);
+  EXPECT_EQ(World.Host.Messages.Warnings[0].first,
+            R"("data\A.dat" and "data\a.dat" differ in case only; they have one entry, which is )"
+            R"(that of "data\a.dat")");
+  EXPECT_EQ(World.ChangesOf("Debug", "Win32"), TTexts{});
+}
+
+TEST_F(ProjectFiles, ThatAreListedTwiceOrExcludedInOneSpellingAreNotWarnedOf) {
+  World.Project.ProjectFiles = {R"(C:\work\App\a.dat)", R"(C:\work\App\a.dat)",
+                                R"(C:\work\App\x.H)", R"(C:\work\App\x.h)"};
+  World.Reconcile("Debug", "Win32");
+  EXPECT_EQ(World.LinesOf("ProjectFile", "Debug", "Win32"),
+            (TTexts{R"(ProjectFile | a.dat | .\ | )", R"(ProjectFile | x.H | .\ | )"}));
+  EXPECT_TRUE(World.Host.Messages.Warnings.empty());
+}
+
+TEST_F(ProjectFiles, ThatLeftTheProjectLeaveOneTargetOfASharedEntry) {
+  World.Project.ProjectFiles = {R"(C:\work\App\a.dat)", R"(C:\work\App\b.dat)"};
+  World.Reconcile("Debug", "Win32");
+  const auto shared = World.Deployment().FindFile("Debug", "Win32", "a.dat");
+  shared->SetEnabled("Win64", true);
+  World.Project.ProjectFiles = {R"(C:\work\App\b.dat)"};
+  World.Reconcile("Debug", "Win64");
+  EXPECT_EQ(shared->GetPlatforms(), TTexts{"Win32"});
+  World.Reconcile("Debug", "Win32");
+  EXPECT_EQ(World.Deployment().FindFiles("a.dat", "", "", "").size(), 0U);
+}
+
 } // namespace
 } // namespace deployment

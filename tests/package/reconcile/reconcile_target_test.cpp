@@ -97,5 +97,21 @@ TEST(ReconcileTarget, LooksForFilesWithTheMacrosOfTheTargetExpanded) {
   EXPECT_TRUE(world.Target("Win32").Exists("a.dat"));
 }
 
+TEST(ReconcileTarget, LooksForADotInTheNameOfAProgramAlone) {
+  TReconcileWorld world;
+  const auto target = world.Target("iOSDevice64");
+  EXPECT_EQ(target.ChangeFileExtension(R"(out.v2\App)", ".dSYM"), R"(out.v2\App.dSYM)");
+  EXPECT_EQ(target.ChangeFileExtension(R"(out.v2\App.v2)", ".dSYM"), R"(out.v2\App.v2.dSYM)");
+  EXPECT_EQ(target.ChangeFileExtension(R"(out.v2\App)", ""), R"(out.v2\App)");
+}
+
+TEST(ReconcileTarget, TakesAConsoleProgramForAProgram) {
+  TReconcileWorld world;
+  world.Project.ApplicationType = "Console";
+  EXPECT_EQ(world.Target("OSX32").ChangeFileExtension("App.v2", ".qds"), "App.v2.qds");
+  world.Project.ApplicationType = "Library";
+  EXPECT_EQ(world.Target("OSX32").ChangeFileExtension("App.v2", ".qds"), "App.qds");
+}
+
 } // namespace
 } // namespace deployment

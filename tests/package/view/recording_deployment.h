@@ -129,10 +129,6 @@ public:
       text.append(" ").append(platform);
     Log.push_back(text.append(keepAddedFiles ? " keeping" : " dropping"));
   }
-  std::shared_ptr<const IFeatureFileForm> GetFeaturedFiles(std::string_view extension) override {
-    return Real.GetFeaturedFiles(extension);
-  }
-  void ModifyFeaturedFiles(bool& showAuto) override { Real.ModifyFeaturedFiles(showAuto); }
   void SaveToDeployProj() override { Real.SaveToDeployProj(); }
 
   std::vector<std::string> Log;

@@ -4,6 +4,7 @@
 #include "tests/support/memory_xml.h"
 #include "tests/support/temporary_directory.h"
 #include "workbench/msbuild/msbuild_evaluation.h"
+#include "workbench/project/cpp/cpp_dialect.h"
 #include "workbench/project/project_settings.h"
 
 #include <gtest/gtest.h>
@@ -44,15 +45,16 @@ protected:
   TMSBuildEvaluation& Evaluate(std::string_view content, const TNamedTexts& globals = {}) {
     Parse(content);
     Evaluation = std::make_unique<TMSBuildEvaluation>(
-        TEvaluationSource{Root.get(), Directory / "Demo.vproj", &Imports, Environment, {}},
-        globals);
+        TEvaluationSource{Root.get(), Directory / "Demo.vproj", &Imports, Environment}, globals);
     return *Evaluation;
   }
 
   TProjectSettings& Open(std::string_view content) {
     Parse(content);
-    Settings = std::make_unique<TProjectSettings>(*Root, Directory / "Demo.vproj", Imports, Table,
-                                                  Environment);
+    Cpp = std::make_unique<TCppDialect>(Imports, Table, Properties);
+    Settings = std::make_unique<TProjectSettings>(
+        *Root, Directory / "Demo.vproj", Imports, Table,
+        TProjectSurroundings{Environment, Properties, Cpp.get()});
     return *Settings;
   }
 
@@ -74,10 +76,12 @@ protected:
   testing::TTemporaryDirectory Temporary;
   std::filesystem::path Directory = Temporary.Path();
   TNamedTexts Environment;
+  TNamedTexts Properties;
   TMemoryImports Imports;
   TPlatformTable Table = TPlatformTable::BuiltIn();
   std::unique_ptr<deployment::TMemoryXMLNode> Root;
   std::unique_ptr<TMSBuildEvaluation> Evaluation;
+  std::unique_ptr<TCppDialect> Cpp;
   std::unique_ptr<TProjectSettings> Settings;
 };
 

@@ -13,6 +13,9 @@ public:
   explicit TOwner(std::string name) : FName(std::move(name)) {}
 
   std::string GetName() const override { return FName; }
+  deployment::TSectionLayout GetLayout(deployment::IXMLNode& node) const override {
+    return {node.HasChildren() ? 3 : 1, node.HasChildren()};
+  }
   void CreatingProject(deployment::IOTAModule& /*module*/) override { Calls += "creating "; }
   void ProjectLoaded(deployment::IOTAModule& /*module*/, deployment::IXMLNode* node) override {
     Calls += node ? "loaded:" + std::string(node->NodeName()) + " " : "loaded without section ";

@@ -1,6 +1,7 @@
 // deploymgr featured: the catalog of optional files, and what a project takes from it.
 #include "package/common/case_fold.h"
 #include "package/common/delimited_list.h"
+#include "package/common/text_trim.h"
 #include "package/host/api/forms.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
@@ -132,7 +133,7 @@ public:
         context, FProject, edits && !FChange.DryRun ? TOpenPurpose::Edit : TOpenPurpose::Look);
     WarnOfTarget(context, &project, "optional files are for every configuration and platform");
     project.Deployment().GetFiles(); // a project without a list gets the default classes
-    const auto form = project.Deployment().GetFeaturedFiles(Extension());
+    const auto form = Form(context, project);
     if (TakesNoFiles(*form))
       context.Output.Warn(
           {"the project has no configuration but Base, so it takes no optional files",
@@ -147,7 +148,13 @@ public:
 private:
   // People leave out the dot.
   std::string Extension() const {
-    return FExtension.empty() || FExtension.front() == '.' ? FExtension : "." + FExtension;
+    const std::string extension(deployment::Trimmed(FExtension));
+    return extension.empty() || extension.front() == '.' ? extension : "." + extension;
+  }
+
+  std::shared_ptr<const IFeatureFileForm> Form(TCommandContext& context,
+                                               TOpenProject& project) const {
+    return context.Session.DeploymentService().GetFeaturedFiles(project.Project(), Extension());
   }
 
   // The title as the catalog has it. Throws TUsageError for one that it has not.
@@ -183,19 +190,19 @@ private:
     TListChanges list(deployment);
     TChoosingForms forms(FChosen, FDropped);
     context.Session.SetModalForms(&forms);
-    bool showAuto =
-        context.Session.Settings().ReadBool("DeploymentManager", "ShowFeaturedFormAuto", true);
-    deployment.ModifyFeaturedFiles(showAuto);
+    context.Session.DeploymentService().ModifyFeaturedFiles(project.Project());
     context.Session.SetModalForms(nullptr);
     const TTargetChanges changes = list.Finish().front();
     const bool changed = !changes.IsEmpty() || project.HasPropertyChanges();
+    if (changed)
+      project.RequireShippedFiles();
     if (changed && !FChange.DryRun) {
       const std::size_t told = project.Warnings().size();
       project.Save(FChange.ForceSave);
       WarnSince(context, project, told);
     }
     if (context.Output.IsJson())
-      return List(context, *deployment.GetFeaturedFiles(Extension()));
+      return List(context, *Form(context, project));
     PrintChanges(context.Output, changes, FChange.DryRun);
     if (!changed)
       context.Output.Line("nothing to do");

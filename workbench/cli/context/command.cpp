@@ -1,12 +1,40 @@
 #include "workbench/cli/context/command.h"
 
+#include "package/common/case_fold.h"
+#include "package/common/delimited_list.h"
+#include "package/common/errors.h"
+#include "workbench/cli/context/project_argument.h"
+#include "workbench/project/cpp/solution.h"
+
 namespace workbench {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void RefuseSolution(const fs::path& file) {
+  std::vector<std::string> names;
+  for (const TSolutionProject& project : TSolution::Read(file).Projects())
+    names.push_back(project.StoredPath);
+  throw TUsageError("\"" + file.string() + "\" is a solution; name one of its projects: " +
+                    deployment::JoinDelimited(names, ", "));
+}
+
+} // namespace
 
 void AddChangeOptions(IOptions& options, TChangeOptions& change) {
   options.Flag("--dry-run", change.DryRun, "Say what would change; change nothing");
   options.Flag("--yes", change.Yes, "Answer every question with yes");
   options.Flag("--force-save", change.ForceSave,
                "Overwrite a project that changed on disk since it was read");
+}
+
+void AddCheckOption(IOptions& options, TChangeOptions& change) {
+  options.Flag("--check", change.Check,
+               "Change nothing; end with 7 when something would change, else with 0");
+}
+
+int StatusOf(const TChangeOptions& change, bool changed) {
+  return change.Check && changed ? exit_status::WouldChange : exit_status::Done;
 }
 
 void AddProjectArgument(IOptions& options, std::string& project, bool required) {
@@ -16,11 +44,20 @@ void AddProjectArgument(IOptions& options, std::string& project, bool required) 
 }
 
 TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOpenPurpose purpose) {
-  if (file.empty())
-    throw TUsageError("the name of the project file is empty");
-  TOpenProject& project = context.Session.Open(file, purpose);
-  WarnSince(context, project, 0);
-  return project;
+  const std::filesystem::path found = FindProject(file);
+  if (deployment::SameText(found.extension().string(), ".sln"))
+    RefuseSolution(found);
+  context.Session.CheckInstallation();
+  try {
+    TOpenProject& project = context.Session.Open(found, purpose);
+    WarnSince(context, project, 0);
+    return project;
+  } catch (const deployment::TInputError&) {
+    if (HasProjectName(found) || MayBeXml(found))
+      throw;
+    throw deployment::TInputError("this is no project: MSBuild projects are XML files",
+                                  {found.string(), 0});
+  }
 }
 
 void WarnSince(TCommandContext& context, const TOpenProject& project, std::size_t told) {

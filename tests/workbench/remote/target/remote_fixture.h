@@ -7,11 +7,34 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
 namespace workbench::testing {
+
+/// How a plan is to be carried out, and what comes of it.
+struct TTestRun {
+  unsigned Jobs = 0;
+  IDeployObserver* Observer = nullptr; ///< null: nobody hears of it
+  std::atomic<int> Cancelled = 0;
+  TDeployReport Report = {};
+
+  void Execute(const TDeployPlan& plan, IRemoteConnection& connection, const TConnect& connect,
+               const std::filesystem::path& directory) {
+    TSilentObserver nobody;
+    Report.Rows = RowsOf(plan);
+    ExecuteDeployPlan(plan,
+                      {.Connection = connection,
+                       .Connect = connect,
+                       .Directory = directory,
+                       .Jobs = Jobs,
+                       .Observer = Observer ? *Observer : nobody,
+                       .Cancelled = Cancelled},
+                      Report);
+  }
+};
 
 class TRemotePlace {
 public:
@@ -41,15 +64,17 @@ public:
 
   TDeployPlan Plan(std::vector<TDeployFile> files, const TPlanOptions& options = {}) const {
     TFolderConnection connection(Target());
-    return MakeDeployPlan(std::move(files), options,
-                          [&]() -> IRemoteConnection& { return connection; });
+    return MakeDeployPlan(
+        std::move(files), options, [&]() -> IRemoteConnection& { return connection; },
+        [this] { return Record; });
   }
-  void Execute(const TDeployPlan& plan, TDeployRun& run) const {
+  void Execute(const TDeployPlan& plan, TTestRun& run) const {
     TFolderConnection connection(Target());
     const TConnect connect = [this] { return std::make_unique<TFolderConnection>(Target()); };
-    run.Report.Rows = RowsOf(plan);
-    ExecuteDeployPlan(plan, connection, connect, Local(), run);
+    run.Execute(plan, connection, connect, Local());
   }
+
+  TTargetRecord Record = {}; ///< what plans know of earlier deploys
 
 private:
   TTemporaryDirectory FTemporary;
