@@ -130,6 +130,15 @@ TEST_F(AddFiles, OfATreeLeavesOutTheProjectAndLinksToDirectories) {
       << run.Errors;
 }
 
+TEST_F(AddFiles, OfATreeOutsideTheProjectAreNamed) {
+  Place.Write("in/p.vproj", ProjectWith(""));
+  Place.Write("maps/a.dat", "x");
+  const TRun run = Place.Run({"add", "in/p.vproj", "--tree", "maps"});
+  EXPECT_EQ(run.Status, 1);
+  EXPECT_EQ(run.Errors, "deploymgr: outside the project's directory: \"..\\maps\\a.dat\"; "
+                        "--outside adds them all the same\n");
+}
+
 TEST_F(AddFiles, OfATreeThatIsNoneFails) {
   std::filesystem::create_directory(Place.Path("empty"));
   Place.Write("file", "x");

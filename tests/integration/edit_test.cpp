@@ -55,45 +55,6 @@ TEST(Add, TakesTheDefaultDirectoryOfThePlatform) {
   EXPECT_EQ(record["enabled"], false);
 }
 
-<<<<<<< ours
-=======
-TEST(Add, LeavesAnEntryOfTheSameKeyAsItIs) {
-  TWorkplace place;
-  place.Write("p.vproj", ProjectWith(ListOf(Entry("a.dat", "Debug", "Win32"))));
-  const std::string before = place.Read("p.vproj");
-  const TRun run = place.Run({"add", "p.vproj", "a.dat", "--remote-dir", "elsewhere"});
-  EXPECT_EQ(run.Status, 0);
-  EXPECT_EQ(run.Output, "nothing to do\n");
-  EXPECT_EQ(run.Errors, "deploymgr: p.vproj: warning: \"a.dat\" is on the list for Debug, Win32 "
-                        "already; \"set\" changes it\n");
-  EXPECT_EQ(place.Read("p.vproj"), before);
-}
-
-TEST(Add, StoresAFileForAllPlatformsSoThatItSurvivesASave) {
-  TWorkplace place;
-  place.Write("p.vproj", ProjectWith(""));
-  place.Write("a.dat", "x");
-  ASSERT_EQ(place.Run({"add", "p.vproj", "a.dat", "-p", "all"}).Status, 0);
-  EXPECT_TRUE(FilesOf(place)[0]["platforms"].contains("All"));
-  const std::string side = place.Read("p.deployproj");
-  std::size_t count = 0;
-  for (std::size_t at = side.find("<DeployFile "); at != std::string::npos;
-       at = side.find("<DeployFile ", at + 1))
-    ++count;
-  EXPECT_EQ(count, 9U);
-}
-
-TEST(Add, RefusesDirectoriesAndControlCharacters) {
-  TWorkplace place;
-  place.Write("p.vproj", ProjectWith(""));
-  place.Write("data/x", "x");
-  EXPECT_EQ(place.Run({"add", "p.vproj", "data"}).Status, 1);
-  EXPECT_EQ(place.Run({"add", "p.vproj", "a\nb"}).Status, 2);
-  EXPECT_EQ(place.Run({"add", "p.vproj", ""}).Status, 2);
-  EXPECT_EQ(place.Read("p.vproj"), ProjectWith(""));
-}
-
->>>>>>> theirs
 TEST(Set, FindsAnEntryIgnoringCaseAndKindOfDelimiter) {
   TWorkplace place;
   place.Write("p.vproj", ProjectWith(ListOf(Entry("Data\\\xC3\x84pfel.dat", "Debug", "Win32"))));

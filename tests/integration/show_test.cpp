@@ -107,13 +107,8 @@ TEST(Tables, ShowAPlatformThatWasAddedToTheFile) {
   table.insert(android, copy + "\n");
   place.Write("root/ObjRepos/Deploy/platforms.xml", table);
   place.Write("p.vproj", ProjectWith(""));
-<<<<<<< ours
   const TRun run = place.Run(
-      {"add", "p.vproj", "x.so", "-p", "Linux64", "--root", "root", "--missing-ok", "--quiet"});
-=======
-  const TRun run =
-      place.Run({"add", "p.vproj", "x.so", "-p", "Orbit", "--root", "root", "--quiet"});
->>>>>>> theirs
+      {"add", "p.vproj", "x.so", "-p", "Orbit", "--root", "root", "--missing-ok", "--quiet"});
   EXPECT_EQ(run.Status, 0) << run.Errors;
   EXPECT_NE(place.Read("p.deployproj").find("'$(Platform)'=='Orbit'"), std::string::npos);
 }

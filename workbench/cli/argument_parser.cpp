@@ -241,7 +241,7 @@ private:
       if (each.first->parsed())
         chosen = each.first;
     }
-    const std::string message = WithoutGuards(error.what());
+    std::string message = WithoutGuards(error.what());
     if (dynamic_cast<const CLI::ExtrasError*>(&error)) {
       for (const std::string& extra : FApp.remaining(/*recurse=*/true))
         return UnknownArgument(*chosen, Unguarded(extra));

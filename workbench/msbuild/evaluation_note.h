@@ -16,7 +16,7 @@ enum class TNoteKind {
   WrongConfiguration, ///< a configuration was taken as a child of the base one
   WrongFunction,      ///< a property calls a function in a way in which no build could
   UnknownValue,       ///< an answer needs what this machine cannot know
-  FromOutside,        ///< the environment, not the project, decided
+  FromOutside,        ///< something beside the project decided, such as one of several solutions
 };
 
 /// Something that was passed over.

@@ -61,12 +61,10 @@ TNamedTexts TOwnDialect::TargetProperties(const TProjectTarget& target) const {
   return {{"Config", target.Configuration}, {"Platform", target.Platform}};
 }
 
-bool TOwnDialect::ReadLayout(TMSBuildEvaluation& evaluation, const TOutsideProperties& given,
+bool TOwnDialect::ReadLayout(TMSBuildEvaluation& evaluation, const TOutsideProperties& /*given*/,
                              std::string_view lastPlatform, TProjectLayout& layout,
-                             TEvaluationNotes& notes) const {
+                             TEvaluationNotes& /*notes*/) const {
   layout = ReadProjectLayout(evaluation, lastPlatform);
-  given.NoteOf("Config", layout.ActiveConfiguration, notes);
-  given.NoteOf("Platform", layout.ActivePlatform, notes);
   return std::ranges::none_of(evaluation.Items(), [](const TProjectItem& item) {
     return deployment::SameText(item.Type, "ProjectConfiguration");
   });

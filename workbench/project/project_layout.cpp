@@ -55,21 +55,6 @@ std::optional<std::string> TOutsideProperties::Find(std::string_view name) const
   return std::nullopt;
 }
 
-void TOutsideProperties::NoteOf(std::string_view name, std::string_view value,
-                                TEvaluationNotes& notes) const {
-  const auto isNamed = [&](const TNamedText& text) {
-    return deployment::SameText(text.Name, name) && text.Text == value;
-  };
-  if (value.empty() || std::ranges::any_of(Given, isNamed))
-    return;
-  const auto found = std::ranges::find_if(Environment, isNamed);
-  if (found != Environment.end())
-    notes.push_back({TNoteKind::FromOutside,
-                     "\"" + std::string(value) + "\" of the active target comes from the " +
-                         "environment variable " + found->Name,
-                     {ProjectFile, 0}});
-}
-
 std::vector<TProjectPlatform> ReadTargetPlatforms(const std::vector<TProjectItem>& items) {
   std::vector<TProjectPlatform> platforms;
   for (const TProjectItem& item : items) {

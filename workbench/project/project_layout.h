@@ -22,13 +22,10 @@ struct TProjectPlatform {
 struct TOutsideProperties {
   TNamedTexts Environment;
   TNamedTexts Given;
-  std::string ProjectFile; ///< what notes point at
 
   /// The value that was given, else that of the environment, names compared ignoring case; nothing
   /// when neither has it.
   std::optional<std::string> Find(std::string_view name) const;
-  /// Notes that a part of the active target comes from the environment, when it does.
-  void NoteOf(std::string_view name, std::string_view value, TEvaluationNotes& notes) const;
 };
 
 /// What a project says about its targets.

@@ -71,8 +71,7 @@ TNamedTexts TProjectSettings::GlobalsFor(IProjectDialect& dialect) const {
 bool TProjectSettings::TryLayout(IProjectDialect& dialect) {
   TMSBuildEvaluation evaluation(SourceFor(dialect, {}), GlobalsFor(dialect));
   const std::vector<std::string> known = FPlatformTable.Names();
-  const TOutsideProperties given{FSource.Environment, FSurroundings.Properties,
-                                 FSource.ProjectFile.string()};
+  const TOutsideProperties given{FSource.Environment, FSurroundings.Properties};
   TEvaluationNotes notes;
   if (!dialect.ReadLayout(evaluation, given, known.empty() ? "Win32" : known.front(), FLayout,
                           notes))

@@ -134,18 +134,6 @@ TEST_F(ProjectSettings, LeaveOutWhatIsCompiled) {
             std::vector<std::string>{PathOf("a.png")});
 }
 
-TEST_F(ProjectSettings, NoteATargetThatComesFromTheEnvironment) {
-  Environment = {{"CONFIG", "Release"}, {"PLATFORM", "linux/amd64"}};
-  const TProjectSettings& settings =
-      Open("<ItemGroup><BuildConfiguration Include=\"Release\"/></ItemGroup>");
-  EXPECT_EQ(settings.ActivePlatform(), "linux/amd64");
-  ASSERT_EQ(settings.Notes().size(), 2U);
-  EXPECT_EQ(settings.Notes()[0].Text,
-            "\"Release\" of the active target comes from the environment variable CONFIG");
-  EXPECT_EQ(settings.Notes()[1].Text,
-            "\"linux/amd64\" of the active target comes from the environment variable PLATFORM");
-}
-
 TEST_F(ProjectSettings, TakeGivenPropertiesOverThoseOfTheProject) {
   Environment = {{"A", "environment"}};
   Properties = {{"A", "given"}, {"OutputDir", "elsewhere"}};

@@ -98,7 +98,10 @@ private:
       output.Line("  " + Visible(reason));
     if (FTarget.Platform == deployment::sAllPlatforms) {
       for (const auto& [platform, remoteFile] : entry.Landings)
-        output.Line("  lands at " + Visible(remoteFile + " on " + platform));
+        output.Line(std::string("  lands at ")
+                        .append(Visible(remoteFile))
+                        .append(" on ")
+                        .append(Visible(platform)));
       return;
     }
     const auto& [platform, remoteFile] = entry.Landings.front();

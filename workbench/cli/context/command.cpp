@@ -1,25 +1,10 @@
 #include "workbench/cli/context/command.h"
 
 #include "package/common/case_fold.h"
-#include "package/common/delimited_list.h"
 #include "package/common/errors.h"
 #include "workbench/cli/context/project_argument.h"
-#include "workbench/project/cpp/solution.h"
 
 namespace workbench {
-namespace {
-
-namespace fs = std::filesystem;
-
-[[noreturn]] void RefuseSolution(const fs::path& file) {
-  std::vector<std::string> names;
-  for (const TSolutionProject& project : TSolution::Read(file).Projects())
-    names.push_back(project.StoredPath);
-  throw TUsageError("\"" + file.string() + "\" is a solution; name one of its projects: " +
-                    deployment::JoinDelimited(names, ", "));
-}
-
-} // namespace
 
 void AddChangeOptions(IOptions& options, TChangeOptions& change) {
   options.Flag("--dry-run", change.DryRun, "Say what would change; change nothing");
@@ -45,8 +30,6 @@ void AddProjectArgument(IOptions& options, std::string& project, bool required) 
 
 TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOpenPurpose purpose) {
   const std::filesystem::path found = FindProject(file);
-  if (deployment::SameText(found.extension().string(), ".sln"))
-    RefuseSolution(found);
   context.Session.CheckInstallation();
   try {
     TOpenProject& project = context.Session.Open(found, purpose);
@@ -55,7 +38,9 @@ TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOp
   } catch (const deployment::TInputError&) {
     if (HasProjectName(found) || MayBeXml(found))
       throw;
-    throw deployment::TInputError("this is no project: MSBuild projects are XML files",
+    const bool isSolution = deployment::SameText(found.extension().string(), ".sln");
+    throw deployment::TInputError(isSolution ? "this is a solution; name one of the projects in it"
+                                             : "this is no project: MSBuild projects are XML files",
                                   {found.string(), 0});
   }
 }

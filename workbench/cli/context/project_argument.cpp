@@ -69,6 +69,7 @@ fs::path FindProject(const std::string& argument) {
   if (projects.size() == 1)
     return projects.front();
   std::vector<std::string> names;
+  names.reserve(projects.size());
   for (const fs::path& project : projects)
     names.push_back(project.filename().string());
   throw TUsageError("the directory \"" + argument + "\" holds " + std::to_string(names.size()) +
@@ -84,8 +85,12 @@ void CheckOrder(const std::string& command, const std::string& project,
     return;
   for (const std::string& file : files) {
     if (HasProjectName(file) && fs::is_regular_file(file, ignored))
-      throw TUsageError("the project comes first: deploymgr " + command + " " + file + " " +
-                        project);
+      throw TUsageError(std::string("the project comes first: deploymgr ")
+                            .append(command)
+                            .append(" ")
+                            .append(file)
+                            .append(" ")
+                            .append(project));
   }
 }
 

@@ -93,7 +93,10 @@ void CheckEnvironment(TCommandContext& context, const TOpenProject& project) {
   }
   if (context.Options.Platform.empty()) {
     const std::string& active = settings.ActivePlatform();
-    note(VariableWith({"Platform"}, active), "platform", active,
+    std::string variable = VariableWith({"Platform"}, active);
+    if (variable.empty())
+      variable = VariableWith({"Platform"}, settings.BuildPlatformName(active));
+    note(variable, "platform", active,
          IsKnownPlatform(context, nullptr, active) || settings.FindPlatform(active), "--platform");
   }
 }

@@ -71,8 +71,10 @@ public:
 
   void AddTree(TCommandContext& context, const std::string& argument) {
     TAddedTree tree = Guarded([&] { return FilesOfTree(argument, FProjectFile); });
-    for (TAddedFile& file : tree.Files)
-      Take(file.LocalName, std::move(file));
+    for (TAddedFile& file : tree.Files) {
+      const std::string name = file.LocalName;
+      Take(name, std::move(file));
+    }
     for (const std::string& link : tree.LeftOut)
       context.Output.Warn({"the link to a directory is left out", link, 0});
   }

@@ -215,9 +215,6 @@ bool TCppDialect::ReadLayout(TMSBuildEvaluation& evaluation, const TOutsidePrope
   layout.ActivePlatform = PlatformFromCpp(given.Find("Platform").value_or(""));
   if (layout.ActivePlatform.empty())
     layout.ActivePlatform = DefaultPlatform(*record, lastPlatform);
-  given.NoteOf("Config", layout.ActiveConfiguration, notes);
-  given.NoteOf("Configuration", layout.ActiveConfiguration, notes);
-  given.NoteOf("Platform", PlatformToCpp(layout.ActivePlatform), notes);
   return true;
 }
 
