@@ -196,7 +196,8 @@ TEST(DeployModuleReconciler, PutsTheModifiedFlagBackInBothDirections) {
 TEST(DeployModuleReconciler, PassesTheFirstErrorOnWhenTheFlagCannotBePutBack) {
   struct TStubbornProject : TMemoryProject {
     void SetModified(bool) override { throw std::runtime_error("the flag is stuck"); }
-    std::vector<std::string> GetCompleteFileList() const override {
+    std::vector<std::string> GetCompleteFileList(std::string_view,
+                                                 std::string_view) const override {
       throw TInputError("no list of files");
     }
   } project;

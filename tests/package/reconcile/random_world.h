@@ -85,18 +85,20 @@ struct TFailingProject : TMemoryProject {
     Calls.Count();
     return TMemoryProject::GetPersonality();
   }
-  std::string GetApplicationType() const override {
+  std::string GetApplicationType(std::string_view configuration,
+                                 std::string_view platform) const override {
     Calls.Count();
-    return TMemoryProject::GetApplicationType();
+    return TMemoryProject::GetApplicationType(configuration, platform);
   }
   std::string GetOutputFileName(std::string_view configuration,
                                 std::string_view platform) const override {
     Calls.Count();
     return TMemoryProject::GetOutputFileName(configuration, platform);
   }
-  std::vector<std::string> GetCompleteFileList() const override {
+  std::vector<std::string> GetCompleteFileList(std::string_view configuration,
+                                               std::string_view platform) const override {
     Calls.Count();
-    return TMemoryProject::GetCompleteFileList();
+    return TMemoryProject::GetCompleteFileList(configuration, platform);
   }
   IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override {
     Calls.Count();

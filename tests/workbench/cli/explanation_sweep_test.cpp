@@ -2,6 +2,7 @@
 // the list shows.
 #include "package/common/path_text.h"
 #include "tests/workbench/session/session_fixture.h"
+#include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/cli/entries/explanation.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/project/project_settings.h"
@@ -41,7 +42,7 @@ protected:
     TOpenProject& project = Host().Open(FProject, TOpenPurpose::Look);
     std::vector<TShown> shown;
     {
-      TCommandContext context{FOptions, Host(), FOutput};
+      TCommandContext context{FOptions, Host(), FOutput, FInteraction};
       TDeploymentView view(context);
       const bool all = target.Platform == deployment::sAllPlatforms;
       view.Open(project, {target.Configuration, all ? "" : target.Platform, all});
@@ -144,6 +145,7 @@ protected:
   std::set<std::string> FNames;
   TCommonOptions FOptions;
   TOutput FOutput{/*json=*/false, /*quiet=*/true, /*noColor=*/true};
+  TTerminalInteraction FInteraction{FOutput};
 };
 
 TEST_P(ExplanationSweep, AgreesWithTheListOfEveryTarget) {
