@@ -50,7 +50,8 @@ public:
   /// State and action of each file of a deploy or a dry run, by name.
   static std::string Actions(const TRun& run) {
     std::string text;
-    for (const auto& file : run.Json()["files"])
+    const TJson document = run.Json();
+    for (const auto& file : document["files"])
       text += file["localName"].get<std::string>() + " " +
               (file["state"].is_null() ? "-" : file["state"].get<std::string>()) + " " +
               file["action"].get<std::string>() + ";";
@@ -137,14 +138,15 @@ TEST(Record, TellsWhoChangedWhat) {
   const TRun status = place.Do("status");
   ASSERT_EQ(status.Status, 0) << status.Errors;
   std::string states;
-  for (const auto& row : status.Json()["rows"]) {
+  const TJson document = status.Json();
+  for (const auto& row : document["rows"]) {
     if (row["checked"] == true)
       states += row["localName"].get<std::string>() + " " + row["state"].get<std::string>() + " " +
                 row["decidedBy"].get<std::string>() + ";";
   }
   EXPECT_EQ(states, "same same time;here changed time;there changed-there hash;both conflict hash;"
                     "gone gone-there time;new new time;old unrecorded time;");
-  EXPECT_EQ(status.Json()["lastRun"]["copied"], 5);
+  EXPECT_EQ(document["lastRun"]["copied"], 5);
   const TRun deploy = place.Do("deploy");
   EXPECT_EQ(deploy.Status, 8) << deploy.Errors;
   EXPECT_EQ(TRecordPlace::Actions(deploy),
