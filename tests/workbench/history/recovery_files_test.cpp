@@ -137,8 +137,9 @@ TEST_F(RecoveryFiles, ReportsWhatItCannotReadAndLeavesItInPlace) {
             "it was written by another version of this program (format 99)");
   const std::string head = HeadLine("/p/x.vproj", {1, "00"});
   EXPECT_NE(problemOf(head + line("{\"step\":\"s\"}")).find("entries"), std::string::npos);
-  EXPECT_NE(problemOf(head + line("{\"step\":\"s\",\"entries\":[{\"after\":7}]}")).find("should be"),
-            std::string::npos);
+  EXPECT_NE(
+      problemOf(head + line("{\"step\":\"s\",\"entries\":[{\"after\":7}]}")).find("should be"),
+      std::string::npos);
   std::filesystem::remove(Directory() / "x.journal");
   std::filesystem::create_directory(Directory() / "d.journal");
   Write(Directory() / "unrelated.txt", "no journal");

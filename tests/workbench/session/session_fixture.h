@@ -2,8 +2,8 @@
 #pragma once
 
 #include "package/common/errors.h"
-#include "tests/workbench/files/save_fixture.h"
 #include "tests/support/environment.h"
+#include "tests/workbench/files/save_fixture.h"
 #include "workbench/files/file_backup.h"
 #include "workbench/files/file_lock.h"
 #include "workbench/files/save_error.h"

@@ -212,7 +212,8 @@ TEST_F(CMakeReply, ThatIsCutAnywhereIsRefusedWithItsFile) {
       Place.Write(file, whole.str().substr(0, size));
       const std::string error = Place.ErrorOf();
       EXPECT_TRUE(error.starts_with(file + ":")) << error;
-      EXPECT_NE(error.find("the reply of CMake cannot be read: it is no JSON"), std::string::npos) << error;
+      EXPECT_NE(error.find("the reply of CMake cannot be read: it is no JSON"), std::string::npos)
+          << error;
     }
     Place.Write(file, whole.str());
   }
