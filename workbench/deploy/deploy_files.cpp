@@ -5,7 +5,6 @@
 #include "package/common/path_text.h"
 #include "workbench/files/machine_path.h"
 
-#include <algorithm>
 #include <unordered_set>
 
 namespace workbench {
