@@ -51,7 +51,7 @@ void ReconcileProjectFilesAnew(benchmark::State& state) {
     state.PauseTiming();
     TOpenProject& project = session.Open(file, TOpenPurpose::Look);
     project.Deployment().GetFiles();
-    benchmark::DoNotOptimize(project.Project().GetCompleteFileList());
+    benchmark::DoNotOptimize(project.Project().GetCompleteFileList({}, {}));
     state.ResumeTiming();
     project.Deployment().Reconcile("Debug", "Win32");
     state.PauseTiming();

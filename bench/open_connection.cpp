@@ -16,15 +16,6 @@ namespace {
 
 using namespace workbench;
 
-class TDesk final : public IDeployDesk {
-public:
-  explicit TDesk(bool dryRun) { Run.Options.DryRun = dryRun; }
-  TDeployRun& Begin() override { return Run; }
-  void End(TDeployRun&) override {}
-
-  TDeployRun Run;
-};
-
 class TBench {
 public:
   explicit TBench(const char* project)
@@ -59,14 +50,13 @@ private:
     FServices.EndRemoteQueries(*FProfile);
   }
   TDeployReport Deploy(bool dryRun) {
-    TDesk desk(dryRun);
-    FServices.SetDeployDesk(&desk);
-    FServices.Deploy(FProject, FPlatform, FConfiguration, /*final=*/true);
-    FServices.SetDeployDesk(nullptr);
-    TDeployReport& report = desk.Run.Report;
+    TSilentObserver nobody;
+    TDeployReport report = FServices.Deploys().Deploy(
+        {.Project = FProject, .Target = {FConfiguration, FPlatform}, .Options = {.DryRun = dryRun}},
+        nobody);
     if (report.End != TDeployEnd::Done)
       throw std::runtime_error("the deploy failed: " + report.Message);
-    return std::move(report);
+    return report;
   }
 
   TSession FSession{TSessionOptions{}};

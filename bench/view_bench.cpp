@@ -4,6 +4,7 @@
 #include "bench/sample_project.h"
 #include "package/common/case_fold.h"
 #include "workbench/controls/memory_controls.h"
+#include "workbench/project/project_settings.h"
 #include "workbench/services/editor_views.h"
 #include "workbench/session/session.h"
 
@@ -39,7 +40,10 @@ class TShownProject final : public workbench::IEditorArea {
 public:
   explicit TShownProject(std::size_t rows) {
     FSession.SetEditorArea(this);
-    FSession.ShowDeployment(FSession.Open(bench::SampleProject(rows), TOpenPurpose::Look));
+    workbench::TOpenProject& project =
+        FSession.Open(bench::SampleProject(rows), TOpenPurpose::Look);
+    FSession.ShowDeployment(
+        project, {{project.Settings().ActiveConfiguration(), project.Settings().ActivePlatform()}});
   }
   ~TShownProject() override { FSession.CloseViews(); }
   TShownProject(const TShownProject&) = delete;

@@ -37,6 +37,10 @@ room(workbench/msbuild SEES ${FOUNDATION} workbench/files workbench/text workben
 room(workbench/platforms SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/project SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
   workbench/text workbench/xml)
+room(workbench/project/build_import SEES ${FOUNDATION} workbench/files workbench/json
+  workbench/process workbench/project workbench/text)
+room(workbench/project/cpp SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
+  workbench/project workbench/text workbench/xml)
 room(workbench/controls SEES ${FOUNDATION})
 room(workbench/list SEES ${FOUNDATION} workbench/json workbench/text)
 
@@ -49,34 +53,40 @@ room(workbench/remote/ssh SEES ${FOUNDATION} workbench/files workbench/process
   workbench/remote/sftp workbench/remote/target workbench/text)
 set(REMOTE workbench/remote/target workbench/remote/folder workbench/remote/sftp
   workbench/remote/ssh)
-room(workbench/remote/profile SEES ${FOUNDATION} workbench/files workbench/json ${REMOTE}
+room(workbench/remote/profile SEES ${FOUNDATION} ${REMOTE} workbench/files workbench/json
   workbench/text)
-room(workbench/deploy SEES ${FOUNDATION} workbench/files workbench/process workbench/remote/target
-  workbench/text)
+room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/json workbench/process
+  workbench/remote/target workbench/text)
+room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files
+  workbench/platforms workbench/process workbench/remote/folder workbench/remote/profile
+  workbench/remote/target workbench/text)
 
 room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/json workbench/text)
 room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files workbench/msbuild
-  workbench/platforms workbench/project workbench/remote/profile workbench/remote/target
-  workbench/settings workbench/text workbench/xml)
-room(workbench/session SEES ${FOUNDATION} workbench/files workbench/platforms workbench/project
-  workbench/services workbench/settings workbench/text)
+  workbench/platforms workbench/project workbench/project/cpp workbench/remote/profile
+  workbench/remote/ssh workbench/remote/target workbench/settings workbench/text workbench/xml)
+room(workbench/session SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
+  workbench/project workbench/project/build_import workbench/services workbench/settings
+  workbench/text)
 room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workbench/list
   workbench/session workbench/text)
 
 # deploymgr, the command line.
 room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/json workbench/msbuild
-  workbench/platforms workbench/process workbench/project workbench/remote/ssh workbench/services
-  workbench/session workbench/text)
-room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/json workbench/list
-  workbench/session workbench/text)
+  workbench/platforms workbench/process workbench/project workbench/project/cpp
+  workbench/remote/ssh workbench/services workbench/session workbench/text)
+room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/files workbench/json
+  workbench/list workbench/project/build_import workbench/session workbench/text)
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
-  workbench/deploy workbench/services workbench/session workbench/text)
+  workbench/deploy workbench/deploy/record workbench/json workbench/services workbench/session
+  workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
-  workbench/cli/view workbench/controls workbench/deploy workbench/files workbench/json
-  workbench/list workbench/platforms workbench/project workbench/remote/profile
-  workbench/remote/target workbench/services workbench/session workbench/settings workbench/text)
+  workbench/cli/view workbench/controls workbench/deploy workbench/deploy/record workbench/files
+  workbench/json workbench/list workbench/platforms workbench/project
+  workbench/project/build_import workbench/remote/profile workbench/remote/target
+  workbench/services workbench/session workbench/settings workbench/text)
 room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
-  workbench/session workbench/text)
+  workbench/msbuild workbench/services workbench/session workbench/text)
 room(workbench/askpass SEES workbench/remote/ssh)
 
 # deployment-manager, the window.
@@ -92,8 +102,7 @@ room(workbench/desktop/dialogs/settings SEES ${FOUNDATION} workbench/desktop/con
   workbench/desktop/dialogs/forms workbench/desktop/text workbench/platforms workbench/services
   workbench/session workbench/settings workbench/text)
 room(workbench/desktop/dialogs/deploy SEES ${FOUNDATION} workbench/deploy
-  workbench/desktop/controls workbench/desktop/dialogs/forms workbench/desktop/text
-  workbench/text)
+  workbench/desktop/controls workbench/desktop/dialogs/forms workbench/desktop/text workbench/text)
 room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
   workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings workbench/desktop/text

@@ -40,6 +40,8 @@ target_of() { # PLATFORM
     iOSSimulator) echo x86_64-apple-ios9-simulator ;;
     iOSDevice32) echo armv7-apple-ios9 ;;
     iOSDevice64) echo arm64-apple-ios9 ;;
+    Linux64) echo x86_64-linux-gnu ;;
+    LinuxARM64) echo aarch64-linux-gnu ;;
   esac
 }
 
@@ -87,6 +89,35 @@ android() { # TARGET CONFIGURATION SOURCE OUTPUT
   compile "$1" "$2" "$3" "$scratch/android.o"
   ld.lld-14 -shared --soname "$(basename "$4")" --strip-all "$scratch/android.o" -o "$4"
   chmod 644 "$4"
+}
+
+# A library as its users find it: the file with its whole version, and the two links that lead to it.
+linux_library() { # PLATFORM SOURCE DIRECTORY NAME VERSION
+  mkdir -p "$3"
+  compile "$(target_of "$1")" Release "$2" "$scratch/linux.o"
+  ld.lld-14 -shared --soname "$4.${5%%.*}" --strip-all "$scratch/linux.o" -o "$3/$4.$5"
+  chmod 644 "$3/$4.$5"
+  ln -sf "$4.$5" "$3/$4.${5%%.*}"
+  ln -sf "$4.${5%%.*}" "$3/$4"
+}
+
+# A program that finds its libraries beside its own directory. That of Debug has its symbols in a file
+# of their own.
+linux_program() { # PLATFORM CONFIGURATION SOURCE OUTPUT LIBRARY
+  case $1 in
+    Linux64) loader=/lib64/ld-linux-x86-64.so.2 ;;
+    *) loader=/lib/ld-linux-aarch64.so.1 ;;
+  esac
+  compile "$(target_of "$1")" "$2" "$3" "$scratch/linux.o" -g
+  # shellcheck disable=SC2016 # the loader fills it in
+  ld.lld-14 -pie -e RunProgram --dynamic-linker "$loader" -rpath '$ORIGIN/../lib' \
+    "$scratch/linux.o" "$5" -o "$4"
+  if [ "$2" = Debug ]; then
+    llvm-objcopy-14 --only-keep-debug "$4" "$4.debug"
+    chmod 644 "$4.debug"
+  fi
+  llvm-strip-14 --strip-all "$4"
+  chmod 755 "$4"
 }
 
 # --- side files ------------------------------------------------------------------------------------
@@ -214,7 +245,16 @@ tide_logger() { # CONFIGURATION PLATFORM...
   done
 }
 
-# Runtime packages come built already, so that they are the same for every configuration.
+wind_gauge() { # CONFIGURATION
+  for platform in Linux64 LinuxARM64; do
+    folder=wind-gauge/$platform/$1
+    mkdir -p "$folder"
+    linux_program "$platform" "$1" wind-gauge/src/WindGauge.cpp "$folder/windgauge" \
+      "wind-gauge/lib/$platform/libbeaufort.so"
+  done
+}
+
+# Libraries and runtime packages come built already, so that they are the same for every configuration.
 package() { # PLATFORM SOURCE FILE SYMBOLFILE LANGUAGE...
   platform=$1 source=$2 file=$3 symbols=$4
   shift 4
@@ -256,7 +296,11 @@ run_time() { # DIRECTORY: the library of one example stands for each of them
 
 case ${1-} in
   "")
+    for platform in Linux64 LinuxARM64; do
+      linux_library $platform wind-gauge/src/Beaufort.cpp wind-gauge/lib/$platform libbeaufort.so 1.2.3
+    done
     for configuration in Debug Release; do
+      wind_gauge "$configuration"
       sky_chart "$configuration"
       tide_logger "$configuration" Win32 Win64 OSX32 Android
     done

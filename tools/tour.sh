@@ -12,7 +12,8 @@ place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT
 # Settings and backups of the tour stay in its own directory.
 export XDG_CONFIG_HOME="$place/config" XDG_STATE_HOME="$place/state"
-cp -r "$tree/examples/sky-chart" "$tree/examples/tide-logger" "$place"
+cp -r "$tree/examples/sky-chart" "$tree/examples/tide-logger" \
+  "$tree/examples/wind-gauge" "$place"
 cd "$place"
 
 step() { printf '\n\033[1m%s\033[0m\n' "$1"; }
@@ -42,7 +43,7 @@ run explain sky-chart/SkyChart.vproj art/ios/iPhone_AppIcon57.png -p iOSSimulato
 
 step 'A file is added, edited and shown'
 run add sky-chart/SkyChart.vproj sky-chart/optional/*.dat -p Win32 -c Release
-run set sky-chart/SkyChart.vproj optional/BrightStars.dat --remote-dir 'charts\' --overwrite false \
+run set sky-chart/SkyChart.vproj optional/BrightStars.dat --remote-dir charts --overwrite false \
   -p Win32 -c Release
 run show sky-chart/SkyChart.vproj -p Win32 -c Release | without_classes
 
@@ -64,6 +65,15 @@ run status sky-chart/SkyChart.vproj -p Win32
 step 'Optional files are chosen from a catalog'
 run featured sky-chart/SkyChart.vproj --extension .dat
 run featured sky-chart/SkyChart.vproj --choose 'Bright stars' --dry-run
+
+step 'A program for Linux, with a versioned library and its links'
+run profile add gauge --platform Linux64 --kind folder --path "$place/opt" --default
+run deploy wind-gauge/WindGauge.vproj -p Linux64
+(cd "$place/opt/WindGauge" \
+  && find . -type f -printf '%P\n' -o -type l -printf '%P -> %l\n' | LC_ALL=C sort)
+if [ "$(uname -m)" = x86_64 ]; then
+  "$place/opt/WindGauge/bin/windgauge"
+fi
 
 step 'Only what changed has changed'
 diff "$tree/examples/tide-logger/TideLogger.vproj" tide-logger/TideLogger.vproj \

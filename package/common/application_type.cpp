@@ -35,4 +35,11 @@ std::string_view MapApplicationType(std::string_view applicationType) {
   return applicationType;
 }
 
+std::vector<std::string> ApplicationTypes() {
+  std::vector<std::string> types;
+  for (const TApplicationTypeRow& row : ApplicationTypeRows)
+    types.emplace_back(row.ApplicationType);
+  return types;
+}
+
 } // namespace deployment

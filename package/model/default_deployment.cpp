@@ -25,7 +25,7 @@ std::shared_ptr<IXMLDocument> LoadDefaultDeployment(VelmorIDEServices& host,
     return nullptr;
   const std::string framework = ValueOrOption(project.GetFrameworkType(), project, "FrameworkType");
   const std::string applicationType =
-      ValueOrOption(project.GetApplicationType(), project, "AppType");
+      ValueOrOption(project.GetApplicationType({}, {}), project, "AppType");
 
   const auto filter = host.CreateTextFilter();
   filter->SetVariable("PROJECTNAME", project.GetModuleName());

@@ -20,7 +20,7 @@ bool BelongsTo(const IProjectDeploymentItem& item, std::span<const std::string> 
 
 bool HasDebugSymbols(const TReconcileTarget& target) {
   const ISymbolService* service = target.SymbolService();
-  return service && !service->GetDebugSymbolExtension(target.Platform()).empty() &&
+  return service && !service->GetDebugSymbolExtension(target.Project(), target.Platform()).empty() &&
          target.NeedsRemoteDebugSymbolsFile();
 }
 

@@ -77,6 +77,12 @@ TReconcileResult TDeployModuleReconciler::Reconcile() {
     RecordGate(TReasonSource::Gate, BaseConfiguration, TReasonCause::Empty);
     return TReconcileResult::Reconciled;
   }
+  if (const std::string nothing =
+          FTarget.Project().GetNothingToDeploy(FTarget.Configuration(), FTarget.Platform());
+      !nothing.empty()) {
+    RecordGate(TReasonSource::Gate, nothing, TReasonCause::NothingBuilt);
+    return TReconcileResult::CannotReconcile;
+  }
   if (!FTarget.PackageService()) {
     RecordGate(TReasonSource::PackageService, FTarget.Personality(), TReasonCause::ServiceMissing);
     return TReconcileResult::CannotReconcile;

@@ -40,8 +40,8 @@ TModuleSearch::TModuleSearch(const TReconcileTarget& target, std::string_view pl
 
 // The macros of the project stand for its active target; those of this one come first.
 std::string TModuleSearch::ExpandForTarget(std::string_view text) const {
-  const IMacroUtils& macros = FTarget.Services().GetMacroUtils();
-  return macros.ExpandRootMacro(macros.ExpandMacros(text, FTarget.Macros()), FTarget.Project());
+  return FTarget.Services().GetMacroUtils().ExpandRootMacro(text, FTarget.Project(),
+                                                            FTarget.Configuration(), FPlatform);
 }
 
 void TModuleSearch::AddPlaces(std::string_view list) {

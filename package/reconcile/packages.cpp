@@ -172,7 +172,7 @@ bool TPackageFollowers::FindSymbolExtension() {
     return false;
   }
   if (const ISymbolService* service = FTarget.SymbolService())
-    FSymbolExtension = service->GetDebugSymbolExtension(FTarget.Platform());
+    FSymbolExtension = service->GetDebugSymbolExtension(FTarget.Project(), FTarget.Platform());
   return true;
 }
 

@@ -116,10 +116,8 @@ private:
 TProjectFileStep::TProjectFileStep(TReconcileContext& context)
     : FContext(context), FTarget(context.Target),
       FProjectFile(FTarget.Project().GetProjectFileName()),
-      FFiles(FTarget.Project().GetCompleteFileList()), FWanted{
-                                                           std::string(class_names::ProjectFile),
-                                                           {},
-                                                           BelongsToProject()} {
+      FFiles(FTarget.Project().GetCompleteFileList(FTarget.Configuration(), FTarget.Platform())),
+      FWanted{std::string(class_names::ProjectFile), {}, BelongsToProject()} {
   FWanted.RemoteDirOnCreation = FTarget.GetDefaultPlatformRemoteDir(FTarget.Platform());
   const IFileUtils& files = FTarget.Services().GetFileUtils();
   FLocalNames.reserve(FFiles.size());

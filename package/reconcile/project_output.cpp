@@ -23,7 +23,8 @@ void PlanDebugSymbols(TReconcileContext& context) {
   const ISymbolService* service = target.SymbolService();
   const bool needed = target.NeedsRemoteDebugSymbolsFile();
   const std::string extension =
-      service ? service->GetDebugSymbolExtension(target.Platform()) : std::string();
+      service ? service->GetDebugSymbolExtension(target.Project(), target.Platform())
+              : std::string();
   if (needed)
     reason = {TReconcileStep::DebugSymbols, TReasonSource::SymbolService, target.Platform(),
               extension, service ? TReasonCause::Empty : TReasonCause::ServiceMissing};

@@ -24,7 +24,7 @@ TReconcileTarget::TReconcileTarget(ICustomProject& project, std::string_view pla
       FPlatform(platform.empty() ? project.GetCurrentPlatform() : platform),
       FConfiguration(configuration.empty() ? project.GetCurrentConfiguration() : configuration),
       FPersonality(project.GetPersonality()),
-      FApplicationKind(MapApplicationType(project.GetApplicationType())) {}
+      FApplicationKind(MapApplicationType(project.GetApplicationType(FConfiguration, FPlatform))) {}
 
 bool TReconcileTarget::isApplePlatform() const {
   return std::find(ApplePlatforms.begin(), ApplePlatforms.end(), FPlatform) != ApplePlatforms.end();

@@ -10,7 +10,7 @@ constexpr std::string_view ThreadName = "DeployManager Connect Thread";
 
 } // namespace
 
-void TConnectThread::Start(TConnectThreads& threads, IOTARemoteProfileServices* services,
+void TConnectThread::Start(TViewThreads& threads, IOTARemoteProfileServices* services,
                            std::shared_ptr<IOTARemoteProfile> profile,
                            std::shared_ptr<IMainThreadQueue> mainThread, TOnTerminate onTerminate) {
   const auto thread = std::make_shared<TConnectThread>(services, std::move(profile));

@@ -3,7 +3,7 @@
 
 #include "package/host/api/mainthread.h"
 #include "package/host/api/platformapi.h"
-#include "package/view/connect_threads.h"
+#include "package/view/view_threads.h"
 
 #include <functional>
 #include <memory>
@@ -25,7 +25,7 @@ public:
       : FServices(services), FProfile(std::move(profile)) {}
 
   /// Starts an attempt. Without services or profile it fails with no message.
-  static void Start(TConnectThreads& threads, IOTARemoteProfileServices* services,
+  static void Start(TViewThreads& threads, IOTARemoteProfileServices* services,
                     std::shared_ptr<IOTARemoteProfile> profile,
                     std::shared_ptr<IMainThreadQueue> mainThread, TOnTerminate onTerminate);
 

@@ -1,4 +1,4 @@
-// The ears of a frame: what the deployment and the remote profiles tell goes on to the frame as
+// The listener of a frame: what the deployment and the remote profiles tell goes on to the frame as
 // long as there is one.
 #pragma once
 

@@ -130,6 +130,33 @@ TEST(BadInputs, AreToldAsADocumentToo) {
                                R"(tag","file":"p.vproj","line":2}})");
 }
 
+TEST(Documents, HaveASchemaAndTheWarningsOfTheRun) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  const std::string warning =
+      R"([{"text":"the side file holds every target; --config and --platform change nothing",)"
+      R"("file":"","line":0}])";
+  const TRun run = place.Run({"export", "p.vproj", "-p", "Win32", "--json"});
+  EXPECT_EQ(run.Document().begin().key(), "schema");
+  EXPECT_EQ(run.Document()["schema"], 1);
+  EXPECT_EQ(run.Document()["warnings"].dump(), warning);
+  EXPECT_EQ(place.Run({"export", "p.vproj", "-p", "Win32", "--json", "--quiet"}).Errors, "");
+  EXPECT_EQ(place.Run({"export", "p.vproj", "-p", "Win32", "--json", "--quiet"})
+                .Document()["warnings"]
+                .dump(),
+            warning);
+  const TRun failed = place.Run({"show", "gone.vproj", "--json"});
+  EXPECT_EQ(failed.Document()["schema"], 1);
+  EXPECT_EQ(failed.Document()["warnings"].dump(), "[]");
+  EXPECT_EQ(failed.Document()["error"]["code"], 3);
+  const TRun wrong = place.Run({"show", "--json"});
+  EXPECT_EQ(wrong.Document()["schema"], 1);
+  EXPECT_EQ(wrong.Document()["error"]["code"], 2);
+  const TRun stream = place.Run({"show", "p.vproj", "--json"});
+  EXPECT_EQ(stream.Document().begin().key(), "schema");
+  EXPECT_EQ(stream.Document()["warnings"].dump(), "[]");
+}
+
 TEST(BadInputs, ThatAreNoPlainFilesAreRefusedAtOnce) {
   TWorkplace place;
   std::filesystem::create_directory(place.Path("folder"));
@@ -163,7 +190,7 @@ TEST(BadDefaults, AreNamedAndNothingIsSaved) {
   TWorkplace place;
   place.Write("p.vproj", ProjectWith(""));
   place.Write("root/ObjRepos/Deploy/defaults.xml", "<Deployment Version='2'>\n<DeployClass>\n");
-  const TRun run = place.Run({"add", "p.vproj", "x.dat", "--root", "root"});
+  const TRun run = place.Run({"add", "p.vproj", "x.dat", "--missing-ok", "--root", "root"});
   EXPECT_EQ(run.Status, 3);
   EXPECT_NE(run.Errors.find("root/ObjRepos/Deploy/defaults.xml:3: not well-formed XML"),
             std::string::npos)
@@ -171,13 +198,70 @@ TEST(BadDefaults, AreNamedAndNothingIsSaved) {
   EXPECT_EQ(place.Read("p.vproj"), ProjectWith(""));
 }
 
-TEST(BadDefaults, ThatAreMissingLeaveTheListEmpty) {
+TEST(Installation, ThatIsNotThereIsNamedAndNothingIsSaved) {
   TWorkplace place;
-  place.Write("p.vproj", ProjectWith(""));
+  place.Write("p.vproj", ProjectWith(ListOf(Entry("a", "Debug", "Win32"))));
+  const std::string before = place.Read("p.vproj");
   std::filesystem::create_directories(place.Path("root"));
-  const TRun run = place.Run({"show", "p.vproj", "--json", "--root", "root"});
-  EXPECT_EQ(run.Status, 0) << run.Errors;
-  EXPECT_TRUE(run.Json()["classes"].empty());
+  for (const std::vector<std::string>& command : {std::vector<std::string>{"show", "p.vproj"},
+                                                  {"list", "p.vproj"},
+                                                  {"classes"},
+                                                  {"reconcile", "p.vproj"},
+                                                  {"export", "p.vproj"},
+                                                  {"new", "n.vproj"}}) {
+    std::vector<std::string> arguments = command;
+    arguments.insert(arguments.end(), {"--root", "root"});
+    const TRun run = place.Run(arguments);
+    EXPECT_EQ(run.Status, 3) << command[0] << run.Errors;
+    EXPECT_NE(run.Errors.find(place.Path("root/ObjRepos/Deploy").string()), std::string::npos)
+        << run.Errors;
+  }
+  EXPECT_EQ(place.Run({"platforms", "--root", "root"}).Status, 0);
+  EXPECT_EQ(place.Read("p.vproj"), before);
+  EXPECT_EQ(place.Files(), std::vector<std::string>({"p.vproj"}));
+}
+
+// A root without one of the files; each command and the file that it cannot do without.
+TEST(Installation, WithoutAFileThatASaveStoresOrWritesFromSavesNothing) {
+  const std::vector<std::pair<const char*, std::vector<std::string>>> cases{
+      {"defaults.xml", {"reconcile", "p.vproj"}},
+      {"defaults.xml", {"add", "p.vproj", "$(X)\\a"}},
+      {"defaults.xml", {"upgrade", "p.vproj"}},
+      {"defaults.xml", {"revert", "p.vproj"}},
+      {"defaults.xml", {"classes"}},
+      {"deploymenttemplate.xml", {"reconcile", "p.vproj"}},
+      {"deploymenttemplate.xml", {"reconcile", "p.vproj", "--check"}},
+      {"deploymenttemplate.xml", {"add", "p.vproj", "$(X)\\a"}},
+      {"deploymenttemplate.xml", {"export", "p.vproj"}},
+      {"deploymenttemplate.xml", {"export", "p.vproj", "--dry-run"}},
+  };
+  for (const auto& [file, command] : cases) {
+    TWorkplace place;
+    place.CopyRoot();
+    place.Write("p.vproj", ProjectWith(""));
+    std::filesystem::remove(place.Path("root/ObjRepos/Deploy") / file);
+    std::vector<std::string> arguments = command;
+    arguments.insert(arguments.end(), {"--root", "root"});
+    const TRun run = place.Run(arguments);
+    EXPECT_EQ(run.Status, 3) << file << " " << command[0];
+    EXPECT_NE(run.Errors.find(std::string("root/ObjRepos/Deploy/") + file +
+                              ": there is no such "
+                              "file: the installation is not complete"),
+              std::string::npos)
+        << command[0] << run.Errors;
+    EXPECT_EQ(place.Read("p.vproj"), ProjectWith(""));
+    EXPECT_FALSE(std::filesystem::exists(place.Path("p.deployproj")));
+  }
+}
+
+TEST(Installation, NeedsNeitherCatalogNorPlatformTable) {
+  TWorkplace place;
+  place.CopyRoot();
+  place.Write("p.vproj", ProjectWith(""));
+  std::filesystem::remove(place.Path("root/ObjRepos/Deploy/platforms.xml"));
+  std::filesystem::remove(place.Path("root/ObjRepos/Deploy/featuredfiles.xml"));
+  EXPECT_EQ(place.Run({"featured", "p.vproj", "--root", "root"}).Output, "there are no features\n");
+  EXPECT_EQ(place.Run({"reconcile", "p.vproj", "--root", "root"}).Status, 0);
 }
 
 TEST(BadPlatformTable, IsNamedWithItsLine) {

@@ -81,7 +81,7 @@ TEST_P(Bytes, OutsideTheListStayWhenItChanges) {
 TEST_P(Bytes, OfOtherEntriesStayWhenOneIsAddedAndRemovedAgain) {
   TWorkplace place;
   place.Write("p.vproj", GetParam().Text);
-  ASSERT_EQ(place.Run({"add", "p.vproj", "new.dat", "--quiet"}).Status, 0);
+  ASSERT_EQ(place.Run({"add", "p.vproj", "new.dat", "--missing-ok", "--quiet"}).Status, 0);
   EXPECT_NE(place.Read("p.vproj"), GetParam().Text);
   ASSERT_EQ(place.Run({"remove", "p.vproj", "new.dat", "--yes", "--quiet"}).Status, 0);
   EXPECT_EQ(place.Read("p.vproj"), GetParam().Text);
@@ -108,7 +108,7 @@ TEST(BytesOfUtf16, StayInTheirEncoding) {
     place.Write("p.vproj", Utf16(plain, little));
     ASSERT_EQ(place.Run({"set", "p.vproj", "a", "--enabled", "true"}).Status, 0);
     EXPECT_EQ(place.Read("p.vproj"), Utf16(plain, little));
-    const TRun run = place.Run({"add", "p.vproj", "z.dat", "--quiet"});
+    const TRun run = place.Run({"add", "p.vproj", "z.dat", "--missing-ok", "--quiet"});
     ASSERT_EQ(run.Status, 0) << run.Errors;
     EXPECT_EQ(place.Read("p.vproj").substr(0, 2), little ? "\xFF\xFE" : "\xFE\xFF");
     EXPECT_EQ(place.Run({"show", "p.vproj", "--json"}).Json()["files"].size(), 3U);
@@ -127,14 +127,14 @@ TEST(BytesOfAProjectWithoutAList, GetTheListAndTheImportLineAsLastChildren) {
         head + "\n  <ProjectExtensions>\n  </ProjectExtensions>\n</Project>\n"}) {
     TWorkplace place;
     place.Write("p.vproj", text);
-    const TRun run = place.Run({"add", "p.vproj", "z.dat", "--quiet"});
+    const TRun run = place.Run({"add", "p.vproj", "z.dat", "--missing-ok", "--quiet"});
     ASSERT_EQ(run.Status, 0) << run.Errors << text;
     const std::string after = place.Read("p.vproj");
     EXPECT_NE(after.find(Import), std::string::npos) << after;
     EXPECT_EQ(after.find(Import), after.rfind(Import));
     EXPECT_GT(after.find(Import), after.find("</ProjectExtensions>"));
     EXPECT_EQ(place.Run({"show", "p.vproj", "--json"}).Json()["files"].size(), 1U);
-    ASSERT_EQ(place.Run({"add", "p.vproj", "y.dat", "--quiet"}).Status, 0);
+    ASSERT_EQ(place.Run({"add", "p.vproj", "y.dat", "--missing-ok", "--quiet"}).Status, 0);
     EXPECT_EQ(WithoutSection(place.Read("p.vproj")), WithoutSection(after));
   }
 }

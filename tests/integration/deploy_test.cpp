@@ -51,7 +51,10 @@ public:
   std::size_t FilesOfTarget() const {
     std::size_t count = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(Path("target")))
-      count += entry.is_directory() ? 0 : 1;
+      count += entry.is_directory() ||
+                       entry.path().string().find("/.deployment-manager/") != std::string::npos
+                   ? 0
+                   : 1;
     return count;
   }
 };

@@ -55,42 +55,6 @@ TEST(Add, TakesTheDefaultDirectoryOfThePlatform) {
   EXPECT_EQ(record["enabled"], false);
 }
 
-TEST(Add, LeavesAnEntryOfTheSameKeyAsItIs) {
-  TWorkplace place;
-  place.Write("p.vproj", ProjectWith(ListOf(Entry("a.dat", "Debug", "Win32"))));
-  const std::string before = place.Read("p.vproj");
-  const TRun run = place.Run({"add", "p.vproj", "a.dat", "--remote-dir", "elsewhere"});
-  EXPECT_EQ(run.Status, 0);
-  EXPECT_EQ(run.Output, "nothing to do\n");
-  EXPECT_EQ(run.Errors, "deploymgr: p.vproj: warning: \"a.dat\" is on the list for Debug, Win32 "
-                        "already; \"set\" changes it\n");
-  EXPECT_EQ(place.Read("p.vproj"), before);
-}
-
-TEST(Add, StoresAFileForAllPlatformsSoThatItSurvivesASave) {
-  TWorkplace place;
-  place.Write("p.vproj", ProjectWith(""));
-  place.Write("a.dat", "x");
-  ASSERT_EQ(place.Run({"add", "p.vproj", "a.dat", "-p", "all"}).Status, 0);
-  EXPECT_TRUE(FilesOf(place)[0]["platforms"].contains("All"));
-  const std::string side = place.Read("p.deployproj");
-  std::size_t count = 0;
-  for (std::size_t at = side.find("<DeployFile "); at != std::string::npos;
-       at = side.find("<DeployFile ", at + 1))
-    ++count;
-  EXPECT_EQ(count, 7U);
-}
-
-TEST(Add, RefusesDirectoriesAndControlCharacters) {
-  TWorkplace place;
-  place.Write("p.vproj", ProjectWith(""));
-  place.Write("data/x", "x");
-  EXPECT_EQ(place.Run({"add", "p.vproj", "data"}).Status, 1);
-  EXPECT_EQ(place.Run({"add", "p.vproj", "a\nb"}).Status, 2);
-  EXPECT_EQ(place.Run({"add", "p.vproj", ""}).Status, 2);
-  EXPECT_EQ(place.Read("p.vproj"), ProjectWith(""));
-}
-
 TEST(Set, FindsAnEntryIgnoringCaseAndKindOfDelimiter) {
   TWorkplace place;
   place.Write("p.vproj", ProjectWith(ListOf(Entry("Data\\\xC3\x84pfel.dat", "Debug", "Win32"))));
@@ -133,6 +97,34 @@ TEST(Set, EditsEveryValue) {
             R"("remoteCommands":[]}})");
 }
 
+TEST(Set, KeepsOneCommandOfEachKindAndTakesItAway) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(ListOf(Entry("a", "Debug", "Win32"))));
+  ASSERT_EQ(place
+                .Run({"set", "p.vproj", "a", "--local-command", "make a", "--remote-command",
+                      "systemctl restart 'a b'"})
+                .Status,
+            0);
+  const auto record = FilesOf(place)[0]["platforms"]["Win32"];
+  EXPECT_EQ(record["localCommands"], nlohmann::ordered_json::parse(R"(["make a"])"));
+  EXPECT_EQ(record["remoteCommands"],
+            nlohmann::ordered_json::parse(R"(["systemctl restart 'a b'"])"));
+  EXPECT_EQ(place.Run({"set", "p.vproj", "a", "--local-command", ""}).Status, 0);
+  EXPECT_EQ(FilesOf(place)[0]["platforms"]["Win32"]["localCommands"].size(), 0U);
+  EXPECT_EQ(FilesOf(place)[0]["platforms"]["Win32"]["remoteCommands"].size(), 1U);
+}
+
+TEST(Set, OfAllPlatformsReachesEveryPlatformOfTheEntryAndNoOther) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(ListOf(Entry("a", "Debug", "Win32"))));
+  ASSERT_EQ(place.Run({"set", "p.vproj", "a", "--add-platform", "Android"}).Status, 0);
+  ASSERT_EQ(place.Run({"set", "p.vproj", "a", "-p", "all", "--enabled", "false"}).Status, 0);
+  const auto platforms = FilesOf(place)[0]["platforms"];
+  EXPECT_EQ(platforms.size(), 2U);
+  EXPECT_EQ(platforms["Win32"]["enabled"], false);
+  EXPECT_EQ(platforms["Android"]["enabled"], false);
+}
+
 TEST(Set, KeepsAtLeastOnePlatform) {
   TWorkplace place;
   place.Write("p.vproj", ProjectWith(ListOf(Entry("a", "Debug", "Win32"))));
@@ -169,6 +161,16 @@ TEST(Remove, NeedsAPersonOrAYes) {
   EXPECT_EQ(FilesOf(place).size(), 1U);
 }
 
+TEST(Remove, TakesAwayWhatTheProjectDoesNotKnowAnyMore) {
+  TWorkplace place;
+  place.Write("p.vproj",
+              ProjectWith(ListOf(Entry("a", "Old", "PalmOS") + Entry("a", "Debug", "Win32"))));
+  EXPECT_EQ(place.Run({"remove", "p.vproj", "a", "-c", "Older", "--yes"}).Status, 2);
+  EXPECT_EQ(place.Run({"remove", "p.vproj", "a", "-c", "Old", "-p", "PalmOS", "--yes"}).Output,
+            "removed a for Old, PalmOS\n");
+  EXPECT_EQ(FilesOf(place).size(), 1U);
+}
+
 TEST(Change, OfNothingLeavesTheFileUntouched) {
   TWorkplace place;
   const auto file = place.Write("p.vproj", ProjectWith(ListOf(Entry("a", "Debug", "Win32"))));
@@ -182,7 +184,7 @@ TEST(Change, OfNothingLeavesTheFileUntouched) {
 TEST(Change, IsShownAndNotMadeByADryRun) {
   TWorkplace place;
   place.Write("p.vproj", ProjectWith(""));
-  const TRun run = place.Run({"add", "p.vproj", "a", "--dry-run", "--json"});
+  const TRun run = place.Run({"add", "p.vproj", "a", "--missing-ok", "--dry-run", "--json"});
   EXPECT_EQ(run.Json().dump(),
             R"({"project":"p.vproj","changed":true,"dryRun":true,"files":[{"localName":"a",)"
             R"("configuration":"Debug","platform":"Win32","action":"added"}]})");
@@ -197,7 +199,7 @@ TEST(New, WritesAProjectThatOpens) {
                  "--platforms", "Android,Win64", "--configs", "Test"});
   ASSERT_EQ(run.Status, 0) << run.Errors;
   EXPECT_NE(place.Read("app.vproj").find("<Deployment Version=\"2\"/>"), std::string::npos);
-  ASSERT_EQ(place.Run({"add", "app.vproj", "x.dat", "--quiet"}).Status, 0);
+  ASSERT_EQ(place.Run({"add", "app.vproj", "x.dat", "--missing-ok", "--quiet"}).Status, 0);
   const auto files = place.Run({"show", "app.vproj", "--json"}).Json()["files"];
   EXPECT_EQ(files[0]["configuration"], "Test");
   EXPECT_EQ(files[0]["platform"], "Android");
@@ -212,7 +214,8 @@ TEST(New, RefusesAnExistingFileAndUnknownPlatforms) {
   EXPECT_EQ(run.Status, 2);
   EXPECT_EQ(run.Errors,
             "deploymgr: there is no platform \"win32\"; known are: Win32, Win64, OSX32, "
-            "iOSSimulator, iOSDevice32, iOSDevice64, Android; did you mean \"Win32\"?\n");
+            "iOSSimulator, iOSDevice32, iOSDevice64, Android, Linux64, LinuxARM64; did you mean "
+            "\"Win32\"?\n");
 }
 
 } // namespace

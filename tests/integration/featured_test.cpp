@@ -104,7 +104,7 @@ TEST_F(Featured, AreChosenForEveryConfigurationAndRecorded) {
   const TRun run = Place.Run({"featured", Chart, "--choose", "bright stars"});
   ASSERT_EQ(run.Status, 0) << run.Errors;
   const TTexts entries = EntriesOf(Place, "optional\\BrightStars.dat");
-  ASSERT_EQ(entries.size(), 14U);
+  ASSERT_EQ(entries.size(), 18U);
   EXPECT_EQ(entries.front(), "Debug, Android, File, assets\\internal\\tables\\");
   EXPECT_EQ(entries.back(), "Release, iOSSimulator, File, .\\tables\\");
   EXPECT_NE(Place.Read(Chart).find("<FeatureFilesAdded>Database</FeatureFilesAdded>"),
@@ -220,7 +220,7 @@ TEST_F(Featured, AreOfferedAtATerminalAndRecorded) {
       });
   EXPECT_EQ(run.Status, 0) << run.Errors;
   EXPECT_GT(questions, 1U);
-  EXPECT_EQ(EntriesOf(Place, "optional\\BrightStars.dat").size(), 14U) << run.Errors;
+  EXPECT_EQ(EntriesOf(Place, "optional\\BrightStars.dat").size(), 18U) << run.Errors;
   EXPECT_NE(Place.Read(Chart).find("<FeatureFilesAdded>Database"), std::string::npos);
   const TRun again = Place.RunAtTerminal({"reconcile", Chart, "-p", "Win32"},
                                          [](const TQuestion&) -> std::string { return "y"; });

@@ -12,6 +12,13 @@ using TTexts = std::vector<std::string>;
 
 constexpr const char* Logger = "tide-logger/TideLogger.vproj";
 
+// A project with these properties besides.
+std::string WithProperties(const std::string& properties) {
+  std::string text = ProjectWith(ListOf(""));
+  return text.insert(text.rfind("</Project>"),
+                     "<PropertyGroup>" + properties + "</PropertyGroup>\n");
+}
+
 class List : public testing::Test {
 protected:
   List() { Place.CopyOf(Tree / "examples/tide-logger"); }
@@ -138,6 +145,27 @@ TEST_F(List, ConnectsToOnePlatformOnly) {
   EXPECT_EQ(run.Status, 5);
   EXPECT_EQ(run.Errors, "deploymgr: the project has no profile for this platform\n");
   EXPECT_EQ(Place.Run({"list", Logger, "--connect", "-p", "Android"}).Status, 5);
+}
+
+// A reconcile warns each time, so the warnings count them.
+TEST_F(List, ReconcilesItsTargetOnce) {
+  Place.Write("p.vproj", WithProperties("<Android_LauncherIcon36>i.png</Android_LauncherIcon36>"
+                                        "<Android_LauncherIcon48>i.png</Android_LauncherIcon48>"));
+  EXPECT_EQ(CountOf(Place.Run({"list", "p.vproj", "-p", "Android"}).Errors, "two roles"), 1U);
+  EXPECT_EQ(
+      CountOf(Place.Run({"deploy", "p.vproj", "-p", "Android", "--dry-run"}).Errors, "two roles"),
+      1U);
+}
+
+TEST_F(List, EndsWithTheReasonWhenTheTargetCannotBeComputed) {
+  Place.Write("p.vproj", WithProperties("<PXC_GenerateUniversalBinaryFile>maybe"
+                                        "</PXC_GenerateUniversalBinaryFile>"));
+  for (const std::string command : {"list", "status", "deploy"}) {
+    const TRun run = Place.Run({command, "p.vproj", "-p", "iOSDevice64"});
+    EXPECT_EQ(run.Status, 3) << command;
+    EXPECT_NE(run.Errors.find("\"maybe\""), std::string::npos) << run.Errors;
+    EXPECT_EQ(run.Output, "");
+  }
 }
 
 } // namespace

@@ -39,11 +39,13 @@ TEST(RealProject, GetsTheListAndTheImportLineAndNothingElse) {
     TWorkplace place;
     const std::string name = place.CopyOf(file).filename().string();
     const std::string before = place.Read(name);
-    const TRun run = place.Run({"add", name, "docs/manual.pdf", "-p", "Win64", "--quiet"});
+    const TRun run =
+        place.Run({"add", name, "docs/manual.pdf", "-p", "Win64", "--missing-ok", "--quiet"});
     ASSERT_EQ(run.Status, 0) << run.Errors;
     const std::string after = place.Read(name);
     EXPECT_EQ(WithoutWhatWasAdded(after), before) << name;
-    ASSERT_EQ(place.Run({"add", name, "second.txt", "-p", "Win64", "--quiet"}).Status, 0);
+    ASSERT_EQ(
+        place.Run({"add", name, "second.txt", "-p", "Win64", "--missing-ok", "--quiet"}).Status, 0);
     EXPECT_EQ(WithoutSection(place.Read(name)), WithoutSection(after));
     EXPECT_EQ(place.Run({"upgrade", name}).Output, "nothing to do\n");
     const auto shown = place.Run({"show", name, "--json"}).Json();

@@ -346,7 +346,7 @@ TEST(Revert, GoesBackToTheDefaultsOfAPlatform) {
   place.Write("p.vproj", ProjectWith(""));
   ASSERT_EQ(place.Run({"reconcile", "p.vproj", "--all"}).Status, 0);
   const std::string saved = place.Read("p.vproj");
-  ASSERT_EQ(place.Run({"add", "p.vproj", "mine.dat", "--yes"}).Status, 0);
+  ASSERT_EQ(place.Run({"add", "p.vproj", "mine.dat", "--missing-ok", "--yes"}).Status, 0);
   ASSERT_EQ(place.Run({"set", "p.vproj", "p.exe", "-c", "Debug", "--enabled", "false"}).Status, 0);
   const TRun run = place.Run({"revert", "p.vproj"});
   EXPECT_EQ(run.Status, 0) << run.Errors;
@@ -373,74 +373,17 @@ TEST(Revert, TakesOneWayToNameThePlatforms) {
   EXPECT_EQ(place.Run({"revert", "p.vproj", "--all-platforms", "-p", "all"}).Status, 0);
 }
 
-TEST(Explain, SaysWhichOptionNamesAnIcon) {
-  TWorkplace place;
-  place.CopyOf(Tree / "examples/sky-chart");
-  const TRun run = place.Run({"explain", "sky-chart/SkyChart.vproj", "art/ios/iPhone_AppIcon57.png",
-                              "-p", "iOSDevice64", "--json"});
-  ASSERT_EQ(run.Status, 0) << run.Errors;
-  const auto document = run.Json();
-  EXPECT_EQ(document["listed"], true);
-  EXPECT_EQ(document["entries"][0]["saved"], false);
-  EXPECT_EQ(document["entries"][0]["remoteFile"], "SkyChart.app\\iPhone_AppIcon57.png");
-  EXPECT_EQ(document["reasons"][0]["step"], "artwork");
-  EXPECT_EQ(document["reasons"][0]["source"], "option");
-  EXPECT_EQ(document["reasons"][0]["sourceName"], "iPhone_AppIcon57");
-}
-
-TEST(Explain, SaysWhichFamilyOfDevicesDoesNotShowAnImage) {
-  TWorkplace place;
-  place.CopyOf(Tree / "examples/sky-chart");
-  const auto document = place
-                            .Run({"explain", "sky-chart/SkyChart.vproj", "iPhone_AppIcon57", "-p",
-                                  "iOSSimulator", "--json"})
-                            .Json();
-  EXPECT_EQ(document["listed"], false);
-  EXPECT_EQ(document["reasons"][0]["sourceName"], "VerInfo_UIDeviceFamily");
-  EXPECT_EQ(document["reasons"][0]["sourceValue"], "iPad");
-  EXPECT_EQ(document["reasons"][0]["cause"], "otherDevices");
-}
-
-TEST(Explain, SaysWhatAPackageResourceFollows) {
-  TWorkplace place;
-  place.CopyOf(Tree / "examples/tide-logger");
-  const TRun run = place.Run({"explain", "tide-logger/TideLogger.vproj",
-                              "packages\\Win64\\TideTables.de", "-p", "Win64", "-c", "Debug"});
-  EXPECT_EQ(run.Status, 0) << run.Errors;
-  EXPECT_NE(run.Output.find("as \"DependencyPackageResource\""), std::string::npos) << run.Output;
-  EXPECT_NE(run.Output.find("it belongs to \"packages\\Win64\\TideTables.vpk\""), std::string::npos)
-      << run.Output;
-  const TRun french = place.Run(
-      {"explain", "tide-logger/TideLogger.vproj", "packages\\Win64\\TideTables.fr", "-p", "Win64"});
-  EXPECT_NE(french.Output.find("is not in the list"), std::string::npos) << french.Output;
-  EXPECT_NE(french.Output.find("there is no such file"), std::string::npos) << french.Output;
-}
-
-TEST(Explain, NamesTheStepsThatDidNotRunForAFileThatNobodyKnows) {
+TEST(Reconcile, AsACheckChangesNothingAndEndsWithSeven) {
   TWorkplace place;
   place.Write("p.vproj", ProjectWith(""));
-  const TRun run = place.Run({"explain", "p.vproj", "nothing.dat"});
-  EXPECT_EQ(run.Status, 0);
-  EXPECT_NE(run.Output.find("nothing.dat is not in the list for Debug, Win32"), std::string::npos);
-  EXPECT_NE(run.Output.find("the step \"Android defaults\" does not run"), std::string::npos);
+  const TRun run = place.Run({"reconcile", "p.vproj", "--all", "--check", "--json"});
+  EXPECT_EQ(run.Status, 7);
+  EXPECT_EQ(run.Json()["results"][0]["added"].size(), 1U);
   EXPECT_EQ(place.Read("p.vproj"), ProjectWith(""));
-}
-
-TEST(Explain, TellsWhoseRecordEachValueComesFrom) {
-  TWorkplace place;
-  place.Write("p.vproj",
-              ProjectWith("<Deployment Version=\"2\"><DeployFile LocalName=\"a.dat\" "
-                          "Configuration=\"Debug\" Class=\"Data\"><Platform Name=\"Win32\">"
-                          "<RemoteName>b.dat</RemoteName></Platform></DeployFile>"
-                          "<DeployClass Name=\"Data\"><Platform Name=\"All\"><RemoteDir>store"
-                          "</RemoteDir><Operation>1</Operation></Platform></DeployClass>"
-                          "</Deployment>"));
-  const auto entry =
-      place.Run({"explain", "p.vproj", "a.dat", "--json"}).Json()["entries"][0]["values"];
-  EXPECT_EQ(entry["remoteName"]["source"], "the entry's record for Win32");
-  EXPECT_EQ(entry["remoteDir"]["value"], "store");
-  EXPECT_EQ(entry["remoteDir"]["source"], "the class \"Data\", its record for \"All\"");
-  EXPECT_EQ(entry["operation"]["value"], "copy-executable");
+  ASSERT_EQ(place.Run({"reconcile", "p.vproj", "--all"}).Status, 0);
+  const TRun again = place.Run({"reconcile", "p.vproj", "--all", "--check"});
+  EXPECT_EQ(again.Status, 0);
+  EXPECT_EQ(again.Output, "nothing to do\n");
 }
 
 } // namespace

@@ -18,7 +18,15 @@ struct TRun {
   std::string Output;
   std::string Errors;
 
-  nlohmann::ordered_json Json() const { return nlohmann::ordered_json::parse(Output); }
+  /// The whole document that was printed.
+  nlohmann::ordered_json Document() const { return nlohmann::ordered_json::parse(Output); }
+  /// The document without what every one has, the schema and the warnings.
+  nlohmann::ordered_json Json() const {
+    auto document = Document();
+    document.erase("schema");
+    document.erase("warnings");
+    return document;
+  }
 };
 
 /// A question that a program asks at the terminal.

@@ -22,10 +22,11 @@ TEST(Settings, AreKeptFromRunToRun) {
 
 TEST(Settings, AreLeftAloneByADryRunAndByWrongUsage) {
   TWorkplace place;
-  EXPECT_EQ(place.Run({"settings", "set", "a", "1", "--dry-run"}).Output, "would set a\n");
+  EXPECT_EQ(place.Run({"settings", "set", "language", "de", "--dry-run"}).Output,
+            "would set language\n");
   EXPECT_EQ(place.Run({"settings", "list"}).Output, "");
   for (const std::vector<std::string>& command : {std::vector<std::string>{"settings"},
-                                                  {"settings", "set", "a"},
+                                                  {"settings", "set", "language"},
                                                   {"settings", "get"},
                                                   {"settings", "get", "a", "b"},
                                                   {"settings", "list", "a"},
@@ -46,10 +47,41 @@ TEST(Settings, WithANumberThatCannotBeAreNamedByEveryCommand) {
 TEST(Settings, ThatAreDamagedAreNamedAndKept) {
   TWorkplace place;
   place.Write("home/.config/deployment-manager/settings.json", "{\n  oops\n}");
-  const TRun run = place.Run({"settings", "set", "a", "1"});
+  const TRun run = place.Run({"settings", "set", "language", "de"});
   EXPECT_EQ(run.Status, 3);
   EXPECT_NE(run.Errors.find("settings.json:2: "), std::string::npos) << run.Errors;
   EXPECT_EQ(place.Read("home/.config/deployment-manager/settings.json"), "{\n  oops\n}");
+}
+
+TEST(Settings, ThatNobodyReadsAreRefusedWithAHint) {
+  TWorkplace place;
+  const auto error = [&](std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "settings");
+    const TRun run = place.Run(arguments);
+    EXPECT_EQ(run.Status, 2) << run.Errors;
+    return run.Errors;
+  };
+  EXPECT_EQ(error({"set", "libary-path.Win32", "x"}),
+            "deploymgr: there is no setting \"libary-path.Win32\"; did you mean "
+            "\"library-path.Win32\"?\n");
+  EXPECT_EQ(error({"get", "product"}).substr(0, 40), "deploymgr: there is no setting \"product\"");
+  EXPECT_NE(error({"set", "library-path.win32", "x"}).find("did you mean \"library-path.Win32\"?"),
+            std::string::npos);
+  EXPECT_EQ(error({"set", "DeploymentManager.ShowFeaturedFormAuto", "maybe"}),
+            "deploymgr: the setting \"DeploymentManager.ShowFeaturedFormAuto\" is true or false, "
+            "not \"maybe\"\n");
+  EXPECT_EQ(error({"set", "undo-runs", "-1"}),
+            "deploymgr: the setting \"undo-runs\" is a whole number, not \"-1\"\n");
+  EXPECT_EQ(place.Run({"settings", "list"}).Output, "");
+}
+
+TEST(Settings, OfAnotherVersionCanBeReadAndTakenAway) {
+  TWorkplace place;
+  place.Write("home/.config/deployment-manager/settings.json", R"({"old": "x"})");
+  EXPECT_EQ(place.Run({"settings", "get", "old"}).Output, "x\n");
+  EXPECT_EQ(place.Run({"settings", "set", "old", "y"}).Status, 2);
+  EXPECT_EQ(place.Run({"settings", "unset", "old"}).Status, 0);
+  EXPECT_EQ(place.Run({"settings", "unset", "old"}).Status, 2);
 }
 
 } // namespace

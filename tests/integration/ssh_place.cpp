@@ -88,7 +88,8 @@ std::vector<std::string> TSshPlace::States() const {
 std::vector<std::string> TSshPlace::TargetFiles() const {
   std::vector<std::string> names;
   for (const std::string& name : Files()) {
-    if (name.starts_with("target/") && name.find(UnfinishedStart) == std::string::npos)
+    if (name.starts_with("target/") && name.find(UnfinishedStart) == std::string::npos &&
+        !name.starts_with("target/.deployment-manager/"))
       names.push_back(name.substr(std::string_view("target/").size()));
   }
   return names;

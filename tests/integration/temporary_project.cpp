@@ -2,40 +2,24 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
 #include <unistd.h>
 
 namespace integration {
 
 TWorkplace::TWorkplace() {
-  std::string name = (std::filesystem::temp_directory_path() / "deploymgr-XXXXXX").string();
-  if (!::mkdtemp(name.data()))
-    throw std::runtime_error("no temporary directory");
-  FDirectory = name;
   const std::string home = Path("home").string();
   FVariables = {"HOME=" + home, "XDG_CONFIG_HOME=" + home + "/.config",
                 "XDG_STATE_HOME=" + home + "/.local/state", "PATH=/usr/local/bin:/usr/bin:/bin",
                 "LANG=C.UTF-8"};
 }
 
-TWorkplace::~TWorkplace() {
-  std::error_code ignored;
-  std::filesystem::permissions(FDirectory, std::filesystem::perms::owner_all, ignored);
-  std::filesystem::remove_all(FDirectory, ignored);
-}
-
 std::filesystem::path TWorkplace::Write(std::string_view name, std::string_view content) const {
-  std::filesystem::create_directories(Path(name).parent_path());
-  std::ofstream(Path(name), std::ios::binary) << content;
+  workbench::testing::WriteText(Path(name), content);
   return Path(name);
 }
 
 std::string TWorkplace::Read(std::string_view name) const {
-  std::ostringstream text;
-  text << std::ifstream(Path(name), std::ios::binary).rdbuf();
-  return text.str();
+  return workbench::testing::ReadText(Path(name));
 }
 
 std::filesystem::path TWorkplace::CopyOf(const std::filesystem::path& file) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/integration/run_program.h"
+#include "tests/support/temporary_directory.h"
 
 #include <filesystem>
 #include <string>
@@ -17,7 +18,6 @@ inline const std::filesystem::path Tree = SOURCE_TREE;
 class TWorkplace {
 public:
   TWorkplace();
-  ~TWorkplace();
   TWorkplace(const TWorkplace&) = delete;
   TWorkplace& operator=(const TWorkplace&) = delete;
 
@@ -48,7 +48,8 @@ public:
   bool BecomeOrdinary();
 
 private:
-  std::filesystem::path FDirectory;
+  workbench::testing::TTemporaryDirectory FTemporary;
+  std::filesystem::path FDirectory = FTemporary.Path();
   std::vector<std::string> FVariables;
   bool FOrdinary = false;
 };

@@ -43,7 +43,63 @@ TEST(Usage, ListsTheKnownPlatforms) {
   place.Write("p.vproj", ProjectWith(""));
   EXPECT_EQ(place.Run({"show", "p.vproj", "-p", "Android64"}).Errors,
             "deploymgr: there is no platform \"Android64\"; known are: Win32, Win64, OSX32, "
-            "iOSSimulator, iOSDevice32, iOSDevice64, Android; did you mean \"Android\"?\n");
+            "iOSSimulator, iOSDevice32, iOSDevice64, Android, Linux64, LinuxARM64; did you mean "
+            "\"Android\"?\n");
+}
+
+TEST(Usage, OfAConfigurationThatTheProjectDoesNotHaveIsWrongEverywhere) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(ListOf(Entry("a", "Debug", "Win32"))));
+  for (const std::vector<std::string>& command : {std::vector<std::string>{"list", "p.vproj"},
+                                                  {"status", "p.vproj"},
+                                                  {"show", "p.vproj"},
+                                                  {"deploy", "p.vproj"},
+                                                  {"reconcile", "p.vproj"},
+                                                  {"add", "p.vproj", "$(X)"},
+                                                  {"set", "p.vproj", "a", "--enabled", "true"},
+                                                  {"remove", "p.vproj", "a"},
+                                                  {"explain", "p.vproj", "a"}}) {
+    std::vector<std::string> arguments = command;
+    arguments.insert(arguments.end(), {"-c", "Relase"});
+    const TRun run = place.Run(arguments);
+    EXPECT_EQ(run.Status, 2) << command[0];
+    EXPECT_EQ(run.Errors, "deploymgr: the project has no configuration \"Relase\"; it has: Base, "
+                          "Debug, Release; did you mean \"Release\"?\n")
+        << command[0];
+    EXPECT_EQ(run.Output, "");
+  }
+}
+
+TEST(Usage, SaysWhenTheEnvironmentChoseTheTarget) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  place.SetVariable("CONFIG=Release");
+  const TRun run = place.Run({"list", "p.vproj", "--json"});
+  EXPECT_EQ(run.Status, 0);
+  EXPECT_EQ(run.Json()["configuration"], "Release");
+  EXPECT_EQ(run.Errors, "deploymgr: p.vproj: warning: the configuration \"Release\" comes from the "
+                        "environment variable CONFIG; --config takes another\n");
+  EXPECT_EQ(place.Run({"list", "p.vproj", "-c", "Debug"}).Errors, "");
+  place.SetVariable("CONFIG=/etc/app.conf");
+  const TRun wrong = place.Run({"list", "p.vproj"});
+  EXPECT_EQ(wrong.Status, 2);
+  EXPECT_EQ(wrong.Errors, "deploymgr: the configuration \"/etc/app.conf\" comes from the "
+                          "environment variable CONFIG, and there is none of that name; name one "
+                          "with --config\n");
+}
+
+TEST(Usage, TakesADirectoryForTheOneProjectInIt) {
+  TWorkplace place;
+  place.Write("in/p.vproj", ProjectWith(""));
+  place.Write("in/p.deployproj", "<Project/>");
+  EXPECT_EQ(place.Run({"list", "in", "--json"}).Json()["project"], "in/p.vproj");
+  place.Write("in/q.vcxproj", ProjectWith(""));
+  const TRun several = place.Run({"list", "in"});
+  EXPECT_EQ(several.Status, 2);
+  EXPECT_EQ(several.Errors, "deploymgr: the directory \"in\" holds 2 projects; name one of them: "
+                            "p.vproj, q.vcxproj\n");
+  std::filesystem::create_directory(place.Path("empty"));
+  EXPECT_EQ(place.Run({"list", "empty"}).Status, 3);
 }
 
 TEST(Usage, WarnsOfATargetThatTheProjectHasNotSetUp) {
@@ -98,7 +154,7 @@ TEST(Usage, IsPlainAndQuietWhenAskedTo) {
   TWorkplace place;
   place.Write("p.vproj", ProjectWith(""));
   EXPECT_EQ(place.Run({"show", "p.vproj"}).Output.find('\x1b'), std::string::npos);
-  const TRun run = place.Run({"add", "p.vproj", "missing.dat", "--quiet"});
+  const TRun run = place.Run({"add", "p.vproj", "missing.dat", "--missing-ok", "--quiet"});
   EXPECT_EQ(run.Status, 0);
   EXPECT_EQ(run.Output + run.Errors, "");
 }
@@ -106,8 +162,9 @@ TEST(Usage, IsPlainAndQuietWhenAskedTo) {
 TEST(Usage, NeedsNoHomeDirectory) {
   TWorkplace place;
   place.Write("p.vproj", ProjectWith(""));
-  const TRun run = place.RunProgram({"env", "-i", std::string("ZELK=") + SOURCE_TREE,
-                                     DEPLOYMGR_PROGRAM, "add", "p.vproj", "x", "--quiet"});
+  const TRun run =
+      place.RunProgram({"env", "-i", std::string("ZELK=") + SOURCE_TREE, DEPLOYMGR_PROGRAM, "add",
+                        "p.vproj", "x", "--missing-ok", "--quiet"});
   EXPECT_EQ(run.Status, 0) << run.Errors;
 }
 

@@ -216,7 +216,8 @@ std::string TMemoryMacroUtils::ExpandRootMacro(std::string_view text,
   return ReplaceAll(ExpandMacros(text, parameters), Reference("ZELK"), Root);
 }
 
-std::string TMemoryMacroUtils::ExpandRootMacro(std::string_view text, ICustomProject&) const {
+std::string TMemoryMacroUtils::ExpandRootMacro(std::string_view text, ICustomProject&,
+                                               std::string_view, std::string_view) const {
   return ExpandRootMacro(text, std::string_view());
 }
 

@@ -29,7 +29,11 @@ public:
     Handlers.emplace(++FLast, std::move(handler));
     return FLast;
   }
-  void Unsubscribe(TEventHandle handle) override { Handlers.erase(handle); }
+  void Unsubscribe(TEventHandle handle) override {
+    Handlers.erase(handle);
+    if (OnUnsubscribe)
+      OnUnsubscribe();
+  }
 
   void Raise(TArguments... arguments) {
     const auto snapshot = Handlers;
@@ -40,6 +44,7 @@ public:
   }
 
   std::map<TEventHandle, THandler> Handlers;
+  std::function<void()> OnUnsubscribe;
 
 private:
   TEventHandle FLast = 0;
@@ -175,7 +180,9 @@ class TMemoryMacroUtils : public IMacroUtils {
 public:
   std::string ExpandMacros(std::string_view text, std::string_view parameters) const override;
   std::string ExpandRootMacro(std::string_view text, std::string_view parameters) const override;
-  std::string ExpandRootMacro(std::string_view text, ICustomProject& project) const override;
+  std::string ExpandRootMacro(std::string_view text, ICustomProject& project,
+                              std::string_view configuration,
+                              std::string_view platform) const override;
 
   std::string Root = R"(C:\ide)";
 };

@@ -133,7 +133,12 @@ public:
     return BaseName.empty() ? ModuleName : BaseName;
   }
   std::string GetPersonality() const override { return Personality; }
-  std::string GetApplicationType() const override { return ApplicationType; }
+  std::string GetApplicationType(std::string_view, std::string_view) const override {
+    return ApplicationType;
+  }
+  std::string GetNothingToDeploy(std::string_view, std::string_view) const override {
+    return NothingToDeploy;
+  }
   std::string GetFrameworkType() const override { return FrameworkType; }
   std::string GetProjectOption(std::string_view name) const override;
   std::string GetCurrentPlatform() const override { return CurrentPlatform; }
@@ -144,7 +149,9 @@ public:
                             std::string_view /*platform*/) const override {
     return OutputKind.empty() ? ApplicationType : OutputKind;
   }
-  std::vector<std::string> GetCompleteFileList() const override { return ProjectFiles; }
+  std::vector<std::string> GetCompleteFileList(std::string_view, std::string_view) const override {
+    return ProjectFiles;
+  }
   bool GetModified() const override { return Modified; }
   void SetModified(bool modified) override { Modified = modified; }
   IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override {
@@ -176,6 +183,7 @@ public:
   std::string ModuleName = "App";
   std::string Personality = "Ardent.Personality";
   std::string ApplicationType = "Application";
+  std::string NothingToDeploy;
   std::string FrameworkType = "Form";
   std::map<std::string, std::string, std::less<>> ProjectOptions;
   std::string CurrentPlatform = "Win32";

@@ -1,5 +1,6 @@
 #include "workbench/cli/argument_parser.h"
 
+#include "package/common/delimited_list.h"
 #include "workbench/cli/context/name_hint.h"
 #include "workbench/cli/context/options.h"
 #include "workbench/text/utf8.h"
@@ -21,7 +22,12 @@ constexpr const char* Description =
     "Keeps the list of files that must reach each target platform of a project.";
 constexpr const char* MainFooter =
     "Run \"deploymgr COMMAND --help\" for the options of a command.\n"
-    "Exit status: 0 done, 1 the work failed, 2 wrong usage, 3 an input cannot be read.";
+    "\"deploymgr help COMMAND\" prints the same.";
+constexpr const char* ExitStatuses =
+    "Exit status: 0 done, or nothing to do; 1 the work failed; 2 wrong usage; 3 an input cannot be "
+    "read; 4 the project cannot be reconciled here; 5 no connection; 6 the project's commands have "
+    "no consent; 7 --check: something would change; 8 the target is not what was expected; 130, "
+    "143 interrupted.";
 
 // The parser takes the text "[a,b]" for a list of two, so it is given such a text behind a guard.
 constexpr char Guard = '\x01';
@@ -95,7 +101,15 @@ public:
 
   IOption& Choice(const std::string& name, std::string& value,
                   const std::vector<std::string>& choices, const std::string& help) override {
-    return Declared(AddText(name, value, help)->check(CLI::IsMember(choices)));
+    const auto check = [choices](const std::string& given) {
+      const std::string text = Unguarded(given);
+      if (std::find(choices.begin(), choices.end(), text) != choices.end())
+        return std::string();
+      return "\"" + text + "\" is none of " + deployment::JoinDelimited(choices, ", ") +
+             HintAt(text, choices);
+    };
+    CLI::Option* option = AddText(name, value, help);
+    return Declared(option->check(check, "{" + deployment::JoinDelimited(choices, ",") + "}"));
   }
 
   IOption& Number(const std::string& name, unsigned& value, int least, int most,
@@ -103,7 +117,7 @@ public:
     return Declared(FApp.add_option(name, value, help)->check(CLI::Range(least, most)));
   }
 
-  void Footer(const std::string& text) override { FApp.footer(text); }
+  void Footer(const std::string& text) override { FApp.footer(text + "\n" + ExitStatuses); }
 
 private:
   CLI::Option* AddText(const std::string& name, std::string& value, const std::string& help) {
@@ -130,18 +144,33 @@ void AddCommonOptions(IOptions& app, TCommonOptions& options) {
       .ValueName("NAME");
   app.Text("-p,--platform", options.Platform, "Target platform, or \"all\"").ValueName("NAME");
   app.Flag("--json", options.Json, "Print one JSON document");
-  app.Flag("--quiet", options.Quiet, "Print the document of --json and errors only; ask nothing");
+  app.Flag("-q,--quiet", options.Quiet,
+           "Print the document of --json and errors only; ask nothing");
   app.Flag("--no-color", options.NoColor, "Print without colours");
+  app.Texts("--property", options.Properties,
+            "Evaluate the project as a build that is given this property; repeatable")
+      .ValueName("NAME=VALUE");
   app.Text("--root", options.Root, "Directory that holds ObjRepos").ValueName("DIR");
+}
+
+// The arguments, with "help", "help COMMAND" and "version" as the options that they stand for.
+std::vector<std::string> WordsOf(int argc, const char* const* argv) {
+  std::vector<std::string> words(argv + 1, argv + argc);
+  if (words.front() == "version")
+    words.front() = "--version";
+  else if (words.front() == "help") {
+    words.erase(words.begin());
+    words.emplace_back("--help");
+  }
+  return words;
 }
 
 // The arguments in the order in which the parser takes them, the last one first. An empty value
 // behind "=" stands alone, since the parser would miss it.
-std::vector<std::string> ParserArguments(int argc, const char* const* argv) {
+std::vector<std::string> ParserArguments(const std::vector<std::string>& words) {
   std::vector<std::string> arguments;
   bool names = false;
-  for (int i = 1; i < argc; ++i) {
-    std::string argument = argv[i];
+  for (std::string argument : words) {
     names = names || argument == "--";
     const bool emptyValue =
         !names && argument.starts_with("--") && argument.find('=') == argument.size() - 1;
@@ -157,7 +186,7 @@ std::vector<std::string> ParserArguments(int argc, const char* const* argv) {
 
 void SetInformation(CLI::App& app) {
   app.set_help_flag("-h,--help", "Print this help and end");
-  app.set_version_flag("--version", std::string("deploymgr ") + DEPLOYMENT_VERSION);
+  app.set_version_flag("-V,--version", std::string("deploymgr ") + DEPLOYMENT_VERSION);
 }
 
 } // namespace
@@ -166,13 +195,14 @@ class TArgumentParser::TCommandLine {
 public:
   TCommandLine(TCommonOptions& common, std::vector<std::unique_ptr<ICommand>> commands)
       : FApp(Description, "deploymgr"), FCommon(common) {
-    FApp.footer(MainFooter);
+    FApp.footer(std::string(MainFooter) + "\n" + ExitStatuses);
     FApp.require_subcommand(1);
     SetInformation(FApp);
     AddCommonOptions(OptionsOf(FApp), common);
     for (std::unique_ptr<ICommand>& command : commands) {
       CLI::App* sub = FApp.add_subcommand(command->Name(), command->Summary());
       SetInformation(*sub);
+      sub->footer(ExitStatuses);
       IOptions& options = OptionsOf(*sub);
       command->AddOptions(options);
       AddCommonOptions(options, common);
@@ -183,13 +213,13 @@ public:
   TParsedArguments Parse(int argc, const char* const* argv) {
     CheckArguments(argc, argv);
     try {
-      FApp.parse(ParserArguments(argc, argv));
+      FApp.parse(ParserArguments(WordsOf(argc, argv)));
     } catch (const CLI::Success& success) {
       std::ostringstream text;
       FApp.exit(success, text, text);
       return {nullptr, text.str()};
     } catch (const CLI::ParseError& error) {
-      throw TUsageError(WithoutGuards(error.what()));
+      throw TUsageError(MessageOf(error));
     }
     const auto& [sub, command] = Chosen();
     CheckValues(*sub);
@@ -202,6 +232,43 @@ private:
   IOptions& OptionsOf(CLI::App& app) {
     FOptions.push_back(std::make_unique<TOptions>(app));
     return *FOptions.back();
+  }
+
+  // What is wrong, in a sentence of our own where the parser's says less.
+  std::string MessageOf(const CLI::ParseError& error) const {
+    const CLI::App* chosen = &FApp;
+    for (const TSubcommand& each : FCommands) {
+      if (each.first->parsed())
+        chosen = each.first;
+    }
+    std::string message = WithoutGuards(error.what());
+    if (dynamic_cast<const CLI::ExtrasError*>(&error)) {
+      for (const std::string& extra : FApp.remaining(/*recurse=*/true))
+        return UnknownArgument(*chosen, Unguarded(extra));
+    }
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
+      return message.substr(0, message.find(':')) + " needs a value";
+    if (dynamic_cast<const CLI::RequiredError*>(&error) && chosen == &FApp)
+      return "no command is given; try \"deploymgr --help\"";
+    return message;
+  }
+
+  std::string UnknownArgument(const CLI::App& chosen, const std::string& argument) const {
+    const std::string command = &chosen == &FApp ? "" : " " + chosen.get_name();
+    const std::string help = "; see \"deploymgr" + command + " --help\"";
+    if (!argument.starts_with('-'))
+      return "\"" + argument + "\" is one argument too many" + help;
+    const std::string name = argument.substr(0, argument.find('='));
+    std::vector<std::string> known;
+    for (const CLI::Option* option : chosen.get_options()) {
+      // One of no group is hidden.
+      for (const std::string& each : option->get_lnames()) {
+        if (!option->get_group().empty())
+          known.push_back("--" + each);
+      }
+    }
+    const std::string hint = HintAt(name, known);
+    return "there is no option \"" + name + "\"" + (hint.empty() ? help : hint);
   }
 
   const TSubcommand& Chosen() const {
@@ -221,20 +288,21 @@ private:
       throw TUsageError("no command is given; try \"deploymgr --help\"");
     const std::string first = argv[1];
     if (!first.empty() && first.front() != '-')
-      CheckCommand(first);
+      CheckCommand(first == "help" && argc > 2 ? argv[2] : first);
   }
 
   void CheckCommand(const std::string& word) const {
     std::vector<std::string> names;
     for (const TSubcommand& each : FCommands)
       names.push_back(each.second->Name());
+    names.insert(names.end(), {"help", "version"});
     if (std::find(names.begin(), names.end(), word) == names.end())
       throw TUsageError("there is no command \"" + word + "\"" + HintAt(word, names));
   }
 
   // Values that are given without being any, and those given on both sides of the command.
   void CheckValues(const CLI::App& chosen) {
-    for (const char* name : {"--config", "--platform", "--root"}) {
+    for (const char* name : {"--config", "--platform", "--root", "--property"}) {
       if (FApp.get_option(name)->count() > 0 && chosen.get_option(name)->count() > 0)
         throw TUsageError(std::string(name) + " is given twice");
     }

@@ -1,11 +1,14 @@
 #include "workbench/cli/command_line.h"
 
+#include "package/common/case_fold.h"
 #include "package/common/errors.h"
 #include "workbench/cli/argument_parser.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
-#include "workbench/cli/context/connection_questions.h"
+#include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/files/save_error.h"
+#include "workbench/msbuild/msbuild_properties.h"
+#include "workbench/services/remote_profile_services.h"
 
 #include <exception>
 #include <iostream>
@@ -61,13 +64,30 @@ void WarnOfRoot(const std::string& root, TOutput& output) {
     output.Warn({"there is no such directory; only the built-in platforms are known", root, 0});
 }
 
+// Properties that only the build itself sets cannot be given.
+TNamedTexts GivenProperties(const std::vector<std::string>& texts) {
+  TNamedTexts properties;
+  for (const std::string& text : texts) {
+    const std::size_t sign = text.find('=');
+    const std::string name = text.substr(0, sign);
+    if (sign == std::string::npos || !IsPropertyName(name))
+      throw TUsageError("\"" + text + "\" is no property: NAME=VALUE is wanted");
+    if (deployment::LowerCaseAscii(name).starts_with("msbuildproject") ||
+        deployment::LowerCaseAscii(name).starts_with("msbuildthisfile"))
+      throw TUsageError("the property \"" + name + "\" cannot be given: the build sets it");
+    properties.push_back({name, text.substr(sign + 1)});
+  }
+  return properties;
+}
+
 // What the command throws is reported while the session lives: an error that the package raised is
 // made of the package's code, which goes with the session.
 int RunCommand(ICommand& command, const TCommonOptions& options, TOutput& output) {
-  TSession session(TSessionOptions{options.Root});
+  TSession session(TSessionOptions{options.Root, GivenProperties(options.Properties)});
   WarnOfRoot(options.Root, output);
-  LetConnectionsAsk(session.RemoteProfiles(), output);
-  TCommandContext context{options, session, output};
+  const auto interaction = std::make_shared<TTerminalInteraction>(output);
+  session.RemoteProfiles().SetInteraction(interaction);
+  TCommandContext context{options, session, output, *interaction};
   return Reported(output, [&] {
     const int status = command.Run(context);
     CheckWritten(output.Flush());

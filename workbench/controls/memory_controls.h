@@ -27,7 +27,7 @@ public:
 /// here is null before the form made them and good as long as the form.
 class TMemoryControls final : public deployment::IControls {
 public:
-  /// Who answers questions; must outlive the object.
+  /// The dialogs answer questions; they must outlive the object.
   explicit TMemoryControls(deployment::IDialogs& dialogs) : FDialogs(dialogs) {}
 
   std::unique_ptr<deployment::IToolBar> CreateToolBar(deployment::TImageList images) override;

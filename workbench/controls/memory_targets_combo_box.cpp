@@ -1,5 +1,7 @@
 #include "workbench/controls/memory_targets_combo_box.h"
 
+#include "package/host/api/platforms.h"
+
 namespace workbench {
 
 void TMemoryTargetsComboBox::SetProject(deployment::ICustomProject* project) {
@@ -8,9 +10,13 @@ void TMemoryTargetsComboBox::SetProject(deployment::ICustomProject* project) {
   FConfiguration = project ? project->GetCurrentConfiguration() : std::string();
 }
 
+void TMemoryTargetsComboBox::Select(const deployment::TDeploymentTarget& target) {
+  FConfiguration = target.Configuration;
+  FPlatform = target.Platform == deployment::sAllPlatforms ? std::string() : target.Platform;
+}
+
 void TMemoryTargetsComboBox::Choose(std::string_view configuration, std::string_view platform) {
-  FConfiguration = configuration;
-  FPlatform = platform;
+  Select({std::string(configuration), std::string(platform)});
   if (FOnChange)
     FOnChange();
 }

@@ -13,6 +13,7 @@ namespace workbench {
 class TMemoryTargetsComboBox final : public deployment::ITargetsComboBox {
 public:
   void SetProject(deployment::ICustomProject* project) override;
+  void Select(const deployment::TDeploymentTarget& target) override;
   void Repopulate() override { ++FRepopulations; }
   std::string GetSelectedPlatform() const override { return FPlatform; }
   std::string GetSelectedConfiguration() const override { return FConfiguration; }

@@ -24,6 +24,7 @@ public:
   TMemoryTree& operator=(const TMemoryTree&) = delete;
 
   void SetColumns(const std::vector<deployment::TTreeColumn>& columns) override;
+  void SetNotice(std::string_view text) override { FNotice = text; }
   void BeginUpdate() override { ++FUpdates; }
   void EndUpdate() override { --FUpdates; }
   void Clear() override;
@@ -69,6 +70,7 @@ public:
   deployment::TTextColor TextColor(TNodeId node, int column) const;
 
   const std::vector<deployment::TTreeColumn>& Columns() const { return FColumns; }
+  const std::string& Notice() const { return FNotice; }
   const deployment::TTreeOptions& Options() const { return FOptions; }
   /// True while changes are bracketed.
   bool IsUpdating() const { return FUpdates > 0; }
@@ -97,6 +99,7 @@ private:
   int FSortColumn = -1;
   deployment::TSortDirection FSortDirection = deployment::TSortDirection::Ascending;
   int FUpdates = 0;
+  std::string FNotice;
   std::unique_ptr<deployment::ICellEditor> FEditor;
   std::pair<TNodeId, int> FEdited; ///< node and column of the editor
 };

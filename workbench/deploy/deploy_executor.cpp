@@ -1,7 +1,8 @@
 #include "workbench/deploy/deploy_executor.h"
 
+#include "workbench/deploy/record_keeper.h"
+#include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
-#include "workbench/process/shell_text.h"
 
 #include <algorithm>
 #include <mutex>
@@ -21,19 +22,15 @@ constexpr std::size_t LargestBatch = 256;
 constexpr unsigned MostJobs = 64;
 constexpr std::string_view Interrupted = "the run was interrupted";
 
-std::string UnpackCommand(const std::string& file) {
-  return (file.ends_with(".zip") ? "unzip -o -q " : "tar -xf ") + ShellQuoted(file);
-}
-
 class TExecutor {
 public:
-  TExecutor(const TDeployPlan& plan, IRemoteConnection& connection, const TConnect& connect,
-            const std::filesystem::path& directory, TDeployRun& run)
-      : FPlan(plan), FConnection(connection), FConnect(connect), FDirectory(directory), FRun(run),
+  TExecutor(const TDeployPlan& plan, const TDeployExecution& execution, TDeployReport& report)
+      : FPlan(plan), FExecution(execution), FConnection(execution.Connection), FReport(report),
         FDone(plan.Files.size(), false) {}
 
   void Run() {
     try {
+      Announce();
       FinishWhatNeedsNoCopy();
       RunLocalCommands();
       PrepareDirectories();
@@ -46,14 +43,14 @@ public:
     const std::string reason = FLost.empty() ? std::string(Interrupted) : FLost;
     for (std::size_t i = 0; i < FPlan.Files.size(); ++i)
       Finish(i, reason);
-    FRun.Report.Message = FLost;
+    FReport.Message = FLost;
   }
 
 private:
-  class TLane;
+  class TSendJob;
 
-  TDeployRow& Row(std::size_t index) { return FRun.Report.Rows[index]; }
-  bool IsCancelled() const { return FRun.Cancelled != 0; }
+  TDeployRow& Row(std::size_t index) { return FReport.Rows[index]; }
+  bool IsCancelled() const { return FExecution.Cancelled != 0; }
   void Lost(const std::string& reason) {
     const std::lock_guard lock(FMutex);
     if (FLost.empty() && !IsCancelled())
@@ -70,32 +67,32 @@ private:
       Row(index).Action = TDeployAction::Failed;
       Row(index).Error = problem;
     }
-    if (FRun.Progress)
-      FRun.Progress->RowDone(index, Row(index));
+    const TDeployAction action = Row(index).Action;
+    if (FExecution.Keeper && (action == TDeployAction::Failed || action == TDeployAction::Refused))
+      FExecution.Keeper->Failed();
+    FExecution.Observer.RowDone(index, Row(index));
   }
 
-  bool NeedsFinishing(const TPlannedFile& file) const {
-    return !file.File.RemoteCommands.empty() || file.File.Operation == TDeployOperation::Unpack ||
-           file.File.Operation == TDeployOperation::Run ||
-           file.File.Operation == TDeployOperation::RunAndRemove;
-  }
-
+  void Announce();
   void FinishWhatNeedsNoCopy();
+  std::string FinishWithoutCopy(const TPlannedFile& file);
+  void Remember(const TPlannedFile& file, const TSendOutcome& outcome, bool wasCopied);
+  void RememberFound(const TPlannedFile& file);
   void RunLocalCommands();
   void PrepareDirectories();
   void CopyFiles();
-  void RunLane(IRemoteConnection& connection);
-  void RunFurtherLane();
+  void SendOn(IRemoteConnection& connection);
+  void SendOnFurtherConnection();
   std::span<const TSendRequest> TakeBatch();
   void FileSent(std::size_t index, const TSendOutcome& outcome);
   void FinishOnTarget();
   std::string FinishOnTarget(const TPlannedFile& file);
+  std::string RunStep(const TPlannedFile& file, const TAfterStep& step);
 
   const TDeployPlan& FPlan;
+  const TDeployExecution& FExecution;
   IRemoteConnection& FConnection;
-  const TConnect& FConnect;
-  const std::filesystem::path& FDirectory;
-  TDeployRun& FRun;
+  TDeployReport& FReport;
   std::vector<TSendRequest> FWork; // files to be copied
   std::mutex FMutex;               // of what stands below, of the rows and of the progress
   std::size_t FNext = 0;           // of the work
@@ -103,16 +100,15 @@ private:
   std::vector<std::size_t> FToFinish;
   const THearLine FHear = [this](std::string_view line) {
     const std::lock_guard lock(FMutex);
-    if (FRun.Progress)
-      FRun.Progress->CommandSaid(std::string(line));
+    FExecution.Observer.CommandSaid(std::string(line));
   };
   std::string FLost; // why the connection broke
 };
 
-// What one lane takes from the work.
-class TExecutor::TLane final : public ISendJob {
+// What one connection takes from the work.
+class TExecutor::TSendJob final : public ISendJob {
 public:
-  explicit TLane(TExecutor& executor) : FExecutor(executor) {}
+  explicit TSendJob(TExecutor& executor) : FExecutor(executor) {}
 
   bool IsCancelled() const override { return FExecutor.IsCancelled(); }
   const TSendRequest* Next() override {
@@ -126,16 +122,14 @@ public:
     return next;
   }
   void BytesSent(std::uint64_t count) override {
-    if (!FExecutor.FRun.Progress)
-      return;
     const std::lock_guard lock(FExecutor.FMutex);
-    FExecutor.FRun.Progress->BytesSent(count);
+    FExecutor.FExecution.Observer.BytesSent(count);
   }
   void FileDone(const TSendRequest& request, const TSendOutcome& outcome) override {
     FOut.erase(request.Index);
     FExecutor.FileSent(request.Index, outcome);
   }
-  // The lane broke: files that it had taken are done with, one way or the other.
+  // The connection broke: files that it had taken are done with, one way or the other.
   void Break(const std::string& reason) {
     for (const TSendRequest& request : FBatch)
       FOut.insert(request.Index);
@@ -149,6 +143,31 @@ private:
   std::unordered_set<std::size_t> FOut; // handed out and not done
 };
 
+std::vector<std::string> KeysOf(std::span<const TAfterStep> steps) {
+  std::vector<std::string> keys;
+  keys.reserve(steps.size());
+  for (const TAfterStep& step : steps)
+    keys.push_back(step.Key());
+  return keys;
+}
+
+// What files will owe when they are there is written down first, so that a run that breaks off
+// between a copy and a command does not forget the command.
+void TExecutor::Announce() {
+  if (!FExecution.Keeper)
+    return;
+  for (const std::string& path : FPlan.Forgotten)
+    FExecution.Keeper->Forget(path, /*wasRemoved=*/false);
+  for (const TPlannedFile& file : FPlan.Files) {
+    const bool isCopied = file.Action == TDeployAction::Copied;
+    const bool stays =
+        isCopied || file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode;
+    if (stays && !file.RecordPath.empty())
+      FExecution.Keeper->Owe(file.RecordPath, KeysOf(file.Steps));
+  }
+  FExecution.Keeper->Begin(FConnection);
+}
+
 void TExecutor::FinishWhatNeedsNoCopy() {
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
     const TPlannedFile& file = FPlan.Files[i];
@@ -156,15 +175,70 @@ void TExecutor::FinishWhatNeedsNoCopy() {
       FWork.push_back({file.File.LocalFile, file.Target, file.File.Executable, i});
       continue;
     }
-    std::string problem = file.Action == TDeployAction::Failed ? file.Reason : std::string();
-    if (IsCancelled())
-      problem = Interrupted;
-    else if (file.Action == TDeployAction::Removed)
-      problem = FConnection.Remove(file.Target);
-    else if (file.Action == TDeployAction::Unchanged && file.TimeDiffers)
-      problem = FConnection.SetTime(file.Target, file.LocalTime);
-    Finish(i, problem);
+    const std::string problem = IsCancelled() ? std::string(Interrupted) : FinishWithoutCopy(file);
+    if (problem.empty() && !file.Steps.empty())
+      FToFinish.push_back(i);
+    else
+      Finish(i, problem);
   }
+}
+
+std::string TExecutor::FinishWithoutCopy(const TPlannedFile& file) {
+  std::string problem;
+  if (file.Action == TDeployAction::Failed)
+    return file.Reason;
+  if (file.Action == TDeployAction::Removed) {
+    problem = FConnection.Remove(file.Target);
+    if (problem.empty() && FExecution.Keeper)
+      FExecution.Keeper->Forget(file.RecordPath, /*wasRemoved=*/true);
+    return problem;
+  }
+  if (file.Action == TDeployAction::Mode)
+    problem = FConnection.SetMode(file.Target, file.Mode);
+  if (problem.empty() && file.TimeDiffers)
+    problem = FConnection.SetTime(file.Target, file.Local.Time);
+  if (problem.empty() && file.State == TFileState::Same &&
+      (file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode))
+    RememberFound(file);
+  return problem;
+}
+
+// A file found to be the same is recorded as if it had been copied.
+void TExecutor::RememberFound(const TPlannedFile& file) {
+  if (!FExecution.Keeper || file.RecordPath.empty())
+    return;
+  const auto time = std::chrono::floor<std::chrono::seconds>(file.Local.Time);
+  TSendOutcome found{.Size = file.Local.Size,
+                     .Time = std::max<std::int64_t>(time.time_since_epoch().count(), 0),
+                     .Mode = file.Mode,
+                     .Hash = file.Local.Hash};
+  const auto known = FExecution.Keeper->Find(file.RecordPath);
+  if (found.Hash.empty() && known && known->Size == found.Size && known->Time == found.Time)
+    found.Hash = known->Hash;
+  Remember(file, found, /*wasCopied=*/false);
+}
+
+void TExecutor::Remember(const TPlannedFile& file, const TSendOutcome& outcome, bool wasCopied) {
+  if (!FExecution.Keeper || file.RecordPath.empty() ||
+      file.File.Operation == TDeployOperation::RunAndRemove)
+    return;
+  std::string hash = outcome.Hash;
+  if (hash.empty())
+    hash = FileSHA256(file.File.LocalFile).value_or("");
+  if (hash.empty())
+    return; // gone since
+  const auto known = FExecution.Keeper->Find(file.RecordPath);
+  FExecution.Keeper->Put(file.RecordPath,
+                         {.LocalName = file.File.LocalName,
+                          .Class = file.File.Class,
+                          .Size = outcome.Size,
+                          .Time = std::max<std::int64_t>(outcome.Time, 0),
+                          .Hash = std::move(hash),
+                          .Mode = outcome.Mode,
+                          .Run = known ? known->Run : std::string(),
+                          .Platform = FExecution.Target.Platform,
+                          .Configuration = FExecution.Target.Configuration},
+                         wasCopied);
 }
 
 void TExecutor::RunLocalCommands() {
@@ -172,7 +246,7 @@ void TExecutor::RunLocalCommands() {
     for (const std::string& command : FPlan.Files[request.Index].File.LocalCommands) {
       std::string problem(Interrupted);
       if (!IsCancelled())
-        problem = RunCommandLine(command, FDirectory, FHear, FRun.Cancelled);
+        problem = RunCommandLine(command, FExecution.Directory, FHear, FExecution.Cancelled);
       if (problem.empty())
         continue;
       Finish(request.Index,
@@ -201,37 +275,38 @@ void TExecutor::PrepareDirectories() {
 }
 
 void TExecutor::CopyFiles() {
-  const unsigned wanted = FRun.Options.Jobs > 0 ? FRun.Options.Jobs : FConnection.UsualLanes();
+  const unsigned wanted = FExecution.Jobs > 0 ? FExecution.Jobs : FConnection.UsualConnections();
   const std::size_t batches = (FWork.size() + SmallestBatch - 1) / SmallestBatch;
-  const std::size_t lanes = std::min<std::size_t>({wanted, batches, MostJobs});
+  const std::size_t connections = std::min<std::size_t>({wanted, batches, MostJobs});
   std::vector<std::jthread> threads;
-  for (std::size_t i = 1; i < lanes; ++i)
-    threads.emplace_back([this] { RunFurtherLane(); });
-  RunLane(FConnection);
+  for (std::size_t i = 1; i < connections; ++i)
+    threads.emplace_back([this] { SendOnFurtherConnection(); });
+  SendOn(FConnection);
 }
 
-// Without a further lane the others do its share.
-void TExecutor::RunFurtherLane() {
+// Without a further connection the others do its share.
+void TExecutor::SendOnFurtherConnection() {
   std::shared_ptr<IRemoteConnection> connection;
   try {
-    connection = FConnect();
+    connection = FExecution.Connect();
   } catch (const TConnectionError&) {
     return;
   }
-  RunLane(*connection);
+  SendOn(*connection);
 }
 
-void TExecutor::RunLane(IRemoteConnection& connection) {
-  TLane lane(*this);
+void TExecutor::SendOn(IRemoteConnection& connection) {
+  TSendJob job(*this);
   try {
-    connection.Send(lane);
+    connection.Send(job);
   } catch (const TConnectionError& error) {
     Lost(error.what());
-    lane.Break(error.what());
+    job.Break(error.what());
   }
 }
 
-// Two lanes in one directory wait for each other, so that a batch ends where a directory does.
+// Two connections in one directory wait for each other, so that a batch ends where a directory
+// does.
 std::span<const TSendRequest> TExecutor::TakeBatch() {
   const std::lock_guard lock(FMutex);
   const std::size_t start = FNext;
@@ -244,10 +319,13 @@ std::span<const TSendRequest> TExecutor::TakeBatch() {
 }
 
 void TExecutor::FileSent(std::size_t index, const TSendOutcome& outcome) {
+  const TPlannedFile& file = FPlan.Files[index];
+  if (outcome.Problem.empty())
+    Remember(file, outcome, /*wasCopied=*/true);
   {
     const std::lock_guard lock(FMutex);
     Row(index).Bytes = outcome.Bytes;
-    if (outcome.Problem.empty() && NeedsFinishing(FPlan.Files[index])) {
+    if (outcome.Problem.empty() && !file.Steps.empty()) {
       FToFinish.push_back(index);
       return;
     }
@@ -261,27 +339,18 @@ void TExecutor::FinishOnTarget() {
     Finish(index, FinishOnTarget(FPlan.Files[index]));
 }
 
+// A step that fails is owed, and those behind it are, too.
 std::string TExecutor::FinishOnTarget(const TPlannedFile& file) {
-  const auto run = [&](const std::string& command) -> std::string {
-    if (IsCancelled())
-      return "was copied, but " + std::string(Interrupted);
-    const std::string problem =
-        FConnection.RunCommand(command, file.Target.Directory, FHear, FRun.Cancelled);
-    return problem.empty() ? problem : "was copied, but \"" + command + "\" " + problem;
-  };
-  const TDeployOperation operation = file.File.Operation;
-  const bool runs =
-      operation == TDeployOperation::Run || operation == TDeployOperation::RunAndRemove;
   std::string problem;
-  if (operation == TDeployOperation::Unpack)
-    problem = run(UnpackCommand("./" + file.Target.Name));
-  else if (runs)
-    problem = run(ShellQuoted("./" + file.Target.Name));
-  for (const std::string& command : file.File.RemoteCommands) {
-    if (problem.empty())
-      problem = run(command);
+  for (std::size_t done = 0; done < file.Steps.size() && problem.empty(); ++done) {
+    problem = RunStep(file, file.Steps[done]);
+    if (problem.empty() && FExecution.Keeper && !file.RecordPath.empty())
+      FExecution.Keeper->Owe(file.RecordPath, KeysOf(std::span(file.Steps).subspan(done + 1)));
   }
-  if (operation == TDeployOperation::RunAndRemove) {
+  if (file.File.Operation == TDeployOperation::RunAndRemove) {
+    // It comes back with the next deploy, and is run then.
+    if (FExecution.Keeper && !file.RecordPath.empty())
+      FExecution.Keeper->Owe(file.RecordPath, {});
     const std::string removal = FConnection.Remove(file.Target);
     if (problem.empty() && !removal.empty())
       problem = "ran, but cannot be removed: " + removal;
@@ -289,19 +358,42 @@ std::string TExecutor::FinishOnTarget(const TPlannedFile& file) {
   return problem;
 }
 
+std::string TExecutor::RunStep(const TPlannedFile& file, const TAfterStep& step) {
+  const std::string start =
+      file.Action == TDeployAction::Copied ? "was copied, but " : "is there, but ";
+  if (IsCancelled())
+    return start + std::string(Interrupted);
+  const TShell shell = FConnection.Shell();
+  const std::string text = step.Text(file.Target.Name);
+  if (shell == TShell::None)
+    return start + "\"" + text + "\" cannot be run: the machine runs no commands";
+  const auto command = step.CommandLine(shell, file.Target.Name);
+  if (!command)
+    return start + "\"" + text + "\" cannot be said to " + std::string(ShellName(shell));
+  const std::string problem =
+      FConnection.RunCommand(*command, file.Target.Directory, FHear, FExecution.Cancelled);
+  return problem.empty() ? problem : start + "\"" + text + "\" " + problem;
+}
+
 } // namespace
 
-void ExecuteDeployPlan(const TDeployPlan& plan, IRemoteConnection& connection,
-                       const TConnect& connect, const std::filesystem::path& directory,
-                       TDeployRun& run) {
-  TExecutor(plan, connection, connect, directory, run).Run();
+void ExecuteDeployPlan(const TDeployPlan& plan, const TDeployExecution& execution,
+                       TDeployReport& report) {
+  TExecutor(plan, execution, report).Run();
 }
 
 std::vector<TDeployRow> RowsOf(const TDeployPlan& plan) {
   std::vector<TDeployRow> rows;
   rows.reserve(plan.Files.size());
   for (const TPlannedFile& file : plan.Files)
-    rows.push_back({file.File.LocalName, file.RemoteFile(), file.Action, file.Bytes, file.Reason});
+    rows.push_back({.LocalName = file.File.LocalName,
+                    .RemoteFile = file.RemoteFile(),
+                    .Action = file.Action,
+                    .Bytes = file.Bytes,
+                    .Error = file.Action == TDeployAction::Failed ? file.Reason : std::string(),
+                    .State = file.State,
+                    .ByHash = file.ByHash,
+                    .Reason = file.Action == TDeployAction::Refused ? file.Reason : std::string()});
   return rows;
 }
 

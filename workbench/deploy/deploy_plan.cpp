@@ -1,14 +1,18 @@
 #include "workbench/deploy/deploy_plan.h"
 
 #include "package/common/case_fold.h"
+#include "workbench/deploy/left_overs.h"
+#include "workbench/deploy/record/record_place.h"
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/file_reader.h"
+#include "workbench/files/sha256.h"
 #include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
 #include <array>
 #include <sys/stat.h>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace workbench {
@@ -26,15 +30,21 @@ public:
       FPlan.Files.push_back({.File = std::move(file)});
   }
 
-  TDeployPlan Make(const std::function<IRemoteConnection&()>& connect) {
+  TDeployPlan Make(const std::function<IRemoteConnection&()>& connect,
+                   const std::function<TTargetRecord()>& readRecord) {
     FindTargets();
     ExamineLocalFiles();
     FConnection = &connect();
+    FRecord = readRecord();
+    for (const auto& [path, file] : FRecord.Files)
+      FRecorded.emplace(Key(path), &path);
     ResolveDirectories();
     FindCollisions();
     CollectCommands();
-    if (FPlan.Problems.empty())
+    if (FPlan.Problems.empty()) {
       CompareWithTarget();
+      FindLeftOvers(*FConnection, FRecord, FOptions, FPlan);
+    }
     return std::move(FPlan);
   }
 
@@ -44,34 +54,42 @@ private:
   }
 
   void FindTargets();
-  void FindTarget(std::size_t index);
-  std::string StartProblem(const TRemotePath& path) const;
-  std::string DirectoryText(const TRemotePath& path) const;
+  void FindTarget(TPlannedFile& file);
   void ResolveDirectories();
   void FindCollisions();
   std::string Key(const std::string& path) const {
-    return FOptions.Names.IgnoresCase ? deployment::UpperCase(path) : path;
+    return FOptions.Places.Names.IgnoresCase ? deployment::UpperCase(path) : path;
   }
   void ExamineLocalFiles();
   void ExamineLocalFile(TPlannedFile& file);
   void CollectCommands();
   void CompareWithTarget();
+  std::vector<TRemoteStatus> ExamineTargets();
   void Decide(TPlannedFile& file, const TRemoteStatus& remote);
-  void CompareContents();
+  void DecideStates(const std::vector<TRemoteStatus>& remote);
+  void DecideByContent(std::vector<std::size_t> undecided, std::vector<TThreeSides>& sides);
+  void TakeAction(TPlannedFile& file, const TRemoteStatus& remote);
+  void Refuse(TPlannedFile& file);
+  const TRecordedFile* RecordOf(const std::string& path) const;
+  TComparing Comparing() const {
+    return {.Resolution = FConnection->TimeResolution(), .TrustTimes = !FOptions.Checksum};
+  }
+  std::string RecordPathOf(const std::string& directory, const std::string& name) const;
 
   const TPlanOptions& FOptions;
   IRemoteConnection* FConnection = nullptr;
+  TTargetRecord FRecord;
+  std::unordered_map<std::string, const std::string*> FRecorded; // paths of the record by key
   TDeployPlan FPlan;
   std::vector<std::string> FDirectories; // as named, each once
   std::vector<std::size_t> FDirectoryOf; // of each file, into FDirectories
   std::vector<TRemoteDirectory> FResolved;
-  std::vector<std::size_t> FToCompare; // files whose content decides
 };
 
 void TPlanner::FindTargets() {
   std::unordered_map<std::string, std::size_t> known;
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
-    FindTarget(i);
+    FindTarget(FPlan.Files[i]);
     std::string& directory = FPlan.Files[i].Target.Directory;
     const auto [entry, isNew] = known.emplace(directory, FDirectories.size());
     if (isNew)
@@ -80,46 +98,11 @@ void TPlanner::FindTargets() {
   }
 }
 
-void TPlanner::FindTarget(std::size_t index) {
-  TPlannedFile& file = FPlan.Files[index];
-  const std::string& name = file.File.RemoteName;
-  TRemotePath path = ParseRemotePath(name);
-  if (std::string problem = StartProblem(path); !problem.empty()) {
-    Refuse(file, "its remote path \"" + name + "\" " + problem);
-    return;
-  }
-  for (const std::string_view part : path.Parts) {
-    if (const std::string problem = NameProblem(part, FOptions.Names); !problem.empty())
-      Refuse(file, "\"" + std::string(part) + "\" in its remote path " + problem);
-  }
-  if (path.Parts.empty() || name.ends_with('\\') || name.ends_with('/')) {
-    Refuse(file, "its remote path \"" + name + "\" names no file");
-    return;
-  }
-  file.Target.Name = path.Parts.back();
-  path.Parts.pop_back();
-  file.Target.Directory = DirectoryText(path);
-}
-
-std::string TPlanner::StartProblem(const TRemotePath& path) const {
-  using TStart = TRemotePath::TStart;
-  const bool isOutside = path.Start != TStart::ProfilePath || path.Climbs;
-  if (isOutside && !FOptions.AllowOutside)
-    return "leaves the path of the profile";
-  if (path.Start == TStart::Drive)
-    return "names a drive, which the target does not have";
-  if (path.Start == TStart::HomeDirectory && (path.Parts.empty() || path.Parts.front() != "~"))
-    return "names the home directory of another user";
-  return path.Climbs ? "climbs above the directory where it begins" : "";
-}
-
-std::string TPlanner::DirectoryText(const TRemotePath& path) const {
-  std::string text = path.Joined();
-  if (path.Start == TRemotePath::TStart::FileSystemRoot)
-    text.insert(text.begin(), '/');
-  if (path.Start == TRemotePath::TStart::HomeDirectory)
-    text.push_back('/');
-  return text;
+void TPlanner::FindTarget(TPlannedFile& file) {
+  TTargetPlace place = FindTargetPlace(file.File.RemoteName, FOptions.Places);
+  if (!place.Problem.empty())
+    Refuse(file, place.Problem);
+  file.Target = std::move(place.Name);
 }
 
 void TPlanner::ResolveDirectories() {
@@ -129,12 +112,13 @@ void TPlanner::ResolveDirectories() {
     const TRemoteDirectory& directory = FResolved[FDirectoryOf[i]];
     if (file.Target.Name.empty())
       continue; // refused already
-    if (!directory.Problem.empty())
-      Refuse(file, "it cannot go to \"" + file.File.RemoteName + "\": " + directory.Problem);
-    else if (!directory.IsInside && !FOptions.AllowOutside)
-      Refuse(file, "its remote path \"" + file.File.RemoteName + "\" leads to " + directory.Path +
-                       ", which is outside the path of the profile");
+    if (const std::string problem = DirectoryProblem(directory, FOptions.Places); !problem.empty())
+      Refuse(file, "it cannot go to \"" + file.File.RemoteName + "\": " + problem);
     file.Target.Directory = directory.Path == "/" ? "" : directory.Path;
+    file.RecordPath = RecordPathOf(file.Target.Directory, file.Target.Name);
+    if (IsRecordPath(file.RecordPath))
+      Refuse(file, "its remote path \"" + file.File.RemoteName +
+                       "\" leads to where deploys keep what they remember");
     if (file.RemoteFile().size() > LongestPath)
       Refuse(file,
              "its path on the target is longer than " + std::to_string(LongestPath) + " bytes");
@@ -178,8 +162,8 @@ void TPlanner::ExamineLocalFile(TPlannedFile& file) {
   const int error = errno;
   if (isThere && S_ISREG(status.st_mode)) {
     file.Bytes = static_cast<std::uint64_t>(status.st_size);
-    file.LocalTime = deployment::TFileTime(std::chrono::seconds(status.st_mtim.tv_sec) +
-                                           std::chrono::nanoseconds(status.st_mtim.tv_nsec));
+    file.Local = {.Size = file.Bytes, .Time = FileTimeOf(status.st_mtim)};
+    file.Mode = RightsFor(status.st_mode, file.File.Executable);
     return;
   }
   const std::string reason = isThere ? file.File.LocalFile.string() + " is " +
@@ -192,6 +176,7 @@ void TPlanner::ExamineLocalFile(TPlannedFile& file) {
     Refuse(file, reason + ", and it is required");
   } else {
     const bool isMissing = !isThere && (error == ENOENT || error == ENOTDIR);
+    file.State = TFileState::MissingHere;
     file.Action =
         isMissing && FOptions.SkipMissing ? TDeployAction::Skipped : TDeployAction::Failed;
     file.Reason = reason;
@@ -202,15 +187,30 @@ void TPlanner::CollectCommands() {
   for (const TPlannedFile& file : FPlan.Files) {
     for (const std::string& command : file.File.LocalCommands)
       FPlan.Commands.push_back("on this machine: " + command);
-    if (file.File.Operation == TDeployOperation::Run ||
-        file.File.Operation == TDeployOperation::RunAndRemove)
-      FPlan.Commands.push_back("on the target: " + file.RemoteFile());
-    for (const std::string& command : file.File.RemoteCommands)
-      FPlan.Commands.push_back("on the target: " + command);
+    for (const TAfterStep& step : AfterStepsOf(file.File))
+      FPlan.Commands.push_back("on the target: " + step.Text(step.Kind == TAfterStep::TKind::Command
+                                                                 ? file.Target.Name
+                                                                 : file.RemoteFile()));
   }
 }
 
 void TPlanner::CompareWithTarget() {
+  const std::vector<TRemoteStatus> remote = ExamineTargets();
+  for (std::size_t i = 0; i < FPlan.Files.size(); ++i)
+    Decide(FPlan.Files[i], remote[i]);
+  if (!FPlan.Problems.empty())
+    return;
+  DecideStates(remote);
+  for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
+    TPlannedFile& file = FPlan.Files[i];
+    if (file.State && file.State != TFileState::MissingHere)
+      TakeAction(file, remote[i]);
+    if (file.Action != TDeployAction::Copied)
+      file.Bytes = 0;
+  }
+}
+
+std::vector<TRemoteStatus> TPlanner::ExamineTargets() {
   std::vector<TRemoteName> names;
   std::vector<std::size_t> asked;
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
@@ -223,72 +223,124 @@ void TPlanner::CompareWithTarget() {
   std::vector<TRemoteStatus> all(FPlan.Files.size());
   for (std::size_t i = 0; i < asked.size(); ++i)
     all[asked[i]] = answers[i];
-  for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
-    Decide(FPlan.Files[i], all[i]);
-    if (FOptions.Checksum && !FOptions.Force && FPlan.Files[i].Action == TDeployAction::Copied &&
-        all[i].Kind == TRemoteKind::File && all[i].Size == FPlan.Files[i].Bytes &&
-        (all[i].IsExecutable || !FPlan.Files[i].File.Executable))
-      FToCompare.push_back(i);
-  }
-  CompareContents();
-  for (TPlannedFile& file : FPlan.Files) {
-    if (file.Action != TDeployAction::Copied)
-      file.Bytes = 0;
-  }
+  return all;
 }
 
+// What needs no look at contents.
 void TPlanner::Decide(TPlannedFile& file, const TRemoteStatus& remote) {
   if (!remote.Problem.empty()) {
     Refuse(file, file.RemoteFile() + " cannot be examined: " + remote.Problem);
-    return;
-  }
-  if (remote.Kind == TRemoteKind::Directory) {
+  } else if (remote.Kind == TRemoteKind::Directory) {
     Refuse(file, "it lands on " + file.RemoteFile() + ", which is a directory on the target");
-    return;
+  } else if (file.File.Operation == TDeployOperation::Remove) {
+    file.Action =
+        remote.Kind == TRemoteKind::None ? TDeployAction::Unchanged : TDeployAction::Removed;
   }
-  const bool isThere = remote.Kind != TRemoteKind::None;
-  if (file.File.Operation == TDeployOperation::Remove) {
-    file.Action = isThere ? TDeployAction::Removed : TDeployAction::Unchanged;
-    return;
-  }
-  if (file.Action != TDeployAction::Copied)
-    return;
-  if (isThere && !file.File.Overwrite) {
-    file.Action = TDeployAction::Kept;
-    return;
-  }
-  const auto resolution = FConnection->TimeResolution();
-  file.TimeDiffers =
-      Truncated(file.LocalTime, resolution) != Truncated(remote.Modified, resolution);
-  const bool isSame = remote.Kind == TRemoteKind::File && remote.Size == file.Bytes &&
-                      !file.TimeDiffers && (remote.IsExecutable || !file.File.Executable);
-  if (isSame && !FOptions.Force && !FOptions.Checksum)
-    file.Action = TDeployAction::Unchanged;
 }
 
-void TPlanner::CompareContents() {
-  std::vector<TSendRequest> requests;
-  requests.reserve(FToCompare.size());
-  for (const std::size_t index : FToCompare)
-    requests.push_back({FPlan.Files[index].File.LocalFile, FPlan.Files[index].Target, false});
-  const std::vector<bool> same = FConnection->HaveSameContent(requests);
-  for (std::size_t i = 0; i < same.size(); ++i) {
-    if (same[i])
-      FPlan.Files[FToCompare[i]].Action = TDeployAction::Unchanged;
+// Size and time settle most; the others are decided by hashes, asked for at once.
+void TPlanner::DecideStates(const std::vector<TRemoteStatus>& remote) {
+  std::vector<TThreeSides> sides(FPlan.Files.size());
+  std::vector<std::size_t> undecided;
+  for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
+    const TPlannedFile& file = FPlan.Files[i];
+    if (file.File.Operation == TDeployOperation::Remove || file.State == TFileState::MissingHere)
+      continue;
+    sides[i] = {file.Local, ContentOf(RecordOf(file.RecordPath)), ContentOf(remote[i])};
+    undecided.push_back(i);
   }
+  DecideByContent(std::move(undecided), sides);
+}
+
+void TPlanner::DecideByContent(std::vector<std::size_t> undecided,
+                               std::vector<TThreeSides>& sides) {
+  while (!undecided.empty()) {
+    std::vector<std::size_t> rest;
+    std::vector<TRemoteName> names;
+    std::vector<TContent*> contents;
+    for (const std::size_t i : undecided) {
+      TPlannedFile& file = FPlan.Files[i];
+      const TStateDecision decision = DecideFileState(sides[i], Comparing());
+      file.State = decision.State;
+      file.ByHash = decision.ByHash;
+      if (decision.IsSettled())
+        continue;
+      rest.push_back(i);
+      if (decision.NeedsHashHere) {
+        // A file that cannot be read fails when it is sent; until then it is a content of its own.
+        file.Local.Hash = FileSHA256(file.File.LocalFile).value_or("unreadable here");
+        sides[i].Here->Hash = file.Local.Hash;
+      }
+      if (decision.NeedsHashThere) {
+        names.push_back(file.Target);
+        contents.push_back(&*sides[i].There);
+      }
+    }
+    ReadHashesThere(*FConnection, names, contents);
+    undecided = std::move(rest);
+  }
+}
+
+void TPlanner::TakeAction(TPlannedFile& file, const TRemoteStatus& remote) {
+  const bool isThere = remote.Kind != TRemoteKind::None;
+  const bool isSame = file.State == TFileState::Same;
+  if (isThere && !file.File.Overwrite) {
+    file.Action = TDeployAction::Kept;
+  } else if ((file.State == TFileState::ChangedThere || file.State == TFileState::Conflict) &&
+             !FOptions.OverwriteChanged) {
+    Refuse(file);
+  } else if (isSame && !FOptions.Force) {
+    const auto resolution = FConnection->TimeResolution();
+    file.TimeDiffers =
+        Truncated(file.Local.Time, resolution) != Truncated(remote.Modified, resolution);
+    const bool modeDiffers = FConnection->KeepsModes() && remote.Mode != file.Mode;
+    file.Action = modeDiffers ? TDeployAction::Mode : TDeployAction::Unchanged;
+  }
+  if (file.State == TFileState::Unrecorded && file.Action == TDeployAction::Copied &&
+      remote.Modified > file.Local.Time)
+    FPlan.Warnings.push_back(file.RemoteFile() + " is newer than \"" + file.File.LocalName +
+                             "\", which is copied over it");
+  if (file.Action == TDeployAction::Copied) {
+    file.Steps = AfterStepsOf(file.File);
+  } else if (file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode) {
+    const auto owed = FRecord.Owed.find(file.RecordPath);
+    if (owed != FRecord.Owed.end())
+      file.Steps = OwedSteps(AfterStepsOf(file.File), owed->second);
+  }
+}
+
+void TPlanner::Refuse(TPlannedFile& file) {
+  file.Action = TDeployAction::Refused;
+  file.Reason = file.State == TFileState::Conflict
+                    ? "it was changed on the target since it was deployed, and here, too"
+                    : "it was changed on the target since it was deployed";
+}
+
+const TRecordedFile* TPlanner::RecordOf(const std::string& path) const {
+  const auto found = path.empty() ? FRecorded.end() : FRecorded.find(Key(path));
+  return found == FRecorded.end() ? nullptr : &FRecord.Files.find(*found->second)->second;
+}
+
+std::string TPlanner::RecordPathOf(const std::string& directory, const std::string& name) const {
+  const std::string root = FConnection->Root();
+  const std::string path = directory + "/" + name;
+  const bool isInside =
+      Key(path).starts_with(Key(root)) && path.size() > root.size() + 1 && path[root.size()] == '/';
+  return isInside ? path.substr(root.size() + 1) : std::string();
 }
 
 } // namespace
 
 std::string_view DeployActionName(TDeployAction action) {
-  constexpr std::array<std::string_view, 6> Names{"copied",  "unchanged", "kept",
-                                                  "skipped", "removed",   "failed"};
+  constexpr std::array<std::string_view, DeployActionCount> Names{
+      "copied", "unchanged", "mode", "kept", "skipped", "removed", "refused", "failed"};
   return Names[static_cast<std::size_t>(action)];
 }
 
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,
-                           const std::function<IRemoteConnection&()>& connect) {
-  return TPlanner(std::move(files), options).Make(connect);
+                           const std::function<IRemoteConnection&()>& connect,
+                           const std::function<TTargetRecord()>& readRecord) {
+  return TPlanner(std::move(files), options).Make(connect, readRecord);
 }
 
 } // namespace workbench

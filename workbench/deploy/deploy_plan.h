@@ -1,56 +1,86 @@
 // What a deploy will do, worked out and checked whole before anything is done.
 #pragma once
 
+#include "workbench/deploy/after_steps.h"
 #include "workbench/deploy/deploy_files.h"
+#include "workbench/deploy/record/file_state.h"
+#include "workbench/deploy/record/target_record.h"
 #include "workbench/remote/target/remote_connection.h"
-#include "workbench/remote/target/remote_path.h"
+#include "workbench/remote/target/target_place.h"
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace workbench {
 
 /// What happens to one file.
-enum class TDeployAction { Copied, Unchanged, Kept, Skipped, Removed, Failed };
+enum class TDeployAction { Copied, Unchanged, Mode, Kept, Skipped, Removed, Refused, Failed };
+
+/// How many there are.
+inline constexpr std::size_t DeployActionCount = 8;
 
 /// "copied", "unchanged" and so on: words that scripts read.
 std::string_view DeployActionName(TDeployAction action);
 
 /// How a deploy decides.
 struct TPlanOptions {
-  bool Force = false;        ///< copy also what is the same
-  bool Checksum = false;     ///< compare content instead of size and time
-  bool SkipMissing = false;  ///< a missing file that is not required is no failure
-  bool AllowOutside = false; ///< directories beyond the profile's path are allowed
-  TNameRules Names = {};
+  bool Force = false;            ///< copy also what is the same
+  bool Checksum = false;         ///< compare content instead of size and time
+  bool SkipMissing = false;      ///< a missing file that is not required is no failure
+  bool OverwriteChanged = false; ///< copy also over what others changed on the target
+  bool Prune = false;            ///< remove what was deployed and is not in the list any more
+  TPlaceRules Places = {};
+  deployment::TDeploymentTarget Target = {};
 };
 
 /// One file of a plan.
 struct TPlannedFile {
   TDeployFile File;
-  TRemoteName Target = {};                      ///< resolved
-  TDeployAction Action = TDeployAction::Copied; ///< that is to be taken
-  std::string Reason = {};                      ///< why the action is Failed
-  std::uint64_t Bytes = 0;                      ///< to be sent
-  deployment::TFileTime LocalTime = {};
-  bool TimeDiffers = false; ///< Unchanged, but the time stamp is to be brought in line
+  TRemoteName Target = {};     ///< resolved
+  std::string RecordPath = {}; ///< in the record; empty for a file beyond the profile's path
+  TDeployAction Action = TDeployAction::Copied;   ///< that is to be taken
+  std::string Reason = {};                        ///< why the action is Failed or Refused
+  std::optional<TFileState> State = std::nullopt; ///< nothing for a file that is to be removed
+  bool ByHash = false;                            ///< hashes told the state, not size and time
+  std::uint64_t Bytes = 0;                        ///< to be sent
+  TContent Local = {};                            ///< the file here; its hash when it was needed
+  unsigned Mode = 0;                              ///< rights that it is to have on the target
+  bool TimeDiffers = false;           ///< Unchanged, but the time stamp is to be brought in line
+  std::vector<TAfterStep> Steps = {}; ///< to be done when the file is there
+
+  std::string RemoteFile() const { return Target.Directory + "/" + Target.Name; }
+};
+
+/// What was deployed and is not in the list any more.
+struct TLeftOver {
+  std::string RecordPath;
+  TRemoteName Target = {}; ///< resolved
+  std::string LocalName;
+  TFileState State = TFileState::LeftOver; ///< or LeftOverChanged
 
   std::string RemoteFile() const { return Target.Directory + "/" + Target.Name; }
 };
 
 struct TDeployPlan {
   std::vector<TPlannedFile> Files;
+  std::vector<TLeftOver> LeftOvers;
+  /// Recorded, and on the target no more; the record is to forget them.
+  std::vector<std::string> Forgotten;
   /// Sentences that name a file each. With one of them nothing may be done.
   std::vector<std::string> Problems;
-  /// Commands of the project that would run, each with where it runs.
+  std::vector<std::string> Warnings;
+  /// Commands of the project, each with where it runs: what a user gives or refuses consent to.
   std::vector<std::string> Commands;
 };
 
 /// Makes the plan. Throws TConnectionError. `connect` is called when the files of this machine have
-/// been looked at, which goes on meanwhile where it takes its time.
+/// been looked at, which goes on meanwhile where it takes its time; `readRecord` when it is
+/// connected.
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,
-                           const std::function<IRemoteConnection&()>& connect);
+                           const std::function<IRemoteConnection&()>& connect,
+                           const std::function<TTargetRecord()>& readRecord);
 
 } // namespace workbench

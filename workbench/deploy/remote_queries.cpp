@@ -1,27 +1,10 @@
 #include "workbench/deploy/remote_queries.h"
 
 #include "workbench/remote/target/file_times.h"
-#include "workbench/remote/target/remote_path.h"
 
 #include <algorithm>
 
 namespace workbench {
-namespace {
-
-// A stored path in the way of a connection; an empty name when no such file can be asked for.
-TRemoteName PlaceOf(std::string_view remoteName) {
-  TRemotePath path = ParseRemotePath(remoteName);
-  if (path.Climbs || path.Parts.empty() || path.Start == TRemotePath::TStart::Drive)
-    return {};
-  TRemoteName place{{}, std::string(path.Parts.back())};
-  path.Parts.pop_back();
-  place.Directory = path.Joined();
-  if (path.Start == TRemotePath::TStart::FileSystemRoot)
-    place.Directory.insert(place.Directory.begin(), '/');
-  return place;
-}
-
-} // namespace
 
 void TRemoteQueries::ResolveDirectories(std::vector<std::string> directories) {
   std::ranges::sort(directories);
@@ -34,52 +17,51 @@ void TRemoteQueries::ResolveDirectories(std::vector<std::string> directories) {
     FDirectories.emplace(std::move(directories[i]), std::move(found[i]));
 }
 
-void TRemoteQueries::Ask(const std::vector<std::string>& remoteNames) try {
+void TRemoteQueries::Ask(const std::vector<std::string>& remoteNames) {
   std::vector<TRemoteName> places;
-  std::vector<const std::string*> asked;
+  std::vector<TFileAnswer*> answersOf; // references into an unordered map stay good
   std::vector<std::string> directories;
   places.reserve(remoteNames.size());
-  asked.reserve(remoteNames.size());
+  answersOf.reserve(remoteNames.size());
   directories.reserve(remoteNames.size());
   for (const std::string& name : remoteNames) {
-    if (!FTimes.try_emplace(name).second)
+    const auto [answer, isNew] = FAnswers.try_emplace(name);
+    if (!isNew)
       continue;
-    TRemoteName place = PlaceOf(name);
-    if (place.Name.empty())
+    TTargetPlace place = FindTargetPlace(name, FRules);
+    if (!place.Problem.empty())
       continue;
-    directories.push_back(place.Directory);
-    places.push_back(std::move(place));
-    asked.push_back(&name);
+    directories.push_back(place.Name.Directory);
+    places.push_back(std::move(place.Name));
+    answersOf.push_back(&answer->second);
   }
   ResolveDirectories(std::move(directories));
   std::vector<TRemoteName> names;
-  std::vector<const std::string*> namesOf;
+  std::vector<TFileAnswer*> asked;
   names.reserve(places.size());
-  namesOf.reserve(places.size());
+  asked.reserve(places.size());
   for (std::size_t i = 0; i < places.size(); ++i) {
     const TRemoteDirectory& directory = FDirectories.find(places[i].Directory)->second;
-    if (!directory.Exists || !(directory.IsInside || FAllowOutside))
+    if (!DirectoryProblem(directory, FRules).empty())
+      continue;
+    answersOf[i]->IsKnown = !directory.Exists; // there is nothing in what is not there
+    if (!directory.Exists)
       continue;
     names.push_back({directory.Path, std::move(places[i].Name)});
-    namesOf.push_back(asked[i]);
+    asked.push_back(answersOf[i]);
   }
   const std::vector<TRemoteStatus> answers = FConnection->Examine(names);
   const auto resolution = FConnection->TimeResolution();
   for (std::size_t i = 0; i < answers.size(); ++i) {
+    asked[i]->IsKnown = answers[i].Problem.empty();
     if (answers[i].Kind == TRemoteKind::File)
-      FTimes.find(*namesOf[i])->second = Truncated(answers[i].Modified, resolution);
+      asked[i]->Time = Truncated(answers[i].Modified, resolution);
   }
-} catch (const TConnectionError&) {
-  return; // what the package is told of a lost connection: nothing is found
 }
 
-std::optional<deployment::TFileTime> TRemoteQueries::TimeOf(std::string_view remoteName) {
-  const auto known = FTimes.find(remoteName);
-  if (known != FTimes.end())
-    return known->second;
-  std::string name(remoteName);
-  Ask({name});
-  return FTimes.find(remoteName)->second;
+TFileAnswer TRemoteQueries::AnswerOf(std::string_view remoteName) const {
+  const auto known = FAnswers.find(remoteName);
+  return known == FAnswers.end() ? TFileAnswer() : known->second;
 }
 
 } // namespace workbench

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/remote/target/remote_connection.h"
+#include "workbench/remote/target/target_place.h"
 
 #include <memory>
 #include <optional>
@@ -12,18 +13,24 @@
 
 namespace workbench {
 
-/// Holds a lane as long as it lives. What was asked once is not asked again.
+/// What a machine answered about one file.
+struct TFileAnswer {
+  bool IsKnown = false; ///< false: it may not be examined, or its path leads nowhere
+  std::optional<deployment::TFileTime> Time = {}; ///< of the plain file; nothing: there is none
+};
+
+/// Holds a connection as long as it lives. What was asked once is not asked again.
 class TRemoteQueries {
 public:
-  TRemoteQueries(std::shared_ptr<IRemoteConnection> connection, bool allowOutside)
-      : FConnection(std::move(connection)), FAllowOutside(allowOutside) {}
+  TRemoteQueries(std::shared_ptr<IRemoteConnection> connection, const TPlaceRules& rules)
+      : FConnection(std::move(connection)), FRules(rules) {}
 
-  /// Asks about all these stored paths at once. A connection that breaks leaves the answers that
-  /// did not come unknown, and the files count as not found.
+  /// Asks about all these stored paths at once. Throws TConnectionError; what was not answered is
+  /// unknown then.
   void Ask(const std::vector<std::string>& remoteNames);
-  /// The time stamp of the plain file of that stored path; nothing when there is none that may be
-  /// looked at.
-  std::optional<deployment::TFileTime> TimeOf(std::string_view remoteName);
+  bool IsAsked(std::string_view remoteName) const { return FAnswers.contains(remoteName); }
+  /// What came back about a stored path; unknown when nothing did.
+  TFileAnswer AnswerOf(std::string_view remoteName) const;
   std::chrono::nanoseconds TimeResolution() const { return FConnection->TimeResolution(); }
 
 private:
@@ -39,9 +46,9 @@ private:
   void ResolveDirectories(std::vector<std::string> directories);
 
   std::shared_ptr<IRemoteConnection> FConnection;
-  bool FAllowOutside;
+  TPlaceRules FRules;
   TByText<TRemoteDirectory> FDirectories;
-  TByText<std::optional<deployment::TFileTime>> FTimes; // by stored path
+  TByText<TFileAnswer> FAnswers; // by stored path
 };
 
 } // namespace workbench

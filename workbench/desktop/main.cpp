@@ -12,8 +12,10 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QTimer>
+#include <QWindow>
 #include <cstdio>
 #include <cstring>
 #include <optional>
@@ -25,6 +27,7 @@ using namespace workbench;
 constexpr int StatusFailed = 1;
 constexpr int StatusUsage = 2;
 constexpr int DialogInterval = 50;
+constexpr int LongestWaitForScreen = 2000;
 
 struct TArguments {
   QStringList Projects;
@@ -123,10 +126,8 @@ void ChooseTarget(TMainWindow& window, const TOpenProject& project, const TArgum
   window.ChooseTarget(configuration, platform == "all" ? std::string() : platform);
 }
 
-// Nobody sees the dialogs of a window that is only drawn: forms stay unshown, and messages are
-// printed.
-void AnswerForNobody(TSession& session, QTimer& watch) {
-  session.SetModalForms(nullptr);
+// Nobody sees the dialogs of a window that is only drawn: messages are printed.
+void AnswerForNobody(QTimer& watch) {
   QObject::connect(&watch, &QTimer::timeout, &watch, [] {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (const auto* box = qobject_cast<QMessageBox*>(dialog))
@@ -137,35 +138,53 @@ void AnswerForNobody(TSession& session, QTimer& watch) {
   watch.start(DialogInterval);
 }
 
-int Show(const TArguments& arguments) {
-  TSession session(TSessionOptions{ToPathText(arguments.Root)});
-  TMainWindow window(session);
-  if (arguments.Size.isValid())
-    window.resize(arguments.Size);
-  const bool isPicture = !arguments.Screenshot.isEmpty();
-  QTimer watch;
-  if (isPicture)
-    AnswerForNobody(session, watch);
-  if (arguments.Projects.isEmpty() && !isPicture)
-    window.Restore();
-  window.show();
+bool OpenProjects(TMainWindow& window, const TArguments& arguments) {
   bool opened = true;
   for (const QString& project : arguments.Projects)
     opened = window.Open(ToPathText(project)) && opened;
   if (const TOpenProject* project = window.CurrentProject();
       project && (!arguments.Configuration.isEmpty() || !arguments.Platform.isEmpty()))
     ChooseTarget(window, *project, arguments);
-  if (!isPicture) {
-    QTimer::singleShot(0, &window, [&window] { Guarded([&window] { window.OfferRecovery(); }); });
-    return QApplication::exec();
-  }
-  if (!opened)
+  return opened;
+}
+
+// Dialogs stand in the middle of the window, which has no place before the screen shows it.
+void WaitForScreen(const QWidget& window) {
+  QElapsedTimer waited;
+  waited.start();
+  while (window.windowHandle() && !window.windowHandle()->isExposed() &&
+         waited.elapsed() < LongestWaitForScreen)
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, DialogInterval);
+}
+
+int Draw(const TArguments& arguments) {
+  TSession session(TSessionOptions{ToPathText(arguments.Root)});
+  TMainWindow window(session);
+  session.SetModalForms(nullptr); // forms stay unshown
+  if (arguments.Size.isValid())
+    window.resize(arguments.Size);
+  window.show();
+  if (!OpenProjects(window, arguments))
     return StatusFailed;
   return SaveScreenshot(window, arguments.Screenshot)
              ? 0
              : Fail(QCoreApplication::translate("main", "%1 cannot be written")
                         .arg(arguments.Screenshot),
                     StatusFailed);
+}
+
+int Show(const TArguments& arguments) {
+  TSession session(TSessionOptions{ToPathText(arguments.Root)});
+  TMainWindow window(session);
+  if (arguments.Size.isValid())
+    window.resize(arguments.Size);
+  window.show();
+  WaitForScreen(window);
+  if (arguments.Projects.isEmpty())
+    window.Restore();
+  OpenProjects(window, arguments);
+  QTimer::singleShot(0, &window, [&window] { Guarded([&window] { window.OfferRecovery(); }); });
+  return QApplication::exec();
 }
 
 } // namespace
@@ -188,12 +207,18 @@ int main(int argc, char* argv[]) {
   const auto arguments = Parse();
   if (!arguments)
     return StatusUsage;
+  UseLegibleStyle();
   if (arguments->Appearance)
     SetAppearance(*arguments->Appearance);
+  const bool isPicture = !arguments->Screenshot.isEmpty();
+  QTimer watch;
+  if (isPicture)
+    AnswerForNobody(watch);
   try {
-    return Show(*arguments);
+    return isPicture ? Draw(*arguments) : Show(*arguments);
   } catch (const std::exception& error) {
-    ShowError(QApplication::applicationName(), ErrorText(error), nullptr);
+    if (!isPicture)
+      ShowError(QApplication::applicationName(), ErrorText(error), nullptr);
     return Fail(ErrorText(error), StatusFailed);
   }
 }

@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <memory>
 #include <openssl/evp.h>
+#include <system_error>
 #include <vector>
 
 namespace workbench {
@@ -28,12 +29,34 @@ std::string Hexadecimal(const unsigned char* bytes, std::size_t count) {
 
 } // namespace
 
+struct TSHA256::TState {
+  TDigest Digest{EVP_MD_CTX_new(), &EVP_MD_CTX_free};
+};
+
+TSHA256::TSHA256() : FState(std::make_unique<TState>()) {
+  if (!FState->Digest || EVP_DigestInit_ex(FState->Digest.get(), EVP_sha256(), nullptr) != 1)
+    throw std::system_error(ENOMEM, std::generic_category(), "computing a digest");
+}
+
+TSHA256::~TSHA256() = default;
+
+void TSHA256::Add(std::string_view bytes) {
+  EVP_DigestUpdate(FState->Digest.get(), bytes.data(), bytes.size());
+}
+
+std::string TSHA256::Text() {
+  std::array<unsigned char, EVP_MAX_MD_SIZE> result{};
+  unsigned length = 0;
+  EVP_DigestFinal_ex(FState->Digest.get(), result.data(), &length);
+  return Hexadecimal(result.data(), length);
+}
+
 std::optional<std::string> FileSHA256(const std::filesystem::path& file,
                                       std::optional<std::uint64_t> size) {
   const TFileDescriptor source(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  const TDigest digest(EVP_MD_CTX_new(), &EVP_MD_CTX_free);
-  if (!source.IsOpen() || !digest || EVP_DigestInit_ex(digest.get(), EVP_sha256(), nullptr) != 1)
+  if (!source.IsOpen())
     return std::nullopt;
+  TSHA256 digest;
   std::vector<char> block(BlockSize);
   std::uint64_t left = size.value_or(UINT64_MAX);
   while (left > 0) {
@@ -45,13 +68,10 @@ std::optional<std::string> FileSHA256(const std::filesystem::path& file,
       return std::nullopt;
     if (count == 0)
       break;
-    EVP_DigestUpdate(digest.get(), block.data(), static_cast<std::size_t>(count));
+    digest.Add({block.data(), static_cast<std::size_t>(count)});
     left -= static_cast<std::uint64_t>(count);
   }
-  std::array<unsigned char, EVP_MAX_MD_SIZE> result{};
-  unsigned length = 0;
-  EVP_DigestFinal_ex(digest.get(), result.data(), &length);
-  return Hexadecimal(result.data(), length);
+  return digest.Text();
 }
 
 } // namespace workbench

@@ -2,6 +2,7 @@
 
 #include "workbench/list/entry_restore.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace workbench {
@@ -14,15 +15,18 @@ const std::string NoName;
 TEditHistory::TEditHistory(TOpenProject& project, const THistoryLimits& limits)
     : FProject(project), FLimits(limits), FSnapshot(project.Deployment()) {}
 
-void TEditHistory::EndStep(std::string name, TLook look) {
+bool TEditHistory::EndStep(std::string name, TLook look, TStepKind kind) {
   TSnapshotChange change = FSnapshot.Collect(look);
   if (change.IsEmpty())
-    return;
+    return false;
   FRedo.clear();
   FChanges += change.Entries.size();
-  FUndo.push_back({std::move(name), ++FLastId, std::move(change)});
+  FUndo.push_back({std::move(name), ++FLastId, kind, std::move(change)});
   DropOldSteps();
-  Tell(FUndo.back(), TDirection::Forth);
+  if (kind == TStepKind::Edit)
+    FProject.MarkChanged();
+  Report(FUndo.back(), TDirection::Forth);
+  return true;
 }
 
 const std::string& TEditHistory::UndoName() const {
@@ -53,26 +57,26 @@ void TEditHistory::Redo() {
   Restore(FUndo.back(), TDirection::Forth);
 }
 
-// Who hears of it finds the step done.
+// Listeners find the step done.
 void TEditHistory::Restore(const TStep& step, TDirection direction) {
   auto* held = FSnapshot.Restore(step.Change, direction);
   FProject.MarkChanged();
-  Tell(step, direction);
+  Report(step, direction);
   NotifyListeners(FProject.Deployment(), held);
 }
 
-void TEditHistory::Tell(const TStep& step, TDirection direction) const {
+void TEditHistory::Report(const TStep& step, TDirection direction) const {
   if (!FOnStep)
     return;
   TListChange change = ListChangeOf(step.Change, direction);
   change.Name = step.Name;
+  change.IsComputed = step.Kind == TStepKind::Computed;
   FOnStep(change);
 }
 
 void TEditHistory::Clear() {
   EndStep({});
-  if (!FUndo.empty())
-    FOldestId = FUndo.back().Id;
+  FOldestEdit = PresentEdit();
   FUndo.clear();
   FRedo.clear();
   FChanges = 0;
@@ -81,22 +85,25 @@ void TEditHistory::Clear() {
 void TEditHistory::DropOldSteps() {
   while (FUndo.size() > 1 && (FUndo.size() > FLimits.Steps || FChanges > FLimits.Changes)) {
     FChanges -= FUndo.front().Change.Entries.size();
-    FOldestId = FUndo.front().Id;
+    if (FUndo.front().Kind == TStepKind::Edit)
+      FOldestEdit = FUndo.front().Id;
     FUndo.pop_front();
   }
 }
 
-std::uint64_t TEditHistory::PresentId() const {
-  return FUndo.empty() ? FOldestId : FUndo.back().Id;
+std::uint64_t TEditHistory::PresentEdit() const {
+  const auto last = std::find_if(FUndo.rbegin(), FUndo.rend(),
+                                 [](const TStep& step) { return step.Kind == TStepKind::Edit; });
+  return last == FUndo.rend() ? FOldestEdit : last->Id;
 }
 
 void TEditHistory::MarkSaved() {
   EndStep({});
-  FSavedId = PresentId();
+  FSavedEdit = PresentEdit();
 }
 
 bool TEditHistory::IsAtSavedStep() const {
-  return PresentId() == FSavedId;
+  return PresentEdit() == FSavedEdit;
 }
 
 } // namespace workbench

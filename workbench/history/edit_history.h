@@ -20,6 +20,12 @@ struct THistoryLimits {
   std::size_t Changes = 500000;
 };
 
+/// Whose change a step is.
+enum class TStepKind {
+  Edit,    ///< the user's: the project counts as changed
+  Computed ///< the program's, such as a reconcile for another target; it comes back by itself
+};
+
 /// Takes down what changes in a deployment and takes it back. Entries with all that they store,
 /// their order and the classes are covered; names of the project's directory on the targets and
 /// the project's own properties are not, since no edit of the list changes the ones, and the
@@ -36,8 +42,9 @@ public:
   TEditHistory& operator=(const TEditHistory&) = delete;
 
   /// What changed since the last step becomes a step that can be undone; without a change there is
-  /// none. Steps that were undone cannot be done again from then on. `name` is for menus.
-  void EndStep(std::string name, TLook look = TLook::Notified);
+  /// none, and the answer is false. Steps that were undone cannot be done again from then on.
+  /// `name` is for menus. An edit marks the project as changed.
+  bool EndStep(std::string name, TLook look = TLook::Notified, TStepKind kind = TStepKind::Edit);
 
   bool CanUndo() const { return !FUndo.empty(); }
   bool CanRedo() const { return !FRedo.empty(); }
@@ -55,12 +62,14 @@ public:
 
   /// Says that the list stands on disk as it is now.
   void MarkSaved();
-  /// True when the list is what it was when it was read or MarkSaved was called last.
+  /// True when the list is what it was when it was read or MarkSaved was called last, but for
+  /// computed steps.
   bool IsAtSavedStep() const;
 
-  /// Who hears of each step after it was made, undone or done again: what was done to the list, so
-  /// that doing it in turn to the list as it was gives the list as it is. Null for nobody.
+  /// Called after each step that was made, undone or done again with what was done to the list, so
+  /// that doing it in turn to the list as it was gives the list as it is.
   using TOnStep = std::function<void(const TListChange&)>;
+  /// Null for none.
   void SetOnStep(TOnStep onStep) { FOnStep = std::move(onStep); }
 
   /// How many entries were looked at to find out what changed in the last step.
@@ -70,24 +79,25 @@ private:
   struct TStep {
     std::string Name;
     std::uint64_t Id = 0;
+    TStepKind Kind = TStepKind::Edit;
     TSnapshotChange Change;
   };
 
   void Restore(const TStep& step, TDirection direction);
-  void Tell(const TStep& step, TDirection direction) const;
+  void Report(const TStep& step, TDirection direction) const;
   void DropOldSteps();
-  // Of the step after which the list is as it is.
-  std::uint64_t PresentId() const;
+  // Of the last edit in the list as it is.
+  std::uint64_t PresentEdit() const;
 
   TOpenProject& FProject;
   const THistoryLimits FLimits;
   TListSnapshot FSnapshot;
   std::deque<TStep> FUndo;
   std::vector<TStep> FRedo;
-  std::size_t FChanges = 0;    // in FUndo
-  std::uint64_t FLastId = 0;   // of all steps that were ever made
-  std::uint64_t FOldestId = 0; // of the last step that was dropped: the state below FUndo
-  std::uint64_t FSavedId = 0;  // of the step after which the list was saved
+  std::size_t FChanges = 0;      // in FUndo
+  std::uint64_t FLastId = 0;     // of all steps that were ever made
+  std::uint64_t FOldestEdit = 0; // the last one that was dropped: the state below FUndo
+  std::uint64_t FSavedEdit = 0;  // the one after which the list was saved
   TOnStep FOnStep;
 };
 

@@ -11,29 +11,18 @@ namespace {
 using deployment::IProjectDeploymentFile;
 using deployment::TDeploymentFiles;
 
-// What a project file keeps of the record: of several commands the last one, and the platform for
-// which an entry was made not at all.
-TEntryRecord AsStored(TEntryRecord record) {
-  record.Names.Platform.clear();
-  for (TFilePlatformRecord& platform : record.Platforms) {
-    for (auto* commands : {&platform.LocalCommands, &platform.RemoteCommands}) {
-      if (commands->size() > 1)
-        commands->erase(commands->begin(), commands->end() - 1);
-    }
-  }
-  return record;
-}
-
 } // namespace
 
-TListReplay::TListReplay(deployment::IProjectDeployment& deployment)
-    : FDeployment(deployment), FOrder(deployment.GetFiles()) {}
+TListReplay::TListReplay(deployment::IProjectDeployment& deployment, TMatching matching)
+    : FDeployment(deployment), FMatching(matching), FOrder(deployment.GetFiles()) {}
 
 void TListReplay::Apply(const TListChange& change) {
   const TBlockedNotification silence(FDeployment);
   std::vector<TMatch> matches = Match(change.Entries);
+  std::unordered_set<const TFile*> taken;
   bool isMoved = false;
   for (const TMatch& match : matches) {
+    taken.insert(match.File.get());
     isMoved = isMoved || match.Difference->Position || !match.Difference->After || !match.File;
     if (match.File && !match.Difference->After)
       FDeployment.RemoveFileEntry(*match.File);
@@ -44,7 +33,8 @@ void TListReplay::Apply(const TListChange& change) {
     if (match.File)
       workbench::Apply(*match.Difference->After, *match.File);
     else
-      match.File = Make(*match.Difference->After);
+      match.File = Make(*match.Difference->After, taken);
+    taken.insert(match.File.get());
   }
   if (isMoved)
     Rearrange(matches);
@@ -65,18 +55,27 @@ std::vector<TListReplay::TMatch> TListReplay::Match(std::span<const TEntryDiffer
   return matches;
 }
 
+TDeploymentFiles TListReplay::FreeFiles(const TEntryKey& names,
+                                        const std::unordered_set<const TFile*>& taken) {
+  TDeploymentFiles files = FDeployment.FindFiles(names.LocalName, {}, {}, {});
+  std::erase_if(files, [&](const auto& file) {
+    return taken.contains(file.get()) || file->GetLocalName() != names.LocalName ||
+           file->GetConfiguration() != names.Configuration;
+  });
+  return files;
+}
+
 std::shared_ptr<IProjectDeploymentFile>
 TListReplay::Find(const TEntryRecord& record, const std::unordered_set<const TFile*>& taken) {
   const TEntryKey& names = record.Names;
+  const auto held = FDeployment.FindFile(names.Configuration, names.Platform, names.LocalName);
   const auto isFree = [&](const std::shared_ptr<TFile>& file) {
     return file && !taken.contains(file.get()) && file->GetLocalName() == names.LocalName &&
            file->GetConfiguration() == names.Configuration;
   };
-  auto held = FDeployment.FindFile(names.Configuration, names.Platform, names.LocalName);
   if (isFree(held) && RecordOf(*held) == record)
     return held;
-  TDeploymentFiles candidates = FDeployment.FindFiles(names.LocalName, {}, {}, {});
-  std::erase_if(candidates, [&](const auto& file) { return !isFree(file); });
+  const TDeploymentFiles candidates = FreeFiles(names, taken);
   const TEntryRecord stored = AsStored(record);
   const auto same = std::ranges::find_if(
       candidates, [&](const auto& file) { return AsStored(RecordOf(*file)) == stored; });
@@ -89,11 +88,38 @@ TListReplay::Find(const TEntryRecord& record, const std::unordered_set<const TFi
   return ofClass == candidates.end() ? nullptr : *ofClass;
 }
 
+// The entry that says the same, else one that is on the platform for which the record was made,
+// else any of its names and class: a file may have the record in a later state.
+std::shared_ptr<IProjectDeploymentFile>
+TListReplay::FindStored(const TEntryRecord& record, const std::unordered_set<const TFile*>& taken) {
+  const TEntryRecord stored = AsStored(record);
+  std::shared_ptr<TFile> best;
+  bool isOnPlatform = false;
+  for (const auto& file : FreeFiles(record.Names, taken)) {
+    const TEntryRecord present = RecordOf(*file);
+    if (AsStored(present) == stored)
+      return file;
+    const bool holdsPlatform =
+        std::ranges::find(present.Platforms, record.Names.Platform,
+                          &TFilePlatformRecord::Platform) != present.Platforms.end();
+    if (present.Class == record.Class && (!best || (holdsPlatform && !isOnPlatform))) {
+      best = file;
+      isOnPlatform = holdsPlatform;
+    }
+  }
+  return best;
+}
+
 // Where the list has got such an entry in another way, that one becomes it.
-std::shared_ptr<IProjectDeploymentFile> TListReplay::Make(const TEntryRecord& record) {
+std::shared_ptr<IProjectDeploymentFile>
+TListReplay::Make(const TEntryRecord& record, const std::unordered_set<const TFile*>& taken) {
   const TEntryKey& names = record.Names;
   auto file = FDeployment.FindFile(names.Configuration, names.Platform, names.LocalName);
-  if (file && NamesOf(*file) == names) {
+  if (file && NamesOf(*file) != names)
+    file = nullptr;
+  if (!file && FMatching == TMatching::ByStoredNames)
+    file = FindStored(record, taken);
+  if (file) {
     workbench::Apply(record, *file);
     return file;
   }

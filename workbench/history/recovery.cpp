@@ -47,8 +47,9 @@ std::string NameText(const TEntryKey& names) {
 // Follows entries through the steps, to see which are not what they were at first.
 class TNetChange {
 public:
-  void Add(const TEntryDifference& difference) {
-    TEntryCourse& course = CourseOf(difference);
+  void Add(const TEntryDifference& difference, bool isComputed) {
+    TCourse& course = CourseOf(difference);
+    course.IsEdited = course.IsEdited || !isComputed;
     FHeld.erase(course.Last);
     course.Last = difference.After ? Pack(*difference.After) : std::string();
     const auto index = static_cast<std::size_t>(&course - FCourses.data());
@@ -58,19 +59,37 @@ public:
       FGone.insert_or_assign(NameText(difference.Before->Names), index);
   }
 
+  /// True when the list holds all that the steps led to, and nothing that they took away.
+  bool IsOutcome(const deployment::TDeploymentFiles& files) const {
+    std::unordered_map<std::string, std::size_t> held;
+    for (const auto& file : files)
+      ++held[Pack(AsStored(RecordOf(*file)))];
+    const auto stored = [](const std::string& packed) { return Pack(AsStored(Unpack(packed))); };
+    for (const TCourse& course : FCourses) {
+      if (!course.Last.empty() && held[stored(course.Last)]-- == 0)
+        return false;
+    }
+    return std::ranges::none_of(FCourses, [&](const TCourse& course) {
+      return course.Last.empty() && !course.First.empty() && held[stored(course.First)] > 0;
+    });
+  }
+
+  /// Entries that an edit left in another state; what is computed comes back by itself.
   std::size_t Count() const {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        FCourses, [](const TEntryCourse& course) { return course.First != course.Last; }));
+    return static_cast<std::size_t>(std::ranges::count_if(FCourses, [](const TCourse& course) {
+      return course.IsEdited && course.First != course.Last;
+    }));
   }
 
 private:
-  // Packed; empty while the entry was not there.
-  struct TEntryCourse {
+  // One entry's. Packed; empty while the entry was not there.
+  struct TCourse {
     std::string First;
     std::string Last;
+    bool IsEdited = false;
   };
 
-  TEntryCourse& CourseOf(const TEntryDifference& difference) {
+  TCourse& CourseOf(const TEntryDifference& difference) {
     std::string before = difference.Before ? Pack(*difference.Before) : std::string();
     if (difference.Before) {
       if (const auto held = FHeld.find(before); held != FHeld.end())
@@ -86,7 +105,7 @@ private:
     return FCourses.back();
   }
 
-  std::vector<TEntryCourse> FCourses;
+  std::vector<TCourse> FCourses;
   std::unordered_map<std::string, std::size_t> FHeld; // by what the entry is now
   std::unordered_map<std::string, std::size_t> FGone; // by its last names
 };
@@ -118,8 +137,8 @@ std::optional<TRecoverable> LookAt(const std::filesystem::path& file) {
   TNetChange net;
   for (const TListChange& step : content.Steps) {
     for (const TEntryDifference& difference : step.Entries)
-      net.Add(difference);
-    found.ChangesClasses = found.ChangesClasses || step.Classes;
+      net.Add(difference, step.IsComputed);
+    found.ChangesClasses = found.ChangesClasses || (step.Classes && !step.IsComputed);
   }
   found.Journal = file;
   found.Project = content.Project;
@@ -132,6 +151,20 @@ std::optional<TRecoverable> LookAt(const std::filesystem::path& file) {
   }
   found.State = StateOf(content);
   return found;
+}
+
+// A program that was killed behind its save left edits that the file has already.
+bool IsSaved(const TJournalContent& content, const deployment::IProjectDeployment& deployment,
+             const deployment::TDeploymentFiles& files) {
+  TNetChange net;
+  std::shared_ptr<const TClassRecords> classes;
+  for (const TListChange& step : content.Steps) {
+    for (const TEntryDifference& difference : step.Entries)
+      net.Add(difference, step.IsComputed);
+    if (step.Classes)
+      classes = step.Classes;
+  }
+  return net.IsOutcome(files) && (!classes || *classes == ClassRecordsOf(deployment));
 }
 
 std::vector<std::filesystem::path> JournalFiles() {
@@ -174,12 +207,17 @@ void Recover(const TRecoverable& recoverable, TOpenProject& project) {
   if (!IsOfProject(recoverable, project.GivenFileName()))
     throw TInputError("the recovery journal is of another project, " + recoverable.Project.string(),
                       {recoverable.Journal.string(), 0});
-  TListReplay replay(project.Deployment());
+  deployment::IProjectDeployment& deployment = project.Deployment();
+  const bool isSame = StateOf(content) == TProjectState::Same;
+  if (!isSame && IsSaved(content, deployment, deployment.GetFiles()))
+    return;
+  // In a file that is what it was nothing was saved, so that entries are what their keys say.
+  TListReplay replay(deployment, isSame ? TMatching::ByKey : TMatching::ByStoredNames);
   for (const TListChange& step : content.Steps)
     replay.Apply(step);
   replay.Finish();
   project.MarkChanged();
-  NotifyListeners(project.Deployment(), nullptr);
+  NotifyListeners(deployment, nullptr);
 }
 
 void Discard(const TRecoverable& recoverable) {

@@ -69,6 +69,7 @@ TEntryDifference DifferenceFromJson(const TJson& value) {
 TListChange StepFromJson(const TJson& value) {
   TListChange change;
   change.Name = TextFromJson(value.At("step"));
+  change.IsComputed = value.BooleanOr("computed", false);
   const TJson::TArray& entries = value.Array("entries");
   change.Entries.reserve(entries.size());
   for (const TJson& entry : entries)
@@ -104,6 +105,8 @@ void ReadHead(std::string_view text, TJournalContent& content) {
 
 void ReadLine(std::string_view text, TJournalContent& content) {
   const TJson value = ParseJson(text);
+  if (const TJson* project = value.Find("project"))
+    content.Project = TextFromJson(*project);
   if (const TJson* base = value.Find("base"))
     content.Base = BaseFromJson(*base);
   else
@@ -158,9 +161,17 @@ std::string BaseLine(const TFileBase& base) {
   return Line("{" + BaseText(base) + "}");
 }
 
+std::string NameLine(const std::filesystem::path& project, const TFileBase& base) {
+  std::string json = "{\"project\":";
+  AppendJsonText(json, project.native());
+  return Line(json + "," + BaseText(base) + "}");
+}
+
 std::string StepLine(const TListChange& change) {
   std::string json = "{\"step\":";
   AppendJsonText(json, change.Name);
+  if (change.IsComputed)
+    json += ",\"computed\":true";
   AppendList(json, "entries", change.Entries, AppendDifference);
   if (change.Classes)
     AppendList(json, "classes", *change.Classes,

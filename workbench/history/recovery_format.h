@@ -34,6 +34,8 @@ TFileBase BaseOf(const std::filesystem::path& file);
 std::string HeadLine(const std::filesystem::path& project, const TFileBase& base);
 /// The edits before and after this line belong to a file that got another content in between.
 std::string BaseLine(const TFileBase& base);
+/// The file has this name from here on.
+std::string NameLine(const std::filesystem::path& project, const TFileBase& base);
 std::string StepLine(const TListChange& change);
 
 /// All that a journal says.

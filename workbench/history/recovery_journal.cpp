@@ -43,12 +43,12 @@ TRecoveryJournal::TRecoveryJournal(const std::filesystem::path& project, std::ui
 
 template <class TAction>
 void TRecoveryJournal::Guarded(TAction action) noexcept {
-  if (!FTrouble.empty())
+  if (!FProblem.empty())
     return;
   try {
     action();
   } catch (const std::exception& error) {
-    FTrouble = "unsaved edits of " + FProject.string() +
+    FProblem = "unsaved edits of " + FProject.string() +
                " would be lost if the program ended now: their journal could not be written (" +
                error.what() + ")";
   }
@@ -70,8 +70,17 @@ void TRecoveryJournal::ProjectFileWritten() noexcept {
   });
 }
 
+void TRecoveryJournal::ProjectRenamed(const std::filesystem::path& project) noexcept {
+  Guarded([&] {
+    FProject = std::filesystem::absolute(project).lexically_normal();
+    FBase = BaseOf(FProject);
+    if (FJournal.IsOpen())
+      Write(NameLine(FProject, FBase));
+  });
+}
+
 void TRecoveryJournal::Remove() noexcept {
-  FTrouble.clear();
+  FProblem.clear();
   Guarded([this] {
     if (FJournal.IsOpen() && ::unlink(FFile.c_str()) != 0 && errno != ENOENT)
       ThrowSystemError("removing");

@@ -16,7 +16,7 @@ namespace workbench {
 /// program that ends, and a machine that loses power may lose the last steps.
 ///
 /// A journal that cannot be written must not keep anyone from editing: nothing here throws, and
-/// Trouble says what the user should know.
+/// Problem says what the user should know.
 class TRecoveryJournal {
 public:
   /// The edits start from what the file holds now. The journal gets no larger than `limit` bytes.
@@ -31,9 +31,12 @@ public:
   /// The project file was written with the list left as it was, so the edits go on from there.
   void ProjectFileWritten() noexcept;
 
+  /// The project file has another name from now on.
+  void ProjectRenamed(const std::filesystem::path& project) noexcept;
+
   /// Why edits are not kept, as a sentence; empty while they are. Nothing is written from then on
   /// until Remove, since a journal with a gap is worth nothing.
-  const std::string& Trouble() const { return FTrouble; }
+  const std::string& Problem() const { return FProblem; }
   /// The file; empty while there is none.
   const std::filesystem::path& File() const { return FFile; }
 
@@ -43,12 +46,12 @@ private:
   template <class TAction>
   void Guarded(TAction action) noexcept;
 
-  const std::filesystem::path FProject;
+  std::filesystem::path FProject;
   const std::uint64_t FLimit;
   TFileBase FBase;
   std::filesystem::path FFile;
   TFileDescriptor FJournal;
-  std::string FTrouble;
+  std::string FProblem;
 };
 
 } // namespace workbench

@@ -26,6 +26,12 @@ std::string Shown(const TJson& value) {
 } // namespace
 
 TJson::TJson() = default;
+TJson::TJson(TBoolean value) : FValue(value.Value) {}
+TJson::TJson(TReal value) : FValue(value.Value) {}
+TJson::TJson(TWhole value) : FValue(value.Value) {
+  if (value.IsNegative)
+    FValue = static_cast<std::int64_t>(value.Value);
+}
 TJson::TJson(const char* text) : FValue(std::string(text)) {}
 TJson::TJson(std::string_view text) : FValue(std::string(text)) {}
 TJson::TJson(std::string text) : FValue(std::move(text)) {}
@@ -154,6 +160,8 @@ bool TJson::BooleanOr(std::string_view name, bool absent) const {
   return value ? value->AsBoolean(name) : absent;
 }
 
-bool TJson::operator==(const TJson&) const = default;
+bool TJson::operator==(const TJson& other) const {
+  return FValue == other.FValue;
+}
 
 } // namespace workbench

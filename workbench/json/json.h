@@ -24,16 +24,12 @@ public:
   TJson();
   /// No Boolean is made from a pointer or a number by accident.
   template <std::same_as<bool> T>
-  TJson(T value) : FValue(value) {}
+  TJson(T value) : TJson(TBoolean{value}) {}
   template <std::integral T>
-  requires(!std::same_as<T, bool>) TJson(T value) {
-    if (value < 0)
-      FValue = static_cast<std::int64_t>(value);
-    else
-      FValue = static_cast<std::uint64_t>(value);
-  }
+  requires(!std::same_as<T, bool>) TJson(T value)
+      : TJson(TWhole{value < 0, static_cast<std::uint64_t>(value)}) {}
   template <std::floating_point T>
-  TJson(T value) : FValue(double(value)) {}
+  TJson(T value) : TJson(TReal{double(value)}) {}
   TJson(const char* text);
   TJson(std::string_view text);
   TJson(std::string text);
@@ -105,6 +101,20 @@ public:
 private:
   friend class TJsonTextWriter;
 
+  struct TBoolean {
+    bool Value;
+  };
+  struct TWhole {
+    bool IsNegative;
+    std::uint64_t Value; ///< modulo 2^64
+  };
+  struct TReal {
+    double Value;
+  };
+  explicit TJson(TBoolean value);
+  explicit TJson(TWhole value);
+  explicit TJson(TReal value);
+
   // A whole number has a sign when it is negative only.
   std::variant<std::monostate, bool, std::int64_t, std::uint64_t, double, std::string, TArray,
                TObject>
@@ -116,7 +126,9 @@ struct TJsonMember {
   std::string Name;
   TJson Value;
 
-  bool operator==(const TJsonMember&) const = default;
+  bool operator==(const TJsonMember& other) const {
+    return Name == other.Name && Value == other.Value;
+  }
 };
 
 /// The value as text: on one line without an indent, else with one of so many blanks for each

@@ -131,4 +131,15 @@ void Apply(const TClassRecord& record, IProjectDeploymentClass& deploymentClass)
   ApplyItem(record, deploymentClass);
 }
 
+TEntryRecord AsStored(TEntryRecord record) {
+  record.Names.Platform.clear();
+  for (TFilePlatformRecord& platform : record.Platforms) {
+    for (auto* commands : {&platform.LocalCommands, &platform.RemoteCommands}) {
+      if (commands->size() > 1)
+        commands->erase(commands->begin(), commands->end() - 1);
+    }
+  }
+  return record;
+}
+
 } // namespace workbench

@@ -80,4 +80,8 @@ TClassRecords ClassRecordsOf(const deployment::IProjectDeployment& deployment);
 void Apply(const TEntryRecord& record, deployment::IProjectDeploymentFile& file);
 void Apply(const TClassRecord& record, deployment::IProjectDeploymentClass& deploymentClass);
 
+/// What a project file keeps of the record: of several commands the last one, and the platform for
+/// which an entry was made not at all.
+TEntryRecord AsStored(TEntryRecord record);
+
 } // namespace workbench

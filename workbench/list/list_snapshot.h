@@ -16,7 +16,7 @@ namespace workbench {
 /// Where changes are looked for.
 enum class TLook {
   Notified,  ///< at what listeners heard of
-  Everywhere ///< at every entry, since a record that is made with default values is told to nobody
+  Everywhere ///< at every entry, since a record that is made with default values notifies nobody
 };
 
 /// Which way a change is followed.
@@ -32,6 +32,7 @@ struct TEntryDifference {
 /// What happened to a list, in terms that outlive the program.
 struct TListChange {
   std::string Name;
+  bool IsComputed = false;               ///< by the program, so that it comes back by itself
   std::vector<TEntryDifference> Entries; ///< those with a position in its order, behind the others
   std::shared_ptr<const TClassRecords> Classes; ///< all of them afterwards; null when unchanged
 };

@@ -64,9 +64,8 @@ std::optional<bool> ConditionBoolean(std::string_view text) {
   return std::nullopt;
 }
 
-bool IsUnknownOperand(std::string_view text) {
-  return text.find_first_not_of(" \t\r\n") == std::string_view::npos ||
-         text.find("$(") != std::string_view::npos;
+bool IsBlankOperand(std::string_view text) {
+  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
 } // namespace workbench

@@ -17,8 +17,7 @@ std::optional<TConditionVersion> ConditionVersion(std::string_view text);
 /// true, on, yes and false, off, no in any case.
 std::optional<bool> ConditionBoolean(std::string_view text);
 
-/// True for an operand whose value this machine cannot know: an empty one, or one that holds a
-/// property function.
-bool IsUnknownOperand(std::string_view text);
+/// True for an operand of nothing but blanks.
+bool IsBlankOperand(std::string_view text);
 
 } // namespace workbench

@@ -6,7 +6,9 @@
 #include "workbench/msbuild/condition_values.h"
 #include "workbench/xml/short_text.h"
 
+#include <algorithm>
 #include <compare>
+#include <optional>
 
 namespace workbench {
 namespace {
@@ -21,48 +23,52 @@ public:
                    const deployment::TErrorPlace& place)
       : FCondition(condition), FContext(context), FPlace(place), FScanner(condition, place) {}
 
-  bool Read() {
+  TConditionResult Read() {
     if (FScanner.Token() == TConditionToken::End)
-      return true;
-    const bool holds = ReadOr(true);
+      return {true};
+    const TTruth truth = ReadOr(true);
     if (FScanner.Token() != TConditionToken::End)
       FScanner.Fail("the condition is complete before this");
-    return holds;
+    return {truth == TTruth::True, truth == TTruth::Unknown ? FUnknown : nullptr};
   }
 
 private:
-  bool ReadOr(bool live) {
-    bool holds = ReadAnd(live);
+  enum class TTruth { False, Unknown, True };
+
+  static TTruth Truth(bool holds) { return holds ? TTruth::True : TTruth::False; }
+
+  TTruth ReadOr(bool live) {
+    TTruth holds = ReadAnd(live);
     while (FScanner.Token() == TConditionToken::Or) {
       FScanner.Advance();
-      const bool right = ReadAnd(live && !holds);
-      holds = holds || right;
+      const TTruth right = ReadAnd(live && holds != TTruth::True);
+      holds = std::max(holds, right);
     }
     return holds;
   }
 
-  bool ReadAnd(bool live) {
-    bool holds = ReadTerm(live);
+  TTruth ReadAnd(bool live) {
+    TTruth holds = ReadTerm(live);
     while (FScanner.Token() == TConditionToken::And) {
       FScanner.Advance();
-      const bool right = ReadTerm(live && holds);
-      holds = holds && right;
+      const TTruth right = ReadTerm(live && holds != TTruth::False);
+      holds = std::min(holds, right);
     }
     return holds;
   }
 
-  bool ReadTerm(bool live) {
+  TTruth ReadTerm(bool live) {
     if (FScanner.Token() == TConditionToken::Not) {
       Enter();
       FScanner.Advance();
-      const bool holds = !ReadTerm(live);
+      const TTruth inner = ReadTerm(live);
       --FDepth;
-      return holds;
+      return inner == TTruth::Unknown ? inner : Truth(inner == TTruth::False);
     }
     if (FScanner.Token() == TConditionToken::Open) {
       Enter();
       FScanner.Advance();
-      const bool holds = ReadOr(live);
+      const TTruth holds = ReadOr(live);
       Expect(TConditionToken::Close, "a \")\" is missing");
       --FDepth;
       return holds;
@@ -70,41 +76,56 @@ private:
     return ReadComparison(live);
   }
 
-  bool ReadComparison(bool live) {
+  TTruth ReadComparison(bool live) {
     const bool quoted = FScanner.IsQuoted();
     const std::string_view left = ReadOperand();
     if (!quoted && FScanner.Token() == TConditionToken::Open)
       return ReadFunction(left, live);
     const TConditionToken comparison = FScanner.Token();
-    if (comparison < TConditionToken::Equal || comparison > TConditionToken::GreaterOrEqual)
-      return live && AsBoolean(FContext.Expand(left));
+    if (comparison < TConditionToken::Equal || comparison > TConditionToken::GreaterOrEqual) {
+      const auto value = live ? Expand(left) : std::nullopt;
+      return value ? Truth(AsBoolean(*value)) : Undecided(live);
+    }
     FScanner.Advance();
     const std::string_view right = ReadOperand();
-    if (!live)
-      return false;
-    const std::string leftValue = FContext.Expand(left);
-    const std::string rightValue = FContext.Expand(right);
+    const auto leftValue = live ? Expand(left) : std::nullopt;
+    const auto rightValue = live ? Expand(right) : std::nullopt;
+    if (!leftValue || !rightValue)
+      return Undecided(live);
     if (comparison == TConditionToken::Equal)
-      return AreEqual(leftValue, rightValue);
+      return Truth(AreEqual(*leftValue, *rightValue));
     if (comparison == TConditionToken::NotEqual)
-      return !AreEqual(leftValue, rightValue);
-    return IsOrdered(leftValue, comparison, rightValue);
+      return Truth(!AreEqual(*leftValue, *rightValue));
+    return Truth(IsOrdered(*leftValue, comparison, *rightValue));
   }
 
-  bool ReadFunction(std::string_view name, bool live) {
+  TTruth ReadFunction(std::string_view name, bool live) {
     const bool exists = deployment::SameText(name, "Exists");
     if (!exists && !deployment::SameText(name, "HasTrailingSlash"))
       FScanner.Fail("there is no function \"" + ShortText(name) + "\"");
     FScanner.Advance();
     const std::string_view argument = ReadOperand();
     Expect(TConditionToken::Close, "a \")\" is missing");
-    if (!live)
-      return false;
-    const std::string path = FContext.Expand(argument);
+    const auto path = live ? Expand(argument) : std::nullopt;
+    if (!path)
+      return Undecided(live);
     if (exists)
-      return !path.empty() && FContext.Exists(path);
-    return !path.empty() && deployment::IsPathDelimiter(path.back());
+      return Truth(!path->empty() && FContext.Exists(*path));
+    return Truth(!path->empty() && deployment::IsPathDelimiter(path->back()));
   }
+
+  // Nothing for a text that is not known; the first reason is kept.
+  std::optional<std::string> Expand(std::string_view text) {
+    TExpanded expanded = FContext.Expand(text);
+    if (!expanded.Unknown)
+      return std::move(expanded.Text);
+    if (!FUnknown)
+      FUnknown = std::move(expanded.Unknown);
+    return std::nullopt;
+  }
+
+  // What is not looked at counts for nothing.
+  static TTruth Undecided(bool live) { return live ? TTruth::Unknown : TTruth::False; }
 
   std::string_view ReadOperand() {
     if (FScanner.Token() != TConditionToken::Text)
@@ -131,7 +152,7 @@ private:
   }
 
   bool AsBoolean(const std::string& value) const {
-    if (IsUnknownOperand(value))
+    if (IsBlankOperand(value))
       return false;
     const auto boolean = ConditionBoolean(value);
     if (!boolean)
@@ -153,7 +174,7 @@ private:
 
   bool IsOrdered(const std::string& left, TConditionToken comparison,
                  const std::string& right) const {
-    if (IsUnknownOperand(left) || IsUnknownOperand(right))
+    if (IsBlankOperand(left) || IsBlankOperand(right))
       return false;
     const std::partial_ordering order = Compare(left, right);
     switch (comparison) {
@@ -191,12 +212,13 @@ private:
   const deployment::TErrorPlace& FPlace;
   TConditionScanner FScanner;
   unsigned FDepth = 0;
+  TUnknown FUnknown;
 };
 
 } // namespace
 
-bool EvaluateCondition(std::string_view condition, const IConditionContext& context,
-                       const deployment::TErrorPlace& place) {
+TConditionResult EvaluateCondition(std::string_view condition, const IConditionContext& context,
+                                   const deployment::TErrorPlace& place) {
   return TConditionReader(condition, context, place).Read();
 }
 

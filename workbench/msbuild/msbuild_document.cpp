@@ -6,6 +6,7 @@
 #include "workbench/xml/short_text.h"
 #include "workbench/xml/xml_text.h"
 
+#include <system_error>
 #include <utility>
 
 namespace workbench {
@@ -30,8 +31,8 @@ void AppendAttribute(std::string& markup, std::string_view name, std::string_vie
 
 } // namespace
 
-TMSBuildDocument::TMSBuildDocument(const std::filesystem::path& templateFile)
-    : FTemplate(InputFrom(templateFile), templateFile.string()),
+TMSBuildDocument::TMSBuildDocument(const std::filesystem::path& templateFile, TSaveMode mode)
+    : FMode(mode), FTemplate(InputFrom(templateFile), templateFile.string()),
       FSource(FTemplate.Bytes(), FTemplate.Encoding()) {
   TXmlElement& root = FTemplate.Root();
   if (root.NodeName() != "Project")
@@ -127,12 +128,30 @@ void TMSBuildDocument::KeepMarkup() {
   FMarkup.reserve(PieceSize + PieceSize / 8);
 }
 
+bool TMSBuildDocument::IsContentOf(const std::filesystem::path& file) {
+  std::error_code ignored;
+  if (!std::filesystem::exists(file, ignored))
+    return false;
+  const TFileContent content = ReadWholeFile(file);
+  std::string_view text = content.Text();
+  for (const std::string_view piece : FPieces.Pieces()) {
+    if (!text.starts_with(piece))
+      return false;
+    text.remove_prefix(piece.size());
+  }
+  return text.empty();
+}
+
 void TMSBuildDocument::SaveToFile(std::string_view fileName) {
   CloseGroup();
   FMarkup += FInsertion.After;
   KeepMarkup();
   const auto size = static_cast<std::uint32_t>(FTemplate.Bytes().size());
   FPieces.Borrow(FSource.Bytes({FInsertion.Place.End, size}));
+  if (FMode == TSaveMode::Compare) {
+    FWasWritten = !IsContentOf(ToMachinePath(fileName));
+    return;
+  }
   TSaveRequest request;
   request.Target = ToMachinePath(fileName);
   request.Content = FPieces.Pieces();

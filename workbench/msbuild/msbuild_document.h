@@ -20,13 +20,19 @@ class TMSBuildDocument final : public deployment::IMSBuildProjectDocument,
                                private deployment::IMSBuildItemGroup,
                                private deployment::IMSBuildItem {
 public:
+  enum class TSaveMode {
+    Write,
+    Compare, ///< only finds out whether the file is different
+  };
+
   /// Reads the template. Throws TInputError when it cannot be read or is no MSBuild project.
-  explicit TMSBuildDocument(const std::filesystem::path& templateFile);
+  explicit TMSBuildDocument(const std::filesystem::path& templateFile,
+                            TSaveMode mode = TSaveMode::Write);
 
   deployment::IMSBuildItemGroup& AddItemGroup(std::string_view condition) override;
   void SaveToFile(std::string_view fileName) override;
 
-  /// True when the last save found the file different and wrote it.
+  /// True when the last save found the file different, and wrote it unless it only compares.
   bool WasWritten() const { return FWasWritten; }
 
 private:
@@ -45,7 +51,9 @@ private:
   void CloseItem();
   void CloseGroup();
   void KeepMarkup();
+  bool IsContentOf(const std::filesystem::path& file);
 
+  const TSaveMode FMode;
   TXmlReader FTemplate;
   TSourceText FSource;
   TChildLayout FLayout;

@@ -16,7 +16,6 @@ namespace {
 
 // Lists that refer to themselves grow without end; real projects stay far below.
 constexpr std::size_t MostWork = 10'000'000;
-constexpr std::size_t LongestPattern = 4096;
 
 // Two includes with the same key are the same file.
 std::string KeyOf(std::string_view include) {
@@ -40,33 +39,38 @@ bool IsSteeringAttribute(std::string_view name) {
          name.find(':') != std::string_view::npos;
 }
 
-void SetMetadata(std::vector<std::pair<std::string, std::string>>& metadata, std::string_view name,
-                 std::string value) {
-  for (auto& [present, text] : metadata) {
-    if (deployment::SameText(present, name)) {
-      text = std::move(value);
+void SetMetadata(std::vector<TItemMetadata>& metadata, TItemMetadata wanted) {
+  for (TItemMetadata& present : metadata) {
+    if (deployment::SameText(present.Name, wanted.Name)) {
+      present.Text = std::move(wanted.Text);
+      present.Unknown = std::move(wanted.Unknown);
       return;
     }
   }
-  metadata.emplace_back(name, std::move(value));
+  metadata.push_back(std::move(wanted));
 }
 
 } // namespace
 
+const TItemMetadata* TProjectItem::Find(std::string_view name) const {
+  const auto found = std::ranges::find_if(Metadata, [&](const TItemMetadata& metadata) {
+    return deployment::SameText(metadata.Name, name);
+  });
+  return found == Metadata.end() ? nullptr : &*found;
+}
+
 std::string_view TProjectItem::FindMetadata(std::string_view name) const {
-  for (const auto& [present, value] : Metadata) {
-    if (deployment::SameText(present, name))
-      return value;
-  }
-  return {};
+  const TItemMetadata* found = Find(name);
+  return found ? std::string_view(found->Text) : std::string_view();
 }
 
 TItemEvaluator::TItemEvaluator(const TPropertyTable& properties, std::filesystem::path directory,
-                               THolds holds, TEvaluationNotes& notes)
+                               THolds holds, TDirectoryCache& files, TEvaluationNotes& notes)
     : FProperties(properties), FDirectory(std::move(directory)), FHolds(std::move(holds)),
-      FNotes(notes) {}
+      FFiles(files), FNotes(notes) {}
 
-void TItemEvaluator::Evaluate(deployment::IXMLNode& element) {
+void TItemEvaluator::Evaluate(deployment::IXMLNode& element, const TUnknown& doubt) {
+  FDoubt = doubt;
   if (const auto include = element.GetAttribute("Include"))
     Include(element, *include);
   else if (const auto remove = element.GetAttribute("Remove"))
@@ -102,8 +106,11 @@ void TItemEvaluator::Include(deployment::IXMLNode& element, std::string_view inc
              return pattern.Matches(name);
            });
   };
-  const std::string escaped = FProperties.Expand(include, element);
-  for (const std::string_view piece : SplitIncludes(escaped)) {
+  const TExpanded escaped = FProperties.Expand(include, element);
+  TUnknown unknown = FDoubt ? FDoubt : escaped.Unknown ? escaped.Unknown : excluded.Unknown;
+  if (escaped.Unknown)
+    return Add(element, std::string(include), metadata, unknown);
+  for (const std::string_view piece : SplitIncludes(escaped.Text)) {
     if (IsItemReference(piece)) {
       const TPositions* positions = Referenced(element, piece);
       if (!positions)
@@ -112,25 +119,26 @@ void TItemEvaluator::Include(deployment::IXMLNode& element, std::string_view inc
         if (FItems[position].Removed || isExcluded(FItems[position].Include))
           continue;
         TMetadata merged = FItems[position].Metadata;
-        for (const auto& [name, value] : metadata)
-          SetMetadata(merged, name, value);
-        Add(element, FItems[position].Include, merged);
+        for (const TItemMetadata& own : metadata)
+          SetMetadata(merged, own);
+        Add(element, FItems[position].Include, merged,
+            FItems[position].Unknown ? FItems[position].Unknown : unknown);
       }
       continue;
     }
     for (std::string& name : Names(element, piece)) {
       if (!isExcluded(name))
-        Add(element, std::move(name), metadata);
+        Add(element, std::move(name), metadata, unknown);
     }
   }
 }
 
 void TItemEvaluator::Add(const deployment::IXMLNode& element, std::string include,
-                         const TMetadata& metadata) {
+                         const TMetadata& metadata, const TUnknown& unknown) {
   Spend(1 + metadata.size(), element);
   TypeOf(element.NodeName()).Positions.push_back(FItems.size());
   FItems.push_back(
-      {std::string(element.NodeName()), std::move(include), metadata, &element, false});
+      {std::string(element.NodeName()), std::move(include), metadata, &element, false, unknown});
 }
 
 std::vector<std::string> TItemEvaluator::Names(const deployment::IXMLNode& element,
@@ -141,19 +149,18 @@ std::vector<std::string> TItemEvaluator::Names(const deployment::IXMLNode& eleme
   }
   if (!TWildcardPattern::IsPattern(piece))
     return {UnescapeMSBuild(piece)};
-  if (piece.size() > LongestPattern) {
-    Note(element, piece, "is longer than any path");
-    return {};
-  }
   const TWildcardPattern pattern(piece);
   const std::string& fixed = pattern.FixedPart();
-  const bool isForeign = IsForeignPath(fixed);
-  if (isForeign || (deployment::IsAbsolutePath(fixed) &&
-                    !FullPathText(fixed, FDirectory).starts_with((FDirectory / "").string()))) {
+  if (const std::string_view refusal = pattern.Refusal(FDirectory); !refusal.empty()) {
+    Note(element, piece, refusal);
+    return {};
+  }
+  if (deployment::IsAbsolutePath(fixed) &&
+      !FullPathText(fixed, FDirectory).starts_with((FDirectory / "").string())) {
     Note(element, piece, "looks for files outside the project's directory");
     return {};
   }
-  std::vector<std::string> names = pattern.Expand(FDirectory, element.Place());
+  std::vector<std::string> names = pattern.Expand(FDirectory, FFiles, element.Place());
   Spend(names.size(), element);
   return names;
 }
@@ -173,8 +180,9 @@ const TItemEvaluator::TPositions* TItemEvaluator::Referenced(const deployment::I
 TItemEvaluator::TSelection TItemEvaluator::Select(const deployment::IXMLNode& element,
                                                   std::string_view list) {
   TSelection selection;
-  const std::string escaped = FProperties.Expand(list, element);
-  for (const std::string_view piece : SplitIncludes(escaped)) {
+  TExpanded escaped = FProperties.Expand(list, element);
+  selection.Unknown = std::move(escaped.Unknown);
+  for (const std::string_view piece : SplitIncludes(escaped.Text)) {
     if (IsItemReference(piece)) {
       if (const TPositions* positions = Referenced(element, piece)) {
         for (const std::size_t position : *positions) {
@@ -182,7 +190,8 @@ TItemEvaluator::TSelection TItemEvaluator::Select(const deployment::IXMLNode& el
             selection.Keys.push_back(KeyOf(FItems[position].Include));
         }
       }
-    } else if (TWildcardPattern::IsPattern(piece) && piece.size() <= LongestPattern) {
+    } else if (TWildcardPattern::IsPattern(piece) &&
+               TWildcardPattern(piece).Refusal(FDirectory).empty()) {
       selection.Patterns.emplace_back(piece);
     } else {
       selection.Keys.push_back(KeyOf(UnescapeMSBuild(piece)));
@@ -218,8 +227,11 @@ TItemEvaluator::TPositions TItemEvaluator::Selected(std::string_view typeName,
 void TItemEvaluator::Remove(const deployment::IXMLNode& element, std::string_view list) {
   const TSelection selection = Select(element, list);
   Spend(selection.Patterns.size() * TypeOf(element.NodeName()).Positions.size(), element);
-  for (const std::size_t position : Selected(element.NodeName(), selection))
-    FItems[position].Removed = true;
+  for (const std::size_t position : Selected(element.NodeName(), selection)) {
+    FItems[position].Removed = !FDoubt;
+    if (FDoubt)
+      FItems[position].Unknown = FDoubt;
+  }
 }
 
 void TItemEvaluator::Update(deployment::IXMLNode& element, std::string_view list) {
@@ -227,22 +239,27 @@ void TItemEvaluator::Update(deployment::IXMLNode& element, std::string_view list
   const TSelection selection = Select(element, list);
   Spend(selection.Patterns.size() * TypeOf(element.NodeName()).Positions.size(), element);
   for (const std::size_t position : Selected(element.NodeName(), selection)) {
-    for (const auto& [name, value] : metadata)
-      SetMetadata(FItems[position].Metadata, name, value);
+    for (const TItemMetadata& own : metadata)
+      SetMetadata(FItems[position].Metadata, {own.Name, own.Text, FDoubt ? FDoubt : own.Unknown});
   }
 }
 
 TItemEvaluator::TMetadata TItemEvaluator::ReadMetadata(deployment::IXMLNode& element) const {
   TMetadata metadata;
+  const auto set = [&](std::string_view name, TExpanded value) {
+    SetMetadata(metadata, {std::string(name), std::move(value.Text), std::move(value.Unknown)});
+  };
   for (std::size_t i = 0; i < element.AttributeCount(); ++i) {
     const std::string_view name = element.AttributeName(i);
     if (!IsSteeringAttribute(name))
-      SetMetadata(metadata, name,
-                  FProperties.ExpandPlain(element.GetAttribute(name).value_or(""), element));
+      set(name, FProperties.ExpandPlain(element.GetAttribute(name).value_or(""), element));
   }
   for (deployment::IXMLNode* child = element.FirstChild(); child; child = child->NextSibling()) {
-    if (FHolds(*child))
-      SetMetadata(metadata, child->NodeName(), FProperties.ExpandPlain(child->Text(), *child));
+    const TConditionResult condition = FHolds(*child);
+    if (condition.Unknown)
+      set(child->NodeName(), {{}, condition.Unknown});
+    else if (condition.Holds)
+      set(child->NodeName(), FProperties.ExpandPlain(child->Text(), *child));
   }
   return metadata;
 }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "package/host/api/xml.h"
+#include "workbench/msbuild/directory_cache.h"
 #include "workbench/msbuild/evaluation_note.h"
+#include "workbench/msbuild/msbuild_condition.h"
 #include "workbench/msbuild/msbuild_properties.h"
 #include "workbench/msbuild/msbuild_wildcards.h"
 
@@ -12,20 +14,29 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace workbench {
+
+/// What an item says about itself under a name; plain text.
+struct TItemMetadata {
+  std::string Name;
+  std::string Text;
+  TUnknown Unknown;
+};
 
 /// One item. Texts are plain: references replaced, escapes resolved.
 struct TProjectItem {
   std::string Type;
   std::string Include;
-  std::vector<std::pair<std::string, std::string>> Metadata; ///< in order, each name once
-  const deployment::IXMLNode* Node = nullptr;                ///< the element that made the item
+  std::vector<TItemMetadata> Metadata;        ///< in order, each name once
+  const deployment::IXMLNode* Node = nullptr; ///< the element that made the item
   bool Removed = false;
+  TUnknown Unknown; ///< set when its name, or whether there is such an item, is not known
 
-  /// Ignoring case of the name; empty when the item has no such metadata.
+  /// Ignoring case of the name; null when the item has no such metadata.
+  const TItemMetadata* Find(std::string_view name) const;
+  /// The text of that metadata; empty when the item has none.
   std::string_view FindMetadata(std::string_view name) const;
 };
 
@@ -33,21 +44,22 @@ struct TProjectItem {
 class TItemEvaluator {
 public:
   /// Tells whether the condition of an element holds.
-  using THolds = std::function<bool(const deployment::IXMLNode&)>;
+  using THolds = std::function<TConditionResult(const deployment::IXMLNode&)>;
 
-  /// Properties and notes belong to the caller and outlive the evaluator. Includes are relative to
-  /// the directory.
+  /// All but the directory belong to the caller and outlive the evaluator. Includes are relative
+  /// to the directory.
   TItemEvaluator(const TPropertyTable& properties, std::filesystem::path directory, THolds holds,
-                 TEvaluationNotes& notes);
+                 TDirectoryCache& files, TEvaluationNotes& notes);
 
-  /// Evaluates one child of an item group; its own condition holds. Throws TInputError.
-  void Evaluate(deployment::IXMLNode& element);
+  /// Evaluates one child of an item group; its own condition holds, or is in doubt. Throws
+  /// TInputError.
+  void Evaluate(deployment::IXMLNode& element, const TUnknown& doubt = nullptr);
   /// All items that are left, in order.
   std::vector<TProjectItem> TakeItems();
 
 private:
   using TPositions = std::vector<std::size_t>;
-  using TMetadata = std::vector<std::pair<std::string, std::string>>;
+  using TMetadata = std::vector<TItemMetadata>;
 
   struct TType {
     TPositions Positions;
@@ -59,11 +71,13 @@ private:
   struct TSelection {
     std::vector<std::string> Keys;
     std::vector<TWildcardPattern> Patterns;
+    TUnknown Unknown;
   };
 
   TType& TypeOf(std::string_view name);
   void Include(deployment::IXMLNode& element, std::string_view include);
-  void Add(const deployment::IXMLNode& element, std::string include, const TMetadata& metadata);
+  void Add(const deployment::IXMLNode& element, std::string include, const TMetadata& metadata,
+           const TUnknown& unknown);
   TSelection Select(const deployment::IXMLNode& element, std::string_view list);
   TPositions Selected(std::string_view type, const TSelection& selection);
   void Remove(const deployment::IXMLNode& element, std::string_view list);
@@ -77,7 +91,9 @@ private:
   const TPropertyTable& FProperties;
   std::filesystem::path FDirectory;
   THolds FHolds;
+  TDirectoryCache& FFiles;
   TEvaluationNotes& FNotes;
+  TUnknown FDoubt; // about the element at hand
   std::vector<TProjectItem> FItems;
   std::unordered_map<std::string, TType> FTypes;
   std::size_t FWork = 0;

@@ -3,6 +3,8 @@
 
 #include "package/common/case_fold.h"
 #include "package/host/api/xml.h"
+#include "workbench/msbuild/property_functions.h"
+#include "workbench/msbuild/unknown_value.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -28,23 +30,29 @@ public:
   void SetGlobal(std::string_view name, std::string_view text);
   /// A value that the project may replace; plain text.
   void SetInitial(std::string_view name, std::string_view text);
-  /// What a reference gets while nothing sets the property; expanded at each use. A default may
-  /// refer to other defaults, but not in a circle.
-  void SetDefault(std::string_view name, std::string_view text);
+  /// A property that the build system sets to something that this machine cannot know. The project
+  /// may assign it.
+  void SetOfBuildSystem(std::string_view name);
+  /// Where the project is and what its environment says; the texts must outlive the table.
+  void SetPlace(const std::filesystem::path& projectDirectory, const TNamedTexts& environment);
   /// Sets MSBuildThisFile and its kin.
   void SetThisFile(const std::filesystem::path& file);
 
-  /// Stores a value that `node` of the project assigns, escapes and all.
-  TAssignment Assign(std::string_view name, std::string value, const deployment::IXMLNode& node);
+  /// Stores a value that `node` of the project assigns, escapes and all. With a `doubt`, whether
+  /// the assignment takes place is not known: a value that would change is not known any more.
+  TAssignment Assign(std::string_view name, TExpanded value, const deployment::IXMLNode& node,
+                     const TUnknown& doubt = nullptr);
 
-  /// The text with references replaced by values, escapes kept. Property functions stay as they
-  /// are written. Throws TInputError at `node` when the text grows beyond all measure.
-  std::string Expand(std::string_view text, const deployment::IXMLNode& node) const;
+  /// The text with references replaced by values, escapes kept; what is unknown counts as empty.
+  /// Throws TInputError at `node` when the text grows beyond all measure.
+  TExpanded Expand(std::string_view text, const deployment::IXMLNode& node) const {
+    return Expand(text, node, 0);
+  }
   /// Expand without escapes.
-  std::string ExpandPlain(std::string_view text, const deployment::IXMLNode& node) const;
+  TExpanded ExpandPlain(std::string_view text, const deployment::IXMLNode& node) const;
 
-  /// The plain text of a property, or of its default; empty when it has neither.
-  std::string PlainValue(std::string_view name, const deployment::IXMLNode& node) const;
+  /// The plain text of a property; empty when it is unset.
+  TExpanded PlainValue(std::string_view name) const;
   /// The element that assigned the present value; null when none did.
   const deployment::IXMLNode* AssignedBy(std::string_view name) const;
 
@@ -55,6 +63,7 @@ private:
     std::string Value;
     TSource Source = TSource::Project;
     const deployment::IXMLNode* Node = nullptr;
+    TUnknown Unknown = nullptr;
   };
 
   struct THash {
@@ -67,15 +76,19 @@ private:
       return deployment::SameText(left, right);
     }
   };
-  template <class TValue>
-  using TNames = std::unordered_map<std::string, TValue, THash, TSame>;
+  using TProperties = std::unordered_map<std::string, TProperty, THash, TSame>;
+
+  friend class TReferenceReader;
 
   void Store(std::string_view name, TProperty property);
-  void AppendValue(std::string& text, std::string_view name,
-                   const deployment::IXMLNode& node) const;
+  TExpanded Expand(std::string_view text, const deployment::IXMLNode& node, unsigned depth) const;
+  void AppendReference(TExpanded& expanded, std::string_view body, const deployment::IXMLNode& node,
+                       unsigned depth) const;
+  void AppendValue(TExpanded& expanded, std::string_view name) const;
+  void Spend(std::size_t bytes, std::string_view text, const deployment::IXMLNode& node) const;
 
-  TNames<TProperty> FProperties;
-  TNames<std::string> FDefaults;
+  TProperties FProperties;
+  TFunctionContext FContext;
   mutable std::size_t FExpandedBytes = 0;
 };
 

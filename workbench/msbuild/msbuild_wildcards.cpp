@@ -2,12 +2,12 @@
 
 #include "package/common/case_fold.h"
 #include "package/common/path_text.h"
+#include "workbench/msbuild/directory_cache.h"
 #include "workbench/msbuild/msbuild_escapes.h"
 #include "workbench/msbuild/project_paths.h"
 #include "workbench/xml/short_text.h"
 
 #include <algorithm>
-#include <system_error>
 
 namespace workbench {
 namespace {
@@ -20,7 +20,7 @@ constexpr char AnyCharacter = '\xFE';
 constexpr std::string_view Wildcards = "\xFF\xFE";
 constexpr std::string_view AnyDirectories = "\xFF\xFF";
 
-constexpr std::size_t MostEntries = 200'000;
+constexpr std::size_t LongestPattern = 4096;
 constexpr std::size_t DeepestSearch = 64;
 
 std::vector<std::string> SplitPath(std::string_view path) {
@@ -77,35 +77,12 @@ std::string MarkWildcards(std::string_view escaped) {
   return UnescapeMSBuild(marked);
 }
 
-struct TSearch {
-  std::vector<std::string> Found; // relative to where the search starts, "\" between names
-  std::size_t Entries = 0;
-  std::size_t Deepest = 0;
-};
-
-// False when the limit of entries was passed.
-bool CollectFiles(const fs::path& directory, const std::string& prefix, std::size_t depth,
-                  TSearch& search) {
-  std::error_code error;
-  for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
-       entry.increment(error)) {
-    if (++search.Entries > MostEntries)
-      return false;
-    const std::string name = entry->path().filename().string();
-    std::error_code ignored;
-    if (name.find(deployment::PathDelimiter) != std::string::npos)
-      continue; // a project has no way to write such a name
-    const bool isLink = entry->is_symlink(ignored);
-    if (!isLink && entry->is_directory(ignored)) {
-      if (depth < search.Deepest &&
-          !CollectFiles(entry->path(), prefix + name + deployment::PathDelimiter, depth + 1,
-                        search))
-        return false;
-    } else if (entry->is_regular_file(ignored)) {
-      search.Found.push_back(prefix + name);
-    }
-  }
-  return true;
+// Stars that follow each other say no more than one.
+std::string WithSingleStars(std::string part) {
+  const auto rest = std::ranges::unique(
+      part, [](char left, char right) { return left == AnyText && right == AnyText; });
+  part.erase(rest.begin(), rest.end());
+  return part;
 }
 
 } // namespace
@@ -122,6 +99,8 @@ TWildcardPattern::TWildcardPattern(std::string_view escaped) : FText(escaped) {
   FFixedPart = fixed;
   FFixedParts = SplitPath(fixed);
   for (std::string& part : SplitPath(std::string_view(marked).substr(fixed.size()))) {
+    if (part != AnyDirectories)
+      part = WithSingleStars(std::move(part));
     if (part == "\xFF.\xFF")
       part = AnyText; // "*.*" has always meant every file, with or without a dot
     if (part != AnyDirectories || FParts.empty() || FParts.back() != AnyDirectories)
@@ -132,6 +111,9 @@ TWildcardPattern::TWildcardPattern(std::string_view escaped) : FText(escaped) {
 }
 
 bool TWildcardPattern::MatchesParts(const TParts& parts) const {
+  // Most files are turned down by their names.
+  if (parts.empty() || FParts.empty() || !MatchesName(FParts.back(), parts.back()))
+    return parts.empty() && FParts.empty();
   std::size_t p = 0;
   std::size_t n = 0;
   std::size_t star = std::string::npos;
@@ -162,28 +144,39 @@ bool TWildcardPattern::Matches(std::string_view path) const {
   return MatchesParts(parts);
 }
 
+bool TWildcardPattern::TakesAnyDepth() const {
+  return std::ranges::find(FParts, AnyDirectories) != FParts.end();
+}
+
 std::size_t TWildcardPattern::DeepestDirectory() const {
-  const bool anyDepth = std::ranges::find(FParts, AnyDirectories) != FParts.end();
-  return anyDepth ? DeepestSearch : std::min(FParts.size() - 1, DeepestSearch);
+  return TakesAnyDepth() ? DeepestSearch : std::min(FParts.size() - 1, DeepestSearch);
+}
+
+std::string_view TWildcardPattern::Refusal(const std::filesystem::path& directory) const {
+  if (FText.size() > LongestPattern)
+    return "is longer than any path";
+  if (IsForeignPath(FFixedPart))
+    return "looks for files that are not on this machine";
+  if (!TakesAnyDepth())
+    return {};
+  const std::string start = (ResolvePath(FFixedPart, directory) / "").lexically_normal().string();
+  const std::string inside = (directory / "").lexically_normal().string();
+  return inside.size() > start.size() && inside.starts_with(start)
+             ? "walks through everything above the project's directory"
+             : "";
 }
 
 std::vector<std::string> TWildcardPattern::Expand(const std::filesystem::path& directory,
+                                                  TDirectoryCache& files,
                                                   const deployment::TErrorPlace& place) const {
-  if (FParts.empty())
-    return {};
-  TSearch search;
-  search.Deepest = DeepestDirectory();
-  if (!CollectFiles(ResolvePath(FFixedPart, directory), "", 0, search))
-    throw deployment::TInputError("the wildcard \"" + ShortText(FText) +
-                                      "\" stands for more than " + std::to_string(MostEntries) +
-                                      " files and directories",
-                                  place);
   std::vector<std::string> names;
-  for (const std::string& found : search.Found) {
-    if (MatchesParts(SplitPath(found)))
-      names.push_back(FFixedPart + found);
+  if (FParts.empty())
+    return names;
+  for (const TFoundFile& found :
+       files.FilesBelow(ResolvePath(FFixedPart, directory), DeepestDirectory(), FText, place)) {
+    if (MatchesParts(found.Parts))
+      names.push_back(FFixedPart + found.Name);
   }
-  std::ranges::sort(names);
   return names;
 }
 

@@ -11,6 +11,8 @@
 
 namespace workbench {
 
+class TDirectoryCache;
+
 /// A path with wildcards, as a project writes it: "%2A" is a plain star.
 class TWildcardPattern {
 public:
@@ -25,8 +27,12 @@ public:
   /// The files of this machine that the pattern takes in, sorted, written as the pattern writes
   /// its fixed part and with "\" behind it. Links to directories are not followed. Throws
   /// TInputError with `place` when too much would have to be looked at.
-  std::vector<std::string> Expand(const std::filesystem::path& directory,
+  std::vector<std::string> Expand(const std::filesystem::path& directory, TDirectoryCache& files,
                                   const deployment::TErrorPlace& place) const;
+
+  /// Why the files of such a pattern are not looked for, seen from a directory: half a sentence;
+  /// empty when they may be. A pattern for any depth must not start above the directory.
+  std::string_view Refusal(const std::filesystem::path& directory) const;
 
   /// The part in front of the first wildcard, up to and including a delimiter; plain text.
   const std::string& FixedPart() const { return FFixedPart; }
@@ -35,6 +41,7 @@ private:
   using TParts = std::vector<std::string>;
 
   bool MatchesParts(const TParts& parts) const;
+  bool TakesAnyDepth() const;
   std::size_t DeepestDirectory() const;
 
   std::string FText;

@@ -3,6 +3,7 @@
 #include "workbench/platforms/platform_reader.h"
 
 #include <array>
+#include <utility>
 
 namespace workbench {
 namespace {
@@ -29,7 +30,7 @@ struct TPlatformRow {
 };
 
 // The same as ObjRepos/Deploy/platforms.xml, for an installation that has lost its data files.
-constexpr std::array<TPlatformRow, 7> Rows = {{
+constexpr std::array<TPlatformRow, 9> Rows = {{
     {"Win32", false, ".\\", true, true, {"", ".exe"}, {"", ".dll"}, {"", ".vpk"}, ".qds", ".vcp"},
     {"Win64", false, ".\\", true, true, {"", ".exe"}, {"", ".dll"}, {"", ".vpk"}, ".qds", ".vcp"},
     {"OSX32",
@@ -55,6 +56,26 @@ constexpr std::array<TPlatformRow, 7> Rows = {{
      {"vpk", ".so"},
      "",
      ""},
+    {"Linux64",
+     false,
+     ".\\",
+     true,
+     false,
+     {"", ""},
+     {"lib", ".so"},
+     {"vpk", ".so"},
+     ".debug",
+     ".debug"},
+    {"LinuxARM64",
+     false,
+     ".\\",
+     true,
+     false,
+     {"", ""},
+     {"lib", ".so"},
+     {"vpk", ".so"},
+     ".debug",
+     ".debug"},
 }};
 
 TOutputNaming Naming(const TNamingRow& row) {
@@ -121,6 +142,11 @@ TPlatformTable TPlatformTable::FromXml(deployment::IXMLNode& root) {
     table.FPlatforms.Set(name, TPlatform(std::move(facts)));
   }
   return table;
+}
+
+void TPlatformTable::Overlay(TPlatformTable other) {
+  for (const std::string& name : other.Names())
+    FPlatforms.Set(name, std::move(*other.FPlatforms.Find(name)));
 }
 
 std::vector<std::string> TPlatformTable::Names() const {

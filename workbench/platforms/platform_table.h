@@ -72,6 +72,10 @@ public:
   /// is wrong.
   static TPlatformTable FromXml(deployment::IXMLNode& root);
 
+  /// Adds the platforms of another table; one of the same name takes the place of that here.
+  /// Pointers to platforms are no good any more.
+  void Overlay(TPlatformTable other);
+
   /// Compared exactly; null when unknown.
   const TPlatform* FindPlatform(std::string_view name) const { return FPlatforms.Find(name); }
   std::vector<std::string> Names() const;

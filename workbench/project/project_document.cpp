@@ -124,7 +124,28 @@ std::vector<TProjectDocument::TEdit> TProjectDocument::PropertyEdits() {
   std::vector<TEdit> edits;
   for (TReplacement& replacement : FProperties.Replacements())
     edits.push_back(Replace(std::move(replacement)));
+  if (FNewItems)
+    edits.push_back(
+        Replace({FNewItems->Group->Range(), LabelledGroupMarkup(FNewItems->Label, FNewItems->Items,
+                                                                LayoutForChild(FSource, Root()))}));
   return edits;
+}
+
+std::vector<TLabelledItem> TProjectDocument::LabelledItems(std::string_view label) {
+  if (FNewItems && FNewItems->Label == label)
+    return FNewItems->Items;
+  TXmlElement* group = FindLabelledGroup(Root(), label);
+  return group ? ReadLabelledItems(*group) : std::vector<TLabelledItem>();
+}
+
+void TProjectDocument::SetLabelledItems(std::string_view label, std::vector<TLabelledItem> items) {
+  TXmlElement* group = FindLabelledGroup(Root(), label);
+  if (!group)
+    throw deployment::TInputError("the project has no group of items with the label \"" +
+                                      std::string(label) + "\"",
+                                  {Name(), 0});
+  if (LabelledItems(label) != items)
+    FNewItems = TNewItems{group, std::string(label), std::move(items)};
 }
 
 std::unique_ptr<TTextPieces> TProjectDocument::ComposeEdits() {

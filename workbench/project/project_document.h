@@ -3,6 +3,7 @@
 #pragma once
 
 #include "workbench/project/base_properties.h"
+#include "workbench/project/labelled_items.h"
 #include "workbench/project/section_rewrite.h"
 #include "workbench/xml/source_text.h"
 #include "workbench/xml/text_pieces.h"
@@ -67,8 +68,14 @@ public:
   void SetTargetProfile(std::string_view platform, std::string_view profile,
                         const std::vector<std::string>& platforms);
 
-  /// True when a property waits for a save.
-  bool HasPropertyChanges() const { return !FProperties.IsEmpty(); }
+  /// The items of the labelled group; none when the project has no such group.
+  std::vector<TLabelledItem> LabelledItems(std::string_view label);
+  /// Writes the labelled group anew, at the next save. Throws TInputError when the project has no
+  /// such group.
+  void SetLabelledItems(std::string_view label, std::vector<TLabelledItem> items);
+
+  /// True when a property or a labelled group waits for a save.
+  bool HasPropertyChanges() const { return !FProperties.IsEmpty() || FNewItems; }
 
   /// The content of the file with the large section written anew; null when it is the content that
   /// was read. The pieces borrow from the document. Throws what `write` throws, and TInputError
@@ -82,6 +89,11 @@ private:
   struct TEdit {
     TByteRange Range;
     std::function<void(TTextPieces&)> Append;
+  };
+  struct TNewItems {
+    TXmlElement* Group;
+    std::string Label;
+    std::vector<TLabelledItem> Items;
   };
   struct TImport {
     std::string Project;
@@ -106,6 +118,7 @@ private:
   std::vector<std::unique_ptr<TXmlTree>> FAddedSections;
   std::optional<TImport> FNewImport;
   TBasePropertyChanges FProperties;
+  std::optional<TNewItems> FNewItems; // of the one group that changed
 };
 
 } // namespace workbench

@@ -2,50 +2,14 @@
 
 #include "package/common/case_fold.h"
 #include "workbench/msbuild/msbuild_includes.h"
+#include "workbench/xml/short_text.h"
 
 #include <algorithm>
-#include <set>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
 namespace workbench {
 namespace {
-
-constexpr std::string_view Win64 = "Win64";
-constexpr std::string_view Win64OfMSBuild = "x64";
-
-std::string PlatformFromMSBuild(std::string_view name) {
-  return std::string(deployment::SameText(name, Win64OfMSBuild) ? Win64 : name);
-}
-
-// The items of an MSBuild C++ project, one per pair, gathered into one record per configuration.
-std::vector<TConfigurationRecord> ReadPairs(const std::vector<TProjectItem>& items) {
-  std::vector<TConfigurationRecord> records;
-  std::unordered_map<std::string, std::size_t> positions;
-  std::set<std::pair<std::string, std::string>> pairs;
-  for (const TProjectItem& item : items) {
-    if (!deployment::SameText(item.Type, "ProjectConfiguration"))
-      continue;
-    const std::string_view include = item.Include;
-    const std::size_t bar = std::min(include.find('|'), include.size());
-    std::string name(item.FindMetadata("Configuration"));
-    std::string_view platform = item.FindMetadata("Platform");
-    if (name.empty())
-      name = include.substr(0, bar);
-    if (platform.empty() && bar < include.size())
-      platform = include.substr(bar + 1);
-    if (name.empty())
-      continue;
-    const auto [position, isNew] = positions.emplace(name, records.size());
-    if (isNew)
-      records.push_back({name, {}, {}, item.Node->Place()});
-    const std::string known = PlatformFromMSBuild(platform);
-    if (!known.empty() && pairs.emplace(name, known).second)
-      records[position->second].Platforms.push_back(known);
-  }
-  return records;
-}
 
 std::vector<TConfigurationRecord> ReadConfigurations(const std::vector<TProjectItem>& items) {
   std::vector<TConfigurationRecord> records;
@@ -71,27 +35,6 @@ private:
   std::unordered_set<std::string> FNames;
 };
 
-// The project's own list; without one the platforms that configurations name, else `active`.
-std::vector<TProjectPlatform> ReadPlatforms(const std::vector<TProjectItem>& items,
-                                            const std::vector<TConfigurationRecord>& records,
-                                            const std::string& active) {
-  TPlatformCollector platforms;
-  for (const TProjectItem& item : items) {
-    if (deployment::SameText(item.Type, "TargetPlatform"))
-      platforms.Add({item.Include, std::string(item.FindMetadata("Profile")),
-                     std::string(item.FindMetadata("SDK"))});
-  }
-  if (platforms.IsEmpty()) {
-    for (const TConfigurationRecord& record : records) {
-      for (const std::string& platform : record.Platforms)
-        platforms.Add({platform, {}, {}});
-    }
-  }
-  if (platforms.IsEmpty())
-    platforms.Add({active, {}, {}});
-  return platforms.Take();
-}
-
 // The first configuration that is built; the base one only when there is no other.
 const TConfigurationRecord* FirstConfiguration(const std::vector<TConfigurationRecord>& records) {
   const auto found = std::ranges::find_if(records, [](const TConfigurationRecord& record) {
@@ -102,24 +45,51 @@ const TConfigurationRecord* FirstConfiguration(const std::vector<TConfigurationR
 
 } // namespace
 
+std::optional<std::string> TOutsideProperties::Find(std::string_view name) const {
+  for (const TNamedTexts* texts : {&Given, &Environment}) {
+    for (auto text = texts->rbegin(); text != texts->rend(); ++text) {
+      if (deployment::SameText(text->Name, name))
+        return text->Text;
+    }
+  }
+  return std::nullopt;
+}
+
+std::vector<TProjectPlatform> ReadTargetPlatforms(const std::vector<TProjectItem>& items) {
+  std::vector<TProjectPlatform> platforms;
+  for (const TProjectItem& item : items) {
+    if (deployment::SameText(item.Type, "TargetPlatform"))
+      platforms.push_back({item.Include, std::string(item.FindMetadata("Profile")),
+                           std::string(item.FindMetadata("SDK"))});
+  }
+  return platforms;
+}
+
+void CollectPlatforms(TProjectLayout& layout, const std::string& active) {
+  TPlatformCollector platforms;
+  for (TProjectPlatform& platform : layout.Platforms)
+    platforms.Add(std::move(platform));
+  if (platforms.IsEmpty()) {
+    for (const TConfigurationRecord& record : layout.Configurations) {
+      for (const std::string& platform : record.Platforms)
+        platforms.Add({platform, {}, {}});
+    }
+  }
+  if (platforms.IsEmpty())
+    platforms.Add({active, {}, {}});
+  layout.Platforms = platforms.Take();
+}
+
 TProjectLayout ReadProjectLayout(TMSBuildEvaluation& evaluation, std::string_view lastResort) {
   const std::vector<TProjectItem>& items = evaluation.Items();
   TProjectLayout layout;
-  layout.Configurations = ReadPairs(items);
   std::string configuration = evaluation.Property("Config");
   std::string platform = evaluation.Property("Platform");
-  if (layout.Configurations.empty()) {
-    layout.Configurations = ReadConfigurations(items);
-  } else {
-    layout.Dialect = TProjectDialect::MSBuildCpp;
-    platform = PlatformFromMSBuild(platform);
-    if (configuration.empty())
-      configuration = evaluation.Property("Configuration");
-  }
+  layout.Configurations = ReadConfigurations(items);
   if (layout.Configurations.empty() && !configuration.empty())
     layout.Configurations.push_back({configuration, {}, {}, evaluation.PropertyPlace("Config")});
-  layout.Platforms = ReadPlatforms(items, layout.Configurations,
-                                   platform.empty() ? std::string(lastResort) : platform);
+  layout.Platforms = ReadTargetPlatforms(items);
+  CollectPlatforms(layout, platform.empty() ? std::string(lastResort) : platform);
   const TConfigurationRecord* first = FirstConfiguration(layout.Configurations);
   if (configuration.empty())
     configuration = first ? first->Name : BaseConfigurationName;
@@ -131,27 +101,11 @@ TProjectLayout ReadProjectLayout(TMSBuildEvaluation& evaluation, std::string_vie
   return layout;
 }
 
-TNamedTexts TargetProperties(TProjectDialect dialect, std::string_view configuration,
-                             std::string_view platform) {
-  if (dialect == TProjectDialect::Own)
-    return {{"Config", std::string(configuration)}, {"Platform", std::string(platform)}};
-  return {{"Config", std::string(configuration)},
-          {"Configuration", std::string(configuration)},
-          {"Platform", std::string(platform == Win64 ? Win64OfMSBuild : platform)}};
-}
-
-TNamedTexts DialectDefaults(TProjectDialect dialect, std::string_view platform) {
-  if (dialect == TProjectDialect::Own)
-    return {};
-  // Only the oldest platform has its outputs in a directory without its name.
-  const std::string directory = platform == "Win32" ? "" : "$(Platform)\\";
-  return {{"ProjectName", "$(MSBuildProjectName)"},
-          {"ProjectDir", "$(MSBuildProjectDirectory)\\"},
-          {"ProjectFileName", "$(MSBuildProjectFile)"},
-          {"ProjectPath", "$(MSBuildProjectFullPath)"},
-          {"SolutionDir", "$(MSBuildProjectDirectory)\\"},
-          {"OutDir", "$(SolutionDir)" + directory + "$(Configuration)\\"},
-          {"TargetName", "$(ProjectName)"}};
+TEvaluationNote UnknownItemNote(const TProjectItem& item, const TUnknownValue& unknown) {
+  return {TNoteKind::UnknownValue,
+          "the item \"" + item.Type + "\" of \"" + ShortText(item.Include) +
+              "\" was left out: " + UnknownSentence(unknown),
+          item.Node->Place()};
 }
 
 std::vector<std::string> SplitNames(std::string_view list) {

@@ -4,6 +4,7 @@
 #include "workbench/msbuild/msbuild_evaluation.h"
 #include "workbench/project/build_configuration.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,31 +18,37 @@ struct TProjectPlatform {
   std::string SDK;     ///< name of the assigned kit; empty for none
 };
 
-/// Who wrote the project, as far as it matters for reading it.
-enum class TProjectDialect {
-  Own,        ///< items BuildConfiguration and TargetPlatform
-  MSBuildCpp, ///< items ProjectConfiguration, as MSBuild C++ projects have them
+/// Properties that a project is given: those of the command line, and the environment.
+struct TOutsideProperties {
+  TNamedTexts Environment;
+  TNamedTexts Given;
+
+  /// The value that was given, else that of the environment, names compared ignoring case; nothing
+  /// when neither has it.
+  std::optional<std::string> Find(std::string_view name) const;
 };
 
 /// What a project says about its targets.
 struct TProjectLayout {
-  TProjectDialect Dialect = TProjectDialect::Own;
   std::vector<TConfigurationRecord> Configurations;
   std::vector<TProjectPlatform> Platforms; ///< never empty
   std::string ActiveConfiguration;         ///< never empty
   std::string ActivePlatform;              ///< never empty
 };
 
-/// Reads the layout from an evaluation without a target. `lastResort` is the platform of a project
-/// that names none at all.
+/// Reads the layout of a project of this system from an evaluation without a target. `lastResort`
+/// is the platform of a project that names none at all.
 TProjectLayout ReadProjectLayout(TMSBuildEvaluation& evaluation, std::string_view lastResort);
 
-/// Global properties under which a project is evaluated for a target.
-TNamedTexts TargetProperties(TProjectDialect dialect, std::string_view configuration,
-                             std::string_view platform);
+/// The platforms that the items TargetPlatform name.
+std::vector<TProjectPlatform> ReadTargetPlatforms(const std::vector<TProjectItem>& items);
 
-/// What unset properties of the dialect count as for a target platform.
-TNamedTexts DialectDefaults(TProjectDialect dialect, std::string_view platform);
+/// Adds the configurations' platforms to a layout whose project has no list of its own, or else
+/// `active`.
+void CollectPlatforms(TProjectLayout& layout, const std::string& active);
+
+/// Says that an item is left out because something about it is not known.
+TEvaluationNote UnknownItemNote(const TProjectItem& item, const TUnknownValue& unknown);
 
 /// The names between ";", blanks around them and empty ones dropped.
 std::vector<std::string> SplitNames(std::string_view list);

@@ -1,15 +1,12 @@
 #include "workbench/project/project_settings.h"
 
-#include "package/common/application_type.h"
 #include "package/common/case_fold.h"
 #include "package/common/convert.h"
 #include "package/common/path_text.h"
 #include "workbench/msbuild/project_paths.h"
-#include "workbench/project/project_kind.h"
-#include "workbench/xml/short_text.h"
+#include "workbench/project/own_dialect.h"
 
 #include <algorithm>
-#include <array>
 #include <unordered_set>
 
 namespace workbench {
@@ -20,74 +17,129 @@ using deployment::IXMLNode;
 // More targets than this are rare, and an evaluation holds every property of the environment.
 constexpr std::size_t MostEvaluations = 64;
 
-constexpr std::array<std::string_view, 9> FileItemTypes = {
-    "ProjectFile",     "None",  "Content", "Compile", "ClCompile", "ClInclude",
-    "ResourceCompile", "Image", "Text"};
-
-bool IsFileItem(const TProjectItem& item) {
-  return std::ranges::any_of(
-      FileItemTypes, [&](std::string_view type) { return deployment::SameText(type, item.Type); });
-}
-
 bool HasCondition(const IXMLNode& node) {
   const auto condition = node.GetAttribute("Condition");
   return condition && condition->find_first_not_of(" \t\r\n") != std::string_view::npos;
 }
 
-[[noreturn]] void FailProperty(const TMSBuildEvaluation& evaluation, std::string_view name,
-                               std::string_view value, std::string_view wanted) {
-  throw deployment::TInputError("the property \"" + std::string(name) + "\" is \"" +
-                                    ShortText(value) + "\", which is not " + std::string(wanted),
-                                evaluation.PropertyPlace(name));
+std::filesystem::path SideFileOf(std::filesystem::path project) {
+  return project.replace_extension(".deployproj");
 }
 
 } // namespace
 
 TProjectSettings::TProjectSettings(IXMLNode& root, std::filesystem::path projectFile,
                                    ILoadImports& imports, const TPlatformTable& platforms,
-                                   TNamedTexts environment)
-    : FImports(std::make_unique<TImportCache>(imports)), FSource{&root,
-                                                                 std::move(projectFile),
-                                                                 FImports.get(),
-                                                                 std::move(environment),
-                                                                 {}},
-      FPlatformTable(platforms) {
-  FLayout = ReadLayout();
-  TMSBuildEvaluation& active = Evaluate({}, {});
-  active.Items();
-  FNotes = active.Notes();
+                                   TProjectSurroundings surroundings)
+    : FImports(std::make_unique<TImportCache>(imports)),
+      FDirectories(std::make_unique<TDirectoryCache>()), FOwn(std::make_unique<TOwnDialect>()),
+      FPlatformTable(platforms), FSurroundings(std::move(surroundings)) {
+  FSource.Root = &root;
+  FSource.ProjectFile = std::move(projectFile);
+  FSource.Imports = FImports.get();
+  FSource.Environment = FSurroundings.Environment;
+  FSource.Directories = FDirectories.get();
+  FSource.GeneratedFile = SideFileOf(FSource.ProjectFile);
+  ReadLayout();
+  Evaluate({}, {}).Items();
+  Evaluate({}, {}); // takes over what the items brought up
   std::vector<std::string> names;
   for (const TProjectPlatform& platform : FLayout.Platforms)
     names.push_back(platform.Name);
-  FConfigurations = std::make_unique<TConfigurationTree>(FLayout.Configurations, names, FNotes);
+  TEvaluationNotes notes;
+  FConfigurations = std::make_unique<TConfigurationTree>(FLayout.Configurations, names, notes);
+  AddNotes(notes);
 }
 
-// The targets of a project are known before anything is evaluated for one of them.
-TProjectLayout TProjectSettings::ReadLayout() {
-  TMSBuildEvaluation evaluation(FSource, {});
+TProjectSettings::~TProjectSettings() = default;
+
+TEvaluationSource TProjectSettings::SourceFor(IProjectDialect& dialect,
+                                              std::string_view platform) const {
+  TEvaluationSource source = FSource;
+  dialect.Prepare(source, FPlatformTable.FindPlatform(platform), platform);
+  return source;
+}
+
+TNamedTexts TProjectSettings::GlobalsFor(IProjectDialect& dialect) const {
+  TEvaluationNotes notes;
+  TNamedTexts globals = dialect.Globals(FSource.ProjectFile, FSource.Environment, notes);
+  AddNotes(notes);
+  globals.insert(globals.end(), FSurroundings.Properties.begin(), FSurroundings.Properties.end());
+  return globals;
+}
+
+bool TProjectSettings::TryLayout(IProjectDialect& dialect) {
+  TMSBuildEvaluation evaluation(SourceFor(dialect, {}), GlobalsFor(dialect));
   const std::vector<std::string> known = FPlatformTable.Names();
-  return ReadProjectLayout(evaluation, known.empty() ? "Win32" : known.front());
+  const TOutsideProperties given{FSource.Environment, FSurroundings.Properties};
+  TEvaluationNotes notes;
+  if (!dialect.ReadLayout(evaluation, given, known.empty() ? "Win32" : known.front(), FLayout,
+                          notes))
+    return false;
+  FDialect = &dialect;
+  AddNotes(notes);
+  return true;
+}
+
+// The targets of a project are known before anything is evaluated for one of them. Its items tell
+// for certain which kind it is of.
+void TProjectSettings::ReadLayout() {
+  IProjectDialect* foreign = FSurroundings.Foreign;
+  const bool isClaimed = foreign && foreign->Claims(*FSource.Root, FSource.ProjectFile);
+  if (isClaimed && TryLayout(*foreign))
+    return;
+  if (!TryLayout(*FOwn) && foreign && !isClaimed && TryLayout(*foreign))
+    return;
+  FDialect = FOwn.get();
 }
 
 void TProjectSettings::Refresh() {
-  FEvaluations.clear();
+  FAnswers.clear();
   FImports->Clear();
-  FLayout.Platforms = ReadLayout().Platforms;
+  FDirectories->Clear();
+  FDialect->Forget();
+  TProjectLayout before = FLayout;
+  TryLayout(*FDialect);
+  before.Platforms = std::move(FLayout.Platforms);
+  FLayout = std::move(before);
+}
+
+void TProjectSettings::AddNote(TEvaluationNote note) const {
+  if (FNoted.insert(note.Place.File + ":" + std::to_string(note.Place.Line) + ":" + note.Text)
+          .second)
+    FNotes.push_back(std::move(note));
+}
+
+void TProjectSettings::AddNotes(const TEvaluationNotes& notes) const {
+  for (const TEvaluationNote& note : notes)
+    AddNote(note);
+}
+
+TProjectTarget TProjectSettings::TargetOf(std::string_view configuration,
+                                          std::string_view platform) const {
+  return {std::string(configuration.empty() ? FLayout.ActiveConfiguration : configuration),
+          std::string(platform.empty() ? FLayout.ActivePlatform : platform)};
 }
 
 TMSBuildEvaluation& TProjectSettings::Evaluate(std::string_view configuration,
                                                std::string_view platform) const {
-  TTarget target(configuration.empty() ? FLayout.ActiveConfiguration : configuration,
-                 platform.empty() ? FLayout.ActivePlatform : platform);
-  if (const auto found = FEvaluations.find(target); found != FEvaluations.end())
-    return *found->second;
-  if (FEvaluations.size() >= MostEvaluations)
-    FEvaluations.clear();
-  TEvaluationSource source = FSource;
-  source.Defaults = DialectDefaults(FLayout.Dialect, target.second);
-  auto evaluation = std::make_unique<TMSBuildEvaluation>(
-      source, TargetProperties(FLayout.Dialect, target.first, target.second));
-  return *FEvaluations.emplace(std::move(target), std::move(evaluation)).first->second;
+  TProjectTarget target = TargetOf(configuration, platform);
+  auto found = FAnswers.find(target);
+  if (found == FAnswers.end()) {
+    if (FAnswers.size() >= MostEvaluations)
+      FAnswers.clear();
+    TNamedTexts globals = GlobalsFor(*FDialect);
+    for (TNamedText& text : FDialect->TargetProperties(target))
+      globals.push_back(std::move(text));
+    auto evaluation =
+        std::make_unique<TMSBuildEvaluation>(SourceFor(*FDialect, target.Platform), globals);
+    found = FAnswers.emplace(std::move(target), TAnswer{std::move(evaluation), {}, 0}).first;
+  }
+  TAnswer& answer = found->second;
+  const TEvaluationNotes& notes = answer.Evaluation->Notes();
+  for (; answer.Noted < notes.size(); ++answer.Noted)
+    AddNote(notes[answer.Noted]);
+  return *answer.Evaluation;
 }
 
 const std::vector<std::unique_ptr<TBuildConfiguration>>& TProjectSettings::Configurations() const {
@@ -124,83 +176,103 @@ std::string TProjectSettings::BaseProperty(std::string_view name) const {
 std::vector<std::string> TProjectSettings::CompleteFileList(std::string_view configuration,
                                                             std::string_view platform) const {
   const std::filesystem::path directory = FSource.ProjectFile.parent_path();
-  const std::vector<TProjectItem>& items = Evaluate(configuration, platform).Items();
+  TEvaluationNotes notes;
+  const std::vector<std::string> includes =
+      FDialect->Files(Evaluate(configuration, platform), notes);
+  AddNotes(notes);
+  Evaluate(configuration, platform); // takes over what the items brought up
   std::vector<std::string> files;
   std::unordered_set<std::string_view> known; // views of `files`, which never moves
-  files.reserve(items.size());
-  known.reserve(items.size());
-  for (const TProjectItem& item : items) {
-    if (!IsFileItem(item))
-      continue;
-    files.push_back(FullPathText(item.Include, directory));
+  files.reserve(includes.size());
+  known.reserve(includes.size());
+  for (const std::string& include : includes) {
+    files.push_back(FullPathText(include, directory));
     if (!known.insert(files.back()).second)
       files.pop_back();
   }
   return files;
 }
 
-std::string TProjectSettings::StoredOutputDirectory(const TMSBuildEvaluation& evaluation) const {
-  return evaluation.Property(FLayout.Dialect == TProjectDialect::MSBuildCpp ? "OutDir"
-                                                                            : "OutputDir");
+const std::vector<TProjectItem>& TProjectSettings::Items(std::string_view configuration,
+                                                         std::string_view platform) const {
+  return Evaluate(configuration, platform).Items();
 }
 
 std::string TProjectSettings::OutputDirectory(std::string_view configuration,
                                               std::string_view platform) const {
-  std::string directory = FullPathText(StoredOutputDirectory(Evaluate(configuration, platform)),
-                                       FSource.ProjectFile.parent_path());
+  const TExpanded stored = FDialect->OutputDirectory(Evaluate(configuration, platform));
+  if (stored.Unknown)
+    return {};
+  std::string directory = FullPathText(stored.Text, FSource.ProjectFile.parent_path());
   while (directory.size() > 1 && deployment::IsPathDelimiter(directory.back()))
     directory.pop_back();
   return directory;
 }
 
-std::string TProjectSettings::OutputFileName(std::string_view configuration,
+const TBuildOutput& TProjectSettings::Output(std::string_view configuration,
                                              std::string_view platform) const {
-  const TMSBuildEvaluation& evaluation = Evaluate(configuration, platform);
-  const TPlatform* facts =
-      FPlatformTable.FindPlatform(platform.empty() ? FLayout.ActivePlatform : platform);
-  const std::string kind = OutputKindIn(evaluation);
-  std::string name = facts ? facts->GetOutputPrefix(kind) : std::string();
-  name += BaseName(configuration, platform);
-  name += OutputExtension(evaluation, facts, kind);
-  return FullPathText(deployment::Combine(StoredOutputDirectory(evaluation), name),
-                      FSource.ProjectFile.parent_path());
+  TMSBuildEvaluation& evaluation = Evaluate(configuration, platform);
+  const TProjectTarget target = TargetOf(configuration, platform);
+  std::optional<TBuildOutput>& output = FAnswers.at(target).Output;
+  if (output)
+    return *output;
+  output = FDialect->Output(evaluation, FPlatformTable.FindPlatform(target.Platform),
+                            FSource.ProjectFile);
+  if (!output->Unknown)
+    return *output;
+  deployment::TErrorPlace place = UnknownPlace(*output->Unknown);
+  if (place.File.empty())
+    place.File = FSource.ProjectFile.string();
+  AddNote({TNoteKind::UnknownValue,
+           "what a build of " + target.Configuration + ", " + target.Platform +
+               " makes is not known: " + UnknownSentence(*output->Unknown),
+           place});
+  return *output;
 }
 
-// An MSBuild C++ project may name an extension of its own.
-std::string TProjectSettings::OutputExtension(const TMSBuildEvaluation& evaluation,
-                                              const TPlatform* platform,
-                                              std::string_view kind) const {
-  if (FLayout.Dialect == TProjectDialect::MSBuildCpp) {
-    if (std::string extension = evaluation.Property("TargetExt"); !extension.empty())
-      return extension;
-  }
-  return platform ? platform->GetOutputExtension(kind) : std::string();
+std::vector<TOutputStep> TProjectSettings::TraceOutput(std::string_view configuration,
+                                                       std::string_view platform) const {
+  TMSBuildEvaluation& evaluation = Evaluate(configuration, platform);
+  TOutputTrace trace(evaluation);
+  for (const TNamedText& text : GlobalsFor(*FDialect))
+    trace.AddSource(text.Name, "the solution " + evaluation.Property("SolutionPath"));
+  for (const TNamedText& text : FSurroundings.Properties)
+    trace.AddSource(text.Name, "given on the command line");
+  for (const TNamedText& text : FDialect->TargetProperties(TargetOf(configuration, platform)))
+    trace.AddSource(text.Name, "the target");
+  FDialect->TraceOutput(evaluation, trace);
+  return trace.TakeSteps();
+}
+
+std::string TProjectSettings::OutputFileName(std::string_view configuration,
+                                             std::string_view platform) const {
+  const TBuildOutput& output = Output(configuration, platform);
+  return output.Path.empty() ? std::string()
+                             : FullPathText(output.Path, FSource.ProjectFile.parent_path());
+}
+
+std::string TProjectSettings::NothingToDeploy(std::string_view configuration,
+                                              std::string_view platform) const {
+  const TBuildOutput& output = Output(configuration, platform);
+  const TProjectTarget target = TargetOf(configuration, platform);
+  const std::string build = "a build of " + target.Configuration + ", " + target.Platform + " ";
+  if (!output.Nothing.empty())
+    return build + output.Nothing + ": there is nothing to deploy";
+  return output.Unknown ? "it is not known what " + build + "makes" : std::string();
 }
 
 std::string TProjectSettings::BaseName(std::string_view configuration,
                                        std::string_view platform) const {
-  const std::string_view property =
-      FLayout.Dialect == TProjectDialect::MSBuildCpp ? "TargetName" : "OutputName";
-  const std::string name = Option(configuration, platform, property);
-  return name.empty() ? ProjectName() : name;
+  return Output(configuration, platform).BaseName;
 }
 
 std::string TProjectSettings::Personality() const {
-  std::string personality = ProjectOption("ProjectPersonality");
-  if (personality.empty() && FLayout.Dialect == TProjectDialect::MSBuildCpp)
-    personality = ForeignPersonality;
-  return personality;
+  return FDialect->Personality(Evaluate({}, {}));
 }
 
-std::string TProjectSettings::ApplicationType() const {
-  return ApplicationTypeIn(Evaluate({}, {}));
-}
-
-std::string TProjectSettings::ApplicationTypeIn(const TMSBuildEvaluation& evaluation) const {
-  std::string type = evaluation.Property("AppType");
-  if (!type.empty() || FLayout.Dialect == TProjectDialect::Own)
-    return type;
-  return std::string(ApplicationTypeOf(evaluation.Property("ConfigurationType")));
+std::string TProjectSettings::ApplicationType(std::string_view configuration,
+                                              std::string_view platform) const {
+  return Output(configuration, platform).ApplicationType;
 }
 
 std::string TProjectSettings::FrameworkType() const {
@@ -209,15 +281,7 @@ std::string TProjectSettings::FrameworkType() const {
 
 std::string TProjectSettings::OutputKind(std::string_view configuration,
                                          std::string_view platform) const {
-  return OutputKindIn(Evaluate(configuration, platform));
-}
-
-std::string TProjectSettings::OutputKindIn(const TMSBuildEvaluation& evaluation) const {
-  if (Personality() == OutputKindPersonality) {
-    if (std::string kind = evaluation.Property("OutputKind"); !kind.empty())
-      return kind;
-  }
-  return std::string(deployment::MapApplicationType(ApplicationTypeIn(evaluation)));
+  return Output(configuration, platform).Kind;
 }
 
 std::string TProjectSettings::ProjectOption(std::string_view name) const {
@@ -226,20 +290,28 @@ std::string TProjectSettings::ProjectOption(std::string_view name) const {
 
 std::vector<std::string> TProjectSettings::RuntimePackages(std::string_view configuration,
                                                            std::string_view platform) const {
-  return SplitNames(Option(configuration, platform, "RuntimePackages"));
+  TEvaluationNotes notes;
+  std::vector<std::string> packages =
+      FDialect->Packages(*this, TargetOf(configuration, platform), notes);
+  AddNotes(notes);
+  return packages;
 }
 
 bool TProjectSettings::HasRemoteDebugSymbols(std::string_view configuration,
                                              std::string_view platform) const {
-  constexpr std::string_view Name = "RemoteDebugSymbols";
-  const TMSBuildEvaluation& evaluation = Evaluate(configuration, platform);
-  const std::string text = evaluation.Property(Name);
-  if (text.empty())
-    return false;
-  const auto value = deployment::TextToBoolean(text);
-  if (!value)
-    FailProperty(evaluation, Name, text, "a Boolean (true or false)");
-  return *value;
+  return FDialect->HasRemoteDebugSymbols(Evaluate(configuration, platform));
+}
+
+std::string TProjectSettings::SymbolExtension(std::string_view platform) const {
+  return FDialect->SymbolExtension(FPlatformTable.FindPlatform(platform), Personality());
+}
+
+std::string TProjectSettings::BuildPlatformName(std::string_view platform) const {
+  return FDialect->BuildPlatformName(platform);
+}
+
+std::string_view TProjectSettings::ConfigurationProperty() const {
+  return FDialect->ConfigurationProperty();
 }
 
 int TProjectSettings::OSXKind(std::string_view configuration, std::string_view platform) const {

@@ -1,7 +1,9 @@
 #include "workbench/services/app_strings.h"
 
 #include "package/common/delimited_list.h"
+#include "package/common/errors.h"
 #include "package/common/path_text.h"
+#include "package/host/api/repositoryfile.h"
 #include "workbench/files/machine_path.h"
 
 #include <algorithm>
@@ -50,6 +52,13 @@ void AddLanguage(std::vector<std::string>& languages, std::string_view name) {
     languages.emplace_back(name);
 }
 
+[[noreturn]] void RaiseNotInstalled(const std::string& what, const std::filesystem::path& place) {
+  throw deployment::TInputError("there is no such " + what +
+                                    ": the installation is not complete; --root or the variable "
+                                    "ZELK names another one",
+                                {place.string(), 0});
+}
+
 } // namespace
 
 std::filesystem::path FindRoot(const std::filesystem::path& option) {
@@ -63,6 +72,21 @@ std::filesystem::path FindRoot(const std::filesystem::path& option) {
       return FullPath(program / place / "");
   }
   return DEPLOYMENT_DATA_DIR;
+}
+
+void RequireShippedDirectory(const std::filesystem::path& root) {
+  std::error_code ignored;
+  const std::filesystem::path directory = root / "ObjRepos" / "Deploy";
+  if (!std::filesystem::is_directory(directory, ignored))
+    RaiseNotInstalled("directory", directory);
+}
+
+void RequireShippedFile(const deployment::IAppStrings& strings, std::string_view name) {
+  std::error_code ignored;
+  const std::filesystem::path file =
+      ToMachinePath(deployment::RepositoryFile(strings, "Deploy\\" + std::string(name)));
+  if (!std::filesystem::is_regular_file(file, ignored))
+    RaiseNotInstalled("file", file);
 }
 
 std::vector<std::string> UserLanguages() {

@@ -16,6 +16,15 @@ namespace workbench {
 /// fixed when the program was built. A full path that need not exist.
 std::filesystem::path FindRoot(const std::filesystem::path& option);
 
+/// Files below ObjRepos/Deploy, by their names there.
+inline constexpr std::string_view DefaultsFile = "defaults.xml";
+inline constexpr std::string_view SideFileTemplate = "deploymenttemplate.xml";
+
+/// Throws TInputError when the root has no directory ObjRepos/Deploy.
+void RequireShippedDirectory(const std::filesystem::path& root);
+/// Throws TInputError when the file is not there, in the user's language or without one.
+void RequireShippedFile(const deployment::IAppStrings& strings, std::string_view name);
+
 /// Languages that the environment asks for, the wanted ones first, such as "de_AT", "de". "en" is
 /// the language of files without one.
 std::vector<std::string> UserLanguages();

@@ -22,7 +22,8 @@ public:
   virtual void RemoveView(const deployment::INTACustomEditorView& view) = 0;
 };
 
-/// Holds each view that is shown with its frame and controls.
+/// Holds each view that is shown with its frame and controls. A view whose frame cannot be made is
+/// not kept.
 class TEditorViews final : public deployment::IOTAEditorViewServices {
 public:
   TEditorViews() = default;

@@ -59,7 +59,7 @@ public:
   TSDKServices* GetSDKServices() override { return &FSDKs; }
   TAndroidToolServices* GetAndroidToolServices() override { return &FAndroidTools; }
   deployment::IModalForms* GetModalForms() override { return FModalForms; }
-  /// Who shows dialogs from now on; null for nobody. Not owned.
+  /// Shows dialogs of packages from now on; null: none are shown. Not owned.
   void SetModalForms(deployment::IModalForms* forms) { FModalForms = forms; }
 
   TProjectEvents* GetProjectEvents() override { return &FProjectEvents; }

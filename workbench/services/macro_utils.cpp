@@ -21,15 +21,14 @@ std::optional<std::string> ValueOf(std::string_view name, std::string_view param
   return std::nullopt;
 }
 
-std::optional<std::string> ValueOf(std::string_view name, deployment::ICustomProject& project) {
+std::optional<std::string> ValueOf(std::string_view name, deployment::ICustomProject& project,
+                                   std::string_view configuration, std::string_view platform) {
   if (SameText(name, RootMacro))
     return std::nullopt;
-  const std::string configuration = project.GetCurrentConfiguration();
-  const std::string platform = project.GetCurrentPlatform();
   if (SameText(name, "Config") || SameText(name, "Configuration"))
-    return configuration;
+    return std::string(configuration);
   if (SameText(name, "Platform"))
-    return platform;
+    return std::string(platform);
   const auto* options = project.GetOptionsConfigurations();
   std::string value = options ? options->GetOptionValue(configuration, platform, name) : "";
   return value.empty() ? std::nullopt : std::optional(std::move(value));
@@ -48,10 +47,12 @@ std::string TMacroUtils::ExpandRootMacro(std::string_view text, std::string_view
   return ExpandRoot(ExpandMacros(text, parameters));
 }
 
-std::string TMacroUtils::ExpandRootMacro(std::string_view text,
-                                         deployment::ICustomProject& project) const {
-  return ExpandRoot(
-      ReplaceVariables(text, [&project](std::string_view name) { return ValueOf(name, project); }));
+std::string TMacroUtils::ExpandRootMacro(std::string_view text, deployment::ICustomProject& project,
+                                         std::string_view configuration,
+                                         std::string_view platform) const {
+  return ExpandRoot(ReplaceVariables(text, [&](std::string_view name) {
+    return ValueOf(name, project, configuration, platform);
+  }));
 }
 
 std::string TMacroUtils::ExpandRoot(std::string_view text) const {

@@ -17,10 +17,11 @@ public:
 
   std::string ExpandMacros(std::string_view text, std::string_view parameters) const override;
   std::string ExpandRootMacro(std::string_view text, std::string_view parameters) const override;
-  /// Knows "Config", "Configuration" and "Platform" of the project's current target, and its
-  /// options for that target by their names.
-  std::string ExpandRootMacro(std::string_view text,
-                              deployment::ICustomProject& project) const override;
+  /// Knows "Config", "Configuration" and "Platform" of the target, and the project's options for
+  /// it by their names.
+  std::string ExpandRootMacro(std::string_view text, deployment::ICustomProject& project,
+                              std::string_view configuration,
+                              std::string_view platform) const override;
 
 private:
   std::string ExpandRoot(std::string_view text) const;

@@ -28,7 +28,10 @@ public:
   TSymbolService(const TPlatformTable& platforms, std::string_view personality)
       : FPlatforms(platforms), FPersonality(personality) {}
 
-  std::string GetDebugSymbolExtension(std::string_view platform) const override {
+  std::string GetDebugSymbolExtension(const deployment::ICustomProject& project,
+                                      std::string_view platform) const override {
+    if (const auto* module = dynamic_cast<const TProjectModule*>(&project))
+      return module->Settings().SymbolExtension(platform);
     const TPlatform* facts = FPlatforms.FindPlatform(platform);
     return facts ? facts->SymbolExtension(FPersonality) : std::string();
   }

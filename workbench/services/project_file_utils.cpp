@@ -8,7 +8,9 @@ namespace workbench {
 
 std::shared_ptr<deployment::IMSBuildProjectDocument>
 TProjectFileUtils::MSBuildLoadProjectDocument(std::string_view fileName) {
-  FLastDocument = std::make_shared<TMSBuildDocument>(ToMachinePath(fileName));
+  FLastDocument = std::make_shared<TMSBuildDocument>(
+      ToMachinePath(fileName),
+      FPlanOnly ? TMSBuildDocument::TSaveMode::Compare : TMSBuildDocument::TSaveMode::Write);
   return FLastDocument;
 }
 

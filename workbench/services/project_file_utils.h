@@ -19,7 +19,21 @@ public:
   /// on disk.
   bool LastDocumentWasWritten() const;
 
+  /// While it stands, documents that are loaded compare with the file on disk where they would be
+  /// saved.
+  class TPlanOnly {
+  public:
+    explicit TPlanOnly(TProjectFileUtils& utils) : FUtils(utils) { FUtils.FPlanOnly = true; }
+    ~TPlanOnly() { FUtils.FPlanOnly = false; }
+    TPlanOnly(const TPlanOnly&) = delete;
+    TPlanOnly& operator=(const TPlanOnly&) = delete;
+
+  private:
+    TProjectFileUtils& FUtils;
+  };
+
 private:
+  bool FPlanOnly = false;
   std::shared_ptr<class TMSBuildDocument> FLastDocument;
 };
 

@@ -1,46 +1,22 @@
 #include "workbench/services/project_module.h"
 
 #include "package/host/api/deploymentapi.h"
-#include "workbench/files/file_reader.h"
+#include "workbench/project/cpp/cpp_dialect.h"
+#include "workbench/project/import_loader.h"
 #include "workbench/settings/settings_store.h"
 
 #include <utility>
 
 namespace workbench {
-namespace {
-
-class TImportedDocument final : public deployment::IXMLDocument {
-public:
-  explicit TImportedDocument(const std::filesystem::path& file)
-      : FReader(
-            [file](const TReserveMemory& reserve) {
-              return ReadWholeFileInto(file, reserve, MaximumFileSize, "imported project file");
-            },
-            file.string()) {}
-  deployment::IXMLNode& DocumentElement() override { return FReader.Root(); }
-
-private:
-  TXmlReader FReader;
-};
-
-class TImportLoader final : public ILoadImports {
-public:
-  std::shared_ptr<deployment::IXMLDocument> Load(const std::filesystem::path& file) override {
-    std::error_code ignored;
-    if (!std::filesystem::exists(file, ignored))
-      return nullptr;
-    return std::make_shared<TImportedDocument>(file);
-  }
-};
-
-} // namespace
-
 TProjectModule::TProjectModule(std::filesystem::path file,
                                std::unique_ptr<TProjectDocument> document,
-                               const TPlatformTable& platforms, const TSettings& userSettings)
+                               const TPlatformTable& platforms, const TSettings& userSettings,
+                               TNamedTexts properties)
     : FFile(std::move(file)), FPlatforms(platforms), FDocument(std::move(document)),
-      FImports(std::make_unique<TImportLoader>()), FOptions(*this), FPlatformAnswers(*this),
-      FPlatformOptions(*this), FBuildOptions(*this), FCompilerOptions(userSettings) {}
+      FImports(std::make_unique<TImportLoader>()), FProperties(std::move(properties)),
+      FForeign(std::make_unique<TCppDialect>(*FImports, FPlatforms, FProperties)), FOptions(*this),
+      FPlatformAnswers(*this), FPlatformOptions(*this), FBuildOptions(*this),
+      FCompilerOptions(userSettings) {}
 
 TProjectModule::~TProjectModule() {
   for (std::size_t i = 0; i < FNotifiers.size(); ++i) {
@@ -63,7 +39,9 @@ TProjectSettings& TProjectModule::Settings() {
 
 TProjectSettings& TProjectModule::ReadSettings() const {
   if (!FSettings)
-    FSettings = std::make_unique<TProjectSettings>(FDocument->Root(), FFile, *FImports, FPlatforms);
+    FSettings = std::make_unique<TProjectSettings>(
+        FDocument->Root(), FFile, *FImports, FPlatforms,
+        TProjectSurroundings{ProcessEnvironment(), FProperties, FForeign.get()});
   return *FSettings;
 }
 
@@ -73,6 +51,16 @@ void TProjectModule::DocumentWasSaved(std::unique_ptr<TTextPieces> pieces) {
   for (std::size_t i = 0; i < FNotifiers.size(); ++i) {
     if (const auto notifier = FNotifiers[i])
       notifier->AfterSave();
+  }
+}
+
+void TProjectModule::Rename(const std::filesystem::path& file) {
+  const std::string oldName = FFile.string();
+  FFile = file;
+  FSettings.reset();
+  for (std::size_t i = 0; i < FNotifiers.size(); ++i) {
+    if (const auto notifier = FNotifiers[i])
+      notifier->ModuleRenamed(oldName, FFile.string());
   }
 }
 
@@ -102,6 +90,7 @@ void TProjectModule::ReadSavedDocument() {
       std::make_unique<TProjectDocument>(text, FDocument->Name(), FDocument->LargeSectionName());
   document->ForgetLargeSection();
   FSettings.reset();
+  FForeign->Forget();
   FSaved.reset();
   FDocument = std::move(document);
 }
@@ -137,8 +126,14 @@ std::string TProjectModule::GetPersonality() const {
   return ReadSettings().Personality();
 }
 
-std::string TProjectModule::GetApplicationType() const {
-  return ReadSettings().ApplicationType();
+std::string TProjectModule::GetApplicationType(std::string_view configuration,
+                                               std::string_view platform) const {
+  return ReadSettings().ApplicationType(configuration, platform);
+}
+
+std::string TProjectModule::GetNothingToDeploy(std::string_view configuration,
+                                               std::string_view platform) const {
+  return ReadSettings().NothingToDeploy(configuration, platform);
 }
 
 std::string TProjectModule::GetFrameworkType() const {
@@ -167,8 +162,9 @@ std::string TProjectModule::GetOutputKind(std::string_view configuration,
   return ReadSettings().OutputKind(configuration, platform);
 }
 
-std::vector<std::string> TProjectModule::GetCompleteFileList() const {
-  return ReadSettings().CompleteFileList();
+std::vector<std::string> TProjectModule::GetCompleteFileList(std::string_view configuration,
+                                                             std::string_view platform) const {
+  return ReadSettings().CompleteFileList(configuration, platform);
 }
 
 } // namespace workbench

@@ -25,8 +25,10 @@ class TProjectModule final : public deployment::IOTAProject {
 public:
   /// `file` is the full path under the name that the user gave. Platforms and settings must
   /// outlive the module.
+  /// `properties` are those that a command line gives every evaluation of the project.
   TProjectModule(std::filesystem::path file, std::unique_ptr<TProjectDocument> document,
-                 const TPlatformTable& platforms, const TSettings& userSettings);
+                 const TPlatformTable& platforms, const TSettings& userSettings,
+                 TNamedTexts properties = {});
   ~TProjectModule() override;
   TProjectModule(const TProjectModule&) = delete;
   TProjectModule& operator=(const TProjectModule&) = delete;
@@ -36,11 +38,17 @@ public:
   TProjectDocument& Document();
   /// Evaluated at the first call. Throws TInputError.
   TProjectSettings& Settings();
+  const TProjectSettings& Settings() const { return ReadSettings(); }
+  /// What evaluations brought up so far; null before the first one.
+  const TEvaluationNotes* NotesSoFar() const { return FSettings ? &FSettings->Notes() : nullptr; }
   /// Says that the pieces stand on disk now. They borrow from the present document.
   void DocumentWasSaved(std::unique_ptr<TTextPieces> pieces);
+  /// The file has another name from now on, under which the project is evaluated anew; listeners of
+  /// the module hear of it.
+  void Rename(const std::filesystem::path& file);
   /// True when the text is what was read or saved last.
   bool IsText(std::string_view text) const;
-  /// Who names the profile of platforms for which the project names none; empty for nobody.
+  /// Names the profile of a platform for which the project names none; empty: there is none.
   using TDefaultProfile = std::function<std::string(std::string_view platform)>;
   void SetDefaultProfile(TDefaultProfile profile) { FDefaultProfile = std::move(profile); }
   /// The profile that the project assigns to the platform, else the platform's default one; empty
@@ -61,7 +69,10 @@ public:
   std::string GetModuleName() const override { return FFile.stem().string(); }
   std::string GetBaseName(std::string_view configuration, std::string_view platform) const override;
   std::string GetPersonality() const override;
-  std::string GetApplicationType() const override;
+  std::string GetApplicationType(std::string_view configuration,
+                                 std::string_view platform) const override;
+  std::string GetNothingToDeploy(std::string_view configuration,
+                                 std::string_view platform) const override;
   std::string GetFrameworkType() const override;
   std::string GetProjectOption(std::string_view name) const override;
   std::string GetCurrentPlatform() const override;
@@ -70,7 +81,8 @@ public:
                                 std::string_view platform) const override;
   std::string GetOutputKind(std::string_view configuration,
                             std::string_view platform) const override;
-  std::vector<std::string> GetCompleteFileList() const override;
+  std::vector<std::string> GetCompleteFileList(std::string_view configuration,
+                                               std::string_view platform) const override;
   bool GetModified() const override { return FModified; }
   void SetModified(bool modified) override { FModified = modified; }
   deployment::IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override {
@@ -89,11 +101,13 @@ private:
   TProjectSettings& ReadSettings() const;
   void ReadSavedDocument();
 
-  const std::filesystem::path FFile;
+  std::filesystem::path FFile;
   const TPlatformTable& FPlatforms;
   std::unique_ptr<TProjectDocument> FDocument;
   std::unique_ptr<TTextPieces> FSaved; // on disk but not yet in FDocument
   std::unique_ptr<ILoadImports> FImports;
+  const TNamedTexts FProperties;
+  std::unique_ptr<IProjectDialect> FForeign; // asked by the settings
   mutable std::unique_ptr<TProjectSettings> FSettings;
   TDefaultProfile FDefaultProfile;
   std::optional<std::string> FCurrentPlatform;

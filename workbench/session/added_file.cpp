@@ -1,9 +1,9 @@
 #include "workbench/session/added_file.h"
 
 #include "workbench/files/machine_path.h"
-#include "workbench/platforms/platform_table.h"
 #include "workbench/text/storable_text.h"
 
+#include <algorithm>
 #include <system_error>
 
 namespace workbench {
@@ -30,7 +30,11 @@ void CheckName(const std::string& name) {
 }
 
 bool LeavesDirectory(const fs::path& relative) {
-  return relative.empty() || *relative.begin() == "..";
+  return relative.empty() || relative.is_absolute() || *relative.begin() == "..";
+}
+
+fs::path DirectoryOf(const fs::path& projectFile) {
+  return fs::absolute(projectFile).lexically_normal().parent_path();
 }
 
 // Seen from the project's directory. Where a symbolic link leads into that directory, the file is
@@ -49,13 +53,55 @@ fs::path FromProject(const fs::path& given, const fs::path& directory) {
   return relative.empty() ? full : relative;
 }
 
-[[noreturn]] void RaiseDirectory(const std::string& name) {
-  throw TAddError(TAddError::TReason::Directory, "\"" + name + "\" is a directory; add its files");
+TAddedFile Stored(const fs::path& path, bool exists) {
+  return {ToStoredPath(path), exists, LeavesDirectory(path.lexically_normal())};
 }
 
-std::string DefaultRemoteDir(const TPlatformTable& platforms, const std::string& platform) {
-  const TPlatform* known = platforms.FindPlatform(platform);
-  return known ? known->GetDefaultRemoteDir() : ".\\";
+[[noreturn]] void RaiseDirectory(const std::string& name) {
+  throw TAddError(TAddError::TReason::Directory,
+                  "\"" + name + "\" is a directory; \"--tree " + name + "\" adds all its files");
+}
+
+// The directory under the name that is seen from here, or from the project.
+fs::path FindTree(const std::string& argument, const fs::path& projectDirectory) {
+  CheckName(argument);
+  const fs::path given = ToMachinePath(argument);
+  for (const fs::path& place : {fs::absolute(given), projectDirectory / given}) {
+    switch (KindOf(place)) {
+    case TKind::Directory:
+      return place.lexically_normal();
+    case TKind::File:
+      throw TAddError(TAddError::TReason::Missing, "\"" + argument + "\" is a file, no directory");
+    case TKind::Nothing:
+      break;
+    }
+  }
+  throw TAddError(TAddError::TReason::Missing, "there is no directory \"" + argument + "\"");
+}
+
+bool IsOfProject(const fs::path& file, const fs::path& projectFile) {
+  std::error_code ignored;
+  return fs::equivalent(file, projectFile, ignored) ||
+         fs::equivalent(file, fs::path(projectFile).replace_extension(".deployproj"), ignored);
+}
+
+// Regular files below the directory; links to directories are left out.
+std::vector<fs::path> WalkTree(const fs::path& directory, std::vector<std::string>& leftOut) {
+  std::vector<fs::path> files;
+  try {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(directory)) {
+      if (entry.is_regular_file())
+        files.push_back(entry.path());
+      else if (entry.is_symlink() && entry.is_directory())
+        leftOut.push_back(entry.path().string());
+    }
+  } catch (const fs::filesystem_error& error) {
+    throw TAddError(TAddError::TReason::Missing,
+                    "the directory \"" + error.path1().string() +
+                        "\" cannot be read: " + error.code().message());
+  }
+  std::sort(files.begin(), files.end());
+  return files;
 }
 
 } // namespace
@@ -63,35 +109,41 @@ std::string DefaultRemoteDir(const TPlatformTable& platforms, const std::string&
 TAddedFile LocalNameOf(const std::string& argument, const fs::path& projectFile) {
   CheckName(argument);
   if (argument.find("$(") != std::string::npos)
-    return {argument, true};
-  const fs::path directory = fs::absolute(projectFile).lexically_normal().parent_path();
+    return {argument};
+  const fs::path directory = DirectoryOf(projectFile);
   const fs::path given = ToMachinePath(argument);
   switch (KindOf(given)) {
   case TKind::Directory:
     RaiseDirectory(argument);
   case TKind::File:
-    return {ToStoredPath(FromProject(given, directory)), true};
+    return Stored(FromProject(given, directory), true);
   case TKind::Nothing:
     break;
   }
   const TKind inProject = KindOf(directory / given);
   if (inProject == TKind::Directory)
     RaiseDirectory(argument);
-  return {ToStoredPath(given), inProject == TKind::File};
+  return Stored(given, inProject == TKind::File);
 }
 
-bool AddEntry(TOpenProject& project, const TPlatformTable& platforms, const TNewEntry& entry) {
-  deployment::IProjectDeployment& deployment = project.Deployment();
-  if (deployment.FindFile(entry.Configuration, entry.Platform, entry.LocalName))
-    return false;
-  const auto file = deployment.AddFile(entry.Configuration, entry.Platform, entry.LocalName);
-  file->SetDeploymentClass(entry.Class);
-  file->SetEnabled(entry.Platform, entry.Enabled);
-  file->SetRemoteDir(entry.Platform, entry.RemoteDir.empty()
-                                         ? DefaultRemoteDir(platforms, entry.Platform)
-                                         : entry.RemoteDir);
-  file->SetRemoteName(entry.Platform, entry.RemoteName);
-  return true;
+TAddedTree FilesOfTree(const std::string& argument, const fs::path& projectFile) {
+  const fs::path directory = DirectoryOf(projectFile);
+  fs::path tree = FindTree(argument, directory);
+  if (!tree.has_filename())
+    tree = tree.parent_path(); // a delimiter stood at its end
+  TAddedTree added;
+  for (const fs::path& file : WalkTree(tree, added.LeftOut)) {
+    if (IsOfProject(file, projectFile))
+      continue;
+    CheckName(file.string());
+    TAddedFile& entry = added.Files.emplace_back(Stored(FromProject(file, directory), true));
+    const fs::path below = file.lexically_relative(tree.parent_path()).parent_path();
+    entry.SubDirectory = ToStoredPath(below / "");
+  }
+  if (added.Files.empty())
+    throw TAddError(TAddError::TReason::Missing,
+                    "the directory \"" + argument + "\" has no file in it");
+  return added;
 }
 
 } // namespace workbench

@@ -1,13 +1,11 @@
-// Puts files of this machine on the list of a project.
+// Names under which files of this machine stand on the list of a project.
 #pragma once
-
-#include "package/common/class_names.h"
-#include "workbench/session/session.h"
 
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace workbench {
 
@@ -15,8 +13,9 @@ namespace workbench {
 class TAddError : public std::runtime_error {
 public:
   enum class TReason {
-    Name,     ///< its name cannot be stored
-    Directory ///< it is a directory
+    Name,      ///< its name cannot be stored
+    Directory, ///< it is a directory where a file is wanted
+    Missing,   ///< it is not there, or a directory has no file to add
   };
 
   TAddError(TReason reason, const std::string& text) : std::runtime_error(text), FReason(reason) {}
@@ -26,10 +25,19 @@ private:
   TReason FReason;
 };
 
-/// A name to be stored, and whether the file is there now.
+/// A name to be stored, and what is known of its file.
 struct TAddedFile {
   std::string LocalName;
   bool Exists = true;
+  bool IsOutside = false; ///< it stands beyond the project's directory
+  std::string SubDirectory =
+      {}; ///< stored path, with "\" at its end, that a tree keeps on the target
+};
+
+/// The files of a directory, sorted.
+struct TAddedTree {
+  std::vector<TAddedFile> Files;
+  std::vector<std::string> LeftOut; ///< links to other directories, which are not followed
 };
 
 /// A name with macros is stored as given. A file that stands relative to the current directory is
@@ -37,18 +45,18 @@ struct TAddedFile {
 /// nowhere, as given, with "\" as delimiter. Throws TAddError.
 TAddedFile LocalNameOf(const std::string& argument, const std::filesystem::path& projectFile);
 
-/// What a new entry is made with.
-struct TNewEntry {
-  std::string LocalName; ///< as it is stored
-  std::string Configuration;
-  std::string Platform; ///< or "All", for an entry that answers for every platform
-  std::string Class{deployment::class_names::File};
-  std::string RemoteDir;  ///< empty: the platform's default
-  std::string RemoteName; ///< empty: that of the local file
-  bool Enabled = true;
-};
+/// All files below a directory, which is seen as a file is above; each with its path from the
+/// directory's parent. The project file and its side file are left out. Throws TAddError.
+TAddedTree FilesOfTree(const std::string& argument, const std::filesystem::path& projectFile);
 
-/// Adds the entry. False when it is on the list already; it stays as the user made it then.
-bool AddEntry(TOpenProject& project, const TPlatformTable& platforms, const TNewEntry& entry);
+/// True when the text has a sign that stands for other letters: "*", "?" or "[".
+bool IsPattern(std::string_view argument);
+
+/// The files that a pattern names, sorted: from the current directory, else from the project's.
+/// "*",
+/// "?" and "[...]" stay within one name, "**" stands for any number of directories; names that
+/// begin with a dot want one in the pattern. Empty when there is none.
+std::vector<std::string> FilesOfPattern(const std::string& pattern,
+                                        const std::filesystem::path& projectFile);
 
 } // namespace workbench

@@ -7,7 +7,12 @@
 #include "workbench/files/file_saver.h"
 #include "workbench/files/machine_path.h"
 #include "workbench/project/project_identity.h"
+#include "workbench/services/app_strings.h"
 
+#include <algorithm>
+#include <span>
+#include <string_view>
+#include <sys/stat.h>
 #include <utility>
 
 namespace workbench {
@@ -61,22 +66,26 @@ public:
 };
 
 TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
-                                   const std::filesystem::path& file, TOpenPurpose purpose)
+                                   const std::filesystem::path& file, TOpenPurpose purpose,
+                                   TNamedTexts properties)
     : FServices(services), FGivenName(file), FListener(std::make_shared<TChangeListener>()) {
   const std::filesystem::path full = FullPath(file);
   // The kind of file is looked at before it is locked, since a lock opens it.
   if (purpose == TOpenPurpose::Edit)
     FLock.emplace(file);
   TProjectFileStorage& storage = FServices.GetProjectFileStorage();
-  FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
-                                             platforms, FServices.GetSettings());
+  FModule =
+      std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
+                                       platforms, FServices.GetSettings(), std::move(properties));
+  TakeFileNumber();
   FModule->SetDefaultProfile([&services](std::string_view platform) {
     return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
   });
   FServices.GetModuleHandlerGauntlet().AttachHandlers(*FModule);
   FLayoutRead = storage.SectionLayout(*FModule);
   storage.ProjectLoaded(*FModule);
-  CollectWarnings();
+  FModule->Settings(); // a project that cannot be evaluated is not opened
+  CollectNotes();
   if (auto* deployment = FModule->GetProjectDeployment()) {
     FWasEmpty = deployment->IsEmpty();
     FListenerIndex = deployment->AddNotifier(FListener);
@@ -91,15 +100,30 @@ TOpenProjectFile::~TOpenProjectFile() {
   FServices.GetProjectFileStorage().ProjectClosing(*FModule);
 }
 
-void TOpenProjectFile::CollectWarnings() {
-  for (const TEvaluationNote& note : FModule->Settings().Notes()) {
-    // Build tools of other machines are imported by nearly every foreign project.
-    if (note.Kind != TNoteKind::MissingImport)
+// Questions about a target may bring up what those about others did not. A document that was read
+// anew after a save brings up the same once more.
+void TOpenProjectFile::CollectNotes() const {
+  const TEvaluationNotes* present = FModule->NotesSoFar();
+  if (!present)
+    return;
+  const TEvaluationNotes& notes = *present;
+  const auto isTold = [this](const TEvaluationNote& note) {
+    return std::ranges::any_of(FWarnings, [&](const TWarning& warning) {
+      return warning.Text == note.Text && warning.File == note.Place.File &&
+             warning.Line == note.Place.Line;
+    });
+  };
+  if (FNotesTaken > notes.size())
+    FNotesTaken = 0;
+  for (; FNotesTaken < notes.size(); ++FNotesTaken) {
+    const TEvaluationNote& note = notes[FNotesTaken];
+    if (!isTold(note))
       FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
   }
 }
 
 const std::vector<TWarning>& TOpenProjectFile::Warnings() const {
+  CollectNotes();
   for (TWarning& warning : FServices.GetMessageServices().TakeWarnings())
     FWarnings.push_back(std::move(warning));
   return FWarnings;
@@ -130,20 +154,95 @@ bool TOpenProjectFile::IsChangedOnDisk() const {
   }
 }
 
+std::vector<TLabelledItem> TOpenProjectFile::LabelledItems(std::string_view label) {
+  return FModule->Document().LabelledItems(label);
+}
+
+void TOpenProjectFile::SetLabelledItems(std::string_view label, std::vector<TLabelledItem> items) {
+  FModule->Document().SetLabelledItems(label, std::move(items));
+}
+
+void TOpenProjectFile::RequireShippedFiles() {
+  if (FWasEmpty)
+    RequireShippedFile(FServices.GetAppStrings(), DefaultsFile);
+  RequireShippedFile(FServices.GetAppStrings(), SideFileTemplate);
+}
+
+std::optional<TOpenProjectFile::TFileNumber>
+TOpenProjectFile::FileNumberOf(const std::filesystem::path& file) {
+  struct stat status = {};
+  if (::stat(file.c_str(), &status) != 0)
+    return std::nullopt;
+  return TFileNumber{status.st_dev, status.st_ino};
+}
+
+void TOpenProjectFile::TakeFileNumber() {
+  FFileNumber = FileNumberOf(FGivenName).value_or(TFileNumber());
+}
+
+std::optional<std::filesystem::path> TOpenProjectFile::FindRenamed() const {
+  if (FileNumberOf(FGivenName) || FFileNumber == TFileNumber())
+    return std::nullopt;
+  std::error_code error;
+  const auto directory = std::filesystem::absolute(FGivenName, error).parent_path();
+  std::filesystem::directory_iterator entry(directory, error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+    if (FileNumberOf(entry->path()) == FFileNumber)
+      return entry->path();
+  }
+  return std::nullopt;
+}
+
+void TOpenProjectFile::Rename(const std::filesystem::path& file) {
+  const std::filesystem::path full = FullPath(file);
+  FGivenName = file;
+  FModule->Rename(full);
+}
+
+TSaveReport TOpenProjectFile::SaveAs(const std::filesystem::path& file, bool overwrite) {
+  FullPath(file); // throws where there can be no such project
+  std::unique_ptr<TTextPieces> pieces;
+  TSaveRequest request;
+  request.Target = file;
+  request.Force = overwrite;
+  TSaveReport report;
+  try {
+    Deployment().GetFiles(); // as in SaveProjectFile
+    pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
+    const std::vector<std::string_view> unchanged{FModule->Document().Bytes()};
+    request.Content = pieces ? std::span<const std::string_view>(pieces->Pieces()) : unchanged;
+    report.ProjectWritten = SaveFile(request).Written;
+  } catch (const deployment::TInputError& error) {
+    throw TSaveError(std::string("the project was not saved: ") + error.what(), file);
+  }
+  if (FLock)
+    FLock.emplace(file);
+  Rename(file);
+  if (pieces)
+    FModule->DocumentWasSaved(std::move(pieces));
+  MarkSaved();
+  return report;
+}
+
 TSaveReport TOpenProjectFile::Save(bool force) {
   TSaveReport report;
   if (!HasChanges())
     return report;
+  RequireShippedFiles();
   const bool written = SaveProjectFile(force);
+  report = ExportAfterSave();
+  report.ProjectWritten = written;
+  return report;
+}
+
+TSaveReport TOpenProjectFile::ExportAfterSave() {
   try {
-    report = Export();
+    return Export();
   } catch (const deployment::TInputError& error) {
     throw TSaveError("the project is saved, but not its side file: " + error.Place().File + ": " +
                          error.what(),
                      FGivenName);
   }
-  report.ProjectWritten = written;
-  return report;
 }
 
 bool TOpenProjectFile::Write(std::unique_ptr<TTextPieces> pieces, bool force) {
@@ -180,13 +279,29 @@ bool TOpenProjectFile::SaveProjectFile(bool force) {
   } catch (const deployment::TInputError& error) {
     throw TSaveError(std::string("the project was not saved: ") + error.what(), FGivenName);
   }
-  FListener->Changed = false;
-  FMarkedChanged = false;
-  FWasEmpty = false;
+  MarkSaved();
   return written;
 }
 
+void TOpenProjectFile::MarkSaved() {
+  FListener->Changed = false;
+  FMarkedChanged = false;
+  FWasEmpty = false;
+  TakeFileNumber();
+}
+
 TSaveReport TOpenProjectFile::Export() {
+  RequireShippedFiles();
+  return WriteSideFile();
+}
+
+TSaveReport TOpenProjectFile::PlanExport() {
+  RequireShippedFiles();
+  const TProjectFileUtils::TPlanOnly plan(FServices.GetProjectFileUtils());
+  return WriteSideFile();
+}
+
+TSaveReport TOpenProjectFile::WriteSideFile() {
   TSaveReport report;
   Deployment().SaveToDeployProj();
   report.SideFile = FGivenName;

@@ -3,6 +3,7 @@
 #include "package/host/api/deploymentapi.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
+#include "workbench/files/user_directories.h"
 #include "workbench/project/project_identity.h"
 #include "workbench/services/app_strings.h"
 #include "workbench/services/ide_services.h"
@@ -12,26 +13,48 @@
 #include <algorithm>
 #include <exception>
 #include <list>
+#include <optional>
 #include <utility>
 
 namespace workbench {
 namespace {
 
+constexpr const char* PlatformFileName = "platforms.xml";
 constexpr std::string_view EmptyProject =
     "<Project xmlns=\"http://schemas.microsoft.com/developer/msbuild/2003\"/>";
 
-// A root without a table of its own has the platforms that everybody has.
-TPlatformTable ReadPlatforms(const std::filesystem::path& root) {
-  const std::filesystem::path file = root / "ObjRepos" / "Deploy" / "platforms.xml";
+// Nothing where there is no such file; one that is there and cannot be read is an error.
+std::optional<TPlatformTable> ReadPlatformTable(const std::filesystem::path& file) {
   std::error_code ignored;
-  if (!std::filesystem::exists(file, ignored))
-    return TPlatformTable::BuiltIn();
+  if (std::filesystem::status(file, ignored).type() == std::filesystem::file_type::not_found)
+    return std::nullopt;
   TXmlReader reader(
       [&file](const TReserveMemory& reserve) {
         return ReadWholeFileInto(file, reserve, MaximumFileSize, "platform table");
       },
       file.string());
   return TPlatformTable::FromXml(reader.Root());
+}
+
+// A root without a table of its own has the platforms that everybody has; the user's own table
+// adds to them.
+TPlatformTable ReadPlatforms(const std::filesystem::path& root) {
+  TPlatformTable table = ReadPlatformTable(root / "ObjRepos" / "Deploy" / PlatformFileName)
+                             .value_or(TPlatformTable::BuiltIn());
+  const std::filesystem::path user = UserConfigDirectory();
+  if (!user.empty()) {
+    if (auto added = ReadPlatformTable(user / PlatformFileName))
+      table.Overlay(std::move(*added));
+  }
+  return table;
+}
+
+// Programs of such a platform are packed in a folder here and go to no machine.
+bool IsStaged(const TPlatformTable& platforms, const std::string& platform,
+              const std::string& personality) {
+  const TPlatform* facts = platforms.FindPlatform(platform);
+  return platform == "Android" || (facts && !facts->RequiresProfile(personality) &&
+                                   !facts->PersonalityRequiresProfile(personality));
 }
 
 void CopyAttributes(const deployment::IXMLNode& from, deployment::IXMLNode& to) {
@@ -43,11 +66,13 @@ void CopyAttributes(const deployment::IXMLNode& from, deployment::IXMLNode& to) 
 
 struct TSession::TImpl {
   explicit TImpl(const TSessionOptions& options)
-      : Root(FindRoot(options.Root)), Platforms(ReadPlatforms(Root)),
-        Services(Root, Platforms, UserSettingsFile()), Package(Services) {}
+      : Root(FindRoot(options.Root)), Properties(options.Properties),
+        Platforms(ReadPlatforms(Root)), Services(Root, Platforms, UserSettingsFile()),
+        Package(Services) {}
 
   // Destroyed from below: projects go before the package, the package before the services.
   std::filesystem::path Root;
+  TNamedTexts Properties;
   TPlatformTable Platforms;
   TIDEServices Services;
   TPackageLoader Package;
@@ -57,6 +82,18 @@ struct TSession::TImpl {
   auto Find(const TOpenProject& project) {
     return std::ranges::find(Projects, &project,
                              [](const auto& open) -> const TOpenProject* { return open.get(); });
+  }
+
+  void CheckFree(const TOpenProject& project, const std::filesystem::path& file) const {
+    for (const auto& open : Projects) {
+      if (open.get() != &project && IsSameProject(open->GivenFileName(), file))
+        throw deployment::TInputError("a project of that name is open", {file.string(), 0});
+    }
+  }
+
+  void RaiseRenamed(TOpenProject& project, const std::string& oldName) {
+    const std::string newName = project.Project().GetProjectFileName();
+    Services.GetProjectEvents()->EvProjectRenamed().Raise(oldName, newName);
   }
 
   // The other project whose view goes by the name of this one; null for none.
@@ -88,9 +125,28 @@ TSession::~TSession() {
 }
 
 TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose purpose) {
-  FImpl->Projects.push_back(
-      std::make_unique<TOpenProjectFile>(FImpl->Services, FImpl->Platforms, file, purpose));
+  FImpl->Projects.push_back(std::make_unique<TOpenProjectFile>(FImpl->Services, FImpl->Platforms,
+                                                               file, purpose, FImpl->Properties));
   return *FImpl->Projects.back();
+}
+
+TSaveReport TSession::SaveAs(TOpenProject& project, const std::filesystem::path& file,
+                             bool overwrite) {
+  FImpl->CheckFree(project, file);
+  TOpenProjectFile& open = **FImpl->Find(project);
+  const std::string oldName = project.Project().GetProjectFileName();
+  const bool written = open.SaveAs(file, overwrite).ProjectWritten;
+  FImpl->RaiseRenamed(project, oldName);
+  TSaveReport report = open.ExportAfterSave();
+  report.ProjectWritten = written;
+  return report;
+}
+
+void TSession::Rename(TOpenProject& project, const std::filesystem::path& file) {
+  FImpl->CheckFree(project, file);
+  const std::string oldName = project.Project().GetProjectFileName();
+  (*FImpl->Find(project))->Rename(file);
+  FImpl->RaiseRenamed(project, oldName);
 }
 
 // Views close when they hear of a project of their name, which would be the view of another one.
@@ -144,13 +200,15 @@ deployment::IOTADeploymentService& TSession::DeploymentService() {
   return *service;
 }
 
-void TSession::ShowDeployment(TOpenProject& project) {
+std::optional<deployment::TInputError>
+TSession::ShowDeployment(TOpenProject& project, const deployment::TShowRequest& request) {
   if (const TOpenProjectFile* shown = FImpl->ShownInsteadOf(project))
     throw deployment::TInputError("the project is shown already, as " +
                                       shown->GivenFileName().string(),
                                   {project.GivenFileName().string(), 0});
-  DeploymentService().DeployManagerProject(project.SharedProject());
+  auto problem = DeploymentService().ShowDeployment(project.SharedProject(), request);
   (*FImpl->Find(project))->SetShown();
+  return problem;
 }
 
 void TSession::SetModalForms(deployment::IModalForms* forms) {
@@ -169,11 +227,29 @@ TSettings& TSession::Settings() {
   return FImpl->Services.GetSettings();
 }
 
+deployment::TEntryPaths TSession::PathsOf(TOpenProject& project,
+                                          const deployment::TDeploymentTarget& target) {
+  const auto base = IsStaged(FImpl->Platforms, target.Platform, project.Settings().Personality())
+                        ? deployment::TRemoteBase::None
+                        : deployment::TRemoteBase::ProjectRoot;
+  return deployment::TEntryPaths(project.Project(), project.Deployment(), target,
+                                 deployment::TEntryPathServices::Of(FImpl->Services), base);
+}
+
 const std::filesystem::path& TSession::Root() const {
   return FImpl->Root;
 }
 
+void TSession::CheckInstallation() const {
+  RequireShippedDirectory(FImpl->Root);
+}
+
+void TSession::RequireDefaults() const {
+  RequireShippedFile(FImpl->Services.GetAppStrings(), DefaultsFile);
+}
+
 std::vector<std::shared_ptr<deployment::IProjectDeploymentClass>> TSession::ShippedClasses() {
+  RequireDefaults();
   if (!FImpl->Scratch) {
     TIDEServices& services = FImpl->Services;
     auto scratch = std::make_unique<TProjectModule>(

@@ -10,8 +10,11 @@ namespace {
 
 constexpr std::string_view Prefix = "allowed-commands.";
 
-std::string KeyOf(const std::filesystem::path& project) {
-  return std::string(Prefix) + std::filesystem::weakly_canonical(project).string();
+constexpr std::string_view Separator = " > ";
+
+std::string KeyOf(const std::filesystem::path& project, const std::string& place) {
+  return std::string(Prefix) + std::filesystem::weakly_canonical(project).string() +
+         std::string(Separator) + place;
 }
 
 std::string TextOf(const std::vector<std::string>& commands) {
@@ -33,8 +36,8 @@ std::vector<std::string> CommandsOrNone(const std::string& text) {
 } // namespace
 
 bool IsAllowed(const TSettings& settings, const std::filesystem::path& project,
-               const std::vector<std::string>& commands) {
-  const std::string key = KeyOf(project);
+               const std::string& place, const std::vector<std::string>& commands) {
+  const std::string key = KeyOf(project, place);
   const std::optional<std::string> text = settings.Get(key);
   try {
     return text && CommandsOf(*text) == commands;
@@ -45,16 +48,22 @@ bool IsAllowed(const TSettings& settings, const std::filesystem::path& project,
   }
 }
 
-void Allow(TSettings& settings, const std::filesystem::path& project,
+void Allow(TSettings& settings, const std::filesystem::path& project, const std::string& place,
            const std::vector<std::string>& commands) {
-  settings.Set(KeyOf(project), TextOf(commands));
+  settings.Set(KeyOf(project, place), TextOf(commands));
 }
 
 std::vector<TCommandConsent> ListConsents(const TSettings& settings) {
   std::vector<TCommandConsent> consents;
   for (const auto& [key, text] : settings.List()) {
-    if (key.starts_with(Prefix))
-      consents.push_back({key, key.substr(Prefix.size()), CommandsOrNone(text)});
+    if (!key.starts_with(Prefix))
+      continue;
+    const std::string name = key.substr(Prefix.size());
+    const std::size_t end = name.rfind(Separator);
+    const bool hasPlace = end != std::string::npos;
+    consents.push_back({key, name.substr(0, end),
+                        hasPlace ? name.substr(end + Separator.size()) : std::string(),
+                        CommandsOrNone(text)});
   }
   return consents;
 }

@@ -14,15 +14,18 @@ namespace workbench {
 struct TCommandConsent {
   std::string Key;     ///< of the setting
   std::string Project; ///< full path of the project file
+  std::string Place;   ///< where the project goes when they run
   std::vector<std::string> Commands;
 };
 
-/// True when the user said yes to exactly these commands, in this order, of the project before.
-/// Throws TInputError, with the settings file, when what is kept of them cannot be understood.
+/// True when the user said yes before to exactly these commands, in this order, of the project,
+/// when it is deployed to that place. Throws TInputError, with the settings file, when what is kept
+/// of them cannot be understood.
 bool IsAllowed(const TSettings& settings, const std::filesystem::path& project,
-               const std::vector<std::string>& commands);
-/// Keeps the user's yes; it takes the place of an earlier one. Throws as TSettings::Set does.
-void Allow(TSettings& settings, const std::filesystem::path& project,
+               const std::string& place, const std::vector<std::string>& commands);
+/// Keeps the user's yes; it takes the place of an earlier one for the same project and place.
+/// Throws as TSettings::Set does.
+void Allow(TSettings& settings, const std::filesystem::path& project, const std::string& place,
            const std::vector<std::string>& commands);
 /// Every yes that is kept, by project. One whose text was damaged by hand has no commands.
 std::vector<TCommandConsent> ListConsents(const TSettings& settings);

@@ -96,8 +96,10 @@ public:
                                   std::string_view platform) const = 0;
   /// "Ardent.Personality", "Corvane.Personality" or another id.
   virtual std::string GetPersonality() const = 0;
-  /// Kind of program as the project names it; may be empty.
-  virtual std::string GetApplicationType() const = 0;
+  /// Kind of program that a build of the target makes, as the project names it; may be empty.
+  /// Empty names mean the project's current ones.
+  virtual std::string GetApplicationType(std::string_view configuration,
+                                         std::string_view platform) const = 0;
   /// Framework of the user interface as the project names it; may be empty.
   virtual std::string GetFrameworkType() const = 0;
   /// Option of the project as a whole, such as "AppType"; empty when unset.
@@ -105,14 +107,20 @@ public:
 
   virtual std::string GetCurrentPlatform() const = 0;
   virtual std::string GetCurrentConfiguration() const = 0;
-  /// Full path of the file that a build of the target makes.
+  /// Full path of the file that a build of the target makes; empty when there is nothing to deploy.
   virtual std::string GetOutputFileName(std::string_view configuration,
                                         std::string_view platform) const = 0;
   /// Kind of output that the options of a Corvane project name for the target.
   virtual std::string GetOutputKind(std::string_view configuration,
                                     std::string_view platform) const = 0;
-  /// Full paths of the files that belong to the project, in the project's order.
-  virtual std::vector<std::string> GetCompleteFileList() const = 0;
+  /// Why a build of the target makes nothing that could be deployed, or nothing that is known, as
+  /// a sentence without its full stop; empty when it makes something.
+  virtual std::string GetNothingToDeploy(std::string_view configuration,
+                                         std::string_view platform) const = 0;
+  /// Full paths of the files that belong to the project in a build of the target, in the
+  /// project's order.
+  virtual std::vector<std::string> GetCompleteFileList(std::string_view configuration,
+                                                       std::string_view platform) const = 0;
 
   virtual bool GetModified() const = 0;
   virtual void SetModified(bool modified) = 0;

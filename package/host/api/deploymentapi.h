@@ -1,11 +1,14 @@
 // Host unit Deploymentapi: the deployment contract, which the package implements and hosts use.
 #pragma once
 
+#include "package/common/errors.h"
 #include "package/common/ordered_dictionary.h"
+#include "package/host/api/deployment_target.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -290,12 +293,24 @@ public:
   virtual void SaveToDeployProj() = 0;
 };
 
+/// What a Deployment Manager shows when it opens.
+struct TShowRequest {
+  TDeploymentTarget Target;
+  bool Connect = false; ///< connects at once; the rows come when the attempt has ended
+};
+
 /// Opens the Deployment Manager of a project, and its dialog of optional files. Implemented by the
 /// package, registered with the host.
 class IOTADeploymentService {
 public:
   virtual ~IOTADeploymentService() = default;
+  /// Shows the project's active target; a view that is open already comes forward as it is.
   virtual void DeployManagerProject(const std::shared_ptr<IOTAProject>& project) = 0;
+  /// Shows the target that is asked for, also in a view that is open already. Returns why the
+  /// target could not be computed; the view shows what the list holds then, with the sentence. The
+  /// error is of the package's making and must not outlive it.
+  virtual std::optional<TInputError> ShowDeployment(const std::shared_ptr<IOTAProject>& project,
+                                                    const TShowRequest& request) = 0;
   /// The dialog of optional files for an extension with its dot: what it holds, for whoever wants
   /// to look without showing it. Empty means every feature. The form is good as long as the
   /// project. Throws TInputError when the catalog cannot be understood.

@@ -77,6 +77,9 @@ class IVirtualStringTree {
 public:
   virtual ~IVirtualStringTree() = default;
   virtual void SetColumns(const std::vector<TTreeColumn>& columns) = 0;
+  /// A sentence that the user should see with the nodes, or in their place where there are none;
+  /// empty takes it away.
+  virtual void SetNotice(std::string_view text) = 0;
   /// Brackets changes of many nodes; nests.
   virtual void BeginUpdate() = 0;
   virtual void EndUpdate() = 0;

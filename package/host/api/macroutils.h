@@ -17,8 +17,10 @@ public:
   virtual std::string ExpandMacros(std::string_view text, std::string_view parameters) const = 0;
   /// The same, and the IDE root macro "$(ZELK)" besides.
   virtual std::string ExpandRootMacro(std::string_view text, std::string_view parameters) const = 0;
-  /// The same with the macros of a project.
-  virtual std::string ExpandRootMacro(std::string_view text, ICustomProject& project) const = 0;
+  /// The same with the macros that a project has for a target.
+  virtual std::string ExpandRootMacro(std::string_view text, ICustomProject& project,
+                                      std::string_view configuration,
+                                      std::string_view platform) const = 0;
 };
 
 } // namespace deployment

@@ -110,6 +110,12 @@ public:
   /// Time stamp of a file; nothing when it does not exist or cannot be examined.
   virtual std::optional<TFileTime> GetRemoteFileTime(const IOTARemoteProfile& profile,
                                                      std::string_view remoteName) = 0;
+  /// False when nothing can be said about a file in the run of questions that has begun: it may not
+  /// be examined, or the connection was lost.
+  virtual bool IsRemoteFileKnown(const IOTARemoteProfile& /*profile*/,
+                                 std::string_view /*remoteName*/) {
+    return true;
+  }
   virtual std::optional<TFileTime> GetLocalFileTime(const IOTARemoteProfile& profile,
                                                     std::string_view localName) = 0;
 

@@ -58,6 +58,7 @@ enum class TReasonCause {
   ExcludedExtension, ///< files of that extension are not deployed
   OtherDevices,      ///< the devices that the program is for do not show it
   FileHasOtherRole,  ///< the file is the entry of another class; one file has one entry
+  NothingBuilt,      ///< a build of the target makes nothing to deploy; the source says why
 };
 
 /// One decision of one step.

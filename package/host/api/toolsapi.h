@@ -66,8 +66,10 @@ public:
 class ISymbolService {
 public:
   virtual ~ISymbolService() = default;
-  /// Extension with its dot; empty when the platform has no such files.
-  virtual std::string GetDebugSymbolExtension(std::string_view platform) const = 0;
+  /// Extension that the project's builds use, with its dot; empty when the platform has no such
+  /// files.
+  virtual std::string GetDebugSymbolExtension(const ICustomProject& project,
+                                              std::string_view platform) const = 0;
 };
 
 /// Knows the search paths of a personality.

@@ -6,6 +6,7 @@
 #include "package/host/plugin/deployment_window.h"
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace deployment {
@@ -16,7 +17,11 @@ public:
       : FContext(std::move(context)) {}
 
   void DeployManagerProject(const std::shared_ptr<IOTAProject>& project) override {
-    ShowDeployment(FContext, project);
+    deployment::ShowDeployment(FContext, project);
+  }
+  std::optional<TInputError> ShowDeployment(const std::shared_ptr<IOTAProject>& project,
+                                            const TShowRequest& request) override {
+    return deployment::ShowDeployment(FContext, project, request);
   }
   std::shared_ptr<const IFeatureFileForm> GetFeaturedFiles(ICustomProject& project,
                                                            std::string_view extension) override {

@@ -10,15 +10,18 @@
 namespace deployment {
 
 std::shared_ptr<TDeploymentWindow> TDeploymentWindow::Create(std::shared_ptr<TViewContext> context,
-                                                             std::shared_ptr<IOTAProject> project) {
-  auto window = std::make_shared<TDeploymentWindow>(std::move(context), std::move(project));
+                                                             std::shared_ptr<IOTAProject> project,
+                                                             std::optional<TShowRequest> request) {
+  auto window = std::make_shared<TDeploymentWindow>(std::move(context), std::move(project),
+                                                    std::move(request));
   window->Enter();
   return window;
 }
 
 TDeploymentWindow::TDeploymentWindow(std::shared_ptr<TViewContext> context,
-                                     std::shared_ptr<IOTAProject> project)
-    : FContext(std::move(context)), FProject(std::move(project)),
+                                     std::shared_ptr<IOTAProject> project,
+                                     std::optional<TShowRequest> request)
+    : FContext(std::move(context)), FProject(std::move(project)), FRequest(std::move(request)),
       FProjectName(FProject->GetFileName()) {
   IProjectEvents* events = FContext->Services.GetProjectEvents();
   if (!events)
@@ -55,7 +58,16 @@ std::unique_ptr<IFrame> TDeploymentWindow::CreateFrame(IControls& controls) {
 void TDeploymentWindow::FrameCreated(IFrame& frame) {
   FFrame = dynamic_cast<TDeploymentFrame*>(&frame);
   if (FFrame)
-    FFrame->InitializeData(FProject);
+    FFrame->InitializeData(FProject, FRequest);
+}
+
+void TDeploymentWindow::ShowTarget(const TShowRequest& request) {
+  if (FFrame)
+    FFrame->ShowTarget(request);
+}
+
+std::optional<TInputError> TDeploymentWindow::TargetProblem() const {
+  return FFrame ? FFrame->TargetProblem() : std::nullopt;
 }
 
 void TDeploymentWindow::ProjectClosing(const ICustomProject& project) {
@@ -79,22 +91,29 @@ void TDeploymentWindow::ProjectRenamed(std::string_view oldName, std::string_vie
     views->ShowEditorView(view);
 }
 
-void ShowDeployment(const std::shared_ptr<TViewContext>& context,
-                    const std::shared_ptr<IOTAProject>& project) {
+std::optional<TInputError> ShowDeployment(const std::shared_ptr<TViewContext>& context,
+                                          const std::shared_ptr<IOTAProject>& project,
+                                          const std::optional<TShowRequest>& request) {
   IOTAEditorViewServices* views = context->Services.GetEditorViewServices();
   if (!views)
-    return;
+    return std::nullopt;
   if (!context->OpenViews)
     context->OpenViews = std::make_unique<TOpenViews>();
   TOpenViews& openViews = *context->OpenViews;
   if (const std::size_t position = openViews.Find(project->GetFileName());
       position != TOpenViews::None) {
-    if (const auto view = openViews.View(position))
-      return views->ShowEditorView(view);
+    if (const auto view = openViews.View(position)) {
+      views->ShowEditorView(view);
+      if (request)
+        view->ShowTarget(*request);
+      return view->TargetProblem();
+    }
     // Its view went away without taking it along.
     openViews.Delete(position);
   }
-  views->ShowEditorView(TDeploymentWindow::Create(context, project));
+  const auto view = TDeploymentWindow::Create(context, project, request);
+  views->ShowEditorView(view);
+  return view->TargetProblem();
 }
 
 } // namespace deployment

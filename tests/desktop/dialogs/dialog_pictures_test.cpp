@@ -51,7 +51,7 @@ protected:
                                     {"sdk-default.Android", "ndk-r21"},
                                     {"library-path.Win32", "/opt/lib/win32;/opt/lib"}})
       Host().Settings().Set(key, text);
-    Allow(Host().Settings(), FFile, {"make resources", "strip bin/demo"});
+    Allow(Host().Settings(), FFile, "bench", {"make resources", "strip bin/demo"});
     Host().RemoteProfiles().AddProfile(
         {.Name = "share", .Platform = "Win32", .Path = "/mnt/share", .IsDefault = true});
     Host().RemoteProfiles().AddProfile({.Name = "mac-mini",
@@ -108,7 +108,7 @@ TEST_P(TDialogPictures, OfQuestions) {
   std::string value = ".\\";
   dialogs.InputBox("Remote Path", "Enter the new Remote Path", value);
   KeepNext("consent");
-  AskConsent({"make resources", "strip bin/demo \xE2\x80\xAE"}, nullptr);
+  AskConsent({"make resources", "strip bin/demo \xE2\x80\xAE"}, "profile share", nullptr);
 }
 
 TEST_P(TDialogPictures, OfProfiles) {
@@ -138,10 +138,11 @@ TEST_P(TDialogPictures, OfSettings) {
 }
 
 TEST_P(TDialogPictures, OfADeploy) {
-  TDeployRun run;
+  std::atomic<int> cancelled = 0;
+  TDeployReport report;
   TDeployPanel panel;
   panel.resize(900, 400);
-  panel.Begin(run);
+  panel.Begin(cancelled);
   std::vector<TDeployRow> rows;
   rows.reserve(30);
   for (int i = 0; i < 30; ++i)
@@ -158,9 +159,9 @@ TEST_P(TDialogPictures, OfADeploy) {
   rows[3].Action = TDeployAction::Failed;
   rows[3].Error = "Permission denied";
   panel.CommandSaid("resources: 12 files packed");
-  run.Report.Rows = rows;
-  run.Report.End = TDeployEnd::Failed;
-  panel.End();
+  report.Rows = rows;
+  report.End = TDeployEnd::Failed;
+  panel.End(report, /*dryRun=*/false);
   QApplication::processEvents();
   Keep(panel, "deploy-failed");
 }

@@ -16,17 +16,25 @@
 
 namespace workbench::testing {
 
+/// How many scripts wait for a dialog that has not opened.
+inline int& WaitingScripts() {
+  static int count = 0;
+  return count;
+}
+
 /// Runs the script on the next dialog that opens, once it is shown, and closes the dialog if the
 /// script left it open. Used before what opens the dialog is called.
 inline void OnNextDialog(const std::function<void(QDialog&)>& script) {
   QWidget* before = QApplication::activeModalWidget();
   auto* timer = new QTimer(qApp);
+  ++WaitingScripts();
   QObject::connect(timer, &QTimer::timeout, timer, [timer, before, script] {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (!dialog || dialog == before || !dialog->isVisible())
       return;
     timer->stop();
     timer->deleteLater();
+    --WaitingScripts();
     const QPointer<QDialog> watched(dialog);
     script(*dialog);
     if (watched && watched->isVisible())

@@ -182,7 +182,6 @@ TEST_F(TWindowDeploy, ADeployOfTenThousandFilesLeavesTheWindowResponsive) {
     text.insert(text.find("</Deployment>"), list);
     Write(FProject, text);
   }
-  AnswerNext("Reload");
   Window().Projects().CheckDisk();
   ASSERT_GT(Tree().Model().rowCount(), Files);
   Settle();

@@ -41,7 +41,7 @@ TEST_F(TWindowEditing, ShowsTheFilesOfTheTargetWithTheColumnsOfTheView) {
   OpenExample();
   const QAbstractItemModelTester tester(&Tree().Model(),
                                         QAbstractItemModelTester::FailureReportingMode::Fatal);
-  EXPECT_EQ(Window().Tabs().tabText(0).toStdString(), "Deployment TideLogger *");
+  EXPECT_EQ(Window().Tabs().tabText(0).toStdString(), "Deployment TideLogger");
   EXPECT_EQ(Tree().Model().rowCount(), 8);
   EXPECT_EQ(Tree().Model().headerData(5, Qt::Horizontal, Qt::DisplayRole).toString(),
             "Remote Path");

@@ -45,5 +45,18 @@ TEST_F(TWindowProgram, DrawsTwoProjectsWhosePathsDifferByCaseAsOne) {
   }
 }
 
+TEST_F(TWindowProgram, AsksNothingWhenItOnlyDraws) {
+  FSession.reset();
+  Write(FRoot / "config" / "deployment-manager" / "settings.json", "{");
+  const TRun damaged = Run({Text(FProject), "--screenshot", Picture()});
+  EXPECT_EQ(damaged.Status, 1);
+  EXPECT_NE(damaged.Errors.find("settings"), std::string::npos) << damaged.Errors;
+  std::filesystem::remove(FRoot / "config" / "deployment-manager" / "settings.json");
+  const TRun gone = Run({Text(FRoot / "gone.vproj"), "--screenshot", Picture()});
+  EXPECT_EQ(gone.Status, 1);
+  EXPECT_NE(gone.Errors.find("gone.vproj"), std::string::npos) << gone.Errors;
+  EXPECT_EQ(Run({Text(FProject), "--screenshot", Picture()}).Status, 0);
+}
+
 } // namespace
 } // namespace workbench

@@ -1,6 +1,7 @@
 #include "tests/desktop/window/window_fixture.h"
 
 #include <QHeaderView>
+#include <QLabel>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -64,6 +65,34 @@ TEST_F(TWindowProjects, OneThatCannotBeReadIsNamedWithItsLineAndLeavesTheOthersO
   EXPECT_EQ(Tree().Model().rowCount(), 8);
 }
 
+TEST_F(TWindowProjects, OneWhoseTargetCannotBeComputedOpensAndSaysWhyAboveItsRows) {
+  const auto file = FRoot / "odd.vproj";
+  Write(file, R"(<Project xmlns="http://schemas.microsoft.com/developer/msbuild/2003">
+  <PropertyGroup><ProjectPersonality>Ardent.Personality</ProjectPersonality>
+    <AppType>Application</AppType><Config>Debug</Config><Platform>iOSDevice64</Platform>
+    <PXC_GenerateUniversalBinaryFile>maybe</PXC_GenerateUniversalBinaryFile></PropertyGroup>
+  <ItemGroup><BuildConfiguration Include="Base"/>
+    <BuildConfiguration Include="Debug"><Parent>Base</Parent></BuildConfiguration>
+    <TargetPlatform Include="iOSDevice64"/><TargetPlatform Include="Win32"/></ItemGroup>
+  <ProjectExtensions><Deployment Version="2">
+    <DeployFile LocalName="mine.txt" Configuration="Debug" Class="File">
+      <Platform Name="iOSDevice64"/><Platform Name="Win32"/></DeployFile>
+  </Deployment></ProjectExtensions>
+</Project>)");
+  EXPECT_TRUE(Window().Open(file));
+  Settle();
+  ASSERT_EQ(Window().Tabs().count(), 1);
+  const auto* notice = Window().CurrentControls()->Page()->findChild<QLabel*>("notice");
+  ASSERT_NE(notice, nullptr);
+  EXPECT_TRUE(notice->isVisible());
+  EXPECT_TRUE(notice->text().contains("maybe")) << notice->text().toStdString();
+  EXPECT_TRUE(Row("mine.txt").isValid());
+  Window().CurrentControls()->TargetsComboBox()->Choose("Debug", "Win32");
+  Settle();
+  EXPECT_FALSE(notice->isVisible());
+  EXPECT_TRUE(Row("mine.txt").isValid());
+}
+
 TEST_F(TWindowProjects, ClosingAsksWhenThereAreChanges) {
   OpenExample();
   ClickCheck(Row("levels.dat"));
@@ -90,11 +119,16 @@ TEST_F(TWindowProjects, DiscardedChangesLeaveTheFileAsItWas) {
 TEST_F(TWindowProjects, OneThatWasChangedOnDiskIsOfferedForReloadOnce) {
   OpenExample();
   Saved();
+  ClickCheck(Row("levels.dat"));
+  Settle();
   Write(FProject, testing::Replaced(Read(FProject), "my-stations.json", "your-stations.json"));
   AnswerNext("Reload");
   Window().Projects().CheckDisk();
   Settle();
   EXPECT_EQ(Cell(Row("stations.json").row(), RemoteName), "your-stations.json");
+  EXPECT_TRUE(IsChecked(Row("levels.dat")));
+  ClickCheck(Row("levels.dat"));
+  Settle();
   Write(FProject, testing::Replaced(Read(FProject), "your-stations.json", "new.json"));
   AnswerNext("Keep");
   Window().Projects().CheckDisk();
@@ -105,6 +139,8 @@ TEST_F(TWindowProjects, OneThatWasChangedOnDiskIsOfferedForReloadOnce) {
 TEST_F(TWindowProjects, WatchesTheirFiles) {
   OpenExample();
   Saved();
+  ClickCheck(Row("levels.dat"));
+  Settle();
   std::string said;
   AnswerNext("Keep", &said);
   Write(FProject, Read(FProject) + "\n");

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "package/featured/modify_featured_files.h"
-#include "package/view/file_columns.h"
+#include "package/host/api/file_columns.h"
 #include "tests/desktop/support/dialog_script.h"
 #include "tests/workbench/session/session_fixture.h"
 #include "workbench/desktop/controls/virtual_tree.h"
@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace workbench::testing {
 
@@ -36,6 +37,7 @@ protected:
                                 deployment::ShowFeaturedFormAuto, false);
   }
   void TearDown() override {
+    EXPECT_EQ(std::exchange(testing::WaitingScripts(), 0), 0) << "a dialog did not open";
     FWindow.reset();
     FSession.reset();
     TSessionTest::TearDown();

@@ -33,7 +33,8 @@ struct TMemoryPersonalities : IOTAPersonalityServices {
     mutable bool BothFlags = false;
   };
   struct TSymbols : ISymbolService {
-    std::string GetDebugSymbolExtension(std::string_view platform) const override {
+    std::string GetDebugSymbolExtension(const ICustomProject& /*project*/,
+                                        std::string_view platform) const override {
       const auto found = Extensions.find(platform);
       return found == Extensions.end() ? std::string() : found->second;
     }

@@ -1,6 +1,8 @@
 // The commands that change entries.
 #include "tests/package/view/frame_world.h"
 
+#include <stdexcept>
+
 namespace deployment {
 namespace {
 
@@ -23,6 +25,24 @@ TEST_F(Commands, LeaveTheViewListeningWhenAReconcileFails) {
   EXPECT_THROW(Press("tbReconcile"), TInputError);
   Add("a");
   EXPECT_EQ(Names(), TTexts{"a"});
+}
+
+TEST_F(Commands, ShowWhatTheListHoldsWhenAReconcileFails) {
+  Add("a");
+  Open();
+  Deployment.OnReconcile = [this] {
+    Add("b");
+    throw TInputError("an option says \"maybe\"", {"C:\\App.vproj", 7});
+  };
+  EXPECT_THROW(Press("tbReconcile"), TInputError);
+  EXPECT_EQ(Names(), (TTexts{"a", "b"}));
+  EXPECT_EQ(Tree().Notice(), "an option says \"maybe\" (C:\\App.vproj:7)");
+  Deployment.OnReconcile = [] { throw std::runtime_error("the host is busy"); };
+  EXPECT_THROW(Press("tbReconcile"), std::runtime_error);
+  EXPECT_EQ(Names(), (TTexts{"a", "b"}));
+  Deployment.OnReconcile = nullptr;
+  Press("tbReconcile");
+  EXPECT_EQ(Tree().Notice(), "");
 }
 
 TEST_F(Commands, AddChosenFilesForTheTarget) {
@@ -169,10 +189,26 @@ TEST_F(Commands, ChangeTheRemotePathOfTheSelection) {
   EXPECT_EQ(a->GetRemoteDir("Win32"), "Data\\");
 }
 
-TEST_F(Commands, ChangeNoRemotePathWhereNoSelectedFileHoldsThePlatform) {
-  Add("a");
+TEST_F(Commands, ChangeForAllPlatformsWhatEveryPlatformOfTheFileSays) {
+  const auto a = Add("a", "Debug", {"Win32", "Android"});
   Open();
   Choose("Debug", "");
+  Select({"a"});
+  Dialogs.Input = "Data\\";
+  Dialogs.Answers = {A::Yes};
+  EXPECT_TRUE(Press("tbChangeRemotePath"));
+  EXPECT_TRUE(Press("tbChangeOverwrite"));
+  EXPECT_EQ(a->GetRemoteDir("Win32"), "Data\\");
+  EXPECT_EQ(a->GetRemoteDir("Android"), "Data\\");
+  EXPECT_FALSE(a->GetOverwrite("Win32"));
+  EXPECT_FALSE(a->GetOverwrite("Android"));
+  EXPECT_EQ(a->GetPlatforms(), (TTexts{"Win32", "Android"}));
+  EXPECT_TRUE(Module->Modified);
+}
+
+TEST_F(Commands, ChangeNoRemotePathWhereNoSelectedFileHoldsThePlatform) {
+  Add("a", "Debug", {"WIN32"});
+  Open();
   Select({"a"});
   Dialogs.Input = "Data\\";
   Press("tbChangeRemotePath");

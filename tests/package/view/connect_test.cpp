@@ -1,5 +1,5 @@
 // Connecting: a thread of its own, whose outcome comes back on the main thread.
-#include "package/view/file_columns.h"
+#include "package/host/api/file_columns.h"
 #include "tests/package/view/frame_world.h"
 
 #include <atomic>

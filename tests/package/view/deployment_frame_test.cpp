@@ -6,6 +6,9 @@ namespace {
 
 using DeploymentFrame = FrameWorld;
 
+// Status and rows each ask for the list.
+constexpr int ListsOfOneBuild = 2;
+
 TEST_F(DeploymentFrame, MakesItsControlsBeforeItHasAProject) {
   Frame = std::make_unique<TDeploymentFrame>(Host, Controls, Threads);
   EXPECT_EQ(Frame->GetName(), "");
@@ -49,6 +52,84 @@ TEST_F(DeploymentFrame, BuildsTheRowsOnceForAReconcileThatAddsManyEntries) {
   Open();
   EXPECT_EQ(Nodes().size(), 50U);
   EXPECT_EQ(Deployment.ListsAsked, 2);
+}
+
+TEST_F(DeploymentFrame, OpensForATargetWithOneReconcileAndOneBuildOfItsRows) {
+  Add("a", "Debug", {"Android"});
+  Add("b", "Debug", {"Win32"});
+  Open(TShowRequest{{"Debug", "Android"}});
+  EXPECT_EQ(Deployment.Log, TTexts{"reconcile Debug|Android"});
+  EXPECT_EQ(Deployment.ListsAsked, ListsOfOneBuild);
+  EXPECT_EQ(Names(), TTexts{"a"});
+  EXPECT_EQ(Controls.TargetsComboBox()->GetSelectedPlatform(), "Android");
+  EXPECT_EQ(Controls.TargetsComboBox()->GetSelectedConfiguration(), "Debug");
+}
+
+TEST_F(DeploymentFrame, OpensForAllPlatformsByNameOrByNone) {
+  Add("a", "Debug", {"Android"});
+  for (const std::string platform : {"All Platforms", ""}) {
+    Deployment.Log.clear();
+    Open(TShowRequest{{"Debug", platform}});
+    EXPECT_EQ(Deployment.Log, TTexts{"reconcile Debug|All Platforms"});
+    EXPECT_EQ(Names(), TTexts{"a"});
+    EXPECT_EQ(Controls.TargetsComboBox()->GetSelectedPlatform(), "");
+    Frame.reset();
+  }
+}
+
+TEST_F(DeploymentFrame, OpensConnectedWithOneBuildOfItsRows) {
+  NeedProfile();
+  Add("a");
+  Profiles.Local[FullName("a")] = TimeOf(10);
+  Profiles.Remote["App\\a"] = TimeOf(10);
+  Open(TShowRequest{{"Debug", "Win32"}, /*Connect=*/true});
+  EXPECT_TRUE(Button("tbConnect").GetDown());
+  FinishConnect();
+  EXPECT_EQ(Text("a", 7), "Same");
+  EXPECT_EQ(Deployment.Log.size(), 1U);
+  EXPECT_EQ(Deployment.ListsAsked, ListsOfOneBuild);
+}
+
+TEST_F(DeploymentFrame, ShowsItsRowsWhenItCannotConnectAtOnce) {
+  NeedProfile();
+  Add("a");
+  Add("b", "Debug", {"Android"});
+  Profiles.OnConnect = [](const IOTARemoteProfile&, std::string&) { return false; };
+  Open(TShowRequest{{"Debug", "Win32"}, /*Connect=*/true});
+  FinishConnect();
+  EXPECT_FALSE(Button("tbConnect").GetDown());
+  EXPECT_EQ(Names(), TTexts{"a"});
+  Frame.reset();
+  Open(TShowRequest{{"Debug", "Android"}, /*Connect=*/true});
+  EXPECT_FALSE(Button("tbConnect").GetDown());
+  EXPECT_EQ(Names(), TTexts{"b"});
+}
+
+TEST_F(DeploymentFrame, TurnsToAnotherTargetWhenItIsAskedTo) {
+  Add("a", "Debug", {"Android"});
+  Open();
+  Frame->ShowTarget({{"Debug", "Android"}});
+  EXPECT_EQ(Deployment.Log.back(), "reconcile Debug|Android");
+  EXPECT_EQ(Names(), TTexts{"a"});
+}
+
+TEST_F(DeploymentFrame, OpensWithWhatTheListHoldsWhenTheTargetCannotBeComputed) {
+  Add("a");
+  Deployment.OnReconcile = [] { throw TInputError("the option says \"maybe\""); };
+  Open();
+  EXPECT_EQ(Names(), TTexts{"a"});
+  EXPECT_EQ(Tree().Notice(), "the option says \"maybe\"");
+  ASSERT_TRUE(Frame->TargetProblem());
+  EXPECT_STREQ(Frame->TargetProblem()->what(), "the option says \"maybe\"");
+  EXPECT_EQ(Deployment.Listeners, 1);
+  EXPECT_THROW(Choose("Debug", "Win32"), TInputError);
+  EXPECT_EQ(Names(), TTexts{"a"});
+  Frame->ShowTarget({{"Debug", "Win32"}});
+  EXPECT_EQ(Names(), TTexts{"a"});
+  Deployment.OnReconcile = nullptr;
+  Choose("Debug", "Win32");
+  EXPECT_FALSE(Frame->TargetProblem());
+  EXPECT_EQ(Tree().Notice(), "");
 }
 
 TEST_F(DeploymentFrame, StaysEmptyWithoutADeployment) {

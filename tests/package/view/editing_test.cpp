@@ -1,5 +1,5 @@
 // Editing in the cells, and the boxes.
-#include "package/view/file_columns.h"
+#include "package/host/api/file_columns.h"
 #include "tests/package/view/frame_world.h"
 
 namespace deployment {
@@ -204,14 +204,52 @@ TEST_F(CheckBoxes, OfTheSelectionLeaveTheOtherRows) {
   EXPECT_TRUE(b->GetEnabled("Win32"));
 }
 
-TEST_F(CheckBoxes, OfAllPlatformsAreWrittenUnderThatName) {
-  const auto a = Add("a");
+TEST_F(CheckBoxes, OfAllPlatformsReachEveryPlatformOfTheFileAndNoOther) {
+  const auto a = Add("a", "Debug", {"Win32", "Android", "OSX32"});
+  Open();
+  Choose("Debug", "");
+  EXPECT_TRUE(IsChecked("a"));
+  EXPECT_TRUE(Press("tbUncheckAll"));
+  EXPECT_FALSE(IsChecked("a"));
+  EXPECT_EQ(a->GetPlatforms(), (TTexts{"Win32", "Android", "OSX32"}));
+  for (const std::string& platform : a->GetPlatforms())
+    EXPECT_FALSE(a->GetEnabled(platform)) << platform;
+  EXPECT_TRUE(Module->Modified);
+  EXPECT_TRUE(Press("tbCheckAll"));
+  EXPECT_TRUE(IsChecked("a"));
+  EXPECT_TRUE(a->GetEnabled("OSX32"));
+}
+
+TEST_F(CheckBoxes, OfAllPlatformsAreOffWhileOnePlatformIs) {
+  const auto a = Add("a", "Debug", {"Win32", "Android"});
+  a->SetEnabled("Android", false);
   Open();
   Choose("Debug", "");
   EXPECT_FALSE(IsChecked("a"));
-  EXPECT_TRUE(Press("tbCheckAll"));
-  EXPECT_TRUE(a->GetEnabled("All Platforms"));
+  EXPECT_TRUE(Tree().ClickCheck(NodeOf("a")));
+  EXPECT_TRUE(a->GetEnabled("Android"));
   EXPECT_TRUE(IsChecked("a"));
+  EXPECT_TRUE(Tree().ClickCheck(NodeOf("a")));
+  EXPECT_FALSE(a->GetEnabled("Win32"));
+}
+
+TEST_F(Editing, ForAllPlatformsReachesEveryPlatformOfTheFile) {
+  const auto file = Add("a", "Debug", {"Win32", "Android"});
+  Open();
+  Choose("Debug", "");
+  EXPECT_TRUE(Tree().Edit(NodeOf("a"), RemotePath, "Data\\"));
+  EXPECT_TRUE(Tree().Edit(NodeOf("a"), RemoteName, "b"));
+  EXPECT_TRUE(Tree().Edit(NodeOf("a"), Overwrite, "Never"));
+  for (const std::string platform : {"Win32", "Android"}) {
+    EXPECT_EQ(file->GetRemoteDir(platform), "Data\\");
+    EXPECT_EQ(file->GetRemoteName(platform), "b");
+    EXPECT_FALSE(file->GetOverwrite(platform));
+  }
+  EXPECT_EQ(file->GetPlatforms(), (TTexts{"Win32", "Android"}));
+  EXPECT_EQ(Text("a", RemotePath), "Data\\");
+  EXPECT_EQ(Text("a", RemoteName), "b");
+  EXPECT_EQ(Text("a", Overwrite), "Never");
+  EXPECT_TRUE(Module->Modified);
 }
 
 TEST_F(CheckBoxes, RebuildTheRowsOnceForManyFiles) {

@@ -1,5 +1,5 @@
 // The file list: columns, texts, order and dimming.
-#include "package/view/file_columns.h"
+#include "package/host/api/file_columns.h"
 #include "tests/package/view/frame_world.h"
 
 namespace deployment {

@@ -1,5 +1,5 @@
 // The status of files: remote names, time stamps, macros, and the words for what was found.
-#include "package/view/file_columns.h"
+#include "package/host/api/file_columns.h"
 #include "tests/package/view/frame_world.h"
 
 namespace deployment {
@@ -47,6 +47,15 @@ TEST_F(FileStatus, OfAFileThatTheTargetDoesNotHaveIsNotFoundOnBothSides) {
   Frame->RefreshFiles();
   EXPECT_EQ(Text("a.dat", Local), "Not Found");
   EXPECT_EQ(Text("a.dat", Remote), "Not Found");
+}
+
+TEST_F(FileStatus, OfAFileThatNothingCanBeSaidAboutIsUnknownAndNotMissing) {
+  OpenConnected(9, 10);
+  Profiles.Remote.clear();
+  Profiles.Unknown = {"App\\a.dat"};
+  Frame->RefreshFiles();
+  EXPECT_EQ(Text("a.dat", Local), "Unknown");
+  EXPECT_EQ(Text("a.dat", Remote), "Unknown");
 }
 
 TEST_F(FileStatus, OfALocalFileThatCannotBeExaminedIsUnknownAndDimmed) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "package/view/deployment_frame.h"
+#include "package/view/view_threads.h"
 #include "tests/package/view/memory_profiles.h"
 #include "tests/package/view/recording_deployment.h"
 #include "tests/support/memory_host.h"
@@ -14,6 +15,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,9 +56,9 @@ protected:
   }
 
   /// Makes the frame and binds it, as a host does with a view.
-  void Open() {
+  void Open(const std::optional<TShowRequest>& request = std::nullopt) {
     Frame = std::make_unique<TDeploymentFrame>(Host, Controls, Threads);
-    Frame->InitializeData(Module);
+    Frame->InitializeData(Module, request);
   }
   void Choose(std::string_view configuration, std::string_view platform) {
     Controls.TargetsComboBox()->Choose(configuration, platform);
@@ -121,7 +123,7 @@ protected:
   TScriptedDialogs Dialogs;
   std::shared_ptr<TMemoryProject> Module = std::make_shared<TMemoryProject>();
   TRecordingDeployment Deployment{*Module, Host};
-  std::shared_ptr<TConnectThreads> Threads = std::make_shared<TConnectThreads>();
+  std::shared_ptr<TViewThreads> Threads = std::make_shared<TViewThreads>();
   workbench::TMemoryControls Controls{Dialogs};
   std::unique_ptr<TDeploymentFrame> Frame;
 };

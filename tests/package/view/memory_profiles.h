@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,6 +63,9 @@ public:
     Asked.emplace_back(name);
     return Find(Remote, name);
   }
+  bool IsRemoteFileKnown(const IOTARemoteProfile&, std::string_view name) override {
+    return !Unknown.contains(name);
+  }
   std::optional<TFileTime> GetLocalFileTime(const IOTARemoteProfile&,
                                             std::string_view name) override {
     return Find(Local, name);
@@ -83,6 +87,7 @@ public:
   std::map<std::string, std::shared_ptr<TMemoryProfile>, std::less<>> Profiles;
   std::map<std::string, std::string, std::less<>> Defaults; ///< by platform
   TTimes Remote;                                            ///< by remote file name
+  std::set<std::string, std::less<>> Unknown;               ///< that nothing is said about
   TTimes Local;                                             ///< by full path
   std::vector<std::string> Asked;                           ///< remote files that were looked at
   std::vector<std::string> Log;

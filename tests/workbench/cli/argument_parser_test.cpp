@@ -121,17 +121,24 @@ TEST(ArgumentParser, SaysWhatIsWrong) {
   };
   const TCase cases[] = {
       {{}, "no command is given; try \"deploymgr --help\""},
-      {{"--json"}, "A subcommand is required"},
+      {{"--json"}, "no command is given; try \"deploymgr --help\""},
       {{"sned"}, "there is no command \"sned\"; did you mean \"send\"?"},
       {{"send", "p"}, "FILE is required"},
       {{"send", "", "a"}, "the name of the project file is empty"},
-      {{"send", "p", "a", "--nope"}, "The following argument was not expected: --nope"},
-      {{"send", "p", "a", "--kind", "slow"}, "--kind: slow not in {fast,safe}"},
-      {{"send", "p", "a", "--kind", "[slow]"}, "--kind: [slow] not in {fast,safe}"},
+      {{"send", "p", "a", "--nope"}, "there is no option \"--nope\"; did you mean \"--note\"?"},
+      {{"send", "p", "a", "--xyzzy"},
+       "there is no option \"--xyzzy\"; see \"deploymgr send --help\""},
+      {{"send", "p", "a", "--fo"}, "there is no option \"--fo\"; see \"deploymgr send --help\""},
+      {{"send", "p", "a", "--sec"}, "there is no option \"--sec\"; see \"deploymgr send --help\""},
+      {{"send", "p", "a", "--no-col=x"},
+       "there is no option \"--no-col\"; did you mean \"--no-color\"?"},
+      {{"help", "sned"}, "there is no command \"sned\"; did you mean \"send\"?"},
+      {{"send", "p", "a", "--kind", "slow"}, "--kind: \"slow\" is none of fast, safe"},
+      {{"send", "p", "a", "--kind", "[slow]"}, "--kind: \"[slow]\" is none of fast, safe"},
       {{"send", "p", "a", "--jobs", "65"}, "--jobs: Value 65 not in range 1 to 64"},
       {{"send", "p", "a", "--jobs", "some"}, "--jobs: Value some not in range 1 to 64"},
       {{"send", "p", "a", "--jobs", "4294967297"}, "--jobs: Value 4294967297 not in range 1 to 64"},
-      {{"send", "p", "a", "--note"}, "--note: 1 required TEXT missing"},
+      {{"send", "p", "a", "--note"}, "--note needs a value"},
       {{"send", "p", "a", "-p", ""}, "the name of the platform is empty"},
       {{"send", "p", "a", "--root="}, "the name of the root directory is empty"},
       {{"-p", "Win32", "send", "p", "a", "-p", "Win64"}, "--platform is given twice"},
@@ -151,6 +158,10 @@ TEST(ArgumentParser, SaysWhatIsWrong) {
 TEST(ArgumentParser, AnswersHelpAndVersionWithATextAlone) {
   TReader version;
   EXPECT_EQ(version.Read({"--version"}).Text, "deploymgr 0.1.0\n");
+  EXPECT_EQ(TReader().Read({"version"}).Text, "deploymgr 0.1.0\n");
+  EXPECT_EQ(TReader().Read({"send", "-V"}).Text, "deploymgr 0.1.0\n");
+  EXPECT_EQ(TReader().Read({"help"}).Text, TReader().Read({"--help"}).Text);
+  EXPECT_EQ(TReader().Read({"help", "send"}).Text, TReader().Read({"send", "--help"}).Text);
   TReader reader;
   const TParsedArguments parsed = reader.Read({"send", "--help"});
   EXPECT_FALSE(parsed.Command);
@@ -163,7 +174,7 @@ TEST(ArgumentParser, AnswersHelpAndVersionWithATextAlone) {
                          "\n"
                          "Options:\n"
                          "  -h,--help                   Print this help and end\n"
-                         "  --version                   Display program version information and "
+                         "  -V,--version                Display program version information and "
                          "exit\n"
                          "  --kind TEXT:{fast,safe}     How\n"
                          "  --tag WORD ...              A tag\n"
@@ -173,12 +184,17 @@ TEST(ArgumentParser, AnswersHelpAndVersionWithATextAlone) {
                          "  -c,--config NAME            Build configuration; \"\" is \"Base\"\n"
                          "  -p,--platform NAME          Target platform, or \"all\"\n"
                          "  --json                      Print one JSON document\n"
-                         "  --quiet                     Print the document of --json and errors "
+                         "  -q,--quiet                  Print the document of --json and errors "
                          "only; ask nothing\n"
                          "  --no-color                  Print without colours\n"
                          "  --root DIR                  Directory that holds ObjRepos\n"
                          "\n\n"
-                         "Files are sent once.\n");
+                         "Files are sent once.\n"
+                         "Exit status: 0 done, or nothing to do; 1 the work failed; 2 wrong usage; "
+                         "3 an input cannot be read; 4 the project cannot be reconciled here; 5 no "
+                         "connection; 6 the project's commands have no consent; 7 --check: "
+                         "something would change; 8 the target is not what was expected; 130, 143 "
+                         "interrupted.\n");
 }
 
 } // namespace

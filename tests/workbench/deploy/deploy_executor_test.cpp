@@ -10,8 +10,9 @@ namespace {
 
 using deployment::TDeployOperation;
 using testing::TRemotePlace;
+using testing::TTestRun;
 
-class TCountingProgress final : public IDeployProgress {
+class TCountingProgress final : public IDeployObserver {
 public:
   void Planned(const std::vector<TDeployRow>& /*rows*/) override {}
   void BytesSent(std::uint64_t count) override {
@@ -40,9 +41,9 @@ TEST(DeployExecutor, CopiesWithSeveralLanesAndEndsEveryRowOnce) {
   const TRemotePlace place;
   const TDeployPlan plan = place.Plan(ManyFiles(place, 500, 1000));
   TCountingProgress progress;
-  TDeployRun run;
-  run.Options.Jobs = 4;
-  run.Progress = &progress;
+  TTestRun run;
+  run.Jobs = 4;
+  run.Observer = &progress;
   place.Execute(plan, run);
   std::ranges::sort(progress.Done);
   ASSERT_EQ(progress.Done.size(), 500U);
@@ -58,12 +59,12 @@ TEST(DeployExecutor, CopiesWithSeveralLanesAndEndsEveryRowOnce) {
 TEST(DeployExecutor, StopsWhenItIsInterruptedAndLeavesNoHalfFile) {
   const TRemotePlace place;
   const TDeployPlan plan = place.Plan(ManyFiles(place, 200, 20000));
-  TDeployRun run;
+  TTestRun run;
   TCountingProgress progress;
   progress.CancelAt = 1000000;
   progress.Flag = &run.Cancelled;
-  run.Options.Jobs = 3;
-  run.Progress = &progress;
+  run.Jobs = 3;
+  run.Observer = &progress;
   place.Execute(plan, run);
   EXPECT_EQ(progress.Done.size(), 200U);
   std::size_t copied = 0;
@@ -82,7 +83,7 @@ TEST(DeployExecutor, SendsTheRestWhenAFileIsGoneSinceThePlan) {
   const TRemotePlace place;
   const TDeployPlan plan = place.Plan({place.File("a", "a"), place.File("b", "b")});
   std::filesystem::remove(place.Local("a"));
-  TDeployRun run;
+  TTestRun run;
   place.Execute(plan, run);
   EXPECT_EQ(run.Report.Rows[0].Error, "reading it: No such file or directory");
   EXPECT_EQ(TRemotePlace::Read(place.Target("b")), "content");
@@ -95,7 +96,7 @@ TEST(DeployExecutor, DoesNotFollowALinkThatTookTheDirectorysPlace) {
   const TDeployPlan plan = place.Plan({place.File("a", "demo\\a")});
   std::filesystem::remove(place.Target("demo"));
   std::filesystem::create_directory_symlink(place.Local("outside"), place.Target("demo"));
-  TDeployRun run;
+  TTestRun run;
   place.Execute(plan, run);
   EXPECT_EQ(run.Report.Rows[0].Action, TDeployAction::Failed);
   EXPECT_TRUE(std::filesystem::is_empty(place.Local("outside")));
@@ -105,7 +106,7 @@ TEST(DeployExecutor, ReplacesALinkInsteadOfWritingThroughIt) {
   const TRemotePlace place;
   TRemotePlace::Write(place.Local("other"), "other");
   std::filesystem::create_symlink(place.Local("other"), place.Target("a"));
-  TDeployRun run;
+  TTestRun run;
   place.Execute(place.Plan({place.File("a", "a")}), run);
   EXPECT_EQ(run.Report.Rows[0].Action, TDeployAction::Copied) << run.Report.Rows[0].Error;
   EXPECT_FALSE(std::filesystem::is_symlink(place.Target("a")));
@@ -120,7 +121,7 @@ TEST(DeployExecutor, RemovesWhatAnEarlierRunLeftButNotWhatAnotherIsWriting) {
   TRemotePlace::Write(busy, "half");
   const TFileDescriptor writer(::open(busy.c_str(), O_WRONLY | O_CLOEXEC));
   ASSERT_EQ(::flock(writer.Get(), LOCK_EX | LOCK_NB), 0);
-  TDeployRun run;
+  TTestRun run;
   place.Execute(place.Plan({place.File("a", "a")}), run);
   EXPECT_FALSE(std::filesystem::exists(left));
   EXPECT_TRUE(std::filesystem::exists(busy));
@@ -129,7 +130,7 @@ TEST(DeployExecutor, RemovesWhatAnEarlierRunLeftButNotWhatAnotherIsWriting) {
 TEST(DeployExecutor, NoticesAFileThatChangesWhileItIsCopied) {
   const TRemotePlace place;
   const TDeployPlan plan = place.Plan({place.File("a", "a", std::string(8000000, 'x'))});
-  class TChangingProgress final : public IDeployProgress {
+  class TChangingProgress final : public IDeployObserver {
   public:
     explicit TChangingProgress(std::filesystem::path file) : FFile(std::move(file)) {}
     void Planned(const std::vector<TDeployRow>& /*rows*/) override {}
@@ -142,8 +143,8 @@ TEST(DeployExecutor, NoticesAFileThatChangesWhileItIsCopied) {
     std::filesystem::path FFile;
   };
   TChangingProgress progress(place.Local("a"));
-  TDeployRun run;
-  run.Progress = &progress;
+  TTestRun run;
+  run.Observer = &progress;
   place.Execute(plan, run);
   EXPECT_EQ(run.Report.Rows[0].Error, "it changed while it was copied");
   EXPECT_TRUE(std::filesystem::is_empty(place.Target()));
@@ -157,7 +158,7 @@ TEST(DeployExecutor, DoesWhatTheOperationSays) {
   TRemotePlace::Write(place.Target("old"), "x");
   TDeployFile removed{.LocalName = "old", .LocalFile = {}, .RemoteName = "old"};
   removed.Operation = TDeployOperation::Remove;
-  TDeployRun run;
+  TTestRun run;
   place.Execute(place.Plan({ran, removed}), run);
   EXPECT_EQ(run.Report.Rows[0].Error, "");
   EXPECT_EQ(TRemotePlace::Read(place.Target("result")), "done\n");
@@ -171,7 +172,7 @@ TEST(DeployExecutor, ReportsACommandThatFails) {
   before.LocalCommands = {"exit 3"};
   TDeployFile after = place.File("b", "b");
   after.RemoteCommands = {"kill -9 $$"};
-  TDeployRun run;
+  TTestRun run;
   place.Execute(place.Plan({before, after}), run);
   EXPECT_EQ(run.Report.Rows[0].Error, "the local command \"exit 3\" ended with status 3");
   EXPECT_FALSE(std::filesystem::exists(place.Target("a")));
@@ -183,7 +184,7 @@ TEST(DeployExecutor, EndsACommandWhenTheRunIsInterrupted) {
   TDeployFile file = place.File("a", "a");
   file.LocalCommands = {"sleep 30"};
   const TDeployPlan plan = place.Plan({file});
-  TDeployRun run;
+  TTestRun run;
   std::jthread interrupt([&run] {
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     run.Cancelled = 2;

@@ -7,7 +7,7 @@ using deployment::TDeployOperation;
 using testing::TRemotePlace;
 using TTexts = std::vector<std::string>;
 
-constexpr TPlanOptions IgnoringCase{.Names = {.IgnoresCase = true}};
+constexpr TPlanOptions IgnoringCase{.Places = {.Names = {.IgnoresCase = true}}};
 
 TEST(DeployPlan, NamesTheWholePathOnTheTarget) {
   const TRemotePlace place;

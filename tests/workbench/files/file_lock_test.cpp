@@ -26,6 +26,7 @@ TEST_F(FileLock, SaysHowLongItWaitedForAnotherRun) {
   EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(120));
   EXPECT_EQ(ErrorOf<TSaveError>([&] { TFileLock(FFile, milliseconds(1000)); }),
             FFile.string() + " is in use by another run; waited 1 second; nothing was written");
+  EXPECT_EQ(LockPatience, std::chrono::seconds(10));
 }
 
 TEST_F(FileLock, GetsTheFileWhenTheOtherRunLetsGo) {

@@ -1,4 +1,5 @@
-#include "tests/support/variable.h"
+#include "tests/support/environment.h"
+#include "tests/support/temporary_directory.h"
 #include "workbench/files/runtime_directory.h"
 
 #include <gtest/gtest.h>
@@ -9,17 +10,12 @@
 namespace workbench {
 namespace {
 
-using testing::TVariable;
+using testing::TEnvironment;
 
 class RuntimeDirectoryTest : public ::testing::Test {
 protected:
-  RuntimeDirectoryTest() {
-    std::string name = "/tmp/private-XXXXXX";
-    FRuntime = ::mkdtemp(name.data());
-  }
-  ~RuntimeDirectoryTest() override { std::filesystem::remove_all(FRuntime); }
-
-  std::filesystem::path FRuntime;
+  testing::TTemporaryDirectory FTemporary{"/tmp"};
+  std::filesystem::path FRuntime = FTemporary.Path();
 };
 
 void ExpectIsPrivate(const std::filesystem::path& path) {
@@ -30,7 +26,7 @@ void ExpectIsPrivate(const std::filesystem::path& path) {
 }
 
 TEST_F(RuntimeDirectoryTest, StandsInTheRuntimeDirectoryOfTheUser) {
-  const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
+  const TEnvironment runtime("XDG_RUNTIME_DIR", FRuntime.string());
   EXPECT_EQ(RuntimeDirectory(), FRuntime / "deployment-manager");
   EXPECT_EQ(RuntimeDirectory(), FRuntime / "deployment-manager");
   ExpectIsPrivate(FRuntime / "deployment-manager");
@@ -43,14 +39,14 @@ TEST_F(RuntimeDirectoryTest, StandsElsewhereWhenTheRuntimeDirectoryDoesNotDo) {
   std::filesystem::create_directories(deep);
   for (const std::string& name : {std::string(), std::string("relative"), blank.string(),
                                   deep.string(), (FRuntime / "missing").string()}) {
-    const TVariable runtime("XDG_RUNTIME_DIR", name);
+    const TEnvironment runtime("XDG_RUNTIME_DIR", name);
     EXPECT_TRUE(RuntimeDirectory().native().starts_with("/tmp/deployment-manager-")) << name;
     ExpectIsPrivate(RuntimeDirectory());
   }
 }
 
 TEST_F(RuntimeDirectoryTest, IsNoneThatOthersCanRead) {
-  const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
+  const TEnvironment runtime("XDG_RUNTIME_DIR", FRuntime.string());
   std::filesystem::create_directory(FRuntime / "deployment-manager");
   ASSERT_EQ(::chmod((FRuntime / "deployment-manager").c_str(), 0755), 0);
   EXPECT_NE(RuntimeDirectory().parent_path(), FRuntime);
@@ -60,7 +56,7 @@ TEST_F(RuntimeDirectoryTest, IsNoneThatOthersCanRead) {
 }
 
 TEST_F(RuntimeDirectoryTest, HoldsScratchDirectoriesThatGo) {
-  const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
+  const TEnvironment runtime("XDG_RUNTIME_DIR", FRuntime.string());
   std::filesystem::path path;
   {
     const TScratchDirectory scratch;
@@ -74,7 +70,7 @@ TEST_F(RuntimeDirectoryTest, HoldsScratchDirectoriesThatGo) {
 }
 
 TEST_F(RuntimeDirectoryTest, LosesScratchDirectoriesOfProcessesThatAreGone) {
-  const TVariable runtime("XDG_RUNTIME_DIR", FRuntime.string());
+  const TEnvironment runtime("XDG_RUNTIME_DIR", FRuntime.string());
   const auto stale = RuntimeDirectory() / "999999999-abcdef"; // no process has that number
   const auto foreign = RuntimeDirectory() / "0123456789abcdef";
   std::filesystem::create_directories(stale / "inside");

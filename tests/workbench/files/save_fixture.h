@@ -1,13 +1,14 @@
 // A directory of its own for tests that write files, with the user's directories inside.
 #pragma once
 
+#include "tests/support/environment.h"
+#include "tests/support/temporary_directory.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,30 +18,14 @@ namespace workbench::testing {
 class TSaveTest : public ::testing::Test {
 protected:
   void SetUp() override {
-    std::string name = (std::filesystem::temp_directory_path() / "save-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    FRoot = name;
-    FDirectory = FRoot / "project";
     std::filesystem::create_directory(FDirectory);
-    FFile = FDirectory / "demo.vproj";
-    setenv("XDG_STATE_HOME", (FRoot / "state").c_str(), 1);
-  }
-  void TearDown() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(FRoot, ignored);
-    unsetenv("XDG_STATE_HOME");
+    FEnvironment.Set("XDG_STATE_HOME", (FRoot / "state").string());
   }
 
   static void Write(const std::filesystem::path& file, std::string_view text) {
-    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-    stream.write(text.data(), static_cast<std::streamsize>(text.size()));
+    WriteText(file, text);
   }
-  static std::string Read(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-  }
+  static std::string Read(const std::filesystem::path& file) { return ReadText(file); }
   /// Names in the project's directory, sorted.
   std::vector<std::string> Names() const { return NamesIn(FDirectory); }
   static std::vector<std::string> NamesIn(const std::filesystem::path& directory) {
@@ -61,9 +46,11 @@ protected:
     return (std::filesystem::read_symlink("/proc/self/exe").parent_path() / name).string();
   }
 
-  std::filesystem::path FRoot;
-  std::filesystem::path FDirectory;
-  std::filesystem::path FFile;
+  TTemporaryDirectory FTemporary;
+  TEnvironment FEnvironment;
+  std::filesystem::path FRoot = FTemporary.Path();
+  std::filesystem::path FDirectory = FRoot / "project";
+  std::filesystem::path FFile = FDirectory / "demo.vproj";
 };
 
 /// The text of the exception that the action throws; empty when it throws none.

@@ -1,4 +1,4 @@
-#include "tests/workbench/services/environment_fixture.h"
+#include "tests/support/environment.h"
 #include "workbench/files/user_directories.h"
 
 #include <gtest/gtest.h>

@@ -244,6 +244,51 @@ TEST_F(EditHistory, FindsWhatNobodyWasToldOfWhenItLooksEverywhere) {
   EXPECT_TRUE(FProject->HasChanges());
 }
 
+TEST_F(EditHistory, IsAtTheSavedStepAgainWhenAllEditsSinceAreTakenBack) {
+  Edit({"a", "b"});
+  File("a")->SetEnabled("Win32", false);
+  FHistory->EndStep("First");
+  EXPECT_FALSE(FHistory->IsAtSavedStep());
+  FHistory->MarkSaved();
+  File("b")->SetEnabled("Win32", false);
+  FHistory->EndStep("Second");
+  FHistory->Undo();
+  EXPECT_TRUE(FHistory->IsAtSavedStep());
+  FHistory->Undo();
+  EXPECT_FALSE(FHistory->IsAtSavedStep()) << "the file has the first edit";
+  FHistory->Redo();
+  EXPECT_TRUE(FHistory->IsAtSavedStep());
+}
+
+TEST_F(EditHistory, LeavesTheProjectUnchangedByStepsThatAreComputed) {
+  Edit({"a"});
+  AddFile(*FProject, "computed");
+  EXPECT_TRUE(FHistory->EndStep("Reconcile", TLook::Everywhere, TStepKind::Computed));
+  EXPECT_TRUE(FHistory->IsAtSavedStep());
+  File("a")->SetEnabled("Win32", false);
+  EXPECT_TRUE(FHistory->EndStep("Edit"));
+  AddFile(*FProject, "more");
+  FHistory->EndStep("Reconcile", TLook::Everywhere, TStepKind::Computed);
+  EXPECT_FALSE(FHistory->IsAtSavedStep());
+  FHistory->Undo();
+  EXPECT_FALSE(FHistory->IsAtSavedStep());
+  FHistory->Undo();
+  EXPECT_TRUE(FHistory->IsAtSavedStep());
+  EXPECT_EQ(Names(), "a computed");
+  EXPECT_FALSE(FHistory->EndStep("Nothing"));
+}
+
+TEST_F(EditHistory, MarksTheProjectForAnEditThatNotifiesNobody) {
+  Edit({"a"});
+  File("a")->SetOverwrite("OSX32", true);
+  ASSERT_FALSE(FProject->HasChanges());
+  FHistory->EndStep("Look", TLook::Everywhere);
+  EXPECT_TRUE(FProject->HasChanges());
+  EXPECT_FALSE(FHistory->IsAtSavedStep());
+  FProject->Save(false);
+  EXPECT_NE(Read(FFile).find("OSX32"), std::string::npos);
+}
+
 TEST_F(EditHistory, FollowsRandomEditsBackAndForth) {
   Edit({"a", "b", "c", "d", "e", "f"});
   std::mt19937 random(20260101);

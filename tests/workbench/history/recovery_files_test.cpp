@@ -152,7 +152,7 @@ TEST_F(RecoveryFiles, KeepsNamesThatAreNoText) {
   EditWithJournal({"a"});
   AddFile(*FProject, "caf\xe9.dat");
   FHistory->EndStep("Add");
-  EXPECT_EQ(FJournal->Trouble(), "");
+  EXPECT_EQ(FJournal->Problem(), "");
   EndWithoutAWord();
   const TRecoverable found = Only();
   Reopen();
@@ -165,14 +165,14 @@ TEST_F(RecoveryFiles, GrowsNoLargerThanCanBeRead) {
   FJournal = std::make_unique<TRecoveryJournal>(FFile, 900);
   FHistory->SetOnStep([this](const TListChange& change) { FJournal->Append(change); });
   int steps = 0;
-  for (; FJournal->Trouble().empty() && steps < 100; ++steps) {
+  for (; FJournal->Problem().empty() && steps < 100; ++steps) {
     File("a")->SetRemoteDir("Win32", "directory" + std::to_string(steps));
     FHistory->EndStep("Edit");
   }
   ASSERT_LT(steps, 100);
-  EXPECT_NE(FJournal->Trouble().find("(it would be too large; a save starts a new one)"),
+  EXPECT_NE(FJournal->Problem().find("(it would be too large; a save starts a new one)"),
             std::string::npos)
-      << FJournal->Trouble();
+      << FJournal->Problem();
   EXPECT_LE(std::filesystem::file_size(FJournal->File()), 900U);
   EndWithoutAWord();
   const TRecoverable found = Only();
@@ -197,15 +197,15 @@ TEST_F(RecoveryFiles, SaysWhenEditsCannotBeKeptAndLetsTheUserGoOn) {
   EditWithJournal({"a"});
   File("a")->SetEnabled("Win32", false);
   FHistory->EndStep("Switch off");
-  EXPECT_EQ(FJournal->Trouble().find("unsaved edits of " + FFile.string() + " would be lost"), 0U)
-      << FJournal->Trouble();
+  EXPECT_EQ(FJournal->Problem().find("unsaved edits of " + FFile.string() + " would be lost"), 0U)
+      << FJournal->Problem();
   EXPECT_EQ(FJournal->File(), std::filesystem::path());
   std::filesystem::remove(FRoot / "state");
   FJournal->Remove();
-  EXPECT_EQ(FJournal->Trouble(), "");
+  EXPECT_EQ(FJournal->Problem(), "");
   File("a")->SetEnabled("Win32", true);
   FHistory->EndStep("Switch on");
-  EXPECT_EQ(FJournal->Trouble(), "");
+  EXPECT_EQ(FJournal->Problem(), "");
   EXPECT_TRUE(std::filesystem::exists(FJournal->File()));
 }
 

@@ -225,6 +225,93 @@ TEST_F(Recovery, BringsTenThousandEntriesBack) {
   EXPECT_TRUE(List() == edited);
 }
 
+TEST_F(Recovery, FindsEntriesThatWereAddedAndSavedByTheirStoredNames) {
+  EditWithJournal({"a"});
+  for (const char* name : {"x", "y", "z"}) {
+    AddFile(*FProject, name);
+    File(name)->SetRemoteDir("OSX32", "mac\\"); // the file keeps this platform as the last one
+  }
+  FHistory->EndStep("Add");
+  File("y")->SetRemoteName("Win32", "yy");
+  FHistory->EndStep("Edit");
+  FProject->Save(false); // killed before the journal was removed
+  EndWithoutAWord();
+  const TRecoverable found = Only();
+  EXPECT_EQ(found.State, TProjectState::Changed);
+  Reopen();
+  const auto saved = List();
+  Recover(found, *FProject);
+  EXPECT_EQ(Names(), "a x y z");
+  EXPECT_FALSE(FHistory->EndStep("Recovered", TLook::Everywhere)) << "nothing is another one";
+  EXPECT_TRUE(List() == saved);
+}
+
+TEST_F(Recovery, DoublesNothingOfRandomEditsThatWereSaved) {
+  int renames = 0;
+  for (unsigned seed = 1; seed <= 40; ++seed) {
+    std::mt19937 random(seed);
+    EditWithJournal({"a", "b", "c", "d", "e", "f"});
+    for (int step = 0; step < 12; ++step) {
+      EditAtRandom(random, "renamed" + std::to_string(++renames));
+      for (const auto& file : Deployment().GetFiles())
+        file->SetRemoteDir("Android", "assets\\");
+      FHistory->EndStep("Step");
+    }
+    FProject->Save(false);
+    EndWithoutAWord();
+    const TRecoverable found = Only();
+    Reopen();
+    std::string saved = Names();
+    Recover(found, *FProject);
+    EXPECT_EQ(Names(), saved) << "seed " << seed;
+    EndWithoutAWord();
+    Discard(found);
+  }
+}
+
+TEST_F(Recovery, LeavesTwoEntriesOfOneNameApartInAFileThatIsWhatItWas) {
+  EditText(ProjectWith([] {
+    std::string entry = EntryNamed("x");
+    return entry.replace(entry.find("Win32"), 5, "Android");
+  }()));
+  StartJournal();
+  AddFile(*FProject, "x");
+  FHistory->EndStep("Add");
+  EndWithoutAWord();
+  const TRecoverable found = Only();
+  Reopen();
+  Recover(found, *FProject);
+  EXPECT_EQ(Names(), "x x");
+}
+
+TEST_F(Recovery, OffersNothingThatComesBackByItself) {
+  EditWithJournal({"a"});
+  AddFile(*FProject, "computed");
+  FHistory->EndStep("Reconcile", TLook::Everywhere, TStepKind::Computed);
+  EndWithoutAWord();
+  EXPECT_TRUE(FindRecoverable().Found.empty());
+  EditWithJournal({"a"});
+  AddFile(*FProject, "computed");
+  FHistory->EndStep("Reconcile", TLook::Everywhere, TStepKind::Computed);
+  File("a")->SetEnabled("Win32", false);
+  FHistory->EndStep("Switch off");
+  EndWithoutAWord();
+  EXPECT_EQ(Only().ChangedEntries, 1U);
+}
+
+TEST_F(Recovery, KnowsTheNameThatTheProjectGotMeanwhile) {
+  EditWithJournal({"a"});
+  File("a")->SetEnabled("Win32", false);
+  FHistory->EndStep("Switch off");
+  const auto renamed = FDirectory / "renamed.vproj";
+  std::filesystem::rename(FFile, renamed);
+  FJournal->ProjectRenamed(renamed);
+  EndWithoutAWord();
+  const TRecoverable found = Only();
+  EXPECT_EQ(found.Project, renamed);
+  EXPECT_EQ(found.State, TProjectState::Same);
+}
+
 TEST_F(Recovery, FollowsRandomEdits) {
   int renames = 0;
   for (unsigned seed = 1; seed <= 40; ++seed) {

@@ -10,10 +10,12 @@ namespace {
 // Knows a few properties and files, and counts the questions.
 class TKnownWorld final : public IConditionContext {
 public:
-  std::string Expand(std::string_view text) const override {
+  TExpanded Expand(std::string_view text) const override {
     ++Asked;
+    if (text == "$(Unknown)")
+      return {{}, std::make_shared<TUnknownValue>(TUnknownValue{"Unknown", "nobody said"})};
     const auto found = Values.find(std::string(text));
-    return found == Values.end() ? std::string(text) : found->second;
+    return {found == Values.end() ? std::string(text) : found->second, nullptr};
   }
   bool Exists(std::string_view path) const override {
     ++Asked;
@@ -26,7 +28,7 @@ public:
 };
 
 bool Holds(std::string_view condition) {
-  return EvaluateCondition(condition, TKnownWorld(), {"p.proj", 7});
+  return EvaluateCondition(condition, TKnownWorld(), {"p.proj", 7}).Holds;
 }
 
 std::string ErrorOf(std::string_view condition) {
@@ -86,7 +88,7 @@ TEST(MSBuildCondition, BindsAndTighterThanOr) {
 
 TEST(MSBuildCondition, AsksNothingThatIsDecidedAlready) {
   TKnownWorld world;
-  EXPECT_FALSE(EvaluateCondition("false And Exists('x') And 'a' < 'b'", world, {}));
+  EXPECT_FALSE(EvaluateCondition("false And Exists('x') And 'a' < 'b'", world, {}).Holds);
   EXPECT_EQ(world.Asked, 1);
 }
 
@@ -99,11 +101,20 @@ TEST(MSBuildCondition, KnowsExistsAndHasTrailingSlash) {
   EXPECT_FALSE(Holds("HasTrailingSlash('$(Empty)')"));
 }
 
-TEST(MSBuildCondition, LeavesPropertyFunctionsAsText) {
-  EXPECT_FALSE(Holds("'$([System.IO.Path]::Combine('a', \"b)\"))' == 'a'"));
-  EXPECT_TRUE(Holds("'$(X.Replace('a','b'))' == '$(x.replace('a','b'))'"));
-  EXPECT_FALSE(Holds("$([MSBuild]::IsOSPlatform('Windows'))"));
-  EXPECT_FALSE(Holds("'$(X.Length)' > 3"));
+TEST(MSBuildCondition, IsUnknownWhereAnOperandIsAndNothingElseDecides) {
+  const auto isUnknown = [](std::string_view condition) {
+    return EvaluateCondition(condition, TKnownWorld(), {"p.proj", 7}).Unknown != nullptr;
+  };
+  for (const std::string_view condition :
+       {"'$(Unknown)'=='a'", "$(Unknown)", "!$(Unknown)", "Exists('$(Unknown)')",
+        "'$(Unknown)' > 3", "true And '$(Unknown)'==''", "false Or '$(Unknown)'!='x'"}) {
+    EXPECT_TRUE(isUnknown(condition)) << condition;
+    EXPECT_FALSE(Holds(condition)) << condition;
+  }
+  EXPECT_FALSE(isUnknown("'$(Unknown)'=='a' And false"));
+  EXPECT_FALSE(Holds("'$(Unknown)'=='a' And false"));
+  EXPECT_TRUE(Holds("'$(Unknown)'=='a' Or true"));
+  EXPECT_FALSE(isUnknown("true Or '$(Unknown)'=='a'"));
 }
 
 TEST(MSBuildCondition, IsFalseWhereAnUnsetPropertyIsToBeJudged) {

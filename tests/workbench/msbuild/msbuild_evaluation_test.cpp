@@ -82,12 +82,40 @@ TEST_F(MSBuildProperties, LoseTheirEscapesWhenTheyAreUsed) {
   EXPECT_EQ(project.Items()[0].Include, "a;b");
 }
 
-TEST_F(MSBuildProperties, KeepPropertyFunctionsAsTheyAreWritten) {
-  auto& project = Evaluate("<PropertyGroup><X>v</X><A>$([System.Environment]::Exit(1))$(X)</A>"
-                           "<B>$(X.Replace('v', '$(X)'))</B><C>$(X</C></PropertyGroup>");
-  EXPECT_EQ(project.Property("A"), "$([System.Environment]::Exit(1))v");
-  EXPECT_EQ(project.Property("B"), "$(X.Replace('v', '$(X)'))");
+TEST_F(MSBuildProperties, AreNotKnownWhereAFunctionIsNotCarriedOut) {
+  auto& project = Evaluate("<PropertyGroup>\n<A>$([System.Environment]::Exit(1))$(X)</A>"
+                           "\n<B>x$(A)</B><C>$(X</C></PropertyGroup>");
+  ASSERT_TRUE(project.Value("B").Unknown);
+  EXPECT_EQ(UnknownSentence(*project.Value("B").Unknown),
+            "the property \"A\" is not known here: it calls \"[System.Environment]::Exit\", which "
+            "is not evaluated here");
+  EXPECT_EQ(UnknownPlace(*project.Value("B").Unknown).Line, 2U);
   EXPECT_EQ(project.Property("C"), "$(X");
+  EXPECT_TRUE(project.Notes().empty());
+}
+
+TEST_F(MSBuildProperties, AreEmptyWhenTheyAreNothingButBlanks) {
+  auto& project = Evaluate("<PropertyGroup><A>\n    </A><B>x</B><B> </B><C> y </C>"
+                           "</PropertyGroup>");
+  EXPECT_EQ(project.Property("A"), "");
+  EXPECT_EQ(project.Property("B"), "");
+  EXPECT_EQ(project.Property("C"), " y ");
+}
+
+TEST_F(MSBuildProperties, AreInDoubtBehindAConditionThatIsNotKnown) {
+  auto& project = Evaluate(
+      "<PropertyGroup><U>$(Registry:HKEY_LOCAL_MACHINE\\X@Y)</U><A>1</A><B>1</B></PropertyGroup>"
+      "<PropertyGroup Condition=\"'$(U)'=='z'\"><A>2</A><B>1</B><C>3</C></PropertyGroup>"
+      "<Choose><When Condition=\"'$(U)'=='z'\"><PropertyGroup><D>4</D></PropertyGroup></When>"
+      "<Otherwise><PropertyGroup><E>5</E></PropertyGroup></Otherwise></Choose>"
+      "<ItemGroup Condition=\"'$(U)'=='z'\"><X Include=\"x\"/></ItemGroup>");
+  EXPECT_TRUE(project.Value("A").Unknown);
+  EXPECT_EQ(project.Property("B"), "1");
+  EXPECT_FALSE(project.Value("B").Unknown);
+  for (const std::string_view name : {"C", "D", "E"})
+    EXPECT_TRUE(project.Value(name).Unknown) << name;
+  ASSERT_EQ(project.Items().size(), 1U);
+  EXPECT_TRUE(project.Items()[0].Unknown);
 }
 
 TEST_F(MSBuildProperties, ComeFromTheFirstBranchThatHolds) {

@@ -44,8 +44,8 @@ TEST_F(MSBuildItems, TakeMetadataFromAttributesAndElementsInOrder) {
                            "</ItemGroup>");
   const auto& metadata = project.Items().at(0).Metadata;
   ASSERT_EQ(metadata.size(), 2U);
-  EXPECT_EQ(metadata[0], (std::pair<std::string, std::string>("Profile", "lab")));
-  EXPECT_EQ(metadata[1], (std::pair<std::string, std::string>("SDK", "k;1")));
+  EXPECT_EQ(metadata[0].Name + "=" + metadata[0].Text, "Profile=lab");
+  EXPECT_EQ(metadata[1].Name + "=" + metadata[1].Text, "SDK=k;1");
 }
 
 TEST_F(MSBuildItems, CanBeExcludedRemovedAndUpdated) {
@@ -96,8 +96,8 @@ TEST_F(MSBuildItems, ThatCannotBeEvaluatedAreNoted) {
             "\"@(X->'%(Filename);b')\" of the item \"Y\" was left out: it transforms a list");
   EXPECT_EQ(Evaluation->Notes()[1].Text,
             "\"p@(X)\" of the item \"Y\" was left out: it holds a list inside a name");
-  EXPECT_EQ(Evaluation->Notes()[2].Text, "\"/**\" of the item \"Y\" was left out: it looks for "
-                                         "files outside the project's directory");
+  EXPECT_EQ(Evaluation->Notes()[2].Text, "\"/**\" of the item \"Y\" was left out: it walks "
+                                         "through everything above the project's directory");
 }
 
 TEST_F(MSBuildItems, WithoutIncludeAreAnError) {

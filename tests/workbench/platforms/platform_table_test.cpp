@@ -54,10 +54,10 @@ TEST(PlatformTable, ThatShipsIsTheBuiltInOne) {
   }
 }
 
-TEST(PlatformTable, NamesTheSevenPlatformsInOrder) {
+TEST(PlatformTable, NamesThePlatformsInOrder) {
   EXPECT_EQ(TPlatformTable::BuiltIn().Names(),
             (std::vector<std::string>{"Win32", "Win64", "OSX32", "iOSSimulator", "iOSDevice32",
-                                      "iOSDevice64", "Android"}));
+                                      "iOSDevice64", "Android", "Linux64", "LinuxARM64"}));
 }
 
 TEST(PlatformTable, NamesOutputsByKind) {
@@ -74,6 +74,41 @@ TEST(PlatformTable, NamesOutputsByKind) {
   EXPECT_EQ(android->GetDefaultRemoteDir(), "assets\\internal\\");
   EXPECT_TRUE(android->IsMobile());
   EXPECT_EQ(table.FindPlatform("OSX32")->GetOutputExtension("Library"), ".dylib");
+}
+
+TEST(PlatformTable, NamesLinuxOutputsAndSymbolsAsItsToolsDo) {
+  const TPlatformTable table = TPlatformTable::BuiltIn();
+  for (const char* name : {"Linux64", "LinuxARM64"}) {
+    const TPlatform* platform = table.FindPlatform(name);
+    ASSERT_NE(platform, nullptr) << name;
+    EXPECT_EQ(platform->GetOutputPrefix("Application"), "");
+    EXPECT_EQ(platform->GetOutputExtension("Application"), "");
+    EXPECT_EQ(platform->GetOutputPrefix("Library"), "lib");
+    EXPECT_EQ(platform->GetOutputExtension("Library"), ".so");
+    EXPECT_EQ(platform->GetOutputPrefix("Package"), "vpk");
+    EXPECT_EQ(platform->GetOutputExtension("Package"), ".so");
+    EXPECT_EQ(platform->SymbolExtension("Ardent.Personality"), ".debug");
+    EXPECT_EQ(platform->SymbolExtension("Corvane.Personality"), ".debug");
+    EXPECT_EQ(platform->GetDefaultRemoteDir(), ".\\");
+    EXPECT_FALSE(platform->IsMobile());
+    EXPECT_FALSE(platform->IgnoresCase());
+    EXPECT_TRUE(platform->RequiresProfile("Ardent.Personality"));
+  }
+}
+
+TEST(PlatformTable, TakesTheUsersTableOnTop) {
+  TPlatformTable table = TPlatformTable::BuiltIn();
+  table.Overlay(Read("<Platforms Version=\"1\">"
+                     "<Platform Name=\"Win64\" Mobile=\"true\" DefaultRemoteDir=\"\" "
+                     "RequiresProfile=\"false\" IgnoresCase=\"false\"/>"
+                     "<Platform Name=\"Orbit\" " +
+                     Facts + "/></Platforms>"));
+  EXPECT_TRUE(table.FindPlatform("Win64")->IsMobile());
+  EXPECT_EQ(table.FindPlatform("Win64")->GetOutputExtension("Application"), "");
+  EXPECT_EQ(table.FindPlatform("Win32")->GetOutputExtension("Application"), ".exe");
+  EXPECT_EQ(table.Names(),
+            (std::vector<std::string>{"Win32", "Win64", "OSX32", "iOSSimulator", "iOSDevice32",
+                                      "iOSDevice64", "Android", "Linux64", "LinuxARM64", "Orbit"}));
 }
 
 TEST(PlatformTable, KnowsSymbolsAndProfilesByPersonality) {

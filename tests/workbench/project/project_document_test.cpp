@@ -1,3 +1,4 @@
+#include "tests/support/temporary_directory.h"
 #include "tests/workbench/project/document_fixture.h"
 #include "workbench/project/project_document.h"
 
@@ -105,19 +106,13 @@ TEST(ProjectDocument, AddsContainerAndImportToARootWithoutEndTag) {
 }
 
 TEST(ProjectDocument, ReadsItsFile) {
-  std::string name = (std::filesystem::temp_directory_path() / "documentXXXXXX").string();
-  const int descriptor = mkstemp(name.data());
-  ASSERT_GE(descriptor, 0);
-  ASSERT_EQ(::write(descriptor, "<Project/>", 10), 10);
-  ::close(descriptor);
-  {
-    TProjectDocument document(std::filesystem::path(name), "Deployment");
-    EXPECT_EQ(document.Bytes(), "<Project/>");
-    EXPECT_EQ(document.Name(), name);
-  }
-  std::filesystem::remove(name);
-  EXPECT_THROW(TProjectDocument(std::filesystem::path(name), "Deployment"),
-               deployment::TInputError);
+  const testing::TTemporaryDirectory directory;
+  const std::filesystem::path file = directory.Path() / "demo.vproj";
+  EXPECT_THROW(TProjectDocument(file, "Deployment"), deployment::TInputError);
+  testing::WriteText(file, "<Project/>");
+  TProjectDocument document(file, "Deployment");
+  EXPECT_EQ(document.Bytes(), "<Project/>");
+  EXPECT_EQ(document.Name(), file.string());
 }
 
 TEST(ProjectDocument, ForgetsTheLargeSectionAndReadsItAgain) {

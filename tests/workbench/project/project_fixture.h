@@ -2,14 +2,14 @@
 #pragma once
 
 #include "tests/support/memory_xml.h"
+#include "tests/support/temporary_directory.h"
 #include "workbench/msbuild/msbuild_evaluation.h"
+#include "workbench/project/cpp/cpp_dialect.h"
 #include "workbench/project/project_settings.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <string>
@@ -37,21 +37,7 @@ public:
 /// An empty directory that goes away with the test.
 class TProjectTest : public ::testing::Test {
 protected:
-  TProjectTest() {
-    std::string name = (std::filesystem::temp_directory_path() / "projectXXXXXX").string();
-    Directory = mkdtemp(name.data());
-    Directory = std::filesystem::canonical(Directory);
-  }
-  ~TProjectTest() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(Directory, ignored);
-  }
-
-  void MakeFile(std::string_view name) const {
-    const std::filesystem::path file = Directory / name;
-    std::filesystem::create_directories(file.parent_path());
-    std::ofstream(file) << name;
-  }
+  void MakeFile(std::string_view name) const { testing::WriteText(Directory / name, name); }
 
   std::string PathOf(std::string_view name) const { return (Directory / name).string(); }
 
@@ -59,15 +45,16 @@ protected:
   TMSBuildEvaluation& Evaluate(std::string_view content, const TNamedTexts& globals = {}) {
     Parse(content);
     Evaluation = std::make_unique<TMSBuildEvaluation>(
-        TEvaluationSource{Root.get(), Directory / "Demo.vproj", &Imports, Environment, {}},
-        globals);
+        TEvaluationSource{Root.get(), Directory / "Demo.vproj", &Imports, Environment}, globals);
     return *Evaluation;
   }
 
   TProjectSettings& Open(std::string_view content) {
     Parse(content);
-    Settings = std::make_unique<TProjectSettings>(*Root, Directory / "Demo.vproj", Imports, Table,
-                                                  Environment);
+    Cpp = std::make_unique<TCppDialect>(Imports, Table, Properties);
+    Settings = std::make_unique<TProjectSettings>(
+        *Root, Directory / "Demo.vproj", Imports, Table,
+        TProjectSurroundings{Environment, Properties, Cpp.get()});
     return *Settings;
   }
 
@@ -86,12 +73,15 @@ protected:
     return text;
   }
 
-  std::filesystem::path Directory;
+  testing::TTemporaryDirectory Temporary;
+  std::filesystem::path Directory = Temporary.Path();
   TNamedTexts Environment;
+  TNamedTexts Properties;
   TMemoryImports Imports;
   TPlatformTable Table = TPlatformTable::BuiltIn();
   std::unique_ptr<deployment::TMemoryXMLNode> Root;
   std::unique_ptr<TMSBuildEvaluation> Evaluation;
+  std::unique_ptr<TCppDialect> Cpp;
   std::unique_ptr<TProjectSettings> Settings;
 };
 

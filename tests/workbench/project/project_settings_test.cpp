@@ -1,11 +1,11 @@
 #include "package/common/delimited_list.h"
 #include "tests/workbench/project/project_fixture.h"
+#include "workbench/project/import_loader.h"
 
 namespace workbench {
 namespace {
 
 using ProjectSettings = TProjectTest;
-using ForeignProject = TProjectTest;
 
 constexpr std::string_view Demo = R"(
   <PropertyGroup>
@@ -124,6 +124,47 @@ TEST_F(ProjectSettings, ListFilesOnceInDocumentOrder) {
   EXPECT_EQ(Open(Demo).CompleteFileList(),
             (std::vector<std::string>{PathOf("data/levels.dat"), PathOf("readme.txt"),
                                       (Directory.parent_path() / "shared.txt").string()}));
+}
+
+TEST_F(ProjectSettings, LeaveOutWhatIsCompiled) {
+  EXPECT_EQ(Open("<ItemGroup><Compile Include=\"a.pas\"/><ClCompile Include=\"a.c\"/>"
+                 "<ClInclude Include=\"a.h\"/><ResourceCompile Include=\"a.rc\"/>"
+                 "<Image Include=\"a.png\"/></ItemGroup>")
+                .CompleteFileList(),
+            std::vector<std::string>{PathOf("a.png")});
+}
+
+TEST_F(ProjectSettings, TakeGivenPropertiesOverThoseOfTheProject) {
+  Environment = {{"A", "environment"}};
+  Properties = {{"A", "given"}, {"OutputDir", "elsewhere"}};
+  const TProjectSettings& settings =
+      Open("<PropertyGroup><A>project</A><B>$(A)!</B></PropertyGroup>");
+  EXPECT_EQ(settings.Option("", "", "B"), "given!");
+  EXPECT_EQ(settings.OutputDirectory("", ""), PathOf("elsewhere"));
+}
+
+TEST_F(ProjectSettings, AnswerTheKindForTheTarget) {
+  const TProjectSettings& settings =
+      Open("<PropertyGroup><AppType Condition=\"'$(Config)'=='Lib'\">Library</AppType>"
+           "<OSXKind Condition=\"'$(Platform)'=='OSX32'\">2</OSXKind></PropertyGroup>");
+  EXPECT_EQ(settings.ApplicationType("Lib", "Win32"), "Library");
+  EXPECT_EQ(settings.ApplicationType("Debug", "Win32"), "");
+  EXPECT_EQ(settings.OSXKind("Debug", "OSX32"), 2);
+  EXPECT_EQ(settings.OSXKind("Debug", "Win32"), 1);
+}
+
+TEST_F(ProjectSettings, LeaveOutASideFileThatIsNoXml) {
+  std::ofstream(PathOf("Demo.deployproj")) << "<Project>\n<<<<<<< mine\n</Project>";
+  TImportLoader loader;
+  Parse("<PropertyGroup><A>1</A></PropertyGroup>"
+        "<Import Project=\"$(MSBuildProjectName).deployproj\"/>");
+  const TProjectSettings settings(*Root, Directory / "Demo.vproj", loader, Table,
+                                  {{}, {}, nullptr});
+  EXPECT_EQ(settings.Option("", "", "A"), "1");
+  ASSERT_EQ(settings.Notes().size(), 1U);
+  EXPECT_TRUE(settings.Notes()[0].Text.starts_with("the import \"" + PathOf("Demo.deployproj") +
+                                                   "\" was skipped: in line 2, "))
+      << settings.Notes()[0].Text;
 }
 
 TEST_F(ProjectSettings, ListTheFilesOfATarget) {
@@ -265,51 +306,6 @@ TEST_F(ProjectSettings, AnswerForMoreTargetsThanAreKept) {
   const TProjectSettings& settings = Open("<PropertyGroup><A>$(Config)</A></PropertyGroup>");
   for (int i = 0; i < 200; ++i)
     EXPECT_EQ(settings.Option(std::to_string(i), "Win32", "A"), std::to_string(i));
-}
-
-constexpr std::string_view Foreign = R"(
-  <ItemGroup Label="ProjectConfigurations">
-    <ProjectConfiguration Include="Debug|x64">
-      <Configuration>Debug</Configuration><Platform>x64</Platform></ProjectConfiguration>
-    <ProjectConfiguration Include="Release|Win32"/>
-    <ProjectConfiguration Include="Release|ARM64"/>
-    <ProjectConfiguration Include="Debug|Win32"/>
-  </ItemGroup>
-  <PropertyGroup><ConfigurationType>DynamicLibrary</ConfigurationType></PropertyGroup>
-  <Import Project="$(VCTargetsPath)\Microsoft.Cpp.props"/>
-  <PropertyGroup Condition="'$(Configuration)|$(Platform)'=='Debug|X64'">
-    <TargetName>$(ProjectName)d</TargetName><OutDir>bin\$(Platform)_$(Configuration)\</OutDir>
-  </PropertyGroup>
-  <ItemGroup><ClCompile Include="..\lib\a.c"/><ClInclude Include="a.h"/></ItemGroup>)";
-
-TEST_F(ForeignProject, IsReadThroughItsPairs) {
-  const TProjectSettings& settings = Open(Foreign);
-  EXPECT_EQ(ConfigurationsOf(settings), "Base(Win64;Win32;ARM64) Debug<Base(Win64;Win32) "
-                                        "Release<Base(Win32;ARM64)");
-  EXPECT_EQ(PlatformsOf(settings), "Win64// Win32// ARM64// ");
-  EXPECT_EQ(settings.ActiveConfiguration(), "Debug");
-  EXPECT_EQ(settings.ActivePlatform(), "Win64");
-  EXPECT_EQ(settings.ApplicationType(), "Library");
-  EXPECT_EQ(settings.Personality(), "Corvane.Personality");
-  EXPECT_EQ(settings.CompleteFileList().size(), 2U);
-}
-
-TEST_F(ForeignProject, NamesItsOutputItsOwnWay) {
-  const TProjectSettings& settings = Open(Foreign);
-  EXPECT_EQ(settings.OutputFileName("Debug", "Win64"), PathOf("bin/x64_Debug/Demod.dll"));
-  EXPECT_EQ(settings.OutputFileName("Debug", "Win32"), PathOf("Debug/Demo.dll"));
-  EXPECT_EQ(settings.OutputFileName("Release", "Win64"), PathOf("x64/Release/Demo.dll"));
-  EXPECT_EQ(settings.OutputFileName("Release", "ARM64"), PathOf("ARM64/Release/Demo"));
-  EXPECT_EQ(settings.BaseName(), "Demod");
-}
-
-TEST_F(ForeignProject, MayNameItsExtensionAndKind) {
-  const TProjectSettings& settings =
-      Open(std::string(Foreign) + "<PropertyGroup><ProjectName>core</ProjectName><TargetExt>.pyd"
-                                  "</TargetExt><ConfigurationType>Utility</ConfigurationType>"
-                                  "</PropertyGroup>");
-  EXPECT_EQ(settings.OutputFileName("Release", "Win32"), PathOf("Release/core.pyd"));
-  EXPECT_EQ(settings.ApplicationType(), "Utility");
 }
 
 } // namespace

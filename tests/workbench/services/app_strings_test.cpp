@@ -1,5 +1,5 @@
 #include "tests/workbench/files/save_fixture.h"
-#include "tests/workbench/services/environment_fixture.h"
+#include "tests/support/environment.h"
 #include "workbench/files/machine_path.h"
 #include "workbench/services/app_strings.h"
 

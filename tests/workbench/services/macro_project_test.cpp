@@ -20,7 +20,8 @@ public:
     return "demo";
   }
   std::string GetPersonality() const override { return "Ardent.Personality"; }
-  std::string GetApplicationType() const override { return {}; }
+  std::string GetApplicationType(std::string_view, std::string_view) const override { return {}; }
+  std::string GetNothingToDeploy(std::string_view, std::string_view) const override { return {}; }
   std::string GetFrameworkType() const override { return {}; }
   std::string GetProjectOption(std::string_view) const override { return {}; }
   std::string GetCurrentPlatform() const override { return "Android"; }
@@ -30,7 +31,9 @@ public:
                             std::string_view /*platform*/) const override {
     return {};
   }
-  std::vector<std::string> GetCompleteFileList() const override { return {}; }
+  std::vector<std::string> GetCompleteFileList(std::string_view, std::string_view) const override {
+    return {};
+  }
   bool GetModified() const override { return false; }
   void SetModified(bool) override {}
   IOTAProjectOptionsConfigurations* GetOptionsConfigurations() override { return this; }
@@ -52,12 +55,14 @@ public:
   void SetBaseProperty(std::string_view, std::string_view) override {}
 };
 
-TEST(MacroUtils, ExpandsTheMacrosOfAProjectsCurrentTarget) {
+TEST(MacroUtils, ExpandsTheMacrosThatAProjectHasForATarget) {
   const TMacroUtils macros("/opt/root");
   TProject project;
-  EXPECT_EQ(macros.ExpandRootMacro("$(ZELK)\\$(platform)\\$(Config)\\$(CONFIGURATION)\\x", project),
+  EXPECT_EQ(macros.ExpandRootMacro("$(ZELK)\\$(platform)\\$(Config)\\$(CONFIGURATION)\\x", project,
+                                   "Release", "Android"),
             "\\opt\\root\\Android\\Release\\Release\\x");
-  EXPECT_EQ(macros.ExpandRootMacro("$(OutputDir)\\$(Unknown)", project), "out\\$(Unknown)");
+  EXPECT_EQ(macros.ExpandRootMacro("$(OutputDir)\\$(Unknown)", project, "Release", "Android"),
+            "out\\$(Unknown)");
 }
 
 } // namespace

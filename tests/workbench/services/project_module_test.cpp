@@ -67,7 +67,7 @@ TEST_F(ProjectModule, AnswersFromTheProjectsSettings) {
   EXPECT_EQ(FModule->GetProjectOption("AppType"), "Library");
   EXPECT_EQ(FModule->GetProjectOption("Imported"), "yes");
   EXPECT_EQ(FModule->GetCurrentConfiguration(), "Release");
-  EXPECT_EQ(FModule->GetCompleteFileList(),
+  EXPECT_EQ(FModule->GetCompleteFileList({}, {}),
             std::vector<std::string>{(FDirectory / "readme.txt").string()});
 }
 

@@ -1,4 +1,5 @@
 // The services behind a reconcile: personalities and development kits.
+#include "tests/support/memory_project.h"
 #include "tests/workbench/files/save_fixture.h"
 #include "workbench/services/personality_services.h"
 #include "workbench/services/sdk_services.h"
@@ -36,10 +37,11 @@ TEST_F(TargetServices, TakeSymbolExtensionsFromThePlatformTable) {
   TPersonalityServices services(FPlatforms, *FSettings);
   const auto* ardent = services.GetSymbolService("Ardent.Personality");
   const auto* corvane = services.GetSymbolService("Corvane.Personality");
-  EXPECT_EQ(ardent->GetDebugSymbolExtension("Win32"), ".qds");
-  EXPECT_EQ(corvane->GetDebugSymbolExtension("OSX32"), ".vcp");
-  EXPECT_EQ(ardent->GetDebugSymbolExtension("Android"), "");
-  EXPECT_EQ(ardent->GetDebugSymbolExtension("Atari"), "");
+  const deployment::TMemoryProject project;
+  EXPECT_EQ(ardent->GetDebugSymbolExtension(project, "Win32"), ".qds");
+  EXPECT_EQ(corvane->GetDebugSymbolExtension(project, "OSX32"), ".vcp");
+  EXPECT_EQ(ardent->GetDebugSymbolExtension(project, "Android"), "");
+  EXPECT_EQ(ardent->GetDebugSymbolExtension(project, "Atari"), "");
 }
 
 TEST_F(TargetServices, TakePathsFromTheSettingsOfTheUser) {

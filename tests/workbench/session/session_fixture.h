@@ -3,7 +3,7 @@
 
 #include "package/common/errors.h"
 #include "tests/workbench/files/save_fixture.h"
-#include "tests/workbench/services/environment_fixture.h"
+#include "tests/support/environment.h"
 #include "workbench/files/file_backup.h"
 #include "workbench/files/file_lock.h"
 #include "workbench/files/save_error.h"

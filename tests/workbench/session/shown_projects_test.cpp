@@ -13,6 +13,8 @@ using testing::ErrorOf;
 using testing::ProjectWith;
 using testing::StoredEntry;
 
+const deployment::TShowRequest Debug{{"Debug", "Win32"}};
+
 class TSilentDialogs final : public deployment::IDialogs {
 public:
   deployment::TMessageAnswer ShowMessage(const deployment::TMessageBox& /*message*/) override {
@@ -73,13 +75,13 @@ TEST_F(ShownProjects, AreFoundUnderEachSpellingOfTheirName) {
 
 TEST_F(ShownProjects, RefuseAViewToASecondProjectOfTheirName) {
   TOpenProject& first = Open();
-  Host().ShowDeployment(first);
+  Host().ShowDeployment(first, Debug);
   TOpenProject& second = Host().Open(FOther, TOpenPurpose::Look);
-  EXPECT_EQ(ErrorOf<TInputError>([&] { Host().ShowDeployment(second); }),
+  EXPECT_EQ(ErrorOf<TInputError>([&] { Host().ShowDeployment(second, Debug); }),
             "the project is shown already, as " + FFile.string());
   Host().Close(second);
   EXPECT_EQ(FViews.Captions.size(), 1U) << "the view of the first project stays";
-  Host().ShowDeployment(first);
+  Host().ShowDeployment(first, Debug);
   EXPECT_EQ(FViews.Forward, 1);
   Host().Close(first);
   EXPECT_TRUE(FViews.Captions.empty());
@@ -88,11 +90,30 @@ TEST_F(ShownProjects, RefuseAViewToASecondProjectOfTheirName) {
 TEST_F(ShownProjects, MakeRoomForAnotherOfTheirNameWhenTheyAreClosed) {
   TOpenProject& first = Open();
   TOpenProject& second = Host().Open(FOther, TOpenPurpose::Look);
-  Host().ShowDeployment(first);
+  Host().ShowDeployment(first, Debug);
   Host().Close(first);
   EXPECT_TRUE(FViews.Captions.empty());
-  Host().ShowDeployment(second);
+  Host().ShowDeployment(second, Debug);
   EXPECT_EQ(FViews.Captions.size(), 1U);
+}
+
+TEST_F(ShownProjects, KeepTheirViewWhenTheyAreSavedUnderAnotherName) {
+  TOpenProject& project = Open();
+  Host().ShowDeployment(project, Debug);
+  ASSERT_EQ(FViews.Captions.size(), 1U);
+  const auto* view = FViews.Captions.begin()->first;
+  Host().SaveAs(project, FDirectory / "other.vproj", false);
+  ASSERT_EQ(FViews.Captions.size(), 1U);
+  EXPECT_EQ(FViews.Captions.begin()->first, view);
+  EXPECT_EQ(view->GetCaption(), "Deployment other");
+  EXPECT_EQ(FViews.Forward, 1) << "the host is asked to show it again";
+  // The old name is free for another project now.
+  TOpenProject& former = Open();
+  Host().ShowDeployment(former, Debug);
+  EXPECT_EQ(FViews.Captions.size(), 2U);
+  Host().Close(project);
+  ASSERT_EQ(FViews.Captions.size(), 1U);
+  EXPECT_EQ(FViews.Captions.begin()->second, "Deployment demo");
 }
 
 TEST_F(ShownProjects, LeaveNoHalfMadeViewWhereTheirListCannotBeMade) {
@@ -104,7 +125,7 @@ TEST_F(ShownProjects, LeaveNoHalfMadeViewWhereTheirListCannotBeMade) {
   Write(FFile, ProjectWith(""));
   TOpenProject& project = Open();
   for (int attempt = 0; attempt < 2; ++attempt) {
-    EXPECT_NE(ErrorOf<TInputError>([&] { Host().ShowDeployment(project); }), "");
+    EXPECT_NE(ErrorOf<TInputError>([&] { Host().ShowDeployment(project, Debug); }), "");
     EXPECT_TRUE(FViews.Captions.empty());
   }
 }

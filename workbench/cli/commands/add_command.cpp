@@ -1,25 +1,18 @@
 // deploymgr add: puts files on the list.
+#include "package/common/delimited_list.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/name_hint.h"
+#include "workbench/cli/context/project_argument.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/text_check.h"
 #include "workbench/cli/entries/change_report.h"
+#include "workbench/cli/entries/file_arguments.h"
 #include "workbench/project/project_settings.h"
-#include "workbench/session/added_file.h"
+#include "workbench/session/entry_adder.h"
 
 namespace workbench {
 namespace {
-
-// The command line tells a wrong name from a file that is of the wrong kind.
-TAddedFile LocalNameOfArgument(const std::string& argument, const TOpenProject& project) {
-  try {
-    return LocalNameOf(argument, project.GivenFileName());
-  } catch (const TAddError& error) {
-    if (error.Reason() == TAddError::TReason::Directory)
-      throw TWorkError(error.what());
-    throw TUsageError(error.what());
-  }
-}
 
 class TAddCommand final : public ICommand {
 public:
@@ -28,72 +21,100 @@ public:
 
   void AddOptions(IOptions& options) override {
     AddProjectArgument(options, FProject);
-    options.Texts("FILE", FFiles, "Files on this machine, or names with macros").Required();
+    options.Texts("FILE", FFiles.Files, "Files on this machine, names with macros, or patterns");
+    options.Texts("--tree", FFiles.Trees, "All files of a directory, with its structure")
+        .ValueName("DIR");
+    options.Flag("--missing-ok", FFiles.MissingOk, "Add files that are not there yet");
+    options.Flag("--outside", FFiles.Outside, "Add files from beyond the project's directory");
     options.Text("--class", FClass, "Deployment class").ShowDefault();
     options.Text("--remote-dir", FRemoteDir, "Directory on the target");
     options.Text("--remote-name", FRemoteName, "Name on the target");
     options.Flag("--disabled", FDisabled, "Do not deploy the files yet");
     AddChangeOptions(options, FChange);
-    options.Footer(
-        "With \"-p all\" the entry answers for every platform; it is stored under \"All\".");
+    options.Footer("With \"-p all\" the entry gets every platform of the project. A file that the "
+                   "list of the target has already stays as it is; \"set\" changes it.");
   }
 
   int Run(TCommandContext& context) override {
-    if (!FRemoteName.empty() && FFiles.size() > 1)
-      throw TUsageError("--remote-name goes with one file only");
-    CheckStorable("--class", FClass);
-    CheckStorable("--remote-dir", FRemoteDir);
-    CheckStorable("--remote-name", FRemoteName);
-    TOpenProject& project =
-        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    CheckArguments();
+    TOpenProject& project = OpenProject(context, FProject, FChange.Purpose());
     const TTarget target = ChooseTarget(context, project);
-    const std::string configuration = target.Configuration.empty()
-                                          ? std::string(deployment::BaseConfiguration)
-                                          : target.Configuration;
-    if (!project.Settings().FindConfiguration(configuration))
-      CheckName("configuration", configuration);
-    const std::string platform =
-        target.AllPlatforms ? std::string(deployment::FallbackPlatform) : target.Platform;
-    std::vector<TAddedFile> added;
-    added.reserve(FFiles.size());
-    for (const std::string& file : FFiles)
-      added.push_back(LocalNameOfArgument(file, project));
-    std::vector<TEntryChange> changes;
-    changes.reserve(added.size());
-    for (const TAddedFile& file : added)
-      changes.push_back({file.LocalName, configuration, platform,
-                         AddEntry(context, project, file, configuration, platform)});
+    TNewEntry entry;
+    entry.Configuration = target.Configuration.empty() ? std::string(deployment::BaseConfiguration)
+                                                       : target.Configuration;
+    if (!project.Settings().FindConfiguration(entry.Configuration))
+      CheckName("configuration", entry.Configuration);
+    entry.Platforms = PlatformsOf(project, target);
+    entry.Class = FClass;
+    entry.RemoteDir = FRemoteDir;
+    entry.RemoteName = FRemoteName;
+    entry.Enabled = !FDisabled;
+    const std::vector<TAddedFile> files = CollectFiles(context, FFiles, project);
     WarnOfUnknownClass(context, project);
-    SaveAndReport(context, project, FChange, changes);
+    SaveAndReport(context, project, FChange, Add(context, project, files, std::move(entry)));
     return exit_status::Done;
   }
 
 private:
-  // Returns what was done.
-  std::string AddEntry(TCommandContext& context, TOpenProject& project, const TAddedFile& file,
-                       const std::string& configuration, const std::string& platform) const {
-    const std::string given = project.GivenFileName().string();
-    const bool added = workbench::AddEntry(
-        project, context.Session.Platforms(),
-        {file.LocalName, configuration, platform, FClass, FRemoteDir, FRemoteName, !FDisabled});
-    if (!added)
-      context.Output.Warn({"\"" + file.LocalName + "\" is on the list for " + configuration + ", " +
-                               platform + " already; \"set\" changes it",
-                           given, 0});
-    else if (!file.Exists)
-      context.Output.Warn({"there is no file \"" + file.LocalName + "\" now", given, 0});
-    return added ? "added" : "present";
+  void CheckArguments() const {
+    CheckOrder("add", FProject, FFiles.Files);
+    if (FFiles.Files.empty() && FFiles.Trees.empty())
+      throw TUsageError("nothing is given to be added: name a FILE, or a directory with --tree");
+    if (!FRemoteName.empty() && (FFiles.Files.size() > 1 || !FFiles.Trees.empty()))
+      throw TUsageError("--remote-name goes with one file only");
+    CheckStorable("--class", FClass);
+    CheckStorable("--remote-dir", FRemoteDir);
+    CheckStorable("--remote-name", FRemoteName);
+  }
+
+  static std::vector<std::string> PlatformsOf(const TOpenProject& project, const TTarget& target) {
+    if (!target.AllPlatforms)
+      return {target.Platform};
+    std::vector<std::string> names;
+    for (const TProjectPlatform& platform : project.Settings().Platforms())
+      names.push_back(platform.Name);
+    return names;
+  }
+
+  std::vector<TEntryChange> Add(TCommandContext& context, TOpenProject& project,
+                                const std::vector<TAddedFile>& files, TNewEntry entry) const {
+    if (files.size() > 1 && !FRemoteName.empty())
+      throw TUsageError("--remote-name goes with one file only");
+    const std::string platforms = deployment::JoinDelimited(entry.Platforms, ",");
+    TEntryAdder adder(project, context.Session.Platforms());
+    std::vector<TEntryChange> changes;
+    changes.reserve(files.size());
+    for (const TAddedFile& file : files) {
+      entry.LocalName = file.LocalName;
+      entry.SubDirectory = file.SubDirectory;
+      const TAddOutcome outcome = adder.Add(entry);
+      if (outcome == TAddOutcome::Present)
+        context.Output.Warn({"\"" + file.LocalName + "\" is on the list for " +
+                                 entry.Configuration + ", " + platforms +
+                                 " already; \"set\" changes it",
+                             project.GivenFileName().string(), 0});
+      changes.push_back({file.LocalName, entry.Configuration, platforms,
+                         outcome == TAddOutcome::Added      ? "added"
+                         : outcome == TAddOutcome::Extended ? "changed"
+                                                            : "present"});
+    }
+    return changes;
   }
 
   void WarnOfUnknownClass(TCommandContext& context, TOpenProject& project) const {
     // A list without the class of users' files is common and harmless.
-    if (FClass != deployment::class_names::File && !project.Deployment().FindClass(FClass))
-      context.Output.Warn(
-          {"the project has no class \"" + FClass + "\"", project.GivenFileName().string(), 0});
+    project.Deployment().GetFiles(); // a project without a list gets the default classes
+    if (FClass == deployment::class_names::File || project.Deployment().FindClass(FClass))
+      return;
+    std::vector<std::string> names;
+    for (const auto& known : project.Deployment().GetClasses())
+      names.push_back(known->GetClassId());
+    context.Output.Warn({"the project has no class \"" + FClass + "\"" + HintAt(FClass, names),
+                         project.GivenFileName().string(), 0});
   }
 
   std::string FProject;
-  std::vector<std::string> FFiles;
+  TFileArguments FFiles;
   std::string FClass{deployment::class_names::File};
   std::string FRemoteDir;
   std::string FRemoteName;

@@ -27,7 +27,7 @@ public:
       project->Deployment().GetFiles(); // a project without a list gets the default classes
     }
     WarnOfConfiguration(context, "classes have no configuration");
-    CheckPlatformOption(context, project);
+    CheckTargetOptions(context, project);
     auto classes = project ? project->Deployment().GetClasses() : context.Session.ShippedClasses();
     const std::string& platform = context.Options.Platform;
     if (!platform.empty() && platform != AllPlatformsArgument)

@@ -5,6 +5,7 @@ namespace workbench {
 std::vector<std::unique_ptr<ICommand>> AllCommands() {
   std::vector<std::unique_ptr<ICommand>> commands;
   commands.push_back(MakeNewCommand());
+  commands.push_back(MakeRefreshCommand());
   commands.push_back(MakeShowCommand());
   commands.push_back(MakeListCommand());
   commands.push_back(MakeStatusCommand());
@@ -17,6 +18,8 @@ std::vector<std::unique_ptr<ICommand>> AllCommands() {
   commands.push_back(MakeFeaturedCommand());
   commands.push_back(MakeProfileCommand());
   commands.push_back(MakeDeployCommand());
+  commands.push_back(MakeVerifyCommand());
+  commands.push_back(MakeHistoryCommand());
   commands.push_back(MakeUpgradeCommand());
   commands.push_back(MakeExportCommand());
   commands.push_back(MakeClassesCommand());

@@ -12,6 +12,7 @@ namespace workbench {
 std::vector<std::unique_ptr<ICommand>> AllCommands();
 
 std::unique_ptr<ICommand> MakeNewCommand();
+std::unique_ptr<ICommand> MakeRefreshCommand();
 std::unique_ptr<ICommand> MakeShowCommand();
 std::unique_ptr<ICommand> MakeListCommand();
 std::unique_ptr<ICommand> MakeStatusCommand();
@@ -24,6 +25,8 @@ std::unique_ptr<ICommand> MakeExplainCommand();
 std::unique_ptr<ICommand> MakeFeaturedCommand();
 std::unique_ptr<ICommand> MakeProfileCommand();
 std::unique_ptr<ICommand> MakeDeployCommand();
+std::unique_ptr<ICommand> MakeVerifyCommand();
+std::unique_ptr<ICommand> MakeHistoryCommand();
 std::unique_ptr<ICommand> MakeUpgradeCommand();
 std::unique_ptr<ICommand> MakeExportCommand();
 std::unique_ptr<ICommand> MakeClassesCommand();

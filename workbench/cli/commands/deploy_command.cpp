@@ -1,16 +1,17 @@
 // deploymgr deploy: brings the files of a target to where they belong.
+#include "package/host/api/view_buttons.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deploy_progress.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/settings/command_consent.h"
 
-#include <array>
+#include <atomic>
 #include <iostream>
-#include <unistd.h>
 
 namespace workbench {
 namespace {
@@ -27,17 +28,6 @@ std::string ProblemText(const std::vector<std::string>& problems) {
   return text;
 }
 
-// A command deploys once, as its arguments say.
-class TDesk final : public IDeployDesk {
-public:
-  explicit TDesk(TDeployRun& run) : FRun(run) {}
-  TDeployRun& Begin() override { return FRun; }
-  void End(TDeployRun& /*run*/) override {}
-
-private:
-  TDeployRun& FRun;
-};
-
 class TDeployCommand final : public ICommand {
 public:
   std::string Name() const override { return "deploy"; }
@@ -49,6 +39,14 @@ public:
     options.Flag("--checksum", FOptions.Checksum, "Compare content instead of size and time");
     options.Flag("--skip-missing", FOptions.SkipMissing,
                  "Skip missing local files that are not required");
+    options.Flag("--overwrite-changed", FOptions.OverwriteChanged,
+                 "Copy also over what others changed on the target");
+    options.Flag("--prune", FOptions.Prune,
+                 "Remove what was deployed and is not in the list any more");
+    options.Flag("--break-lock", FOptions.BreakLock, "Go on though somebody else deploys there");
+    options.Flag("--check", FCheck,
+                 "Change nothing; end with 7 when something would change, with 8 when others "
+                 "changed the target");
     options.Number("--jobs", FOptions.Jobs, 1, 64, "How many files are copied at a time");
     options.Flag("--allow-commands", FAllowCommands, "Let the project's commands run");
     AddChangeOptions(options, FChange);
@@ -59,64 +57,62 @@ public:
     const TTarget target = ChooseTarget(context, project);
     if (target.AllPlatforms)
       throw TUsageError("deploy needs a single platform, not \"all\"");
-    context.Session.RemoteProfiles().PrepareConnection(project.Project(), target.Platform);
+    context.Session.RemoteProfiles().Destinations().Prepare(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
     view.Open(project, target);
+    FOptions.DryRun = FChange.DryRun || FCheck;
     WarnSince(context, project, told);
-    TDeployRun run;
-    run.Options = FOptions;
-    run.Options.DryRun = FChange.DryRun;
-    run.MayRun = [&](const auto& commands) { return MayRun(context, project, commands); };
-    Deploy(context, project, target, view, run);
-    return Report(context, target, run);
+    const TDeployReport report = Deploy(context, project, target);
+    return Report(context, target, report);
   }
 
 private:
-  // The view's button is disabled when no checked file exists here, and a person who pressed it
-  // would be asked to make a missing profile. Neither says what is wrong, so the services are asked
-  // themselves then.
-  static void Deploy(TCommandContext& context, TOpenProject& project, const TTarget& target,
-                     TDeploymentView& view, TDeployRun& run) {
-    TRemoteProfileServices& services = context.Session.RemoteProfiles();
+  TDeployReport Deploy(TCommandContext& context, TOpenProject& project,
+                       const TTarget& target) const {
+    std::atomic<int> cancelled = 0;
+    const TInterruptWatch watch(cancelled);
     TDeployProgress progress(context.Output);
-    run.Progress = &progress;
-    {
-      const TInterruptWatch watch(run.Cancelled);
-      TDesk desk(run);
-      services.SetDeployDesk(&desk);
-      view.Press("tbDeploy");
-      if (run.Report.End == TDeployEnd::NotStarted)
-        services.Deploy(project.Project(), target.Platform, target.Configuration, /*final=*/true);
-      services.SetDeployDesk(nullptr);
-    }
+    const TDeployRequest request{.Project = project.Project(),
+                                 .Target = {target.Configuration, target.Platform},
+                                 .Options = FOptions,
+                                 .MayRun =
+                                     [&](const auto& commands, const std::string& place) {
+                                       return MayRun(context, project, commands, place);
+                                     },
+                                 .Cancelled = &cancelled};
+    TDeployReport report = context.Session.RemoteProfiles().Deploys().Deploy(request, progress);
     progress.Finish();
-    run.Progress = nullptr;
+    return report;
   }
 
   bool MayRun(TCommandContext& context, const TOpenProject& project,
-              const std::vector<std::string>& commands) const {
+              const std::vector<std::string>& commands, const std::string& place) const {
     TSettings& settings = context.Session.Settings();
     const std::filesystem::path& file = project.GivenFileName();
-    if (FAllowCommands || IsAllowed(settings, file, commands))
+    if (FAllowCommands || IsAllowed(settings, file, place, commands))
       return true;
     if (!context.Output.CanAsk())
       return false;
-    std::cerr << "The project wants to run these commands:\n";
+    std::cerr << "The project wants to run these commands when it is deployed to " << place
+              << ":\n";
     for (const std::string& command : commands)
       std::cerr << "  " << Visible(command) << '\n';
     if (context.Output.Ask("Run them, now and whenever they are the same?", /*several=*/false) !=
         TAnswer::Yes)
       return false;
-    Allow(settings, file, commands);
+    Allow(settings, file, place, commands);
     return true;
   }
 
-  int Report(TCommandContext& context, const TTarget& target, const TDeployRun& run) const {
-    const TDeployReport& report = run.Report;
+  int Report(TCommandContext& context, const TTarget& target, const TDeployReport& report) const {
     switch (report.End) {
     case TDeployEnd::Refused:
       throw TWorkError(ProblemText(report.Problems));
+    case TDeployEnd::Unexpected:
+      if (!report.Problems.empty())
+        throw TExitError(exit_status::Unexpected, ProblemText(report.Problems));
+      break;
     case TDeployEnd::NoConnection:
       throw TExitError(exit_status::NoConnection, report.Message);
     case TDeployEnd::NoConsent:
@@ -124,17 +120,41 @@ private:
     default:
       break;
     }
-    if (FChange.DryRun) {
-      WarnOfCommands(context, report.Commands);
-      for (const TDeployRow& row : report.Rows) {
-        if (!context.Output.IsJson() && !context.Output.IsQuiet())
-          context.Output.Line(DeployLine(row, /*dryRun=*/true));
-      }
-    }
+    for (const std::string& warning : report.Warnings)
+      context.Output.Warn({warning, FProject, 0});
+    if (FOptions.DryRun)
+      PrintPlan(context, report);
     PrintSummary(context, target, report);
+    return StatusOf(report);
+  }
+
+  int StatusOf(const TDeployReport& report) const {
     if (report.End == TDeployEnd::Interrupted)
-      return 128 + run.Cancelled;
-    return report.End == TDeployEnd::Failed ? exit_status::WorkFailed : exit_status::Done;
+      return 128 + report.Signal;
+    if (report.End == TDeployEnd::Unexpected)
+      return exit_status::Unexpected;
+    if (report.End == TDeployEnd::Failed)
+      return exit_status::WorkFailed;
+    const TDeployCounts counts(report);
+    const bool changes = !report.Planned.empty() || counts[TDeployAction::Copied] > 0 ||
+                         counts[TDeployAction::Removed] > 0 || counts[TDeployAction::Mode] > 0;
+    return FCheck && changes ? exit_status::WouldChange : exit_status::Done;
+  }
+
+  void PrintPlan(TCommandContext& context, const TDeployReport& report) const {
+    if (!FCheck)
+      WarnOfCommands(context, report.Commands);
+    if (context.Output.IsJson() || context.Output.IsQuiet())
+      return;
+    for (const TDeployRow& row : report.Rows)
+      context.Output.Line(DeployLine(row, /*dryRun=*/true));
+    for (const TPlannedCommand& command : report.Planned)
+      context.Output.Line(std::string("would run ") +
+                          (command.IsLocal ? "on this machine: " : "on the target: ") +
+                          Visible(command.Command));
+    for (const TLeftOver& leftOver : report.LeftOvers)
+      context.Output.Line(std::string(FileStateName(leftOver.State)) + " " +
+                          Visible(leftOver.RemoteFile()));
   }
 
   static std::string ConsentMessage(const std::vector<std::string>& commands) {
@@ -154,52 +174,24 @@ private:
 
   void PrintSummary(TCommandContext& context, const TTarget& target,
                     const TDeployReport& report) const {
-    std::array<std::size_t, 6> counts{};
-    std::uint64_t bytes = 0;
-    for (const TDeployRow& row : report.Rows) {
-      ++counts[static_cast<std::size_t>(row.Action)];
-      bytes += row.Bytes;
-      if (row.Action == TDeployAction::Failed && !context.Output.IsJson())
-        std::cerr << "deploymgr: " << Visible(row.LocalName) << ": " << Visible(row.Error) << '\n';
-    }
     if (context.Output.IsJson()) {
-      context.Output.Document(AsJson(target, report, counts));
+      context.Output.Document(DeployJson(target.Platform, target.Configuration, report));
       return;
     }
-    std::string text;
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-      const auto action = static_cast<TDeployAction>(i);
-      if (counts[i] > 0 || action == TDeployAction::Copied)
-        text += (text.empty() ? "" : ", ") + std::to_string(counts[i]) + " " +
-                std::string(DeployActionName(action));
+    for (const TDeployRow& row : report.Rows) {
+      const bool isNamed =
+          row.Action == TDeployAction::Failed || row.Action == TDeployAction::Refused;
+      if (isNamed)
+        context.Output.Complain(row.LocalName + ": " +
+                                (row.Error.empty() ? row.Reason : row.Error));
     }
-    context.Output.Line((FChange.DryRun ? "would be: " : "") + text + " (" + BytesText(bytes) +
-                        ")");
-  }
-
-  static TJson AsJson(const TTarget& target, const TDeployReport& report,
-                      const std::array<std::size_t, 6>& counts) {
-    TJson files = TJson::Array();
-    for (const TDeployRow& row : report.Rows)
-      files.Append({{"localName", row.LocalName},
-                    {"remoteFile", row.RemoteFile},
-                    {"action", DeployActionName(row.Action)},
-                    {"bytes", row.Bytes},
-                    {"error", row.Error}});
-    TJson document = {{"platform", target.Platform},
-                      {"configuration", target.Configuration},
-                      {"files", std::move(files)}};
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-      const auto action = static_cast<TDeployAction>(i);
-      if (counts[i] > 0 || action != TDeployAction::Removed)
-        document.Add(std::string(DeployActionName(action)), counts[i]);
-    }
-    return document;
+    context.Output.Line((FOptions.DryRun ? "would be: " : "") + TDeployCounts(report).Text());
   }
 
   std::string FProject;
   TDeployOptions FOptions;
   bool FAllowCommands = false;
+  bool FCheck = false;
   TChangeOptions FChange;
 };
 

@@ -1,78 +1,21 @@
 // deploymgr explain: why a file is in the list of a target, or is not.
-#include "package/common/case_fold.h"
-#include "package/common/path_text.h"
+#include "package/common/class_names.h"
 #include "package/host/api/platforms.h"
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/output_explanation.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/project_argument.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/entries/build_changes.h"
 #include "workbench/cli/entries/entry_text.h"
+#include "workbench/cli/entries/explanation.h"
 #include "workbench/cli/entries/reason_text.h"
 #include "workbench/cli/entries/value_sources.h"
 
 #include <algorithm>
-#include <iterator>
-#include <unordered_set>
 
 namespace workbench {
 namespace {
-
-using deployment::SameFileName;
-using deployment::TReconcileReason;
-
-// Keeps what the steps tell.
-class TJournal final : public deployment::IReconcileJournal {
-public:
-  void Record(const TReconcileReason& reason) override { Reasons.push_back(reason); }
-
-  std::vector<TReconcileReason> Reasons;
-};
-
-// Everything that was found out about one file.
-struct TExplanation {
-  std::string File;
-  TTarget Target;
-  deployment::TDeploymentFiles Entries; ///< of the target
-  deployment::TDeploymentFiles Others;  ///< of other targets
-  /// What was in the list before the target was reconciled.
-  std::unordered_set<const deployment::IProjectDeploymentFile*> Saved;
-  std::vector<TReconcileReason> Reasons;
-};
-
-bool IsAboutFile(const TReconcileReason& reason, const std::string& file) {
-  return (!reason.LocalName.empty() && SameFileName(reason.LocalName, file)) ||
-         deployment::SameText(reason.ClassName, file) ||
-         (reason.Source == deployment::TReasonSource::Option &&
-          SameFileName(reason.SourceValue, file));
-}
-
-// A name without a directory may be meant for any directory.
-bool HasFileName(const TReconcileReason& reason, const std::string& file) {
-  return deployment::DirectoryPart(file).empty() && !reason.LocalName.empty() &&
-         SameFileName(deployment::FileNamePart(reason.LocalName), file);
-}
-
-template <class TMatches>
-std::vector<TReconcileReason> Select(const std::vector<TReconcileReason>& reasons,
-                                     TMatches matches) {
-  std::vector<TReconcileReason> selected;
-  std::copy_if(reasons.begin(), reasons.end(), std::back_inserter(selected), matches);
-  return selected;
-}
-
-std::vector<TReconcileReason> ReasonsFor(const std::vector<TReconcileReason>& reasons,
-                                         const std::string& file) {
-  auto selected =
-      Select(reasons, [&](const TReconcileReason& reason) { return IsAboutFile(reason, file); });
-  if (selected.empty())
-    selected =
-        Select(reasons, [&](const TReconcileReason& reason) { return HasFileName(reason, file); });
-  return selected;
-}
-
-// The steps that did not run at all say something about every file that is not in the list.
-bool IsGate(const TReconcileReason& reason) {
-  return reason.ClassName.empty() && reason.LocalName.empty();
-}
 
 class TExplainCommand final : public ICommand {
 public:
@@ -82,16 +25,30 @@ public:
   }
   void AddOptions(IOptions& options) override {
     AddProjectArgument(options, FProject);
-    options.Text("FILE", FFile, "Local name of a file, or the name of a class or option")
-        .Required();
+    options.Text("FILE", FFile, "Local name of a file, or the name of a class or option");
+    options.Flag("--output", FOutput, "Say where the path of what a build makes comes from");
     options.Footer("The target is reconciled in memory to learn the reasons; nothing is saved.");
   }
 
   int Run(TCommandContext& context) override {
-    if (FFile.empty())
-      throw TUsageError("the name of the file is empty");
+    if (FFile.empty() != FOutput)
+      throw TUsageError("either a file or --output is wanted");
+    if (!FOutput)
+      CheckOrder("explain", FProject, {FFile});
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
-    const TExplanation explanation = Explain(context, project);
+    FChosen = ChooseTarget(context, project);
+    if (FOutput) {
+      if (FChosen.AllPlatforms)
+        throw TUsageError("\"explain\" wants one platform");
+      ExplainOutput(context, project, FChosen);
+      return exit_status::Done;
+    }
+    FTarget = {FChosen.Configuration,
+               FChosen.AllPlatforms ? std::string(deployment::sAllPlatforms) : FChosen.Platform};
+    const std::size_t told = project.Warnings().size();
+    TExplainer explainer(context.Session, project, FTarget);
+    const TExplanation explanation = explainer.Explain(FFile);
+    WarnSince(context, project, told);
     if (context.Output.IsJson())
       PrintJson(context, project, explanation);
     else
@@ -100,156 +57,124 @@ public:
   }
 
 private:
-  TExplanation Explain(TCommandContext& context, TOpenProject& project) const {
-    TExplanation explanation;
-    explanation.File = FFile;
-    explanation.Target = ChooseTarget(context, project);
-    if (explanation.Target.AllPlatforms)
-      throw TUsageError("\"explain\" wants one platform");
-    const std::size_t told = project.Warnings().size();
-    deployment::IProjectDeployment& deployment = project.Deployment();
-    const deployment::TDeploymentFiles before = deployment.GetFiles();
-    for (const auto& file : before)
-      explanation.Saved.insert(file.get());
-    TJournal journal;
-    deployment.Reconcile(explanation.Target.Configuration, explanation.Target.Platform,
-                         /*reconcileInternally=*/false, journal);
-    WarnSince(context, project, told);
-    explanation.Reasons = ReasonsFor(journal.Reasons, FFile);
-    FindEntries(deployment, explanation);
-    if (explanation.Reasons.empty() && explanation.Entries.empty())
-      explanation.Reasons = Select(journal.Reasons, IsGate);
-    return explanation;
-  }
+  std::string TargetName() const { return FTarget.Configuration + ", " + FTarget.Platform; }
 
-  static bool IsMeant(const deployment::IProjectDeploymentFile& file,
-                      const TExplanation& explanation) {
-    if (SameFileName(file.GetLocalName(), explanation.File))
-      return true;
-    return std::any_of(explanation.Reasons.begin(), explanation.Reasons.end(),
-                       [&](const TReconcileReason& reason) {
-                         return !reason.LocalName.empty() &&
-                                SameFileName(reason.LocalName, file.GetLocalName());
-                       });
-  }
-
-  // An entry of the root configuration is one of every configuration.
-  static bool IsOfTarget(const deployment::IProjectDeploymentFile& file, const TTarget& target) {
-    const std::string& configuration = file.GetConfiguration();
-    const std::vector<std::string> platforms = file.GetPlatforms();
-    const bool hasPlatform = std::any_of(platforms.begin(), platforms.end(), [&](const auto& name) {
-      return deployment::SameText(name, target.Platform) || name == deployment::FallbackPlatform ||
-             name == deployment::sAllPlatforms;
-    });
-    return hasPlatform &&
-           (configuration.empty() || configuration == deployment::BaseConfiguration ||
-            deployment::SameText(configuration, target.Configuration));
-  }
-
-  static void FindEntries(deployment::IProjectDeployment& deployment, TExplanation& explanation) {
-    for (const auto& file : deployment.GetFiles()) {
-      if (!IsMeant(*file, explanation))
-        continue;
-      (IsOfTarget(*file, explanation.Target) ? explanation.Entries : explanation.Others)
-          .push_back(file);
-    }
-  }
-
-  static void PrintText(TCommandContext& context, TOpenProject& project,
-                        const TExplanation& explanation) {
+  void PrintText(TCommandContext& context, TOpenProject& project,
+                 const TExplanation& explanation) const {
     TOutput& output = context.Output;
-    const std::string target =
-        explanation.Target.Configuration + ", " + explanation.Target.Platform;
     if (explanation.Entries.empty())
-      output.Line(Visible(explanation.File + " is not in the list for " + target));
-    for (const auto& entry : explanation.Entries)
-      PrintEntry(output, project, *entry, explanation);
-    if (explanation.Entries.empty() && explanation.Reasons.empty())
-      output.Line("  no step of a reconcile asks for it; \"deploymgr add\" puts it on the list");
-    for (const TReconcileReason& reason : explanation.Reasons) {
-      if (!IsToldAlready(reason, explanation))
-        output.Line("  " + Visible(ReasonSentence(reason) + About(reason, explanation.File)));
+      output.Line(Visible(explanation.Name + " is not in the list for " + TargetName()));
+    for (const TExplainedEntry& entry : explanation.Entries)
+      PrintEntry(output, project, entry);
+    for (const TSavedEntry& entry : explanation.Leaving)
+      output.Line("  " + Visible(entry.LocalName + " is in the project file as \"" +
+                                 entry.ClassName + "\"; a reconcile takes it out"));
+    for (const std::string& reason : explanation.Reasons)
+      output.Line("  " + Visible(reason));
+    for (const deployment::TReconcileReason& reason : explanation.Journal) {
+      if (!explanation.Entries.empty() && !IsTold(reason, explanation))
+        output.Line("  " + Visible(ReasonSentence(reason) + About(reason, explanation.Name)));
     }
-    for (const auto& entry : explanation.Others)
+    for (const auto& entry : explanation.Elsewhere)
       output.Line("  it is in the list elsewhere: " + Visible(EntryName(*entry)));
   }
 
-  static bool IsOf(const TReconcileReason& reason,
-                   const deployment::IProjectDeploymentFile& entry) {
-    return reason.LocalName == entry.GetLocalName() &&
-           deployment::SameText(reason.ClassName, entry.GetDeploymentClass());
-  }
-  static bool IsToldAlready(const TReconcileReason& reason, const TExplanation& explanation) {
-    return std::any_of(explanation.Entries.begin(), explanation.Entries.end(),
-                       [&](const auto& entry) { return IsOf(reason, *entry); });
-  }
-  static std::string About(const TReconcileReason& reason, const std::string& file) {
-    const bool isClear = reason.LocalName.empty() || SameFileName(reason.LocalName, file);
+  static std::string About(const deployment::TReconcileReason& reason, const std::string& name) {
+    const bool isClear = reason.LocalName.empty() || reason.LocalName == name;
     return isClear ? "" : " (" + reason.LocalName + ")";
   }
+  static bool IsTold(const deployment::TReconcileReason& reason, const TExplanation& explanation) {
+    return std::ranges::any_of(explanation.Entries, [&](const TExplainedEntry& entry) {
+      return std::ranges::find(entry.Reasons, ReasonSentence(reason)) != entry.Reasons.end();
+    });
+  }
 
-  static void PrintEntry(TOutput& output, TOpenProject& project,
-                         deployment::IProjectDeploymentFile& entry,
-                         const TExplanation& explanation) {
-    const std::string& platform = explanation.Target.Platform;
-    const bool isSaved = explanation.Saved.contains(&entry);
-    output.Line(output.Bold(Visible(entry.GetLocalName())) +
-                Visible((isSaved ? " is in the list for "
-                                 : " will be in the list, once it is reconciled, for ") +
-                        explanation.Target.Configuration + ", " + platform + " as \"" +
-                        entry.GetDeploymentClass() + "\""));
-    if (explanation.Reasons.empty())
-      output.Line("  no step of a reconcile asks for it: it was added by hand");
-    for (const TReconcileReason& reason : explanation.Reasons) {
-      if (IsOf(reason, entry))
-        output.Line("  " + Visible(ReasonSentence(reason)));
+  void PrintEntry(TOutput& output, TOpenProject& project, const TExplainedEntry& entry) const {
+    output.Line(output.Bold(Visible(entry.File->GetLocalName())) +
+                Visible((entry.IsSaved ? " is in the list for "
+                                       : " will be in the list, once it is reconciled, for ") +
+                        TargetName() + " as \"" + entry.File->GetDeploymentClass() + "\""));
+    for (const std::string& reason : entry.Reasons)
+      output.Line("  " + Visible(reason));
+    if (FTarget.Platform == deployment::sAllPlatforms) {
+      for (const auto& [platform, remoteFile] : entry.Landings)
+        output.Line(std::string("  lands at ")
+                        .append(Visible(remoteFile))
+                        .append(" on ")
+                        .append(Visible(platform)));
+      return;
     }
-    for (const TSourcedValue& value : SourcedValues(entry, platform, project.Deployment()))
+    const auto& [platform, remoteFile] = entry.Landings.front();
+    if (entry.File->GetDeploymentClass() == deployment::class_names::ProjectOutput)
+      PrintOutputSteps(output, project, FChosen);
+    for (const TSourcedValue& value : SourcedValues(*entry.File, platform, project.Deployment()))
       output.Line("  " + value.Name + " " +
                   Visible("\"" + value.Value + "\" (" + value.Source + ")"));
-    output.Line("  lands at " + Visible(RemoteFileName(entry, platform, project.Deployment())));
+    output.Line("  lands at " + Visible(remoteFile));
   }
 
-  static void PrintJson(TCommandContext& context, TOpenProject& project,
-                        const TExplanation& explanation) {
+  void PrintJson(TCommandContext& context, TOpenProject& project,
+                 const TExplanation& explanation) const {
     TJson entries = TJson::Array();
-    for (const auto& entry : explanation.Entries)
-      entries.Append(EntryAsJson(project, *entry, explanation));
-    TJson others = TJson::Array();
-    for (const auto& entry : explanation.Others)
-      others.Append({{"localName", entry->GetLocalName()},
-                     {"class", entry->GetDeploymentClass()},
-                     {"configuration", entry->GetConfiguration()},
-                     {"platforms", entry->GetPlatforms()}});
+    for (const TExplainedEntry& entry : explanation.Entries)
+      entries.Append(EntryAsJson(project, entry));
+    TJson leaving = TJson::Array();
+    for (const TSavedEntry& entry : explanation.Leaving)
+      leaving.Append({{"localName", entry.LocalName},
+                      {"class", entry.ClassName},
+                      {"configuration", entry.Configuration}});
+    TJson elsewhere = TJson::Array();
+    for (const auto& entry : explanation.Elsewhere)
+      elsewhere.Append({{"localName", entry->GetLocalName()},
+                        {"class", entry->GetDeploymentClass()},
+                        {"configuration", entry->GetConfiguration()},
+                        {"platforms", entry->GetPlatforms()}});
     TJson reasons = TJson::Array();
-    for (const TReconcileReason& reason : explanation.Reasons)
+    for (const deployment::TReconcileReason& reason : explanation.Journal)
       reasons.Append(ReasonAsJson(reason));
     context.Output.Document({{"project", project.GivenFileName().string()},
-                             {"file", explanation.File},
-                             {"platform", explanation.Target.Platform},
-                             {"configuration", explanation.Target.Configuration},
+                             {"file", explanation.Name},
+                             {"platform", FTarget.Platform},
+                             {"configuration", FTarget.Configuration},
                              {"listed", !explanation.Entries.empty()},
                              {"entries", entries},
-                             {"elsewhere", others},
-                             {"reasons", reasons}});
+                             {"leaving", leaving},
+                             {"elsewhere", elsewhere},
+                             {"reasons", reasons},
+                             {"because", explanation.Reasons}});
   }
 
-  static TJson EntryAsJson(TOpenProject& project, deployment::IProjectDeploymentFile& entry,
-                           const TExplanation& explanation) {
-    const std::string& platform = explanation.Target.Platform;
-    TJson values = TJson::Object();
-    for (const TSourcedValue& value : SourcedValues(entry, platform, project.Deployment()))
-      values.Add(value.Name, {{"value", value.Value}, {"source", value.Source}});
-    return {{"localName", entry.GetLocalName()},
-            {"class", entry.GetDeploymentClass()},
-            {"configuration", entry.GetConfiguration()},
-            {"saved", explanation.Saved.contains(&entry)},
-            {"values", values},
-            {"remoteFile", RemoteFileName(entry, platform, project.Deployment())}};
+  TJson EntryAsJson(TOpenProject& project, const TExplainedEntry& entry) const {
+    deployment::IProjectDeploymentFile& file = *entry.File;
+    TJson document = {{"localName", file.GetLocalName()},
+                      {"class", file.GetDeploymentClass()},
+                      {"configuration", file.GetConfiguration()},
+                      {"condition", file.GetCondition()},
+                      {"saved", entry.IsSaved},
+                      {"deployed", entry.IsDeployed},
+                      {"localFile", entry.LocalFile},
+                      {"exists", entry.IsThere},
+                      {"because", entry.Reasons}};
+    if (FTarget.Platform != deployment::sAllPlatforms) {
+      const auto& [platform, remoteFile] = entry.Landings.front();
+      TJson values = TJson::Object();
+      for (const TSourcedValue& value : SourcedValues(file, platform, project.Deployment()))
+        values.Add(value.Name, TJson{{"value", value.Value}, {"source", value.Source}});
+      document.Add("values", values);
+      document.Add("remoteFile", remoteFile);
+    }
+    TJson remoteFiles = TJson::Object();
+    for (const auto& [platform, remoteFile] : entry.Landings)
+      remoteFiles.Add(platform, remoteFile);
+    document.Add("remoteFiles", remoteFiles);
+    return document;
   }
 
   std::string FProject;
   std::string FFile;
+  TTarget FChosen;
+  deployment::TDeploymentTarget FTarget; ///< the same as the list knows it
+  bool FOutput = false;
 };
 
 } // namespace

@@ -12,42 +12,31 @@ public:
   std::string Summary() const override { return "Write <project>.deployproj for builds"; }
   void AddOptions(IOptions& options) override {
     AddProjectArgument(options, FProject);
-    options.Flag("--dry-run", FDryRun, "Say what would be written; write nothing");
-    options.Flag("--yes", FYes, "Answer every question with yes (an export asks none)");
+    options.Flag("--dry-run", FChange.DryRun, "Say what would be written; write nothing");
+    AddCheckOption(options, FChange);
+    options.Flag("--yes", FChange.Yes, "Answer every question with yes (an export asks none)");
   }
 
   int Run(TCommandContext& context) override {
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
     WarnOfTarget(context, &project, "the side file holds every target");
-    TSaveReport report;
-    if (FDryRun)
-      report.SideFile = std::filesystem::path(FProject).replace_extension(".deployproj");
-    else
-      report = Export(context, project);
+    const std::size_t told = project.Warnings().size();
+    const TSaveReport report = FChange.IsDry() ? project.PlanExport() : project.Export();
+    WarnSince(context, project, told);
     const std::string file = report.SideFile.string();
     if (context.Output.IsJson())
-      context.Output.Document({{"project", FProject},
+      context.Output.Document({{"project", project.GivenFileName().string()},
                                {"sideFile", file},
                                {"changed", report.SideFileWritten},
-                               {"dryRun", FDryRun}});
-    context.Output.Line((FDryRun                  ? "would write "
-                         : report.SideFileWritten ? "wrote "
-                                                  : "up to date: ") +
-                        Visible(file));
-    return exit_status::Done;
+                               {"dryRun", FChange.IsDry()}});
+    const std::string done = FChange.IsDry() ? "would write " : "wrote ";
+    context.Output.Line((report.SideFileWritten ? done : "up to date: ") + Visible(file));
+    return StatusOf(FChange, report.SideFileWritten);
   }
 
 private:
-  static TSaveReport Export(TCommandContext& context, TOpenProject& project) {
-    const std::size_t told = project.Warnings().size();
-    TSaveReport report = project.Export();
-    WarnSince(context, project, told);
-    return report;
-  }
-
   std::string FProject;
-  bool FDryRun = false;
-  bool FYes = false;
+  TChangeOptions FChange;
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 // deploymgr featured: the catalog of optional files, and what a project takes from it.
 #include "package/common/case_fold.h"
 #include "package/common/delimited_list.h"
+#include "package/common/text_trim.h"
 #include "package/host/api/forms.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
@@ -147,7 +148,8 @@ public:
 private:
   // People leave out the dot.
   std::string Extension() const {
-    return FExtension.empty() || FExtension.front() == '.' ? FExtension : "." + FExtension;
+    const std::string extension(deployment::Trimmed(FExtension));
+    return extension.empty() || extension.front() == '.' ? extension : "." + extension;
   }
 
   std::shared_ptr<const IFeatureFileForm> Form(TCommandContext& context,
@@ -192,6 +194,8 @@ private:
     context.Session.SetModalForms(nullptr);
     const TTargetChanges changes = list.Finish().front();
     const bool changed = !changes.IsEmpty() || project.HasPropertyChanges();
+    if (changed)
+      project.RequireShippedFiles();
     if (changed && !FChange.DryRun) {
       const std::size_t told = project.Warnings().size();
       project.Save(FChange.ForceSave);

@@ -1,9 +1,12 @@
 // deploymgr list and deploymgr status: the rows of the Deployment Manager.
+#include "package/host/api/file_columns.h"
 #include "package/host/api/platforms.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/cli/view/deployment_view.h"
+#include "workbench/cli/view/target_status.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/text/utf8.h"
 
@@ -14,12 +17,8 @@
 namespace workbench {
 namespace {
 
-// Titles of the texts of a row, in their order.
-constexpr std::array<const char*, 10> Titles{
-    "Local Path",  "Local Name",  "Type",          "Configuration", "Platforms",
-    "Remote Path", "Remote Name", "Remote Status", "Local Status",  "Overwrite"};
-
-using TWidths = std::array<std::size_t, Titles.size()>;
+using deployment::FileColumns;
+using TWidths = std::array<std::size_t, FileColumns.size()>;
 
 class TListCommand final : public ICommand {
 public:
@@ -44,19 +43,29 @@ public:
     if (connect && target.AllPlatforms)
       throw TUsageError("one platform is wanted to connect to");
     if (connect)
-      context.Session.RemoteProfiles().PrepareConnection(project.Project(), target.Platform);
+      context.Session.RemoteProfiles().Destinations().Prepare(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
-    view.Open(project, target);
     if (connect)
-      view.Connect();
-    Sort(view);
-    WarnSince(context, project, told);
-    if (context.Output.IsJson())
-      PrintJson(context, project, target, connect, view.Rows());
+      view.OpenConnected(project, target);
     else
-      PrintText(context, view.Rows());
-    return exit_status::Done;
+      view.Open(project, target);
+    Sort(view);
+    WarnOfNothingBuilt(context, project, target);
+    WarnSince(context, project, told);
+    const TTargetStatus status =
+        FConnects ? AskTarget(context, project, target) : TTargetStatus(TDeployReport());
+    std::vector<std::string> lost = context.Interaction.LostConnections();
+    if (lost.empty() && status.Report().End == TDeployEnd::NoConnection)
+      lost.push_back(status.Report().Message);
+    if (context.Output.IsJson())
+      PrintJson(context, project, target, connect && lost.empty(), view.Rows(), status);
+    else
+      PrintText(context, view.Rows(), status);
+    // What was not answered stands as unknown in the rows.
+    for (const std::string& reason : lost)
+      context.Output.Complain(reason);
+    return lost.empty() ? exit_status::Done : exit_status::NoConnection;
   }
 
 private:
@@ -74,31 +83,54 @@ private:
     view.Sort(key, descending);
   }
 
-  static void PrintJson(TCommandContext& context, const TOpenProject& project,
-                        const TTarget& target, bool connected, const std::vector<TViewRow>& rows) {
+  // A plan that is not carried out knows every state.
+  TTargetStatus AskTarget(TCommandContext& context, TOpenProject& project,
+                          const TTarget& target) const {
+    TSilentObserver nobody;
+    TTargetStatus status(context.Session.RemoteProfiles().Deploys().Deploy(
+        {.Project = project.Project(),
+         .Target = {target.Configuration, target.Platform},
+         .Options = {.DryRun = true, .SkipMissing = true}},
+        nobody));
+    for (const std::string& warning : status.Report().Warnings)
+      context.Output.Warn({warning, FProject, 0});
+    for (const std::string& problem : status.Report().Problems)
+      context.Output.Warn({problem, FProject, 0});
+    return status;
+  }
+
+  void PrintJson(TCommandContext& context, const TOpenProject& project, const TTarget& target,
+                 bool connected, const std::vector<TViewRow>& rows,
+                 const TTargetStatus& status) const {
     TJson list = TJson::Array();
-    const std::vector<std::string>& keys = TDeploymentView::RowKeys();
     for (const TViewRow& row : rows) {
       TJson entry = TJson::Object();
-      for (std::size_t i = 0; i < keys.size(); ++i)
-        entry.Add(keys[i], row.Texts[i]);
+      for (std::size_t i = 0; i < FileColumns.size(); ++i)
+        entry.Add(std::string(FileColumns[i].Key), row.Texts[i]);
       entry.Add("checked", row.Checked);
       entry.Add("dimmed", row.Dimmed);
+      if (FConnects)
+        status.AddState(row, entry);
       list.Append(std::move(entry));
     }
-    context.Output.Document(
-        {{"project", project.GivenFileName().string()},
-         {"platform",
-          target.AllPlatforms ? std::string(deployment::sAllPlatforms) : target.Platform},
-         {"configuration", target.Configuration},
-         {"connected", connected},
-         {"rows", std::move(list)}});
+    TJson document = {{"project", project.GivenFileName().string()},
+                      {"platform", target.AllPlatforms ? std::string(deployment::sAllPlatforms)
+                                                       : target.Platform},
+                      {"configuration", target.Configuration},
+                      {"connected", connected},
+                      {"rows", std::move(list)}};
+    if (FConnects)
+      status.AddTarget(document);
+    context.Output.Document(document);
   }
 
   // The titles are for people; scripts get one line for each file and nothing else.
-  static void PrintText(TCommandContext& context, const std::vector<TViewRow>& rows) {
+  void PrintText(TCommandContext& context, const std::vector<TViewRow>& rows,
+                 const TTargetStatus& status) const {
     TOutput& output = context.Output;
-    std::vector<std::string> titles(Titles.begin(), Titles.end());
+    std::vector<std::string> titles;
+    for (const deployment::TFileColumn& column : FileColumns)
+      titles.emplace_back(column.Title);
     TWidths widths{};
     if (output.IsTerminal())
       Widen(widths, titles);
@@ -115,6 +147,10 @@ private:
     for (std::size_t i = 0; i < lines.size(); ++i) {
       const std::string line = (rows[i].Checked ? "[x] " : "[ ] ") + Padded(lines[i], widths);
       output.Line(rows[i].Dimmed ? output.Dim(line) : line);
+    }
+    if (FConnects && output.IsTerminal()) {
+      for (const std::string& line : status.Summary())
+        output.Line(line);
     }
   }
 

@@ -1,7 +1,10 @@
 // deploymgr new: writes a project.
+#include "package/common/application_type.h"
 #include "package/common/delimited_list.h"
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/new_from_build.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/name_hint.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/text_check.h"
 #include "workbench/cli/entries/project_text.h"
@@ -33,13 +36,25 @@ public:
   std::string Summary() const override { return "Write a new project"; }
 
   void AddOptions(IOptions& options) override {
+    const auto notFromBuild = [this](IOption& option) {
+      FNotFromBuild.push_back(&option.ShowDefault());
+    };
     AddProjectArgument(options, FProject);
-    options.Text("--type", FValues.ApplicationType, "Kind of program").ShowDefault();
-    options.Text("--personality", FValues.Personality, "Language personality").ShowDefault();
-    options.Text("--framework", FValues.Framework, "Framework of the user interface").ShowDefault();
-    options.Text("--platforms", FPlatforms, "Target platforms, with commas").ShowDefault();
-    options.Text("--configs", FConfigurations, "Configurations besides Base, with commas")
-        .ShowDefault();
+    notFromBuild(options.Text("--type", FValues.ApplicationType, "Kind of program"));
+    notFromBuild(options.Text("--personality", FValues.Personality, "Language personality"));
+    notFromBuild(options.Text("--framework", FValues.Framework, "Framework of the user interface"));
+    notFromBuild(options.Text("--platforms", FPlatforms, "Target platforms, with commas"));
+    notFromBuild(
+        options.Text("--configs", FConfigurations, "Configurations besides Base, with commas"));
+    FFromBuild = &options
+                      .Text("--from-build", FBuild,
+                            "Build directory of CMake or Meson: its install rules make the list of "
+                            "platform -p")
+                      .ValueName("DIR");
+    options
+        .Texts("--component", FComponents,
+               "Take the install rules of this component (repeatable); without it, of all")
+        .ValueName("NAME");
     options.Flag("--dry-run", FDryRun, "Say what would be written; write nothing");
     options.Flag("--yes", FYes, "Answer every question with yes (a new project asks none)");
   }
@@ -54,6 +69,13 @@ public:
     std::filesystem::path file = FProject;
     if (!file.has_extension())
       file += ".vproj";
+    context.Session.CheckInstallation();
+    if (FFromBuild->IsGiven()) {
+      NewFromBuild(context, file, BuildValues(context), {FBuild, FComponents}, FDryRun);
+      return exit_status::Done;
+    }
+    if (!FComponents.empty())
+      throw TUsageError("--component goes with --from-build");
     ReadNames(context);
     if (FDryRun && std::filesystem::exists(file))
       throw TSaveError("\"" + file.string() + "\" exists already; nothing would be written", file);
@@ -69,6 +91,32 @@ public:
   }
 
 private:
+  // What a project from a build is made of besides its install rules.
+  TProjectValues BuildValues(TCommandContext& context) const {
+    if (FBuild.empty())
+      throw TUsageError("the name of the build directory is empty");
+    for (const IOption* option : FNotFromBuild) {
+      if (option->IsGiven())
+        throw TUsageError(option->Name() + " does not go with --from-build, which names it itself");
+    }
+    const std::string& platform = context.Options.Platform;
+    if (platform.empty())
+      throw TUsageError("--from-build wants the platform that the build is for: -p NAME");
+    CheckPlatform(context, nullptr, platform);
+    if (platform == AllPlatformsArgument)
+      throw TUsageError("a build is for one platform, not for all");
+    for (const std::string& component : FComponents)
+      CheckStorable("--component", component);
+    TProjectValues values;
+    values.ApplicationType = "Utility";
+    values.Personality = "Build.Personality";
+    values.Framework = "None";
+    values.Platforms = {platform};
+    values.ActivePlatform = platform;
+    values.ActiveConfiguration = context.Options.Configuration;
+    return values;
+  }
+
   // The common options choose what is active in the new project.
   void ReadNames(TCommandContext& context) {
     FValues.Platforms = NamesIn("--platforms", FPlatforms);
@@ -78,12 +126,20 @@ private:
     std::erase(FValues.Configurations, std::string(deployment::BaseConfiguration));
     for (const std::string& configuration : FValues.Configurations)
       CheckName("configuration", configuration);
-    CheckName("application type", FValues.ApplicationType);
+    CheckType();
     CheckName("personality", FValues.Personality);
     CheckName("framework", FValues.Framework);
     FValues.ActivePlatform = Chosen("--platform", context.Options.Platform, FValues.Platforms);
     FValues.ActiveConfiguration =
         Chosen("--config", context.Options.Configuration, FValues.Configurations);
+  }
+
+  void CheckType() const {
+    const std::vector<std::string> known = deployment::ApplicationTypes();
+    if (std::find(known.begin(), known.end(), FValues.ApplicationType) == known.end())
+      throw TUsageError("there is no kind of program \"" + FValues.ApplicationType +
+                        "\"; known are: " + deployment::JoinDelimited(known, ", ") +
+                        HintAt(FValues.ApplicationType, known));
   }
 
   static std::string Chosen(const std::string& option, const std::string& name,
@@ -99,6 +155,10 @@ private:
   std::string FPlatforms = "Win32";
   std::string FConfigurations = "Debug,Release";
   TProjectValues FValues;
+  std::string FBuild;
+  std::vector<std::string> FComponents;
+  const IOption* FFromBuild = nullptr;
+  std::vector<const IOption*> FNotFromBuild; // what the build says, or what would not fit it
   bool FDryRun = false;
   bool FYes = false;
 };

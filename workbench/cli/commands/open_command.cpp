@@ -1,6 +1,7 @@
 // deploymgr open: starts the window.
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/project_argument.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/machine_path.h"
@@ -41,10 +42,11 @@ public:
 
 private:
   // What the window would refuse is said here, where the command was given.
-  void CheckProject(TCommandContext& context) const {
-    TOpenProject& project = context.Session.Open(FProject, TOpenPurpose::Look);
+  void CheckProject(TCommandContext& context) {
+    FProject = FindProject(FProject).string();
+    TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
     project.Deployment();
-    CheckPlatformOption(context, &project);
+    CheckTargetOptions(context, &project);
     context.Session.Close(project);
   }
 

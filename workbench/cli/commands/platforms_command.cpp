@@ -47,7 +47,7 @@ public:
     WarnOfConfiguration(context, "platforms have no configuration");
     const TOpenProject* project =
         FProject.empty() ? nullptr : &OpenProject(context, FProject, TOpenPurpose::Look);
-    CheckPlatformOption(context, project);
+    CheckTargetOptions(context, project);
     TJson list = TJson::Array();
     for (const TFacts& facts : Chosen(context, project)) {
       list.Append(FactsAsJson(*facts));

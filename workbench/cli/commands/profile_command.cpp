@@ -31,6 +31,8 @@ public:
         &options.Flag("--default", FProfile.IsDefault, "Make it the platform's default profile"),
         &options.Flag("--allow-outside", FProfile.AllowOutside,
                       "Allow directories beyond the path"),
+        &options.Flag("--stateless", FProfile.Stateless,
+                      "Leave no record of deploys on the target"),
     };
     FSshOptions = {
         &options.Text("--host", FProfile.Host, "ssh: name or address of the machine"),
@@ -50,7 +52,7 @@ public:
 
   int Run(TCommandContext& context) override {
     CheckArguments();
-    CheckPlatformOption(context, nullptr);
+    CheckTargetOptions(context, nullptr);
     if (FAction == "list")
       List(context);
     else if (FAction == "add")
@@ -58,7 +60,7 @@ public:
     else if (FAction == "remove")
       Remove(context);
     else if (FAction == "test")
-      Test(context);
+      return Test(context);
     else
       Assign(context);
     return exit_status::Done;
@@ -163,16 +165,23 @@ private:
     Say(context, "removed");
   }
 
-  void Test(TCommandContext& context) const {
+  int Test(TCommandContext& context) const {
     Require(context, FName);
     TRemoteProfileServices& services = context.Session.RemoteProfiles();
     std::string message;
     if (!services.Connect(*services.FindProfile(FName), message))
       throw TExitError(exit_status::NoConnection,
                        "the profile \"" + FName + "\" has no connection: " + message);
+    const std::string problem =
+        services.Destinations().WriteProblem(*services.Profiles().Find(FName));
     if (context.Output.IsJson())
-      context.Output.Document({{"profile", FName}, {"connected", true}});
+      context.Output.Document(
+          {{"profile", FName}, {"connected", true}, {"writable", problem.empty()}});
     context.Output.Line("connected: " + Visible(FName));
+    if (problem.empty())
+      return exit_status::Done;
+    context.Output.Complain("the path of the profile cannot be written: " + problem);
+    return exit_status::WorkFailed;
   }
 
   void Assign(TCommandContext& context) const {

@@ -4,7 +4,6 @@
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/entries/list_changes.h"
-#include "workbench/platforms/platform_table.h"
 #include "workbench/project/project_settings.h"
 
 #include <algorithm>
@@ -19,21 +18,20 @@ struct TReconciledTarget {
   std::string Platform;
   std::string Configuration;
   TReconcileResult Result = TReconcileResult::Reconciled;
+  std::string Nothing = {}; // why a build of the target makes nothing to deploy
   TTargetChanges Changes = {};
 };
 
 // A target without debug symbols takes those of every target out of the list. So the targets that
 // have some come last, which leaves nothing out that one of them wants.
-std::vector<TReconciledTarget*> InOrderOfRun(TCommandContext& context, TOpenProject& project,
+std::vector<TReconciledTarget*> InOrderOfRun(const TOpenProject& project,
                                              std::vector<TReconciledTarget>& targets) {
-  const std::string personality = project.Settings().Personality();
   std::vector<TReconciledTarget*> order;
   order.reserve(targets.size());
   for (TReconciledTarget& target : targets)
     order.push_back(&target);
   std::stable_partition(order.begin(), order.end(), [&](const TReconciledTarget* target) {
-    const TPlatform* platform = context.Session.Platforms().FindPlatform(target->Platform);
-    return !platform || platform->SymbolExtension(personality).empty() ||
+    return project.Settings().SymbolExtension(target->Platform).empty() ||
            !project.Settings().HasRemoteDebugSymbols(target->Configuration, target->Platform);
   });
   return order;
@@ -62,24 +60,24 @@ public:
     options.Flag("--all", FAll, "Every platform of every configuration, not one target");
     options.Flag("--internal", FInternal, "Take the list of runtime packages for empty");
     AddChangeOptions(options, FChange);
+    AddCheckOption(options, FChange);
   }
 
   int Run(TCommandContext& context) override {
-    TOpenProject& project =
-        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    TOpenProject& project = OpenProject(context, FProject, FChange.Purpose());
     std::vector<TReconciledTarget> targets = Targets(context, project);
     TAskingForms forms(context.Output);
-    if (context.Output.CanAsk() && !FChange.Yes && !FChange.DryRun)
+    if (context.Output.CanAsk() && !FChange.Yes && !FChange.IsDry())
       context.Session.SetModalForms(&forms);
     Reconcile(context, project, targets);
     context.Session.SetModalForms(nullptr);
-    SaveIfChanged(context, project, targets);
-    Report(context, targets);
+    const bool changed = SaveIfChanged(context, project, targets);
+    Report(context, project, targets);
     const bool noneDone =
         !targets.empty() && std::all_of(targets.begin(), targets.end(), [](const auto& target) {
           return target.Result == TReconcileResult::CannotReconcile;
         });
-    return noneDone ? exit_status::CannotReconcile : exit_status::Done;
+    return noneDone ? exit_status::CannotReconcile : StatusOf(FChange, changed);
   }
 
 private:
@@ -104,34 +102,42 @@ private:
   void Reconcile(TCommandContext& context, TOpenProject& project,
                  std::vector<TReconciledTarget>& targets) const {
     const std::size_t told = project.Warnings().size();
-    const std::vector<TReconciledTarget*> order = InOrderOfRun(context, project, targets);
+    const std::vector<TReconciledTarget*> order = InOrderOfRun(project, targets);
     TListChanges changes(project.Deployment());
     for (TReconciledTarget* target : order) {
       changes.StartTarget();
       target->Result =
           project.Deployment().Reconcile(target->Configuration, target->Platform, FInternal);
+      target->Nothing =
+          project.Project().GetNothingToDeploy(target->Configuration, target->Platform);
     }
     std::vector<TTargetChanges> changed = changes.Finish();
     for (std::size_t i = 0; i < order.size(); ++i)
       order[i]->Changes = std::move(changed[i]);
     WarnSince(context, project, told);
-    WarnOfLost(context, FProject, changes.Lost());
+    WarnOfLost(context, project.GivenFileName().string(), changes.Lost());
   }
 
-  void SaveIfChanged(TCommandContext& context, TOpenProject& project,
+  // True when something changed, or would.
+  bool SaveIfChanged(TCommandContext& context, TOpenProject& project,
                      const std::vector<TReconciledTarget>& targets) const {
     // An answer about optional files is recorded in a property of the project.
     const bool same = !project.HasPropertyChanges() &&
                       std::all_of(targets.begin(), targets.end(),
                                   [](const auto& target) { return target.Changes.IsEmpty(); });
-    if (same || FChange.DryRun)
-      return;
+    if (same)
+      return false;
+    project.RequireShippedFiles();
+    if (FChange.IsDry())
+      return true;
     const std::size_t told = project.Warnings().size();
     project.Save(FChange.ForceSave);
     WarnSince(context, project, told);
+    return true;
   }
 
-  void Report(TCommandContext& context, const std::vector<TReconciledTarget>& targets) const {
+  void Report(TCommandContext& context, const TOpenProject& project,
+              const std::vector<TReconciledTarget>& targets) const {
     TJson results = TJson::Array();
     bool nothing = true;
     for (const TReconciledTarget& target : targets) {
@@ -142,8 +148,10 @@ private:
       results.Append(std::move(result));
       const std::string name = target.Configuration + ", " + target.Platform;
       if (target.Result == TReconcileResult::CannotReconcile)
-        context.Output.Warn({"the project cannot be reconciled for " + name, FProject, 0});
-      PrintChanges(context.Output, target.Changes, FChange.DryRun);
+        context.Output.Warn({target.Nothing.empty() ? "the project cannot be reconciled for " + name
+                                                    : target.Nothing,
+                             project.GivenFileName().string(), 0});
+      PrintChanges(context.Output, target.Changes, FChange.IsDry());
       nothing = nothing && target.Changes.IsEmpty();
     }
     if (context.Output.IsJson())

@@ -2,8 +2,10 @@
 #include "package/common/delimited_list.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/project_argument.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/entries/change_report.h"
+#include "workbench/cli/entries/entry_filter.h"
 #include "workbench/cli/entries/entry_lookup.h"
 
 namespace workbench {
@@ -22,9 +24,9 @@ public:
   }
 
   int Run(TCommandContext& context) override {
-    TOpenProject& project =
-        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
-    CheckPlatformOption(context, &project);
+    CheckOrder("remove", FProject, FFiles);
+    TOpenProject& project = OpenProject(context, FProject, FChange.Purpose());
+    CheckFilterOptions(context, project);
     deployment::IProjectDeployment& deployment = project.Deployment();
     const TEntryLookup lookup(deployment.GetFiles(), context.Options, TPlatformNarrowing::Always);
     const deployment::TDeploymentFiles files = lookup.FindAll(FFiles);

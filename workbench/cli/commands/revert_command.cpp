@@ -27,8 +27,8 @@ public:
   }
 
   int Run(TCommandContext& context) override {
-    TOpenProject& project =
-        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    TOpenProject& project = OpenProject(context, FProject, FChange.Purpose());
+    context.Session.RequireDefaults();
     WarnOfConfiguration(context, "a revert is for all configurations");
     const std::vector<std::string> platforms = Platforms(context, project);
     deployment::IProjectDeployment& deployment = project.Deployment();
@@ -41,15 +41,18 @@ public:
     WarnSince(context, project, told);
     if (classesChanged)
       project.MarkChanged();
-    if ((classesChanged || !changes.IsEmpty()) && !FChange.DryRun)
+    const bool changed = classesChanged || !changes.IsEmpty();
+    if (changed)
+      project.RequireShippedFiles();
+    if (changed && !FChange.IsDry())
       Save(context, project);
-    Report(context, platforms, changes, classesChanged);
+    Report(context, project, platforms, changes, classesChanged);
     return exit_status::Done;
   }
 
 private:
   std::vector<std::string> Platforms(TCommandContext& context, TOpenProject& project) const {
-    CheckPlatformOption(context, &project);
+    CheckTargetOptions(context, &project);
     const std::string& chosen = context.Options.Platform;
     if (!FAllPlatforms && chosen != AllPlatformsArgument)
       return {chosen.empty() ? project.Settings().ActivePlatform() : chosen};
@@ -82,11 +85,12 @@ private:
     WarnSince(context, project, told);
   }
 
-  void Report(TCommandContext& context, const std::vector<std::string>& platforms,
-              const TTargetChanges& changes, bool classesChanged) const {
+  void Report(TCommandContext& context, const TOpenProject& project,
+              const std::vector<std::string>& platforms, const TTargetChanges& changes,
+              bool classesChanged) const {
     const bool changed = classesChanged || !changes.IsEmpty();
     if (context.Output.IsJson()) {
-      TJson document = {{"project", FProject},
+      TJson document = {{"project", project.GivenFileName().string()},
                         {"changed", changed},
                         {"dryRun", FChange.DryRun},
                         {"platforms", platforms},
@@ -95,10 +99,10 @@ private:
       context.Output.Document(document);
       return;
     }
-    PrintChanges(context.Output, changes, FChange.DryRun);
+    PrintChanges(context.Output, changes, FChange.IsDry());
     if (classesChanged)
-      context.Output.Line(FChange.DryRun ? "would read the default classes again"
-                                         : "read the default classes again");
+      context.Output.Line(FChange.IsDry() ? "would read the default classes again"
+                                          : "read the default classes again");
     if (!changed)
       context.Output.Line("nothing to do");
   }

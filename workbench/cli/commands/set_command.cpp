@@ -4,6 +4,7 @@
 #include "package/common/delimited_list.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/project_argument.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/text_check.h"
 #include "workbench/cli/entries/change_report.h"
@@ -55,6 +56,12 @@ public:
     FOperationOption =
         &options.Text("--operation", FOperation, "What is done on the target: 0 to 6, or its name");
     FConditionOption = &options.Text("--condition", FCondition, "MSBuild condition");
+    FLocalCommandOption =
+        &options.Text("--local-command", FLocalCommand,
+                      "Command to run here before the file is copied; empty for none");
+    FRemoteCommandOption =
+        &options.Text("--remote-command", FRemoteCommand,
+                      "Command to run on the target when the file is there; empty for none");
     options.Texts("--add-platform", FEdit.AddPlatforms, "Deploy to this platform too");
     options.Texts("--remove-platform", FEdit.RemovePlatforms, "Deploy to this platform no more");
     AddChangeOptions(options, FChange);
@@ -63,11 +70,11 @@ public:
 
   int Run(TCommandContext& context) override {
     ReadEdit();
-    TOpenProject& project =
-        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    CheckOrder("set", FProject, FFiles);
+    TOpenProject& project = OpenProject(context, FProject, FChange.Purpose());
     for (const std::string& platform : FEdit.AddPlatforms)
       CheckPlatform(context, &project, platform);
-    CheckPlatformOption(context, &project);
+    CheckTargetOptions(context, &project);
     const TEntryLookup lookup(project.Deployment().GetFiles(), context.Options,
                               TPlatformNarrowing::WhenSeveral);
     const deployment::TDeploymentFiles files = lookup.FindAll(FFiles);
@@ -100,11 +107,17 @@ private:
       FEdit.Operation = OperationOf(FOperation);
     if (FConditionOption->IsGiven())
       FEdit.Condition = FCondition;
+    if (FLocalCommandOption->IsGiven())
+      FEdit.LocalCommand = FLocalCommand;
+    if (FRemoteCommandOption->IsGiven())
+      FEdit.RemoteCommand = FRemoteCommand;
     if (FEdit.IsEmpty())
       throw TUsageError("nothing is given to be set; see \"deploymgr set --help\"");
     CheckStorable("--remote-dir", FRemoteDir);
     CheckStorable("--remote-name", FRemoteName);
     CheckStorable("--condition", FCondition);
+    CheckStorable("--local-command", FLocalCommand);
+    CheckStorable("--remote-command", FRemoteCommand);
     for (const std::string& platform : FEdit.AddPlatforms) {
       if (std::ranges::count(FEdit.RemovePlatforms, platform) > 0)
         throw TUsageError("platform \"" + platform + "\" is to be added and removed at once");
@@ -139,10 +152,12 @@ private:
 
   std::string FProject;
   std::vector<std::string> FFiles;
-  std::string FEnabled, FOverwrite, FRequired, FRemoteDir, FRemoteName, FOperation, FCondition;
+  std::string FEnabled, FOverwrite, FRequired, FRemoteDir, FRemoteName, FOperation, FCondition,
+      FLocalCommand, FRemoteCommand;
   IOption *FEnabledOption = nullptr, *FOverwriteOption = nullptr, *FRequiredOption = nullptr,
           *FRemoteDirOption = nullptr, *FRemoteNameOption = nullptr, *FOperationOption = nullptr,
-          *FConditionOption = nullptr;
+          *FConditionOption = nullptr, *FLocalCommandOption = nullptr,
+          *FRemoteCommandOption = nullptr;
   TEntryEdit FEdit;
   TChangeOptions FChange;
 };

@@ -1,7 +1,12 @@
 // deploymgr settings: the user's settings.
+#include "package/common/delimited_list.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/name_hint.h"
+#include "workbench/cli/context/options.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/platforms/platform_table.h"
+#include "workbench/settings/known_settings.h"
 #include "workbench/settings/settings_store.h"
 
 namespace workbench {
@@ -19,12 +24,15 @@ public:
     FValueOption = &options.Text("VALUE", FValue, "The new value");
     options.Flag("--dry-run", FDryRun, "Say what would change; change nothing");
     options.Flag("--yes", FYes, "Answer every question with yes (settings ask none)");
+    options.Footer("The settings are " + deployment::JoinDelimited(KnownSettings(), ", ") + ".");
   }
 
   int Run(TCommandContext& context) override {
     CheckArguments();
     WarnOfTarget(context, nullptr, "settings are of no target");
     TSettings& settings = context.Session.Settings();
+    if (FAction != "list")
+      CheckKey(context, settings);
     if (FAction == "list")
       List(context, settings);
     else if (FAction == "get")
@@ -43,6 +51,22 @@ private:
     if ((FAction == "set") != FValueOption->IsGiven())
       throw TUsageError(FAction == "set" ? std::string("settings set needs a value")
                                          : "settings " + FAction + " takes no value");
+  }
+
+  // A key that nobody reads is a slip, unless an earlier version wrote it.
+  void CheckKey(TCommandContext& context, const TSettings& settings) const {
+    const std::vector<std::string> platforms = context.Session.Platforms().Names();
+    const bool mayBeOld = FAction != "set" && settings.Get(FKey);
+    if (const auto problem = ProblemOfKey(FKey, platforms); problem && !mayBeOld) {
+      const std::string hint = HintAt(FKey, SettingNames(platforms));
+      throw TUsageError(*problem + (hint.empty() ? "; known are: " + deployment::JoinDelimited(
+                                                                         KnownSettings(), ", ")
+                                                 : hint));
+    }
+    if (FAction != "set")
+      return;
+    if (const auto problem = ProblemOfValue(FKey, FValue, platforms))
+      throw TUsageError(*problem);
   }
 
   static void List(TCommandContext& context, const TSettings& settings) {

@@ -6,6 +6,9 @@
 #include "workbench/cli/entries/entry_filter.h"
 #include "workbench/cli/entries/entry_json.h"
 #include "workbench/cli/entries/entry_text.h"
+#include "workbench/project/project_settings.h"
+
+#include <algorithm>
 
 namespace workbench {
 namespace {
@@ -18,7 +21,7 @@ public:
 
   int Run(TCommandContext& context) override {
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
-    CheckPlatformOption(context, &project);
+    CheckFilterOptions(context, project);
     if (context.Output.IsJson())
       ShowJson(context, project);
     else
@@ -55,9 +58,33 @@ private:
     for (const auto& root : project.Deployment().GetProjectRoots())
       output.Line("root of " + Visible(root.Key) + ": " +
                   (root.Value.empty() ? "(none)" : Visible(root.Value)));
-    const auto classes = project.Deployment().GetClasses();
-    for (const auto& deploymentClass : classes)
-      output.Line("class " + ClassLine(*deploymentClass, output));
+    ShowClasses(context, project);
+  }
+
+  // Classes of platforms that the project is not for are many, and say nothing about it.
+  static void ShowClasses(TCommandContext& context, TOpenProject& project) {
+    TOutput& output = context.Output;
+    std::size_t others = 0;
+    for (const auto& deploymentClass : project.Deployment().GetClasses()) {
+      if (IsOfProject(*deploymentClass, context, project))
+        output.Line("class " + ClassLine(*deploymentClass, output));
+      else
+        ++others;
+    }
+    if (others > 0 && output.IsTerminal())
+      output.Line(output.Dim(std::to_string(others) +
+                             " classes of other platforms; \"deploymgr classes\" shows them"));
+  }
+
+  static bool IsOfProject(const deployment::IProjectDeploymentClass& deploymentClass,
+                          const TCommandContext& context, const TOpenProject& project) {
+    const std::string& chosen = context.Options.Platform;
+    const bool isChosen = !chosen.empty() && chosen != AllPlatformsArgument;
+    const std::vector<std::string> platforms = deploymentClass.GetPlatforms();
+    return std::ranges::any_of(platforms, [&](const std::string& platform) {
+      return platform == deployment::FallbackPlatform ||
+             (isChosen ? platform == chosen : project.Settings().FindPlatform(platform) != nullptr);
+    });
   }
 
   std::string FProject;

@@ -14,13 +14,15 @@ public:
   void AddOptions(IOptions& options) override {
     AddProjectArgument(options, FProject);
     AddChangeOptions(options, FChange);
+    AddCheckOption(options, FChange);
   }
 
   int Run(TCommandContext& context) override {
-    TOpenProject& project =
-        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    TOpenProject& project = OpenProject(context, FProject, FChange.Purpose());
     WarnOfTarget(context, &project, "an upgrade is of the whole list");
     const bool hadList = !project.Deployment().IsEmpty();
+    if (!hadList)
+      context.Session.RequireDefaults();
     project.Deployment().GetFiles(); // a project without a list gets the default classes
     const int before = project.SectionVersionRead();
     const bool upgraded = project.WasUpgraded();
@@ -30,12 +32,12 @@ public:
     SaveAndReport(context, project, FChange, {});
     if (changed)
       context.Output.Line(Sentence(before, hadList));
-    return exit_status::Done;
+    return StatusOf(FChange, changed);
   }
 
 private:
   std::string Sentence(int before, bool hadList) const {
-    const std::string would = FChange.DryRun ? "would be " : "";
+    const std::string would = FChange.IsDry() ? "would be " : "";
     if (!hadList)
       return "the list " + would + "filled with the default classes";
     return "the list " + would + "upgraded from version " + std::to_string(before) + " to 2";

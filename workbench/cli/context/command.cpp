@@ -1,5 +1,9 @@
 #include "workbench/cli/context/command.h"
 
+#include "package/common/case_fold.h"
+#include "package/common/errors.h"
+#include "workbench/cli/context/project_argument.h"
+
 namespace workbench {
 
 void AddChangeOptions(IOptions& options, TChangeOptions& change) {
@@ -9,6 +13,15 @@ void AddChangeOptions(IOptions& options, TChangeOptions& change) {
                "Overwrite a project that changed on disk since it was read");
 }
 
+void AddCheckOption(IOptions& options, TChangeOptions& change) {
+  options.Flag("--check", change.Check,
+               "Change nothing; end with 7 when something would change, else with 0");
+}
+
+int StatusOf(const TChangeOptions& change, bool changed) {
+  return change.Check && changed ? exit_status::WouldChange : exit_status::Done;
+}
+
 void AddProjectArgument(IOptions& options, std::string& project, bool required) {
   IOption& option = options.Text("PROJECT", project, "Project file");
   if (required)
@@ -16,11 +29,20 @@ void AddProjectArgument(IOptions& options, std::string& project, bool required) 
 }
 
 TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOpenPurpose purpose) {
-  if (file.empty())
-    throw TUsageError("the name of the project file is empty");
-  TOpenProject& project = context.Session.Open(file, purpose);
-  WarnSince(context, project, 0);
-  return project;
+  const std::filesystem::path found = FindProject(file);
+  context.Session.CheckInstallation();
+  try {
+    TOpenProject& project = context.Session.Open(found, purpose);
+    WarnSince(context, project, 0);
+    return project;
+  } catch (const deployment::TInputError&) {
+    if (HasProjectName(found) || MayBeXml(found))
+      throw;
+    const bool isSolution = deployment::SameText(found.extension().string(), ".sln");
+    throw deployment::TInputError(isSolution ? "this is a solution; name one of the projects in it"
+                                             : "this is no project: MSBuild projects are XML files",
+                                  {found.string(), 0});
+  }
 }
 
 void WarnSince(TCommandContext& context, const TOpenProject& project, std::size_t told) {

@@ -14,6 +14,8 @@
 
 namespace workbench {
 
+class TTerminalInteraction;
+
 /// Exit statuses that scripts rely on.
 namespace exit_status {
 inline constexpr int Done = 0;
@@ -23,6 +25,8 @@ inline constexpr int UnreadableInput = 3;
 inline constexpr int CannotReconcile = 4;
 inline constexpr int NoConnection = 5;
 inline constexpr int NoConsent = 6;
+inline constexpr int WouldChange = 7; ///< "--check": something would change
+inline constexpr int Unexpected = 8;  ///< the target is not what was expected
 } // namespace exit_status
 
 /// The command line asks for what cannot be.
@@ -52,6 +56,7 @@ struct TCommonOptions {
   std::string Configuration; ///< empty: the project's active one, or no narrowing
   std::string Platform;      ///< "all" stands for every platform; empty as above
   std::string Root;
+  std::vector<std::string> Properties; ///< "NAME=VALUE", as a build would be given them
   bool Json = false;
   bool Quiet = false;
   bool NoColor = false;
@@ -62,6 +67,11 @@ struct TChangeOptions {
   bool DryRun = false;
   bool Yes = false;
   bool ForceSave = false;
+  bool Check = false; ///< for commands that have it
+
+  /// True when nothing may be saved.
+  bool IsDry() const { return DryRun || Check; }
+  TOpenPurpose Purpose() const { return IsDry() ? TOpenPurpose::Look : TOpenPurpose::Edit; }
 };
 
 /// The platform argument that stands for every platform.
@@ -72,6 +82,7 @@ struct TCommandContext {
   const TCommonOptions& Options;
   TSession& Session;
   TOutput& Output;
+  const TTerminalInteraction& Interaction;
 };
 
 /// One command. Made anew for each run; its options land in its fields.
@@ -90,10 +101,17 @@ public:
 /// Declares the options of commands that change something.
 void AddChangeOptions(IOptions& options, TChangeOptions& change);
 
+/// Declares --check.
+void AddCheckOption(IOptions& options, TChangeOptions& change);
+
+/// The exit status of a command that changed something or would have.
+int StatusOf(const TChangeOptions& change, bool changed);
+
 /// Declares the project argument.
 void AddProjectArgument(IOptions& options, std::string& project, bool required = true);
 
-/// Opens the project and warns of what reading it brought up.
+/// Opens the project, which a directory may stand for, and warns of what reading it brought up.
+/// Throws as FindProject, TSession::CheckInstallation and TSession::Open do.
 TOpenProject& OpenProject(TCommandContext& context, const std::string& file, TOpenPurpose purpose);
 
 /// Warns of what came up since the project had `told` warnings.

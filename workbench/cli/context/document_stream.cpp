@@ -2,6 +2,10 @@
 
 namespace workbench {
 
+TDocumentStream::TDocumentStream(TOutput& output) : FOutput(output) {
+  Member("schema", JsonSchema);
+}
+
 void TDocumentStream::Member(std::string_view name, const TJson& value) {
   FOutput.Write(FHasMembers ? ",\n  " : "{\n  ");
   FHasMembers = true;
@@ -26,6 +30,7 @@ void TDocumentStream::EndList() {
 }
 
 void TDocumentStream::End() {
+  Member("warnings", FOutput.WarningsAsJson());
   FOutput.Write("\n}\n");
 }
 

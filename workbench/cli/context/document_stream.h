@@ -7,12 +7,12 @@
 
 namespace workbench {
 
-/// Writes an object to standard output member by member, the last call being End. Lists are written
-/// item by item, a line for each.
+/// Writes an object to standard output member by member, between the schema and the warnings of
+/// every document; the last call is End. Lists are written item by item, a line for each.
 class TDocumentStream {
 public:
   /// The output must outlive the stream.
-  explicit TDocumentStream(TOutput& output) : FOutput(output) {}
+  explicit TDocumentStream(TOutput& output);
 
   void Member(std::string_view name, const TJson& value);
   void StartList(std::string_view name);

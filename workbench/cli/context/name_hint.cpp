@@ -24,6 +24,37 @@ std::size_t Distance(std::string_view left, std::string_view right) {
   return row.back();
 }
 
+// Words of other programs, and what they are called here.
+struct TSynonym {
+  std::string_view Word;
+  std::string_view Name;
+};
+constexpr TSynonym Synonyms[] = {
+    {"delete", "remove"}, {"del", "remove"},     {"rm", "remove"},     {"erase", "remove"},
+    {"ls", "list"},       {"dir", "list"},       {"edit", "set"},      {"change", "set"},
+    {"info", "show"},     {"cat", "show"},       {"create", "new"},    {"init", "new"},
+    {"push", "deploy"},   {"upload", "deploy"},  {"copy", "deploy"},   {"diff", "status"},
+    {"why", "explain"},   {"sync", "reconcile"}, {"x64", "Win64"},     {"x86", "Win32"},
+    {"Windows", "Win64"}, {"macOS", "OSX32"},    {"Linux", "Linux64"},
+};
+
+// A name that the word is the beginning of, or another word for; null when there is none.
+const std::string* FindByMeaning(std::string_view word, const std::vector<std::string>& names) {
+  constexpr std::size_t ShortestBeginning = 3; // without the dashes of an option
+  const std::string wanted = deployment::UpperCase(word);
+  const std::size_t dashes = std::min(word.find_first_not_of('-'), word.size());
+  for (const std::string& name : names) {
+    const bool isBeginning = word.size() >= dashes + ShortestBeginning &&
+                             deployment::UpperCase(name).starts_with(wanted);
+    const bool isSynonym = std::ranges::any_of(Synonyms, [&](const TSynonym& each) {
+      return deployment::SameText(each.Word, word) && each.Name == name;
+    });
+    if (isBeginning || isSynonym)
+      return &name;
+  }
+  return nullptr;
+}
+
 } // namespace
 
 std::string HintAt(std::string_view word, const std::vector<std::string>& names) {
@@ -42,6 +73,8 @@ std::string HintAt(std::string_view word, const std::vector<std::string>& names)
       least = distance;
     }
   }
+  if (!nearest)
+    nearest = FindByMeaning(word, names);
   return nearest ? "; did you mean \"" + *nearest + "\"?" : std::string();
 }
 

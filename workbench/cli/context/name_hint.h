@@ -7,7 +7,8 @@
 
 namespace workbench {
 
-/// "; did you mean "x"?" for the name that is nearest to the word; empty when none is near.
+/// "; did you mean "x"?" for the name that is nearest to the word, begins with it or is what
+/// another program's word for it means; empty when there is none.
 std::string HintAt(std::string_view word, const std::vector<std::string>& names);
 
 } // namespace workbench

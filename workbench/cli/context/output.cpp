@@ -76,11 +76,23 @@ void TOutput::Write(std::string_view text) {
 }
 
 void TOutput::Document(const TJson& document) {
-  Write(JsonText(document));
+  TJson whole{{"schema", JsonSchema}};
+  whole.AddAll(document);
+  whole.Add("warnings", WarningsAsJson());
+  Write(JsonText(whole));
   Write("\n");
 }
 
+TJson TOutput::WarningsAsJson() const {
+  TJson warnings = TJson::Array();
+  for (const TWarning& warning : FWarnings)
+    warnings.Append({{"text", warning.Text}, {"file", warning.File}, {"line", warning.Line}});
+  return warnings;
+}
+
 void TOutput::Warn(const TWarning& warning) {
+  if (FJson)
+    FWarnings.push_back(warning);
   if (!FQuiet)
     std::cerr << ProgramName << ": " << Place(warning.File, warning.Line)
               << "warning: " << Visible(warning.Text) << '\n';
@@ -94,6 +106,10 @@ void TOutput::Error(const TFailure& failure) {
                               {"message", failure.Text},
                               {"file", failure.File},
                               {"line", failure.Line}}}});
+}
+
+void TOutput::Complain(std::string_view text) {
+  std::cerr << ProgramName << ": " << Visible(text) << '\n';
 }
 
 bool TOutput::Flush() {

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace workbench {
 
@@ -26,6 +27,9 @@ struct TFailure {
   unsigned Line = 0;          ///< 0 when unknown
   bool TextNamesFile = false; ///< the text says already which file it is about
 };
+
+/// Goes up when a key of a document changes its meaning.
+inline constexpr int JsonSchema = 1;
 
 /// Results go to standard output, everything else to standard error.
 class TOutput {
@@ -48,10 +52,16 @@ public:
   void Line(std::string_view text);
   /// Part of the result, as it is.
   void Write(std::string_view text);
-  /// A whole JSON document.
+  /// A whole JSON document, to be the last thing of a run: its number of the schema comes before
+  /// its members, the warnings of the run behind them.
   void Document(const TJson& document);
+  /// Said at once, and kept for the document.
   void Warn(const TWarning& warning);
+  /// The warnings so far, [{"text","file","line"}].
+  TJson WarningsAsJson() const;
   void Error(const TFailure& failure);
+  /// Something failed, and the result that is printed says what came of it.
+  void Complain(std::string_view text);
   /// False when something of the result could not be written.
   bool Flush();
 
@@ -65,6 +75,7 @@ private:
   bool FTerminal;
   bool FColor;
   bool FFailed = false;
+  std::vector<TWarning> FWarnings;
 };
 
 } // namespace workbench

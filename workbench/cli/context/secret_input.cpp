@@ -1,6 +1,6 @@
 #include "workbench/cli/context/secret_input.h"
 
-#include "workbench/remote/ssh/person.h"
+#include "workbench/remote/ssh/prompts.h"
 
 #include <cerrno>
 #include <csignal>

@@ -21,14 +21,18 @@ public:
       : FSettings(settings), FConfiguration(std::move(configuration)),
         FPlatform(std::move(platform)) {}
 
-  std::string Expand(std::string_view text) const override {
-    return UnescapeMSBuild(
-        ReplaceVariables(text, [this](std::string_view name) -> std::optional<std::string> {
-          constexpr std::string_view FunctionMarks = "[.(";
-          if (name.find_first_of(FunctionMarks) != std::string_view::npos)
-            return std::nullopt;
-          return FSettings.Option(FConfiguration, FPlatform, name);
-        }));
+  // A property function is not carried out here: its value counts as not known.
+  TExpanded Expand(std::string_view text) const override {
+    TExpanded expanded;
+    const auto value = [&](std::string_view name) -> std::optional<std::string> {
+      constexpr std::string_view FunctionMarks = "[.(";
+      if (name.find_first_of(FunctionMarks) == std::string_view::npos)
+        return FSettings.Option(FConfiguration, FPlatform, name);
+      expanded.Unknown = std::make_shared<TUnknownValue>();
+      return std::nullopt;
+    };
+    expanded.Text = UnescapeMSBuild(ReplaceVariables(text, value));
+    return expanded;
   }
   // Which file is there says nothing about the condition being valid.
   bool Exists(std::string_view /*path*/) const override { return false; }

@@ -42,18 +42,21 @@ void PrintDocument(TCommandContext& context, const TOpenProject& project,
 
 } // namespace
 
-void SaveAndReport(TCommandContext& context, TOpenProject& project, const TChangeOptions& options,
+bool SaveAndReport(TCommandContext& context, TOpenProject& project, const TChangeOptions& options,
                    const std::vector<TEntryChange>& changes) {
   const bool changed = project.HasChanges();
-  if (changed && !options.DryRun) {
+  if (changed)
+    project.RequireShippedFiles();
+  if (changed && !options.IsDry()) {
     const std::size_t told = project.Warnings().size();
     project.Save(options.ForceSave);
     WarnSince(context, project, told);
   }
   if (context.Output.IsJson())
-    PrintDocument(context, project, changes, changed, options.DryRun);
+    PrintDocument(context, project, changes, changed, options.IsDry());
   else
-    PrintLines(context, changes, changed, options.DryRun);
+    PrintLines(context, changes, changed, options.IsDry());
+  return changed;
 }
 
 } // namespace workbench

@@ -18,8 +18,9 @@ struct TEntryChange {
 };
 
 /// Saves the project when it has changes, unless this is a dry run, and prints one line per change
-/// or the JSON document {"project","changed","dryRun","files"}. Throws TSaveError.
-void SaveAndReport(TCommandContext& context, TOpenProject& project, const TChangeOptions& options,
+/// or the JSON document {"project","changed","dryRun","files"}. True when something changed or
+/// would. Throws TSaveError, and TInputError where the installation is not complete.
+bool SaveAndReport(TCommandContext& context, TOpenProject& project, const TChangeOptions& options,
                    const std::vector<TEntryChange>& changes);
 
 } // namespace workbench

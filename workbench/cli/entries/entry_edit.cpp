@@ -23,6 +23,11 @@ void CheckPlatformStays(const TEntryEdit& edit, const deployment::IProjectDeploy
                      "\" would lose its last platform; \"remove\" takes it off the list");
 }
 
+// A save keeps one command of each kind.
+deployment::TCommandList ListOf(const std::string& command) {
+  return command.empty() ? deployment::TCommandList() : deployment::TCommandList{command};
+}
+
 void ApplyToPlatform(const TEntryEdit& edit, deployment::IProjectDeploymentFile& file,
                      const std::string& platform) {
   if (edit.Enabled)
@@ -35,12 +40,18 @@ void ApplyToPlatform(const TEntryEdit& edit, deployment::IProjectDeploymentFile&
     file.SetRemoteName(platform, *edit.RemoteName);
   if (edit.Operation)
     file.SetOperation(platform, *edit.Operation);
+  deployment::TFileData& record = *file.GetFileData(platform, /*create=*/true);
+  if (edit.LocalCommand)
+    record.LocalCommands = ListOf(*edit.LocalCommand);
+  if (edit.RemoteCommand)
+    record.RemoteCommands = ListOf(*edit.RemoteCommand);
 }
 
 } // namespace
 
 bool TEntryEdit::HasPlatformValues() const {
-  return Enabled || Overwrite || RemoteDir || RemoteName || Operation;
+  return Enabled || Overwrite || RemoteDir || RemoteName || Operation || LocalCommand ||
+         RemoteCommand;
 }
 
 bool TEntryEdit::IsEmpty() const {

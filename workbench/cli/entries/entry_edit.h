@@ -17,6 +17,8 @@ struct TEntryEdit {
   std::optional<std::string> RemoteDir;
   std::optional<std::string> RemoteName;
   std::optional<deployment::TDeployOperation> Operation;
+  std::optional<std::string> LocalCommand;  ///< empty: none
+  std::optional<std::string> RemoteCommand; ///< the same
   std::optional<std::string> Condition;
   std::vector<std::string> AddPlatforms;
   std::vector<std::string> RemovePlatforms;

@@ -11,4 +11,8 @@ namespace workbench {
 /// without configuration counts as one of "Base".
 bool FitsOptions(const deployment::IProjectDeploymentFile& file, const TCommonOptions& options);
 
+/// Checks the options as CheckTargetOptions does; names that entries have are good too, though the
+/// project may know them no more: such entries can be seen and taken away.
+void CheckFilterOptions(TCommandContext& context, TOpenProject& project);
+
 } // namespace workbench

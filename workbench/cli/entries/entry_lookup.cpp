@@ -1,6 +1,7 @@
 #include "workbench/cli/entries/entry_lookup.h"
 
 #include "package/common/case_fold.h"
+#include "package/common/path_text.h"
 #include "workbench/cli/context/name_hint.h"
 #include "workbench/cli/entries/entry_filter.h"
 #include "workbench/cli/entries/entry_text.h"
@@ -85,9 +86,15 @@ void TEntryLookup::RaiseNone(const std::string& name) const {
   std::vector<std::string> names;
   for (const auto& file : FFiles)
     names.push_back(file->GetLocalName());
-  throw TWorkError("\"" + name + "\" is not in the list" +
-                   (narrowed ? " for this configuration and platform" : "") +
-                   HintAt(WithBackslashes(name), names));
+  const std::string wanted = WithBackslashes(name);
+  // A name without its directory is common.
+  const auto found = std::ranges::find_if(names, [&](const std::string& each) {
+    return deployment::SameFileName(deployment::FileNamePart(each), wanted);
+  });
+  throw TWorkError(
+      "\"" + name + "\" is not in the list" +
+      (narrowed ? " for this configuration and platform" : "") +
+      (found == names.end() ? HintAt(wanted, names) : "; did you mean \"" + *found + "\"?"));
 }
 
 } // namespace workbench

@@ -51,6 +51,8 @@ std::string ProjectText(const TProjectValues& values) {
   for (const std::string& configuration : values.Configurations)
     text += ConfigurationProperties(configuration);
   text += Items(values);
+  if (!values.MoreItems.empty())
+    text += "  " + values.MoreItems + "\n";
   text += "  <ProjectExtensions>\n  </ProjectExtensions>\n"
           "  <Target Name=\"Build\">\n"
           "    <Message Text=\"@(DeployFile)\" Importance=\"high\"/>\n"

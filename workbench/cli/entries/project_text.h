@@ -16,6 +16,7 @@ struct TProjectValues {
   std::vector<std::string> Configurations; ///< besides "Base"
   std::string ActivePlatform;
   std::string ActiveConfiguration;
+  std::string MoreItems; ///< a group of items as markup; empty for none
 };
 
 /// A project that any MSBuild engine evaluates. Its section is made when it is created.

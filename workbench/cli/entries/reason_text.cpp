@@ -45,7 +45,7 @@ constexpr std::array<const char*, 11> Sources{
 };
 
 // In the order of TReasonCause.
-constexpr std::array<TWords, 14> Causes{{
+constexpr std::array<TWords, 15> Causes{{
     {"", ""},
     {"empty", "it names nothing"},
     {"switchedOff", "it is switched off"},
@@ -60,6 +60,7 @@ constexpr std::array<TWords, 14> Causes{{
     {"excludedExtension", "files of this extension are not deployed"},
     {"otherDevices", "such devices do not show it"},
     {"fileHasOtherRole", "one file has one entry"},
+    {"nothingBuilt", "no step has anything to do"},
 }};
 
 template <class TEnum>
@@ -76,6 +77,8 @@ std::string SourceSentence(const TReconcileReason& reason) {
   const std::string value = Quoted(reason.SourceValue);
   switch (reason.Source) {
   case TReasonSource::Gate:
+    if (reason.Cause == TReasonCause::NothingBuilt)
+      return reason.SourceName;
     return reason.SourceValue.empty()
                ? "the target is " + name
                : "the target is " + name + ", the program is of kind " + value;

@@ -2,7 +2,6 @@
 
 #include "package/common/convert.h"
 #include "package/common/delimited_list.h"
-#include "package/common/path_text.h"
 #include "workbench/cli/entries/entry_text.h"
 
 #include <algorithm>
@@ -103,18 +102,6 @@ std::vector<TSourcedValue> TValueList::Values() {
 std::vector<TSourcedValue> SourcedValues(IProjectDeploymentFile& file, std::string_view platform,
                                          const deployment::IDeploymentClassList& classes) {
   return TValueList(file, platform, classes).Values();
-}
-
-std::string RemoteFileName(const IProjectDeploymentFile& file, std::string_view platform,
-                           const deployment::IProjectDeployment& deployment) {
-  const std::string directory = deployment::GetDeploymentRemoteDir(file, platform, deployment);
-  const bool standsAlone = deployment::IsAbsolutePath(directory) || directory.starts_with('~');
-  const std::string base =
-      standsAlone
-          ? directory
-          : deployment::WithTrailingDelimiter(deployment.GetRemoteBaseDir(platform)) + directory;
-  return deployment::CanonicalizePath(deployment::WithTrailingDelimiter(base) +
-                                      file.GetRemoteName(platform));
 }
 
 } // namespace workbench

@@ -21,11 +21,4 @@ std::vector<TSourcedValue> SourcedValues(deployment::IProjectDeploymentFile& fil
                                          std::string_view platform,
                                          const deployment::IDeploymentClassList& classes);
 
-/// Where the file lands on the target, relative to the place that a profile names: the project's
-/// directory there, the effective directory, the remote name. A directory that is absolute or
-/// starts with "~" stands for itself.
-std::string RemoteFileName(const deployment::IProjectDeploymentFile& file,
-                           std::string_view platform,
-                           const deployment::IProjectDeployment& deployment);
-
 } // namespace workbench

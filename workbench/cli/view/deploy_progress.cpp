@@ -31,7 +31,8 @@ std::string DeployLine(const TDeployRow& row, bool dryRun) {
                      Visible(row.RemoteFile);
   if (dryRun && row.Action == TDeployAction::Failed)
     line = "would fail" + line.substr(std::string("would be failed").size());
-  return row.Error.empty() ? line : line + ": " + Visible(row.Error);
+  const std::string& why = row.Error.empty() ? row.Reason : row.Error;
+  return why.empty() ? line : line + ": " + Visible(why);
 }
 
 TDeployProgress::TDeployProgress(TOutput& output)

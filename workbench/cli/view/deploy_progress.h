@@ -2,7 +2,7 @@
 #pragma once
 
 #include "workbench/cli/context/output.h"
-#include "workbench/deploy/deploy_run.h"
+#include "workbench/deploy/deploy_observer.h"
 #include "workbench/deploy/transfer_rate.h"
 
 #include <chrono>
@@ -20,7 +20,7 @@ std::string BytesText(std::uint64_t bytes);
 
 /// At a terminal a bar with files, bytes, rate and time left; else a line for each file, in the
 /// order of the list.
-class TDeployProgress final : public IDeployProgress {
+class TDeployProgress final : public IDeployObserver {
 public:
   explicit TDeployProgress(TOutput& output);
 

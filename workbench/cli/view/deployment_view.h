@@ -16,7 +16,7 @@ namespace workbench {
 
 /// One row as the view shows it.
 struct TViewRow {
-  std::vector<std::string> Texts; ///< in the order of RowKeys
+  std::vector<std::string> Texts; ///< in the order of deployment::FileColumns
   bool Checked = false;
   bool Dimmed = false;
 };
@@ -24,23 +24,21 @@ struct TViewRow {
 /// Shows one project at a time; what was shown is closed when the object goes.
 class TDeploymentView final : public IEditorArea {
 public:
-  /// Names of the texts of a row, in the order of the view's columns; the local status is behind
-  /// the remote one.
-  static const std::vector<std::string>& RowKeys();
-
   /// The context must outlive the object.
   explicit TDeploymentView(TCommandContext& context);
   ~TDeploymentView() override;
   TDeploymentView(const TDeploymentView&) = delete;
   TDeploymentView& operator=(const TDeploymentView&) = delete;
 
-  /// Opens the view of the project and chooses the target in it, which reconciles in memory. The
-  /// platform is the active one from then on, for this run only.
+  /// Opens the view of the project for the target, which reconciles in memory. The platform is the
+  /// active one from then on, for this run only. Throws TInputError when the target cannot be
+  /// computed.
   void Open(TOpenProject& project, const TTarget& target);
+  /// The same, and connects before the rows are built. Throws TExitError with the reason when that
+  /// fails.
+  void OpenConnected(TOpenProject& project, const TTarget& target);
   /// Sorts by the text of that key. Throws TUsageError, with the keys, for another one.
   void Sort(std::string_view key, bool descending);
-  /// Presses Connect and waits for the outcome. Throws TExitError with the reason.
-  void Connect();
   /// Presses the button of that name; false when it is disabled.
   bool Press(std::string_view button);
   std::vector<TViewRow> Rows() const;
@@ -53,6 +51,8 @@ public:
   void RemoveView(const deployment::INTACustomEditorView& view) override;
 
 private:
+  void Show(TOpenProject& project, const TTarget& target, bool connect);
+
   TCommandContext& FContext;
   TSilentDialogs FDialogs;
   TMemoryControls* FControls = nullptr; // of the view that is shown

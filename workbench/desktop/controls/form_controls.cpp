@@ -1,19 +1,15 @@
 #include "workbench/desktop/controls/form_controls.h"
 
+#include "package/host/api/view_buttons.h"
 #include "workbench/controls/project_identifier.h"
 #include "workbench/desktop/controls/svg_icon.h"
 
+#include <QLabel>
 #include <QMenu>
 #include <QToolBar>
 #include <QVBoxLayout>
 
 namespace workbench {
-namespace {
-
-constexpr std::string_view AddButton = "tbAddFiles";
-
-} // namespace
-
 std::vector<std::string> TFormDialogs::OpenFiles(const deployment::TFileOpenOptions& options) {
   return FDropped.empty() ? FDialogs.OpenFiles(options) : FDropped;
 }
@@ -34,8 +30,11 @@ std::unique_ptr<deployment::IToolBar> TFormControls::CreateToolBar(deployment::T
   auto toolBar = std::make_unique<TToolBar>(images, FIsBusy, FPage);
   FToolBar = toolBar.get();
   FLayout->addWidget(&toolBar->Bar());
-  connect(&toolBar->Bar(), &QToolBar::actionTriggered, this,
-          [this](const QAction* action) { FCommand = action->text(); });
+  toolBar->SetMayStart([this] { return StartCommand(); });
+  connect(FToolBar, &TToolBar::Executed, this, [this](const QAction* action) {
+    FCommand = {action->text(), action->objectName().toStdString(), false};
+    emit CommandDone();
+  });
   std::vector<QIcon> icons;
   icons.reserve(images.size());
   for (const std::string_view image : images)
@@ -47,6 +46,11 @@ std::unique_ptr<deployment::IToolBar> TFormControls::CreateToolBar(deployment::T
 std::unique_ptr<deployment::ITargetsComboBox> TFormControls::CreateTargetsComboBox() {
   auto targets = std::make_unique<TTargetsComboBox>(FPage);
   FTargets = targets.get();
+  targets->SetMayChange([this] { return StartCommand(); });
+  connect(FTargets, &TTargetsComboBox::Chosen, this, [this] {
+    FCommand = {FTargets->Box().currentText(), {}, true};
+    emit CommandDone();
+  });
   if (FToolBar)
     FToolBar->Bar().addWidget(&targets->Box());
   else
@@ -59,6 +63,7 @@ TFormControls::CreateTree(const deployment::TTreeOptions& options,
                           deployment::TVirtualTreeEvents events) {
   auto tree = std::make_unique<TVirtualTree>(options, std::move(events), FPage);
   FTree = tree.get();
+  FLayout->addWidget(CreateNotice());
   FLayout->addWidget(&tree->View(), 1);
   FPage->setFocusProxy(&tree->View());
   connect(FTree, &TVirtualTree::StateChanged, this, [this] {
@@ -70,12 +75,40 @@ TFormControls::CreateTree(const deployment::TTreeOptions& options,
   return tree;
 }
 
+// Stands above the rows while there is something to say about them.
+QLabel* TFormControls::CreateNotice() {
+  constexpr int Margin = 8;
+  auto* notice = new QLabel(FPage);
+  notice->setObjectName("notice");
+  notice->setTextFormat(Qt::PlainText);
+  notice->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  notice->setWordWrap(true);
+  notice->setMargin(Margin);
+  notice->hide();
+  connect(FTree, &TVirtualTree::NoticeChanged, notice, [notice](const QString& text) {
+    notice->setText(text);
+    notice->setVisible(!text.isEmpty());
+  });
+  return notice;
+}
+
 std::string TFormControls::GetIdentifier(const deployment::IOTAProject& project) const {
   return ProjectIdentifier(project);
 }
 
+bool TFormControls::CommitEditor() {
+  return !FTree || FTree->View().Delegate().CommitEditor();
+}
+
+bool TFormControls::StartCommand() {
+  if (!CommitEditor())
+    return false;
+  emit CommandStarts();
+  return true;
+}
+
 void TFormControls::AddFiles(std::vector<std::string> files) {
-  QAction* add = FToolBar ? FToolBar->Find(AddButton) : nullptr;
+  QAction* add = FToolBar ? FToolBar->Find(deployment::view_button::AddFiles) : nullptr;
   if (!add || files.empty())
     return;
   FDialogs.SetDropped(std::move(files));

@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+class QLabel;
 class QVBoxLayout;
 
 namespace workbench {
@@ -46,6 +47,13 @@ public:
 private:
   TDialogs FDialogs;
   std::vector<std::string> FDropped;
+};
+
+/// What the user did to a form last.
+struct TFormCommand {
+  QString Text;               ///< of the button; empty for a change in the rows themselves
+  std::string Button;         ///< its name
+  bool ChoosesTarget = false; ///< in the target box, and Text says which one
 };
 
 /// The page outlives what the form makes on it: tool bar with the target box, and the tree below.
@@ -80,16 +88,23 @@ public:
   /// Lets the form add these files, as if the user had chosen them in its file dialog.
   void AddFiles(std::vector<std::string> files);
 
-  /// Words of the command that the user gave last, for who names what changed; asked for once.
-  /// Empty for a change in the rows themselves.
-  QString TakeCommand() { return std::exchange(FCommand, QString()); }
+  /// The command that the user gave last; asked for once.
+  TFormCommand TakeCommand() { return std::exchange(FCommand, {}); }
+  /// Takes the text of a cell editor over that is open. False when the form refuses it.
+  bool CommitEditor();
 
 signals:
+  /// A command is about to be done; what happened before it is over.
+  void CommandStarts();
+  /// The command is done.
+  void CommandDone();
   /// Rows or the selection changed.
   void StateChanged();
 
 private:
+  QLabel* CreateNotice();
   void ShowMenu(const QPoint& place);
+  bool StartCommand();
 
   const std::function<bool()> FIsBusy;
   QPointer<QWidget> FPage;
@@ -98,7 +113,7 @@ private:
   TFormDialogs FDialogs;
   TWindowStyle FStyle;
   std::shared_ptr<TEventLoopQueue> FMainThread;
-  QString FCommand;
+  TFormCommand FCommand;
   QPointer<TToolBar> FToolBar;
   QPointer<TTargetsComboBox> FTargets;
   QPointer<TVirtualTree> FTree;

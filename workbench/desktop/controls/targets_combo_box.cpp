@@ -1,11 +1,14 @@
 #include "workbench/desktop/controls/targets_combo_box.h"
 
 #include "package/host/api/platformapi.h"
+#include "package/host/api/platforms.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/text/qt_text.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <algorithm>
+#include <utility>
 
 namespace workbench {
 
@@ -14,6 +17,8 @@ TTargetsComboBox::TTargetsComboBox(QWidget* parent) : FBox(new QComboBox(parent)
   FBox->setToolTip(
       QCoreApplication::translate("TTargetsComboBox", "Target: platform and configuration"));
   FBox->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  FBox->setFocusPolicy(Qt::TabFocus); // a choice by mouse leaves the focus in the list
+  FBox->installEventFilter(this);
   connect(FBox, &QComboBox::activated, this, &TTargetsComboBox::Activated);
 }
 
@@ -75,21 +80,41 @@ void TTargetsComboBox::Show() {
                                                    : static_cast<int>(selected - FTargets.begin()));
 }
 
+// The wheel would change the target, and reconcile, where somebody only meant to scroll.
+bool TTargetsComboBox::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == FBox && event->type() == QEvent::Wheel) {
+    event->ignore();
+    return true;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
 void TTargetsComboBox::Activated(int row) {
   const auto index = static_cast<std::size_t>(row);
   if (index >= FTargets.size() || FTargets[index] == FSelected)
     return;
-  FSelected = FTargets[index];
-  if (FOnChange)
-    Guarded(FOnChange);
+  Change(FTargets[index]);
+}
+
+void TTargetsComboBox::Select(const deployment::TDeploymentTarget& target) {
+  FSelected = {target.Configuration,
+               target.Platform == deployment::sAllPlatforms ? std::string() : target.Platform};
+  Repopulate();
+  if (FBox)
+    Show();
 }
 
 void TTargetsComboBox::Choose(std::string_view configuration, std::string_view platform) {
-  FSelected = {std::string(configuration), std::string(platform)};
-  Repopulate();
-  Show();
+  Change({std::string(configuration), std::string(platform)});
+}
+
+void TTargetsComboBox::Change(const TTarget& target) {
+  if (FMayChange && !FMayChange())
+    return Show();
+  Select({target.Configuration, target.Platform});
   if (FOnChange)
     Guarded(FOnChange);
+  emit Chosen();
 }
 
 } // namespace workbench

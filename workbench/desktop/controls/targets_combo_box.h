@@ -30,6 +30,7 @@ public:
   ~TTargetsComboBox() override;
 
   void SetProject(deployment::ICustomProject* project) override;
+  void Select(const deployment::TDeploymentTarget& target) override;
   void Repopulate() override;
   std::string GetSelectedPlatform() const override { return FSelected.Platform; }
   std::string GetSelectedConfiguration() const override { return FSelected.Configuration; }
@@ -38,17 +39,28 @@ public:
   QComboBox& Box() { return *FBox; }
   /// As if the user chose it; a target that the list does not have is added to it.
   void Choose(std::string_view configuration, std::string_view platform);
+  /// Asked before the user's choice counts; false keeps the target. Empty: every choice counts.
+  void SetMayChange(std::function<bool()> mayChange) { FMayChange = std::move(mayChange); }
+
+signals:
+  /// The target was chosen, and the form has done what it does about that.
+  void Chosen();
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   std::vector<TTarget> Targets() const;
   void Show();
   void Activated(int row);
+  void Change(const TTarget& target);
 
   QPointer<QComboBox> FBox;
   deployment::ICustomProject* FProject = nullptr;
   std::vector<TTarget> FTargets; // as listed
   TTarget FSelected;
   std::function<void()> FOnChange;
+  std::function<bool()> FMayChange;
 };
 
 } // namespace workbench

@@ -18,8 +18,9 @@ constexpr int UpdateInterval = 500;
 
 } // namespace
 
-TToolButton::TToolButton(deployment::TToolButton button, QAction* action)
-    : FButton(std::move(button)), FAction(action) {
+TToolButton::TToolButton(deployment::TToolButton button, QAction* action,
+                         const std::function<bool()>& mayStart)
+    : FButton(std::move(button)), FMayStart(mayStart), FAction(action) {
   FAction->setEnabled(FButton.Enabled);
   connect(FAction, &QAction::triggered, this, &TToolButton::Press);
 }
@@ -48,8 +49,9 @@ void TToolButton::Update() {
 }
 
 void TToolButton::Press() {
+  const bool mayStart = !FMayStart || FMayStart();
   Update();
-  if (!GetEnabled()) {
+  if (!mayStart || !GetEnabled()) {
     // It was enabled when it was pressed, and a check button has changed already.
     if (FAction && FAction->isCheckable())
       FAction->setChecked(!FAction->isChecked());
@@ -88,8 +90,11 @@ deployment::IToolButton& TToolBar::AddButton(deployment::TToolButton button) {
   action->setStatusTip(hint);
   action->setCheckable(button.Style == deployment::TToolButtonStyle::Check);
   FBar->addAction(action);
-  FButtons.push_back(std::make_unique<TToolButton>(std::move(button), action));
-  connect(action, &QAction::triggered, this, &TToolBar::UpdateSoon);
+  FButtons.push_back(std::make_unique<TToolButton>(std::move(button), action, FMayStart));
+  connect(action, &QAction::triggered, this, [this, action] {
+    UpdateSoon();
+    emit Executed(action);
+  });
   return *FButtons.back();
 }
 

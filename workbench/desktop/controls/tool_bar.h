@@ -19,7 +19,9 @@ class TToolButton final : public QObject, public deployment::IToolButton {
   Q_OBJECT
 
 public:
-  TToolButton(deployment::TToolButton button, QAction* action);
+  /// `mayStart` is asked before the command is given; empty: it always may.
+  TToolButton(deployment::TToolButton button, QAction* action,
+              const std::function<bool()>& mayStart);
 
   bool GetEnabled() const override;
   void SetEnabled(bool enabled) override;
@@ -35,6 +37,7 @@ private:
   void Press();
 
   const deployment::TToolButton FButton;
+  const std::function<bool()>& FMayStart;
   QPointer<QAction> FAction;
 };
 
@@ -59,6 +62,12 @@ public:
   QAction* Find(std::string_view name) const;
   /// Lets the form bring all buttons up to date, when the event loop comes round.
   void UpdateSoon() { FSoon.start(); }
+  /// Asked before each command; false and the command is not given.
+  void SetMayStart(std::function<bool()> mayStart) { FMayStart = std::move(mayStart); }
+
+signals:
+  /// The user gave the command, and the form has done it.
+  void Executed(QAction* action);
 
 private:
   void Update();
@@ -66,6 +75,7 @@ private:
   const deployment::TImageList FImages;
   const std::function<bool()> FIsBusy;
   QPointer<QToolBar> FBar;
+  std::function<bool()> FMayStart;
   std::vector<std::unique_ptr<TToolButton>> FButtons;
   QTimer FSoon;
   QTimer FNowAndThen;

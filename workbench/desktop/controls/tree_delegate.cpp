@@ -25,6 +25,26 @@ void TTreeDelegate::DropEditor() {
     emit closeEditor(edit->Widget, RevertModelCache);
 }
 
+bool TTreeDelegate::CommitEditor() {
+  const std::shared_ptr<TEdit> edit = FEditor;
+  if (!edit || !edit->Widget)
+    return true;
+  if (edit->IsPressed)
+    return false;
+  const std::string text = edit->Editor->GetText();
+  bool accepted = text == edit->Text;
+  if (!accepted)
+    Guarded([&] { accepted = edit->Editor->Accepts(text); });
+  if (!accepted) {
+    edit->Widget->setFocus();
+    QApplication::beep();
+    return false;
+  }
+  emit commitData(edit->Widget);
+  emit closeEditor(edit->Widget, NoHint);
+  return true;
+}
+
 void TTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const {
   QStyledItemDelegate::paint(painter, option, index);

@@ -20,6 +20,9 @@ public:
 
   /// Leaves the editor that is open, without taking its text.
   void DropEditor();
+  /// Takes the text of the editor that is open over and leaves it. False when the form refuses the
+  /// text, or a dialog of the editor is open: then it stays as it is.
+  bool CommitEditor();
   bool IsEditing() const { return FEditor != nullptr; }
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,

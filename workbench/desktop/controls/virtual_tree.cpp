@@ -1,6 +1,7 @@
 #include "workbench/desktop/controls/virtual_tree.h"
 
 #include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/text/qt_text.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -145,6 +146,13 @@ void TVirtualTree::SetColumns(const std::vector<deployment::TTreeColumn>& column
   Nodes().SetColumns(columns);
   FModel.ColumnsChanged();
   FView->SetWidths(columns);
+}
+
+void TVirtualTree::SetNotice(std::string_view text) {
+  if (Nodes().Notice() == text)
+    return;
+  Nodes().SetNotice(text);
+  emit NoticeChanged(ToQString(text));
 }
 
 // The form may let the event loop run meanwhile, when half of the rows are there.

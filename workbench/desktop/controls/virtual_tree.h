@@ -29,6 +29,7 @@ public:
   void Flush();
 
   void SetColumns(const std::vector<deployment::TTreeColumn>& columns) override;
+  void SetNotice(std::string_view text) override;
   void BeginUpdate() override;
   void EndUpdate() override;
   void Clear() override;
@@ -47,6 +48,8 @@ public:
   void SortTree(int column, deployment::TSortDirection direction) override;
 
 signals:
+  /// The sentence that should stand with the rows; empty: none.
+  void NoticeChanged(const QString& text);
   /// Rows came or went, or the selection changed.
   void StateChanged();
 

@@ -87,12 +87,16 @@ QString ActionWord(TDeployAction action) {
     return TDeployWords::tr("copied");
   case TDeployAction::Unchanged:
     return TDeployWords::tr("unchanged");
+  case TDeployAction::Mode:
+    return TDeployWords::tr("given its rights");
   case TDeployAction::Kept:
     return TDeployWords::tr("kept");
   case TDeployAction::Skipped:
     return TDeployWords::tr("skipped");
   case TDeployAction::Removed:
     return TDeployWords::tr("removed");
+  case TDeployAction::Refused:
+    return TDeployWords::tr("left alone");
   case TDeployAction::Failed:
     return TDeployWords::tr("failed");
   }
@@ -104,7 +108,7 @@ QString SizeText(std::uint64_t bytes) {
 }
 
 QString DeployCounts(const std::vector<TDeployRow>& rows) {
-  std::array<std::size_t, 6> counts{};
+  std::array<std::size_t, DeployActionCount> counts{};
   std::uint64_t bytes = 0;
   for (const TDeployRow& row : rows) {
     ++counts[static_cast<std::size_t>(row.Action)];
@@ -133,6 +137,12 @@ QString DeploySummary(const TDeployReport& report, bool dryRun) {
            Lines(report.Commands);
   case TDeployEnd::Interrupted:
     return TDeployWords::tr("Interrupted: %1. Deploy again to go on.")
+        .arg(DeployCounts(report.Rows));
+  case TDeployEnd::Unexpected:
+    if (!report.Problems.empty())
+      return TDeployWords::tr("Nothing was copied. Mend this first:") + Lines(report.Problems);
+    return TDeployWords::tr("Files that were changed on the target since they were deployed were "
+                            "left alone. In all: %1.")
         .arg(DeployCounts(report.Rows));
   case TDeployEnd::Failed:
   case TDeployEnd::Done:

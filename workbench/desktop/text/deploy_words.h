@@ -1,7 +1,7 @@
 // What happened in a deploy, in words for people.
 #pragma once
 
-#include "workbench/deploy/deploy_run.h"
+#include "workbench/deploy/deploy_report.h"
 
 #include <QString>
 #include <cstdint>

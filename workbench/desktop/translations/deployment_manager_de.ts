@@ -227,8 +227,8 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <translation>Befehle des Projekts</translation>
     </message>
     <message>
-        <source>The project wants to run these commands when it is deployed. Run only what you trust. May they run, now and whenever they are the same?</source>
-        <translation>Das Projekt will beim Verteilen diese Befehle ausführen. Führen Sie nur aus, dem Sie vertrauen. Dürfen sie laufen, jetzt und künftig, solange sie gleich bleiben?</translation>
+        <source>The project wants to run these commands when it is deployed to %1. Run only what you trust. May they run, now and whenever they are the same there?</source>
+        <translation>Das Projekt will diese Befehle ausführen, wenn es nach %1 verteilt wird. Führen Sie nur aus, dem Sie vertrauen. Dürfen sie laufen, jetzt und künftig, solange sie dort gleich bleiben?</translation>
     </message>
     <message>
         <source>Commands</source>
@@ -245,6 +245,18 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
 </context>
 <context>
     <name>TDeployWords</name>
+    <message>
+        <source>given its rights</source>
+        <translation>Rechte gesetzt</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>nicht angetastet</translation>
+    </message>
+    <message>
+        <source>Files that were changed on the target since they were deployed were left alone. In all: %1.</source>
+        <translation>Dateien, die am Ziel seit dem Verteilen geändert wurden, blieben unangetastet. Insgesamt: %1.</translation>
+    </message>
     <message>
         <source>Deploy again to go on where it stopped.</source>
         <translation>Verteilen Sie noch einmal, um dort fortzufahren, wo es aufgehört hat.</translation>
@@ -394,6 +406,10 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     <message>
         <source>Edit</source>
         <translation>Bearbeitung</translation>
+    </message>
+    <message>
+        <source>Reconcile for %1</source>
+        <translation>Abgleich für %1</translation>
     </message>
 </context>
 <context>
@@ -730,27 +746,6 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <source>Files of %1</source>
         <translation>Dateien von %1</translation>
     </message>
-    <message numerus="yes">
-        <source>%n file(s)</source>
-        <translation>
-            <numerusform>%n Datei</numerusform>
-            <numerusform>%n Dateien</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>, %n selected</source>
-        <translation>
-            <numerusform>, %n ausgewählt</numerusform>
-            <numerusform>, %n ausgewählt</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n warning(s)</source>
-        <translation>
-            <numerusform>%n Warnung</numerusform>
-            <numerusform>%n Warnungen</numerusform>
-        </translation>
-    </message>
     <message>
         <source>Add Files</source>
         <translation>Dateien hinzufügen</translation>
@@ -776,16 +771,8 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <translation>Ö&amp;ffnen…</translation>
     </message>
     <message>
-        <source>Open &amp;Recent</source>
-        <translation>&amp;Zuletzt geöffnet</translation>
-    </message>
-    <message>
         <source>&amp;Save</source>
         <translation>&amp;Speichern</translation>
-    </message>
-    <message>
-        <source>Save &amp;All</source>
-        <translation>&amp;Alle speichern</translation>
     </message>
     <message>
         <source>Re&amp;load</source>
@@ -820,10 +807,6 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <translation>&amp;Alles auswählen</translation>
     </message>
     <message>
-        <source>&amp;Deployment</source>
-        <translation>&amp;Verteilung</translation>
-    </message>
-    <message>
         <source>&amp;Tools</source>
         <translation>&amp;Extras</translation>
     </message>
@@ -844,16 +827,51 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <translation>&amp;Über</translation>
     </message>
     <message>
-        <source>None yet</source>
-        <translation>Noch keine</translation>
-    </message>
-    <message>
         <source>Open Project</source>
         <translation>Projekt öffnen</translation>
     </message>
     <message>
-        <source>Projects (*.*proj);;All files (*)</source>
-        <translation>Projekte (*.*proj);;Alle Dateien (*)</translation>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Brings the files of a project to each of its platforms.</source>
+        <translation>Bringt die Dateien eines Projekts auf jede seiner Plattformen.</translation>
+    </message>
+    <message>
+        <source>Projects (%1)</source>
+        <translation>Projekte (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve All</source>
+        <translation>A&amp;lle speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>Save Project As</source>
+        <translation>Projekt speichern unter</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TWindowMenus</name>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
+    </message>
+    <message>
+        <source>&amp;Deployment</source>
+        <translation>&amp;Verteilung</translation>
     </message>
     <message>
         <source>&amp;Undo: %1</source>
@@ -864,17 +882,44 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <translation>&amp;Wiederholen: %1</translation>
     </message>
     <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TWindowStatus</name>
+    <message numerus="yes">
+        <source>%n file(s)</source>
+        <translation>
+            <numerusform>%n Datei</numerusform>
+            <numerusform>%n Dateien</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>, %n selected</source>
+        <translation>
+            <numerusform>, %n ausgewählt</numerusform>
+            <numerusform>, %n ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n warning(s)</source>
+        <translation>
+            <numerusform>%n Warnung</numerusform>
+            <numerusform>%n Warnungen</numerusform>
+        </translation>
+    </message>
+    <message>
         <source>Warnings</source>
         <translation>Warnungen</translation>
     </message>
-    <message>
-        <source>About</source>
-        <translation>Über</translation>
-    </message>
-    <message>
-        <source>Brings the files of a project to each of its platforms.</source>
-        <translation>Bringt die Dateien eines Projekts auf jede seiner Plattformen.</translation>
-    </message>
+</context>
+<context>
+    <name>workbench::TListCommands</name>
     <message>
         <source>Connect</source>
         <translation>Verbinden</translation>
@@ -1208,6 +1253,22 @@ Nichts ist verloren: Die Änderungen sind noch hier. Räumen Sie aus dem Weg, wa
     <message>
         <source>%1 was changed by another program. Reload it?</source>
         <translation>%1 wurde von einem anderen Programm geändert. Neu laden?</translation>
+    </message>
+    <message>
+        <source>Changes that were not saved can be done to what the file holds now.</source>
+        <translation>Nicht gespeicherte Änderungen können auf den neuen Inhalt der Datei angewendet werden.</translation>
+    </message>
+    <message>
+        <source>Reload and Keep My &amp;Edits</source>
+        <translation>Neu laden und meine Änderungen &amp;behalten</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program and read again.</source>
+        <translation>%1 wurde von einem anderen Programm geändert und neu gelesen.</translation>
+    </message>
+    <message>
+        <source>%1 was renamed to %2.</source>
+        <translation>%1 wurde in %2 umbenannt.</translation>
     </message>
 </context>
 <context>

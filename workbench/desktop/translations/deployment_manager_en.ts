@@ -2,7 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
-    <name>workbench::TMainWindow</name>
+    <name>workbench::TWindowStatus</name>
     <message numerus="yes">
         <source>%n file(s)</source>
         <translation>

@@ -27,7 +27,7 @@ std::optional<std::string> TConnectionQuestions::TellSecret(const std::string& p
   return Ask([this, prompt](const TIsOver& over) { return ShowPrompt(prompt, over); }, isOver);
 }
 
-// Who asks may give up waiting; the dialog closes then, and nobody waits for what it answers.
+// The asking thread may give up waiting; the dialog closes then, and its answer is dropped.
 TConnectionQuestions::TAnswer
 TConnectionQuestions::Ask(const std::function<TAnswer(const TIsOver&)>& show,
                           const TIsCancelled& isOver) {

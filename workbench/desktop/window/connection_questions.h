@@ -1,7 +1,7 @@
 // Questions that a connection asks while it is made, shown by the window.
 #pragma once
 
-#include "workbench/remote/ssh/person.h"
+#include "workbench/remote/ssh/prompts.h"
 
 #include <QObject>
 #include <atomic>

@@ -34,8 +34,13 @@ TEditorTabs::AddView(const deployment::INTACustomEditorView& view) {
 
 void TEditorTabs::BringForward(const deployment::INTACustomEditorView& view) {
   for (const TTab& tab : FTabs) {
-    if (tab.View == &view)
-      setCurrentIndex(IndexOf(*tab.Controls));
+    if (tab.View != &view)
+      continue;
+    const int index = IndexOf(*tab.Controls);
+    const bool modified = tabText(index).endsWith(ModifiedMark);
+    setTabText(index, ToQString(view.GetCaption())); // the project may have been renamed
+    SetModified(index, modified);
+    setCurrentIndex(index);
   }
 }
 

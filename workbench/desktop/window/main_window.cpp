@@ -1,6 +1,5 @@
 #include "workbench/desktop/window/main_window.h"
 
-#include "package/host/api/platformapi.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
 #include "workbench/desktop/dialogs/deploy/consent_dialog.h"
@@ -10,23 +9,24 @@
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/window/connection_questions.h"
+#include "workbench/desktop/window/list_commands.h"
+#include "workbench/desktop/window/project_names.h"
 #include "workbench/desktop/window/recovery_question.h"
 #include "workbench/desktop/window/welcome_page.h"
+#include "workbench/desktop/window/window_interaction.h"
+#include "workbench/desktop/window/window_menus.h"
+#include "workbench/desktop/window/window_status.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
 #include "workbench/settings/command_consent.h"
+#include "workbench/text/visible_text.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHeaderView>
-#include <QLabel>
-#include <QMenu>
 #include <QMimeData>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QStatusBar>
-#include <QToolButton>
-#include <array>
 #include <chrono>
 #include <string_view>
 
@@ -40,12 +40,6 @@ constexpr std::string_view WindowImage = R"(<svg xmlns="http://www.w3.org/2000/s
  viewBox="0 0 32 32"><rect x="3" y="13" width="26" height="16" rx="3" fill="#4a6fa5"/>
 <path d="M16 3l8 9h-5v8h-6v-8H8z" fill="#e8a33d"/></svg>)";
 
-// Keys of the commands on the tool bar, beside those of the menus.
-struct TKey {
-  std::string_view Button;
-  QKeySequence Keys;
-};
-
 } // namespace
 
 TMainWindow::TMainWindow(TSession& session)
@@ -54,16 +48,11 @@ TMainWindow::TMainWindow(TSession& session)
   setWindowIcon(SvgIcon(WindowImage));
   setAcceptDrops(true);
   MakePages();
-  MakeStatusBar();
   MakeMenus();
+  FStatus = new TWindowStatus(*this, *FProjects, *FTabs);
+  FListCommands = new TListCommands(FSession, *this);
   ServeSession();
-  FState.setSingleShot(true);
-  FState.setInterval(0);
-  connect(&FState, &QTimer::timeout, this, &TMainWindow::ShowState);
-  FPoll.setInterval(PollInterval);
-  connect(&FPoll, &QTimer::timeout, this, &TMainWindow::ShowState);
-  FPoll.start();
-  connect(&FWatcher, &TProjectWatcher::FilesChanged, this, [this] { FProjects->CheckDisk(); });
+  WatchState();
   if (FLayout.Geometry.isEmpty() || !restoreGeometry(FLayout.Geometry))
     resize(FirstSize);
   ShowState();
@@ -77,29 +66,54 @@ TMainWindow::~TMainWindow() {
   FSession.CloseViews();
   FSession.SetEditorArea(nullptr);
   FSession.SetModalForms(nullptr);
-  TRemoteProfileServices& services = FSession.RemoteProfiles();
-  services.SetRunAside(nullptr);
-  services.SetDeployDesk(nullptr);
-  services.SetCreateProfile(nullptr);
   FQuestions->Close();
-  services.SetHostKeyQuestion(nullptr);
-  services.SetSecretQuestion(nullptr);
+  FSession.RemoteProfiles().SetInteraction(nullptr);
+}
+
+void TMainWindow::WatchState() {
+  FState.setSingleShot(true);
+  FState.setInterval(0);
+  connect(&FState, &QTimer::timeout, this, &TMainWindow::ShowState);
+  FPoll.setInterval(PollInterval);
+  connect(&FPoll, &QTimer::timeout, this, &TMainWindow::ShowState);
+  FPoll.start();
+  connect(&FWatcher, &TProjectWatcher::FilesChanged, this, &TMainWindow::CheckDisk);
+  WatchFiles();
+  connect(FProjects.get(), &TProjectTabs::Notice, FStatus, &TWindowStatus::Say);
+  connect(FListCommands, &TListCommands::Done, this, &TMainWindow::FocusListSoon);
+}
+
+void TMainWindow::WatchFiles() {
+  std::vector<std::filesystem::path> files = FProjects->Files();
+  const std::filesystem::path& profiles = FSession.RemoteProfiles().Profiles().File();
+  if (!profiles.empty())
+    files.push_back(profiles);
+  FWatcher.Watch(files);
+}
+
+// Other programs, such as the command line, change projects and profiles.
+void TMainWindow::CheckDisk() {
+  if (FBackground.IsBusy() || QApplication::activeModalWidget())
+    return;
+  Guarded([this] { FSession.RemoteProfiles().ReadProfilesAnew(); });
+  FProjects->CheckDisk();
 }
 
 void TMainWindow::MakePages() {
+  FModalForms = std::make_unique<TModalDialogs>(this);
   FTabs = new TEditorTabs(
       FSession.Settings(), [this] { return FBackground.IsBusy(); }, this);
-  FProjects = std::make_unique<TProjectTabs>(FSession, *FTabs, FBackground, *this);
+  FProjects = std::make_unique<TProjectTabs>(FSession, *FTabs, FBackground, *FModalForms, *this);
   FPanel = new TDeployPanel(this);
   FPanel->hide();
   FBackground.Allow(FPanel);
   FWelcome = new TWelcomePage(this);
   connect(FWelcome, &TWelcomePage::OpenWanted, this, &TMainWindow::AskForProject);
-  auto* pages = new QStackedWidget(this);
-  pages->addWidget(FWelcome);
-  pages->addWidget(FTabs);
+  FPages = new QStackedWidget(this);
+  FPages->addWidget(FWelcome);
+  FPages->addWidget(FTabs);
   FSplitter = new QSplitter(Qt::Vertical, this);
-  FSplitter->addWidget(pages);
+  FSplitter->addWidget(FPages);
   FSplitter->addWidget(FPanel);
   FSplitter->setStretchFactor(0, 1);
   FSplitter->setChildrenCollapsible(false);
@@ -107,45 +121,34 @@ void TMainWindow::MakePages() {
   setCentralWidget(FSplitter);
   connect(FTabs, &QTabWidget::tabCloseRequested, this,
           [this](int index) { FProjects->Close(index); });
+  connect(FTabs, &QTabWidget::tabBarClicked, this, [this] { FProjects->CommitEditors(); });
   connect(FTabs, &QTabWidget::currentChanged, this, &TMainWindow::ShowPage);
   connect(FProjects.get(), &TProjectTabs::Opened, this,
           [this](TOpenProject* project) { Opened(*project); });
   connect(FProjects.get(), &TProjectTabs::Changed, this, [this] {
-    FWatcher.Watch(FProjects->Files());
+    WatchFiles();
     ShowPage();
   });
 }
 
-void TMainWindow::MakeStatusBar() {
-  FCounts = new QLabel(this);
-  FWarnings = new QToolButton(this);
-  FWarnings->setAutoRaise(true);
-  FWarnings->hide();
-  connect(FWarnings, &QToolButton::clicked, this, &TMainWindow::ShowWarnings);
-  statusBar()->addPermanentWidget(FWarnings);
-  statusBar()->addPermanentWidget(FCounts);
-}
-
 void TMainWindow::ServeSession() {
-  FModalForms = std::make_unique<TModalDialogs>(this);
-  FDesk = std::make_unique<TDeployDesk>(
-      *FPanel, [this](const std::vector<std::string>& commands) { return MayRun(commands); });
   FSession.SetEditorArea(FTabs);
   FSession.SetModalForms(FModalForms.get());
-  TRemoteProfileServices& services = FSession.RemoteProfiles();
-  services.SetRunAside(
-      [this](const TRemoteProfileServices::TWork& work) { FBackground.Run(work); });
-  services.SetDeployDesk(FDesk.get());
-  services.SetCreateProfile([this](deployment::ICustomProject& project, std::string_view platform) {
-    return CreateProfile(project, platform);
-  });
   FQuestions = std::make_shared<TConnectionQuestions>(*this);
-  services.SetHostKeyQuestion(
-      [questions = FQuestions](const THostKey& key) { return questions->AcceptsHostKey(key); });
-  services.SetSecretQuestion(
-      [questions = FQuestions](const std::string& prompt, const TIsCancelled& isOver) {
-        return questions->TellSecret(prompt, isOver);
-      });
+  FSession.RemoteProfiles().SetInteraction(std::make_shared<TWindowInteraction>(
+      TWindowParts{.Panel = *FPanel,
+                   .Background = FBackground,
+                   .Questions = FQuestions,
+                   .MayRun = [this](const auto& commands,
+                                    const std::string& place) { return MayRun(commands, place); },
+                   .CreateProfile =
+                       [this](auto& project, std::string_view platform) {
+                         return CreateProfile(project, platform);
+                       },
+                   .ConnectionLost =
+                       [this](const std::string& profile, const std::string& reason) {
+                         ShowLostConnection(profile, reason);
+                       }}));
 }
 
 TFormControls* TMainWindow::CurrentControls() const {
@@ -199,26 +202,10 @@ void TMainWindow::OfferRecovery() {
 }
 
 void TMainWindow::Opened(TOpenProject& project) {
-  static const std::array<TKey, 5> keys{{{"tbReconcile", Qt::CTRL | Qt::Key_R},
-                                         {"tbAddFiles", Qt::Key_Insert},
-                                         {"tbDeleteFile", Qt::Key_Delete},
-                                         {"tbDeploy", Qt::Key_F9},
-                                         {"tbConnect", Qt::Key_F8}}};
   TFormControls* controls = FProjects->ControlsOf(project);
-  if (!controls || !controls->ToolBar() || !controls->Tree())
+  if (!controls || !controls->Tree())
     return;
-  for (const TKey& key : keys) {
-    if (QAction* action = controls->ToolBar()->Find(key.Button)) {
-      action->setShortcut(key.Keys);
-      action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-      action->setToolTip(action->toolTip() + " (" + key.Keys.toString(QKeySequence::NativeText) +
-                         ")");
-      controls->Page()->addAction(action);
-    }
-  }
-  if (const QAction* action = controls->ToolBar()->Find("tbConnect"))
-    connect(action, &QAction::triggered, controls,
-            [this, &project] { Guarded([&] { ExplainMissingProfile(project); }); });
+  FListCommands->Attach(project, *controls);
   TTreeView& view = controls->Tree()->View();
   view.setAccessibleName(tr("Files of %1").arg(PathToQString(project.GivenFileName().stem())));
   if (!FLayout.Columns.isEmpty()) {
@@ -227,96 +214,53 @@ void TMainWindow::Opened(TOpenProject& project) {
   }
   connect(controls, &TFormControls::StateChanged, this, &TMainWindow::ShowStateSoon);
   connect(&view, &TTreeView::FilesDropped, this, &TMainWindow::AddDropped);
-  view.setFocus();
-}
-
-// The view just lets its button come up again when there is nowhere to connect to.
-void TMainWindow::ExplainMissingProfile(TOpenProject& project) {
-  const TFormControls* controls = FProjects->ControlsOf(project);
-  const auto* platforms = project.Project().GetProjectPlatforms();
-  if (!controls || !controls->TargetsComboBox() || !platforms)
-    return;
-  const std::string platform = controls->TargetsComboBox()->GetSelectedPlatform();
-  const std::string profile = platforms->GetProfileName(platform);
-  if (profile.empty())
-    ShowError(tr("Connect"),
-              tr("The project has no remote profile for %1. Make one with Tools, Remote Profiles, "
-                 "and assign it to the project.")
-                  .arg(ToQString(platform)),
-              this);
-  else if (!FSession.RemoteProfiles().FindProfile(profile))
-    ShowError(tr("Connect"),
-              tr("The project names the remote profile %1 for %2, and there is none of that name. "
-                 "Make it with Tools, Remote Profiles, or assign another one to the project.")
-                  .arg(ToQString(profile), ToQString(platform)),
-              this);
 }
 
 void TMainWindow::ShowPage() {
-  auto* pages = static_cast<QStackedWidget*>(FSplitter->widget(0));
-  pages->setCurrentWidget(FTabs->count() > 0 ? static_cast<QWidget*>(FTabs)
-                                             : static_cast<QWidget*>(FWelcome));
-  if (TFormControls* controls = CurrentControls(); controls && controls->Tree())
-    controls->Tree()->View().setFocus();
+  FPages->setCurrentWidget(FTabs->count() > 0 ? static_cast<QWidget*>(FTabs)
+                                              : static_cast<QWidget*>(FWelcome));
+  FocusListSoon();
   ShowState();
+}
+
+// What is shown only now takes no focus yet.
+void TMainWindow::FocusListSoon() {
+  QTimer::singleShot(0, this, [this] {
+    TFormControls* controls = CurrentControls();
+    if (controls && controls->Tree() && !controls->Tree()->View().Delegate().IsEditing())
+      controls->Tree()->View().setFocus();
+  });
 }
 
 void TMainWindow::ShowState() {
   // Said once, and not again by each look.
-  if (!FBackground.IsBusy() && !Guarded([this] { ShowPresentState(); }))
+  const bool shown = FBackground.IsBusy() || Guarded([this] {
+                       FProjects->EndSteps();
+                       FProjects->ShowModified();
+                       FMenus->Update();
+                       FStatus->Update();
+                     });
+  if (!shown)
     FPoll.stop();
 }
 
-void TMainWindow::ShowPresentState() {
-  FProjects->EndSteps();
-  ShowTrouble();
-  FProjects->ShowModified();
-  ShowUndo();
-  const TOpenProject* project = CurrentProject();
-  const TFormControls* controls = CurrentControls();
-  for (QAction* action : FProjectActions)
-    action->setEnabled(project != nullptr);
-  FDeployment->setEnabled(project != nullptr);
-  setWindowTitle(project ? QStringLiteral("%1[*] – %2")
-                               .arg(PathToQString(project->GivenFileName().filename()),
-                                    QApplication::applicationName())
-                         : QApplication::applicationName());
-  if (project)
-    setWindowModified(project->HasChanges());
-  FCounts->clear();
-  if (controls && controls->Tree()) {
-    const int selected = static_cast<int>(controls->Tree()->SelectedCount());
-    QString text = tr("%n file(s)", nullptr, controls->Tree()->Model().rowCount());
-    if (selected > 0)
-      text += tr(", %n selected", nullptr, selected);
-    FCounts->setText(text);
-  }
-  const int warnings = project ? static_cast<int>(project->Warnings().size()) : 0;
-  FWarnings->setVisible(warnings > 0);
-  FWarnings->setText(tr("%n warning(s)", nullptr, warnings));
-}
-
-// Said once: editing goes on all the same.
-void TMainWindow::ShowTrouble() {
-  TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex());
-  const QString trouble = edits ? edits->Trouble() : QString();
-  if (!trouble.isEmpty() && trouble != FTrouble)
-    statusBar()->showMessage(trouble);
-  FTrouble = trouble;
-}
-
 // A command is asked for as long as the user has not said yes to exactly this one.
-bool TMainWindow::MayRun(const std::vector<std::string>& commands) {
+bool TMainWindow::MayRun(const std::vector<std::string>& commands, const std::string& place) {
   const TOpenProject* project = CurrentProject();
   if (!project)
     return false;
   TSettings& settings = FSession.Settings();
-  if (IsAllowed(settings, project->GivenFileName(), commands))
+  if (IsAllowed(settings, project->GivenFileName(), place, commands))
     return true;
-  if (!AskConsent(commands, this))
+  if (!AskConsent(commands, place, this))
     return false;
-  Guarded([&] { Allow(settings, project->GivenFileName(), commands); });
+  Guarded([&] { Allow(settings, project->GivenFileName(), place, commands); });
   return true;
+}
+
+void TMainWindow::ShowLostConnection(const std::string& profile, const std::string& reason) {
+  FStatus->Say(tr("No connection to the files of %1: %2")
+                   .arg(ToQString(Visible(profile)), ToQString(Visible(reason))));
 }
 
 bool TMainWindow::CreateProfile(const deployment::ICustomProject& project,
@@ -362,7 +306,7 @@ void TMainWindow::dropEvent(QDropEvent* event) {
 void TMainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::ActivationChange && isActiveWindow() && FProjects)
-    QTimer::singleShot(0, this, [this] { FProjects->CheckDisk(); });
+    QTimer::singleShot(0, this, &TMainWindow::CheckDisk);
 }
 
 void TMainWindow::KeepLayout() const {
@@ -380,8 +324,8 @@ void TMainWindow::KeepLayout() const {
 
 void TMainWindow::closeEvent(QCloseEvent* event) {
   if (FBackground.IsBusy()) {
-    statusBar()->showMessage(FDesk->IsRunning() ? tr("A deploy is running; cancel it first.")
-                                                : tr("Work is going on; it is over soon."));
+    FStatus->Say(FPanel->IsRunning() ? tr("A deploy is running; cancel it first.")
+                                     : tr("Work is going on; it is over soon."));
     return event->ignore();
   }
   if (!FProjects->MayCloseAll())

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "workbench/desktop/window/background_work.h"
-#include "workbench/desktop/window/deploy_desk.h"
 #include "workbench/desktop/window/editor_tabs.h"
 #include "workbench/desktop/window/project_tabs.h"
 #include "workbench/desktop/window/project_watcher.h"
@@ -11,29 +10,24 @@
 #include <QMainWindow>
 #include <QTimer>
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-class QLabel;
-class QMenu;
 class QSplitter;
-class QToolButton;
+class QStackedWidget;
 
 namespace workbench {
 
 class TConnectionQuestions;
 class TDeployPanel;
+class TListCommands;
 class TModalDialogs;
 class TWelcomePage;
-
-/// Name of the history of projects that were opened.
-inline constexpr std::string_view RecentProjects = "recent-projects";
-
-/// True for a name such as "Name.vproj"; side files are no projects.
-bool IsProjectFile(const std::filesystem::path& file);
+class TWindowMenus;
+class TWindowStatus;
+struct TWindowCommand;
 
 class TMainWindow final : public QMainWindow {
   Q_OBJECT
@@ -68,37 +62,30 @@ protected:
 
 private:
   void MakePages();
-  void MakeStatusBar();
   void MakeMenus();
-  void MakeFileMenu();
-  void MakeEditMenu();
-  void MakeDeploymentMenu();
-  void MakeToolsMenu();
-  void MakeHelpMenu();
+  std::vector<TWindowCommand> FileCommands();
+  std::vector<TWindowCommand> EditCommands();
+  std::vector<TWindowCommand> ToolsCommands();
   void ServeSession();
-  QAction* AddAction(QMenu& menu, const QString& text, const QKeySequence& keys,
-                     const std::function<void()>& run);
+  void WatchState();
+  void WatchFiles();
+  void CheckDisk();
 
   void Opened(TOpenProject& project);
   void ShowState();
-  void ShowPresentState();
-  void ShowTrouble();
-  void ExplainMissingProfile(TOpenProject& project);
   void ShowStateSoon() { FState.start(); }
   void ShowPage();
-  void FillRecent();
+  void FocusListSoon();
   void AskForProject();
-  void Undo();
-  void Redo();
-  void ShowUndo();
+  void SaveAs();
+  void Step(void (TEditHistory::*step)());
   void Copy();
   void SelectAll();
   void AddDropped(const QStringList& files);
   void ShowProfiles();
-  void ShowSettings();
-  void ShowWarnings();
   void ShowAbout();
-  bool MayRun(const std::vector<std::string>& commands);
+  bool MayRun(const std::vector<std::string>& commands, const std::string& place);
+  void ShowLostConnection(const std::string& profile, const std::string& reason);
   bool CreateProfile(const deployment::ICustomProject& project, std::string_view platform);
   void KeepLayout() const;
 
@@ -108,19 +95,14 @@ private:
   TEditorTabs* FTabs = nullptr;
   TDeployPanel* FPanel = nullptr;
   QSplitter* FSplitter = nullptr;
+  QStackedWidget* FPages = nullptr;
   TWelcomePage* FWelcome = nullptr;
-  QLabel* FCounts = nullptr;
-  QToolButton* FWarnings = nullptr;
-  QMenu* FRecent = nullptr;
-  QAction* FUndo = nullptr;
-  QAction* FRedo = nullptr;
-  QMenu* FDeployment = nullptr;
-  std::vector<QAction*> FProjectActions; // of use with a project only
+  TWindowMenus* FMenus = nullptr;
+  TWindowStatus* FStatus = nullptr;
+  TListCommands* FListCommands = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
-  std::unique_ptr<TDeployDesk> FDesk;
   std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too
-  QString FTrouble;                                 // that was said
   TProjectWatcher FWatcher;
   QTimer FState;
   QTimer FPoll;

@@ -1,11 +1,13 @@
 // What the user did to one project since it was opened: for undo, and to be had back after a crash.
 #pragma once
 
+#include "workbench/desktop/controls/form_controls.h"
 #include "workbench/history/edit_history.h"
 #include "workbench/history/recovery.h"
 #include "workbench/history/recovery_journal.h"
 
 #include <QString>
+#include <optional>
 
 namespace workbench {
 
@@ -15,26 +17,38 @@ public:
   /// The project must outlive the object. Throws as TEditHistory does.
   explicit TProjectEdits(TOpenProject& project);
 
-  /// What changed since the last call becomes a step. An empty command stands for a change in the
-  /// rows themselves.
-  void EndStep(const QString& command);
+  /// What changed since the last call becomes a step of that command.
+  void EndStep(const TFormCommand& command);
   TEditHistory& History() { return FHistory; }
+  /// True when there is something of the user's to save. What the program computed, such as the
+  /// default entries of a target, comes back by itself and does not count.
+  bool IsModified() const;
+  /// What happened since the project was opened is the user's, though no step says so.
+  void MarkModified();
   /// The project stands on disk as it is.
   void Saved();
+  /// The project goes on under another name.
+  void Renamed() { FJournal.ProjectRenamed(FProject.GivenFileName()); }
   /// The project file may have been written without the list, as when a profile was assigned.
   void FileWritten();
   /// The edits are given up.
   void Dropped() { FJournal.Remove(); }
+  /// The edits as they could be had back if the program was killed; nothing where there are none or
+  /// they cannot be kept. To be used when the object is gone.
+  std::optional<TRecoverable> Kept() const;
   /// Why edits would be lost if the program was killed; empty while they would not.
-  QString Trouble() const { return QString::fromStdString(FJournal.Trouble()); }
+  QString Problem() const { return QString::fromStdString(FJournal.Problem()); }
   /// Does edits that an earlier run left behind; they are in this run's keeping then. Throws
   /// TInputError.
   void Recover(const TRecoverable& recoverable);
 
 private:
+  bool EndNamedStep(const TFormCommand& command);
+
   TOpenProject& FProject;
   TRecoveryJournal FJournal;
   TEditHistory FHistory;
+  bool FIsMarked = false;
 };
 
 } // namespace workbench

@@ -2,13 +2,14 @@
 
 #include "package/common/errors.h"
 #include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
+#include "workbench/desktop/window/project_names.h"
+#include "workbench/desktop/window/project_questions.h"
 #include "workbench/project/project_settings.h"
 
 #include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QTabBar>
 #include <algorithm>
 #include <utility>
@@ -17,23 +18,6 @@ namespace workbench {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path Canonical(const fs::path& file) {
-  std::error_code error;
-  fs::path full = fs::canonical(file, error);
-  return error ? fs::absolute(file).lexically_normal() : full;
-}
-
-QString NameOf(const TOpenProject& project) {
-  return PathToQString(project.GivenFileName().filename());
-}
-
-// A view begins without a configuration, and would deploy the files of all configurations alone.
-void ChooseActiveTarget(const TOpenProject& project, TFormControls& controls) {
-  if (controls.TargetsComboBox())
-    controls.TargetsComboBox()->Choose(project.Settings().ActiveConfiguration(),
-                                       project.Settings().ActivePlatform());
-}
 
 // Nothing is drawn: a save uses the package, and so would the drawing of rows.
 struct TPausedPainting {
@@ -54,8 +38,8 @@ struct TBusyCursor {
 } // namespace
 
 TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background,
-                           QWidget& window)
-    : FSession(session), FTabs(tabs), FBackground(background), FWindow(window) {}
+                           const TModalDialogs& forms, QWidget& window)
+    : FSession(session), FTabs(tabs), FBackground(background), FForms(forms), FWindow(window) {}
 
 TProjectTabs::TProjectTab* TProjectTabs::TabAt(int index) {
   const TFormControls* controls = FTabs.ControlsAt(index);
@@ -88,9 +72,19 @@ std::vector<fs::path> TProjectTabs::Files() const {
   files.reserve(FProjects.size());
   for (int i = 0; i < FTabs.count(); ++i) {
     if (const TOpenProject* project = ProjectAt(i))
-      files.push_back(Canonical(project->GivenFileName()));
+      files.push_back(CanonicalPath(project->GivenFileName()));
   }
   return files;
+}
+
+bool TProjectTabs::IsModified(int index) const {
+  const TProjectTab* tab = const_cast<TProjectTabs*>(this)->TabAt(index);
+  return tab && tab->Edits->IsModified();
+}
+
+TProjectEdits* TProjectTabs::EditsAt(int index) {
+  const TProjectTab* tab = TabAt(index);
+  return tab ? tab->Edits.get() : nullptr;
 }
 
 bool TProjectTabs::Open(const fs::path& file) {
@@ -99,7 +93,11 @@ bool TProjectTabs::Open(const fs::path& file) {
       FTabs.setCurrentIndex(FTabs.IndexOf(*ControlsOf(*open)));
       return true;
     }
-    Show(Read(file), -1);
+    if (IsSideFile(file))
+      throw deployment::TInputError("it is made from a project by each save; open the project");
+    TOpenProject& project = Read(file);
+    Show(project, -1,
+         {project.Settings().ActiveConfiguration(), project.Settings().ActivePlatform()});
     return true;
   } catch (const std::exception& error) {
     ShowError(tr("Open Project"),
@@ -115,13 +113,15 @@ TOpenProject& TProjectTabs::Read(const fs::path& file) {
 }
 
 // What fails here leaves no project without a tab behind.
-void TProjectTabs::Show(TOpenProject& project, int index) {
+TFormControls& TProjectTabs::MakeView(TOpenProject& project,
+                                      const deployment::TDeploymentTarget& target) {
   TFormControls* controls = nullptr;
   const auto added = connect(&FTabs, &TEditorTabs::Added, this,
                              [&controls](TFormControls* made) { controls = made; });
   try {
     project.Deployment();
-    FSession.ShowDeployment(project);
+    // A target that cannot be computed is no reason to keep the project closed: the view says it.
+    FSession.ShowDeployment(project, {target});
     if (!controls)
       throw deployment::TInputError("the package shows no Deployment Manager for it");
   } catch (const std::exception&) {
@@ -130,45 +130,72 @@ void TProjectTabs::Show(TOpenProject& project, int index) {
     throw;
   }
   disconnect(added);
-  ChooseActiveTarget(project, *controls);
-  FProjects.push_back({&project, controls, std::make_unique<TProjectEdits>(project)});
-  const int shown = FTabs.IndexOf(*controls);
+  return *controls;
+}
+
+// What the reconcile of the first target does is no edit, unless somebody was asked.
+void TProjectTabs::Show(TOpenProject& project, int index,
+                        const deployment::TDeploymentTarget& target) {
+  const std::size_t answers = FForms.AnswerCount();
+  TFormControls& controls = MakeView(project, target);
+  FProjects.push_back({&project, &controls, std::make_unique<TProjectEdits>(project)});
+  controls.TakeCommand();
+  if (FForms.AnswerCount() != answers)
+    FProjects.back().Edits->MarkModified();
+  FAnswers = FForms.AnswerCount();
+  connect(&controls, &TFormControls::CommandStarts, this, &TProjectTabs::EndSteps);
+  connect(&controls, &TFormControls::CommandDone, this, &TProjectTabs::EndSteps);
+  const int shown = FTabs.IndexOf(controls);
   if (index >= 0 && index != shown)
     FTabs.tabBar()->moveTab(shown, index);
-  FTabs.setTabToolTip(FTabs.IndexOf(*controls),
-                      PathToQString(Canonical(project.GivenFileName())).toHtmlEscaped());
+  FTabs.setTabToolTip(FTabs.IndexOf(controls),
+                      PathToQString(CanonicalPath(project.GivenFileName())).toHtmlEscaped());
   emit Opened(&project);
   ShowModified();
   emit Changed();
 }
 
+bool TProjectTabs::CommitEditors() {
+  return std::ranges::all_of(FProjects,
+                             [](const TProjectTab& tab) { return tab.Controls->CommitEditor(); });
+}
+
+void TProjectTabs::EndStep(const TProjectTab& tab) {
+  TFormCommand command = tab.Controls->TakeCommand();
+  if (FForms.AnswerCount() != std::exchange(FAnswers, FForms.AnswerCount()))
+    command.ChoosesTarget = false; // what was answered is the user's
+  tab.Edits->EndStep(command);
+}
+
+// A dialog may be open in the middle of a command.
+void TProjectTabs::EndSteps() {
+  if (FBackground.IsBusy() || QApplication::activeModalWidget())
+    return;
+  for (const TProjectTab& tab : FProjects)
+    Guarded([&] { EndStep(tab); });
+}
+
+// Whatever the user has begun in the tab is done, and a step. False when the form refuses it.
+bool TProjectTabs::FinishEditing(int index) {
+  const TProjectTab* tab = TabAt(index);
+  return tab && tab->Controls->CommitEditor() && Guarded([&] { EndStep(*tab); });
+}
+
 bool TProjectTabs::Save(int index) {
-  TProjectTab* tab = TabAt(index);
+  const TProjectTab* tab = TabAt(index);
   if (!tab)
     return true;
-  bool force = false;
-  if (tab->Project->HasChanges() && tab->Project->IsChangedOnDisk()) {
-    QMessageBox box(
-        QMessageBox::Warning, tr("Save Project"),
-        tr("%1 was changed by another program since it was read here.").arg(NameOf(*tab->Project)),
-        QMessageBox::Cancel, &FWindow);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(tr("Saving replaces what the other program wrote. A copy of it is "
-                              "kept beside the other backups."));
-    QPushButton* overwrite = box.addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
-    box.setDefaultButton(QMessageBox::Cancel);
-    box.exec();
-    if (box.clickedButton() != overwrite)
-      return false;
-    force = true;
-  }
+  if (!FinishEditing(index))
+    return false;
+  const bool force = tab->Project->HasChanges() && tab->Project->IsChangedOnDisk();
+  if (force && !AskOverwrite(NameOf(*tab->Project), &FWindow))
+    return false;
   return Write(*tab, force);
 }
 
 bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
   bool saved = false;
   try {
-    tab.Edits->EndStep(tab.Controls->TakeCommand());
     const TPausedPainting still(FTabs);
     FBackground.Run([&project = *tab.Project, force] {
       project.Save(force);
@@ -177,12 +204,43 @@ bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
     saved = true;
     tab.Edits->Saved();
   } catch (const std::exception& error) {
-    ShowError(tr("Save Project"),
-              tr("%1\n\nNothing is lost: the changes are still here. Mend what stands in the way, "
-                 "then save again.")
-                  .arg(ErrorText(error)),
-              &FWindow);
+    ShowSaveError(error);
     tab.Edits->FileWritten(); // perhaps all but the side file
+  }
+  ShowModified();
+  emit Changed();
+  return saved;
+}
+
+void TProjectTabs::ShowSaveError(const std::exception& error) {
+  ShowError(tr("Save Project"),
+            tr("%1\n\nNothing is lost: the changes are still here. Mend what stands in the way, "
+               "then save again.")
+                .arg(ErrorText(error)),
+            &FWindow);
+}
+
+// The dialog in which the name was chosen has asked whether a file of that name may be replaced.
+bool TProjectTabs::SaveAs(int index, const fs::path& file) {
+  const TProjectTab* tab = TabAt(index);
+  if (!tab || !FinishEditing(index))
+    return false;
+  if (FSession.FindOpen(file) == tab->Project)
+    return Save(index);
+  const fs::path before = tab->Project->GivenFileName();
+  bool saved = false;
+  try {
+    const TBusyCursor busy;
+    FSession.SaveAs(*tab->Project, file, true);
+    saved = true;
+  } catch (const std::exception& error) {
+    ShowSaveError(error);
+  }
+  if (tab->Project->GivenFileName() != before) {
+    if (saved)
+      tab->Edits->Saved();
+    tab->Edits->Renamed();
+    FTabs.setTabToolTip(index, PathToQString(CanonicalPath(file)).toHtmlEscaped());
   }
   ShowModified();
   emit Changed();
@@ -191,33 +249,30 @@ bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
 
 bool TProjectTabs::SaveAll() {
   bool saved = true;
-  for (int i = 0; i < FTabs.count(); ++i)
-    saved = Save(i) && saved;
+  for (int i = 0; i < FTabs.count(); ++i) {
+    if (!FinishEditing(i) || IsModified(i))
+      saved = Save(i) && saved;
+  }
   return saved;
 }
 
 bool TProjectTabs::MayClose(int index) {
-  const TProjectTab* tab = TabAt(index);
-  if (!tab || !tab->Project->HasChanges())
+  if (!TabAt(index))
+    return true;
+  if (!FinishEditing(index))
+    return false;
+  if (!IsModified(index))
     return true;
   FTabs.setCurrentIndex(index);
-  QMessageBox box(QMessageBox::Question, tr("Close Project"),
-                  tr("Save the changes to %1?").arg(NameOf(*tab->Project)), QMessageBox::NoButton,
-                  &FWindow);
-  box.setTextFormat(Qt::PlainText);
-  QPushButton* save = box.addButton(tr("&Save"), QMessageBox::AcceptRole);
-  QPushButton* discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
-  box.addButton(tr("Cancel"), QMessageBox::RejectRole);
-  box.setDefaultButton(save);
-  box.exec();
-  return box.clickedButton() == save ? Save(index) : box.clickedButton() == discard;
+  const TCloseAnswer answer = AskClose(NameOf(*TabAt(index)->Project), &FWindow);
+  return answer == TCloseAnswer::Save ? Save(index) : answer == TCloseAnswer::Discard;
 }
 
 bool TProjectTabs::Close(int index) {
   if (!MayClose(index))
     return false;
   if (const TProjectTab* tab = TabAt(index))
-    Shut(*tab->Project);
+    Shut(*tab->Project, /*dropEdits=*/true);
   emit Changed();
   return true;
 }
@@ -232,113 +287,22 @@ bool TProjectTabs::MayCloseAll() {
 
 void TProjectTabs::CloseAll() {
   while (!FProjects.empty())
-    Shut(*FProjects.back().Project);
+    Shut(*FProjects.back().Project, /*dropEdits=*/true);
   emit Changed();
 }
 
-void TProjectTabs::Shut(const TOpenProject& project) {
+void TProjectTabs::Shut(const TOpenProject& project, bool dropEdits) {
   const auto found = std::ranges::find(FProjects, &project, &TProjectTab::Project);
   TOpenProject& open = *found->Project;
-  found->Edits->Dropped();
+  if (dropEdits)
+    found->Edits->Dropped();
   FProjects.erase(found); // with the edits, which listen to the project
   Guarded([&] { FSession.Close(open); });
 }
 
-bool TProjectTabs::MayLose(const TProjectTab& tab, const QString& question) {
-  QMessageBox box(QMessageBox::Question, tr("Reload Project"), question, QMessageBox::NoButton,
-                  &FWindow);
-  box.setTextFormat(Qt::PlainText);
-  if (tab.Project->HasChanges())
-    box.setInformativeText(tr("The changes that were not saved are lost then."));
-  QPushButton* reload = box.addButton(tr("&Reload"), QMessageBox::AcceptRole);
-  QPushButton* keep = box.addButton(tr("&Keep"), QMessageBox::RejectRole);
-  box.setDefaultButton(tab.Project->HasChanges() ? keep : reload);
-  box.setEscapeButton(keep);
-  box.exec();
-  return box.clickedButton() == reload;
-}
-
-bool TProjectTabs::Reload(int index) {
-  const TProjectTab* tab = TabAt(index);
-  return tab &&
-         (!tab->Project->HasChanges() ||
-          MayLose(*tab, tr("Read %1 again from disk?").arg(NameOf(*tab->Project)))) &&
-         ReadAnew(index);
-}
-
-bool TProjectTabs::ReadAnew(int index) {
-  const TOpenProject& project = *TabAt(index)->Project;
-  const fs::path file = project.GivenFileName();
-  try {
-    Shut(project);
-    Show(Read(file), index);
-    return true;
-  } catch (const std::exception& error) {
-    ShowError(tr("Reload Project"),
-              tr("%1 cannot be read any more and was closed. Mend the file, then open it "
-                 "again.\n\n%2")
-                  .arg(PathToQString(file), ErrorText(error)),
-              &FWindow);
-    emit Changed();
-    return false;
-  }
-}
-
-void TProjectTabs::CheckDisk() {
-  if (FBackground.IsBusy() || QApplication::activeModalWidget())
-    return;
-  for (int i = 0; i < FTabs.count(); ++i) {
-    TProjectTab* tab = TabAt(i);
-    if (!tab)
-      continue;
-    const bool changed = tab->Project->IsChangedOnDisk();
-    if (!changed || tab->WasAsked) {
-      tab->WasAsked = tab->WasAsked && changed;
-      continue;
-    }
-    tab->WasAsked = true;
-    const QString name = NameOf(*tab->Project);
-    std::error_code error;
-    if (!fs::exists(tab->Project->GivenFileName(), error)) {
-      ShowError(tr("Project File"),
-                tr("%1 is gone. Save writes it again; its content is still here.").arg(name),
-                &FWindow);
-      tab->Project->MarkChanged();
-      ShowModified();
-      continue;
-    }
-    FTabs.setCurrentIndex(i);
-    if (MayLose(*tab, tr("%1 was changed by another program. Reload it?").arg(name)))
-      ReadAnew(i);
-  }
-}
-
-TProjectEdits* TProjectTabs::EditsAt(int index) {
-  const TProjectTab* tab = TabAt(index);
-  return tab ? tab->Edits.get() : nullptr;
-}
-
-// A dialog may be open in the middle of a command.
-void TProjectTabs::EndSteps() {
-  if (FBackground.IsBusy() || QApplication::activeModalWidget())
-    return;
-  for (const TProjectTab& tab : FProjects) {
-    Guarded([&] { tab.Edits->EndStep(tab.Controls->TakeCommand()); });
-  }
-}
-
-bool TProjectTabs::Recover(const TRecoverable& recoverable) {
-  if (!Open(recoverable.Project))
-    return false;
-  TProjectEdits* edits = EditsAt(FTabs.currentIndex());
-  const bool done = edits && Guarded([&] { edits->Recover(recoverable); });
-  ShowModified();
-  return done;
-}
-
 void TProjectTabs::ShowModified() {
   for (const TProjectTab& tab : FProjects)
-    FTabs.SetModified(FTabs.IndexOf(*tab.Controls), tab.Project->HasChanges());
+    FTabs.SetModified(FTabs.IndexOf(*tab.Controls), tab.Edits->IsModified());
 }
 
 } // namespace workbench

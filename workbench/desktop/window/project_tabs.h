@@ -7,25 +7,35 @@
 #include "workbench/session/session.h"
 
 #include <QObject>
+#include <cstddef>
+#include <exception>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace workbench {
 
+class TModalDialogs;
+
 /// Opens, saves, reloads and closes. What goes wrong is said to the user, and the other projects
-/// stay as they are.
+/// stay as they are. A cell editor that is open is left first, with its text; where the form
+/// refuses the text nothing is done.
 class TProjectTabs final : public QObject {
   Q_OBJECT
 
 public:
   /// Everything must outlive the object. Dialogs stand before the window.
-  TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background, QWidget& window);
+  TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background,
+               const TModalDialogs& forms, QWidget& window);
 
   /// Brings a project forward that is open already. False when it cannot be opened.
   bool Open(const std::filesystem::path& file);
   /// False when it is not saved.
   bool Save(int index);
+  /// Saves under another name, under which the project goes on. False when it is not saved.
+  bool SaveAs(int index, const std::filesystem::path& file);
+  /// Saves those with changes.
   bool SaveAll();
   /// Asks what to do with changes; false when the user wants the project to stay.
   bool Close(int index);
@@ -33,9 +43,10 @@ public:
   bool MayCloseAll();
   /// Closes all without a question.
   void CloseAll();
-  /// Reads the project anew; changes are lost, after a question. False when it stays as it is.
+  /// Reads the project anew; asks what becomes of changes. False when it stays as it is.
   bool Reload(int index);
-  /// Offers to reload the projects whose files were changed by others, once for each change.
+  /// Reads projects anew whose files were changed by others; where there are changes it asks, once
+  /// for each change of the file. A project whose file was renamed goes on under the new name.
   void CheckDisk();
 
   /// The project on a tab; null for none.
@@ -46,8 +57,12 @@ public:
   std::vector<std::filesystem::path> Files() const;
   /// Edits of the project on a tab; null for none.
   TProjectEdits* EditsAt(int index);
+  /// True when the project on the tab has changes of the user's.
+  bool IsModified(int index) const;
   /// What changed in the projects since the last call becomes steps of them.
   void EndSteps();
+  /// Takes the text of a cell editor over that is open. False when the form refuses it.
+  bool CommitEditors();
   /// Opens the project and does the edits to it that an earlier run left behind. False when that
   /// fails, which is said.
   bool Recover(const TRecoverable& recoverable);
@@ -57,8 +72,10 @@ public:
 signals:
   /// A project was opened, and shows.
   void Opened(TOpenProject* project);
-  /// Projects came or went, or were saved.
+  /// Projects came or went, were saved or renamed.
   void Changed();
+  /// Something happened that the user should know and need not answer.
+  void Notice(const QString& text);
 
 private:
   struct TProjectTab {
@@ -69,19 +86,27 @@ private:
   };
 
   TProjectTab* TabAt(int index);
+  void EndStep(const TProjectTab& tab);
+  bool FinishEditing(int index);
   TOpenProject& Read(const std::filesystem::path& file);
-  void Show(TOpenProject& project, int index);
+  TFormControls& MakeView(TOpenProject& project, const deployment::TDeploymentTarget& target);
+  void Show(TOpenProject& project, int index, const deployment::TDeploymentTarget& target);
   bool Write(const TProjectTab& tab, bool force);
+  void ShowSaveError(const std::exception& error);
   bool MayClose(int index);
-  void Shut(const TOpenProject& project);
-  bool ReadAnew(int index);
-  bool MayLose(const TProjectTab& tab, const QString& question);
+  void Shut(const TOpenProject& project, bool dropEdits);
+  bool ReadAnew(int index, const std::optional<TRecoverable>& edits);
+  bool AskAndReload(int index, const QString& question);
+  void FileChanged(int index);
+  void FileGone(int index);
 
   TSession& FSession;
   TEditorTabs& FTabs;
   TBackgroundWork& FBackground;
+  const TModalDialogs& FForms;
   QWidget& FWindow;
   std::vector<TProjectTab> FProjects; // in no order
+  std::size_t FAnswers = 0;           // of forms, that belong to steps which are over
 };
 
 } // namespace workbench

@@ -2,12 +2,14 @@
 
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/file_reader.h"
+#include "workbench/files/sha256.h"
 #include "workbench/remote/target/remote_path.h"
 
-#include <cstring>
+#include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <span>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <utility>
@@ -42,7 +44,10 @@ public:
 
   int Get() const { return FFile.Get(); }
 
-  void PutInPlace(const std::string& name, const struct stat& source) {
+  void PutInPlace(const std::string& name, const struct stat& source, mode_t rights) {
+    // Whatever is taken from rights when a file is made, they are to be those of the local file.
+    if (::fchmod(FFile.Get(), rights) != 0)
+      ThrowSystemError("setting its rights");
     const timespec times[2] = {{0, UTIME_OMIT}, source.st_mtim};
     if (::futimens(FFile.Get(), times) != 0)
       ThrowSystemError("setting the time stamp");
@@ -71,12 +76,6 @@ TFileDescriptor OpenSource(const std::filesystem::path& file, struct stat& statu
   return source;
 }
 
-mode_t RightsOf(const struct stat& source, bool makeExecutable) {
-  const mode_t rights = source.st_mode & 0777;
-  // Whoever may read the program may run it.
-  return makeExecutable ? rights | ((rights & 0444) >> 2) : rights;
-}
-
 std::size_t ReadSome(int file, std::span<char> block) {
   while (true) {
     const ssize_t count = ::read(file, block.data(), block.size());
@@ -87,13 +86,12 @@ std::size_t ReadSome(int file, std::span<char> block) {
   }
 }
 
-void WriteAll(int file, std::span<const char> bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(file, bytes.data(), bytes.size());
-    if (count < 0 && errno != EINTR)
-      ThrowSystemError("writing it");
-    bytes = bytes.subspan(count > 0 ? static_cast<std::size_t>(count) : 0);
-  }
+// A link holds no lock; it is put in place at once, so one that stands for a while was left behind.
+bool IsOldLink(int directory, const char* name) {
+  constexpr time_t Moment = 60;
+  struct stat status = {};
+  return ::fstatat(directory, name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(status.st_mode) &&
+         ::time(nullptr) - status.st_ctim.tv_sec > Moment;
 }
 
 bool IsSameState(const struct stat& before, int source) {
@@ -123,25 +121,43 @@ TSendOutcome TFileTransfer::Send(int directory, const TSendRequest& request, ISe
   return outcome;
 }
 
+std::string TFileTransfer::NextName() {
+  return std::string(UnfinishedPrefix) + FRun + "-" + std::to_string(FCount++) +
+         std::string(UnfinishedSuffix);
+}
+
+void TFileTransfer::MakeLink(int directory, const std::string& name, const std::string& text) {
+  const std::string unfinished = NextName();
+  if (::symlinkat(text.c_str(), directory, unfinished.c_str()) != 0)
+    ThrowSystemError("making a link beside it");
+  if (::renameat(directory, unfinished.c_str(), directory, name.c_str()) != 0) {
+    const int reason = errno;
+    ::unlinkat(directory, unfinished.c_str(), 0);
+    errno = reason;
+    ThrowSystemError("putting it in place");
+  }
+}
+
 void TFileTransfer::TrySend(int directory, const TSendRequest& request, ISendJob& job,
                             TSendOutcome& outcome) {
   struct stat status = {};
   const TFileDescriptor source = OpenSource(request.LocalFile, status);
-  TUnfinishedFile target(directory,
-                         std::string(UnfinishedPrefix) + FRun + "-" + std::to_string(FCount++) +
-                             std::string(UnfinishedSuffix),
-                         RightsOf(status, request.MakeExecutable));
+  TUnfinishedFile target(directory, NextName(), 0600);
   const auto size = static_cast<std::uint64_t>(status.st_size);
   if (Copy(source.Get(), target.Get(), size, job, outcome) != size ||
       !IsSameState(status, source.Get()))
     throw TChangedMeanwhile();
-  target.PutInPlace(request.Target.Name, status);
+  outcome.Size = size;
+  outcome.Time = status.st_mtim.tv_sec;
+  outcome.Mode = RightsFor(status.st_mode, request.MakeExecutable);
+  target.PutInPlace(request.Target.Name, status, outcome.Mode);
 }
 
 // Ends when the size is reached; a file that grew has another state by then.
 std::uint64_t TFileTransfer::Copy(int source, int target, std::uint64_t size, ISendJob& job,
                                   TSendOutcome& outcome) {
   std::uint64_t copied = 0;
+  TSHA256 digest;
   while (copied < size) {
     if (job.IsCancelled())
       throw TCancelled();
@@ -149,41 +165,42 @@ std::uint64_t TFileTransfer::Copy(int source, int target, std::uint64_t size, IS
     if (count == 0)
       break;
     WriteAll(target, {FBlock.data(), count});
+    digest.Add({FBlock.data(), count});
     copied += count;
     outcome.Bytes += count;
     job.BytesSent(count);
   }
+  outcome.Hash = digest.Text();
   return copied;
 }
 
-bool HaveSameBytes(const std::filesystem::path& localFile, int directory, const std::string& name) {
-  const TFileDescriptor local(::open(localFile.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  const TFileDescriptor remote(
-      ::openat(directory, name.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
-  if (!local.IsOpen() || !remote.IsOpen())
-    return false;
-  const auto left = std::make_unique_for_overwrite<char[]>(BlockSize);
-  const auto right = std::make_unique_for_overwrite<char[]>(BlockSize);
-  const auto fill = [](int file, const std::unique_ptr<char[]>& block) {
-    std::size_t filled = 0;
-    while (filled < BlockSize) {
-      const std::size_t count = ReadSome(file, std::span(block.get() + filled, BlockSize - filled));
-      if (count == 0)
-        break;
-      filled += count;
-    }
-    return filled;
-  };
-  try {
-    while (true) {
-      const std::size_t count = fill(local.Get(), left);
-      if (fill(remote.Get(), right) != count || std::memcmp(left.get(), right.get(), count) != 0)
-        return false;
-      if (count < BlockSize)
-        return true;
-    }
-  } catch (const std::system_error&) {
-    return false;
+void ReadOpened(int file, const std::function<bool(std::string_view bytes)>& take) {
+  const auto block = std::make_unique_for_overwrite<char[]>(BlockSize);
+  while (true) {
+    const std::size_t count = ReadSome(file, {block.get(), BlockSize});
+    if (count == 0 || !take({block.get(), count}))
+      return;
+  }
+}
+
+void WriteAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(file, bytes.data(), bytes.size());
+    if (count < 0 && errno != EINTR)
+      ThrowSystemError("writing it");
+    bytes.remove_prefix(count > 0 ? static_cast<std::size_t>(count) : 0);
+  }
+}
+
+std::string ReadLinkIn(int directory, const std::string& name) {
+  std::vector<char> room(256);
+  while (true) {
+    const ssize_t size = ::readlinkat(directory, name.c_str(), room.data(), room.size());
+    if (size < 0)
+      ThrowSystemError("reading the link");
+    if (static_cast<std::size_t>(size) < room.size())
+      return {room.data(), static_cast<std::size_t>(size)};
+    room.resize(room.size() * 2);
   }
 }
 
@@ -203,7 +220,8 @@ void RemoveUnfinishedFiles(int directory) {
       continue;
     const TFileDescriptor file(
         ::openat(directory, entry->d_name, O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
-    if (file.IsOpen() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0)
+    if (IsOldLink(directory, entry->d_name) ||
+        (file.IsOpen() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0))
       ::unlinkat(directory, entry->d_name, 0);
   }
 }

@@ -1,6 +1,7 @@
 #include "workbench/remote/folder/folder_connection.h"
 
 #include "workbench/files/file_reader.h"
+#include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
 #include "workbench/remote/target/file_times.h"
 
@@ -18,9 +19,9 @@
 namespace workbench {
 namespace {
 
-constexpr unsigned MostUsualLanes = 4; // more only get in each other's way
+constexpr unsigned MostUsualConnections = 4; // more only get in each other's way
 
-// Tells the unfinished files of one lane from those of every other.
+// Tells the unfinished files of one connection from those of every other.
 std::string RandomText() {
   std::random_device source;
   std::array<char, 17> text = {};
@@ -28,17 +29,31 @@ std::string RandomText() {
   return text.data();
 }
 
-std::chrono::nanoseconds ResolutionOf(const std::filesystem::path& folder) {
+// What a file system keeps of a file. The usual ones keep everything.
+struct TKept {
+  std::chrono::nanoseconds Resolution = std::chrono::nanoseconds(1);
+  bool Modes = true;
+};
+
+TKept KeptBy(const std::filesystem::path& folder) {
   struct statfs status = {};
   if (::statfs(folder.c_str(), &status) == 0) {
     if (status.f_type == MSDOS_SUPER_MAGIC)
-      return std::chrono::seconds(2);
+      return {std::chrono::seconds(2), false};
     if (status.f_type == EXFAT_SUPER_MAGIC)
-      return std::chrono::milliseconds(10);
+      return {std::chrono::milliseconds(10), false};
     if (status.f_type == SMB_SUPER_MAGIC || status.f_type == CIFS_SUPER_MAGIC)
-      return std::chrono::nanoseconds(100);
+      return {std::chrono::nanoseconds(100), false};
   }
-  return std::chrono::nanoseconds(1);
+  return {};
+}
+
+// A file system whose links nobody else would see, or that has none.
+bool HasNoLinks(const std::filesystem::path& folder) {
+  struct statfs status = {};
+  return ::statfs(folder.c_str(), &status) != 0 || status.f_type == MSDOS_SUPER_MAGIC ||
+         status.f_type == EXFAT_SUPER_MAGIC || status.f_type == SMB_SUPER_MAGIC ||
+         status.f_type == CIFS_SUPER_MAGIC;
 }
 
 // The folder with its links resolved.
@@ -65,18 +80,19 @@ bool IsBelow(const std::filesystem::path& path, const std::filesystem::path& fol
   return text.starts_with(start) && (text.size() == start.size() || text[start.size()] == '/');
 }
 
-// The deepest part of the path that exists, and how it ends.
+// The deepest part of the path that exists, or of which nobody tells.
 struct TExisting {
   std::filesystem::path Path;
-  std::filesystem::file_status Status;
+  std::error_code Error; // why nobody tells
 };
 
 TExisting DeepestExisting(std::filesystem::path path) {
   while (true) {
-    std::error_code ignored;
-    const auto status = std::filesystem::symlink_status(path, ignored);
-    if (std::filesystem::exists(status) || !path.has_relative_path())
-      return {path, status};
+    std::error_code error;
+    const auto status = std::filesystem::symlink_status(path, error);
+    const bool isMissing = status.type() == std::filesystem::file_type::not_found;
+    if (!isMissing || !path.has_relative_path())
+      return {path, isMissing ? std::error_code() : error};
     path = path.parent_path();
   }
 }
@@ -84,11 +100,12 @@ TExisting DeepestExisting(std::filesystem::path path) {
 } // namespace
 
 TFolderConnection::TFolderConnection(const std::filesystem::path& folder, TMissingFolder missing)
-    : FFolder(OpenFolder(folder, missing)), FResolution(ResolutionOf(FFolder)),
+    : FFolder(OpenFolder(folder, missing)), FResolution(KeptBy(FFolder).Resolution),
+      FKeepsModes(KeptBy(FFolder).Modes), FKnowsLinks(!HasNoLinks(FFolder)),
       FTransfer(RandomText()) {}
 
-unsigned TFolderConnection::UsualLanes() const {
-  return std::clamp(std::thread::hardware_concurrency(), 1U, MostUsualLanes);
+unsigned TFolderConnection::UsualConnections() const {
+  return std::clamp(std::thread::hardware_concurrency(), 1U, MostUsualConnections);
 }
 
 std::vector<TRemoteDirectory> TFolderConnection::Resolve(std::span<const std::string> directories) {
@@ -110,8 +127,9 @@ TRemoteDirectory TFolderConnection::ResolveOne(const std::string& directory) con
     wanted /= directory;
   }
   const TExisting existing = DeepestExisting(wanted);
-  std::error_code error;
-  const std::filesystem::path found = std::filesystem::canonical(existing.Path, error);
+  std::error_code error = existing.Error;
+  const std::filesystem::path found =
+      error ? std::filesystem::path() : std::filesystem::canonical(existing.Path, error);
   if (error)
     return {.Path = {},
             .Problem = existing.Path.string() + " cannot be followed: " + error.message()};
@@ -149,10 +167,11 @@ TRemoteStatus TFolderConnection::ExamineOne(const TRemoteName& name) {
   TRemoteStatus result;
   result.Kind = S_ISREG(status.st_mode)   ? TRemoteKind::File
                 : S_ISDIR(status.st_mode) ? TRemoteKind::Directory
+                : S_ISLNK(status.st_mode) ? TRemoteKind::Link
                                           : TRemoteKind::Other;
   result.Size = static_cast<std::uint64_t>(status.st_size);
   result.Modified = FileTimeOf(status.st_mtim);
-  result.IsExecutable = (status.st_mode & S_IXUSR) != 0;
+  result.Mode = status.st_mode & 0777;
   return result;
 }
 
@@ -197,18 +216,94 @@ void TFolderConnection::Send(ISendJob& job) {
   }
 }
 
-std::vector<bool> TFolderConnection::HaveSameContent(std::span<const TSendRequest> files) {
-  std::vector<bool> result;
-  result.reserve(files.size());
-  for (const TSendRequest& file : files) {
+std::vector<std::string> TFolderConnection::Hashes(std::span<const TRemoteName> names) {
+  std::vector<std::string> result;
+  result.reserve(names.size());
+  for (const TRemoteName& name : names) {
+    std::string& hash = result.emplace_back();
     try {
-      result.push_back(HaveSameBytes(file.LocalFile, FDirectories.Open(file.Target.Directory),
-                                     file.Target.Name));
+      const TFileDescriptor file = OpenFile(name);
+      TSHA256 digest;
+      ReadOpened(file.Get(), [&digest](std::string_view bytes) {
+        digest.Add(bytes);
+        return true;
+      });
+      hash = digest.Text();
     } catch (const std::system_error&) {
-      result.push_back(false);
+      continue;
     }
   }
   return result;
+}
+
+TRemoteContent TFolderConnection::ReadFile(const TRemoteName& name, std::uint64_t limit) {
+  TRemoteContent content;
+  try {
+    const TFileDescriptor file = OpenFile(name);
+    content.IsThere = true;
+    ReadOpened(file.Get(), [&](std::string_view bytes) {
+      content.Text.append(bytes);
+      return content.Text.size() <= limit;
+    });
+    if (content.Text.size() > limit)
+      content.Problem = "it is larger than " + std::to_string(limit) + " bytes";
+  } catch (const std::system_error& error) {
+    if (error.code() != std::errc::no_such_file_or_directory)
+      content.Problem = error.what();
+  }
+  return content;
+}
+
+// A plain file; whoever put something else in its place is not waited for.
+TFileDescriptor TFolderConnection::OpenFile(const TRemoteName& name) {
+  TFileDescriptor file(::openat(FDirectories.Open(name.Directory), name.Name.c_str(),
+                                O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+  struct stat status = {};
+  if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0)
+    ThrowSystemError("reading it");
+  if (!S_ISREG(status.st_mode))
+    throw std::system_error(EINVAL, std::generic_category(),
+                            "reading it: it is " + std::string(KindOfFile(status.st_mode)));
+  return file;
+}
+
+TRemoteCreation TFolderConnection::CreateFile(const TRemoteName& name, std::string_view text) {
+  using TResult = TRemoteCreation::TResult;
+  try {
+    const TFileDescriptor file(::openat(FDirectories.Open(name.Directory), name.Name.c_str(),
+                                        O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                        0644));
+    if (!file.IsOpen() && errno == EEXIST)
+      return {TResult::Exists, "it is there already"};
+    if (!file.IsOpen())
+      ThrowSystemError("making it");
+    WriteAll(file.Get(), text);
+    return {TResult::Made};
+  } catch (const std::system_error& error) {
+    return {TResult::Failed, error.what()};
+  }
+}
+
+std::string TFolderConnection::Rename(const TRemoteName& name, const std::string& newName) {
+  try {
+    const int directory = FDirectories.Open(name.Directory);
+    if (::renameat(directory, name.Name.c_str(), directory, newName.c_str()) != 0)
+      ThrowSystemError("renaming it");
+  } catch (const std::system_error& error) {
+    return error.what();
+  }
+  return {};
+}
+
+std::string TFolderConnection::SetMode(const TRemoteName& name, unsigned mode) {
+  try {
+    const TFileDescriptor file = OpenFile(name);
+    if (::fchmod(file.Get(), mode) != 0)
+      ThrowSystemError("setting its rights");
+  } catch (const std::system_error& error) {
+    return error.what();
+  }
+  return {};
 }
 
 std::string TFolderConnection::SetTime(const TRemoteName& name, deployment::TFileTime time) {
@@ -229,6 +324,28 @@ std::string TFolderConnection::Remove(const TRemoteName& name) {
   try {
     if (::unlinkat(FDirectories.Open(name.Directory), name.Name.c_str(), 0) != 0 && errno != ENOENT)
       ThrowSystemError("removing it");
+  } catch (const std::system_error& error) {
+    return error.what();
+  }
+  return {};
+}
+
+std::vector<TRemoteLink> TFolderConnection::ReadLinks(std::span<const TRemoteName> names) {
+  std::vector<TRemoteLink> result;
+  result.reserve(names.size());
+  for (const TRemoteName& name : names) {
+    try {
+      result.push_back({.Text = ReadLinkIn(FDirectories.Open(name.Directory), name.Name)});
+    } catch (const std::system_error& error) {
+      result.push_back({.Problem = error.what()});
+    }
+  }
+  return result;
+}
+
+std::string TFolderConnection::MakeLink(const TRemoteName& name, const std::string& text) {
+  try {
+    FTransfer.MakeLink(FDirectories.Open(name.Directory), name.Name, text);
   } catch (const std::system_error& error) {
     return error.what();
   }

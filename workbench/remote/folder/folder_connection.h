@@ -1,4 +1,4 @@
-// The lane to a directory of this machine, or to a mounted share.
+// The connection to a directory of this machine, or to a mounted share.
 #pragma once
 
 #include "workbench/files/directory_handles.h"
@@ -23,24 +23,37 @@ public:
                              TMissingFolder missing = TMissingFolder::Refuse);
 
   std::chrono::nanoseconds TimeResolution() const override { return FResolution; }
-  unsigned UsualLanes() const override;
+  std::string Root() const override { return FFolder.string(); }
+  bool KeepsModes() const override { return FKeepsModes; }
+  unsigned UsualConnections() const override;
   std::vector<TRemoteDirectory> Resolve(std::span<const std::string> directories) override;
   std::vector<TRemoteStatus> Examine(std::span<const TRemoteName> names) override;
   std::vector<std::string> MakeDirectories(std::span<const std::string> directories) override;
   void RemoveUnfinished(std::span<const TSendRequest> files) override;
   void Send(ISendJob& job) override;
-  std::vector<bool> HaveSameContent(std::span<const TSendRequest> files) override;
+  std::vector<std::string> Hashes(std::span<const TRemoteName> names) override;
+  TRemoteContent ReadFile(const TRemoteName& name, std::uint64_t limit) override;
+  TRemoteCreation CreateFile(const TRemoteName& name, std::string_view text) override;
+  std::string Rename(const TRemoteName& name, const std::string& newName) override;
   std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
+  std::string SetMode(const TRemoteName& name, unsigned mode) override;
   std::string Remove(const TRemoteName& name) override;
+  bool KnowsLinks() const override { return FKnowsLinks; }
+  std::vector<TRemoteLink> ReadLinks(std::span<const TRemoteName> names) override;
+  std::string MakeLink(const TRemoteName& name, const std::string& text) override;
+  TShell Shell() override { return TShell::Posix; }
   std::string RunCommand(const std::string& command, const std::string& directory,
                          const THearLine& hear, const std::atomic<int>& cancelled) override;
 
 private:
   TRemoteDirectory ResolveOne(const std::string& directory) const;
   TRemoteStatus ExamineOne(const TRemoteName& name);
+  TFileDescriptor OpenFile(const TRemoteName& name);
 
   std::filesystem::path FFolder; // links resolved
   std::chrono::nanoseconds FResolution;
+  bool FKeepsModes;
+  bool FKnowsLinks;
   TDirectoryHandles FDirectories;
   TFileTransfer FTransfer;
 };

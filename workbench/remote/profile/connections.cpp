@@ -2,16 +2,9 @@
 
 namespace workbench {
 
-// What is open was made with the person before, and serves who has it to the end.
-void TConnections::SetHostKeyQuestion(THostKeyQuestion ask) {
+void TConnections::SetPrompts(TPrompts prompts) {
   const std::lock_guard lock(FMutex);
-  FPerson.AcceptsHostKey = std::move(ask);
-  FMachines.clear();
-}
-
-void TConnections::SetSecretQuestion(TSecretQuestion ask) {
-  const std::lock_guard lock(FMutex);
-  FPerson.TellsSecret = std::move(ask);
+  FPrompts = std::move(prompts);
   FMachines.clear();
 }
 
@@ -28,7 +21,7 @@ std::shared_ptr<TSshMachine> TConnections::MachineOf(const TProfile& profile) {
   // A profile that says something else now leads somewhere else.
   if (!machine || machine->Profile() != profile) {
     try {
-      machine = std::make_shared<TSshMachine>(profile, FIsWindows(profile.Platform), FPerson);
+      machine = std::make_shared<TSshMachine>(profile, FPrompts);
     } catch (const std::system_error& error) {
       throw TConnectionError(error.what());
     }

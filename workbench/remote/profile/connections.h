@@ -1,4 +1,4 @@
-// Lanes to the machines of profiles. Those to other machines stay open for the next one who asks.
+// Connections to the machines of profiles. Those to other machines stay open for the next caller.
 #pragma once
 
 #include "workbench/remote/folder/folder_connection.h"
@@ -6,7 +6,6 @@
 #include "workbench/remote/target/profile.h"
 
 #include <atomic>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -17,16 +16,10 @@ namespace workbench {
 /// May be used by several threads.
 class TConnections {
 public:
-  /// True for platforms whose machines run Windows.
-  using TIsWindows = std::function<bool(const std::string& platform)>;
-
-  explicit TConnections(TIsWindows isWindows) : FIsWindows(std::move(isWindows)) {}
-
-  /// Who is asked from now on.
-  void SetHostKeyQuestion(THostKeyQuestion ask);
-  void SetSecretQuestion(TSecretQuestion ask);
-  /// A lane to the machine of a profile. Throws TConnectionError. `cancelled`, when it is there and
-  /// turns to something else than 0, ends the attempt.
+  /// The questions that are asked from now on; what is open stays as it is for its holder.
+  void SetPrompts(TPrompts prompts);
+  /// A connection to the machine of a profile. Throws TConnectionError. `cancelled`, when it is
+  /// there and turns to something else than 0, ends the attempt.
   std::shared_ptr<IRemoteConnection> Open(const TProfile& profile,
                                           const std::atomic<int>* cancelled = nullptr);
   /// Begins to connect to a machine that takes its time, without waiting and without asking
@@ -38,9 +31,8 @@ public:
 private:
   std::shared_ptr<TSshMachine> MachineOf(const TProfile& profile);
 
-  const TIsWindows FIsWindows;
   std::mutex FMutex;
-  TPerson FPerson;
+  TPrompts FPrompts;
   std::unordered_map<std::string, std::shared_ptr<TSshMachine>> FMachines; // by name of the profile
 };
 

@@ -18,6 +18,7 @@ TProfile FieldsFromJson(const TJson& value) {
   profile.Path = value.Text("path");
   profile.IsDefault = value.BooleanOr("default", false);
   profile.AllowOutside = value.BooleanOr("allowOutside", false);
+  profile.Stateless = value.BooleanOr("stateless", false);
   profile.Host = value.TextOr("host", {});
   profile.Port = value.NumberOr("port", profile.Port, 0U, LargestPort);
   profile.User = value.TextOr("user", {});
@@ -36,7 +37,8 @@ TJson ProfileToJson(const TProfile& profile) {
                  {"kind", ProfileKindName(profile.Kind)},
                  {"path", profile.Path},
                  {"default", profile.IsDefault},
-                 {"allowOutside", profile.AllowOutside}};
+                 {"allowOutside", profile.AllowOutside},
+                 {"stateless", profile.Stateless}};
   if (profile.Kind == TProfileKind::Ssh)
     value.AddAll({{"host", profile.Host},
                   {"port", profile.Port},

@@ -25,6 +25,8 @@ public:
   /// All profiles in the order in which they were added. Throws TInputError when the file is
   /// damaged.
   const std::vector<TProfile>& List() const;
+  /// Reads the file anew at the next question.
+  void Forget() { FProfiles.reset(); }
   /// Compared exactly; null when there is none. Good until the next change.
   const TProfile* Find(std::string_view name) const;
   /// The platform's default profile; null when it has none.

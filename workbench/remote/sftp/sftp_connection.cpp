@@ -3,10 +3,10 @@
 #include "package/common/case_fold.h"
 #include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
-#include "workbench/process/shell_text.h"
 #include "workbench/remote/sftp/remote_checksums.h"
-#include "workbench/remote/sftp/sftp_comparison.h"
+#include "workbench/remote/sftp/sftp_links.h"
 #include "workbench/remote/sftp/sftp_listing.h"
+#include "workbench/remote/sftp/sftp_reading.h"
 #include "workbench/remote/sftp/sftp_upload.h"
 #include "workbench/remote/target/remote_path.h"
 #include "workbench/text/visible_text.h"
@@ -18,12 +18,14 @@
 namespace workbench {
 namespace {
 
-constexpr unsigned FewestLanes = 2;
-constexpr unsigned MostLanes = 4; // more only get in each other's way
+constexpr unsigned FewestConnections = 2;
+constexpr unsigned MostConnections = 4; // more only get in each other's way
 constexpr std::uint32_t KindMask = 0170000;
 constexpr std::uint32_t FileKind = 0100000;
 constexpr std::uint32_t DirectoryKind = 0040000;
-constexpr std::uint32_t OwnerMayRun = 0100;
+constexpr std::uint32_t LinkKind = 0120000;
+constexpr std::uint32_t RightsMask = 0777;
+constexpr std::chrono::seconds ShellPatience(15);
 // Files that a machine unknown to this one left unfinished: longer than any deploy takes.
 constexpr std::chrono::hours ForeignAge(24);
 
@@ -39,10 +41,11 @@ TRemoteStatus StatusFrom(const TSftpReply& reply) {
   const std::uint32_t mode = attributes.Mode.value_or(FileKind);
   status.Kind = (mode & KindMask) == FileKind        ? TRemoteKind::File
                 : (mode & KindMask) == DirectoryKind ? TRemoteKind::Directory
+                : (mode & KindMask) == LinkKind      ? TRemoteKind::Link
                                                      : TRemoteKind::Other;
   status.Size = attributes.Size.value_or(0);
   status.Modified = deployment::TFileTime(std::chrono::seconds(attributes.Modified.value_or(0)));
-  status.IsExecutable = (mode & OwnerMayRun) != 0;
+  status.Mode = mode & RightsMask;
   return status;
 }
 
@@ -68,11 +71,8 @@ private:
   std::size_t FNext = 0;
 };
 
-// The drive's own way to write a path that the protocol begins with "/".
-std::string WindowsPath(const std::string& path) {
-  std::string text = path.starts_with('/') ? path.substr(1) : path;
-  std::ranges::replace(text, '/', '\\');
-  return text;
+std::string PathOf(const TRemoteName& name) {
+  return name.Directory + "/" + name.Name;
 }
 
 bool IsOnDrive(const std::string& path) {
@@ -81,9 +81,9 @@ bool IsOnDrive(const std::string& path) {
 
 } // namespace
 
-TSftpConnection::TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinishedParts> parts,
+TSftpConnection::TSftpConnection(TSftpMachine machine, std::shared_ptr<TMachineFacts> facts,
                                  const std::atomic<int>* cancelled)
-    : FMachine(std::move(machine)), FParts(std::move(parts)),
+    : FMachine(std::move(machine)), FFacts(std::move(facts)),
       FChannel(FMachine.Sftp, {FMachine.Greeting, FMachine.Silence}, cancelled), FPaths(FChannel) {
   std::string root = FMachine.Root;
   if (IsOnDrive(root))
@@ -98,15 +98,16 @@ TSftpConnection::TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinish
   if (!found.Problem.empty())
     throw TConnectionError(found.Problem);
   FRoot = found.Path;
+  FIsWindows = FRoot.starts_with('/') && IsOnDrive(FRoot.substr(1));
 }
 
-unsigned TSftpConnection::UsualLanes() const {
-  return std::clamp(std::thread::hardware_concurrency(), FewestLanes, MostLanes);
+unsigned TSftpConnection::UsualConnections() const {
+  return std::clamp(std::thread::hardware_concurrency(), FewestConnections, MostConnections);
 }
 
 bool TSftpConnection::IsBelowRoot(const std::string& path) const {
   const auto key = [this](const std::string& text) {
-    return FMachine.IsWindows ? deployment::UpperCase(text) : text;
+    return FIsWindows ? deployment::UpperCase(text) : text;
   };
   const std::string text = key(path);
   const std::string start = key(FRoot);
@@ -177,7 +178,7 @@ void TSftpConnection::RemoveUnfinished(std::span<const TSendRequest> files) {
   }
   for (const TFound& part : found) {
     if (!part.Mark.empty() && part.Size > 0 && marks.contains(part.Directory + "/" + part.Mark))
-      FParts->Add(part.Directory, part.Mark, {part.Name, part.Size});
+      FFacts->Parts.Add(part.Directory, part.Mark, {part.Name, part.Size});
     else
       Remove({part.Directory, part.Name});
   }
@@ -188,12 +189,12 @@ void TSftpConnection::RemoveUnfinished(std::span<const TSendRequest> files) {
 std::optional<TUnfinishedPart> TSftpConnection::FindPart(const TSendRequest& request,
                                                          const struct stat& status) {
   const std::string mark = SourceMark(request.LocalFile.native(), status);
-  auto part = FParts->Take(request.Target.Directory, mark);
+  auto part = FFacts->Parts.Take(request.Target.Directory, mark);
   if (!part)
     return std::nullopt;
   const std::string path = request.Target.Directory + "/" + part->Name;
   if (part->Size <= static_cast<std::uint64_t>(status.st_size)) {
-    const auto theirs = RemoteSHA256(FMachine.IsWindows ? nullptr : FMachine.Exec, {&path, 1});
+    const auto theirs = RemoteSHA256(FMachine.Exec, {&path, 1});
     const auto digest = theirs.find(path);
     if (digest != theirs.end() && FileSHA256(request.LocalFile, part->Size) == digest->second)
       return part;
@@ -203,35 +204,108 @@ std::optional<TUnfinishedPart> TSftpConnection::FindPart(const TSendRequest& req
 
 void TSftpConnection::Send(ISendJob& job) {
   TSftpUpload upload(
-      job, FNames, FChannel.Limits(),
+      job, FNames, FChannel.Limits(), KeepsModes(),
       [this](const auto& request, const auto& status) { return FindPart(request, status); });
   FChannel.Run(upload);
 }
 
-std::vector<bool> TSftpConnection::HaveSameContent(std::span<const TSendRequest> files) {
-  std::vector<bool> same(files.size(), false);
-  if (files.empty())
-    return same;
+// Where the machine itself cannot tell, the files are read.
+std::vector<std::string> TSftpConnection::Hashes(std::span<const TRemoteName> names) {
+  std::vector<std::string> hashes(names.size());
   std::vector<std::string> paths;
-  paths.reserve(files.size());
-  for (const TSendRequest& file : files)
-    paths.push_back(file.Target.Directory + "/" + file.Target.Name);
-  const auto theirs = RemoteSHA256(FMachine.IsWindows ? nullptr : FMachine.Exec, paths);
-  std::vector<TSendRequest> rest;
+  paths.reserve(names.size());
+  for (const TRemoteName& name : names)
+    paths.push_back(PathOf(name));
+  const auto told = RemoteSHA256(FMachine.Exec, paths);
+  std::vector<std::string> rest;
   std::vector<std::size_t> restOf;
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    const auto digest = theirs.find(paths[i]);
-    if (digest != theirs.end()) {
-      same[i] = FileSHA256(files[i].LocalFile) == digest->second;
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    const auto digest = told.find(paths[i]);
+    if (digest != told.end()) {
+      hashes[i] = digest->second;
       continue;
     }
-    rest.push_back(files[i]);
+    rest.push_back(paths[i]);
     restOf.push_back(i);
   }
-  const std::vector<bool> answers = CompareContents(FChannel, rest);
+  std::vector<std::string> read = HashFiles(FChannel, rest);
   for (std::size_t i = 0; i < rest.size(); ++i)
-    same[restOf[i]] = answers[i];
-  return same;
+    hashes[restOf[i]] = std::move(read[i]);
+  return hashes;
+}
+
+TRemoteContent TSftpConnection::ReadFile(const TRemoteName& name, std::uint64_t limit) {
+  const TRemoteStatus status = Examine({&name, 1}).front();
+  if (!status.Problem.empty())
+    return {.Problem = status.Problem};
+  if (status.Kind == TRemoteKind::None)
+    return {};
+  if (status.Kind != TRemoteKind::File)
+    return {.IsThere = true, .Problem = "reading it: it is no plain file"};
+  return ReadWholeFile(FChannel, PathOf(name), limit);
+}
+
+TRemoteCreation TSftpConnection::CreateFile(const TRemoteName& name, std::string_view text) {
+  using TResult = TRemoteCreation::TResult;
+  constexpr std::uint32_t Rights = 0644;
+  std::string handle;
+  TSftpStatus status = TSftpStatus::Ok;
+  TSftpWriter& opening = FChannel.Begin(TSftpPacket::Open);
+  opening.Text(PathOf(name));
+  opening.Number(sftp_open::Write | sftp_open::Create | sftp_open::Exclusive);
+  opening.Attributes({.Mode = Rights});
+  FChannel.Post(0);
+  AskOnce(FChannel, [&](const TSftpReply& reply) {
+    status = reply.Status();
+    TSftpParser content = reply.Content;
+    if (reply.Kind == TSftpPacket::Handle)
+      handle = content.Text();
+  });
+  // The protocol has no word for a file that is there.
+  if (handle.empty())
+    return {status == TSftpStatus::Failure ? TResult::Exists : TResult::Failed,
+            "making it: " + SftpStatusText(status)};
+  TSftpWriter& writing = FChannel.Begin(TSftpPacket::Write);
+  writing.Text(handle);
+  writing.LongNumber(0);
+  writing.Text(text);
+  FChannel.Post(0);
+  const std::string problem = Problem("writing it");
+  FChannel.Post(TSftpPacket::Close, handle, 0);
+  Answer();
+  if (problem.empty())
+    return {TResult::Made};
+  Remove(name);
+  return {TResult::Failed, problem};
+}
+
+// A plain rename replaces nothing.
+std::string TSftpConnection::Rename(const TRemoteName& name, const std::string& newName) {
+  const bool replaces = FChannel.Limits().HasPosixRename;
+  if (!replaces)
+    Remove({name.Directory, newName});
+  TSftpWriter& writer = FChannel.Begin(replaces ? TSftpPacket::Extended : TSftpPacket::Rename);
+  if (replaces)
+    writer.Text(sftp_extension::PosixRename);
+  writer.Text(PathOf(name));
+  writer.Text(PathOf({name.Directory, newName}));
+  FChannel.Post(0);
+  return Problem("renaming it");
+}
+
+std::string TSftpConnection::SetMode(const TRemoteName& name, unsigned mode) {
+  TSftpWriter& writer = FChannel.Begin(TSftpPacket::SetStat);
+  writer.Text(PathOf(name));
+  writer.Attributes({.Mode = mode});
+  FChannel.Post(0);
+  return Problem("setting its rights");
+}
+
+// Why the one request that was posted failed.
+std::string TSftpConnection::Problem(std::string_view action) {
+  const TSftpStatus status = Answer();
+  return status == TSftpStatus::Ok ? std::string()
+                                   : std::string(action) + ": " + SftpStatusText(status);
 }
 
 // The answer to the one request that was posted.
@@ -248,9 +322,7 @@ std::string TSftpConnection::SetTime(const TRemoteName& name, deployment::TFileT
   writer.Text(name.Directory + "/" + name.Name);
   writer.Attributes({.Accessed = stamp, .Modified = stamp});
   FChannel.Post(0);
-  const TSftpStatus status = Answer();
-  return status == TSftpStatus::Ok ? std::string()
-                                   : "setting the time stamp: " + SftpStatusText(status);
+  return Problem("setting the time stamp");
 }
 
 std::string TSftpConnection::Remove(const TRemoteName& name) {
@@ -261,16 +333,52 @@ std::string TSftpConnection::Remove(const TRemoteName& name) {
              : "removing it: " + SftpStatusText(status);
 }
 
+bool TSftpConnection::KnowsLinks() const {
+  return !FIsWindows && CanMakeLinks(FChannel.Limits());
+}
+
+std::vector<TRemoteLink> TSftpConnection::ReadLinks(std::span<const TRemoteName> names) {
+  return ReadRemoteLinks(FChannel, names);
+}
+
+std::string TSftpConnection::MakeLink(const TRemoteName& name, const std::string& text) {
+  return MakeRemoteLink(FChannel, name, {name.Directory, FNames.Next({})}, text);
+}
+
+TShell TSftpConnection::Shell() {
+  if (!FMachine.Exec)
+    return TShell::None;
+  const std::lock_guard lock(FFacts->Mutex);
+  if (!FFacts->Shell) {
+    std::string answer;
+    const auto start = std::chrono::steady_clock::now();
+    try {
+      RunProcess(
+          FMachine.Exec(std::string(ShellProbe)), nullptr,
+          [&answer](std::string_view bytes) { answer.append(bytes); },
+          [start] { return std::chrono::steady_clock::now() - start > ShellPatience; });
+    } catch (const std::system_error&) {
+      answer.clear();
+    }
+    FFacts->Shell = ShellOfAnswer(answer);
+  }
+  return *FFacts->Shell;
+}
+
 std::string TSftpConnection::RunCommand(const std::string& command, const std::string& directory,
                                         const THearLine& hear, const std::atomic<int>& cancelled) {
   if (!FMachine.Exec)
     return "cannot be run: the machine runs no commands";
   if (command.find('\0') != std::string::npos)
     return "has a NUL character";
-  const std::string line = FMachine.IsWindows
-                               ? "cd /d \"" + WindowsPath(directory) + "\" && " + command
-                               : "cd " + ShellQuoted(directory) + " && " + command;
-  TProcessStart start = FMachine.Exec(line);
+  const TShell shell = Shell();
+  if (shell == TShell::None)
+    return "cannot be run: the machine has no shell that is known";
+  const auto line = InDirectory(shell, directory, command);
+  if (!line)
+    return "cannot be run: " + Visible(directory) + " cannot be named in a command of " +
+           std::string(ShellName(shell));
+  TProcessStart start = FMachine.Exec(*line);
   start.JoinErrors = true;
   return RunAndHear(start, hear, cancelled);
 }

@@ -1,4 +1,4 @@
-// The lane to a machine that speaks the SSH file transfer protocol.
+// The connection to a machine that speaks the SSH file transfer protocol.
 #pragma once
 
 #include "workbench/remote/sftp/sftp_channel.h"
@@ -11,6 +11,8 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,36 +26,52 @@ struct TSftpMachine {
   /// Below which everything is put: a full path, or one from the user's home directory with "~/".
   /// "C:/x" is on a drive.
   std::string Root;
-  bool IsWindows = false; ///< names ignore case, and commands are those of Windows
-  bool IsFirst = false;   ///< this lane carries the others
+  bool IsFirst = false; ///< this connection carries the others
   std::chrono::milliseconds Greeting = std::chrono::seconds(15); ///< the longest wait for a start
   std::chrono::milliseconds Silence = std::chrono::seconds(15);  ///< the longest one for an answer
 };
 
-/// Lanes to one machine share `parts`.
+/// What is found out about a machine once. May be used by several threads.
+struct TMachineFacts {
+  TUnfinishedParts Parts;
+  std::mutex Mutex; ///< of what stands below
+  std::optional<TShell> Shell = std::nullopt;
+};
+
+/// Connections to one machine share `facts`.
 class TSftpConnection final : public IRemoteConnection {
 public:
-  /// Opens the lane and resolves the root. Throws TConnectionError. `cancelled` ends the attempt
-  /// when it is there and turns to something else than 0.
-  TSftpConnection(TSftpMachine machine, std::shared_ptr<TUnfinishedParts> parts,
+  /// Opens the connection and resolves the root. Throws TConnectionError. `cancelled` ends the
+  /// attempt when it is there and turns to something else than 0.
+  TSftpConnection(TSftpMachine machine, std::shared_ptr<TMachineFacts> facts,
                   const std::atomic<int>* cancelled = nullptr);
 
-  /// False when the lane is of no use any more.
+  /// False when the connection is of no use any more.
   bool IsAlive() const { return FChannel.IsAlive(); }
   /// True when it carries the others.
   bool IsFirst() const { return FMachine.IsFirst; }
 
   /// The protocol tells whole seconds.
   std::chrono::nanoseconds TimeResolution() const override { return std::chrono::seconds(1); }
-  unsigned UsualLanes() const override;
+  std::string Root() const override { return FRoot; }
+  bool KeepsModes() const override { return !FIsWindows; }
+  unsigned UsualConnections() const override;
   std::vector<TRemoteDirectory> Resolve(std::span<const std::string> directories) override;
   std::vector<TRemoteStatus> Examine(std::span<const TRemoteName> names) override;
   std::vector<std::string> MakeDirectories(std::span<const std::string> directories) override;
   void RemoveUnfinished(std::span<const TSendRequest> files) override;
   void Send(ISendJob& job) override;
-  std::vector<bool> HaveSameContent(std::span<const TSendRequest> files) override;
+  std::vector<std::string> Hashes(std::span<const TRemoteName> names) override;
+  TRemoteContent ReadFile(const TRemoteName& name, std::uint64_t limit) override;
+  TRemoteCreation CreateFile(const TRemoteName& name, std::string_view text) override;
+  std::string Rename(const TRemoteName& name, const std::string& newName) override;
   std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
+  std::string SetMode(const TRemoteName& name, unsigned mode) override;
   std::string Remove(const TRemoteName& name) override;
+  bool KnowsLinks() const override;
+  std::vector<TRemoteLink> ReadLinks(std::span<const TRemoteName> names) override;
+  std::string MakeLink(const TRemoteName& name, const std::string& text) override;
+  TShell Shell() override;
   std::string RunCommand(const std::string& command, const std::string& directory,
                          const THearLine& hear, const std::atomic<int>& cancelled) override;
 
@@ -61,15 +79,17 @@ private:
   std::string FullPath(const std::string& directory);
   bool IsBelowRoot(const std::string& path) const;
   TSftpStatus Answer();
+  std::string Problem(std::string_view action);
   std::optional<TUnfinishedPart> FindPart(const TSendRequest& request, const struct stat& status);
 
   TSftpMachine FMachine;
-  std::shared_ptr<TUnfinishedParts> FParts;
+  std::shared_ptr<TMachineFacts> FFacts;
   TSftpChannel FChannel;
   TSftpPaths FPaths;
   TUnfinishedNames FNames;
-  std::string FHome; // asked for when it is needed
-  std::string FRoot; // links resolved
+  std::string FHome;       // asked for when it is needed
+  std::string FRoot;       // links resolved
+  bool FIsWindows = false; // the root is on a drive: names ignore case
 };
 
 } // namespace workbench

@@ -1,6 +1,7 @@
 #include "workbench/remote/sftp/sftp_upload.h"
 
 #include "workbench/files/file_reader.h"
+#include "workbench/files/sha256.h"
 
 #include <algorithm>
 #include <chrono>
@@ -26,12 +27,6 @@ std::size_t FilesFor(const TSftpLimits& limits) {
 
 std::uint32_t Stamp(time_t seconds) {
   return static_cast<std::uint32_t>(std::clamp<time_t>(seconds, 0, 0xffffffff));
-}
-
-std::uint32_t RightsOf(const struct stat& status, bool makeExecutable) {
-  const std::uint32_t rights = status.st_mode & 0777U;
-  // Whoever may read the program may run it.
-  return makeExecutable ? rights | ((rights & 0444U) >> 2U) : rights;
 }
 
 // Bytes that the disk still takes, from the answer to a space query.
@@ -74,8 +69,8 @@ struct TSftpUpload::TFile {
   bool Displaces = false;   // what stands under the final name was removed for it
   bool WriteFailed = false; // for a reason that the server does not tell
   bool CanStay = false;     // a later run can go on with it
-  bool IsContinued = false; // from an earlier run
   unsigned Attempts = 0;
+  std::unique_ptr<TSHA256> Digest; // of what is sent; none when a part was there already
   TSendOutcome Outcome = {};
 
   std::uint64_t Size() const { return static_cast<std::uint64_t>(Status.st_size); }
@@ -83,9 +78,9 @@ struct TSftpUpload::TFile {
 };
 
 TSftpUpload::TSftpUpload(ISendJob& job, TUnfinishedNames& names, const TSftpLimits& limits,
-                         TFindPart findPart)
-    : FJob(job), FNames(names), FLimits(limits), FMostFiles(FilesFor(limits)),
-      FFindPart(std::move(findPart)) {}
+                         bool setsModes, TFindPart findPart)
+    : FJob(job), FNames(names), FLimits(limits), FSetsModes(setsModes),
+      FMostFiles(FilesFor(limits)), FFindPart(std::move(findPart)) {}
 
 TSftpUpload::~TSftpUpload() = default;
 
@@ -143,7 +138,7 @@ void TSftpUpload::Begin(TSftpChannel& channel, TFile& file) {
   std::uint32_t flags = sftp_open::Write;
   const auto part =
       file.CanStay && FFindPart ? FFindPart(*file.Request, file.Status) : std::nullopt;
-  file.IsContinued = part.has_value();
+  file.Digest = part ? nullptr : std::make_unique<TSHA256>();
   if (part) {
     file.Name = part->Name;
     file.Offset = part->Size;
@@ -156,7 +151,7 @@ void TSftpUpload::Begin(TSftpChannel& channel, TFile& file) {
   TSftpWriter& writer = channel.Begin(TSftpPacket::Open);
   writer.Text(file.Path(file.Name));
   writer.Number(flags);
-  writer.Attributes({.Mode = RightsOf(file.Status, file.Request->MakeExecutable)});
+  writer.Attributes({.Mode = RightsFor(file.Status.st_mode, file.Request->MakeExecutable)});
   Post(channel, file, TStep::Open);
 }
 
@@ -206,6 +201,8 @@ void TSftpUpload::WriteBlock(TSftpChannel& channel, TFile& file) {
     file.Outcome.Problem = Changed;
     file.CanStay = false;
   }
+  if (file.Digest)
+    file.Digest->Add({room.data(), filled});
   file.Offset += size;
   file.Outcome.Bytes += filled;
   Post(channel, file, TStep::Write);
@@ -218,14 +215,19 @@ void TSftpUpload::Complete(TSftpChannel& channel, TFile& file) {
   const std::uint32_t time = Stamp(file.Status.st_mtim.tv_sec);
   writer.Text(file.Handle);
   TSftpAttributes attributes{.Accessed = time, .Modified = time};
-  if (file.IsContinued) // an earlier run made it, perhaps for another purpose
-    attributes.Mode = RightsOf(file.Status, file.Request->MakeExecutable);
+  if (FSetsModes)
+    attributes.Mode = RightsFor(file.Status.st_mode, file.Request->MakeExecutable);
   writer.Attributes(attributes);
   Post(channel, file, TStep::Stamp);
   channel.Begin(TSftpPacket::Close).Text(file.Handle);
   Post(channel, file, TStep::Close);
   file.IsOpen = false;
   file.IsWhole = true;
+  file.Outcome.Size = file.Size();
+  file.Outcome.Time = file.Status.st_mtim.tv_sec;
+  file.Outcome.Mode = RightsFor(file.Status.st_mode, file.Request->MakeExecutable);
+  if (file.Digest)
+    file.Outcome.Hash = file.Digest->Text();
 }
 
 void TSftpUpload::PostRename(TSftpChannel& channel, TFile& file) const {

@@ -30,8 +30,9 @@ inline constexpr std::uint64_t LargeFileSize = std::uint64_t(4) * 1024 * 1024;
 /// what the server allows.
 class TSftpUpload final : public ISftpExchange {
 public:
-  /// Everything must outlive the object. `posixRename`: see TSftpLimits.
-  TSftpUpload(ISendJob& job, TUnfinishedNames& names, const TSftpLimits& limits,
+  /// Everything must outlive the object. `setsModes`: the files get the rights of the local ones,
+  /// whatever the server takes from rights when it makes a file.
+  TSftpUpload(ISendJob& job, TUnfinishedNames& names, const TSftpLimits& limits, bool setsModes,
               TFindPart findPart);
   ~TSftpUpload() override;
 
@@ -61,6 +62,7 @@ private:
   ISendJob& FJob;
   TUnfinishedNames& FNames;
   const TSftpLimits& FLimits;
+  const bool FSetsModes;
   const std::size_t FMostFiles; // open at a time
   TFindPart FFindPart;
   std::vector<std::unique_ptr<TFile>> FFiles; // slots; a cookie names one

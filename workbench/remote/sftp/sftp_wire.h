@@ -31,6 +31,8 @@ enum class TSftpPacket : std::uint8_t {
   RealPath = 16,
   Stat = 17,
   Rename = 18,
+  ReadLink = 19,
+  MakeLink = 20,
   Status = 101,
   Handle = 102,
   Data = 103,

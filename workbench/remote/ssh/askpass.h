@@ -4,7 +4,7 @@
 
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/runtime_directory.h"
-#include "workbench/remote/ssh/person.h"
+#include "workbench/remote/ssh/prompts.h"
 
 #include <atomic>
 #include <string>

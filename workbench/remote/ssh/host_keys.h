@@ -3,7 +3,7 @@
 #pragma once
 
 #include "workbench/remote/ssh/known_hosts.h"
-#include "workbench/remote/ssh/person.h"
+#include "workbench/remote/ssh/prompts.h"
 
 #include <atomic>
 #include <string_view>

@@ -65,13 +65,13 @@ TProcessStart TSshCommands::Start(bool isFirst, const std::vector<std::string>& 
           .Environment = EnvironmentWith(questions.empty() ? AskingNobody() : questions)};
 }
 
-TProcessStart TSshCommands::FirstLane(const std::vector<std::string>& questions) const {
+TProcessStart TSshCommands::FirstConnection(const std::vector<std::string>& questions) const {
   TProcessStart start = Start(/*isFirst=*/true, questions);
   start.Command.insert(start.Command.end(), {"-s", "--", FProfile.Host, "sftp"});
   return start;
 }
 
-TProcessStart TSshCommands::FurtherLane() const {
+TProcessStart TSshCommands::FurtherConnection() const {
   TProcessStart start = Start(/*isFirst=*/false, {});
   start.Command.insert(start.Command.end(), {"-s", "--", FProfile.Host, "sftp"});
   return start;
@@ -83,8 +83,8 @@ TProcessStart TSshCommands::Command(const std::string& command) const {
   return start;
 }
 
-TSshMachine::TSshMachine(TProfile profile, bool isWindows, TPerson person)
-    : FProfile(std::move(profile)), FIsWindows(isWindows), FPerson(std::move(person)),
+TSshMachine::TSshMachine(TProfile profile, TPrompts prompts)
+    : FProfile(std::move(profile)), FPrompts(std::move(prompts)),
       FCommands(FProfile, NewControlPath()) {}
 
 TSshMachine::~TSshMachine() {
@@ -96,13 +96,13 @@ void TSshMachine::Prepare() {
   const std::lock_guard stateLock(FMutex);
   if (!FIsConnected && !FPrepared.valid())
     FPrepared = std::async(std::launch::async, [this] {
-      return Open(FCommands.FirstLane({}), /*isFirst=*/true, &FNobodyWaits);
+      return Open(FCommands.FirstConnection({}), /*isFirst=*/true, &FNobodyWaits);
     });
 }
 
 std::shared_ptr<IRemoteConnection> TSshMachine::Take(const std::atomic<int>* cancelled) {
-  std::unique_ptr<TSftpConnection> lane = TakeIdle();
-  if (!lane) {
+  std::unique_ptr<TSftpConnection> connection = TakeIdle();
+  if (!connection) {
     const std::lock_guard lock(FConnecting);
     bool isConnected = false;
     {
@@ -110,14 +110,14 @@ std::shared_ptr<IRemoteConnection> TSshMachine::Take(const std::atomic<int>* can
       isConnected = FIsConnected;
     }
     if (!isConnected) {
-      lane = OpenFirst(cancelled);
+      connection = OpenFirst(cancelled);
       const std::lock_guard stateLock(FMutex);
       FIsConnected = true;
     }
   }
-  if (!lane)
-    lane = Open(FCommands.FurtherLane(), /*isFirst=*/false, cancelled);
-  return {lane.release(), [machine = shared_from_this()](TSftpConnection* returned) {
+  if (!connection)
+    connection = Open(FCommands.FurtherConnection(), /*isFirst=*/false, cancelled);
+  return {connection.release(), [machine = shared_from_this()](TSftpConnection* returned) {
             machine->GiveBack(std::unique_ptr<TSftpConnection>(returned));
           }};
 }
@@ -128,7 +128,7 @@ std::unique_ptr<TSftpConnection> TSshMachine::OpenFirst(const std::atomic<int>* 
       return AwaitPrepared(cancelled);
     } catch (const TConnectionError& error) {
       // It asked nobody, and a person may know what was missing.
-      const bool mayAnswer = FPerson.TellsSecret && IsAboutLogIn(error.what());
+      const bool mayAnswer = FPrompts.TellsSecret && IsAboutLogIn(error.what());
       if (!mayAnswer && !Mend(error, cancelled))
         throw;
     }
@@ -153,27 +153,27 @@ std::unique_ptr<TSftpConnection> TSshMachine::AwaitPrepared(const std::atomic<in
 }
 
 std::unique_ptr<TSftpConnection> TSshMachine::OpenAsking(const std::atomic<int>* cancelled) const {
-  if (!FPerson.TellsSecret || AskpassProgram().empty())
-    return Open(FCommands.FirstLane({}), /*isFirst=*/true, cancelled);
-  const TAskpassListener listener(FPerson.TellsSecret);
-  return Open(FCommands.FirstLane(listener.Environment()), /*isFirst=*/true, cancelled);
+  if (!FPrompts.TellsSecret || AskpassProgram().empty())
+    return Open(FCommands.FirstConnection({}), /*isFirst=*/true, cancelled);
+  const TAskpassListener listener(FPrompts.TellsSecret);
+  return Open(FCommands.FirstConnection(listener.Environment()), /*isFirst=*/true, cancelled);
 }
 
 // True when another attempt is worth it.
 bool TSshMachine::Mend(const TConnectionError& error, const std::atomic<int>* cancelled) const {
   return IsAboutHostKey(error.what()) &&
-         SettleHostKey(FProfile, FPerson.AcceptsHostKey, [cancelled] { return IsSet(cancelled); });
+         SettleHostKey(FProfile, FPrompts.AcceptsHostKey, [cancelled] { return IsSet(cancelled); });
 }
 
-// The lane used last, since the line may have closed the others.
+// The connection used last, since the line may have closed the others.
 std::unique_ptr<TSftpConnection> TSshMachine::TakeIdle() {
   const std::lock_guard lock(FMutex);
   while (!FIdle.empty()) {
-    std::unique_ptr<TSftpConnection> lane = std::move(FIdle.back());
+    std::unique_ptr<TSftpConnection> connection = std::move(FIdle.back());
     FIdle.pop_back();
-    if (lane->IsAlive())
-      return lane;
-    FIsConnected = FIsConnected && !lane->IsFirst();
+    if (connection->IsAlive())
+      return connection;
+    FIsConnected = FIsConnected && !connection->IsFirst();
   }
   return nullptr;
 }
@@ -184,24 +184,23 @@ std::unique_ptr<TSftpConnection> TSshMachine::Open(const TProcessStart& sftp, bo
       .Sftp = sftp,
       .Exec = [commands = FCommands](const std::string& line) { return commands.Command(line); },
       .Root = FProfile.Path,
-      .IsWindows = FIsWindows,
       .IsFirst = isFirst};
   // The client gives up by itself when nobody is there; a person who is asked may take longer.
   machine.Greeting = isFirst ? std::chrono::seconds(FProfile.ConnectTimeout) + LongestLogIn
                              : std::chrono::seconds(FProfile.ConnectTimeout) + machine.Silence;
   try {
-    return std::make_unique<TSftpConnection>(std::move(machine), FParts, cancelled);
+    return std::make_unique<TSftpConnection>(std::move(machine), FFacts, cancelled);
   } catch (const std::system_error& error) {
     throw TConnectionError(std::string("the SSH client cannot be run: ") + error.what());
   }
 }
 
-void TSshMachine::GiveBack(std::unique_ptr<TSftpConnection> lane) {
+void TSshMachine::GiveBack(std::unique_ptr<TSftpConnection> connection) {
   const std::lock_guard lock(FMutex);
-  if (lane->IsAlive())
-    FIdle.push_back(std::move(lane));
+  if (connection->IsAlive())
+    FIdle.push_back(std::move(connection));
   else
-    FIsConnected = FIsConnected && !lane->IsFirst();
+    FIsConnected = FIsConnected && !connection->IsFirst();
 }
 
 } // namespace workbench

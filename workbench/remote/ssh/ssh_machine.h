@@ -1,9 +1,10 @@
-// A machine that is reached through the user's own SSH client. The first lane makes the connection;
-// the others and commands go through it, so that only the first pays for keys and log-in.
+// A machine that is reached through the user's own SSH client. The first conversation makes the
+// connection; the others and commands go through it, so that only the first pays for keys and
+// log-in.
 #pragma once
 
 #include "workbench/remote/sftp/sftp_connection.h"
-#include "workbench/remote/ssh/person.h"
+#include "workbench/remote/ssh/prompts.h"
 #include "workbench/remote/target/profile.h"
 
 #include <atomic>
@@ -25,9 +26,9 @@ public:
   /// Makes the connection and carries the file transfer protocol; the connection ends with it.
   /// `questions` are variables that let the client ask for passwords and the like; without them it
   /// asks nothing.
-  TProcessStart FirstLane(const std::vector<std::string>& questions) const;
+  TProcessStart FirstConnection(const std::vector<std::string>& questions) const;
   /// Carries the protocol through the connection.
-  TProcessStart FurtherLane() const;
+  TProcessStart FurtherConnection() const;
   /// Runs a command line on the machine, through the connection.
   TProcessStart Command(const std::string& command) const;
 
@@ -42,18 +43,18 @@ private:
 /// std::system_error.
 std::filesystem::path NewControlPath();
 
-/// Lanes to one machine. May be used by several threads.
+/// Connections to one machine. May be used by several threads.
 class TSshMachine : public std::enable_shared_from_this<TSshMachine> {
 public:
-  TSshMachine(TProfile profile, bool isWindows, TPerson person);
+  TSshMachine(TProfile profile, TPrompts prompts);
   ~TSshMachine();
   TSshMachine(const TSshMachine&) = delete;
   TSshMachine& operator=(const TSshMachine&) = delete;
 
   const TProfile& Profile() const { return FProfile; }
-  /// Begins to connect, asking nobody, on a thread of its own. Who takes a lane waits for it.
+  /// Begins to connect, asking nobody, on a thread of its own; Take waits for it.
   void Prepare();
-  /// A lane of the caller's own; it comes back to the machine when it is let go. Throws
+  /// A connection of the caller's own; it comes back to the machine when it is let go. Throws
   /// TConnectionError. `cancelled`, when it is there, ends the attempt.
   std::shared_ptr<IRemoteConnection> Take(const std::atomic<int>* cancelled);
 
@@ -65,19 +66,18 @@ private:
   bool Mend(const TConnectionError& error, const std::atomic<int>* cancelled) const;
   std::unique_ptr<TSftpConnection> Open(const TProcessStart& sftp, bool isFirst,
                                         const std::atomic<int>* cancelled) const;
-  void GiveBack(std::unique_ptr<TSftpConnection> lane);
+  void GiveBack(std::unique_ptr<TSftpConnection> connection);
 
   const TProfile FProfile;
-  const bool FIsWindows;
-  const TPerson FPerson;
+  const TPrompts FPrompts;
   const TSshCommands FCommands;
-  const std::shared_ptr<TUnfinishedParts> FParts = std::make_shared<TUnfinishedParts>();
+  const std::shared_ptr<TMachineFacts> FFacts = std::make_shared<TMachineFacts>();
   std::atomic<int> FNobodyWaits = 0; // for what is prepared
-  std::mutex FConnecting;            // held while the first lane is opened; guards the next one
+  std::mutex FConnecting;            // held while the first one is opened; guards the next field
   std::future<std::unique_ptr<TSftpConnection>> FPrepared;
   std::mutex FMutex; // of what stands below
   std::vector<std::unique_ptr<TSftpConnection>> FIdle;
-  bool FIsConnected = false; // the first lane is there, idle or in use
+  bool FIsConnected = false; // the first connection is there, idle or in use
 };
 
 } // namespace workbench

@@ -25,6 +25,7 @@ struct TProfile {
   std::string Path = {};
   bool IsDefault = false;    ///< serves projects that assign none to the platform
   bool AllowOutside = false; ///< directories beyond the path are allowed
+  bool Stateless = false;    ///< deploys leave no record there
 
   std::string Host = {};
   unsigned Port = 0; ///< 0: left open

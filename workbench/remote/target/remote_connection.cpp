@@ -5,6 +5,12 @@
 
 namespace workbench {
 
+unsigned RightsFor(unsigned localMode, bool makeExecutable) {
+  const unsigned rights = localMode & 0777U;
+  // Whoever may read the program may run it.
+  return makeExecutable ? rights | ((rights & 0444U) >> 2U) : rights;
+}
+
 std::vector<std::string> DirectoriesOf(std::span<const TSendRequest> files) {
   std::unordered_set<std::string_view> known;
   std::vector<std::string> directories;

@@ -3,6 +3,7 @@
 
 #include "package/host/api/platformapi.h"
 #include "workbench/process/process_run.h"
+#include "workbench/process/shell.h"
 
 #include <atomic>
 #include <chrono>
@@ -13,6 +14,7 @@
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace workbench {
@@ -37,15 +39,39 @@ struct TRemoteName {
   std::string Name;
 };
 
-enum class TRemoteKind { None, File, Directory, Other };
+enum class TRemoteKind { None, File, Directory, Link, Other };
 
 /// What stands under a name. Links are not followed.
 struct TRemoteStatus {
   TRemoteKind Kind = TRemoteKind::None;
   std::uint64_t Size = 0;
   deployment::TFileTime Modified = {};
-  bool IsExecutable = false;
+  unsigned Mode = 0;        ///< rights, such as 0644
   std::string Problem = {}; ///< why it could not be examined; empty when it was
+};
+
+/// Where a link leads.
+struct TRemoteLink {
+  std::string Text = {};    ///< as it is stored, not resolved
+  std::string Problem = {}; ///< why it could not be read, or that it is no link; empty when it was
+};
+
+/// The content of a file, read whole.
+struct TRemoteContent {
+  bool IsThere = false;
+  std::string Text = {};
+  std::string Problem = {}; ///< why it could not be read; empty when it was, or is not there
+};
+
+/// How making a file of one's own ended.
+struct TRemoteCreation {
+  enum class TResult {
+    Made,
+    Exists, ///< something stands there already, or the target does not tell why it failed
+    Failed,
+  };
+  TResult Result = TResult::Failed;
+  std::string Problem = {}; ///< unless it was made
 };
 
 /// A file to be sent.
@@ -63,7 +89,14 @@ std::vector<std::string> DirectoriesOf(std::span<const TSendRequest> files);
 struct TSendOutcome {
   std::uint64_t Bytes = 0;  ///< that were sent, also when it failed
   std::string Problem = {}; ///< empty: the file is whole and in place
+  std::uint64_t Size = 0;   ///< of the file that was sent
+  std::int64_t Time = 0;    ///< its time stamp, whole seconds since 1970
+  unsigned Mode = 0;        ///< the rights that it was given
+  std::string Hash = {};    ///< SHA-256 of what was sent; empty where a part was there already
 };
+
+/// The rights that a local file of that mode is given on a target.
+unsigned RightsFor(unsigned localMode, bool makeExecutable);
 
 /// Hands out files to be sent and hears how that goes, on the thread that sends.
 class ISendJob {
@@ -79,7 +112,7 @@ public:
   virtual void FileDone(const TSendRequest& request, const TSendOutcome& outcome) = 0;
 };
 
-/// One lane to one machine. Used by one thread at a time. Lists are asked as a whole, so that a
+/// Used by one thread at a time. Lists are asked as a whole, so that a
 /// far machine can be asked all of it at once; answers come in the order of the questions. Every
 /// call may throw TConnectionError; what concerns one file is in the answer.
 class IRemoteConnection {
@@ -87,8 +120,12 @@ public:
   virtual ~IRemoteConnection() = default;
   /// The smallest step between two time stamps that the target keeps apart.
   virtual std::chrono::nanoseconds TimeResolution() const = 0;
-  /// How many lanes at a time serve a deploy best when nobody says.
-  virtual unsigned UsualLanes() const = 0;
+  /// The profile's path there, links resolved.
+  virtual std::string Root() const = 0;
+  /// True when files keep the rights that they are given.
+  virtual bool KeepsModes() const = 0;
+  /// How many connections at a time serve a deploy best when nobody says.
+  virtual unsigned UsualConnections() const = 0;
   /// Resolves directories: relative ones below the profile's path, others from the root of the
   /// file system; those that begin with "~/" in the user's home directory. "/" delimits.
   virtual std::vector<TRemoteDirectory> Resolve(std::span<const std::string> directories) = 0;
@@ -102,19 +139,36 @@ public:
   /// Sends each file under a name of its own beside the final one, gives it time and rights and
   /// puts it in place when it is whole. A file that changes meanwhile is not put in place.
   virtual void Send(ISendJob& job) = 0;
-  /// True where the content is the same.
-  virtual std::vector<bool> HaveSameContent(std::span<const TSendRequest> files) = 0;
+  /// SHA-256 of plain files, hexadecimal; empty for one that cannot be read.
+  virtual std::vector<std::string> Hashes(std::span<const TRemoteName> names) = 0;
+  /// Reads a plain file of at most that many bytes. Links are not followed.
+  virtual TRemoteContent ReadFile(const TRemoteName& name, std::uint64_t limit) = 0;
+  /// Makes a file that is not there yet, at once for all who try.
+  virtual TRemoteCreation CreateFile(const TRemoteName& name, std::string_view text) = 0;
+  /// Gives a file another name in its directory, replacing what stands there; the reason when that
+  /// failed.
+  virtual std::string Rename(const TRemoteName& name, const std::string& newName) = 0;
   /// Gives a file that is in place a time stamp; the reason when that failed.
   virtual std::string SetTime(const TRemoteName& name, deployment::TFileTime time) = 0;
+  /// Gives a file that is in place its rights; the reason when that failed.
+  virtual std::string SetMode(const TRemoteName& name, unsigned mode) = 0;
   /// Removes a file; the reason when that failed.
   virtual std::string Remove(const TRemoteName& name) = 0;
-  /// Runs a command line in a resolved directory and hands over the lines that it prints; the
-  /// reason when it failed. A run that is cancelled ends the command.
+  /// True when the target has symbolic links and one can take the place of what is there at once.
+  virtual bool KnowsLinks() const = 0;
+  virtual std::vector<TRemoteLink> ReadLinks(std::span<const TRemoteName> names) = 0;
+  /// Puts a symbolic link in place, in the stead of a file or link of that name; the reason when
+  /// that failed. `text` is what it stores, with "/" as delimiter; it may lead nowhere.
+  virtual std::string MakeLink(const TRemoteName& name, const std::string& text) = 0;
+  /// What runs command lines there; found out when it is asked for first.
+  virtual TShell Shell() = 0;
+  /// Runs a command line of that shell in a resolved directory and hands over the lines that it
+  /// prints; the reason when it failed. A run that is cancelled ends the command.
   virtual std::string RunCommand(const std::string& command, const std::string& directory,
                                  const THearLine& hear, const std::atomic<int>& cancelled) = 0;
 };
 
-/// Opens lanes. Used by several threads.
+/// Opens connections. Used by several threads.
 using TConnect = std::function<std::shared_ptr<IRemoteConnection>()>;
 
 } // namespace workbench

@@ -84,9 +84,11 @@ TRemotePath ParseRemotePath(std::string_view name) {
     name.remove_prefix(std::min(part.size() + 1, name.size()));
     if (part.empty() || part == ".")
       continue;
+    // The home directory is where such a path begins; it is not left by "..".
+    const std::size_t first = path.Start == TRemotePath::TStart::HomeDirectory ? 1 : 0;
     if (part != "..")
       path.Parts.push_back(part);
-    else if (path.Parts.empty())
+    else if (path.Parts.size() <= first)
       path.Climbs = true;
     else
       path.Parts.pop_back();

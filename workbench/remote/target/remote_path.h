@@ -22,8 +22,9 @@ struct TRemotePath {
   /// Where the parts begin.
   enum class TStart { ProfilePath, HomeDirectory, FileSystemRoot, Drive };
   TStart Start = TStart::ProfilePath;
-  std::vector<std::string_view> Parts; ///< into the text; no empty ones, no ".", no ".."
-  bool Climbs = false;                 ///< more ".." than there are directories to leave
+  /// Into the text; no empty ones, no ".", no "..". The first one of a home directory is its "~".
+  std::vector<std::string_view> Parts;
+  bool Climbs = false; ///< more ".." than there are directories to leave
 
   /// The parts joined by "/".
   std::string Joined() const;

@@ -26,8 +26,19 @@ std::string HashText(std::string_view text) {
   return digits.data();
 }
 
-// The same for all runs on this machine since it was started: process numbers start over then.
-const std::string& MachineMark() {
+std::vector<std::string_view> Split(std::string_view text) {
+  std::vector<std::string_view> parts;
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t end = std::min(text.find('-', start), text.size());
+    parts.push_back(text.substr(start, end - start));
+    start = end + 1;
+  }
+  return parts;
+}
+
+} // namespace
+
+const std::string& ThisMachineMark() {
   static const std::string mark = [] {
     std::string text;
     for (const char* file : {"/etc/machine-id", "/proc/sys/kernel/random/boot_id"}) {
@@ -45,24 +56,12 @@ const std::string& MachineMark() {
   return mark;
 }
 
-std::vector<std::string_view> Split(std::string_view text) {
-  std::vector<std::string_view> parts;
-  for (std::size_t start = 0; start <= text.size();) {
-    const std::size_t end = std::min(text.find('-', start), text.size());
-    parts.push_back(text.substr(start, end - start));
-    start = end + 1;
-  }
-  return parts;
-}
-
-} // namespace
-
 TUnfinishedNames::TUnfinishedNames() {
   std::random_device source;
   std::array<char, 9> random{};
   std::snprintf(random.data(), random.size(), "%08x", source());
-  FStart = std::string(UnfinishedPrefix) + MachineMark() + "-" + std::to_string(::getpid()) + "-" +
-           random.data();
+  FStart = std::string(UnfinishedPrefix) + ThisMachineMark() + "-" + std::to_string(::getpid()) +
+           "-" + random.data();
 }
 
 std::string TUnfinishedNames::Next(std::string_view source) {
@@ -93,7 +92,7 @@ std::optional<TUnfinishedName> ParseUnfinishedName(std::string_view name) {
 }
 
 bool IsAbandoned(const TUnfinishedName& name) {
-  return name.Machine == MachineMark() && ::kill(static_cast<pid_t>(name.Process), 0) != 0 &&
+  return name.Machine == ThisMachineMark() && ::kill(static_cast<pid_t>(name.Process), 0) != 0 &&
          errno == ESRCH;
 }
 

@@ -10,6 +10,9 @@
 
 namespace workbench {
 
+/// Stands for this machine since it was started: process numbers start over then.
+const std::string& ThisMachineMark();
+
 /// What the name of an unfinished file says.
 struct TUnfinishedName {
   std::string Machine; ///< stands for the machine that writes it

@@ -1,4 +1,4 @@
-// What earlier runs left behind on a machine and can be gone on with. Shared by the lanes.
+// What earlier runs left behind on a machine and can be gone on with. Shared by the connections.
 #pragma once
 
 #include <cstdint>

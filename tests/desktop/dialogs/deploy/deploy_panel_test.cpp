@@ -38,19 +38,19 @@ class TDeployPanelTest : public ::testing::Test {
 protected:
   // A run whose last file failed.
   void RunWithFailure(const char* error) {
-    FPanel.Begin(FRun);
+    FPanel.Begin(FCancelled);
     FPanel.Planned(ThreeRows());
-    FRun.Report.Rows = ThreeRows();
-    FRun.Report.Rows[2] = Failed(FRun.Report.Rows[2], error);
+    FReport.Rows = ThreeRows();
+    FReport.Rows[2] = Failed(FReport.Rows[2], error);
     for (std::size_t i = 0; i < 3; ++i)
-      FPanel.RowDone(i, FRun.Report.Rows[i]);
-    FRun.Report.End = TDeployEnd::Failed;
-    FPanel.End();
+      FPanel.RowDone(i, FReport.Rows[i]);
+    FReport.End = TDeployEnd::Failed;
+    FPanel.End(FReport, /*dryRun=*/false);
   }
   void EndWith(TDeployEnd end) {
-    FPanel.Begin(FRun);
-    FRun.Report.End = end;
-    FPanel.End();
+    FPanel.Begin(FCancelled);
+    FReport.End = end;
+    FPanel.End(FReport, /*dryRun=*/false);
   }
   std::string Summary() const { return Child<QLabel>(FPanel, "summary").text().toStdString(); }
   std::string Status() const { return Child<QLabel>(FPanel, "status").text().toStdString(); }
@@ -59,14 +59,14 @@ protected:
     return Log().model()->index(row, column).data().toString().toStdString();
   }
 
-  TDeployRun FRun;
+  std::atomic<int> FCancelled = 0;
+  TDeployReport FReport;
   TDeployPanel FPanel;
 };
 
 TEST_F(TDeployPanelTest, ShowsTheFilesAndBytesOfARunThatGoesOn) {
-  FPanel.Begin(FRun);
+  FPanel.Begin(FCancelled);
   EXPECT_TRUE(FPanel.isVisible());
-  EXPECT_EQ(FRun.Progress, &FPanel);
   EXPECT_EQ(Summary(), "Comparing with the target\u2026");
   FPanel.Planned(ThreeRows());
   FPanel.BytesSent(2048);
@@ -79,31 +79,30 @@ TEST_F(TDeployPanelTest, ShowsTheFilesAndBytesOfARunThatGoesOn) {
   EXPECT_EQ(Cell(1, TDeployLogModel::Result), "unchanged");
   EXPECT_EQ(Cell(2, TDeployLogModel::Result), "waiting");
   EXPECT_EQ(Cell(2, TDeployLogModel::Target), "/t/c.dat");
-  FPanel.End();
+  FPanel.End(FReport, /*dryRun=*/false);
 }
 
 TEST_F(TDeployPanelTest, CancelsTheRunLikeAnInterrupt) {
-  FPanel.Begin(FRun);
+  FPanel.Begin(FCancelled);
   EXPECT_FALSE(FPanel.close());
   Press(FPanel, "Cancel");
-  EXPECT_EQ(FRun.Cancelled, SIGINT);
+  EXPECT_EQ(FCancelled, SIGINT);
   EXPECT_EQ(Summary(), "Cancelling\u2026");
   EXPECT_FALSE(testing::FindButton(FPanel, "Cancel")->isEnabled());
-  FRun.Report.Rows = {Failed(ThreeRows()[0], "the run was interrupted")};
-  FRun.Report.End = TDeployEnd::Interrupted;
-  FPanel.End();
+  FReport.Rows = {Failed(ThreeRows()[0], "the run was interrupted")};
+  FReport.End = TDeployEnd::Interrupted;
+  FPanel.End(FReport, /*dryRun=*/false);
   EXPECT_EQ(Summary(), "Interrupted: 0 copied, 1 failed (0 bytes). Deploy again to go on.");
 }
 
 TEST_F(TDeployPanelTest, StaysUntilItIsClosed) {
   QSignalSpy closed(&FPanel, &TDeployPanel::Closed);
-  FPanel.Begin(FRun);
+  FPanel.Begin(FCancelled);
   EXPECT_FALSE(testing::FindButton(FPanel, "Close")->isEnabled());
-  FRun.Report.Rows = ThreeRows();
-  FRun.Report.End = TDeployEnd::Done;
-  FPanel.End();
+  FReport.Rows = ThreeRows();
+  FReport.End = TDeployEnd::Done;
+  FPanel.End(FReport, /*dryRun=*/false);
   EXPECT_TRUE(FPanel.isVisible());
-  EXPECT_EQ(FRun.Progress, nullptr);
   EXPECT_EQ(Summary(), "Done: 2 copied, 1 unchanged (3.0 KiB).");
   EXPECT_EQ(Cell(2, TDeployLogModel::Result), "copied");
   Press(FPanel, "Close");
@@ -140,17 +139,17 @@ TEST_F(TDeployPanelTest, ExplainsAFailedFileAndWhatToDoNext) {
 }
 
 TEST_F(TDeployPanelTest, SaysWhyNothingWasDone) {
-  FRun.Report.Rows = ThreeRows();
-  FRun.Report.Problems = {"a.exe: leaves the path of the profile", "b\x1b.dat: is missing"};
+  FReport.Rows = ThreeRows();
+  FReport.Problems = {"a.exe: leaves the path of the profile", "b\x1b.dat: is missing"};
   EndWith(TDeployEnd::Refused);
   EXPECT_EQ(Summary(), "Nothing was copied. Mend this first:\n\u2022 a.exe: leaves the path of the "
                        "profile\n\u2022 b\\x1B.dat: is missing");
   EXPECT_EQ(Log().model()->rowCount(), 0);
-  FRun.Report.Commands = {"make all"};
+  FReport.Commands = {"make all"};
   EndWith(TDeployEnd::NoConsent);
   EXPECT_EQ(Summary(), "Nothing was copied: commands of the project may not run without your "
                        "consent. They are:\n\u2022 make all");
-  FRun.Report.Message = "there is no profile \"pi\"";
+  FReport.Message = "there is no profile \"pi\"";
   EndWith(TDeployEnd::NoConnection);
   EXPECT_EQ(Summary(), "No connection: there is no profile \"pi\".");
   EndWith(TDeployEnd::NotStarted);
@@ -158,7 +157,7 @@ TEST_F(TDeployPanelTest, SaysWhyNothingWasDone) {
 }
 
 TEST_F(TDeployPanelTest, SaysThatTheConnectionWasLostOnTheWay) {
-  FRun.Report.Message = "the machine does not answer";
+  FReport.Message = "the machine does not answer";
   RunWithFailure("the machine does not answer");
   EXPECT_TRUE(
       Summary().starts_with("The connection was lost: the machine does not answer. In all:"))
@@ -166,19 +165,20 @@ TEST_F(TDeployPanelTest, SaysThatTheConnectionWasLostOnTheWay) {
 }
 
 TEST_F(TDeployPanelTest, TellsAPlanFromADeploy) {
-  FRun.Options.DryRun = true;
-  FRun.Report.Rows = ThreeRows();
-  EndWith(TDeployEnd::Done);
+  FPanel.Begin(FCancelled);
+  FReport.Rows = ThreeRows();
+  FReport.End = TDeployEnd::Done;
+  FPanel.End(FReport, /*dryRun=*/true);
   EXPECT_EQ(Summary(), "Would be: 2 copied, 1 unchanged (3.0 KiB).");
 }
 
 TEST_F(TDeployPanelTest, ShowsWhatCommandsPrint) {
-  FPanel.Begin(FRun);
+  FPanel.Begin(FCancelled);
   const auto& output = Child<QPlainTextEdit>(FPanel, "output");
   EXPECT_FALSE(output.isVisible());
   FPanel.CommandSaid("linking\x07");
-  FRun.Report.End = TDeployEnd::Done;
-  FPanel.End();
+  FReport.End = TDeployEnd::Done;
+  FPanel.End(FReport, /*dryRun=*/false);
   EXPECT_TRUE(output.isVisible());
   EXPECT_EQ(output.toPlainText(), "linking\\x07");
 }
@@ -186,7 +186,7 @@ TEST_F(TDeployPanelTest, ShowsWhatCommandsPrint) {
 TEST_F(TDeployPanelTest, KeepsTheWindowAliveUnderTenThousandFiles) {
   constexpr std::size_t Count = 10000;
   std::vector<TDeployRow> rows(Count, ThreeRows()[0]);
-  FPanel.Begin(FRun);
+  FPanel.Begin(FCancelled);
   FPanel.Planned(rows);
   std::atomic<bool> done = false;
   std::thread worker([&] {
@@ -210,20 +210,22 @@ TEST_F(TDeployPanelTest, KeepsTheWindowAliveUnderTenThousandFiles) {
   worker.join();
   RecordProperty("longest gap in ms", static_cast<int>(longest));
   EXPECT_LT(longest, 10000);
-  FRun.Report.Rows = std::move(rows);
-  FRun.Report.End = TDeployEnd::Done;
-  FPanel.End();
+  FReport.Rows = std::move(rows);
+  FReport.End = TDeployEnd::Done;
+  FPanel.End(FReport, /*dryRun=*/false);
 }
 
 TEST_F(TDeployPanelTest, ShowsARealDeploy) {
   const TRemotePlace place;
   const TDeployPlan plan =
       place.Plan({place.File("a.dat", "a.dat"), place.File("b.dat", "x/b.dat")});
-  FPanel.Begin(FRun);
+  FPanel.Begin(FCancelled);
   FPanel.Planned(RowsOf(plan));
-  std::thread([&] { place.Execute(plan, FRun); }).join();
-  FRun.Report.End = TDeployEnd::Done;
-  FPanel.End();
+  testing::TTestRun run;
+  std::thread([&] { place.Execute(plan, run); }).join();
+  FReport = run.Report;
+  FReport.End = TDeployEnd::Done;
+  FPanel.End(FReport, /*dryRun=*/false);
   EXPECT_EQ(Summary(), "Done: 2 copied (14 bytes).");
   EXPECT_EQ(TRemotePlace::Read(place.Target("x/b.dat")), "content");
 }

@@ -103,5 +103,22 @@ TEST(FeatureFileDialog, HelpsAndStaysOpen) {
   EXPECT_EQ(dialogs.ShowFeatureFiles(form), deployment::TModalResult::Cancel);
 }
 
+TEST(FeatureFileDialog, StandsInTheMiddleOfTheWindowAlsoWhenThatIsMovedLater) {
+  QWidget window;
+  window.setGeometry(100, 50, 700, 500);
+  window.show();
+  TTwoFeatures form;
+  TModalDialogs dialogs(&window);
+  for (const QPoint place : {QPoint(100, 50), QPoint(20, 10)}) {
+    window.move(place);
+    OnNextDialog([&](QDialog& dialog) {
+      const QPoint off = dialog.frameGeometry().center() - window.frameGeometry().center();
+      EXPECT_LE(off.manhattanLength(), 2);
+    });
+    dialogs.ShowFeatureFiles(form);
+  }
+  EXPECT_EQ(dialogs.AnswerCount(), 2U);
+}
+
 } // namespace
 } // namespace workbench

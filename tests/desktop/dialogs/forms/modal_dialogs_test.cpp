@@ -86,17 +86,19 @@ TEST(SelectDialog, StandsInTheMiddleOfTheWindow) {
   dialogs.ShowSelectPlatforms(form);
 }
 
-TEST(SelectDialog, HasNoDefaultButtonAndTakesEnterOnTheOneWithTheFocus) {
+TEST(SelectDialog, TakesEnterForOkUnlessAnotherButtonHasTheFocus) {
   auto form = TwoOfThree();
   TModalDialogs dialogs(nullptr);
   OnNextDialog([](QDialog& dialog) {
     QTest::keyClick(&Child<QListView>(dialog, "cbPlatforms"), Qt::Key_Return);
-    EXPECT_TRUE(dialog.isVisible());
-    auto* button = testing::FindButton(dialog, "OK");
+  });
+  EXPECT_EQ(dialogs.ShowSelectPlatforms(form), TModalResult::OK);
+  OnNextDialog([](QDialog& dialog) {
+    auto* button = testing::FindButton(dialog, "Cancel");
     button->setFocus();
     QTest::keyClick(button, Qt::Key_Return);
   });
-  EXPECT_EQ(dialogs.ShowSelectPlatforms(form), TModalResult::OK);
+  EXPECT_EQ(dialogs.ShowSelectPlatforms(form), TModalResult::Cancel);
 }
 
 TEST(RevertDialog, PassesOnScopeAndKeptFiles) {

@@ -142,7 +142,7 @@ TEST_F(TProfileManagerTest, MakesAndUnmakesTheDefault) {
   EXPECT_EQ(Kept(), "a=ta*;b=tb;");
 }
 
-TEST_F(TProfileManagerTest, TestsTheConnectionAside) {
+TEST_F(TProfileManagerTest, TestsTheConnectionInTheBackground) {
   AddTwo();
   std::filesystem::create_directory(Target("ta"));
   auto& dialog = Show();

@@ -159,8 +159,8 @@ TEST_F(TSettingsDialogTest, EditsPathsInPlace) {
 
 TEST_F(TSettingsDialogTest, ForgetsAConsent) {
   Write(FFile, "x");
-  Allow(Host().Settings(), FFile, {"make \x1b[2J", "strip"});
-  Allow(Host().Settings(), FDirectory / "other.vproj", {"make"});
+  Allow(Host().Settings(), FFile, "box", {"make \x1b[2J", "strip"});
+  Allow(Host().Settings(), FDirectory / "other.vproj", "box", {"make"});
   Show();
   QWidget& page = Page(3);
   auto& tree = Child<QTreeWidget>(page, "consents");
@@ -169,10 +169,10 @@ TEST_F(TSettingsDialogTest, ForgetsAConsent) {
   tree.setCurrentItem(tree.topLevelItem(0)->child(1));
   Press(page, "Forget");
   EXPECT_EQ(tree.topLevelItemCount(), 1);
-  EXPECT_TRUE(IsAllowed(Host().Settings(), FFile, {"make \x1b[2J", "strip"}));
+  EXPECT_TRUE(IsAllowed(Host().Settings(), FFile, "box", {"make \x1b[2J", "strip"}));
   Press(*FDialog, "OK");
-  EXPECT_FALSE(IsAllowed(Host().Settings(), FFile, {"make \x1b[2J", "strip"}));
-  EXPECT_TRUE(IsAllowed(Host().Settings(), FDirectory / "other.vproj", {"make"}));
+  EXPECT_FALSE(IsAllowed(Host().Settings(), FFile, "box", {"make \x1b[2J", "strip"}));
+  EXPECT_TRUE(IsAllowed(Host().Settings(), FDirectory / "other.vproj", "box", {"make"}));
 }
 
 TEST_F(TSettingsDialogTest, SaysWhatCouldNotBeWrittenAndStays) {

@@ -7,6 +7,8 @@
 #include <array>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace deployment {
 namespace {
@@ -46,6 +48,29 @@ TEST(DeploymentPackage, StopsTwiceAndWithoutAStart) {
   EXPECT_EQ(RegisteredCount(host), 0U);
   package.Stop();
   EXPECT_EQ(RegisteredCount(host), 0U);
+}
+
+std::vector<std::string>& UnitLog() {
+  static std::vector<std::string> log;
+  return log;
+}
+
+void Note(const char* text) {
+  UnitLog().emplace_back(text);
+}
+
+TEST(DeploymentPackage, StopsItsUnitsInTheReverseOrder) {
+  const std::array<TUnit, 3> table{{
+      {"a", [](TPackageUnits&) { Note("+a"); }, [](TPackageUnits&) { Note("-a"); }},
+      {"b", [](TPackageUnits&) { Note("+b"); }, [](TPackageUnits&) { Note("-b"); }},
+      {"c", [](TPackageUnits&) { Note("+c"); }, [](TPackageUnits&) { Note("-c"); }},
+  }};
+  UnitLog().clear();
+  TMemoryHost host;
+  TDeploymentPackage package(host, table);
+  package.Start();
+  package.Stop();
+  EXPECT_EQ(UnitLog(), (std::vector<std::string>{"+a", "+b", "+c", "-c", "-b", "-a"}));
 }
 
 TEST(DeploymentPackage, LeavesNothingBehindWhenLoadedAndUnloadedTwice) {

@@ -2,6 +2,7 @@
 #include "package/host/plugin/deployment_window.h"
 #include "package/view/deployment_frame.h"
 #include "tests/package/host/plugin/memory_view_host.h"
+#include "tests/package/view/recording_deployment.h"
 
 #include <gtest/gtest.h>
 
@@ -93,6 +94,61 @@ TEST_F(DeploymentWindow, StaysOpenUnderANewName) {
   EXPECT_EQ(Context->OpenViews->Find(R"(C:\work\A.vproj)"), TOpenViews::None);
   Show(project);
   EXPECT_EQ(Host.Views.Captions(), TTexts{"Deployment Z"});
+}
+
+TEST_F(DeploymentWindow, GoesByItsNewNameFromThenOn) {
+  const auto project = Project(R"(C:\work\A.vproj)");
+  Show(project);
+  Rename(project, R"(C:\work\Z.vproj)");
+  Rename(project, R"(C:\work\M.vproj)");
+  EXPECT_EQ(Context->OpenViews->Find(R"(C:\work\Z.vproj)"), TOpenViews::None);
+  EXPECT_NE(Context->OpenViews->Find(R"(C:\work\M.vproj)"), TOpenViews::None);
+  EXPECT_EQ(Host.Views.Shown.back(), "Deployment M");
+  Host.Projects.Closing.Raise(*project);
+  EXPECT_TRUE(Host.Views.Views.empty());
+}
+
+TEST_F(DeploymentWindow, StopsListeningInTheReverseOrder) {
+  std::vector<std::string> order;
+  Host.Projects.Closing.OnUnsubscribe = [&] { order.emplace_back("closing"); };
+  Host.Projects.Renamed.OnUnsubscribe = [&] { order.emplace_back("renamed"); };
+  Show(Project(R"(C:\work\A.vproj)"));
+  Host.Views.Close(0);
+  EXPECT_EQ(order, (TTexts{"renamed", "closing"}));
+}
+
+TEST_F(DeploymentWindow, ShowsTheTargetThatIsAskedFor) {
+  const auto project = Project(R"(C:\work\A.vproj)");
+  TRecordingDeployment deployment(*project, Host);
+  project->GivenDeployment = &deployment;
+  TDeploymentService service(Context);
+  EXPECT_FALSE(service.ShowDeployment(project, {{"Release", "Win64"}}));
+  EXPECT_EQ(deployment.Log, TTexts{"reconcile Release|Win64"});
+  EXPECT_FALSE(service.ShowDeployment(project, {{"Debug", "Win32"}}));
+  EXPECT_EQ(deployment.Log.back(), "reconcile Debug|Win32");
+  EXPECT_EQ(Host.Views.Views.size(), 1U);
+  Host.Views.Close(0);
+}
+
+TEST_F(DeploymentWindow, SaysWhyTheTargetCannotBeComputedAndIsShownAllTheSame) {
+  const auto project = Project(R"(C:\work\A.vproj)");
+  TRecordingDeployment deployment(*project, Host);
+  deployment.OnReconcile = [] { throw TInputError("the option says \"maybe\""); };
+  project->GivenDeployment = &deployment;
+  TDeploymentService service(Context);
+  for (int i = 0; i < 2; ++i) {
+    const auto problem = service.ShowDeployment(project, {{"Debug", "Win32"}});
+    ASSERT_TRUE(problem);
+    EXPECT_STREQ(problem->what(), "the option says \"maybe\"");
+    EXPECT_EQ(Host.Views.Views.size(), 1U);
+  }
+  Host.Views.Close(0);
+}
+
+TEST_F(DeploymentWindow, ComputesNothingInAHostWithoutViews) {
+  Host.EditorViewServices = nullptr;
+  TDeploymentService service(Context);
+  EXPECT_FALSE(service.ShowDeployment(Project(R"(C:\work\A.vproj)"), {{"Debug", "Win32"}}));
 }
 
 TEST_F(DeploymentWindow, IgnoresARenameFromANameInAnotherCase) {

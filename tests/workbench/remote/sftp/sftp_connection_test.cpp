@@ -1,4 +1,5 @@
 #include "tests/workbench/remote/sftp/sftp_fixture.h"
+#include "workbench/files/sha256.h"
 
 #include <fcntl.h>
 #include <fstream>
@@ -52,7 +53,7 @@ TEST_F(SftpConnection, BeginsAtHomeWithATilde) {
   TSftpMachine machine = Machine();
   machine.Root = "~/program";
   machine.Sftp.Directory = Place.Target(); // where the server begins
-  TSftpConnection connection(machine, Parts);
+  TSftpConnection connection(machine, Facts);
   const std::string nothing;
   EXPECT_EQ(connection.Resolve({&nothing, 1}).front().Path, Place.Target("program"));
   EXPECT_EQ(connection.Resolve(List({"~/x"})).front().Path, Place.Target("x"));
@@ -64,11 +65,51 @@ TEST_F(SftpConnection, RefusesARootThatIsAFile) {
   TSftpMachine machine = Machine();
   machine.Root = Place.Target("file").string();
   try {
-    const TSftpConnection connection(machine, Parts);
+    const TSftpConnection connection(machine, Facts);
     FAIL();
   } catch (const TConnectionError& error) {
     EXPECT_EQ(std::string(error.what()), machine.Root + " is a file, not a directory");
   }
+}
+
+TEST_F(SftpConnection, PutsLinksInPlaceAndReadsThemBack) {
+  Place.Write(Place.Target("libx.so.1.2"), "library");
+  Place.Write(Place.Target("libx.so"), "an old copy");
+  const std::string root = Place.Target().string();
+  const auto connection = Connect();
+  ASSERT_TRUE(connection->KnowsLinks());
+  EXPECT_EQ(connection->MakeLink({root, "libx.so.1"}, "libx.so.1.2"), "");
+  EXPECT_EQ(connection->MakeLink({root, "libx.so"}, "libx.so.1"), "");
+  EXPECT_EQ(connection->MakeLink({root, "libx.so"}, "libx.so.1"), "");
+  EXPECT_EQ(std::filesystem::read_symlink(Place.Target("libx.so.1")), "libx.so.1.2");
+  EXPECT_EQ(std::filesystem::read_symlink(Place.Target("libx.so")), "libx.so.1");
+  EXPECT_EQ(Place.Read(Place.Target("libx.so")), "library");
+  EXPECT_EQ(Unfinished(), std::vector<std::string>());
+  const std::vector<TRemoteName> names{
+      {root, "libx.so"}, {root, "libx.so.1"}, {root, "libx.so.1.2"}, {root, "none"}};
+  const auto links = connection->ReadLinks(names);
+  EXPECT_EQ(links[0].Text, "libx.so.1");
+  EXPECT_EQ(links[1].Text, "libx.so.1.2");
+  EXPECT_EQ(links[2].Text, "");
+  EXPECT_NE(links[2].Problem, "");
+  EXPECT_EQ(links[3].Problem, "reading the link: no such file or directory");
+}
+
+TEST_F(SftpConnection, SaysWhyALinkIsNotMadeAndLeavesNothingBehind) {
+  std::filesystem::create_directories(Place.Target("directory/with"));
+  const std::string root = Place.Target().string();
+  EXPECT_EQ(Connect()->MakeLink({root + "/none", "x"}, "y"),
+            "making a link beside it: no such file or directory");
+  EXPECT_EQ(Connect()->MakeLink({root, "directory"}, "y"),
+            "putting it in place: the server reports a failure");
+  EXPECT_EQ(Unfinished(), std::vector<std::string>());
+  EXPECT_TRUE(std::filesystem::is_directory(Place.Target("directory/with")));
+}
+
+TEST_F(SftpConnection, MakesNoLinksOnWindows) {
+  TSftpMachine machine = Machine();
+  machine.IsWindows = true;
+  EXPECT_FALSE(TSftpConnection(machine, Parts).KnowsLinks());
 }
 
 TEST_F(SftpConnection, ExaminesFilesWithoutFollowingLinks) {
@@ -84,9 +125,9 @@ TEST_F(SftpConnection, ExaminesFilesWithoutFollowingLinks) {
   const auto answers = Connect()->Examine(names);
   EXPECT_EQ(answers[0].Kind, TRemoteKind::File);
   EXPECT_EQ(answers[0].Size, 4U);
-  EXPECT_TRUE(answers[0].IsExecutable);
+  EXPECT_EQ(answers[0].Mode, 0755U);
   EXPECT_EQ(answers[0].Modified.time_since_epoch(), std::chrono::seconds(1700000000));
-  EXPECT_EQ(answers[1].Kind, TRemoteKind::Other);
+  EXPECT_EQ(answers[1].Kind, TRemoteKind::Link);
   EXPECT_EQ(answers[2].Kind, TRemoteKind::Directory);
   EXPECT_EQ(answers[3].Kind, TRemoteKind::None);
   EXPECT_EQ(answers[4].Kind, TRemoteKind::None);
@@ -135,25 +176,62 @@ TEST_F(SftpConnection, SetsTimesAndRemovesFiles) {
   EXPECT_EQ(connection->SetTime(name, time), "setting the time stamp: no such file or directory");
 }
 
-TEST_F(SftpConnection, ComparesContentByChecksumAndWithoutAShellByReading) {
-  std::vector<TSendRequest> requests;
-  const auto add = [&](const std::string& name, const std::string& local,
-                       const std::string& remote) {
-    Place.Write(Place.Local(name), local);
-    Place.Write(Place.Target(name), remote);
-    requests.push_back({Place.Local(name), {Place.Target().string(), name}});
+TEST_F(SftpConnection, HashesFilesThereAndWithoutAShellByReading) {
+  std::vector<TRemoteName> names;
+  std::vector<std::string> expected;
+  const auto add = [&](const std::string& name, const std::string& content) {
+    Place.Write(Place.Target(name), content);
+    names.push_back({Place.Target().string(), name});
+    expected.push_back(FileSHA256(Place.Target(name)).value());
   };
-  add("same", std::string(300000, 'x'), std::string(300000, 'x'));
-  add("other", std::string(300000, 'x'), std::string(299999, 'x') + "y");
-  add("empty", "", "");
-  add("odd\nname \\ 'it'", "z", "z");
-  requests.push_back({Place.Local("same"), {Place.Target().string(), "missing"}});
-  requests.push_back({Place.Local("missing"), {Place.Target().string(), "same"}});
-  const std::vector<bool> expected{true, false, true, true, false, false};
-  EXPECT_EQ(Connect()->HaveSameContent(requests), expected);
+  add("large", std::string(3000000, 'x'));
+  add("empty", "");
+  add("odd\nname \\ 'it'", "z");
+  for (int i = 0; i < 200; ++i)
+    add("many" + std::to_string(i), std::to_string(i));
+  names.push_back({Place.Target().string(), "missing"});
+  expected.emplace_back();
+  EXPECT_EQ(Connect()->Hashes(names), expected);
   TSftpMachine machine = Machine();
   machine.Exec = nullptr;
-  EXPECT_EQ(TSftpConnection(machine, Parts).HaveSameContent(requests), expected);
+  EXPECT_EQ(TSftpConnection(machine, Facts).Hashes(names), expected);
+}
+
+TEST_F(SftpConnection, ReadsAFileUpToALimit) {
+  Place.Write(Place.Target("a"), std::string(600000, 'x'));
+  std::filesystem::create_symlink("a", Place.Target("link"));
+  const auto connection = Connect();
+  const std::string root = Place.Target().string();
+  EXPECT_EQ(connection->ReadFile({root, "a"}, 600000).Text, std::string(600000, 'x'));
+  EXPECT_EQ(connection->ReadFile({root, "a"}, 599999).Problem, "it is larger than 599999 bytes");
+  EXPECT_FALSE(connection->ReadFile({root, "none"}, 10).IsThere);
+  EXPECT_EQ(connection->ReadFile({root, "none"}, 10).Problem, "");
+  EXPECT_EQ(connection->ReadFile({root, "link"}, 10).Problem, "reading it: it is no plain file");
+}
+
+TEST_F(SftpConnection, MakesAFileOnce) {
+  using TResult = TRemoteCreation::TResult;
+  const auto connection = Connect();
+  const TRemoteName name{Place.Target().string(), "lock"};
+  EXPECT_EQ(connection->CreateFile(name, "mine").Result, TResult::Made);
+  EXPECT_EQ(Connect()->CreateFile(name, "theirs").Result, TResult::Exists);
+  EXPECT_EQ(Place.Read(Place.Target("lock")), "mine");
+  EXPECT_EQ(connection->Rename(name, "other"), "");
+  EXPECT_EQ(Place.Read(Place.Target("other")), "mine");
+  EXPECT_EQ(connection->SetMode({name.Directory, "other"}, 0640), "");
+  EXPECT_EQ(connection->Examine(std::vector<TRemoteName>{{name.Directory, "other"}})[0].Mode,
+            0640U);
+}
+
+TEST_F(SftpConnection, FindsOutWhatRunsCommands) {
+  EXPECT_EQ(Connect()->Shell(), TShell::Posix);
+  TSftpMachine machine = Machine();
+  machine.Exec = nullptr;
+  EXPECT_EQ(TSftpConnection(machine, std::make_shared<TMachineFacts>()).Shell(), TShell::None);
+  machine.Exec = [](const std::string&) {
+    return testing::Program({"/bin/sh", "-c", "echo 'deploymgr C:\\x $PSVersionTable.PSEdition'"});
+  };
+  EXPECT_EQ(TSftpConnection(machine, std::make_shared<TMachineFacts>()).Shell(), TShell::Cmd);
 }
 
 TEST_F(SftpConnection, RunsCommandsInTheirDirectory) {

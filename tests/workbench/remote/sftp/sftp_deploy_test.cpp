@@ -12,6 +12,7 @@ namespace {
 using testing::Program;
 using testing::SftpServer;
 using testing::TRemotePlace;
+using testing::TTestRun;
 
 class SftpDeploy : public testing::SftpTest {
 protected:
@@ -23,8 +24,8 @@ protected:
     }
     return files;
   }
-  TDeployRun& Deploy(std::vector<TDeployFile> files) {
-    Run = std::make_unique<TDeployRun>();
+  TTestRun& Deploy(std::vector<TDeployFile> files) {
+    Run = std::make_unique<TTestRun>();
     Execute(Plan(std::move(files)), *Run);
     return *Run;
   }
@@ -34,12 +35,11 @@ protected:
     try {
       TSftpMachine machine = Machine();
       machine.Sftp = ServerThatDies(blocks);
-      TSftpConnection connection(machine, Parts);
-      Run = std::make_unique<TDeployRun>();
-      Run->Report.Rows = RowsOf(plan);
-      Run->Options.Jobs = 1;
-      ExecuteDeployPlan(
-          plan, connection, [this] { return Connect(); }, Place.Local(), *Run);
+      TSftpConnection connection(machine, Facts);
+      Run = std::make_unique<TTestRun>();
+      Run->Jobs = 1;
+      Run->Execute(
+          plan, connection, [this] { return Connect(); }, Place.Local());
       return std::ranges::any_of(Run->Report.Rows, [](const TDeployRow& row) {
         return row.Action == TDeployAction::Failed;
       });
@@ -48,7 +48,7 @@ protected:
     }
   }
 
-  std::unique_ptr<TDeployRun> Run;
+  std::unique_ptr<TTestRun> Run;
 
 private:
   // A server that ends after so many blocks of at most 64 KiB from us.
@@ -58,7 +58,7 @@ private:
   }
 };
 
-class TCancelAt final : public IDeployProgress {
+class TCancelAt final : public IDeployObserver {
 public:
   TCancelAt(std::uint64_t bytes, std::atomic<int>& flag) : FLeft(bytes), FFlag(flag) {}
   void Planned(const std::vector<TDeployRow>& /*rows*/) override {}
@@ -82,7 +82,7 @@ TEST_F(SftpDeploy, CopiesManyFilesWholeWithTimesAndRights) {
   files.push_back(Place.File("program", "bin/program", "#!"));
   files.back().Executable = true;
   files.push_back(Place.File("large", "large", std::string(5'000'000, 'x') + "end"));
-  const TDeployRun& run = Deploy(files);
+  const TTestRun& run = Deploy(files);
   ASSERT_EQ(run.Report.Rows.size(), 1003U);
   for (const TDeployRow& row : run.Report.Rows) {
     EXPECT_EQ(row.Action, TDeployAction::Copied) << row.Error;
@@ -108,7 +108,7 @@ TEST_F(SftpDeploy, ReportsWhatTheServerRefusesForEachFile) {
     GTEST_SKIP() << "root may write everywhere";
   std::filesystem::create_directory(Place.Target("closed"));
   std::filesystem::permissions(Place.Target("closed"), std::filesystem::perms::owner_exec);
-  const TDeployRun& run = Deploy({Place.File("a", "closed/a"), Place.File("b", "b")});
+  const TTestRun& run = Deploy({Place.File("a", "closed/a"), Place.File("b", "b")});
   EXPECT_EQ(run.Report.Rows[0].Error, "making a temporary file beside it: permission denied");
   EXPECT_EQ(run.Report.Rows[1].Action, TDeployAction::Copied);
   std::filesystem::permissions(Place.Target("closed"), std::filesystem::perms::owner_all);
@@ -125,9 +125,9 @@ TEST_F(SftpDeploy, RefusesAPlaceThatIsADirectory) {
 TEST_F(SftpDeploy, LeavesNoHalfFileWhenItIsInterrupted) {
   const std::vector<TDeployFile> files = ManyFiles(400, 20000);
   const TDeployPlan plan = Plan(files);
-  TDeployRun run;
+  TTestRun run;
   TCancelAt progress(2'000'000, run.Cancelled);
-  run.Progress = &progress;
+  run.Observer = &progress;
   Execute(plan, run);
   EXPECT_EQ(progress.Done, 400U);
   for (const TDeployRow& row : run.Report.Rows) {
@@ -160,7 +160,7 @@ TEST_F(SftpDeploy, GoesOnWithALargeFileWhereAnEarlierRunWasCut) {
   EXPECT_EQ(status, 0);
   ASSERT_EQ(Unfinished().size(), 1U);
   EXPECT_FALSE(std::filesystem::exists(Place.Target("large")));
-  const TDeployRun& run = Deploy(files);
+  const TTestRun& run = Deploy(files);
   EXPECT_EQ(run.Report.Rows[0].Action, TDeployAction::Copied) << run.Report.Rows[0].Error;
   EXPECT_LT(run.Report.Rows[0].Bytes, 6'000'000U);
   EXPECT_EQ(TRemotePlace::Read(Place.Target("large")), content);
@@ -171,8 +171,8 @@ TEST_F(SftpDeploy, SaysThatTheLineBrokeAndTheNextRunCompletes) {
   const std::vector<TDeployFile> files = ManyFiles(300, 10000);
   const TDeployPlan plan = Plan(files);
   EXPECT_TRUE(FailsAgainst("20", plan));
-  const std::unique_ptr<TDeployRun> first = std::move(Run);
-  const TDeployRun& run = *first;
+  const std::unique_ptr<TTestRun> first = std::move(Run);
+  const TTestRun& run = *first;
   std::size_t failed = 0;
   for (const TDeployRow& row : run.Report.Rows) {
     if (row.Action == TDeployAction::Failed) {
@@ -184,7 +184,7 @@ TEST_F(SftpDeploy, SaysThatTheLineBrokeAndTheNextRunCompletes) {
   }
   EXPECT_GT(failed, 200U);
   EXPECT_EQ(run.Report.Message, "the connection was lost");
-  const TDeployRun& second = Deploy(files);
+  const TTestRun& second = Deploy(files);
   for (const TDeployRow& row : second.Report.Rows)
     EXPECT_NE(row.Action, TDeployAction::Failed) << row.Error;
   for (const TDeployFile& file : files)

@@ -36,18 +36,18 @@ protected:
             .Root = Place.Target().string()};
   }
   std::unique_ptr<TSftpConnection> Connect() const {
-    return std::make_unique<TSftpConnection>(Machine(), Parts);
+    return std::make_unique<TSftpConnection>(Machine(), Facts);
   }
   TDeployPlan Plan(std::vector<TDeployFile> files, const TPlanOptions& options = {}) const {
     const auto connection = Connect();
-    return MakeDeployPlan(std::move(files), options,
-                          [&]() -> IRemoteConnection& { return *connection; });
+    return MakeDeployPlan(
+        std::move(files), options, [&]() -> IRemoteConnection& { return *connection; },
+        [this] { return Place.Record; });
   }
-  void Execute(const TDeployPlan& plan, TDeployRun& run) const {
+  void Execute(const TDeployPlan& plan, TTestRun& run) const {
     const auto connection = Connect();
-    run.Report.Rows = RowsOf(plan);
-    ExecuteDeployPlan(
-        plan, *connection, [this] { return Connect(); }, Place.Local(), run);
+    run.Execute(
+        plan, *connection, [this] { return Connect(); }, Place.Local());
   }
   /// Names of unfinished files below the target.
   std::vector<std::string> Unfinished() const {
@@ -60,7 +60,7 @@ protected:
   }
 
   TRemotePlace Place;
-  std::shared_ptr<TUnfinishedParts> Parts = std::make_shared<TUnfinishedParts>();
+  std::shared_ptr<TMachineFacts> Facts = std::make_shared<TMachineFacts>();
 };
 
 } // namespace workbench::testing

@@ -1,4 +1,4 @@
-#include "tests/support/variable.h"
+#include "tests/support/environment.h"
 #include "workbench/process/process_run.h"
 #include "workbench/remote/ssh/askpass.h"
 
@@ -10,7 +10,7 @@
 namespace workbench {
 namespace {
 
-using testing::TVariable;
+using testing::TEnvironment;
 
 // "NAME=VALUE" without the name.
 std::string ValueOf(const std::vector<std::string>& variables, const std::string& name) {
@@ -29,8 +29,8 @@ public:
         FToken(AskpassTokenVariable, ValueOf(listener.Environment(), AskpassTokenVariable)) {}
 
 private:
-  TVariable FSocket;
-  TVariable FToken;
+  TEnvironment FSocket;
+  TEnvironment FToken;
 };
 
 // What the program prints, and its status behind it.
@@ -88,7 +88,7 @@ TEST(Askpass, AnswersNobodyWithoutTheToken) {
   const TAskpassListener listener(Answering(asked, "secret"));
   const TClient client(listener);
   for (const std::string token : {"", "0123456789abcdef0123456789abcdef"}) {
-    const TVariable wrong(AskpassTokenVariable, token);
+    const TEnvironment wrong(AskpassTokenVariable, token);
     EXPECT_EQ(AskThroughSocket("?"), std::nullopt);
   }
   EXPECT_EQ(asked, "");
@@ -100,7 +100,7 @@ TEST(Askpass, HasNoAnswerWhereNobodyListens) {
   const TClient client(*listener);
   listener.reset();
   EXPECT_EQ(AskThroughSocket("?"), std::nullopt);
-  const TVariable nowhere(AskpassSocketVariable, "/");
+  const TEnvironment nowhere(AskpassSocketVariable, "/");
   EXPECT_EQ(AskThroughSocket("?"), std::nullopt);
 }
 

@@ -31,7 +31,7 @@ TProfile Lab() {
 
 TEST(SshCommands, TellTheClientWhatTheProfileSays) {
   const TSshCommands commands(Lab(), "/run/s");
-  const TTexts command = commands.FirstLane({}).Command;
+  const TTexts command = commands.FirstConnection({}).Command;
   EXPECT_EQ(command.front(), "ssh");
   for (const char* text : {"-oPort=2222", "-oUser=me", "-oIdentityFile=/k", "-oProxyJump=gate",
                            "-oServerAliveInterval=7", "-oServerAliveCountMax=2",
@@ -42,11 +42,12 @@ TEST(SshCommands, TellTheClientWhatTheProfileSays) {
 
 TEST(SshCommands, ShareOneConnection) {
   const TSshCommands commands(Lab(), "/run/s");
-  for (const TTexts& command : {commands.FirstLane({}).Command, commands.FurtherLane().Command,
-                                commands.Command("x").Command})
+  for (const TTexts& command :
+       {commands.FirstConnection({}).Command, commands.FurtherConnection().Command,
+        commands.Command("x").Command})
     EXPECT_TRUE(Has(command, "-oControlPath=/run/s"));
-  EXPECT_TRUE(Has(commands.FirstLane({}).Command, "-oControlMaster=yes"));
-  EXPECT_TRUE(Has(commands.FurtherLane().Command, "-oControlMaster=no"));
+  EXPECT_TRUE(Has(commands.FirstConnection({}).Command, "-oControlMaster=yes"));
+  EXPECT_TRUE(Has(commands.FurtherConnection().Command, "-oControlMaster=no"));
 }
 
 TEST(SshCommands, LeaveOpenWhatTheProfileLeavesOpen) {
@@ -54,7 +55,7 @@ TEST(SshCommands, LeaveOpenWhatTheProfileLeavesOpen) {
   profile.Port = 0;
   profile.User.clear();
   profile.Identity.clear();
-  const TTexts command = TSshCommands(profile, "/run/s").FurtherLane().Command;
+  const TTexts command = TSshCommands(profile, "/run/s").FurtherConnection().Command;
   EXPECT_TRUE(std::ranges::none_of(command, [](const std::string& text) {
     return text.starts_with("-oPort") || text.starts_with("-oUser=") ||
            text.starts_with("-oIdentity");
@@ -63,13 +64,13 @@ TEST(SshCommands, LeaveOpenWhatTheProfileLeavesOpen) {
 
 TEST(SshCommands, AskOnlyWhereSomebodyCanAnswerAndOnlyForTheConnection) {
   const TSshCommands commands(Lab(), "/run/s");
-  const TProcessStart silent = commands.FirstLane({});
+  const TProcessStart silent = commands.FirstConnection({});
   EXPECT_TRUE(Has(silent.Command, "-oBatchMode=yes"));
   EXPECT_TRUE(Has(silent.Environment, "SSH_ASKPASS=/bin/false"));
-  const TProcessStart asking = commands.FirstLane({"SSH_ASKPASS=/ask"});
+  const TProcessStart asking = commands.FirstConnection({"SSH_ASKPASS=/ask"});
   EXPECT_TRUE(Has(asking.Command, "-oBatchMode=no"));
   EXPECT_TRUE(Has(asking.Environment, "SSH_ASKPASS=/ask"));
-  EXPECT_TRUE(Has(commands.FurtherLane().Command, "-oBatchMode=yes"));
+  EXPECT_TRUE(Has(commands.FurtherConnection().Command, "-oBatchMode=yes"));
 }
 
 TEST(SshCommands, RunACommandAsOneArgument) {
@@ -87,12 +88,12 @@ TEST(ControlPath, StandsInADirectoryOfTheUserAlone) {
   EXPECT_EQ(status.st_uid, ::geteuid());
 }
 
-TEST(SshMachine, PassesOnWhyTheFirstLaneFails) {
+TEST(SshMachine, PassesOnWhyTheFirstConnectionFails) {
   TProfile profile = Lab();
   profile.Host = "127.0.0.1";
   profile.Port = 1; // nobody listens there
   profile.SshOptions = {};
-  const auto machine = std::make_shared<TSshMachine>(profile, false, TPerson());
+  const auto machine = std::make_shared<TSshMachine>(profile, TPrompts());
   machine->Prepare();
   for (int attempt = 0; attempt < 2; ++attempt) {
     try {

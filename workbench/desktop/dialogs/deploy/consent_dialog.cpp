@@ -19,20 +19,24 @@ class TConsentDialog final : public QDialog {
   Q_DECLARE_TR_FUNCTIONS(TConsentDialog)
 
 public:
-  TConsentDialog(const std::vector<std::string>& commands, QWidget* parent) : QDialog(parent) {
+  TConsentDialog(const std::vector<std::string>& commands, const std::string& place,
+                 QWidget* parent)
+      : QDialog(parent) {
     setWindowTitle(tr("Commands of the Project"));
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(MakeQuestion());
+    layout->addWidget(MakeQuestion(place));
     layout->addWidget(MakeList(commands));
     layout->addWidget(MakeButtons());
   }
 
 private:
-  QWidget* MakeQuestion() {
-    auto* question = new QLabel(tr("The project wants to run these commands when it is deployed. "
-                                   "Run only what you trust. May they run, now and whenever they "
-                                   "are the same?"),
+  QWidget* MakeQuestion(const std::string& place) {
+    auto* question = new QLabel(tr("The project wants to run these commands when it is deployed to "
+                                   "%1. Run only what you trust. May they run, now and whenever "
+                                   "they are the same there?")
+                                    .arg(ToQString(place)),
                                 this);
+    question->setTextFormat(Qt::PlainText);
     question->setWordWrap(true);
     return question;
   }
@@ -68,8 +72,9 @@ private:
 
 } // namespace
 
-bool AskConsent(const std::vector<std::string>& commands, QWidget* parent) {
-  return TConsentDialog(commands, parent).exec() == QDialog::Accepted;
+bool AskConsent(const std::vector<std::string>& commands, const std::string& place,
+                QWidget* parent) {
+  return TConsentDialog(commands, place, parent).exec() == QDialog::Accepted;
 }
 
 } // namespace workbench

@@ -8,8 +8,9 @@ class QWidget;
 
 namespace workbench {
 
-/// True when the user says yes; Enter, Escape and closing say no. Characters that could hide what a
-/// command does are shown as escapes.
-bool AskConsent(const std::vector<std::string>& commands, QWidget* parent);
+/// `place` says where the project goes. True when the user says yes; Enter, Escape and closing say
+/// no. Characters that could hide what a command does are shown as escapes.
+bool AskConsent(const std::vector<std::string>& commands, const std::string& place,
+                QWidget* parent);
 
 } // namespace workbench

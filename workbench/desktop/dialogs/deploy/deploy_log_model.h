@@ -1,7 +1,7 @@
 // The files of a deploy and what became of each, as an item model.
 #pragma once
 
-#include "workbench/deploy/deploy_run.h"
+#include "workbench/deploy/deploy_report.h"
 
 #include <QAbstractTableModel>
 #include <QSortFilterProxyModel>

@@ -109,13 +109,12 @@ void TDeployPanel::SetRunning(bool running) {
   FClose->setEnabled(!running);
 }
 
-void TDeployPanel::Begin(TDeployRun& run) {
-  FRun = &run;
+void TDeployPanel::Begin(std::atomic<int>& cancelled) {
+  FCancelled = &cancelled;
   {
     const std::lock_guard lock(FMutex);
     FHeard = {};
   }
-  run.Progress = this;
   FRate.Start(0, std::chrono::steady_clock::now());
   FModel.SetWaiting({});
   FFailedOnly->setChecked(false);
@@ -130,12 +129,11 @@ void TDeployPanel::Begin(TDeployRun& run) {
   FCancel->setFocus();
 }
 
-void TDeployPanel::End() {
-  if (!FRun)
+void TDeployPanel::End(const TDeployReport& report, bool dryRun) {
+  if (!FCancelled)
     return;
   FTimer.stop();
   Flush();
-  const TDeployReport& report = FRun->Report;
   const bool nothingDone =
       report.End == TDeployEnd::Refused || report.End == TDeployEnd::NoConsent ||
       report.End == TDeployEnd::NoConnection || report.End == TDeployEnd::NotStarted;
@@ -144,10 +142,8 @@ void TDeployPanel::End() {
     FModel.SetWaiting({});
   else
     FModel.SetDone(report.Rows);
-  FSummary->setText(DeploySummary(report, FRun->Options.DryRun));
-  if (FRun->Progress == this)
-    FRun->Progress = nullptr;
-  FRun = nullptr;
+  FSummary->setText(DeploySummary(report, dryRun));
+  FCancelled = nullptr;
   SetRunning(false);
   FClose->setFocus();
 }
@@ -187,7 +183,7 @@ void TDeployPanel::Flush() {
     FRate.Start(wanted, heard.PlannedAt);
     FModel.SetWaiting(*std::move(heard.Planned));
     FBar->setRange(0, BarSteps);
-    if (FRun && FRun->Cancelled == 0)
+    if (FCancelled && *FCancelled == 0)
       FSummary->setText(tr("Deploying\u2026"));
   }
   if (heard.Bytes > 0)
@@ -218,10 +214,10 @@ void TDeployPanel::ShowProgress() {
 }
 
 void TDeployPanel::Cancel() {
-  if (!FRun)
+  if (!FCancelled)
     return;
   int running = 0;
-  FRun->Cancelled.compare_exchange_strong(running, SIGINT);
+  FCancelled->compare_exchange_strong(running, SIGINT);
   FCancel->setEnabled(false);
   FSummary->setText(tr("Cancelling\u2026"));
 }

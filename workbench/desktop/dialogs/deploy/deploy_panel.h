@@ -1,12 +1,13 @@
 // What the window shows of a deploy while it runs, and of its end.
 #pragma once
 
-#include "workbench/deploy/deploy_run.h"
+#include "workbench/deploy/deploy_observer.h"
 #include "workbench/deploy/transfer_rate.h"
 #include "workbench/desktop/dialogs/deploy/deploy_log_model.h"
 
 #include <QTimer>
 #include <QWidget>
+#include <atomic>
 #include <chrono>
 #include <mutex>
 #include <optional>
@@ -24,17 +25,17 @@ namespace workbench {
 
 /// Hears of the deploy on whichever thread it runs, keeps what it hears, and shows it a few times a
 /// second, so that thousands of files do not hold up the window.
-class TDeployPanel final : public QWidget, public IDeployProgress {
+class TDeployPanel final : public QWidget, public IDeployObserver {
   Q_OBJECT
 
 public:
   explicit TDeployPanel(QWidget* parent = nullptr);
 
-  /// A run begins; the panel listens to it and is shown. The run must live until End.
-  void Begin(TDeployRun& run);
+  /// A run begins, and the panel is shown. Cancel sets the flag, which must live until End.
+  void Begin(std::atomic<int>& cancelled);
   /// The run has ended: shows what its report says. The panel stays until it is closed.
-  void End();
-  bool IsRunning() const { return FRun != nullptr; }
+  void End(const TDeployReport& report, bool dryRun);
+  bool IsRunning() const { return FCancelled != nullptr; }
   /// What ended how, and the rows that are shown, as lines of text.
   QString AsText() const;
 
@@ -81,8 +82,8 @@ private:
   TDeployLogFilter FFilter;
   QTimer FTimer;
   TTransferRate FRate;
-  TDeployRun* FRun = nullptr;
-  std::mutex FMutex; // of what was heard
+  std::atomic<int>* FCancelled = nullptr; // while a run goes on
+  std::mutex FMutex;                      // of what was heard
   THeard FHeard;
 };
 

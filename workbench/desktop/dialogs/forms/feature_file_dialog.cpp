@@ -1,5 +1,6 @@
 #include "workbench/desktop/dialogs/forms/feature_file_dialog.h"
 
+#include "workbench/desktop/dialogs/forms/dialog_place.h"
 #include "workbench/desktop/dialogs/forms/feature_tree_model.h"
 #include "workbench/desktop/text/help_topics.h"
 #include "workbench/desktop/text/package_texts.h"
@@ -57,6 +58,11 @@ QWidget* TFeatureFileDialog::MakeButtons() {
             &TFeatureFileDialog::ShowHelp);
   }
   return buttons;
+}
+
+void TFeatureFileDialog::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  CenterOn(*this, parentWidget());
 }
 
 void TFeatureFileDialog::ShowHelp() {

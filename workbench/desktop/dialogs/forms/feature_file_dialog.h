@@ -16,6 +16,9 @@ class TFeatureFileDialog final : public QDialog {
 public:
   TFeatureFileDialog(deployment::IFeatureFileForm& form, QWidget* parent);
 
+protected:
+  void showEvent(QShowEvent* event) override;
+
 private:
   void MakeTree();
   QWidget* MakeButtons();

@@ -1,12 +1,13 @@
 #include "workbench/desktop/dialogs/forms/form_dialog.h"
 
+#include "workbench/desktop/dialogs/forms/dialog_place.h"
 #include "workbench/desktop/text/package_texts.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
-#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace workbench {
 
@@ -18,13 +19,14 @@ TFormDialog::TFormDialog(const deployment::TFormLayout& layout, QWidget* parent)
 }
 
 void TFormDialog::Finish(const deployment::TFormLayout& layout) {
+  const bool hasDefault = std::ranges::any_of(layout.Buttons, &deployment::TFormButton::Default);
   auto* row = new QHBoxLayout;
   row->addStretch();
   for (const deployment::TFormButton& description : layout.Buttons) {
     auto* button = new QPushButton(PackageText(description.Caption), this);
     // Qt would make the first of these the default one, and the form decides that.
     button->setAutoDefault(false);
-    button->setDefault(description.Default);
+    button->setDefault(hasDefault ? description.Default : description.Result == TModalResult::OK);
     connect(button, &QPushButton::clicked, this, [this, result = description.Result] {
       FResult = result;
       done(result == TModalResult::OK ? Accepted : Rejected);
@@ -57,11 +59,8 @@ void TFormDialog::showEvent(QShowEvent* event) {
 }
 
 void TFormDialog::Place() {
-  const bool byWindow = FPosition == deployment::TFormPosition::MainFormCenter && parentWidget();
-  QRect place = byWindow ? parentWidget()->window()->frameGeometry() : QRect();
-  if (place.isEmpty() && screen())
-    place = screen()->availableGeometry();
-  move(place.center() - QRect(QPoint(), frameGeometry().size()).center());
+  CenterOn(*this,
+           FPosition == deployment::TFormPosition::MainFormCenter ? parentWidget() : nullptr);
 }
 
 } // namespace workbench

@@ -27,7 +27,7 @@ protected:
   /// Adds the buttons and fixes the size; called last by the constructors of dialogs.
   void Finish(const deployment::TFormLayout& layout);
 
-  /// Enter presses the button that has the focus, else the form's default one, if it has any.
+  /// Enter presses the button that has the focus, else the form's default one, else OK.
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
 

@@ -10,6 +10,7 @@ using deployment::TModalResult;
 
 TModalResult TModalDialogs::ShowFeatureFiles(deployment::IFeatureFileForm& form) {
   TFeatureFileDialog dialog(form, FParent);
+  ++FAnswerCount;
   return dialog.exec() == QDialog::Accepted ? TModalResult::OK : TModalResult::Cancel;
 }
 

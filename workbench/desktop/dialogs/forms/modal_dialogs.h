@@ -3,6 +3,8 @@
 
 #include "package/host/api/forms.h"
 
+#include <cstddef>
+
 class QWidget;
 
 namespace workbench {
@@ -17,8 +19,13 @@ public:
   deployment::TModalResult ShowSelectPlatforms(deployment::ISelectForm& form) override;
   deployment::TModalResult ShowRevertToDefault(deployment::IRevertToDefaultForm& form) override;
 
+  /// How many forms that ask for optional files were answered so far; a form that was closed
+  /// counts, since the package keeps that answer too.
+  std::size_t AnswerCount() const { return FAnswerCount; }
+
 private:
   QWidget* FParent;
+  std::size_t FAnswerCount = 0;
 };
 
 } // namespace workbench

@@ -29,7 +29,8 @@ TConsentsPage::TConsentsPage(TSettingsEdit& settings, const std::vector<TCommand
   FTree->setHeaderHidden(true);
   FTree->setUniformRowHeights(true);
   for (const TCommandConsent& consent : consents) {
-    auto* project = new QTreeWidgetItem(FTree, {ToQString(Visible(consent.Project))});
+    const std::string place = consent.Place.empty() ? "" : " \u2192 " + consent.Place;
+    auto* project = new QTreeWidgetItem(FTree, {ToQString(Visible(consent.Project) + place)});
     project->setData(0, KeyRole, ToQString(consent.Key));
     for (const std::string& command : consent.Commands)
       new QTreeWidgetItem(project, {ToQString(Visible(command))});
@@ -54,7 +55,7 @@ void TConsentsPage::ShowState() {
   FForget->setEnabled(FTree->currentItem() != nullptr);
 }
 
-// A yes holds for all commands of a project together, so they are forgotten together.
+// A yes holds for all commands of a project at a place together, so they are forgotten together.
 void TConsentsPage::Forget() {
   QTreeWidgetItem* item = FTree->currentItem();
   if (!item)

@@ -1,0 +1,75 @@
+#include "workbench/cli/view/target_status.h"
+
+#include "package/host/api/file_columns.h"
+#include "workbench/cli/view/deploy_json.h"
+#include "workbench/cli/view/deployment_view.h"
+#include "workbench/text/visible_text.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace workbench {
+namespace {
+
+const std::string& TextOf(const TViewRow& row, std::string_view key) {
+  const auto& columns = deployment::FileColumns;
+  const auto column = std::ranges::find(columns, key, &deployment::TFileColumn::Key);
+  return row.Texts[static_cast<std::size_t>(column - columns.begin())];
+}
+
+// As the entry stores it: the columns show its directory and its name.
+std::string LocalNameOf(const TViewRow& row) {
+  return TextOf(row, "localPath") + TextOf(row, "localName");
+}
+
+} // namespace
+
+// The rows that a vector owns stay where they are when it is moved.
+TTargetStatus::TTargetStatus(TDeployReport report) : FReport(std::move(report)) {
+  for (const TDeployRow& row : FReport.Rows)
+    FRows.emplace(row.LocalName, &row);
+}
+
+void TTargetStatus::AddState(const TViewRow& row, TJson& entry) const {
+  const auto found = row.Checked ? FRows.find(LocalNameOf(row)) : FRows.end();
+  const TDeployRow* known = found == FRows.end() ? nullptr : found->second;
+  entry.Add("state", StateJson(known ? known->State : std::nullopt));
+  entry.Add("decidedBy", known && known->State ? TJson(known->ByHash ? "hash" : "time") : TJson());
+}
+
+void TTargetStatus::AddTarget(TJson& document) const {
+  document.Add("leftOvers", LeftOversJson(FReport));
+  document.Add("owed", OwedJson(FReport));
+  document.Add("lastRun", FReport.LastRun ? RunJson(*FReport.LastRun) : TJson());
+}
+
+std::vector<std::string> TTargetStatus::Summary() const {
+  std::map<TFileState, std::size_t> counts;
+  for (const TDeployRow& row : FReport.Rows) {
+    if (row.State)
+      ++counts[*row.State];
+  }
+  for (const TLeftOver& leftOver : FReport.LeftOvers)
+    ++counts[leftOver.State];
+  std::vector<std::string> lines;
+  for (const TOwedCommand& owed : FReport.Owed)
+    lines.push_back("still to be run for " + Visible(owed.RemoteFile) + ": " +
+                    Visible(owed.Command));
+  std::string text;
+  for (const auto& [state, count] : counts)
+    text += (text.empty() ? "" : ", ") + std::to_string(count) + " " +
+            std::string(FileStateName(state));
+  if (text.empty())
+    text = "no files";
+  if (const auto& run = FReport.LastRun) {
+    text += "; last deployed by " + Visible(run->By) + " on " + Visible(run->Machine) + " at " +
+            Visible(run->At);
+    if (!run->Revision.empty())
+      text += " from " + Visible(run->Revision);
+  }
+  lines.push_back(text);
+  return lines;
+}
+
+} // namespace workbench

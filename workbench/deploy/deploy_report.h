@@ -1,0 +1,64 @@
+// What came of a deploy, or would come of it.
+#pragma once
+
+#include "workbench/deploy/deploy_plan.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+/// How a run ended.
+enum class TDeployEnd {
+  NotStarted,
+  Done,         ///< no file failed
+  Unexpected,   ///< others changed the target: rows were refused, or all of it was
+  Failed,       ///< some did
+  Refused,      ///< the plan has problems; nothing was done
+  NoConnection, ///< nothing was done, or the connection was lost on the way
+  NoConsent,    ///< commands may not run; nothing was done
+  Interrupted,
+};
+
+/// What happened to one file, or would happen.
+struct TDeployRow {
+  std::string LocalName;
+  std::string RemoteFile; ///< the whole path on the target
+  TDeployAction Action = TDeployAction::Copied;
+  std::uint64_t Bytes = 0; ///< sent, or to be sent
+  std::string Error = {};  ///< why it failed
+  std::optional<TFileState> State = std::nullopt;
+  bool ByHash = false;     ///< hashes told the state
+  std::string Reason = {}; ///< why it was refused
+};
+
+/// A command that still has to succeed on the target.
+struct TOwedCommand {
+  std::string RemoteFile; ///< that it belongs to, relative to the profile's path
+  std::string Command;
+};
+
+/// A command that a deploy runs.
+struct TPlannedCommand {
+  bool IsLocal = false;
+  std::string Command;
+  std::string RemoteFile; ///< that it belongs to
+};
+
+struct TDeployReport {
+  TDeployEnd End = TDeployEnd::NotStarted;
+  int Signal = 0;                    ///< that interrupted the run
+  std::string Message;               ///< why there is no connection; else empty
+  std::vector<TDeployRow> Rows;      ///< in the order of the plan
+  std::vector<std::string> Problems; ///< of the plan
+  std::vector<std::string> Commands; ///< of the project, with where each runs
+  std::vector<std::string> Warnings;
+  std::vector<TPlannedCommand> Planned; ///< commands that run, in their order
+  std::vector<TLeftOver> LeftOvers;
+  std::vector<TOwedCommand> Owed;           ///< after the deploy
+  std::optional<TRecordedRun> LastRun = {}; ///< that the record tells of
+};
+
+} // namespace workbench

@@ -1,0 +1,31 @@
+// Deploys projects. The button of the view and the command line come here with the same request.
+#pragma once
+
+#include "package/host/api/entry_paths.h"
+#include "workbench/deploy/deploy_observer.h"
+#include "workbench/deploy/deploy_request.h"
+#include "workbench/deploy/destination.h"
+
+namespace workbench {
+
+class TDeployService {
+public:
+  /// Everything must outlive the object.
+  TDeployService(const TDestinations& destinations, const deployment::TEntryPathServices& services)
+      : FDestinations(destinations), FServices(services) {}
+
+  /// Plans the deploy and, unless it is a dry run, carries the plan out. What hinders or fails
+  /// stands in the report. Throws TInputError for damaged profiles. Called on the main thread.
+  TDeployReport Deploy(const TDeployRequest& request, IDeployObserver& observer) const;
+  /// The record of the project on the target; none where no record is kept. Throws
+  /// TConnectionError and TInputError.
+  TRecordReading ReadRecord(deployment::ICustomProject& project,
+                            const deployment::TDeploymentTarget& target,
+                            const std::atomic<int>* cancelled) const;
+
+private:
+  const TDestinations& FDestinations;
+  deployment::TEntryPathServices FServices;
+};
+
+} // namespace workbench

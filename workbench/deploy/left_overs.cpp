@@ -1,0 +1,146 @@
+#include "workbench/deploy/left_overs.h"
+
+#include "package/common/case_fold.h"
+
+#include <string>
+#include <unordered_set>
+#include <utility>
+
+namespace workbench {
+namespace {
+
+using deployment::TDeployOperation;
+
+// What the record has of the target and the plan has not; directories as the record names them.
+std::vector<TLeftOver> Candidates(const TTargetRecord& record, const TPlanOptions& options,
+                                  const TDeployPlan& plan) {
+  const auto key = [&options](const std::string& path) {
+    return options.Places.Names.IgnoresCase ? deployment::UpperCase(path) : path;
+  };
+  std::unordered_set<std::string> listed;
+  for (const TPlannedFile& file : plan.Files)
+    listed.insert(key(file.RecordPath));
+  std::vector<TLeftOver> candidates;
+  for (const auto& [path, file] : record.Files) {
+    const bool isOfTarget = file.Platform == options.Target.Platform &&
+                            file.Configuration == options.Target.Configuration;
+    TTargetPlace place = FindTargetPlace(path, options.Places);
+    if (isOfTarget && !listed.contains(key(path)) && place.Problem.empty())
+      candidates.push_back({path, std::move(place.Name), file.LocalName});
+  }
+  return candidates;
+}
+
+// Those that may still be there, with their directories resolved. One that leads elsewhere now is
+// none of ours any more.
+std::vector<TLeftOver> Resolved(IRemoteConnection& connection, std::vector<TLeftOver> candidates,
+                                std::vector<std::string>& forgotten) {
+  std::vector<std::string> directories;
+  directories.reserve(candidates.size());
+  for (const TLeftOver& candidate : candidates)
+    directories.push_back(candidate.Target.Directory);
+  const std::vector<TRemoteDirectory> found = connection.Resolve(directories);
+  std::vector<TLeftOver> inside;
+  for (std::size_t i = 0; i < candidates.size(); ++i) {
+    if (!found[i].Problem.empty() || !found[i].IsInside)
+      continue;
+    if (!found[i].Exists) {
+      forgotten.push_back(candidates[i].RecordPath);
+      continue;
+    }
+    candidates[i].Target.Directory = found[i].Path;
+    inside.push_back(std::move(candidates[i]));
+  }
+  return inside;
+}
+
+void DecideStates(IRemoteConnection& connection, const TTargetRecord& record,
+                  const TComparing& comparing, std::vector<TLeftOver> candidates,
+                  TDeployPlan& plan) {
+  std::vector<TRemoteName> names;
+  names.reserve(candidates.size());
+  for (const TLeftOver& candidate : candidates)
+    names.push_back(candidate.Target);
+  const std::vector<TRemoteStatus> answers = connection.Examine(names);
+  std::vector<TThreeSides> sides(candidates.size());
+  std::vector<TRemoteName> asked;
+  std::vector<TContent*> contents;
+  for (std::size_t i = 0; i < candidates.size(); ++i) {
+    sides[i].Deployed = ContentOf(&record.Files.at(candidates[i].RecordPath));
+    sides[i].There = ContentOf(answers[i]);
+    if (sides[i].There && DecideLeftOverState(sides[i], comparing).NeedsHashThere) {
+      asked.push_back(candidates[i].Target);
+      contents.push_back(&*sides[i].There);
+    }
+  }
+  ReadHashesThere(connection, asked, contents);
+  for (std::size_t i = 0; i < candidates.size(); ++i) {
+    if (!answers[i].Problem.empty())
+      continue;
+    if (!sides[i].There) {
+      plan.Forgotten.push_back(candidates[i].RecordPath);
+      continue;
+    }
+    candidates[i].State = DecideLeftOverState(sides[i], comparing).State;
+    plan.LeftOvers.push_back(std::move(candidates[i]));
+  }
+}
+
+void Prune(TDeployPlan& plan) {
+  for (const TLeftOver& leftOver : plan.LeftOvers) {
+    TPlannedFile& file = plan.Files.emplace_back();
+    file.File.LocalName = leftOver.LocalName;
+    file.File.Operation = TDeployOperation::Remove;
+    file.Target = leftOver.Target;
+    file.RecordPath = leftOver.RecordPath;
+    file.State = leftOver.State;
+    file.Action = TDeployAction::Removed;
+    if (leftOver.State == TFileState::LeftOverChanged) {
+      file.Action = TDeployAction::Refused;
+      file.Reason = "it is not in the list any more, and was changed on the target since it was "
+                    "deployed";
+    }
+  }
+}
+
+} // namespace
+
+std::optional<TContent> ContentOf(const TRemoteStatus& remote) {
+  if (remote.Kind == TRemoteKind::None)
+    return std::nullopt;
+  return TContent{.Size = remote.Size,
+                  .Time = remote.Modified,
+                  .IsPlainFile = remote.Kind == TRemoteKind::File};
+}
+
+std::optional<TContent> ContentOf(const TRecordedFile* recorded) {
+  if (!recorded)
+    return std::nullopt;
+  return TContent{.Size = recorded->Size,
+                  .Time = deployment::TFileTime(std::chrono::seconds(recorded->Time)),
+                  .Hash = recorded->Hash};
+}
+
+// One that cannot be read is a content of its own.
+void ReadHashesThere(IRemoteConnection& connection, const std::vector<TRemoteName>& names,
+                     const std::vector<TContent*>& contents) {
+  if (names.empty())
+    return;
+  std::vector<std::string> hashes = connection.Hashes(names);
+  for (std::size_t i = 0; i < names.size(); ++i)
+    contents[i]->Hash = hashes[i].empty() ? "unreadable there" : std::move(hashes[i]);
+}
+
+void FindLeftOvers(IRemoteConnection& connection, const TTargetRecord& record,
+                   const TPlanOptions& options, TDeployPlan& plan) {
+  std::vector<TLeftOver> candidates = Candidates(record, options, plan);
+  if (candidates.empty())
+    return;
+  DecideStates(connection, record,
+               {.Resolution = connection.TimeResolution(), .TrustTimes = !options.Checksum},
+               Resolved(connection, std::move(candidates), plan.Forgotten), plan);
+  if (options.Prune)
+    Prune(plan);
+}
+
+} // namespace workbench

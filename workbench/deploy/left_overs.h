@@ -1,0 +1,27 @@
+// Files that were deployed and are not in the list any more; and how the sides of a comparison are
+// read.
+#pragma once
+
+#include "workbench/deploy/deploy_plan.h"
+
+#include <optional>
+#include <vector>
+
+namespace workbench {
+
+/// What the target says of a file, as content; nothing where nothing is.
+std::optional<TContent> ContentOf(const TRemoteStatus& remote);
+/// What the record says of a file, as content; nothing without one.
+std::optional<TContent> ContentOf(const TRecordedFile* recorded);
+/// Asks for the hashes of these files at once, each for the content that stands at its place.
+/// Throws TConnectionError.
+void ReadHashesThere(IRemoteConnection& connection, const std::vector<TRemoteName>& names,
+                     const std::vector<TContent*>& contents);
+
+/// Finds the files of the record that are not in the plan, though they were deployed to the same
+/// platform and configuration, and removes them by the plan where the options say so. Throws
+/// TConnectionError.
+void FindLeftOvers(IRemoteConnection& connection, const TTargetRecord& record,
+                   const TPlanOptions& options, TDeployPlan& plan);
+
+} // namespace workbench

@@ -1,0 +1,116 @@
+#include "workbench/deploy/record/target_lock.h"
+
+#include "package/common/errors.h"
+#include "workbench/deploy/record/record_place.h"
+#include "workbench/files/user_name.h"
+#include "workbench/json/json.h"
+#include "workbench/remote/target/unfinished_names.h"
+#include "workbench/text/visible_text.h"
+
+#include <cerrno>
+#include <csignal>
+#include <limits>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace workbench {
+namespace {
+
+constexpr std::uint64_t LargestLock = 4096;
+constexpr int Attempts = 3;
+
+std::string LockText(const TLockHolder& holder) {
+  return JsonText({{"by", holder.By},
+                   {"machine", holder.Machine},
+                   {"machineMark", holder.MachineMark},
+                   {"process", holder.Process},
+                   {"since", holder.Since}},
+                  -1) +
+         "\n";
+}
+
+TLockHolder HolderOf(const std::string& text) {
+  constexpr unsigned MostProcesses = std::numeric_limits<pid_t>::max();
+  try {
+    const TJson value = ParseJson(text);
+    return {.By = value.Text("by"),
+            .Machine = value.Text("machine"),
+            .MachineMark = value.TextOr("machineMark", {}),
+            .Process = value.Number<unsigned>("process", 0, MostProcesses),
+            .Since = value.Text("since")};
+  } catch (const deployment::TInputError&) {
+    return {.By = "somebody", .Machine = "a machine that it does not name"};
+  }
+}
+
+bool IsGone(const TLockHolder& holder) {
+  return !holder.MachineMark.empty() && holder.MachineMark == ThisMachineMark() &&
+         holder.Process > 0 && ::kill(static_cast<pid_t>(holder.Process), 0) != 0 && errno == ESRCH;
+}
+
+} // namespace
+
+std::string TLockHolder::Text() const {
+  std::string text = By + " on " + Machine;
+  if (Process > 0)
+    text += " (process " + std::to_string(Process) + ")";
+  return Visible(Since.empty() ? text : text + ", since " + Since);
+}
+
+TLockHolder ThisHolder(const std::string& since) {
+  return {.By = UserName(),
+          .Machine = MachineName(),
+          .MachineMark = ThisMachineMark(),
+          .Process = ::getpid(),
+          .Since = since};
+}
+
+TRemoteName TTargetLock::Name() const {
+  return {FDirectory, std::string(LockName)};
+}
+
+std::optional<TLockHolder> TTargetLock::Holder(IRemoteConnection& connection) const {
+  const TRemoteName name = Name();
+  const TRemoteStatus status = connection.Examine({&name, 1}).front();
+  if (status.Kind == TRemoteKind::None && status.Problem.empty())
+    return std::nullopt;
+  TLockHolder holder = HolderOf(connection.ReadFile(name, LargestLock).Text);
+  const auto age = std::chrono::system_clock::now() - status.Modified;
+  if (status.Kind == TRemoteKind::File && (age > StaleLockAge || IsGone(holder)))
+    return std::nullopt;
+  return holder;
+}
+
+std::optional<TLockHolder> TTargetLock::Take(IRemoteConnection& connection, const TLockHolder& self,
+                                             bool breakIt) {
+  std::string problem;
+  for (int attempt = 0; attempt < Attempts; ++attempt) {
+    const TRemoteCreation made = connection.CreateFile(Name(), LockText(self));
+    if (made.Result == TRemoteCreation::TResult::Made) {
+      FIsTaken = true;
+      Refresh(connection); // the clocks of two machines may differ
+      return std::nullopt;
+    }
+    problem = made.Problem;
+    if (made.Result == TRemoteCreation::TResult::Failed)
+      break;
+    if (const auto holder = Holder(connection); holder && !breakIt)
+      return holder;
+    connection.Remove(Name());
+  }
+  throw std::runtime_error("the target cannot be locked: " + problem);
+}
+
+void TTargetLock::Refresh(IRemoteConnection& connection) const {
+  if (FIsTaken)
+    connection.SetTime(Name(), std::chrono::system_clock::now());
+}
+
+void TTargetLock::Release(IRemoteConnection& connection) {
+  if (!FIsTaken)
+    return;
+  FIsTaken = false;
+  connection.Remove(Name());
+}
+
+} // namespace workbench

@@ -1,0 +1,128 @@
+#include "workbench/deploy/record_keeper.h"
+
+#include <chrono>
+#include <utility>
+
+namespace workbench {
+namespace {
+
+constexpr std::chrono::seconds WriteInterval(2);
+
+} // namespace
+
+TRecordKeeper::TRecordKeeper(const TRecordStore& store, const TTargetLock& lock,
+                             TTargetRecord before, TTargetRecord record, TRecordedRun run,
+                             TConnect connect)
+    : FStore(store), FLock(lock), FBefore(std::move(before)), FRun(std::move(run)),
+      FConnect(std::move(connect)), FRecord(std::move(record)), FThread([this] { Work(); }) {}
+
+TRecordKeeper::~TRecordKeeper() {
+  {
+    const std::lock_guard lock(FMutex);
+    FIsOver = true;
+  }
+  FWake.notify_all();
+  if (FThread.joinable())
+    FThread.join();
+}
+
+// Most deploys are over before the first interval is, and need no further connection.
+void TRecordKeeper::Work() {
+  std::shared_ptr<IRemoteConnection> connection;
+  TTargetRecord written = FBefore;
+  auto refreshed = std::chrono::steady_clock::now();
+  std::unique_lock lock(FMutex);
+  while (!FWake.wait_for(lock, WriteInterval, [this] { return FIsOver; })) {
+    const TTargetRecord current = HasChanges() ? Current(TRunResult::Partly) : FBefore;
+    lock.unlock();
+    try {
+      if (!connection)
+        connection = FConnect();
+      if (current != written && FStore.Write(*connection, current).empty())
+        written = current;
+      const auto now = std::chrono::steady_clock::now();
+      if (now - refreshed >= LockInterval) {
+        FLock.Refresh(*connection);
+        refreshed = now;
+      }
+    } catch (const TConnectionError&) {
+      connection = nullptr; // the deploy itself will say so
+    }
+    lock.lock();
+  }
+}
+
+TTargetRecord TRecordKeeper::Current(TRunResult result) const {
+  TTargetRecord record = FRecord;
+  TRecordedRun run = FRun;
+  run.Result = result;
+  if (run.Copied + run.Removed + run.Failed > 0)
+    record.Runs.insert(record.Runs.begin(), std::move(run));
+  if (record.Runs.size() > MostRuns)
+    record.Runs.resize(MostRuns);
+  return record;
+}
+
+void TRecordKeeper::Begin(IRemoteConnection& connection) {
+  std::unique_lock lock(FMutex);
+  if (FRecord.Owed == FBefore.Owed)
+    return;
+  const TTargetRecord current = Current(TRunResult::Partly);
+  lock.unlock();
+  FStore.Write(connection, current);
+}
+
+void TRecordKeeper::Put(const std::string& path, TRecordedFile file, bool wasCopied) {
+  const std::lock_guard lock(FMutex);
+  if (wasCopied) {
+    ++FRun.Copied;
+    file.Run = FRun.Id;
+  }
+  FRecord.Files.insert_or_assign(path, std::move(file));
+}
+
+void TRecordKeeper::Forget(const std::string& path, bool wasRemoved) {
+  const std::lock_guard lock(FMutex);
+  FRun.Removed += wasRemoved ? 1 : 0;
+  FRecord.Files.erase(path);
+  FRecord.Owed.erase(path);
+}
+
+void TRecordKeeper::Owe(const std::string& path, std::vector<std::string> steps) {
+  const std::lock_guard lock(FMutex);
+  if (steps.empty())
+    FRecord.Owed.erase(path);
+  else
+    FRecord.Owed.insert_or_assign(path, std::move(steps));
+}
+
+void TRecordKeeper::Failed() {
+  const std::lock_guard lock(FMutex);
+  ++FRun.Failed;
+}
+
+std::optional<TRecordedFile> TRecordKeeper::Find(const std::string& path) const {
+  const std::lock_guard lock(FMutex);
+  const auto found = FRecord.Files.find(path);
+  return found == FRecord.Files.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::string TRecordKeeper::End(IRemoteConnection& connection, bool interrupted) {
+  {
+    const std::lock_guard lock(FMutex);
+    FIsOver = true;
+  }
+  FWake.notify_all();
+  FThread.join();
+  const bool isDone = FRun.Failed == 0 && !interrupted;
+  if (FRun.Copied + FRun.Removed > 0 || HasChanges())
+    FRecord = Current(isDone ? TRunResult::Done : TRunResult::Partly);
+  return HasChanges() ? FStore.Write(connection, FRecord) : std::string();
+}
+
+TTargetRecord TRecordKeeper::Record() const {
+  const std::lock_guard lock(FMutex);
+  return FRecord;
+}
+
+} // namespace workbench

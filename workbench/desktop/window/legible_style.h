@@ -1,0 +1,19 @@
+// The style of the window where the desktop has none of its own.
+#pragma once
+
+#include <QProxyStyle>
+
+namespace workbench {
+
+/// Draws the frames of boxes so that they are seen on light and on dark, ticked or not.
+class TLegibleStyle final : public QProxyStyle {
+  Q_OBJECT
+
+public:
+  TLegibleStyle();
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+};
+
+} // namespace workbench

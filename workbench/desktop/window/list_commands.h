@@ -1,0 +1,36 @@
+// The commands of a project's list: their keys in the window, and what the window adds to them.
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+
+namespace workbench {
+
+class TFormControls;
+class TOpenProject;
+class TSession;
+
+/// Gives the commands of the tool bar their keys, and says why Connect cannot connect.
+class TListCommands final : public QObject {
+  Q_OBJECT
+
+public:
+  /// The session must outlive the object; messages stand before the window.
+  TListCommands(TSession& session, QWidget& window);
+
+  /// To be called once for each project that is opened. All live as long as the controls.
+  void Attach(TOpenProject& project, TFormControls& controls);
+
+signals:
+  /// A command was done.
+  void Done();
+
+private:
+  void ExplainMissingProfile(TOpenProject& project, const TFormControls& controls);
+
+  TSession& FSession;
+  QWidget& FWindow;
+};
+
+} // namespace workbench
