@@ -4,8 +4,6 @@
 #include "package/host/api/target_entries.h"
 #include "workbench/files/machine_path.h"
 
-#include <algorithm>
-
 namespace workbench {
 namespace {
 
