@@ -116,7 +116,8 @@ TEST(Deploy, ComparesContentOnDemandAndForcesTheRest) {
   place.Write("target/demo/a.dat", "1x345");
   std::filesystem::last_write_time(place.Path("target/demo/a.dat"), time);
   EXPECT_EQ(place.Deploy({"--json"}).Json()["unchanged"], 1);
-  EXPECT_EQ(place.Deploy({"--json", "--checksum"}).Json()["copied"], 1);
+  EXPECT_EQ(place.Deploy({"--json", "--checksum"}).Json()["refused"], 1);
+  EXPECT_EQ(place.Deploy({"--json", "--checksum", "--overwrite-changed"}).Json()["copied"], 1);
   EXPECT_EQ(place.Read("target/demo/a.dat"), "12345");
   EXPECT_EQ(place.Deploy({"--json", "--force"}).Json()["copied"], 1);
 }

@@ -240,6 +240,12 @@ TEST(Record, LetsOneDeployAtATime) {
   EXPECT_EQ(place.Do("deploy", {"--break-lock"}).Status, 0);
   EXPECT_EQ(place.Read("target/demo/a"), "another");
   EXPECT_FALSE(fs::exists(place.Path(Lock)));
+  // One whose holder never said its name was given up when it was made.
+  place.Write("a", "second");
+  place.Write(Lock, "");
+  EXPECT_EQ(place.Do("deploy").Status, 1);
+  fs::last_write_time(place.Path(Lock), fs::file_time_type::clock::now() - std::chrono::seconds(6));
+  EXPECT_EQ(place.Do("deploy").Status, 0);
   // One that nobody refreshes is stale.
   place.Write("a", "third");
   place.Write(Lock, "{}");

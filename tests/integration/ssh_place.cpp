@@ -114,9 +114,9 @@ bool TSshPlace::WaitForUnfinished() const {
 }
 
 void TSshPlace::HoldTransferAfter(std::size_t bytes) {
-  // It ends with the workplace, too.
+  // It ends with the workplace, too. What is read is counted in blocks, however little is in one.
   FServer.SetTransfer("cd '" + Directory().string() +
-                      "'\n(dd bs=64k iflag=count_bytes status=none count=" + std::to_string(bytes) +
+                      "'\n(dd bs=16 iflag=count_bytes status=none count=" + std::to_string(bytes) +
                       "\nwhile [ ! -e go ] && [ -e demo.vproj ]; do sleep 0.02; done\n"
                       "exec cat) | /usr/lib/openssh/sftp-server");
 }

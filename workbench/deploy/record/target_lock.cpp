@@ -18,6 +18,8 @@ namespace {
 
 constexpr std::uint64_t LargestLock = 4096;
 constexpr int Attempts = 3;
+// A lock says whose it is right after it is made; one that does not was given up at once.
+constexpr std::chrono::seconds EmptyLockAge(5);
 
 std::string LockText(const TLockHolder& holder) {
   return JsonText({{"by", holder.By},
@@ -74,9 +76,11 @@ std::optional<TLockHolder> TTargetLock::Holder(IRemoteConnection& connection) co
   const TRemoteStatus status = connection.Examine({&name, 1}).front();
   if (status.Kind == TRemoteKind::None && status.Problem.empty())
     return std::nullopt;
-  TLockHolder holder = HolderOf(connection.ReadFile(name, LargestLock).Text);
+  const std::string text = connection.ReadFile(name, LargestLock).Text;
+  TLockHolder holder = HolderOf(text);
   const auto age = std::chrono::system_clock::now() - status.Modified;
-  if (status.Kind == TRemoteKind::File && (age > StaleLockAge || IsGone(holder)))
+  const bool isStale = age > (text.empty() ? EmptyLockAge : StaleLockAge) || IsGone(holder);
+  if (status.Kind == TRemoteKind::File && isStale)
     return std::nullopt;
   return holder;
 }
