@@ -67,6 +67,14 @@ bool TBuildOptions::HasRemoteDebugSymbols(std::string_view configuration,
   return FModule.Settings().HasRemoteDebugSymbols(configuration, platform);
 }
 
+std::string TBuildNames::GetConfigurationProperty() const {
+  return std::string(FModule.Settings().ConfigurationProperty());
+}
+
+std::string TBuildNames::GetPlatformName(std::string_view platform) const {
+  return FModule.Settings().BuildPlatformName(platform);
+}
+
 std::string TCorvaneCompilerOptions::GetOSXDirectory() const {
   return FSettings.Get("toolchain-osx-directory").value_or("");
 }

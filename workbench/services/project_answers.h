@@ -62,6 +62,21 @@ private:
   TProjectModule& FModule;
 };
 
+/// What the project's builds call the target; the side file speaks to them.
+class TBuildNames final : public deployment::IProjectBuildNames {
+public:
+  explicit TBuildNames(TProjectModule& module) : FModule(module) {}
+  std::string GetPlatformProperty() const override { return "Platform"; }
+  std::string GetConfigurationProperty() const override;
+  std::string GetPlatformName(std::string_view platform) const override;
+  std::string GetConfigurationName(std::string_view configuration) const override {
+    return std::string(configuration);
+  }
+
+private:
+  TProjectModule& FModule;
+};
+
 class TCorvaneCompilerOptions final : public deployment::ICorvaneCompilerOptions {
 public:
   explicit TCorvaneCompilerOptions(const TSettings& settings) : FSettings(settings) {}

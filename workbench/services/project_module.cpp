@@ -15,7 +15,7 @@ TProjectModule::TProjectModule(std::filesystem::path file,
     : FFile(std::move(file)), FPlatforms(platforms), FDocument(std::move(document)),
       FImports(std::make_unique<TImportLoader>()), FProperties(std::move(properties)),
       FForeign(std::make_unique<TCppDialect>(*FImports, FPlatforms, FProperties)), FOptions(*this),
-      FPlatformAnswers(*this), FPlatformOptions(*this), FBuildOptions(*this),
+      FPlatformAnswers(*this), FPlatformOptions(*this), FBuildOptions(*this), FBuildNames(*this),
       FCompilerOptions(userSettings) {}
 
 TProjectModule::~TProjectModule() {

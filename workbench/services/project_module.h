@@ -94,7 +94,7 @@ public:
   deployment::ICorvaneCompilerOptions* GetCorvaneCompilerOptions() override {
     return &FCompilerOptions;
   }
-  deployment::IProjectBuildNames* GetBuildNames() override { return nullptr; }
+  deployment::IProjectBuildNames* GetBuildNames() override { return &FBuildNames; }
 
 private:
   // Settings are read when they are first asked for, which leaves the project itself unchanged.
@@ -118,6 +118,7 @@ private:
   TProjectPlatforms FPlatformAnswers;
   TPlatformOptions FPlatformOptions;
   TBuildOptions FBuildOptions;
+  TBuildNames FBuildNames;
   TCorvaneCompilerOptions FCompilerOptions;
 };
 

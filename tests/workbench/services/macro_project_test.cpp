@@ -41,6 +41,7 @@ public:
   IPlatformOptions* GetPlatformOptions() override { return nullptr; }
   IBuildOptions* GetBuildOptions() override { return nullptr; }
   ICorvaneCompilerOptions* GetCorvaneCompilerOptions() override { return nullptr; }
+  IProjectBuildNames* GetBuildNames() override { return nullptr; }
 
   std::vector<const IOTABuildConfiguration*> GetConfigurations() const override { return {}; }
   const IOTABuildConfiguration& GetBaseConfiguration() const override {

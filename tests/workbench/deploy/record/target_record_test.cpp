@@ -40,10 +40,6 @@ std::string WithFile(const std::string& path, const std::string& size = "1",
          hash + R"(","mode":")" + mode + R"(","run":"1"}}})";
 }
 
-std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-  return text.replace(text.find(from), from.size(), to);
-}
-
 TEST(TargetRecord, ComesBackAsItWasWritten) {
   const TRecordReading reading = ParseRecord(RecordText(Record()));
   ASSERT_EQ(reading.State, TRecordState::Read) << reading.Problem;

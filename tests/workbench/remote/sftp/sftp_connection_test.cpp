@@ -106,12 +106,6 @@ TEST_F(SftpConnection, SaysWhyALinkIsNotMadeAndLeavesNothingBehind) {
   EXPECT_TRUE(std::filesystem::is_directory(Place.Target("directory/with")));
 }
 
-TEST_F(SftpConnection, MakesNoLinksOnWindows) {
-  TSftpMachine machine = Machine();
-  machine.IsWindows = true;
-  EXPECT_FALSE(TSftpConnection(machine, Parts).KnowsLinks());
-}
-
 TEST_F(SftpConnection, ExaminesFilesWithoutFollowingLinks) {
   Place.Write(Place.Target("a"), "four");
   ::chmod(Place.Target("a").c_str(), 0755);

@@ -9,6 +9,7 @@ public:
   ~TTestPackage() override { FHost.GetSettings().AddToHistory("package", "destroyed"); }
   void Start() override { FHost.GetSettings().AddToHistory("package", "started"); }
   void IDERegister() override { FHost.GetSettings().AddToHistory("package", "registered"); }
+  std::string BaseRegKey() const override { return {}; }
   void Stop() override { FHost.GetSettings().AddToHistory("package", "stopped"); }
 
 private:
