@@ -108,9 +108,11 @@ std::string KeyOf(const IProjectDeploymentFile& entry, const std::string& platfo
 // place does not replace it.
 void TPlanExecutor::MakeRoom(const std::string& configuration, const std::string& platform,
                              const std::string& localName) {
+  std::string takenKey = configuration;
+  takenKey.append(platform).append(localName);
   while (const auto held = FDeployment.FindFile(configuration, platform, localName)) {
     FDeployment.RemoveFileEntry(*held);
-    StoreElsewhere(held, configuration + platform + localName);
+    StoreElsewhere(held, takenKey);
   }
 }
 

@@ -217,8 +217,14 @@ std::string TMemoryMacroUtils::ExpandRootMacro(std::string_view text,
 }
 
 std::string TMemoryMacroUtils::ExpandRootMacro(std::string_view text, ICustomProject&,
-                                               std::string_view, std::string_view) const {
-  return ExpandRootMacro(text, std::string_view());
+                                               std::string_view configuration,
+                                               std::string_view platform) const {
+  return ExpandRootMacro(text, std::string("Platform=")
+                                   .append(platform)
+                                   .append(";Configuration=")
+                                   .append(configuration)
+                                   .append(";Config=")
+                                   .append(configuration));
 }
 
 std::string TMemoryAppStrings::GetLocaleFile(std::string_view fileName) const {

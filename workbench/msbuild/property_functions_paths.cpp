@@ -33,7 +33,7 @@ std::string Combined(const TCall& call, std::size_t first = 0) {
     if (path.empty() || deployment::IsAbsolutePath(part))
       path = part;
     else
-      path = deployment::WithTrailingDelimiter(path) + part;
+      path = deployment::WithTrailingDelimiter(path).append(part);
   }
   return path;
 }

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace workbench {
@@ -22,7 +23,10 @@ struct TProjectTarget {
   std::string Configuration;
   std::string Platform;
 
-  auto operator<=>(const TProjectTarget&) const = default;
+  bool operator==(const TProjectTarget&) const = default;
+  bool operator<(const TProjectTarget& other) const {
+    return std::tie(Configuration, Platform) < std::tie(other.Configuration, other.Platform);
+  }
 };
 
 /// What a build of a target makes.

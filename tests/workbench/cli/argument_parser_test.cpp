@@ -187,6 +187,8 @@ TEST(ArgumentParser, AnswersHelpAndVersionWithATextAlone) {
                          "  -q,--quiet                  Print the document of --json and errors "
                          "only; ask nothing\n"
                          "  --no-color                  Print without colours\n"
+                         "  --property NAME=VALUE ...   Evaluate the project as a build that is "
+                         "given this property; repeatable\n"
                          "  --root DIR                  Directory that holds ObjRepos\n"
                          "\n\n"
                          "Files are sent once.\n"

@@ -87,7 +87,7 @@ TEST(DeployPlan, FailsTheRowOfWhatIsNoFile) {
   EXPECT_EQ(plan.Files[0].Reason, place.Local().string() + " is a directory, not a file");
 }
 
-TEST(DeployPlan, CopiesAProgramAgainThatMayNotBeRun) {
+TEST(DeployPlan, GivesAProgramThatMayNotBeRunItsModeWithoutCopyingIt) {
   const TRemotePlace place;
   TDeployFile file = place.File("a", "a");
   TRemotePlace::Write(place.Target("a"), "content");
@@ -95,7 +95,7 @@ TEST(DeployPlan, CopiesAProgramAgainThatMayNotBeRun) {
                                    std::filesystem::last_write_time(place.Local("a")));
   EXPECT_EQ(place.Plan({file}).Files[0].Action, TDeployAction::Unchanged);
   file.Executable = true;
-  EXPECT_EQ(place.Plan({file}).Files[0].Action, TDeployAction::Copied);
+  EXPECT_EQ(place.Plan({file}).Files[0].Action, TDeployAction::Mode);
 }
 
 TEST(DeployPlan, RemovesWhatIsThere) {
@@ -114,7 +114,7 @@ TEST(DeployPlan, ListsWhatWouldRun) {
   file.LocalCommands = {"one"};
   file.RemoteCommands = {"two"};
   EXPECT_EQ(place.Plan({file}).Commands,
-            (TTexts{"on this machine: one", "on the target: " + place.Target("a").string(),
+            (TTexts{"on this machine: one", "on the target: run " + place.Target("a").string(),
                     "on the target: two"}));
 }
 

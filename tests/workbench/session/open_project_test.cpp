@@ -76,11 +76,12 @@ TEST_F(OpenProject, WarnsOfWhatASaveWouldDrop) {
   EXPECT_EQ(project.Warnings()[0].Line, 12U);
 }
 
-TEST_F(OpenProject, WarnsOfImportsThatWereSkippedButNotOfMissingOnes) {
+TEST_F(OpenProject, WarnsOfImportsThatAreMissingOrWereSkipped) {
   TOpenProject& project = OpenText("<Project><Import Project=\"absent.targets\"/>\n"
                                    "<Import Project=\"http://localhost/x.targets\"/></Project>");
-  ASSERT_EQ(project.Warnings().size(), 1U);
-  EXPECT_EQ(project.Warnings()[0].Line, 2U);
+  ASSERT_EQ(project.Warnings().size(), 2U);
+  EXPECT_EQ(project.Warnings()[0].Line, 1U);
+  EXPECT_EQ(project.Warnings()[1].Line, 2U);
 }
 
 TEST_F(OpenProject, ChangesByItsListenersOrWhenItIsToldSo) {

@@ -198,7 +198,8 @@ TEST_F(TProfileManagerTest, NamesADamagedFile) {
   std::filesystem::create_directories(file.parent_path());
   Write(file, "[");
   Show();
-  EXPECT_TRUE(Status().starts_with(file.string() + ": the profiles file is damaged: ")) << Status();
+  EXPECT_TRUE(Status().starts_with(file.string() + ":1: the profiles file is damaged: "))
+      << Status();
 }
 
 TEST_F(TProfileManagerTest, MakesAProfileForAProjectThatNeedsOne) {
