@@ -79,9 +79,8 @@ std::string MarkWildcards(std::string_view escaped) {
 
 // Stars that follow each other say no more than one.
 std::string WithSingleStars(std::string part) {
-  const auto rest = std::ranges::unique(
-      part, [](char left, char right) { return left == AnyText && right == AnyText; });
-  part.erase(rest.begin(), rest.end());
+  const auto isRun = [](char left, char right) { return left == AnyText && right == AnyText; };
+  part.erase(std::unique(part.begin(), part.end(), isRun), part.end());
   return part;
 }
 

@@ -90,9 +90,9 @@ void TRemoteProfileServices::ReadProfilesAnew() {
     else
       Tell([&](auto& notifier) { notifier.RemoteProfileChanged(*changed); });
   }
-  for (const auto& [name, removed] : known) {
-    FConnections.Close(name);
-    Tell([&](auto& notifier) { notifier.RemoteProfileRemoved(*removed); });
+  for (const auto& entry : known) {
+    FConnections.Close(entry.first);
+    Tell([&](auto& notifier) { notifier.RemoteProfileRemoved(*entry.second); });
   }
 }
 

@@ -74,6 +74,7 @@ void TDeploymentView::Sort(std::string_view key, bool descending) {
   const auto found = std::ranges::find(deployment::FileColumns, key, &deployment::TFileColumn::Key);
   if (found == deployment::FileColumns.end()) {
     std::vector<std::string> keys;
+    keys.reserve(deployment::FileColumns.size());
     for (const deployment::TFileColumn& column : deployment::FileColumns)
       keys.emplace_back(column.Key);
     throw TUsageError("rows are not sorted by \"" + std::string(key) +

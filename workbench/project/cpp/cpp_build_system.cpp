@@ -90,6 +90,7 @@ std::shared_ptr<deployment::IXMLDocument> TCppBuildSystem::StandIn(std::string_v
 
 std::vector<std::string_view> TCppBuildSystem::Names() const {
   std::vector<std::string_view> names;
+  names.reserve(StandIns.size());
   for (const TStandIn& standIn : StandIns)
     names.push_back(standIn.Name);
   return names;
