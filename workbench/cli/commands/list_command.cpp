@@ -129,6 +129,7 @@ private:
                  const TTargetStatus& status) const {
     TOutput& output = context.Output;
     std::vector<std::string> titles;
+    titles.reserve(FileColumns.size());
     for (const deployment::TFileColumn& column : FileColumns)
       titles.emplace_back(column.Title);
     TWidths widths{};
