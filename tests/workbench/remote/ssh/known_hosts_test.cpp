@@ -114,11 +114,11 @@ TEST_F(KnownHostsTest, KeepAKeyBehindALineWithoutAnEnd) {
 }
 
 TEST_F(KnownHostsTest, KeepAKeyWithoutTellingTheHost) {
-  KeepKey(Places(/*hashes=*/true), {.Host = "[lab]:2222", .Type = Type, .Base64 = Key});
+  KeepKey(Places(/*hashes=*/true), {.Host = "[laboratory]:2222", .Type = Type, .Base64 = Key});
   const std::string text = TRemotePlace::Read(File());
   EXPECT_TRUE(text.starts_with("|1|")) << text;
-  EXPECT_EQ(text.find("lab"), std::string::npos);
-  const std::vector<TKnownKey> known = LookUpHost(Places(), "[lab]:2222");
+  EXPECT_EQ(text.find("laboratory"), std::string::npos);
+  const std::vector<TKnownKey> known = LookUpHost(Places(), "[laboratory]:2222");
   ASSERT_EQ(known.size(), 1U);
   EXPECT_EQ(known[0].Line, 1U);
 }
