@@ -98,7 +98,7 @@ std::optional<TLockHolder> TTargetLock::Take(IRemoteConnection& connection, cons
     problem = made.Problem;
     if (made.Result == TRemoteCreation::TResult::Failed)
       break;
-    if (const auto holder = Holder(connection); holder && !breakIt)
+    if (auto holder = Holder(connection); holder && !breakIt)
       return holder;
     connection.Remove(Name());
   }
