@@ -68,7 +68,7 @@ TDeploymentFiles TListReplay::FreeFiles(const TEntryKey& names,
 std::shared_ptr<IProjectDeploymentFile>
 TListReplay::Find(const TEntryRecord& record, const std::unordered_set<const TFile*>& taken) {
   const TEntryKey& names = record.Names;
-  const auto held = FDeployment.FindFile(names.Configuration, names.Platform, names.LocalName);
+  auto held = FDeployment.FindFile(names.Configuration, names.Platform, names.LocalName);
   const auto isFree = [&](const std::shared_ptr<TFile>& file) {
     return file && !taken.contains(file.get()) && file->GetLocalName() == names.LocalName &&
            file->GetConfiguration() == names.Configuration;
