@@ -33,6 +33,7 @@ TEST(TargetPlace, IsTheDirectoryAsAConnectionTakesItAndTheName) {
            {"~\\sub\\deep/a", "~/sub/deep|a"},
            {"~\\x\\..\\a", "~/|a"},
            {"demo\\~a", "demo|~a"},
+           {".\\~", "|~"},
            {"demo\\ a .", "demo| a ."},
            {"Ж\\ü", "Ж|ü"},
        }))
@@ -52,6 +53,8 @@ TEST(TargetPlace, IsRefusedWhereThePathLeadsNowhere) {
            {"~\\..\\a", "climbs above the directory where it begins"},
            {"~eva\\a", "names the home directory of another user"},
            {"~eva", "names the home directory of another user"},
+           {".\\~\\a", "begins with a directory \"~\", which stands for the home directory"},
+           {"x/../~/a", "begins with a directory \"~\", which stands for the home directory"},
            {"C:\\a", "names a drive, which the target does not have"},
        }))
     EXPECT_EQ(PlaceText(test.Path),
