@@ -175,6 +175,7 @@ TFaultTable RunCampaign(const TCampaignOptions& options) {
       workers.push_back(StartWorker([&work, job](std::FILE* results) { work(job, results); }));
     for (const TWorker& worker : workers)
       Gather(worker, row, table);
+    std::fputs(table.LastRow().c_str(), stderr); // a whole run takes minutes
     ++row;
   };
   for (const auto& family : families) {

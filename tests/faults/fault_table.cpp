@@ -33,6 +33,10 @@ void TFaultTable::Add(const TFaultResult& result) {
   FBroken.push_back(result);
 }
 
+std::string TFaultTable::LastRow() const {
+  return Row(FFamilies.back());
+}
+
 bool TFaultTable::IsClean() const {
   return FBroken.empty();
 }

@@ -30,6 +30,8 @@ public:
   void AddFamily(std::string name, std::string note = {});
   void Add(const TFaultResult& result);
 
+  /// The row of the family that was added last.
+  std::string LastRow() const;
   /// True when no promise was broken.
   bool IsClean() const;
   /// The rows, their sum, and the first ones of each kind of broken promise.

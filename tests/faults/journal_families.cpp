@@ -85,7 +85,7 @@ private:
     const bool hadAll = FRun == TJournalRun::Recover || FRun == TJournalRun::SaveWithJournal;
     if (hadAll && found != MostEdits)
       return "of " + std::to_string(MostEdits) + " edits " + std::to_string(found) + " are left";
-    if (found < told && (end.IsKilled() || (end.Errors.empty() && !end.HitsMessages)))
+    if (found < told && (end.WasEnded() || (end.Errors.empty() && !end.HitsMessages)))
       return "of " + std::to_string(told) + " edits " + std::to_string(found) +
              " are left, and nobody was told";
     return std::nullopt;

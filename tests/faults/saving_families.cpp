@@ -105,7 +105,7 @@ private:
         return name + (file ? " is neither old nor new" : " is gone");
     }
     // A fault in removing one leaves it; otherwise only a killed run does.
-    const bool mayLeave = end.IsKilled() || end.Where.starts_with("unlink");
+    const bool mayLeave = end.WasEnded() || end.Where.starts_with("unlink");
     if (temporaries > (mayLeave ? 1U : 0U))
       return std::to_string(temporaries) + " temporary files stay";
     return std::nullopt;

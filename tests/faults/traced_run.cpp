@@ -276,6 +276,12 @@ private:
 
 } // namespace
 
+bool TRunEnd::HasCrashed() const {
+  const int signal = Status - 128;
+  return signal == SIGSEGV || signal == SIGBUS || signal == SIGILL || signal == SIGFPE ||
+         signal == SIGABRT;
+}
+
 std::string FaultText(const TFault& fault) {
   const std::string at = " " + std::to_string(fault.At);
   switch (fault.Kind) {
@@ -314,6 +320,7 @@ TRunEnd RunTraced(const TProgramStart& start, const TFault& fault) {
   if (plan) {
     end.Allocations = plan->Plan().Count;
     end.IsFired = plan->Plan().HasFailed;
+    end.LacksMemory = true;
     end.Where = "malloc";
   }
   end.Output = output.Text();

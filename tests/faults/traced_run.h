@@ -46,12 +46,14 @@ struct TRunEnd {
   std::uint64_t Allocations = 0; ///< counted when the fault is an Allocation
   std::string Where;             ///< name of the call that was hit, and the file it was about
   bool HitsMessages = false;     ///< it was about standard output or error
+  bool LacksMemory = false;      ///< the fault was an Allocation
   std::string Output;
   std::string Errors;
 
-  bool IsKilled() const { return Status == 128 + 9; }
-  /// Ended by a signal that a program sends itself when it breaks.
-  bool HasCrashed() const { return Status > 128 && !IsKilled(); }
+  /// The program could do nothing more: it was killed, or it had no memory and was terminated.
+  bool WasEnded() const { return Status == 128 + 9 || (LacksMemory && Status == 128 + 6); }
+  /// Ended by a signal that a program gets when it breaks.
+  bool HasCrashed() const;
 };
 
 /// Runs the program to its end, at most 20 seconds. Throws std::system_error when it cannot be
