@@ -29,6 +29,7 @@ public:
   TJournalFamily(std::string name, TJournalRun run) : FName(std::move(name)), FRun(run) {}
 
   std::string Name() const override { return FName; }
+  std::size_t MostCalls() const override { return 120; }
 
   void SetUp(TFaultPlace& place) override {
     WriteSampleProject(place);

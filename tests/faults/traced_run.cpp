@@ -220,9 +220,9 @@ private:
     }
     user_regs_struct registers = {};
     ::ptrace(PTRACE_GETREGS, thread, nullptr, &registers);
-    if (FFault.Kind == TFaultKind::Error) {
+    if (FFault.Kind == TFaultKind::Error || FFault.Kind == TFaultKind::Interrupted) {
       registers.orig_rax = ~0ULL; // no such call: none is made
-      FPending[thread] = FFault.Error;
+      FPending[thread] = FFault.Kind == TFaultKind::Error ? FFault.Error : EINTR;
     } else {
       registers.rdx = (registers.rdx + 1) / 2;
     }
@@ -293,6 +293,8 @@ std::string FaultText(const TFault& fault) {
     return "transfer" + at + " is short";
   case TFaultKind::AllShort:
     return "all transfers are short";
+  case TFaultKind::Interrupted:
+    return "every third transfer is interrupted";
   case TFaultKind::Allocation:
     return "allocation" + at + " finds no memory";
   case TFaultKind::None:

@@ -10,12 +10,13 @@
 namespace faults {
 
 enum class TFaultKind {
-  None,       ///< the calls are counted only
-  Error,      ///< the call is not made and answers with an errno
-  Kill,       ///< the program is killed in front of the call
-  Short,      ///< a read or write takes half of its bytes
-  AllShort,   ///< every read and write does
-  Allocation, ///< an allocation finds no memory
+  None,        ///< the calls are counted only
+  Error,       ///< the call is not made and answers with an errno
+  Kill,        ///< the program is killed in front of the call
+  Short,       ///< a read or write takes half of its bytes
+  AllShort,    ///< every read and write does
+  Interrupted, ///< every third read and write answers with EINTR first
+  Allocation,  ///< an allocation finds no memory
 };
 
 /// What is done to a run, and where. Calls and allocations are counted from 1, from the moment when
