@@ -1,5 +1,6 @@
 #include "tests/faults/fault_table.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <map>
@@ -27,6 +28,8 @@ void TFaultTable::Add(const TFaultResult& result) {
   TFamilyCount& family = FFamilies.at(result.Family);
   ++family.Tried;
   family.Fired += result.IsFired ? 1 : 0;
+  if (!result.IsFired)
+    FNotFired.push_back(result);
   if (result.Broken.empty())
     return;
   ++family.Broken;
@@ -52,6 +55,12 @@ std::string TFaultTable::Text() const {
     text.append("broken: ").append(name).append(": ").append(result.Fault);
     text.append("\n  ").append(result.Broken).append("\n");
   }
+  for (std::size_t i = 0; i < std::min(FNotFired.size(), MostExamples); ++i)
+    text.append("not fired: ")
+        .append(FFamilies[FNotFired[i].Family].Name)
+        .append(": ")
+        .append(FNotFired[i].Fault)
+        .append("\n");
   std::array<char, 160> head{};
   std::snprintf(head.data(), head.size(), "%-48s %7s %7s %7s\n", "Family", "Tried", "Fired",
                 "Broken");

@@ -34,12 +34,14 @@ public:
   std::string LastRow() const;
   /// True when no promise was broken.
   bool IsClean() const;
-  /// The rows, their sum, and the first ones of each kind of broken promise.
+  /// The rows, their sum, the first ones of each kind of broken promise, and faults that did not
+  /// fire.
   std::string Text() const;
 
 private:
   std::vector<TFamilyCount> FFamilies;
   std::vector<TFaultResult> FBroken;
+  std::vector<TFaultResult> FNotFired;
 };
 
 } // namespace faults

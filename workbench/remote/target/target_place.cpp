@@ -10,9 +10,10 @@ std::string StartProblem(const TRemotePath& path, const TPlaceRules& rules) {
   const bool isOutside = path.Start != TStart::ProfilePath || path.Climbs;
   if (isOutside && !rules.AllowOutside)
     return "leaves the path of the profile";
-  // A connection takes "~/" for the home directory, however it was written here.
-  if (path.Start == TStart::ProfilePath && path.Parts.size() > 1 && path.Parts.front() == "~")
-    return "begins with a directory \"~\", which stands for the home directory";
+  // However it was written here: where the path is read again, "~" begins a home directory.
+  if (path.Start == TStart::ProfilePath && !path.Parts.empty() &&
+      path.Parts.front().starts_with('~'))
+    return "begins with \"~\", which stands for a home directory";
   if (path.Start == TStart::Drive)
     return "names a drive, which the target does not have";
   if (path.Start == TStart::HomeDirectory && path.Parts.front() != "~")
