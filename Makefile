@@ -32,7 +32,8 @@ test: test-dependencies
 # Every system call of every scenario fails or kills the program once; the sample hits 600 of them.
 FAULTS = $(BUILD)/bin/fault_runner --programs $(BUILD)/bin --root $(CURDIR) --jobs $(JOBS)
 faults faults-sample: test-dependencies
-	cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DDEPLOYMENT_FAULTS=ON
+	cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DDEPLOYMENT_FAULTS=ON \
+		$(UNITY)
 	cmake --build $(BUILD) -j $(JOBS) --target fault_runner
 	$(FAULTS) $(if $(filter faults-sample,$@),--sample 600)
 

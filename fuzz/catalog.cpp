@@ -72,8 +72,11 @@ void Check(TCatalogHost& host) {
     Require(all.FindClass(each.Value.Name()) == &each.Value, "a class is found by its name");
     for (const std::string& extension : each.Value.Extensions()) {
       Require(each.Value.Claims(extension), "a class claims its own extensions", extension);
-      if (!extension.empty() && ++looked <= 4 && each.Value.Name().find(';') == std::string::npos)
-        CheckExtension(host, all, each.Value.Name(), extension);
+      // Names with ";" and empty ones are no items of a list of names.
+      const std::string& name = each.Value.Name();
+      if (!extension.empty() && ++looked <= 4 && !name.empty() &&
+          name.find(';') == std::string::npos)
+        CheckExtension(host, all, name, extension);
     }
   }
   for (const deployment::TFeature& feature : all.List()) {
