@@ -11,8 +11,8 @@ std::vector<int> IFamily::Errors() const {
 TBroken CheckManners(const TRunEnd& end) {
   if (end.IsEndless)
     return "it never ends";
-  // Parts of the standard library end a program that has no memory, and nobody can keep them from
-  // it; what is left must be as sound as behind one that was killed.
+  // Parts of the standard library, and the library of checksums, end a program that has no memory,
+  // and nobody can keep them from it; what is left must be as sound as behind one that was killed.
   if (end.WasEnded())
     return std::nullopt;
   if (end.HasCrashed())

@@ -51,8 +51,8 @@ struct TRunEnd {
   std::string Output;
   std::string Errors;
 
-  /// The program could do nothing more: it was killed, or it had no memory and was terminated.
-  bool WasEnded() const { return Status == 128 + 9 || (LacksMemory && Status == 128 + 6); }
+  /// The program could do nothing more: it was killed, or it had no memory and broke.
+  bool WasEnded() const { return Status == 128 + 9 || (LacksMemory && Status > 128); }
   /// Ended by a signal that a program gets when it breaks.
   bool HasCrashed() const;
 };
