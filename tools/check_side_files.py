@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Compares what "deploymgr list" shows as checked with what a build sees of the side file.
 
-    tools/check_side_files.py DEPLOYMGR TREE...
+    tools/check_side_files.py DEPLOYMGR [--every N] TREE...
 
-Each tree is copied first. Every project below it is reconciled, and for every platform of every
+Each tree is copied first. Every project, or with --every each N-th project, below it is reconciled, and for every platform of every
 configuration that inherits from nothing but "Base" the build tool xbuild (Debian: mono-xbuild) evaluates the project with its side file.
 Ends with 0 when both say the same everywhere, with 1 when they differ, with 77 without xbuild.
 """
@@ -39,6 +39,7 @@ class Check:
                                 XDG_STATE_HOME=str(place / "state"))
         self.pairs = 0
         self.wrong = 0
+        self.alone = 0
         self.unread = 0
 
     def deploymgr(self, *arguments):
@@ -59,30 +60,42 @@ class Check:
         return {plain(file["localName"]) for file in files if file["condition"]}
 
     def built(self, project, pairs):
-        """What a build of each pair sees; None when the tool cannot read the project."""
+        """What a build of each pair sees. A project that xbuild cannot read is set aside for its
+        side file alone, which says all of it."""
         text = pathlib.Path(project).read_bytes()
         end = text.rfind(b"</Project>")
-        if end < 0 or b"\x00" in text[:64]:
-            return None
-        # The import of the side file goes by the name of the project, so the target goes into it.
-        pathlib.Path(project).write_bytes(text[:end] + SHOW.encode() + text[end:])
-        wrapped = pathlib.Path(project).with_name("show_deploy_files_.proj")
+        seen = None
+        if end >= 0 and b"\x00" not in text[:64]:
+            # The import of the side file goes by the name of the project, so the target goes there.
+            pathlib.Path(project).write_bytes(text[:end] + SHOW.encode() + text[end:])
+            seen = self.run(project, os.path.basename(project), pairs)
+            pathlib.Path(project).write_bytes(text)
+        if seen is None:
+            self.alone += 1
+            side = os.path.splitext(os.path.basename(project))[0] + ".deployproj"
+            alone = pathlib.Path(project).with_name("side_file_alone_.proj")
+            alone.write_text(f'<Project xmlns="{NAMESPACE}"><Import Project="{escaped(side)}"/>{SHOW}'
+                             "</Project>")
+            seen = self.run(project, alone.name, pairs)
+            alone.unlink()
+        return seen
+
+    def run(self, project, file, pairs):
+        """The names by pair that a build of the file shows; None when xbuild cannot read it."""
         is_cpp = project.endswith(".vcxproj")
         calls = "".join(
-            f'<MSBuild Projects="{escaped(os.path.basename(project))}" Targets="ShowDeployFiles_" '
+            f'<MSBuild Projects="{escaped(file)}" Targets="ShowDeployFiles_" '
             f'Properties="{properties(configuration, platform, is_cpp)}"/>\n'
             for configuration, platform in pairs)
+        wrapped = pathlib.Path(project).with_name("show_deploy_files_.proj")
         wrapped.write_text(f'<Project xmlns="{NAMESPACE}"><Target Name="Build">{calls}</Target>'
                            "</Project>")
         run = subprocess.run(["xbuild", "/nologo", "/v:m", f"/p:VCTargetsPath={self.targets}",
-                              "/p:ZELK=%24(ZELK)",
-                              wrapped.name], cwd=wrapped.parent, text=True, errors="replace",
-                             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False)
-        pathlib.Path(project).write_bytes(text)
+                              "/p:ZELK=%24(ZELK)", wrapped.name], cwd=wrapped.parent, text=True,
+                             errors="replace", stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                             check=False)
         wrapped.unlink()
         if run.returncode != 0:
-            print(f"{project}: xbuild cannot read it: "
-                  + next((line for line in run.stdout.splitlines() if "error" in line), ""))
             return None
         seen = {pair: [] for pair in pairs}
         for line in run.stdout.splitlines():
@@ -154,14 +167,20 @@ def main():
     with tempfile.TemporaryDirectory() as directory:
         place = pathlib.Path(directory)
         check = Check(sys.argv[1], place)
-        for number, tree in enumerate(sys.argv[2:]):
+        trees = sys.argv[2:]
+        every = 1
+        if trees[0] == "--every":
+            every = int(trees[1])
+            trees = trees[2:]
+        for number, tree in enumerate(trees):
             copy = place / f"{number}" / pathlib.Path(tree).resolve().name
             shutil.copytree(tree, copy, symlinks=True)
-            for file in sorted(copy.rglob("*")):
-                if file.suffix in (".vproj", ".vcxproj") and file.is_file():
-                    check.compare(str(file))
-        print(f"{check.pairs} targets compared, {check.wrong} differ; "
-              f"{check.unread} projects were not compared")
+            projects = [file for file in sorted(copy.rglob("*"))
+                        if file.suffix in (".vproj", ".vcxproj") and file.is_file()]
+            for file in projects[::every]:
+                check.compare(str(file))
+        print(f"{check.pairs} targets compared, {check.wrong} differ; of {check.alone} runs the side "
+              f"file alone was read; {check.unread} projects were not compared")
         sys.exit(1 if check.wrong else 0)
 
 

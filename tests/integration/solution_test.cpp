@@ -6,7 +6,7 @@
 namespace integration {
 namespace {
 
-constexpr std::string_view Start =
+constexpr std::string_view SolutionStart =
     "\nMicrosoft Visual Studio Solution File, Format Version 12.00\n";
 
 std::string CppProjectOf(std::string_view type) {
@@ -35,7 +35,7 @@ void WriteThree(const TWorkplace& place) {
   place.Write("s/app/app.vcxproj", CppProjectOf("Application"));
   place.Write("s/lib/lib.vcxproj", CppProjectOf("StaticLibrary"));
   place.Write("s/dll/dll.vcxproj", CppProjectOf("DynamicLibrary"));
-  place.Write("s/all.sln", std::string(Start) + LineOf("app\\app.vcxproj", "A") +
+  place.Write("s/all.sln", std::string(SolutionStart) + LineOf("app\\app.vcxproj", "A") +
                                LineOf("lib\\lib.vcxproj", "B") + LineOf("DLL\\Dll.vcxproj", "C"));
 }
 
@@ -137,7 +137,7 @@ TEST(Solution, GoesOnBehindAProjectThatIsNotThereOrCannotBeRead) {
   TWorkplace place;
   WriteThree(place);
   place.Write("s/bad.vcxproj", "<Project");
-  place.Write("s/all.sln", std::string(Start) + LineOf("gone.vcxproj", "A") +
+  place.Write("s/all.sln", std::string(SolutionStart) + LineOf("gone.vcxproj", "A") +
                                LineOf("bad.vcxproj", "B") + LineOf("all.sln", "D") +
                                LineOf("setup.vdproj", "E") + LineOf("dll\\dll.vcxproj", "C"));
   const TRun run = place.Run({"list", "s/all.sln", "--json"});

@@ -34,7 +34,6 @@ public:
       FinishWhatNeedsNoCopy();
       RunLocalCommands();
       PrepareDirectories();
-      SetLinksAside();
       CopyFiles();
       MakeLinks();
       FinishOnTarget();
@@ -82,7 +81,6 @@ private:
   void RememberFound(const TPlannedFile& file);
   void RunLocalCommands();
   void PrepareDirectories();
-  void SetLinksAside();
   void CopyFiles();
   void MakeLinks();
   void SendOn(IRemoteConnection& connection);
@@ -269,19 +267,15 @@ void TExecutor::PrepareDirectories() {
     if (!problem.empty())
       Finish(request.Index, problem);
   }
-  std::erase_if(FWork, [this](const TSendRequest& request) { return FDone[request.Index]; });
-}
-
-void TExecutor::SetLinksAside() {
+  // Links come when what they lead to is there.
   std::erase_if(FWork, [this](const TSendRequest& request) {
     const bool isLink = !FPlan.Files[request.Index].Link.empty();
-    if (isLink)
+    if (isLink && !FDone[request.Index])
       FLinks.push_back(request.Index);
-    return isLink;
+    return isLink || FDone[request.Index];
   });
 }
 
-// What they lead to is there by now.
 void TExecutor::MakeLinks() {
   for (const std::size_t index : FLinks) {
     const TPlannedFile& file = FPlan.Files[index];

@@ -27,7 +27,7 @@ std::string Padded(const std::vector<std::string>& cells, const TWidths& widths)
   return line;
 }
 
-std::string Start(const std::string& project, std::size_t width) {
+std::string ProjectCell(const std::string& project, std::size_t width) {
   if (width == 0)
     return {};
   return project + std::string(width - CodePointCount(project) + 2, ' ');
@@ -65,9 +65,9 @@ void TRowTable::Print(TOutput& output) const {
     width = std::max(width, CodePointCount(line.Project));
   }
   if (output.IsTerminal())
-    output.Line(output.Bold(Start({}, width) + "    " + Padded(titles, widths)));
+    output.Line(output.Bold(ProjectCell({}, width) + "    " + Padded(titles, widths)));
   for (const TLine& line : FLines) {
-    const std::string text = Start(line.Project, width) + (line.IsChecked ? "[x] " : "[ ] ") +
+    const std::string text = ProjectCell(line.Project, width) + (line.IsChecked ? "[x] " : "[ ] ") +
                              Padded(line.Cells, widths);
     output.Line(line.IsDimmed ? output.Dim(text) : text);
   }
