@@ -57,7 +57,7 @@ room(workbench/remote/profile SEES ${FOUNDATION} ${REMOTE} workbench/files workb
   workbench/text)
 room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/json workbench/process
   workbench/remote/target workbench/text)
-room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files
+room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files workbench/json
   workbench/platforms workbench/process workbench/remote/folder workbench/remote/profile
   workbench/remote/target workbench/text)
 

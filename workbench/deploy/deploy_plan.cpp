@@ -44,6 +44,7 @@ public:
     if (FPlan.Problems.empty()) {
       CompareWithTarget();
       FindLeftOvers(*FConnection, FRecord, FOptions, FPlan);
+      PlanAfterDeploy();
     }
     return std::move(FPlan);
   }
@@ -63,6 +64,7 @@ private:
   void ExamineLocalFiles();
   void ExamineLocalFile(TPlannedFile& file);
   void CollectCommands();
+  void PlanAfterDeploy();
   void CompareWithTarget();
   std::vector<TRemoteStatus> ExamineTargets();
   void Decide(TPlannedFile& file, const TRemoteStatus& remote);
@@ -164,6 +166,8 @@ void TPlanner::ExamineLocalFile(TPlannedFile& file) {
     file.Bytes = static_cast<std::uint64_t>(status.st_size);
     file.Local = {.Size = file.Bytes, .Time = FileTimeOf(status.st_mtim)};
     file.Mode = RightsFor(status.st_mode, file.File.Executable);
+    if (FOptions.HashAll)
+      file.Local.Hash = FileSHA256(file.File.LocalFile).value_or(std::string(UnreadableHere));
     return;
   }
   const std::string reason = isThere ? file.File.LocalFile.string() + " is " +
@@ -194,10 +198,21 @@ void TPlanner::CollectCommands() {
   }
 }
 
+// What a run before this one owes is run by whoever has a command for it.
+void TPlanner::PlanAfterDeploy() {
+  if (FOptions.AfterDeploy.empty())
+    return;
+  FPlan.Commands.push_back("on the target: " + FOptions.AfterDeploy);
+  if (ChangesFiles(FPlan) || !FRecord.OwedAfterDeploy.empty())
+    FPlan.AfterDeploy = FOptions.AfterDeploy;
+}
+
 void TPlanner::CompareWithTarget() {
   const std::vector<TRemoteStatus> remote = ExamineTargets();
-  for (std::size_t i = 0; i < FPlan.Files.size(); ++i)
+  for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
+    FPlan.Files[i].There = remote[i];
     Decide(FPlan.Files[i], remote[i]);
+  }
   if (!FPlan.Problems.empty())
     return;
   DecideStates(remote);
@@ -250,6 +265,17 @@ void TPlanner::DecideStates(const std::vector<TRemoteStatus>& remote) {
     undecided.push_back(i);
   }
   DecideByContent(std::move(undecided), sides);
+  for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
+    TPlannedFile& file = FPlan.Files[i];
+    if (!sides[i].There)
+      continue;
+    file.HashThere = sides[i].There->Hash;
+    // Size and time said already whose content it is.
+    if (file.HashThere.empty() && file.State == TFileState::Same)
+      file.HashThere = file.Local.Hash;
+    else if (file.HashThere.empty() && file.State == TFileState::Changed)
+      file.HashThere = sides[i].Deployed->Hash;
+  }
 }
 
 void TPlanner::DecideByContent(std::vector<std::size_t> undecided,
@@ -268,7 +294,7 @@ void TPlanner::DecideByContent(std::vector<std::size_t> undecided,
       rest.push_back(i);
       if (decision.NeedsHashHere) {
         // A file that cannot be read fails when it is sent; until then it is a content of its own.
-        file.Local.Hash = FileSHA256(file.File.LocalFile).value_or("unreadable here");
+        file.Local.Hash = FileSHA256(file.File.LocalFile).value_or(std::string(UnreadableHere));
         sides[i].Here->Hash = file.Local.Hash;
       }
       if (decision.NeedsHashThere) {
@@ -335,6 +361,21 @@ std::string_view DeployActionName(TDeployAction action) {
   constexpr std::array<std::string_view, DeployActionCount> Names{
       "copied", "unchanged", "mode", "kept", "skipped", "removed", "refused", "failed"};
   return Names[static_cast<std::size_t>(action)];
+}
+
+std::optional<TDeployAction> DeployActionFromName(std::string_view name) {
+  for (std::size_t i = 0; i < DeployActionCount; ++i) {
+    if (DeployActionName(static_cast<TDeployAction>(i)) == name)
+      return static_cast<TDeployAction>(i);
+  }
+  return std::nullopt;
+}
+
+bool ChangesFiles(const TDeployPlan& plan) {
+  return std::ranges::any_of(plan.Files, [](const TPlannedFile& file) {
+    return file.Action == TDeployAction::Copied || file.Action == TDeployAction::Removed ||
+           file.Action == TDeployAction::Mode;
+  });
 }
 
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,

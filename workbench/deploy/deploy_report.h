@@ -36,7 +36,7 @@ struct TDeployRow {
 
 /// A command that still has to succeed on the target.
 struct TOwedCommand {
-  std::string RemoteFile; ///< that it belongs to, relative to the profile's path
+  std::string RemoteFile; ///< that it belongs to, relative to the profile's path; empty: to none
   std::string Command;
 };
 
@@ -44,7 +44,7 @@ struct TOwedCommand {
 struct TPlannedCommand {
   bool IsLocal = false;
   std::string Command;
-  std::string RemoteFile; ///< that it belongs to
+  std::string RemoteFile; ///< that it belongs to; empty for one that belongs to none
 };
 
 struct TDeployReport {
@@ -55,6 +55,7 @@ struct TDeployReport {
   std::vector<std::string> Problems; ///< of the plan
   std::vector<std::string> Commands; ///< of the project, with where each runs
   std::vector<std::string> Warnings;
+  std::string AfterDeployProblem;       ///< why the command after the deploy failed or did not run
   std::vector<TPlannedCommand> Planned; ///< commands that run, in their order
   std::vector<TLeftOver> LeftOvers;
   std::vector<TOwedCommand> Owed;           ///< after the deploy

@@ -4,6 +4,7 @@
 #include "workbench/deploy/deploy_observer.h"
 #include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/destination.h"
+#include "workbench/deploy/plan_file.h"
 #include "workbench/deploy/record/record_store.h"
 #include "workbench/deploy/record/target_lock.h"
 
@@ -19,36 +20,43 @@ namespace workbench {
 struct TRunFacts {
   const TDestinations& Destinations;
   TDestination Destination;
-  std::vector<TDeployFile> Files;
+  deployment::TDeploymentTarget Target;
+  std::vector<TDeployFile> Files = {};
   std::string RootName; ///< of the project on the platform, as stored
   std::filesystem::path ProjectFile;
+  /// A plan that was made earlier, to be carried out in the place of one for the files.
+  std::optional<TPlanFile> Given = {};
 };
 
 /// Used once. Everything must outlive the object.
 class TDeployRun {
 public:
-  TDeployRun(const TDeployRequest& request, TRunFacts facts, IDeployObserver& observer,
-             TDeployReport& report);
+  TDeployRun(TRunTerms terms, TRunFacts facts, IDeployObserver& observer, TDeployReport& report);
   ~TDeployRun();
   TDeployRun(const TDeployRun&) = delete;
   TDeployRun& operator=(const TDeployRun&) = delete;
 
   /// Fills the report. Throws TConnectionError.
   void Run();
+  /// The plan as it was made, bound to what it is for. Throws TConnectionError.
+  TPlanFile PlanFile() const;
 
 private:
   bool IsRecorded() const;
   void MakePlan();
+  void TakePlan();
+  TPlanOptions PlanOptions() const;
   TTargetRecord ReadRecord();
   void Describe();
   bool MayExecute();
   bool HasWork() const;
   bool Lock();
   void Execute();
+  bool RunAfterDeploy();
   void CollectOwed(const TTargetRecord& record);
   TDeployEnd End() const;
 
-  const TDeployRequest& FRequest;
+  const TRunTerms FTerms;
   TRunFacts FFacts;
   IDeployObserver& FObserver;
   TDeployReport& FReport;

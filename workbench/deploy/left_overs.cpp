@@ -82,6 +82,7 @@ void DecideStates(IRemoteConnection& connection, const TTargetRecord& record,
       continue;
     }
     candidates[i].State = DecideLeftOverState(sides[i], comparing).State;
+    candidates[i].There = answers[i];
     plan.LeftOvers.push_back(std::move(candidates[i]));
   }
 }
@@ -93,6 +94,7 @@ void Prune(TDeployPlan& plan) {
     file.File.Operation = TDeployOperation::Remove;
     file.Target = leftOver.Target;
     file.RecordPath = leftOver.RecordPath;
+    file.There = leftOver.There;
     file.State = leftOver.State;
     file.Action = TDeployAction::Removed;
     if (leftOver.State == TFileState::LeftOverChanged) {
@@ -128,7 +130,7 @@ void ReadHashesThere(IRemoteConnection& connection, const std::vector<TRemoteNam
     return;
   std::vector<std::string> hashes = connection.Hashes(names);
   for (std::size_t i = 0; i < names.size(); ++i)
-    contents[i]->Hash = hashes[i].empty() ? "unreadable there" : std::move(hashes[i]);
+    contents[i]->Hash = hashes[i].empty() ? std::string(UnreadableThere) : std::move(hashes[i]);
 }
 
 void FindLeftOvers(IRemoteConnection& connection, const TTargetRecord& record,

@@ -25,6 +25,8 @@ std::unique_ptr<ICommand> MakeExplainCommand();
 std::unique_ptr<ICommand> MakeFeaturedCommand();
 std::unique_ptr<ICommand> MakeProfileCommand();
 std::unique_ptr<ICommand> MakeDeployCommand();
+std::unique_ptr<ICommand> MakePlanCommand();
+std::unique_ptr<ICommand> MakeApplyCommand();
 std::unique_ptr<ICommand> MakeVerifyCommand();
 std::unique_ptr<ICommand> MakeHistoryCommand();
 std::unique_ptr<ICommand> MakeUpgradeCommand();

@@ -26,6 +26,8 @@ enum class TFileState {
 
 /// "same", "changed-there" and so on: words that scripts read.
 std::string_view FileStateName(TFileState state);
+/// Nothing for any other word.
+std::optional<TFileState> FileStateFromName(std::string_view name);
 
 /// What is known of one side's content.
 struct TContent {

@@ -105,6 +105,7 @@ TTargetRecord RecordOf(const TJson& document) {
       record.Owed.emplace(path, steps.AsTexts(path));
     }
   }
+  record.OwedAfterDeploy = document.TextOr("owedAfterDeploy", {});
   return record;
 }
 
@@ -164,6 +165,8 @@ std::string RecordText(const TTargetRecord& record) {
       owed.Add(path, TJson(steps));
     document.Add("owed", std::move(owed));
   }
+  if (!record.OwedAfterDeploy.empty())
+    document.Add("owedAfterDeploy", record.OwedAfterDeploy);
   return JsonText(document, 1) + "\n";
 }
 

@@ -58,6 +58,8 @@ struct TTargetRecord {
   std::map<std::string, TRecordedFile, std::less<>> Files = {};
   /// What is still to be done after a file was put there, in order, by the path of the file.
   std::map<std::string, std::vector<std::string>, std::less<>> Owed = {};
+  /// The command that is still to be run when all files are in place; empty: none is.
+  std::string OwedAfterDeploy = {};
 
   bool operator==(const TTargetRecord&) const = default;
 };

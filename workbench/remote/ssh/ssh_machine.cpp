@@ -59,6 +59,8 @@ TProcessStart TSshCommands::Start(bool isFirst, const std::vector<std::string>& 
       Option("ServerAliveInterval", std::to_string(FProfile.KeepAlive)),
       Option("StrictHostKeyChecking", "yes"),
   };
+  if (FProfile.Compress)
+    command.push_back(Option("Compression", "yes"));
   for (std::string& word : SshProfileOptions(FProfile))
     command.push_back(std::move(word));
   return {.Command = std::move(command),
