@@ -4,11 +4,11 @@
 #include "workbench/deploy/plan_check.h"
 #include "workbench/deploy/record_keeper.h"
 #include "workbench/deploy/revision.h"
+#include "workbench/deploy/undo_keeping.h"
 #include "workbench/files/runtime_directory.h"
 #include "workbench/files/user_name.h"
 
 #include <algorithm>
-#include <array>
 #include <ctime>
 #include <stdexcept>
 #include <utility>
@@ -24,20 +24,12 @@ struct THeldTarget {
   std::vector<std::string> Reasons;
 };
 
-std::string TimeText(std::time_t time) {
-  std::tm parts{};
-  std::array<char, 32> text{};
-  ::gmtime_r(&time, &parts);
-  std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &parts);
-  return text.data();
-}
-
 std::string HolderText(const TLockHolder& holder) {
   return "somebody else deploys there: " + holder.Text() + "; --break-lock goes on all the same";
 }
 
 TRecordedRun NewRun(const std::filesystem::path& projectFile) {
-  const std::string now = TimeText(std::time(nullptr));
+  const std::string now = UtcText(std::time(nullptr));
   std::string id = now.substr(0, now.size() - 1) + "-" + RandomDigits(1).substr(0, 6);
   std::erase(id, ':');
   return {.Id = std::move(id),
@@ -228,7 +220,7 @@ bool TDeployRun::Lock() {
   if (const std::string problem = FStore->MakeDirectory(*FConnection); !problem.empty())
     return forget(problem);
   try {
-    const auto holder = FLock->Take(*FConnection, ThisHolder(TimeText(std::time(nullptr))),
+    const auto holder = FLock->Take(*FConnection, ThisHolder(UtcText(std::time(nullptr))),
                                     FTerms.Options.BreakLock);
     if (holder)
       throw THeldTarget{TDeployEnd::Refused, {HolderText(*holder)}};
@@ -248,6 +240,15 @@ bool TDeployRun::Lock() {
   return true;
 }
 
+void TDeployRun::KeepBefore(const TRecordedRun& run) {
+  if (FTerms.Options.NoUndo)
+    return;
+  const std::string problem = KeepForUndo(*FConnection, TUndoStore(FStore->Directory()), FPlan,
+                                          FReading.Record, run, FTerms.Options.Undo);
+  if (!problem.empty())
+    FReport.Warnings.push_back("this deploy cannot be taken back: " + problem);
+}
+
 void TDeployRun::Execute() {
   TDeployExecution execution{.Connection = *FConnection,
                              .Connect = FConnect,
@@ -265,8 +266,9 @@ void TDeployRun::Execute() {
   record.Project = FFacts.ProjectFile.stem().string();
   record.Platform = FFacts.Target.Platform;
   record.Configuration = FFacts.Target.Configuration;
-  TRecordKeeper keeper(*FStore, *FLock, FReading.Record, record, NewRun(FFacts.ProjectFile),
-                       FConnect);
+  const TRecordedRun run = NewRun(FFacts.ProjectFile);
+  KeepBefore(run);
+  TRecordKeeper keeper(*FStore, *FLock, FReading.Record, record, run, FConnect);
   execution.Keeper = &keeper;
   if (!FPlan.AfterDeploy.empty())
     keeper.OweAfterDeploy(FPlan.AfterDeploy);

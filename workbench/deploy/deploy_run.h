@@ -52,6 +52,7 @@ private:
   bool HasWork() const;
   bool Lock();
   void Execute();
+  void KeepBefore(const TRecordedRun& run);
   bool RunAfterDeploy();
   void CollectOwed(const TTargetRecord& record);
   TDeployEnd End() const;

@@ -11,8 +11,8 @@ namespace workbench {
 namespace {
 
 // Runs the work; a connection that fails ends in the report.
-template <class TWork>
-void Reported(const std::atomic<int>* cancelled, TDeployReport& report, TWork work) {
+template <class TReport, class TWork>
+void Reported(const std::atomic<int>* cancelled, TReport& report, TWork work) {
   try {
     work();
   } catch (const TConnectionError& error) {
@@ -101,6 +101,25 @@ TDeployReport TDeployService::Apply(const TPlanFile& file, const TRunTerms& term
                     .ProjectFile = file.ProjectFile,
                     .Given = file};
     TDeployRun(terms, std::move(facts), observer, report).Run();
+  });
+  return report;
+}
+
+TUndoReport TDeployService::Undo(deployment::ICustomProject& project,
+                                 const deployment::TDeploymentTarget& target,
+                                 const TUndoRequest& request) const {
+  TUndoReport report;
+  Reported(request.Cancelled, report, [&] {
+    const TDestination destination = FDestinations.Find(project, target);
+    const auto* deployment = project.GetProjectDeployment();
+    if (!destination.Profile || destination.Profile->Stateless || !deployment) {
+      report.End = TDeployEnd::Refused;
+      report.Problems = {"the target keeps no record of deploys, so that none can be taken back"};
+      return;
+    }
+    TUndoRun(request, FDestinations.Connect(destination, request.Cancelled),
+             deployment->GetRemoteBaseDir(target.Platform), report)
+        .Run();
   });
   return report;
 }

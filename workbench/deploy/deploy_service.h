@@ -7,6 +7,7 @@
 #include "workbench/deploy/deploy_run.h"
 #include "workbench/deploy/destination.h"
 #include "workbench/deploy/plan_file.h"
+#include "workbench/deploy/undo_run.h"
 
 namespace workbench {
 
@@ -26,6 +27,10 @@ public:
   /// Deploy.
   TDeployReport Apply(const TPlanFile& file, const TRunTerms& terms,
                       IDeployObserver& observer) const;
+  /// Takes back what the last deploy did, or the last ones. What hinders or fails stands in the
+  /// report. Throws TInputError for damaged profiles.
+  TUndoReport Undo(deployment::ICustomProject& project, const deployment::TDeploymentTarget& target,
+                   const TUndoRequest& request) const;
   /// The record of the project on the target; none where no record is kept. Throws
   /// TConnectionError and TInputError.
   TRecordReading ReadRecord(deployment::ICustomProject& project,

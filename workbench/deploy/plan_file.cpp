@@ -1,6 +1,7 @@
 #include "workbench/deploy/plan_file.h"
 
 #include "package/common/errors.h"
+#include "workbench/deploy/record/record_json.h"
 #include "workbench/files/sha256.h"
 
 #include <algorithm>
@@ -15,7 +16,6 @@ using deployment::TDeployOperation;
 using deployment::TFileTime;
 
 constexpr unsigned MostJobs = 64;
-constexpr unsigned MostMode = 07777;
 constexpr std::uint64_t LastOperation = 6;
 constexpr std::array<std::string_view, 5> KindNames{"none", "file", "directory", "link", "other"};
 
@@ -43,26 +43,11 @@ TFileTime TimeOf(const TJson& value, std::string_view name) {
   return TFileTime(TFileTime::duration(count));
 }
 
-std::string OctalText(unsigned mode) {
-  std::string text;
-  for (; mode > 0; mode /= 8)
-    text.insert(text.begin(), static_cast<char>('0' + mode % 8));
-  return text.size() < 4 ? std::string(4 - text.size(), '0') + text : text;
-}
-
-unsigned OctalOf(const std::string& text) {
-  unsigned mode = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), mode, 8);
-  if (error != std::errc() || end != text.data() + text.size() || mode > MostMode)
-    Reject("\"" + text + "\" is no mode");
-  return mode;
-}
-
 TJson ThereJson(const TPlannedFile& file) {
   return {{"kind", KindNames[static_cast<std::size_t>(file.There.Kind)]},
           {"size", file.There.Size},
           {"time", TimeText(file.There.Modified)},
-          {"mode", OctalText(file.There.Mode)},
+          {"mode", ModeText(file.There.Mode)},
           {"hash", file.HashThere}};
 }
 
@@ -73,7 +58,7 @@ TRemoteStatus ThereOf(const TJson& value) {
   return {.Kind = static_cast<TRemoteKind>(kind - KindNames.begin()),
           .Size = value.Number<std::uint64_t>("size"),
           .Modified = TimeOf(value, "time"),
-          .Mode = OctalOf(value.Text("mode"))};
+          .Mode = ModeFromText(value.Text("mode"))};
 }
 
 TJson FileJson(const TPlannedFile& file) {
@@ -91,7 +76,7 @@ TJson FileJson(const TPlannedFile& file) {
           {"decidedBy", file.State ? TJson(file.ByHash ? "hash" : "time") : TJson()},
           {"action", DeployActionName(file.Action)},
           {"reason", file.Reason},
-          {"mode", OctalText(file.Mode)},
+          {"mode", ModeText(file.Mode)},
           {"class", file.File.Class},
           {"operation", static_cast<unsigned>(file.File.Operation)},
           {"executable", file.File.Executable},
@@ -144,7 +129,7 @@ TPlannedFile FileOf(const TJson& value) {
   file.Local = {.Size = value.Number<std::uint64_t>("localSize"),
                 .Time = TimeOf(value, "localTime"),
                 .Hash = value.Text("localHash")};
-  file.Mode = OctalOf(value.Text("mode"));
+  file.Mode = ModeFromText(value.Text("mode"));
   file.There = ThereOf(value.At("there"));
   file.HashThere = value.At("there").Text("hash");
   file.TimeDiffers = value.At("setTime").AsBoolean("setTime");

@@ -27,6 +27,7 @@ std::unique_ptr<ICommand> MakeProfileCommand();
 std::unique_ptr<ICommand> MakeDeployCommand();
 std::unique_ptr<ICommand> MakePlanCommand();
 std::unique_ptr<ICommand> MakeApplyCommand();
+std::unique_ptr<ICommand> MakeUndoCommand();
 std::unique_ptr<ICommand> MakeVerifyCommand();
 std::unique_ptr<ICommand> MakeHistoryCommand();
 std::unique_ptr<ICommand> MakeUpgradeCommand();

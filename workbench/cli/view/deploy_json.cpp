@@ -58,19 +58,6 @@ TJson DeployJson(const std::string& platform, const std::string& configuration,
   return document;
 }
 
-TJson RunJson(const TRecordedRun& run) {
-  return {{"id", run.Id},
-          {"at", run.At},
-          {"by", run.By},
-          {"machine", run.Machine},
-          {"revision", run.Revision},
-          {"tool", run.Tool},
-          {"copied", run.Copied},
-          {"removed", run.Removed},
-          {"failed", run.Failed},
-          {"result", RunResultName(run.Result)}};
-}
-
 TJson LeftOversJson(const TDeployReport& report) {
   TJson list = TJson::Array();
   for (const TLeftOver& leftOver : report.LeftOvers)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/deploy/deploy_report.h"
+#include "workbench/deploy/record/record_json.h"
 #include "workbench/json/json.h"
 
 #include <array>
@@ -29,7 +30,6 @@ TJson StateJson(const std::optional<TFileState>& state);
 /// The document of a deploy.
 TJson DeployJson(const std::string& platform, const std::string& configuration,
                  const TDeployReport& report);
-TJson RunJson(const TRecordedRun& run);
 TJson LeftOversJson(const TDeployReport& report);
 TJson OwedJson(const TDeployReport& report);
 

@@ -94,15 +94,19 @@ std::string TRecordStore::MakeDirectory(IRemoteConnection& connection) {
   return FProblem;
 }
 
-std::string TRecordStore::Write(IRemoteConnection& connection, const TTargetRecord& record) const {
+std::string PutText(IRemoteConnection& connection, const TRemoteName& name, std::string_view text) {
   try {
-    const TTemporaryFile text(RecordText(record));
-    TOneFile job({.LocalFile = text.Name(), .Target = {FDirectory, std::string(RecordName)}});
+    const TTemporaryFile file(text);
+    TOneFile job({.LocalFile = file.Name(), .Target = name});
     connection.Send(job);
     return job.Problem;
   } catch (const std::system_error& error) {
     return error.what();
   }
+}
+
+std::string TRecordStore::Write(IRemoteConnection& connection, const TTargetRecord& record) const {
+  return PutText(connection, {FDirectory, std::string(RecordName)}, RecordText(record));
 }
 
 std::string TRecordStore::SetAside(IRemoteConnection& connection) const {

@@ -9,6 +9,10 @@
 
 namespace workbench {
 
+/// Puts a file with that text in place whole, in a directory that is there; the reason when that
+/// failed. Throws TConnectionError.
+std::string PutText(IRemoteConnection& connection, const TRemoteName& name, std::string_view text);
+
 /// The place of one project's record. Connections that are handed in lead to one target; several
 /// may be used in turn. Every call may throw TConnectionError.
 class TRecordStore {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
 #include <map>
 #include <optional>
 #include <string>
@@ -27,6 +28,9 @@ struct TRecordedFile {
 
   bool operator==(const TRecordedFile&) const = default;
 };
+
+/// UTC, as the record has it: "2026-11-22T00:31:21Z".
+std::string UtcText(std::time_t time);
 
 enum class TRunResult { Done, Partly, Undone };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/remote/sftp/sftp_channel.h"
+#include "workbench/remote/sftp/sftp_copies.h"
 #include "workbench/remote/sftp/sftp_paths.h"
 #include "workbench/remote/target/remote_connection.h"
 #include "workbench/remote/target/unfinished_names.h"
@@ -68,6 +69,19 @@ public:
   std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
   std::string SetMode(const TRemoteName& name, unsigned mode) override;
   std::string Remove(const TRemoteName& name) override;
+  std::vector<std::string> RemoveAll(std::span<const TRemoteName> names) override {
+    return RemoveRemoteFiles(FChannel, names);
+  }
+  std::vector<std::string> Keep(std::span<const TRemoteCopy> copies) override {
+    return KeepRemoteFiles(FChannel, FMachine.Exec, copies);
+  }
+  std::vector<std::string> Move(std::span<const TRemoteCopy> moves) override {
+    return MoveRemoteFiles(FChannel, moves);
+  }
+  void RemoveEmptyDirectories(std::span<const std::string> directories) override {
+    RemoveEmptyRemoteDirectories(FChannel, directories);
+    FPaths.Forget();
+  }
   bool KnowsLinks() const override;
   std::vector<TRemoteLink> ReadLinks(std::span<const TRemoteName> names) override;
   std::string MakeLink(const TRemoteName& name, const std::string& text) override;
