@@ -55,11 +55,13 @@ struct TDeployReport {
   std::vector<std::string> Problems; ///< of the plan
   std::vector<std::string> Commands; ///< of the project, with where each runs
   std::vector<std::string> Warnings;
+  std::string AfterDeploy;              ///< command that runs when all files are in place, if any
   std::string AfterDeployProblem;       ///< why the command after the deploy failed or did not run
   std::vector<TPlannedCommand> Planned; ///< commands that run, in their order
   std::vector<TLeftOver> LeftOvers;
   std::vector<TOwedCommand> Owed;           ///< after the deploy
   std::optional<TRecordedRun> LastRun = {}; ///< that the record tells of
+  bool WasCarriedOut = false;               ///< false: the rows say what would be done
 };
 
 } // namespace workbench

@@ -66,6 +66,7 @@ void TDeployRun::Run() {
       return;
     FObserver.Planned(FReport.Rows);
     FTerms.Background([this] { Execute(); });
+    FReport.WasCarriedOut = true;
     FReport.Signal = FCancelled;
     FReport.End = End();
   } catch (const THeldTarget& held) {
@@ -157,6 +158,7 @@ void TDeployRun::Describe() {
   FReport.Rows = RowsOf(FPlan);
   FReport.Problems = FPlan.Problems;
   FReport.Commands = FPlan.Commands;
+  FReport.AfterDeploy = FPlan.AfterDeploy;
   FReport.LeftOvers = FPlan.LeftOvers;
   FReport.Warnings.insert(FReport.Warnings.end(), FPlan.Warnings.begin(), FPlan.Warnings.end());
   FReport.Planned = PlannedCommandsOf(FPlan);
@@ -284,7 +286,10 @@ void TDeployRun::Execute() {
     // The report says already that the connection broke.
     FReport.Warnings.push_back("the target cannot remember the end of this deploy");
   }
-  CollectOwed(keeper.Record());
+  const TTargetRecord left = keeper.Record();
+  CollectOwed(left);
+  if (!left.Runs.empty())
+    FReport.LastRun = left.Runs.front();
 }
 
 // True when it is not owed any more. All files have to be in place.

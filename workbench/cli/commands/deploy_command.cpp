@@ -4,8 +4,10 @@
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deploy_progress.h"
 #include "workbench/cli/view/deployment_view.h"
+#include "workbench/cli/view/known_states.h"
 #include "workbench/services/remote_profile_services.h"
 
 #include <atomic>
@@ -43,6 +45,12 @@ public:
     WarnSince(context, project, told);
     const deployment::TDeploymentTarget place{target.Configuration, target.Platform};
     const TDeployReport report = Deploy(context, project, place);
+    const TDeployCounts counts(report);
+    if (report.WasCarriedOut && counts.ChangedFiles() > 0)
+      KeepKnownStates(
+          {project.GivenFileName(), target.Platform, target.Configuration,
+           context.Session.RemoteProfiles().Destinations().Find(project.Project(), place).Text()},
+          report);
     return ReportDeploy(context, place, report,
                         {.File = FProject,
                          .IsDry = FOptions.DryRun,

@@ -162,8 +162,7 @@ int StatusOf(const TDeployReport& report, bool isCheck) {
   if (report.End == TDeployEnd::Failed)
     return exit_status::WorkFailed;
   const TDeployCounts counts(report);
-  const bool changes = !report.Planned.empty() || counts[TDeployAction::Copied] > 0 ||
-                       counts[TDeployAction::Removed] > 0 || counts[TDeployAction::Mode] > 0;
+  const bool changes = !report.Planned.empty() || counts.ChangedFiles() > 0;
   return isCheck && changes ? exit_status::WouldChange : exit_status::Done;
 }
 

@@ -21,6 +21,11 @@ struct TDeployCounts {
   std::size_t operator[](TDeployAction action) const {
     return Rows[static_cast<std::size_t>(action)];
   }
+  /// How many files of the target changed, or would.
+  std::size_t ChangedFiles() const {
+    return (*this)[TDeployAction::Copied] + (*this)[TDeployAction::Removed] +
+           (*this)[TDeployAction::Mode];
+  }
   /// Such as "2 copied, 1 unchanged (3.2 KiB)".
   std::string Text() const;
 };
