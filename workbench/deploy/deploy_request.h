@@ -12,6 +12,9 @@
 
 namespace workbench {
 
+/// The largest number of connections that a deploy takes.
+inline constexpr unsigned MostJobs = 64;
+
 /// How much is kept on a target to take deploys back by.
 struct TUndoLimits {
   std::uint64_t Runs = 3;

@@ -73,7 +73,7 @@ std::optional<TPlanFile> TDeployService::Plan(const TDeployRequest& request,
 
 TDeployReport TDeployService::Apply(const TPlanFile& file, const TRunTerms& terms,
                                     IDeployObserver& observer) const {
-  static const std::atomic<int> NeverCancelled = 0;
+  static const std::atomic<int> goesOn = 0;
   TDeployReport report;
   Reported(terms.Cancelled, report, [&] {
     std::optional<TDestination> destination = FDestinations.Find(file.Bound, file.Target.Platform);
@@ -87,7 +87,7 @@ TDeployReport TDeployService::Apply(const TPlanFile& file, const TRunTerms& term
       destination->Profile->Compress = true;
     report.Problems = DifferencesOf(
         file.Bound,
-        FDestinations.BindingOf(*destination, terms.Cancelled ? *terms.Cancelled : NeverCancelled));
+        FDestinations.BindingOf(*destination, terms.Cancelled ? *terms.Cancelled : goesOn));
     if (!report.Problems.empty()) {
       const std::vector<std::string> local = CheckLocalFiles(file.Plan);
       report.Problems.insert(report.Problems.end(), local.begin(), local.end());

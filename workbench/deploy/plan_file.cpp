@@ -15,9 +15,9 @@ namespace {
 using deployment::TDeployOperation;
 using deployment::TFileTime;
 
-constexpr unsigned MostJobs = 64;
 constexpr std::uint64_t LastOperation = 6;
-constexpr std::array<std::string_view, 5> KindNames{"none", "file", "directory", "link", "other"};
+constexpr std::array<std::string_view, 5> ThereKindNames{"none", "file", "directory", "link",
+                                                         "other"};
 
 [[noreturn]] void Reject(const std::string& reason) {
   throw deployment::TInputError("it is no plan: " + reason);
@@ -30,11 +30,11 @@ std::string DigestOf(const TJson& document) {
 }
 
 // JSON's own numbers lose digits in many readers.
-std::string TimeText(TFileTime time) {
+std::string PreciseText(TFileTime time) {
   return std::to_string(time.time_since_epoch().count());
 }
 
-TFileTime TimeOf(const TJson& value, std::string_view name) {
+TFileTime PreciseTimeOf(const TJson& value, std::string_view name) {
   const std::string& text = value.Text(name);
   TFileTime::rep count = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
@@ -44,20 +44,20 @@ TFileTime TimeOf(const TJson& value, std::string_view name) {
 }
 
 TJson ThereJson(const TPlannedFile& file) {
-  return {{"kind", KindNames[static_cast<std::size_t>(file.There.Kind)]},
+  return {{"kind", ThereKindNames[static_cast<std::size_t>(file.There.Kind)]},
           {"size", file.There.Size},
-          {"time", TimeText(file.There.Modified)},
+          {"time", PreciseText(file.There.Modified)},
           {"mode", ModeText(file.There.Mode)},
           {"hash", file.HashThere}};
 }
 
 TRemoteStatus ThereOf(const TJson& value) {
-  const auto* const kind = std::ranges::find(KindNames, value.Text("kind"));
-  if (kind == KindNames.end())
+  const auto* const kind = std::ranges::find(ThereKindNames, value.Text("kind"));
+  if (kind == ThereKindNames.end())
     Reject("\"" + value.Text("kind") + "\" is no kind of a file");
-  return {.Kind = static_cast<TRemoteKind>(kind - KindNames.begin()),
+  return {.Kind = static_cast<TRemoteKind>(kind - ThereKindNames.begin()),
           .Size = value.Number<std::uint64_t>("size"),
-          .Modified = TimeOf(value, "time"),
+          .Modified = PreciseTimeOf(value, "time"),
           .Mode = ModeFromText(value.Text("mode"))};
 }
 
@@ -70,7 +70,7 @@ TJson FileJson(const TPlannedFile& file) {
           {"localFile", file.File.LocalFile.string()},
           {"localHash", file.Local.Hash},
           {"localSize", file.Local.Size},
-          {"localTime", TimeText(file.Local.Time)},
+          {"localTime", PreciseText(file.Local.Time)},
           {"remoteFile", file.RemoteFile()},
           {"state", file.State ? TJson(FileStateName(*file.State)) : TJson()},
           {"decidedBy", file.State ? TJson(file.ByHash ? "hash" : "time") : TJson()},
@@ -109,7 +109,7 @@ TFileState StateOf(const TJson& value) {
   return *state;
 }
 
-TPlannedFile FileOf(const TJson& value) {
+TPlannedFile PlannedFileOf(const TJson& value) {
   TPlannedFile file;
   file.File = {.LocalName = value.Text("localName"),
                .Class = value.Text("class"),
@@ -127,7 +127,7 @@ TPlannedFile FileOf(const TJson& value) {
   file.ByHash = !value.At("decidedBy").IsNull() && value.Text("decidedBy") == "hash";
   file.Bytes = value.Number<std::uint64_t>("bytes");
   file.Local = {.Size = value.Number<std::uint64_t>("localSize"),
-                .Time = TimeOf(value, "localTime"),
+                .Time = PreciseTimeOf(value, "localTime"),
                 .Hash = value.Text("localHash")};
   file.Mode = ModeFromText(value.Text("mode"));
   file.There = ThereOf(value.At("there"));
@@ -190,7 +190,7 @@ TPlanFile PlanOf(const TJson& document) {
                  .RootName = document.Text("root"),
                  .Target = {document.Text("configuration"), document.Text("platform")}};
   for (const TJson& planned : document.Array("files"))
-    file.Plan.Files.push_back(FileOf(planned));
+    file.Plan.Files.push_back(PlannedFileOf(planned));
   for (const TJson& leftOver : document.Array("leftOvers"))
     file.Plan.LeftOvers.push_back({.RecordPath = {},
                                    .Target = NameOf(leftOver.Text("remoteFile")),

@@ -44,23 +44,17 @@ bool SendDelta(const TRemoteWay& way, const std::filesystem::path& local,
                const TIsCancelled& isCancelled) {
   const std::string from = ShellQuoted(oldFile);
   const std::string to = ShellQuoted(newFile);
-  if (!Succeeds(way.Exec("test -f " + from + " && test ! -h " + from + " && cp -- " + from + " " +
-                         to),
-                isCancelled))
+  if (!Succeeds(
+          way.Exec("test -f " + from + " && test ! -h " + from + " && cp -- " + from + " " + to),
+          isCancelled))
     return false;
   std::string shell;
   for (std::size_t i = 0; i + 1 < way.Shell.size(); ++i)
     shell.append(i > 0 ? " " : "").append("'").append(way.Shell[i]).append("'");
   TProcessStart start = way.Exec({}); // for its environment
-  start.Command = {"rsync",
-                   "--protect-args",
-                   "--ignore-times",
-                   "--inplace",
-                   "--no-whole-file",
-                   "--rsh=" + shell,
-                   "--",
-                   local.string(),
-                   way.Shell.back() + ":" + newFile};
+  start.Command = {"rsync",     "--protect-args",  "--ignore-times",
+                   "--inplace", "--no-whole-file", "--rsh=" + shell,
+                   "--",        local.string(),    way.Shell.back() + ":" + newFile};
   if (Succeeds(start, isCancelled))
     return true;
   Succeeds(way.Exec("rm -f -- " + to), [] { return false; });

@@ -22,7 +22,8 @@ bool KnowsRsync(const TRemoteWay& way);
 
 /// Makes a new file there whose content is that of the local one, of what the old file there has
 /// already and what differs. False when that failed; the new file is not there then.
-bool SendDelta(const TRemoteWay& way, const std::filesystem::path& local, const std::string& oldFile,
-               const std::string& newFile, const TIsCancelled& isCancelled);
+bool SendDelta(const TRemoteWay& way, const std::filesystem::path& local,
+               const std::string& oldFile, const std::string& newFile,
+               const TIsCancelled& isCancelled);
 
 } // namespace workbench

@@ -24,6 +24,9 @@ struct TSftpMachine {
   TProcessStart Sftp; ///< the program that carries the file transfer protocol
   /// The program that runs a command line on the machine; empty when it runs none.
   TRemoteExec Exec;
+  /// Words by which other programs run a command there, the machine's name being the last one;
+  /// empty when none can.
+  std::vector<std::string> RemoteShell = {};
   /// Below which everything is put: a full path, or one from the user's home directory with "~/".
   /// "C:/x" is on a drive.
   std::string Root;
@@ -37,6 +40,7 @@ struct TMachineFacts {
   TUnfinishedParts Parts;
   std::mutex Mutex; ///< of what stands below
   std::optional<TShell> Shell = std::nullopt;
+  std::optional<bool> HasRsync = std::nullopt; ///< as this machine has
 };
 
 /// Connections to one machine share `facts`.
@@ -95,6 +99,8 @@ private:
   TSftpStatus Answer();
   std::string Problem(std::string_view action);
   std::optional<TUnfinishedPart> FindPart(const TSendRequest& request, const struct stat& status);
+  std::optional<TUnfinishedPart> MakePart(const TSendRequest& request, const struct stat& status,
+                                          const ISendJob& job);
 
   TSftpMachine FMachine;
   std::shared_ptr<TMachineFacts> FFacts;

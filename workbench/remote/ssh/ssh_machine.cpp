@@ -79,6 +79,12 @@ TProcessStart TSshCommands::FurtherConnection() const {
   return start;
 }
 
+std::vector<std::string> TSshCommands::Words() const {
+  std::vector<std::string> words = Start(/*isFirst=*/false, {}).Command;
+  words.push_back(FProfile.Host);
+  return words;
+}
+
 TProcessStart TSshCommands::Command(const std::string& command) const {
   TProcessStart start = Start(/*isFirst=*/false, {});
   start.Command.insert(start.Command.end(), {"--", FProfile.Host, command});
@@ -185,6 +191,7 @@ std::unique_ptr<TSftpConnection> TSshMachine::Open(const TProcessStart& sftp, bo
   TSftpMachine machine{
       .Sftp = sftp,
       .Exec = [commands = FCommands](const std::string& line) { return commands.Command(line); },
+      .RemoteShell = FCommands.Words(),
       .Root = FProfile.Path,
       .IsFirst = isFirst};
   // The client gives up by itself when nobody is there; a person who is asked may take longer.

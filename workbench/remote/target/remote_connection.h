@@ -85,7 +85,8 @@ struct TSendRequest {
   std::filesystem::path LocalFile;
   TRemoteName Target;
   bool MakeExecutable = false;
-  std::size_t Index = 0; ///< of whoever asks
+  std::size_t Index = 0;          ///< of whoever asks
+  std::uint64_t ReplacedSize = 0; ///< of the plain file that it replaces; 0: there is none
 };
 
 /// The directories of the files, each once, in the order in which they come up.
