@@ -28,7 +28,7 @@ struct TUndoItem {
   TUndoAction Action = TUndoAction::Unchanged;
   std::string Reason = {}; ///< why it is refused, or failed
 
-  std::string RemoteFile() const { return Target.Directory + "/" + Target.Name; }
+  std::string RemoteFile() const { return Target.Path(); }
 };
 
 /// What is there when runs before this one will have been taken back, by path in the record.

@@ -27,7 +27,7 @@ std::optional<TUnfinishedPart> TSftpConnection::MakePart(const TSendRequest& req
   }
   const std::string name = FNames.Next(SourceMark(request.LocalFile.native(), status));
   const bool isMade =
-      SendDelta(way, request.LocalFile, request.Target.Directory + "/" + request.Target.Name,
+      SendDelta(way, request.LocalFile, request.Target.Path(),
                 request.Target.Directory + "/" + name, [&job] { return job.IsCancelled(); });
   if (!isMade)
     return std::nullopt;

@@ -11,16 +11,12 @@ namespace {
 // The names come through standard input, so that no shell reads them.
 constexpr const char* CopyCommand = "xargs -0 -n 2 cp -p --";
 
-std::string PathOf(const TRemoteName& name) {
-  return name.Directory + "/" + name.Name;
-}
-
 // Requests that are answered by a status each.
-class TRequests final : public ISftpExchange {
+class TStatusRequests final : public ISftpExchange {
 public:
   using TPost = std::function<void(TSftpChannel& channel, std::size_t index)>;
 
-  TRequests(std::size_t count, TPost post) : Answers(count), FPost(std::move(post)) {}
+  TStatusRequests(std::size_t count, TPost post) : Answers(count), FPost(std::move(post)) {}
 
   bool PostNext(TSftpChannel& channel) override {
     if (FNext == Answers.size())
@@ -39,8 +35,9 @@ private:
   std::size_t FNext = 0;
 };
 
-std::vector<TSftpStatus> AskAll(TSftpChannel& channel, std::size_t count, TRequests::TPost post) {
-  TRequests requests(count, std::move(post));
+std::vector<TSftpStatus> AskStatuses(TSftpChannel& channel, std::size_t count,
+                                     TStatusRequests::TPost post) {
+  TStatusRequests requests(count, std::move(post));
   channel.Run(requests);
   return std::move(requests.Answers);
 }
@@ -50,12 +47,12 @@ void PostTwo(TSftpChannel& channel, TSftpPacket kind, std::string_view extension
   TSftpWriter& writer = channel.Begin(kind);
   if (!extension.empty())
     writer.Text(extension);
-  writer.Text(PathOf(names.From));
-  writer.Text(PathOf(names.To));
+  writer.Text(names.From.Path());
+  writer.Text(names.To.Path());
   channel.Post(cookie);
 }
 
-std::string ProblemOf(TSftpStatus status, std::string_view action) {
+std::string CopyProblemOf(TSftpStatus status, std::string_view action) {
   return status == TSftpStatus::Ok ? std::string()
                                    : std::string(action) + ": " + SftpStatusText(status);
 }
@@ -65,10 +62,7 @@ void CopyThere(TSftpChannel& channel, const TRemoteExec& exec, std::span<const T
                const std::vector<std::size_t>& wanted, std::vector<std::string>& problems) {
   std::string names;
   for (const std::size_t i : wanted)
-    names.append(PathOf(copies[i].From))
-        .append(1, '\0')
-        .append(PathOf(copies[i].To))
-        .append(1, '\0');
+    names.append(copies[i].From.Path()).append(1, '\0').append(copies[i].To.Path()).append(1, '\0');
   std::string problem;
   try {
     const TFeed feed = [&names](TByteBuffer& bytes) {
@@ -83,8 +77,8 @@ void CopyThere(TSftpChannel& channel, const TRemoteExec& exec, std::span<const T
   }
   if (problem.empty())
     return;
-  AskAll(channel, wanted.size(), [&](TSftpChannel& to, std::size_t i) {
-    to.Post(TSftpPacket::Remove, PathOf(copies[wanted[i]].To), i);
+  AskStatuses(channel, wanted.size(), [&](TSftpChannel& to, std::size_t i) {
+    to.Post(TSftpPacket::Remove, copies[wanted[i]].To.Path(), i);
   });
   for (const std::size_t i : wanted)
     problems[i] = "copying it: " + problem;
@@ -98,11 +92,11 @@ std::vector<std::string> KeepRemoteFiles(TSftpChannel& channel, const TRemoteExe
   std::vector<std::size_t> rest;
   if (channel.Limits().HasHardLinks) {
     const std::vector<TSftpStatus> answers =
-        AskAll(channel, copies.size(), [copies](TSftpChannel& to, std::size_t i) {
+        AskStatuses(channel, copies.size(), [copies](TSftpChannel& to, std::size_t i) {
           PostTwo(to, TSftpPacket::Extended, sftp_extension::HardLink, copies[i], i);
         });
     for (std::size_t i = 0; i < answers.size(); ++i) {
-      problems[i] = ProblemOf(answers[i], "linking it");
+      problems[i] = CopyProblemOf(answers[i], "linking it");
       if (answers[i] != TSftpStatus::Ok && answers[i] != TSftpStatus::NoSuchFile)
         rest.push_back(i);
     }
@@ -125,39 +119,39 @@ std::vector<std::string> MoveRemoteFiles(TSftpChannel& channel,
                                          std::span<const TRemoteCopy> moves) {
   const bool replaces = channel.Limits().HasPosixRename;
   if (!replaces)
-    AskAll(channel, moves.size(), [moves](TSftpChannel& to, std::size_t i) {
-      to.Post(TSftpPacket::Remove, PathOf(moves[i].To), i);
+    AskStatuses(channel, moves.size(), [moves](TSftpChannel& to, std::size_t i) {
+      to.Post(TSftpPacket::Remove, moves[i].To.Path(), i);
     });
   const std::vector<TSftpStatus> answers =
-      AskAll(channel, moves.size(), [&](TSftpChannel& to, std::size_t i) {
+      AskStatuses(channel, moves.size(), [&](TSftpChannel& to, std::size_t i) {
         PostTwo(to, replaces ? TSftpPacket::Extended : TSftpPacket::Rename,
                 replaces ? sftp_extension::PosixRename : std::string_view(), moves[i], i);
       });
   std::vector<std::string> problems;
   problems.reserve(answers.size());
   for (const TSftpStatus status : answers)
-    problems.push_back(ProblemOf(status, "moving it"));
+    problems.push_back(CopyProblemOf(status, "moving it"));
   return problems;
 }
 
 std::vector<std::string> RemoveRemoteFiles(TSftpChannel& channel,
                                            std::span<const TRemoteName> names) {
   const std::vector<TSftpStatus> answers =
-      AskAll(channel, names.size(), [names](TSftpChannel& to, std::size_t i) {
-        to.Post(TSftpPacket::Remove, PathOf(names[i]), i);
+      AskStatuses(channel, names.size(), [names](TSftpChannel& to, std::size_t i) {
+        to.Post(TSftpPacket::Remove, names[i].Path(), i);
       });
   std::vector<std::string> problems;
   problems.reserve(answers.size());
   for (const TSftpStatus status : answers)
     problems.push_back(status == TSftpStatus::NoSuchFile ? std::string()
-                                                         : ProblemOf(status, "removing it"));
+                                                         : CopyProblemOf(status, "removing it"));
   return problems;
 }
 
 void RemoveEmptyRemoteDirectories(TSftpChannel& channel, std::span<const std::string> directories) {
   std::vector<std::string> sorted(directories.begin(), directories.end());
   std::ranges::sort(sorted, std::greater<>(), &std::string::size);
-  AskAll(channel, sorted.size(), [&sorted](TSftpChannel& to, std::size_t i) {
+  AskStatuses(channel, sorted.size(), [&sorted](TSftpChannel& to, std::size_t i) {
     to.Post(TSftpPacket::RemoveDirectory, sorted[i], i);
   });
 }
