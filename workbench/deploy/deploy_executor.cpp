@@ -1,5 +1,6 @@
 #include "workbench/deploy/deploy_executor.h"
 
+#include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/record_keeper.h"
 #include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
@@ -39,9 +40,8 @@ public:
       Lost(error.what());
     }
     // What is not done yet was never begun, or begun on a line that broke.
-    const std::string reason = FLost.empty() ? std::string(Interrupted) : FLost;
     for (std::size_t i = 0; i < FPlan.Files.size(); ++i)
-      Finish(i, reason);
+      Finish(i, FLost.empty() ? std::string(Interrupted) : FLost);
     FReport.Message = FLost;
   }
 

@@ -9,7 +9,6 @@
 #include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
-#include <array>
 #include <sys/stat.h>
 #include <unordered_map>
 #include <unordered_set>
@@ -31,19 +30,20 @@ public:
   }
 
   TDeployPlan Make(const std::function<IRemoteConnection&()>& connect,
-                   const std::function<TTargetRecord()>& readRecord) {
+                   const std::function<const TTargetRecord&()>& readRecord) {
     FindTargets();
     ExamineLocalFiles();
     FConnection = &connect();
-    FRecord = readRecord();
-    for (const auto& [path, file] : FRecord.Files)
-      FRecorded.emplace(Key(path), &path);
     ResolveDirectories();
     FindCollisions();
     CollectCommands();
-    if (FPlan.Problems.empty()) {
-      CompareWithTarget();
-      FindLeftOvers(*FConnection, FRecord, FOptions, FPlan);
+    const bool mayGoOn = FPlan.Problems.empty();
+    const std::vector<TRemoteStatus> remote =
+        mayGoOn ? ExamineTargets() : std::vector<TRemoteStatus>();
+    TakeRecord(readRecord());
+    if (mayGoOn) {
+      CompareWithTarget(remote);
+      FindLeftOvers(*FConnection, *FRecord, FOptions, FPlan);
       PlanAfterDeploy();
     }
     return std::move(FPlan);
@@ -65,7 +65,8 @@ private:
   void ExamineLocalFile(TPlannedFile& file);
   void CollectCommands();
   void PlanAfterDeploy();
-  void CompareWithTarget();
+  void TakeRecord(const TTargetRecord& record);
+  void CompareWithTarget(const std::vector<TRemoteStatus>& remote);
   std::vector<TRemoteStatus> ExamineTargets();
   void Decide(TPlannedFile& file, const TRemoteStatus& remote);
   void DecideStates(const std::vector<TRemoteStatus>& remote);
@@ -80,8 +81,8 @@ private:
 
   const TPlanOptions& FOptions;
   IRemoteConnection* FConnection = nullptr;
-  TTargetRecord FRecord;
-  std::unordered_map<std::string, const std::string*> FRecorded; // paths of the record by key
+  const TTargetRecord* FRecord = nullptr;
+  std::unordered_map<std::string, const TRecordedFile*> FRecorded; // by key, where case is ignored
   TDeployPlan FPlan;
   std::vector<std::string> FDirectories; // as named, each once
   std::vector<std::size_t> FDirectoryOf; // of each file, into FDirectories
@@ -203,12 +204,19 @@ void TPlanner::PlanAfterDeploy() {
   if (FOptions.AfterDeploy.empty())
     return;
   FPlan.Commands.push_back("on the target: " + FOptions.AfterDeploy);
-  if (ChangesFiles(FPlan) || !FRecord.OwedAfterDeploy.empty())
+  if (ChangesFiles(FPlan) || !FRecord->OwedAfterDeploy.empty())
     FPlan.AfterDeploy = FOptions.AfterDeploy;
 }
 
-void TPlanner::CompareWithTarget() {
-  const std::vector<TRemoteStatus> remote = ExamineTargets();
+void TPlanner::TakeRecord(const TTargetRecord& record) {
+  FRecord = &record;
+  if (!FOptions.Places.Names.IgnoresCase)
+    return;
+  for (const auto& [path, file] : record.Files)
+    FRecorded.emplace(Key(path), &file);
+}
+
+void TPlanner::CompareWithTarget(const std::vector<TRemoteStatus>& remote) {
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
     FPlan.Files[i].There = remote[i];
     Decide(FPlan.Files[i], remote[i]);
@@ -329,8 +337,8 @@ void TPlanner::TakeAction(TPlannedFile& file, const TRemoteStatus& remote) {
   if (file.Action == TDeployAction::Copied) {
     file.Steps = AfterStepsOf(file.File);
   } else if (file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode) {
-    const auto owed = FRecord.Owed.find(file.RecordPath);
-    if (owed != FRecord.Owed.end())
+    const auto owed = FRecord->Owed.find(file.RecordPath);
+    if (owed != FRecord->Owed.end())
       file.Steps = OwedSteps(AfterStepsOf(file.File), owed->second);
   }
 }
@@ -343,8 +351,14 @@ void TPlanner::Refuse(TPlannedFile& file) {
 }
 
 const TRecordedFile* TPlanner::RecordOf(const std::string& path) const {
-  const auto found = path.empty() ? FRecorded.end() : FRecorded.find(Key(path));
-  return found == FRecorded.end() ? nullptr : &FRecord.Files.find(*found->second)->second;
+  if (path.empty())
+    return nullptr;
+  if (FOptions.Places.Names.IgnoresCase) {
+    const auto found = FRecorded.find(Key(path));
+    return found == FRecorded.end() ? nullptr : found->second;
+  }
+  const auto found = FRecord->Files.find(path);
+  return found == FRecord->Files.end() ? nullptr : &found->second;
 }
 
 std::string TPlanner::RecordPathOf(const std::string& directory, const std::string& name) const {
@@ -357,30 +371,9 @@ std::string TPlanner::RecordPathOf(const std::string& directory, const std::stri
 
 } // namespace
 
-std::string_view DeployActionName(TDeployAction action) {
-  constexpr std::array<std::string_view, DeployActionCount> Names{
-      "copied", "unchanged", "mode", "kept", "skipped", "removed", "refused", "failed"};
-  return Names[static_cast<std::size_t>(action)];
-}
-
-std::optional<TDeployAction> DeployActionFromName(std::string_view name) {
-  for (std::size_t i = 0; i < DeployActionCount; ++i) {
-    if (DeployActionName(static_cast<TDeployAction>(i)) == name)
-      return static_cast<TDeployAction>(i);
-  }
-  return std::nullopt;
-}
-
-bool ChangesFiles(const TDeployPlan& plan) {
-  return std::ranges::any_of(plan.Files, [](const TPlannedFile& file) {
-    return file.Action == TDeployAction::Copied || file.Action == TDeployAction::Removed ||
-           file.Action == TDeployAction::Mode;
-  });
-}
-
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,
                            const std::function<IRemoteConnection&()>& connect,
-                           const std::function<TTargetRecord()>& readRecord) {
+                           const std::function<const TTargetRecord&()>& readRecord) {
   return TPlanner(std::move(files), options).Make(connect, readRecord);
 }
 

@@ -89,10 +89,10 @@ struct TDeployPlan {
 bool ChangesFiles(const TDeployPlan& plan);
 
 /// Makes the plan. Throws TConnectionError. `connect` is called when the files of this machine have
-/// been looked at, which goes on meanwhile where it takes its time; `readRecord` when it is
-/// connected.
+/// been looked at, which goes on meanwhile where it takes its time; `readRecord`, whose answer has
+/// to live as long as this call, when the target was looked at.
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,
                            const std::function<IRemoteConnection&()>& connect,
-                           const std::function<TTargetRecord()>& readRecord);
+                           const std::function<const TTargetRecord&()>& readRecord);
 
 } // namespace workbench

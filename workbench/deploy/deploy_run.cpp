@@ -99,9 +99,10 @@ void TDeployRun::MakePlan() {
       std::move(FFacts.Files), PlanOptions(),
       [this]() -> IRemoteConnection& {
         FConnection = FConnect();
+        BeginRecord();
         return *FConnection;
       },
-      [this] { return ReadRecord(); });
+      [this]() -> const TTargetRecord& { return TakeRecord(); });
 }
 
 // A plan that was made earlier is carried out as it stands, or not at all.
@@ -109,7 +110,8 @@ void TDeployRun::TakePlan() {
   FPlan = std::move(FFacts.Given->Plan);
   std::vector<std::string> causes = CheckLocalFiles(FPlan);
   FConnection = FConnect();
-  const TTargetRecord record = ReadRecord();
+  BeginRecord();
+  const TTargetRecord& record = TakeRecord();
   const std::vector<std::string> there =
       CheckTargetFiles(*FConnection, record, PlanOptions().Places, FPlan);
   causes.insert(causes.end(), there.begin(), there.end());
@@ -129,21 +131,30 @@ TPlanFile TDeployRun::PlanFile() const {
           .Jobs = FTerms.Options.Jobs};
 }
 
-TTargetRecord TDeployRun::ReadRecord() {
+// What the record says is found out while the target is asked about the files.
+void TDeployRun::BeginRecord() {
   if (!IsRecorded())
-    return {};
+    return;
   FStore.emplace(*FConnection, FFacts.RootName);
   FLock.emplace(FStore->Directory());
   if (!FStore->Problem().empty()) {
     FReport.Warnings.push_back("the target cannot remember deploys: " + FStore->Problem());
     FStore.reset();
-    return {};
+    return;
   }
   if (!FTerms.Options.DryRun && !FTerms.Options.BreakLock) {
     if (const auto holder = FLock->Holder(*FConnection))
       throw THeldTarget{TDeployEnd::Refused, {HolderText(*holder)}};
   }
-  FReading = FStore->Read(*FConnection);
+  FRecordRead = std::async(std::launch::async, [content = FStore->ReadContent(*FConnection)] {
+    return TRecordStore::ReadingOf(content);
+  });
+}
+
+const TTargetRecord& TDeployRun::TakeRecord() {
+  if (!FRecordRead.valid())
+    return FReading.Record;
+  FReading = FRecordRead.get();
   if (FReading.State == TRecordState::Newer)
     throw THeldTarget{TDeployEnd::Unexpected,
                       {"the record on the target is of a newer version of this program"}};

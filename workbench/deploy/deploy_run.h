@@ -9,6 +9,7 @@
 #include "workbench/deploy/record/target_lock.h"
 
 #include <filesystem>
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,7 +47,8 @@ private:
   void MakePlan();
   void TakePlan();
   TPlanOptions PlanOptions() const;
-  TTargetRecord ReadRecord();
+  void BeginRecord();
+  const TTargetRecord& TakeRecord();
   void Describe();
   bool MayExecute();
   bool HasWork() const;
@@ -66,6 +68,7 @@ private:
   std::shared_ptr<IRemoteConnection> FConnection;
   std::optional<TRecordStore> FStore; // nothing where no record is kept
   std::optional<TTargetLock> FLock;
+  std::future<TRecordReading> FRecordRead; // while the record is taken apart
   TRecordReading FReading;
   TDeployPlan FPlan;
 };

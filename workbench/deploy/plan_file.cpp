@@ -1,6 +1,7 @@
 #include "workbench/deploy/plan_file.h"
 
 #include "package/common/errors.h"
+#include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/record/record_json.h"
 #include "workbench/files/sha256.h"
 

@@ -1,10 +1,9 @@
 #include "workbench/cli/commands/deploy_conduct.h"
 
-#include "package/common/errors.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deploy_progress.h"
 #include "workbench/settings/command_consent.h"
-#include "workbench/settings/known_settings.h"
+#include "workbench/settings/number_setting.h"
 
 #include <algorithm>
 #include <iostream>
@@ -65,16 +64,6 @@ void PrintSummary(TCommandContext& context, const deployment::TDeploymentTarget&
   if (!report.AfterDeployProblem.empty())
     context.Output.Complain(report.AfterDeployProblem);
   context.Output.Line((isDry ? "would be: " : "") + TDeployCounts(report).Text());
-}
-
-std::uint64_t NumberSetting(const TSettings& settings, std::string_view key,
-                            std::uint64_t byDefault) {
-  const auto text = settings.Get(key);
-  if (!text)
-    return byDefault;
-  if (const auto problem = ProblemOfValue(key, *text, {}))
-    throw deployment::TInputError(*problem, {settings.File().string(), 0});
-  return std::stoull(*text);
 }
 
 } // namespace

@@ -79,16 +79,20 @@ TRecordedFile RecordedFileOf(const TJson& value, const TTargetRecord& record) {
           .Configuration = value.TextOr("configuration", record.Configuration)};
 }
 
-TJson RecordedFileJson(const TRecordedFile& file) {
-  return {{"localName", file.LocalName},
-          {"class", file.Class},
-          {"size", file.Size},
-          {"time", std::max<std::int64_t>(file.Time, 0)},
-          {"sha256", file.Hash},
-          {"mode", ModeText(file.Mode)},
-          {"run", file.Run},
-          {"platform", file.Platform},
-          {"configuration", file.Configuration}};
+TJson RecordedFileJson(const TRecordedFile& file, const TTargetRecord& record) {
+  TJson value{{"localName", file.LocalName},
+              {"class", file.Class},
+              {"size", file.Size},
+              {"time", std::max<std::int64_t>(file.Time, 0)},
+              {"sha256", file.Hash},
+              {"mode", ModeText(file.Mode)},
+              {"run", file.Run}};
+  // Most files are of the target that the record names itself.
+  if (file.Platform != record.Platform)
+    value.Add("platform", file.Platform);
+  if (file.Configuration != record.Configuration)
+    value.Add("configuration", file.Configuration);
+  return value;
 }
 
 TRecordedRun RecordedRunOf(const TJson& value) {

@@ -22,7 +22,8 @@ std::string ModeText(unsigned mode);
 /// Throws TInputError for a text that is no mode.
 unsigned ModeFromText(const std::string& text);
 
-TJson RecordedFileJson(const TRecordedFile& file);
+/// A file of the record's own target does not name it.
+TJson RecordedFileJson(const TRecordedFile& file, const TTargetRecord& record);
 /// A file that names no target is one of the record's. Throws TInputError.
 TRecordedFile RecordedFileOf(const TJson& value, const TTargetRecord& record);
 

@@ -77,10 +77,16 @@ TRecordStore::TRecordStore(IRemoteConnection& connection, std::string_view root)
 }
 
 TRecordReading TRecordStore::Read(IRemoteConnection& connection) const {
+  return ReadingOf(ReadContent(connection));
+}
+
+TRemoteContent TRecordStore::ReadContent(IRemoteConnection& connection) const {
   if (!FExists || !FProblem.empty())
     return {};
-  const TRemoteContent content =
-      connection.ReadFile({FDirectory, std::string(RecordName)}, LargestRecord);
+  return connection.ReadFile({FDirectory, std::string(RecordName)}, LargestRecord);
+}
+
+TRecordReading TRecordStore::ReadingOf(const TRemoteContent& content) {
   if (!content.Problem.empty())
     return {.State = TRecordState::Damaged, .Problem = content.Problem};
   return content.IsThere ? ParseRecord(content.Text) : TRecordReading{};

@@ -26,6 +26,9 @@ public:
   const std::string& Directory() const { return FDirectory; }
 
   TRecordReading Read(IRemoteConnection& connection) const;
+  /// The same in two parts: what stands there, and what it says, which needs no connection.
+  TRemoteContent ReadContent(IRemoteConnection& connection) const;
+  static TRecordReading ReadingOf(const TRemoteContent& content);
   /// Makes the directory; the reason when that failed.
   std::string MakeDirectory(IRemoteConnection& connection);
   /// Puts the record in place whole; the reason when that failed.

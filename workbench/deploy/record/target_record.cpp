@@ -20,7 +20,7 @@ TTargetRecord RecordOf(const TJson& document) {
     record.Runs.resize(MostRuns);
   for (const auto& [path, file] : document.At("files").AsObject("files")) {
     CheckRecordedPath(path);
-    record.Files.emplace(path, RecordedFileOf(file, record));
+    record.Files.emplace_hint(record.Files.end(), path, RecordedFileOf(file, record));
   }
   if (const TJson* owed = document.Find("owed")) {
     for (const auto& [path, steps] : owed->AsObject("owed")) {
@@ -52,7 +52,7 @@ std::string RecordText(const TTargetRecord& record) {
     runs.Append(RunJson(record.Runs[i]));
   TJson files = TJson::Object();
   for (const auto& [path, file] : record.Files)
-    files.Add(path, RecordedFileJson(file));
+    files.Add(path, RecordedFileJson(file, record));
   TJson document{{"format", Format},
                  {"project", record.Project},
                  {"platform", record.Platform},

@@ -38,7 +38,7 @@ TJson UndoFileJson(const TUndoFile& file) {
   if (!file.Link.empty())
     value.Add("link", file.Link);
   if (file.Recorded)
-    value.Add("recorded", RecordedFileJson(*file.Recorded));
+    value.Add("recorded", RecordedFileJson(*file.Recorded, {}));
   if (!file.Owed.empty())
     value.Add("owed", file.Owed);
   return value;
