@@ -2,6 +2,7 @@
 
 #include "package/common/convert.h"
 #include "package/common/path_text.h"
+#include "package/host/api/default_deployment.h"
 #include "workbench/files/file_backup.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
@@ -207,7 +208,7 @@ TSaveReport TOpenProjectFile::SaveAs(const std::filesystem::path& file, bool ove
   request.Force = overwrite;
   TSaveReport report;
   try {
-    Deployment().GetFiles(); // as in SaveProjectFile
+    deployment::EnsureDefaultDeployment(Deployment()); // as in SaveProjectFile
     pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
     const std::vector<std::string_view> unchanged{FModule->Document().Bytes()};
     request.Content = pieces ? std::span<const std::string_view>(pieces->Pieces()) : unchanged;
@@ -273,7 +274,7 @@ bool TOpenProjectFile::SaveProjectFile(bool force) {
   bool written = false;
   try {
     // Brings the default classes and the import line, which belong into this save already.
-    Deployment().GetFiles();
+    deployment::EnsureDefaultDeployment(Deployment());
     auto pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
     written = pieces && Write(std::move(pieces), force);
   } catch (const deployment::TInputError& error) {
@@ -292,21 +293,21 @@ void TOpenProjectFile::MarkSaved() {
 
 TSaveReport TOpenProjectFile::Export() {
   RequireShippedFiles();
-  return WriteSideFile();
+  return WriteSideFile(TMSBuildDocument::TSaveMode::Write);
 }
 
 TSaveReport TOpenProjectFile::PlanExport() {
   RequireShippedFiles();
-  const TProjectFileUtils::TPlanOnly plan(FServices.GetProjectFileUtils());
-  return WriteSideFile();
+  return WriteSideFile(TMSBuildDocument::TSaveMode::Compare);
 }
 
-TSaveReport TOpenProjectFile::WriteSideFile() {
+TSaveReport TOpenProjectFile::WriteSideFile(TMSBuildDocument::TSaveMode mode) {
   TSaveReport report;
+  const TProjectFileUtils::TSaving saving(FServices.GetProjectFileUtils(), mode);
   Deployment().SaveToDeployProj();
   report.SideFile = FGivenName;
   report.SideFile.replace_extension(".deployproj");
-  report.SideFileWritten = FServices.GetProjectFileUtils().LastDocumentWasWritten();
+  report.SideFileWritten = saving.WasWritten();
   return report;
 }
 
