@@ -36,6 +36,7 @@ struct TPlanOptions {
   bool Prune = false;            ///< remove what was deployed and is not in the list any more
   bool HashAll = false;          ///< tell the hash of every file here
   std::string AfterDeploy = {};  ///< command for the target when all files are in place
+  bool KeepLinks = false;        ///< links stay links where the target knows them
   TPlaceRules Places = {};
   deployment::TDeploymentTarget Target = {};
 };
@@ -54,6 +55,7 @@ struct TPlannedFile {
   unsigned Mode = 0;                              ///< rights that it is to have on the target
   TRemoteStatus There = {};                       ///< what stands at its place now
   std::string HashThere = {};                     ///< of that, where it is known
+  std::string Link = {};              ///< what is deployed as a link is to store; else empty
   bool TimeDiffers = false;           ///< Unchanged, but the time stamp is to be brought in line
   std::vector<TAfterStep> Steps = {}; ///< to be done when the file is there
 

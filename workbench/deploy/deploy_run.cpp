@@ -89,6 +89,7 @@ TPlanOptions TDeployRun::PlanOptions() const {
       .Prune = wanted.Prune,
       .HashAll = wanted.HashAll,
       .AfterDeploy = FFacts.Destination.Profile ? FFacts.Destination.Profile->AfterDeploy : "",
+      .KeepLinks = FFacts.Destination.Profile.has_value(),
       .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FFacts.Target.Platform),
       .Target = FFacts.Target,
   };
@@ -210,7 +211,8 @@ bool TDeployRun::HasWork() const {
     return file.RecordPath.empty() || file.State != TFileState::Same ||
            (found != FReading.Record.Files.end() && found->second.Size == file.Local.Size &&
             found->second.Time == std::max<std::int64_t>(time.time_since_epoch().count(), 0) &&
-            found->second.Mode == file.Mode && found->second.Class == file.File.Class &&
+            found->second.Mode == file.Mode && found->second.Link == file.Link &&
+            found->second.Class == file.File.Class &&
             found->second.LocalName == file.File.LocalName &&
             found->second.Platform == FFacts.Target.Platform &&
             found->second.Configuration == FFacts.Target.Configuration);

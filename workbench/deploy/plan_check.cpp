@@ -5,7 +5,9 @@
 #include "workbench/files/sha256.h"
 #include "workbench/remote/target/file_times.h"
 
+#include <filesystem>
 #include <sys/stat.h>
+#include <system_error>
 #include <unordered_map>
 
 namespace workbench {
@@ -20,6 +22,9 @@ std::string LocalProblem(const TPlannedFile& file) {
                                                             : std::string();
   if (!isThere)
     return name + " is missing";
+  std::error_code ignored;
+  if (!file.Link.empty())
+    return std::filesystem::is_symlink(file.File.LocalFile, ignored) ? "" : name + " is no link";
   if (RightsFor(status.st_mode, file.File.Executable) != file.Mode)
     return name + " has other rights";
   if (static_cast<std::uint64_t>(status.st_size) != file.Local.Size ||

@@ -82,6 +82,7 @@ TJson FileJson(const TPlannedFile& file) {
           {"operation", static_cast<unsigned>(file.File.Operation)},
           {"executable", file.File.Executable},
           {"setTime", file.TimeDiffers},
+          {"link", file.Link},
           {"bytes", file.Bytes},
           {"localCommands", file.File.LocalCommands},
           {"steps", steps},
@@ -133,6 +134,7 @@ TPlannedFile PlannedFileOf(const TJson& value) {
   file.Mode = ModeFromText(value.Text("mode"));
   file.There = ThereOf(value.At("there"));
   file.HashThere = value.At("there").Text("hash");
+  file.Link = value.Text("link");
   file.TimeDiffers = value.At("setTime").AsBoolean("setTime");
   for (const std::string& key : value.At("steps").AsTexts("steps")) {
     const auto step = TAfterStep::FromKey(key);

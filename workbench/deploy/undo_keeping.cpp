@@ -71,6 +71,7 @@ void TUndoKeeping::Add(const TPlannedFile& file, TUndoKind kind) {
   if (file.Action != TDeployAction::Removed &&
       file.File.Operation != TDeployOperation::RunAndRemove)
     kept.Put = MarkOf(file.Local.Size, file.Local.Time);
+  kept.PutLink = file.Link;
   if (kind != TUndoKind::Remove) {
     kept.Before = MarkOf(file.There.Size, file.There.Modified);
     kept.Mode = file.There.Mode;

@@ -138,6 +138,10 @@ void TUndoPlanner::AskHashes() {
   std::vector<std::size_t> asked;
   for (std::size_t i = 0; i < FItems.size(); ++i) {
     const auto expected = ExpectedOf(FItems[i].File);
+    if (!FItems[i].File.PutLink.empty()) {
+      FIsPut[i] = FThere[i].Kind == TRemoteKind::Link;
+      continue;
+    }
     if (!expected || FThere[i].Kind != TRemoteKind::File || FThere[i].Size != expected->Mark.Size)
       continue;
     FIsPut[i] = SecondsOf(FThere[i].Modified) == expected->Mark.Time;

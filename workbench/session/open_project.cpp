@@ -68,16 +68,18 @@ public:
 
 TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
                                    const std::filesystem::path& file, TOpenPurpose purpose,
-                                   TNamedTexts properties)
-    : FServices(services), FGivenName(file), FListener(std::make_shared<TChangeListener>()) {
+                                   TNamedTexts properties,
+                                   std::shared_ptr<const TSolution> solution)
+    : FServices(services), FGivenName(file), FSolution(std::move(solution)),
+      FListener(std::make_shared<TChangeListener>()) {
   const std::filesystem::path full = FullPath(file);
   // The kind of file is looked at before it is locked, since a lock opens it.
   if (purpose == TOpenPurpose::Edit)
     FLock.emplace(file);
   TProjectFileStorage& storage = FServices.GetProjectFileStorage();
-  FModule =
-      std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
-                                       platforms, FServices.GetSettings(), std::move(properties));
+  FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
+                                             platforms, FServices.GetSettings(),
+                                             std::move(properties), FSolution);
   TakeFileNumber();
   FModule->SetDefaultProfile([&services](std::string_view platform) {
     return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
@@ -119,7 +121,8 @@ void TOpenProjectFile::CollectNotes() const {
   for (; FNotesTaken < notes.size(); ++FNotesTaken) {
     const TEvaluationNote& note = notes[FNotesTaken];
     if (!isTold(note))
-      FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
+      FWarnings.push_back({note.Text, note.Place.File, note.Place.Line,
+                           /*IsRemark=*/note.Kind == TNoteKind::FromOutside});
   }
 }
 
@@ -303,6 +306,11 @@ TSaveReport TOpenProjectFile::PlanExport() {
 
 TSaveReport TOpenProjectFile::WriteSideFile(TMSBuildDocument::TSaveMode mode) {
   TSaveReport report;
+  std::vector<std::string> platforms;
+  platforms.reserve(FModule->Settings().Platforms().size());
+  for (const TProjectPlatform& platform : FModule->Settings().Platforms())
+    platforms.push_back(platform.Name);
+  const TPlatformManager::TProjectWork work(FServices.GetPlatformManager(), platforms);
   const TProjectFileUtils::TSaving saving(FServices.GetProjectFileUtils(), mode);
   Deployment().SaveToDeployProj();
   report.SideFile = FGivenName;

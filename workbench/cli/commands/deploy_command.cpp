@@ -3,6 +3,7 @@
 #include "workbench/cli/commands/deploy_conduct.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
+#include "workbench/cli/context/solution_run.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deploy_progress.h"
@@ -21,7 +22,7 @@ public:
   std::string Summary() const override { return "Copy what differs to the target"; }
 
   void AddOptions(IOptions& options) override {
-    AddProjectArgument(options, FProject);
+    AddProjectsArgument(options, FProject);
     AddPlanOptions(options, FOptions);
     options.Flag("--check", FCheck,
                  "Change nothing; end with 7 when something would change, with 8 when others "
@@ -31,17 +32,24 @@ public:
   }
 
   int Run(TCommandContext& context) override {
-    TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
+    FOptions.DryRun = FChange.DryRun || FCheck;
+    TakeDeploySettings(context.Session.Settings(), FOptions);
+    return RunForProjects(context, FProject, TOpenPurpose::Look, TWorkTargets::One,
+                          [this](TCommandContext& part, TOpenProject& project) {
+                            return DeployProject(part, project);
+                          });
+  }
+
+private:
+  int DeployProject(TCommandContext& context, TOpenProject& project) const {
     const TTarget target = ChooseTarget(context, project);
     if (target.AllPlatforms)
       throw TUsageError("deploy needs a single platform, not \"all\"");
-    TakeDeploySettings(context.Session.Settings(), FOptions);
     if (!FOptions.Compress)
       context.Session.RemoteProfiles().Destinations().Prepare(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
     view.Open(project, target);
-    FOptions.DryRun = FChange.DryRun || FCheck;
     WarnSince(context, project, told);
     const deployment::TDeploymentTarget place{target.Configuration, target.Platform};
     const TDeployReport report = Deploy(context, project, place);
@@ -52,13 +60,12 @@ public:
            context.Session.RemoteProfiles().Destinations().Find(project.Project(), place).Text()},
           report);
     return ReportDeploy(context, place, report,
-                        {.File = FProject,
+                        {.File = project.GivenFileName().string(),
                          .IsDry = FOptions.DryRun,
                          .IsCheck = FCheck,
                          .AllowCommands = FAllowCommands});
   }
 
-private:
   TDeployReport Deploy(TCommandContext& context, TOpenProject& project,
                        const deployment::TDeploymentTarget& target) const {
     std::atomic<int> cancelled = 0;

@@ -13,10 +13,18 @@ namespace {
 
 constexpr std::array<std::string_view, 3> ResultNames{"done", "partly", "undone"};
 constexpr std::size_t HashLength = 64;
+constexpr std::size_t LongestLink = 4095;
 constexpr unsigned MostMode = 07777;
 
 [[noreturn]] void Reject(const std::string& reason) {
   throw deployment::TInputError(reason);
+}
+
+std::string LinkOf(const TJson& object) {
+  std::string link = object.TextOr("link", {});
+  if (link.size() > LongestLink || link.find('\0') != std::string::npos)
+    Reject("\"" + link.substr(0, LongestLink) + "\" is no text of a link");
+  return link;
 }
 
 std::string HashOf(const TJson& object) {
@@ -74,6 +82,7 @@ TRecordedFile RecordedFileOf(const TJson& value, const TTargetRecord& record) {
               static_cast<std::int64_t>(value.Number<std::uint64_t>("time", 0, MostRecordedTime)),
           .Hash = HashOf(value),
           .Mode = ModeFromText(value.Text("mode")),
+          .Link = LinkOf(value),
           .Run = value.Text("run"),
           .Platform = value.TextOr("platform", record.Platform),
           .Configuration = value.TextOr("configuration", record.Configuration)};
@@ -87,6 +96,8 @@ TJson RecordedFileJson(const TRecordedFile& file, const TTargetRecord& record) {
               {"sha256", file.Hash},
               {"mode", ModeText(file.Mode)},
               {"run", file.Run}};
+  if (!file.Link.empty())
+    value.Add("link", file.Link);
   // Most files are of the target that the record names itself.
   if (file.Platform != record.Platform)
     value.Add("platform", file.Platform);

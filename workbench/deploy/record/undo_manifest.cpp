@@ -37,6 +37,8 @@ TJson UndoFileJson(const TUndoFile& file) {
     value.Add("kept", file.Kept);
   if (!file.Link.empty())
     value.Add("link", file.Link);
+  if (!file.PutLink.empty())
+    value.Add("putLink", file.PutLink);
   if (file.Recorded)
     value.Add("recorded", RecordedFileJson(*file.Recorded, {}));
   if (!file.Owed.empty())
@@ -60,6 +62,7 @@ TUndoFile UndoFileOf(const TJson& value) {
                  .Path = value.Text("path"),
                  .Kept = KeptNameOf(value),
                  .Link = value.TextOr("link", {}),
+                 .PutLink = value.TextOr("putLink", {}),
                  .Put = MarkOf(value.At("put"))};
   CheckRecordedPath(file.Path);
   if (file.Kind != TUndoKind::Remove) {

@@ -33,6 +33,7 @@ struct TUndoFile {
   std::string Path = {};                      ///< relative to the profile's path
   std::string Kept = {};                      ///< name of what was kept, for Restore
   std::string Link = {};                      ///< where it led, for Link
+  std::string PutLink = {};                   ///< what a link that the deploy makes stores
   std::optional<TContentMark> Put = {};       ///< what the deploy puts there; nothing: it removes
   std::optional<TContentMark> Before = {};    ///< what was there; nothing for Remove and Link
   unsigned Mode = 0;                          ///< rights before
