@@ -9,7 +9,6 @@
 #include "workbench/project/project_identity.h"
 #include "workbench/services/app_strings.h"
 
-#include <algorithm>
 #include <span>
 #include <string_view>
 #include <sys/stat.h>
@@ -107,17 +106,12 @@ void TOpenProjectFile::CollectNotes() const {
   if (!present)
     return;
   const TEvaluationNotes& notes = *present;
-  const auto isTold = [this](const TEvaluationNote& note) {
-    return std::ranges::any_of(FWarnings, [&](const TWarning& warning) {
-      return warning.Text == note.Text && warning.File == note.Place.File &&
-             warning.Line == note.Place.Line;
-    });
-  };
   if (FNotesTaken > notes.size())
     FNotesTaken = 0;
   for (; FNotesTaken < notes.size(); ++FNotesTaken) {
     const TEvaluationNote& note = notes[FNotesTaken];
-    if (!isTold(note))
+    std::string told = note.Text + '\0' + note.Place.File + '\0' + std::to_string(note.Place.Line);
+    if (FNotesTold.insert(std::move(told)).second)
       FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
   }
 }

@@ -9,7 +9,9 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 #include <sys/types.h>
+#include <unordered_set>
 #include <vector>
 
 namespace workbench {
@@ -85,6 +87,7 @@ private:
   bool FIsShown = false;
   bool FIsClosingAnnounced = true;
   mutable std::size_t FNotesTaken = 0;
+  mutable std::unordered_set<std::string> FNotesTold;
   mutable std::vector<TWarning> FWarnings; // those that still wait are taken when asked for
 };
 
