@@ -6,14 +6,20 @@
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/terminal_interaction.h"
+#include "workbench/files/file_descriptor.h"
 #include "workbench/files/save_error.h"
 #include "workbench/msbuild/msbuild_properties.h"
 #include "workbench/services/remote_profile_services.h"
 
+#include <cerrno>
+#include <csignal>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <memory>
+#include <new>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace workbench {
@@ -47,14 +53,37 @@ int Reported(TOutput& output, TAction action) {
     return Report(output, {error.Status(), error.what(), {}, 0, false});
   } catch (const TSaveError& error) {
     return Report(output, {exit_status::WorkFailed, error.what(), error.File().string(), 0, true});
+  } catch (const std::filesystem::filesystem_error& error) {
+    const bool isOfDirectory = error.path1().empty();
+    return Report(output, {exit_status::WorkFailed,
+                           (isOfDirectory ? "the present directory cannot be used: " : "") +
+                               error.code().message(),
+                           error.path1().string(), 0, false});
+  } catch (const std::bad_alloc&) {
+    return Report(output, {exit_status::WorkFailed, "there is not enough memory", {}, 0, false});
+  } catch (const std::system_error& error) {
+    return Report(output,
+                  {exit_status::WorkFailed,
+                   std::string("the system does not give what the run needs: ") + error.what(),
+                   {},
+                   0,
+                   false});
   } catch (const std::exception& error) {
     return Report(output, {exit_status::WorkFailed, error.what(), {}, 0, false});
   }
 }
 
-void CheckWritten(bool written) {
-  if (!written)
-    throw TWorkError("the result could not be written to standard output");
+// The status of a run whose work ended with `status`, once its result is written. Like other
+// programs whose reader is gone ("| head -1"), this one ends as by the signal, without a word.
+int StatusOnceWritten(TOutput& output, int status) {
+  if (output.Flush())
+    return status;
+  if (output.WriteError() == EPIPE)
+    return 128 + SIGPIPE;
+  throw TWorkError("the result could not be written to standard output: " +
+                   SystemReason(output.WriteError()) + "; the work itself " +
+                   (status == exit_status::Done ? std::string("is done")
+                                                : "ended with status " + std::to_string(status)));
 }
 
 // A root without files of its own is a plain installation; one that is not there is a slip.
@@ -88,11 +117,7 @@ int RunCommand(ICommand& command, const TCommonOptions& options, TOutput& output
   const auto interaction = std::make_shared<TTerminalInteraction>(output);
   session.RemoteProfiles().SetInteraction(interaction);
   TCommandContext context{options, session, output, *interaction};
-  return Reported(output, [&] {
-    const int status = command.Run(context);
-    CheckWritten(output.Flush());
-    return status;
-  });
+  return Reported(output, [&] { return StatusOnceWritten(output, command.Run(context)); });
 }
 
 int Run(int argc, const char* const* argv) {
@@ -105,7 +130,7 @@ int Run(int argc, const char* const* argv) {
     command = parsed.Command;
     if (!command) {
       early.Write(parsed.Text);
-      CheckWritten(early.Flush());
+      return StatusOnceWritten(early, exit_status::Done);
     }
     return exit_status::Done;
   });

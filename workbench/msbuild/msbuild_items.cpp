@@ -16,7 +16,8 @@ namespace {
 
 // Lists that refer to themselves grow without end; real projects stay far below.
 constexpr std::size_t MostWork = 10'000'000;
-constexpr std::size_t CharactersOfWork = 32; // that are looked at in the time an item takes
+constexpr std::size_t WorkOfItem = 10;       // which stays in memory as well
+constexpr std::size_t CharactersOfWork = 32; // that are looked at in the time a step takes
 
 // Two includes with the same key are the same file.
 std::string KeyOf(std::string_view include) {
@@ -153,7 +154,7 @@ void TItemEvaluator::Include(deployment::IXMLNode& element, std::string_view inc
 
 void TItemEvaluator::Add(const deployment::IXMLNode& element, std::string include,
                          const TMetadata& metadata, const TUnknown& unknown) {
-  Spend(1 + metadata.size(), element);
+  Spend(WorkOfItem + metadata.size(), element);
   TypeOf(element.NodeName()).Positions.push_back(FItems.size());
   FItems.push_back(
       {std::string(element.NodeName()), std::move(include), metadata, &element, false, unknown});

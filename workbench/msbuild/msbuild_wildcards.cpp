@@ -93,6 +93,8 @@ bool TWildcardPattern::IsPattern(std::string_view escaped) {
 }
 
 TWildcardPattern::TWildcardPattern(std::string_view escaped) : FText(escaped) {
+  if (escaped.size() > LongestPath)
+    return; // is refused, and takes in nothing
   const std::string marked = MarkWildcards(escaped);
   const std::size_t wildcard = std::min(marked.find_first_of(Wildcards), marked.size());
   const std::string_view fixed =

@@ -6,6 +6,7 @@
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
 #include "workbench/files/machine_path.h"
+#include "workbench/msbuild/generated_mark.h"
 #include "workbench/project/project_identity.h"
 #include "workbench/services/app_strings.h"
 
@@ -16,6 +17,8 @@
 
 namespace workbench {
 namespace {
+
+constexpr std::string_view SideFileImport = "$(MSBuildProjectName).deployproj";
 
 std::filesystem::path FullPath(const std::filesystem::path& file) {
   if (file.empty())
@@ -220,8 +223,11 @@ TSaveReport TOpenProjectFile::SaveAs(const std::filesystem::path& file, bool ove
 
 TSaveReport TOpenProjectFile::Save(bool force) {
   TSaveReport report;
-  if (!HasChanges())
+  if (!HasChanges()) {
+    report.SideFileWritten = RefreshSideFile();
+    report.SideFile = SideFile();
     return report;
+  }
   RequireShippedFiles();
   const bool written = SaveProjectFile(force);
   report = ExportAfterSave();
@@ -286,22 +292,44 @@ void TOpenProjectFile::MarkSaved() {
 
 TSaveReport TOpenProjectFile::Export() {
   RequireShippedFiles();
-  return WriteSideFile();
+  return MakeSideFile(TProjectFileUtils::TSideFileMode::Write);
 }
 
 TSaveReport TOpenProjectFile::PlanExport() {
   RequireShippedFiles();
-  const TProjectFileUtils::TPlanOnly plan(FServices.GetProjectFileUtils());
-  return WriteSideFile();
+  return MakeSideFile(TProjectFileUtils::TSideFileMode::Compare);
 }
 
-TSaveReport TOpenProjectFile::WriteSideFile() {
-  TSaveReport report;
+std::filesystem::path TOpenProjectFile::SideFile() const {
+  std::filesystem::path file = FGivenName;
+  return file.replace_extension(".deployproj");
+}
+
+TSaveReport TOpenProjectFile::MakeSideFile(TProjectFileUtils::TSideFileMode mode) {
+  const TProjectFileUtils::TSideFileRun run(FServices.GetProjectFileUtils(), mode,
+                                            FModule->ListHash());
   Deployment().SaveToDeployProj();
-  report.SideFile = FGivenName;
-  report.SideFile.replace_extension(".deployproj");
-  report.SideFileWritten = FServices.GetProjectFileUtils().LastDocumentWasWritten();
+  TSaveReport report;
+  report.SideFile = SideFile();
+  report.SideFileWritten = run.WasWritten();
   return report;
+}
+
+// A project that does not ask for the file yet gets it with the first change that is saved.
+bool TOpenProjectFile::RefreshSideFile() {
+  if (!FModule->Document().HasStoredImport(SideFileImport) ||
+      HasGeneratedMark(SideFile(), FModule->ListHash()))
+    return false;
+  try {
+    if (!Export().SideFileWritten)
+      return false;
+  } catch (const TSaveError& error) {
+    throw TSaveError("the project is as it should be, but its side file is out of date: " +
+                         std::string(error.what()),
+                     SideFile());
+  }
+  FWarnings.push_back({"the side file was out of date and was written anew", SideFile().string()});
+  return true;
 }
 
 } // namespace workbench

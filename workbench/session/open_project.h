@@ -39,6 +39,7 @@ public:
   void SetLabelledItems(std::string_view label, std::vector<TLabelledItem> items) override;
   void RequireShippedFiles() override;
   TSaveReport Save(bool force) override;
+  bool RefreshSideFile() override;
   bool AssignProfile(std::string_view platform, std::string_view profile, bool force) override;
   bool SaveProjectFile(bool force) override;
   TSaveReport Export() override;
@@ -68,7 +69,8 @@ private:
 
   static std::optional<TFileNumber> FileNumberOf(const std::filesystem::path& file);
 
-  TSaveReport WriteSideFile();
+  std::filesystem::path SideFile() const;
+  TSaveReport MakeSideFile(TProjectFileUtils::TSideFileMode mode);
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
   void MarkSaved();
   void TakeFileNumber();
