@@ -8,7 +8,7 @@
 #include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/save_error.h"
-#include "workbench/msbuild/msbuild_properties.h"
+#include "workbench/msbuild/property_names.h"
 #include "workbench/services/remote_profile_services.h"
 
 #include <cerrno>

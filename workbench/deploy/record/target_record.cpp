@@ -29,8 +29,7 @@ void CheckPath(const std::string& path) {
   if (!place.Problem.empty())
     Reject(place.Problem);
   if (path.find('\\') != std::string::npos || IsRecordPath(path) ||
-      path != (place.Name.Directory.empty() ? place.Name.Name
-                                            : place.Name.Directory + "/" + place.Name.Name))
+      path != (place.Name.Directory.empty() ? place.Name.Name : place.Name.Path()))
     Reject("\"" + path + "\" is no path of a file");
 }
 

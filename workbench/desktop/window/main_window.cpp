@@ -33,7 +33,7 @@
 namespace workbench {
 namespace {
 
-constexpr std::chrono::milliseconds PollInterval(500);
+constexpr std::chrono::milliseconds RefreshInterval(500);
 constexpr QSize FirstSize(1180, 680);
 
 constexpr std::string_view WindowImage = R"(<svg xmlns="http://www.w3.org/2000/svg"
@@ -74,7 +74,7 @@ void TMainWindow::WatchState() {
   FState.setSingleShot(true);
   FState.setInterval(0);
   connect(&FState, &QTimer::timeout, this, &TMainWindow::ShowState);
-  FPoll.setInterval(PollInterval);
+  FPoll.setInterval(RefreshInterval);
   connect(&FPoll, &QTimer::timeout, this, &TMainWindow::ShowState);
   FPoll.start();
   connect(&FWatcher, &TProjectWatcher::FilesChanged, this, &TMainWindow::CheckDisk);
