@@ -93,7 +93,7 @@ bool TWildcardPattern::IsPattern(std::string_view escaped) {
 }
 
 TWildcardPattern::TWildcardPattern(std::string_view escaped) : FText(escaped) {
-  if (escaped.size() > LongestPath)
+  if (escaped.size() > LongestPath && IsPattern(escaped))
     return; // is refused, and takes in nothing
   const std::string marked = MarkWildcards(escaped);
   const std::size_t wildcard = std::min(marked.find_first_of(Wildcards), marked.size());
@@ -157,6 +157,11 @@ bool TWildcardPattern::Matches(const TParts& path, std::size_t& work) const {
       !std::equal(FFixedParts.begin(), FFixedParts.end(), path.begin()))
     return false;
   return MatchesParts(std::span(path).subspan(FFixedParts.size()), work);
+}
+
+bool TWildcardPattern::Matches(std::string_view path) const {
+  std::size_t ignored = 0;
+  return Matches(SplitPath(path), ignored);
 }
 
 bool TWildcardPattern::TakesAnyDepth() const {

@@ -30,6 +30,8 @@ public:
   /// Does the pattern take in this path? Letters ignoring case. Adds to `work` how many characters
   /// were looked at.
   bool Matches(const TParts& path, std::size_t& work) const;
+  /// The same for a plain path of any length.
+  bool Matches(std::string_view path) const;
 
   /// The files of this machine that the pattern takes in, sorted, written as the pattern writes
   /// its fixed part and with "\" behind it. Links to directories are not followed. Throws
