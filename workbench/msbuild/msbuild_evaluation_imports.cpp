@@ -115,10 +115,10 @@ void TMSBuildEvaluation::ImportNamed(const std::string& name, const IXMLNode& im
   }
   std::error_code error;
   if (found && !fs::is_regular_file(file, error)) {
-    const std::string name = "the import \"" + ShortText(file.string()) + "\"";
+    const std::string shown = "the import \"" + ShortText(file.string()) + "\"";
     if (file != FGeneratedFile)
-      throw deployment::TInputError(name + " is no file", import.Place());
-    return Note(TNoteKind::SkippedImport, name + " was skipped: it is no file", import);
+      throw deployment::TInputError(shown + " is no file", import.Place());
+    return Note(TNoteKind::SkippedImport, shown + " was skipped: it is no file", import);
   }
   if (asksExists && !found)
     return;
