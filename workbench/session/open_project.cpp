@@ -113,7 +113,9 @@ void TOpenProjectFile::CollectNotes() const {
     FNotesTaken = 0;
   for (; FNotesTaken < notes.size(); ++FNotesTaken) {
     const TEvaluationNote& note = notes[FNotesTaken];
-    std::string told = note.Text + '\0' + note.Place.File + '\0' + std::to_string(note.Place.Line);
+    std::string told = note.Text;
+    told.append(1, '\0').append(note.Place.File).append(1, '\0');
+    told.append(std::to_string(note.Place.Line));
     if (FNotesTold.insert(std::move(told)).second)
       FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
   }
