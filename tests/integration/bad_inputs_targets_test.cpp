@@ -66,7 +66,7 @@ std::vector<TDamage> HostileNames() {
       DeployDamage("TwoOfOneName",
                    DeployedFile("a.dat", "<RemoteName>x</RemoteName>") +
                        DeployedFile("b.dat", "<RemoteName>X</RemoteName>"),
-                   1, "it lands on %D/target/p/x, and so does \"b.dat\""),
+                   1, "it lands on %D/target/p/X, and so does \"a.dat\""),
       DeployDamage("FileWhereADirectoryIsDue",
                    DeployedFile("a.dat", "<RemoteName>x</RemoteName>") +
                        DeployedFile("b.dat", "<RemoteDir>x\\</RemoteDir>"),

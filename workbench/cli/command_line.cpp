@@ -54,11 +54,12 @@ int Reported(TOutput& output, TAction action) {
   } catch (const TSaveError& error) {
     return Report(output, {exit_status::WorkFailed, error.what(), error.File().string(), 0, true});
   } catch (const std::filesystem::filesystem_error& error) {
-    const bool isOfDirectory = error.path1().empty();
-    return Report(output, {exit_status::WorkFailed,
-                           (isOfDirectory ? "the present directory cannot be used: " : "") +
-                               error.code().message(),
-                           error.path1().string(), 0, false});
+    std::error_code gone;
+    std::filesystem::current_path(gone);
+    return Report(output,
+                  {exit_status::WorkFailed,
+                   (gone ? "the present directory cannot be used: " : "") + error.code().message(),
+                   gone ? std::string() : error.path1().string(), 0, false});
   } catch (const std::bad_alloc&) {
     return Report(output, {exit_status::WorkFailed, "there is not enough memory", {}, 0, false});
   } catch (const std::system_error& error) {

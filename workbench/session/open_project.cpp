@@ -238,12 +238,13 @@ TSaveReport TOpenProjectFile::Save(bool force) {
 }
 
 TSaveReport TOpenProjectFile::ExportAfterSave() {
+  constexpr const char* Done = "the project is saved, but not its side file: ";
   try {
     return Export();
   } catch (const deployment::TInputError& error) {
-    throw TSaveError("the project is saved, but not its side file: " + error.Place().File + ": " +
-                         error.what(),
-                     FGivenName);
+    throw TSaveError(Done + error.Place().File + ": " + error.what(), FGivenName);
+  } catch (const TSaveError& error) {
+    throw TSaveError(std::string(Done) + error.what(), error.File());
   }
 }
 
