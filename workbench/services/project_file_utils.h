@@ -2,51 +2,48 @@
 #pragma once
 
 #include "package/host/api/projectfileutils.h"
+#include "workbench/msbuild/msbuild_document.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace workbench {
 
-class TMSBuildDocument;
-
 class TProjectFileUtils final : public deployment::IProjectFileUtils {
 public:
-  enum class TSideFileMode {
-    Write,
-    Compare, ///< only finds out whether the file is different
-  };
-
-  /// One making of a side file: the document that is loaded while it stands.
-  class TSideFileRun {
-  public:
-    /// The document ends with the mark of the list. The utilities must outlive the object; there is
-    /// one at a time.
-    TSideFileRun(TProjectFileUtils& utils, TSideFileMode mode, std::string listHash);
-    ~TSideFileRun();
-    TSideFileRun(const TSideFileRun&) = delete;
-    TSideFileRun& operator=(const TSideFileRun&) = delete;
-
-    /// True when the document has been saved and was different from the file on disk.
-    bool WasWritten() const;
-
-  private:
-    friend class TProjectFileUtils;
-
-    TProjectFileUtils& FUtils;
-    const TSideFileMode FMode;
-    const std::string FListHash;
-    std::shared_ptr<TMSBuildDocument> FDocument;
-  };
-
   std::shared_ptr<deployment::IMSBuildProjectDocument>
   MSBuildLoadProjectDocument(std::string_view fileName) override;
   void EnsureImport(deployment::ICustomProject& project, std::string_view import,
                     std::string_view condition) override;
 
+  /// Documents that are loaded while it stands are saved in its mode, with the mark of the list
+  /// that they are made from, and it knows what became of them. One at a time.
+  class TSaving {
+  public:
+    TSaving(TProjectFileUtils& utils, TMSBuildDocument::TSaveMode mode, std::string listHash)
+        : FUtils(utils), FMode(mode), FListHash(std::move(listHash)) {
+      FUtils.FSaving = this;
+    }
+    ~TSaving() { FUtils.FSaving = nullptr; }
+    TSaving(const TSaving&) = delete;
+    TSaving& operator=(const TSaving&) = delete;
+
+    /// True when a document has been saved that was different from the file on disk.
+    bool WasWritten() const;
+
+  private:
+    friend TProjectFileUtils;
+    TProjectFileUtils& FUtils;
+    const TMSBuildDocument::TSaveMode FMode;
+    const std::string FListHash;
+    std::vector<std::shared_ptr<TMSBuildDocument>> FDocuments;
+  };
+
 private:
-  TSideFileRun* FRun = nullptr;
+  TSaving* FSaving = nullptr; // the one that stands
 };
 
 } // namespace workbench

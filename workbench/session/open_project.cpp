@@ -2,6 +2,7 @@
 
 #include "package/common/convert.h"
 #include "package/common/path_text.h"
+#include "package/host/api/default_deployment.h"
 #include "workbench/files/file_backup.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
@@ -206,7 +207,7 @@ TSaveReport TOpenProjectFile::SaveAs(const std::filesystem::path& file, bool ove
   request.Force = overwrite;
   TSaveReport report;
   try {
-    Deployment().GetFiles(); // as in SaveProjectFile
+    deployment::EnsureDefaultDeployment(Deployment()); // as in SaveProjectFile
     pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
     const std::vector<std::string_view> unchanged{FModule->Document().Bytes()};
     request.Content = pieces ? std::span<const std::string_view>(pieces->Pieces()) : unchanged;
@@ -276,7 +277,7 @@ bool TOpenProjectFile::SaveProjectFile(bool force) {
   bool written = false;
   try {
     // Brings the default classes and the import line, which belong into this save already.
-    Deployment().GetFiles();
+    deployment::EnsureDefaultDeployment(Deployment());
     auto pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
     written = pieces && Write(std::move(pieces), force);
   } catch (const deployment::TInputError& error) {
@@ -295,12 +296,12 @@ void TOpenProjectFile::MarkSaved() {
 
 TSaveReport TOpenProjectFile::Export() {
   RequireShippedFiles();
-  return MakeSideFile(TProjectFileUtils::TSideFileMode::Write);
+  return WriteSideFile(TMSBuildDocument::TSaveMode::Write);
 }
 
 TSaveReport TOpenProjectFile::PlanExport() {
   RequireShippedFiles();
-  return MakeSideFile(TProjectFileUtils::TSideFileMode::Compare);
+  return WriteSideFile(TMSBuildDocument::TSaveMode::Compare);
 }
 
 std::filesystem::path TOpenProjectFile::SideFile() const {
@@ -308,13 +309,13 @@ std::filesystem::path TOpenProjectFile::SideFile() const {
   return file.replace_extension(".deployproj");
 }
 
-TSaveReport TOpenProjectFile::MakeSideFile(TProjectFileUtils::TSideFileMode mode) {
-  const TProjectFileUtils::TSideFileRun run(FServices.GetProjectFileUtils(), mode,
-                                            FModule->ListHash());
-  Deployment().SaveToDeployProj();
+TSaveReport TOpenProjectFile::WriteSideFile(TMSBuildDocument::TSaveMode mode) {
   TSaveReport report;
+  const TProjectFileUtils::TSaving saving(FServices.GetProjectFileUtils(), mode,
+                                          FModule->ListHash());
+  Deployment().SaveToDeployProj();
   report.SideFile = SideFile();
-  report.SideFileWritten = run.WasWritten();
+  report.SideFileWritten = saving.WasWritten();
   return report;
 }
 

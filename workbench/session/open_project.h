@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/files/file_lock.h"
+#include "workbench/msbuild/msbuild_document.h"
 #include "workbench/services/ide_services.h"
 #include "workbench/services/project_module.h"
 #include "workbench/session/session.h"
@@ -70,7 +71,7 @@ private:
   static std::optional<TFileNumber> FileNumberOf(const std::filesystem::path& file);
 
   std::filesystem::path SideFile() const;
-  TSaveReport MakeSideFile(TProjectFileUtils::TSideFileMode mode);
+  TSaveReport WriteSideFile(TMSBuildDocument::TSaveMode mode);
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
   void MarkSaved();
   void TakeFileNumber();

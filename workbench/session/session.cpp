@@ -1,5 +1,6 @@
 #include "workbench/session/session.h"
 
+#include "package/host/api/default_deployment.h"
 #include "package/host/api/deploymentapi.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
@@ -258,7 +259,7 @@ std::vector<std::shared_ptr<deployment::IProjectDeploymentClass>> TSession::Ship
                                            services.GetProjectFileStorage().SectionName()),
         FImpl->Platforms, services.GetSettings());
     services.GetModuleHandlerGauntlet().AttachHandlers(*scratch);
-    scratch->GetProjectDeployment()->GetFiles();
+    deployment::EnsureDefaultDeployment(*scratch->GetProjectDeployment());
     FImpl->Scratch = std::move(scratch);
   }
   return FImpl->Scratch->GetProjectDeployment()->GetClasses();

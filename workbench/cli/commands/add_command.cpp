@@ -1,5 +1,6 @@
 // deploymgr add: puts files on the list.
 #include "package/common/delimited_list.h"
+#include "package/host/api/default_deployment.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/name_hint.h"
@@ -103,7 +104,7 @@ private:
 
   void WarnOfUnknownClass(TCommandContext& context, TOpenProject& project) const {
     // A list without the class of users' files is common and harmless.
-    project.Deployment().GetFiles(); // a project without a list gets the default classes
+    deployment::EnsureDefaultDeployment(project.Deployment());
     if (FClass == deployment::class_names::File || project.Deployment().FindClass(FClass))
       return;
     std::vector<std::string> names;
