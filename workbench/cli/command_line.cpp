@@ -55,7 +55,7 @@ int Reported(TOutput& output, TAction action) {
     return Report(output, {exit_status::WorkFailed, error.what(), error.File().string(), 0, true});
   } catch (const std::filesystem::filesystem_error& error) {
     std::error_code gone;
-    std::filesystem::current_path(gone);
+    static_cast<void>(std::filesystem::current_path(gone));
     return Report(output,
                   {exit_status::WorkFailed,
                    (gone ? "the present directory cannot be used: " : "") + error.code().message(),
