@@ -7,8 +7,11 @@ JOBS := $(shell nproc)
 UNITY := -DCMAKE_UNITY_BUILD=ON
 SOURCES = $(shell git ls-files '*.h' '*.cpp')
 
-.PHONY: all run test bench lint dependencies test-dependencies bench-dependencies \
-	lint-dependencies clean
+# Of "make fuzz": how long inputs are made up for each target.
+SECONDS ?= 30
+
+.PHONY: all run test faults faults-sample fuzz bench lint dependencies test-dependencies \
+	bench-dependencies lint-dependencies sanitize-dependencies clean
 
 all: dependencies
 	@cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
@@ -25,6 +28,20 @@ test: test-dependencies
 		$(UNITY)
 	cmake --build $(BUILD) -j $(JOBS)
 	ctest --test-dir $(BUILD) -j $(JOBS) --output-on-failure
+
+# Every system call of every scenario fails or kills the program once; the sample hits 600 of them.
+FAULTS = $(BUILD)/bin/fault_runner --programs $(BUILD)/bin --root $(CURDIR) --jobs $(JOBS)
+faults faults-sample: test-dependencies
+	cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DDEPLOYMENT_FAULTS=ON \
+		$(UNITY)
+	cmake --build $(BUILD) -j $(JOBS) --target fault_runner
+	$(FAULTS) $(if $(filter faults-sample,$@),--sample 600)
+
+# The corpus of each target first, then inputs that are made up: make fuzz SECONDS=600
+fuzz: sanitize-dependencies
+	cmake --preset asan-ubsan
+	cmake --build --preset asan-ubsan -j $(JOBS) --target fuzz_targets
+	fuzz/run.sh build-asan-ubsan/bin $(SECONDS)
 
 bench: bench-dependencies
 	cmake -S . -B $(BUILD)-release -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=Release \
@@ -46,6 +63,8 @@ test-dependencies:
 	@tools/install_dependencies.sh build test
 bench-dependencies:
 	@tools/install_dependencies.sh build bench
+sanitize-dependencies:
+	@tools/install_dependencies.sh build sanitize
 lint-dependencies:
 	@tools/install_dependencies.sh build lint
 

@@ -1,13 +1,12 @@
 #include "workbench/cli/command_line.h"
 
 #include "package/common/case_fold.h"
-#include "package/common/errors.h"
 #include "workbench/cli/argument_parser.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/failure_report.h"
 #include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/files/file_descriptor.h"
-#include "workbench/files/save_error.h"
 #include "workbench/msbuild/property_names.h"
 #include "workbench/services/remote_profile_services.h"
 
@@ -31,47 +30,6 @@ bool HasArgument(int argc, const char* const* argv, std::string_view wanted) {
       return true;
   }
   return false;
-}
-
-int Report(TOutput& output, const TFailure& failure) {
-  output.Error(failure);
-  output.Flush();
-  return failure.Status;
-}
-
-// Turns whatever an action throws into a message and an exit status.
-template <class TAction>
-int Reported(TOutput& output, TAction action) {
-  try {
-    return action();
-  } catch (const TUsageError& error) {
-    return Report(output, {exit_status::WrongUsage, error.what(), {}, 0, false});
-  } catch (const deployment::TInputError& error) {
-    return Report(output, {exit_status::UnreadableInput, error.what(), error.Place().File,
-                           error.Place().Line, false});
-  } catch (const TExitError& error) {
-    return Report(output, {error.Status(), error.what(), {}, 0, false});
-  } catch (const TSaveError& error) {
-    return Report(output, {exit_status::WorkFailed, error.what(), error.File().string(), 0, true});
-  } catch (const std::filesystem::filesystem_error& error) {
-    std::error_code gone;
-    static_cast<void>(std::filesystem::current_path(gone));
-    return Report(output,
-                  {exit_status::WorkFailed,
-                   (gone ? "the present directory cannot be used: " : "") + error.code().message(),
-                   gone ? std::string() : error.path1().string(), 0, false});
-  } catch (const std::bad_alloc&) {
-    return Report(output, {exit_status::WorkFailed, "there is not enough memory", {}, 0, false});
-  } catch (const std::system_error& error) {
-    return Report(output,
-                  {exit_status::WorkFailed,
-                   std::string("the system does not give what the run needs: ") + error.what(),
-                   {},
-                   0,
-                   false});
-  } catch (const std::exception& error) {
-    return Report(output, {exit_status::WorkFailed, error.what(), {}, 0, false});
-  }
 }
 
 // The status of a run whose work ended with `status`, once its result is written. Like other

@@ -70,16 +70,18 @@ public:
 
 TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
                                    const std::filesystem::path& file, TOpenPurpose purpose,
-                                   TNamedTexts properties)
-    : FServices(services), FGivenName(file), FListener(std::make_shared<TChangeListener>()) {
+                                   TNamedTexts properties,
+                                   std::shared_ptr<const TSolution> solution)
+    : FServices(services), FGivenName(file), FSolution(std::move(solution)),
+      FListener(std::make_shared<TChangeListener>()) {
   const std::filesystem::path full = FullPath(file);
   // The kind of file is looked at before it is locked, since a lock opens it.
   if (purpose == TOpenPurpose::Edit)
     FLock.emplace(file);
   TProjectFileStorage& storage = FServices.GetProjectFileStorage();
-  FModule =
-      std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
-                                       platforms, FServices.GetSettings(), std::move(properties));
+  FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
+                                             platforms, FServices.GetSettings(),
+                                             std::move(properties), FSolution);
   TakeFileNumber();
   FModule->SetDefaultProfile([&services](std::string_view platform) {
     return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
@@ -118,7 +120,8 @@ void TOpenProjectFile::CollectNotes() const {
     told.append(1, '\0').append(note.Place.File).append(1, '\0');
     told.append(std::to_string(note.Place.Line));
     if (FNotesTold.insert(std::move(told)).second)
-      FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
+      FWarnings.push_back({note.Text, note.Place.File, note.Place.Line,
+                           /*IsRemark=*/note.Kind == TNoteKind::FromOutside});
   }
 }
 
@@ -311,6 +314,11 @@ std::filesystem::path TOpenProjectFile::SideFile() const {
 
 TSaveReport TOpenProjectFile::WriteSideFile(TMSBuildDocument::TSaveMode mode) {
   TSaveReport report;
+  std::vector<std::string> platforms;
+  platforms.reserve(FModule->Settings().Platforms().size());
+  for (const TProjectPlatform& platform : FModule->Settings().Platforms())
+    platforms.push_back(platform.Name);
+  const TPlatformManager::TProjectWork work(FServices.GetPlatformManager(), platforms);
   const TProjectFileUtils::TSaving saving(FServices.GetProjectFileUtils(), mode,
                                           FModule->ListHash());
   Deployment().SaveToDeployProj();

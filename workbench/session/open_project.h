@@ -21,10 +21,12 @@ class TOpenProjectFile final : public TOpenProject {
 public:
   /// Reads the project and its deployment. Throws as TSession::Open does.
   TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
-                   const std::filesystem::path& file, TOpenPurpose purpose, TNamedTexts properties);
+                   const std::filesystem::path& file, TOpenPurpose purpose, TNamedTexts properties,
+                   std::shared_ptr<const TSolution> solution);
   ~TOpenProjectFile() override;
 
   const std::filesystem::path& GivenFileName() const override { return FGivenName; }
+  const std::shared_ptr<const TSolution>& Solution() const override { return FSolution; }
   deployment::IOTAProject& Project() override { return *FModule; }
   std::shared_ptr<deployment::IOTAProject> SharedProject() override { return FModule; }
   deployment::IProjectDeployment& Deployment() override;
@@ -79,6 +81,7 @@ private:
 
   TIDEServices& FServices;
   std::filesystem::path FGivenName;
+  const std::shared_ptr<const TSolution> FSolution;
   std::optional<TFileLock> FLock;
   std::shared_ptr<TProjectModule> FModule; ///< views share it until they are closed
   std::shared_ptr<TChangeListener> FListener;

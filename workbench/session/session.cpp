@@ -125,9 +125,10 @@ TSession::~TSession() {
   FImpl->Package.Package().Stop();
 }
 
-TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose purpose) {
-  FImpl->Projects.push_back(std::make_unique<TOpenProjectFile>(FImpl->Services, FImpl->Platforms,
-                                                               file, purpose, FImpl->Properties));
+TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose purpose,
+                             std::shared_ptr<const TSolution> solution) {
+  FImpl->Projects.push_back(std::make_unique<TOpenProjectFile>(
+      FImpl->Services, FImpl->Platforms, file, purpose, FImpl->Properties, std::move(solution)));
   return *FImpl->Projects.back();
 }
 

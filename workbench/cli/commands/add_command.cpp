@@ -50,6 +50,7 @@ public:
     entry.RemoteDir = FRemoteDir;
     entry.RemoteName = FRemoteName;
     entry.Enabled = !FDisabled;
+    FFiles.Chains = FRemoteName.empty();
     const std::vector<TAddedFile> files = CollectFiles(context, FFiles, project);
     WarnOfUnknownClass(context, project);
     SaveAndReport(context, project, FChange, Add(context, project, files, std::move(entry)));
