@@ -16,9 +16,7 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
-#include <new>
 #include <string>
-#include <system_error>
 #include <vector>
 
 namespace workbench {

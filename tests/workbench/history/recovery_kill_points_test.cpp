@@ -84,7 +84,7 @@ TEST_F(RecoveryKillPoints, OfASaveDoubleNothingAndLoseNothing) {
   });
   if (states.empty())
     GTEST_SKIP() << "this machine lets nobody look at processes";
-  EXPECT_GT(states.size(), 20U);
+  EXPECT_GE(states.size(), 15U);
   ExpectWholeListAfterEach(states);
 }
 
@@ -101,7 +101,7 @@ TEST_F(RecoveryKillPoints, OfARecoveryDoubleNothingAndLoseNothing) {
   });
   if (states.empty())
     GTEST_SKIP() << "this machine lets nobody look at processes";
-  EXPECT_GT(states.size(), 15U);
+  EXPECT_GE(states.size(), 12U);
   ExpectWholeListAfterEach(states);
 }
 
