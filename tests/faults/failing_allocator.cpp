@@ -20,6 +20,9 @@ faults::TAllocationPlan* Plan = nullptr;
 __attribute__((constructor)) void FindPlan() {
   const char* name = std::getenv(faults::AllocationPlanVariable);
   const int file = name ? ::open(name, O_RDWR | O_CLOEXEC) : -1;
+  // Programs that this one starts have their memory.
+  ::unsetenv(faults::AllocationPlanVariable);
+  ::unsetenv("LD_PRELOAD");
   if (file < 0)
     return;
   void* memory =

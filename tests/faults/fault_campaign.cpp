@@ -39,7 +39,8 @@ std::vector<TFault> FaultsOf(const IFamily& family, const TRunEnd& counted,
   for (const std::uint64_t transfer : Chosen(counted.Transfers, family.MostCalls()))
     faults.push_back({TFaultKind::Short, transfer, 0});
   faults.push_back({TFaultKind::AllShort, 0, 0});
-  faults.push_back({TFaultKind::Interrupted, 0, 0});
+  if (counted.Transfers > 2)
+    faults.push_back({TFaultKind::Interrupted, 0, 0});
   if (family.MostAllocations() > 0) {
     for (const std::uint64_t allocation : Chosen(allocations, family.MostAllocations()))
       faults.push_back({TFaultKind::Allocation, allocation, 0});

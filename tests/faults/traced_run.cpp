@@ -182,15 +182,29 @@ private:
     if (!FIsArmed || IsOfWakeUp(*call, arguments))
       return;
     ++FEnd.Calls;
-    const bool isTransfer = call->IsTransfer && arguments[2] > 1;
+    // The loader of modules takes what it reads for whole, and a file system gives it whole.
+    const bool isTransfer =
+        call->IsTransfer && arguments[2] > 1 && !FileName(arguments[0]).ends_with(".so");
     FEnd.Transfers += isTransfer ? 1 : 0;
-    const bool isHit =
-        (FFault.Kind == TFaultKind::Error || FFault.Kind == TFaultKind::Kill)
-            ? FEnd.Calls == FFault.At
-            : isTransfer && (FFault.Kind == TFaultKind::AllShort ||
-                             (FFault.Kind == TFaultKind::Short && FEnd.Transfers == FFault.At));
-    if (isHit)
+    if (IsHit(isTransfer))
       Hit(thread, *call, arguments);
+  }
+
+  bool IsHit(bool isTransfer) const {
+    constexpr std::uint64_t Often = 3;
+    switch (FFault.Kind) {
+    case TFaultKind::Error:
+    case TFaultKind::Kill:
+      return FEnd.Calls == FFault.At;
+    case TFaultKind::Short:
+      return isTransfer && FEnd.Transfers == FFault.At;
+    case TFaultKind::AllShort:
+      return isTransfer;
+    case TFaultKind::Interrupted:
+      return isTransfer && FEnd.Transfers % Often == 0;
+    default:
+      return false;
+    }
   }
 
   void Arm(pid_t thread, const TSystemCall& call, const std::uint64_t* arguments) {
