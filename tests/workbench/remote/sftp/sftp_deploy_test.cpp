@@ -2,6 +2,7 @@
 #include "tests/workbench/remote/sftp/sftp_fixture.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -75,6 +76,40 @@ private:
   std::uint64_t FLeft;
   std::atomic<int>& FFlag;
 };
+
+TEST_F(SftpDeploy, SendsOfALargeFileWhatDiffersWhereBothSidesHaveRsync) {
+  if (std::system("rsync --version > /dev/null 2>&1") != 0)
+    GTEST_SKIP() << "rsync is not installed";
+  TRemotePlace::Write(Place.Local("rsh"), "#!/bin/sh\nshift\nexec \"$@\"\n");
+  std::filesystem::permissions(Place.Local("rsh"), std::filesystem::perms(0755));
+  std::string content(5 * 1024 * 1024, 'a');
+  for (std::size_t i = 0; i < content.size(); i += 97)
+    content[i] = static_cast<char>('a' + i / 97 % 26);
+  const auto sendWith = [&](const std::string& remoteShell) {
+    content[content.size() / 2] ^= 1;
+    TSftpMachine machine = Machine();
+    machine.RemoteShell = {remoteShell, "box"};
+    TSftpConnection connection(machine, std::make_shared<TMachineFacts>());
+    TTestRun run;
+    run.Execute(
+        Plan({Place.File("large", "large", content)}), connection, [this] { return Connect(); },
+        Place.Local());
+    EXPECT_EQ(run.Report.Rows[0].Action, TDeployAction::Copied) << run.Report.Rows[0].Error;
+    EXPECT_TRUE(TRemotePlace::Read(Place.Target("large")) == content);
+    EXPECT_EQ(std::filesystem::last_write_time(Place.Target("large")).time_since_epoch() /
+                  std::chrono::seconds(1),
+              std::filesystem::last_write_time(Place.Local("large")).time_since_epoch() /
+                  std::chrono::seconds(1));
+    for (const auto& entry : std::filesystem::directory_iterator(Place.Target()))
+      EXPECT_FALSE(IsUnfinishedName(entry.path().filename().string())) << entry.path();
+    return run.Report.Rows[0].Bytes;
+  };
+  const std::string shell = Place.Local("rsh").string();
+  EXPECT_EQ(sendWith(shell), content.size()); // there is no old one yet
+  EXPECT_EQ(sendWith(shell), 0U);
+  // Without a way to the machine all of it is sent.
+  EXPECT_EQ(sendWith("false"), content.size());
+}
 
 TEST_F(SftpDeploy, CopiesManyFilesWholeWithTimesAndRights) {
   std::vector<TDeployFile> files = ManyFiles(1000, 5000);
