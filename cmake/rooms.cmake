@@ -57,7 +57,7 @@ room(workbench/remote/profile SEES ${FOUNDATION} ${REMOTE} workbench/files workb
   workbench/text)
 room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/json workbench/process
   workbench/remote/target workbench/text)
-room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files
+room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files workbench/json
   workbench/platforms workbench/process workbench/remote/folder workbench/remote/profile
   workbench/remote/target workbench/text)
 
@@ -78,7 +78,7 @@ room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/json wor
 room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/files workbench/json
   workbench/list workbench/project/build_import workbench/session workbench/text)
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
-  workbench/deploy workbench/deploy/record workbench/json workbench/services workbench/session
+  workbench/deploy workbench/deploy/record workbench/files workbench/json workbench/services workbench/session
   workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/cli/view workbench/controls workbench/deploy workbench/deploy/record workbench/files

@@ -135,7 +135,8 @@ void CheckShown(std::string_view text) {
   for (const char c : shown)
     Require(static_cast<unsigned char>(c) >= 0x20 && c != '\x7f', "no control is shown", shown);
   Require(!IsUtf8(text) || IsUtf8(shown), "what is shown stays UTF-8", shown);
-  RequireEqual(Visible(shown), shown, "what is visible is shown as it is");
+  if (IsUtf8(text))
+    RequireEqual(Visible(shown), shown, "what is visible is shown as it is");
   Require(IsUtf8(SaidText(text)), "what a machine said is shown as UTF-8", text);
 }
 

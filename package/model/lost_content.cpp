@@ -1,5 +1,8 @@
 #include "package/model/lost_content.h"
 
+#include "package/common/text_trim.h"
+#include "package/host/api/xmlutils.h"
+#include "package/model/deployment_section.h"
 #include "package/model/section_names.h"
 
 #include <algorithm>
@@ -38,6 +41,15 @@ bool IsAmong(std::string_view name, std::span<const std::string_view> names) {
 
 void TLostContent::CheckSection(IXMLNode& node) {
   CheckAttributes(node, SectionAttributes);
+  const auto version = node.GetAttribute(Version);
+  if (version && ExpectInteger(node, Version, *version) > CurrentSectionVersion)
+    FMessages.AddWarning("the list is of version " + std::string(*version) +
+                             ", and this program knows version " +
+                             std::to_string(CurrentSectionVersion) +
+                             ": what is new in it is not kept when the project is saved",
+                         node.Place());
+  if (!Trimmed(node.Text()).empty())
+    Report("the text in " + Quoted(node.NodeName()), node);
   for (IXMLNode* child = node.FirstChild(); child; child = child->NextSibling()) {
     if (!IsAmong(child->NodeName(), SectionElements))
       Report("unknown element " + Quoted(child->NodeName()) + " in " + Quoted(node.NodeName()),

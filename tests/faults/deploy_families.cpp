@@ -156,13 +156,7 @@ private:
   }
 
   TBroken CheckNext(const TFaultPlace& place) const {
-    TRunEnd again = RunPlainly(Run(place));
-    // A lock whose holder died before it could say who it is; the message says what helps.
-    if (again.Status != 0 && again.Errors.find("--break-lock") != std::string::npos) {
-      std::vector<std::string> arguments = DeployArguments();
-      arguments.emplace_back("--break-lock");
-      again = RunPlainly(place.Deploymgr(arguments));
-    }
+    const TRunEnd again = DeployAgain(place, DeployArguments());
     const TTreeState now = place.State();
     if (again.Status != 0)
       return "the next deploy ends with " + std::to_string(again.Status) + ": " + again.Errors;

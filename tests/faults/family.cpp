@@ -1,11 +1,20 @@
 #include "tests/faults/family.h"
 
 #include <cerrno>
+#include <utility>
 
 namespace faults {
 
 std::vector<int> IFamily::Errors() const {
   return {EIO, ENOSPC, EACCES, EINTR};
+}
+
+TRunEnd DeployAgain(const TFaultPlace& place, std::vector<std::string> arguments) {
+  TRunEnd end = RunPlainly(place.Deploymgr(arguments));
+  if (end.Status == 0 || end.Errors.find("--break-lock") == std::string::npos)
+    return end;
+  arguments.emplace_back("--break-lock");
+  return RunPlainly(place.Deploymgr(std::move(arguments)));
 }
 
 TBroken CheckManners(const TRunEnd& end) {

@@ -45,6 +45,10 @@ TFamilies JournalFamilies();
 /// Deploys to a folder, and to a machine whose client is hit.
 TFamilies DeployFamilies();
 
+/// Deploys once more, as a user would: where the message says that --break-lock helps, since the
+/// holder of a lock died before it could say who it is, with that.
+TRunEnd DeployAgain(const TFaultPlace& place, std::vector<std::string> arguments);
+
 /// What holds of every run: it ends, it does not crash, and one that fails says why, naming a file.
 TBroken CheckManners(const TRunEnd& end);
 

@@ -62,6 +62,7 @@ TEST_F(AddFiles, LeavesAFileOfTheTargetsListAsItIs) {
                                             Entry("data\\b.dat", "Base", "Win32"))));
   Place.Write("a.dat", "x");
   Place.Write("data/b.dat", "x");
+  ASSERT_EQ(Place.Run({"export", "p.vproj"}).Status, 0);
   const std::string before = Place.Read("p.vproj");
   for (const std::string name : {"a.dat", "data/b.dat"}) {
     const TRun run = Add({name, "--remote-dir", "elsewhere"});

@@ -174,11 +174,14 @@ TEST(Remove, TakesAwayWhatTheProjectDoesNotKnowAnyMore) {
 TEST(Change, OfNothingLeavesTheFileUntouched) {
   TWorkplace place;
   const auto file = place.Write("p.vproj", ProjectWith(ListOf(Entry("a", "Debug", "Win32"))));
+  ASSERT_EQ(place.Run({"export", "p.vproj"}).Status, 0);
   const auto time = std::filesystem::last_write_time(file);
+  const auto sideTime = std::filesystem::last_write_time(place.Path("p.deployproj"));
   EXPECT_EQ(place.Run({"set", "p.vproj", "a", "--enabled", "true"}).Output, "nothing to do\n");
   EXPECT_EQ(place.Run({"upgrade", "p.vproj"}).Output, "nothing to do\n");
   EXPECT_EQ(std::filesystem::last_write_time(file), time);
-  EXPECT_EQ(place.Files(), std::vector<std::string>({"p.vproj"}));
+  EXPECT_EQ(std::filesystem::last_write_time(place.Path("p.deployproj")), sideTime);
+  EXPECT_EQ(place.Files(), std::vector<std::string>({"p.deployproj", "p.vproj"}));
 }
 
 TEST(Change, IsShownAndNotMadeByADryRun) {

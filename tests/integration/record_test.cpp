@@ -1,4 +1,5 @@
 // What a target remembers of deploys, and what follows from it.
+#include "tests/integration/record_place.h"
 #include "tests/integration/ssh_place.h"
 
 #include <gtest/gtest.h>
@@ -15,58 +16,8 @@ namespace fs = std::filesystem;
 using TJson = nlohmann::ordered_json;
 using TTexts = std::vector<std::string>;
 
-constexpr const char* Record = "target/.deployment-manager/demo/record.json";
-constexpr const char* Lock = "target/.deployment-manager/demo/lock";
-
-std::string DeployedEntry(const std::string& name, const std::string& record = {}) {
-  return "<DeployFile LocalName=\"" + name +
-         "\" Configuration=\"Base\" Class=\"File\"><Platform Name=\"Win32\">" + record +
-         "</Platform></DeployFile>\n";
-}
-
-/// A project of these entries whose profile leads to the directory "target".
-class TRecordPlace : public TWorkplace {
-public:
-  explicit TRecordPlace(const std::string& entries, const TTexts& options = {}) {
-    SetEntries(entries);
-    TTexts add{"profile", "add", "box", "-p", "Win32", "--path", "target", "--default"};
-    add.insert(add.end(), options.begin(), options.end());
-    EXPECT_EQ(Run(add).Status, 0);
-  }
-  void SetEntries(const std::string& entries) const {
-    Write("demo.vproj",
-          ProjectWith(ListOf("<DeployClass Name=\"File\"/>"
-                             "<DeployFile LocalName=\"demo.exe\" Configuration=\"Debug\" "
-                             "Class=\"ProjectOutput\"><Platform Name=\"Win32\"><Enabled>false"
-                             "</Enabled></Platform></DeployFile>" +
-                             entries)));
-  }
-  TRun Do(const std::string& command, TTexts options = {}) const {
-    TTexts arguments{command, "demo.vproj", "-p", "Win32", "-c", "Debug", "--json"};
-    arguments.insert(arguments.end(), options.begin(), options.end());
-    return Run(arguments);
-  }
-  TJson RecordNow() const { return TJson::parse(Read(Record)); }
-  /// State and action of each file of a deploy or a dry run, by name.
-  static std::string Actions(const TRun& run) {
-    std::string text;
-    const TJson document = run.Json();
-    for (const auto& file : document["files"])
-      text += file["localName"].get<std::string>() + " " +
-              (file["state"].is_null() ? "-" : file["state"].get<std::string>()) + " " +
-              file["action"].get<std::string>() + ";";
-    return text;
-  }
-  /// Another content of the same size, and a time that tells.
-  void ChangeThere(const std::string& name) const {
-    const fs::path file = Path("target/demo/" + name);
-    Write("target/demo/" + name, std::string(fs::file_size(file), '#'));
-    fs::last_write_time(file, fs::last_write_time(file) + std::chrono::seconds(30));
-  }
-};
-
 TEST(Record, RemembersWhatWasDeployed) {
-  const TRecordPlace place(DeployedEntry("a.dat") + DeployedEntry("sub\\b.dat"));
+  const TRecordPlace place(RecordEntry("a.dat") + RecordEntry("sub\\b.dat"));
   place.Write("a.dat", "first");
   place.Write("sub/b.dat", "second");
   ::chmod(place.Path("a.dat").c_str(), 0640);
@@ -90,17 +41,17 @@ TEST(Record, RemembersWhatWasDeployed) {
   EXPECT_EQ(file["sha256"], "a7937b64b8caa58f03721bb6bacf5c78cb235febe0e70b1b84cd99541461a08e");
   EXPECT_EQ(file["run"], record["runs"][0]["id"]);
   EXPECT_EQ(place.Read("target/.deployment-manager/demo/lock"), "");
-  EXPECT_FALSE(fs::exists(place.Path(Lock)));
+  EXPECT_FALSE(fs::exists(place.Path(LockFile)));
   // A deploy that changes nothing leaves it alone.
-  const auto time = fs::last_write_time(place.Path(Record));
+  const auto time = fs::last_write_time(place.Path(RecordFile));
   ASSERT_EQ(place.Do("deploy").Status, 0);
-  EXPECT_EQ(fs::last_write_time(place.Path(Record)), time);
+  EXPECT_EQ(fs::last_write_time(place.Path(RecordFile)), time);
   const TJson history = place.Do("history").Json();
   EXPECT_EQ(history["runs"], record["runs"]);
 }
 
 TEST(Record, IsLeftByNoStatelessProfile) {
-  const TRecordPlace place(DeployedEntry("a.dat"), {"--stateless"});
+  const TRecordPlace place(RecordEntry("a.dat"), {"--stateless"});
   place.Write("a.dat", "first");
   ASSERT_EQ(place.Do("deploy").Status, 0);
   EXPECT_FALSE(fs::exists(place.Path("target/.deployment-manager")));
@@ -108,7 +59,7 @@ TEST(Record, IsLeftByNoStatelessProfile) {
 }
 
 TEST(Record, TakesAFileThatIsFoundTheSameForDeployed) {
-  const TRecordPlace place(DeployedEntry("a.dat"), {"--stateless"});
+  const TRecordPlace place(RecordEntry("a.dat"), {"--stateless"});
   place.Write("a.dat", "first");
   ASSERT_EQ(place.Do("deploy").Status, 0);
   ASSERT_EQ(place.Run({"profile", "remove", "box"}).Status, 0);
@@ -121,9 +72,9 @@ TEST(Record, TakesAFileThatIsFoundTheSameForDeployed) {
 }
 
 TEST(Record, TellsWhoChangedWhat) {
-  const TRecordPlace place(DeployedEntry("same") + DeployedEntry("here") + DeployedEntry("there") +
-                           DeployedEntry("both") + DeployedEntry("gone") + DeployedEntry("new") +
-                           DeployedEntry("old"));
+  const TRecordPlace place(RecordEntry("same") + RecordEntry("here") + RecordEntry("there") +
+                           RecordEntry("both") + RecordEntry("gone") + RecordEntry("new") +
+                           RecordEntry("old"));
   for (const char* name : {"same", "here", "there", "both", "gone"})
     place.Write(name, std::string("content of ") + name);
   place.Write("target/demo/old", "somebody's");
@@ -163,11 +114,11 @@ TEST(Record, TellsWhoChangedWhat) {
 }
 
 TEST(Record, LetsLeftOversBeRemoved) {
-  const TRecordPlace place(DeployedEntry("a") + DeployedEntry("b") + DeployedEntry("c"));
+  const TRecordPlace place(RecordEntry("a") + RecordEntry("b") + RecordEntry("c"));
   for (const char* name : {"a", "b", "c"})
     place.Write(name, std::string("content of ") + name);
   ASSERT_EQ(place.Do("deploy").Status, 0);
-  place.SetEntries(DeployedEntry("a"));
+  place.SetEntries(RecordEntry("a"));
   place.ChangeThere("c");
   const TJson status = place.Do("status").Json();
   ASSERT_EQ(status["leftOvers"].size(), 2U);
@@ -190,15 +141,15 @@ TEST(Record, LetsLeftOversBeRemoved) {
 }
 
 TEST(Record, ThatIsHostileLeadsNowhere) {
-  const TRecordPlace place(DeployedEntry("a"));
+  const TRecordPlace place(RecordEntry("a"));
   place.Write("a", "a");
   place.Write("victim", "precious");
   ASSERT_EQ(place.Do("deploy").Status, 0);
-  const std::string record = place.Read(Record);
+  const std::string record = place.Read(RecordFile);
   for (const std::string& text :
        {std::string("{"), Replaced(record, "demo/a", "../victim"),
         Replaced(record, "demo/a", "demo/../../victim"), Replaced(record, "\"0644\"", "\"9\"")}) {
-    place.Write(Record, text);
+    place.Write(RecordFile, text);
     const TRun run = place.Do("deploy", {"--prune"});
     EXPECT_EQ(run.Status, 0) << run.Errors;
     EXPECT_NE(run.Errors.find("the record on the target is damaged"), std::string::npos)
@@ -207,13 +158,13 @@ TEST(Record, ThatIsHostileLeadsNowhere) {
     EXPECT_EQ(place.Read("target/.deployment-manager/demo/record.damaged"), text);
     EXPECT_EQ(place.RecordNow()["files"].size(), 1U);
   }
-  place.Write(Record, R"({"format":2})");
+  place.Write(RecordFile, R"({"format":2})");
   EXPECT_EQ(place.Do("deploy").Status, 8);
-  EXPECT_EQ(place.Read(Record), R"({"format":2})");
+  EXPECT_EQ(place.Read(RecordFile), R"({"format":2})");
 }
 
 TEST(Record, LinksLeadNowhere) {
-  const TRecordPlace place(DeployedEntry("a"));
+  const TRecordPlace place(RecordEntry("a"));
   place.Write("a", "a");
   fs::create_directories(place.Path("outside/demo"));
   fs::create_directories(place.Path("target"));
@@ -225,11 +176,11 @@ TEST(Record, LinksLeadNowhere) {
 }
 
 TEST(Record, LetsOneDeployAtATime) {
-  const TRecordPlace place(DeployedEntry("a"));
+  const TRecordPlace place(RecordEntry("a"));
   place.Write("a", "a");
   ASSERT_EQ(place.Do("deploy").Status, 0);
   place.Write("a", "another");
-  place.Write(Lock,
+  place.Write(LockFile,
               R"({"by":"eva","machine":"bench","process":4711,"since":"2026-11-22T00:00:00Z"})");
   const TRun refused = place.Do("deploy");
   EXPECT_EQ(refused.Status, 1);
@@ -239,25 +190,25 @@ TEST(Record, LetsOneDeployAtATime) {
   EXPECT_EQ(place.Read("target/demo/a"), "a");
   EXPECT_EQ(place.Do("deploy", {"--break-lock"}).Status, 0);
   EXPECT_EQ(place.Read("target/demo/a"), "another");
-  EXPECT_FALSE(fs::exists(place.Path(Lock)));
+  EXPECT_FALSE(fs::exists(place.Path(LockFile)));
   // One whose holder never said its name was given up when it was made.
   place.Write("a", "second");
-  place.Write(Lock, "");
+  place.Write(LockFile, "");
   EXPECT_EQ(place.Do("deploy").Status, 1);
-  fs::last_write_time(place.Path(Lock), fs::file_time_type::clock::now() - std::chrono::seconds(6));
+  fs::last_write_time(place.Path(LockFile),
+                      fs::file_time_type::clock::now() - std::chrono::seconds(6));
   EXPECT_EQ(place.Do("deploy").Status, 0);
   // One that nobody refreshes is stale.
   place.Write("a", "third");
-  place.Write(Lock, "{}");
-  fs::last_write_time(place.Path(Lock),
+  place.Write(LockFile, "{}");
+  fs::last_write_time(place.Path(LockFile),
                       fs::file_time_type::clock::now() - std::chrono::seconds(61));
   EXPECT_EQ(place.Do("deploy").Status, 0);
   EXPECT_EQ(place.Read("target/demo/a"), "third");
 }
 
 TEST(Record, IsAnsweredByVerify) {
-  const TRecordPlace place(DeployedEntry("a") +
-                           DeployedEntry("kept", "<Overwrite>false</Overwrite>"));
+  const TRecordPlace place(RecordEntry("a") + RecordEntry("kept", "<Overwrite>false</Overwrite>"));
   place.Write("a", "content");
   place.Write("kept", "content");
   ASSERT_EQ(place.Do("deploy").Status, 0);
@@ -276,7 +227,7 @@ TEST(Record, IsAnsweredByVerify) {
 }
 
 TEST(Deploy, BringsTheRightsOfAFileInLine) {
-  const TRecordPlace place(DeployedEntry("a"));
+  const TRecordPlace place(RecordEntry("a"));
   place.Write("a", "content");
   ::chmod(place.Path("a").c_str(), 0644);
   ASSERT_EQ(place.Do("deploy").Status, 0);
@@ -292,8 +243,8 @@ TEST(Deploy, BringsTheRightsOfAFileInLine) {
 }
 
 TEST(Deploy, DoesWhatIsOwedUntilItSucceeds) {
-  const TRecordPlace place(DeployedEntry("a", "<RemoteCommand>test -e go &amp;&amp; touch done"
-                                              "</RemoteCommand>"));
+  const TRecordPlace place(RecordEntry("a", "<RemoteCommand>test -e go &amp;&amp; touch done"
+                                            "</RemoteCommand>"));
   place.Write("a", "content");
   const TTexts allowed{"--allow-commands"};
   EXPECT_EQ(place.Do("deploy", allowed).Status, 1);
@@ -318,8 +269,8 @@ TEST(Deploy, DoesWhatIsOwedUntilItSucceeds) {
 
 TEST(Deploy, DoesWhatIsOwedAfterAnInterrupt) {
   const TRecordPlace place(
-      DeployedEntry("a", "<RemoteCommand>touch began; test -e go || sleep 60; touch done"
-                         "</RemoteCommand>"));
+      RecordEntry("a", "<RemoteCommand>touch began; test -e go || sleep 60; touch done"
+                       "</RemoteCommand>"));
   place.Write("a", "content");
   TStart start = place.Start(
       {"deploy", "demo.vproj", "-p", "Win32", "-c", "Debug", "--json", "--allow-commands"});
@@ -338,7 +289,7 @@ TEST(Deploy, DoesWhatIsOwedAfterAnInterrupt) {
 }
 
 TEST(Deploy, ChecksWithoutChangingAnything) {
-  const TRecordPlace place(DeployedEntry("a"));
+  const TRecordPlace place(RecordEntry("a"));
   place.Write("a", "content");
   EXPECT_EQ(place.Do("deploy", {"--check"}).Status, 7);
   EXPECT_TRUE(fs::is_empty(place.Path("target")));

@@ -62,7 +62,7 @@ TEST(Solution, GivesTheDocumentOfEachProjectWithItsStatus) {
   EXPECT_EQ(document["projects"][0]["document"],
             place.Run({"list", "s/app/app.vcxproj", "--json"}).Document());
   EXPECT_EQ(document["projects"][1]["document"]["rows"][0]["localName"], "dll.dll");
-  EXPECT_EQ(document["nothingToDeploy"], nlohmann::json::array({"s/lib/lib.vcxproj"}));
+  EXPECT_EQ(document["nothingToDeploy"], nlohmann::ordered_json::array({"s/lib/lib.vcxproj"}));
 }
 
 TEST(Solution, TakesEntriesOfAProjectWhoseBuildMakesNothing) {
@@ -130,7 +130,7 @@ TEST(Solution, NamesWhatItsBuildsMakeOfAProject) {
   EXPECT_EQ(document["projects"][0]["document"]["platform"], "Win64");
   EXPECT_EQ(document["projects"][1]["project"], "s/lib/lib.vcxproj") << "says nothing of it";
   EXPECT_EQ(document["projects"][1]["exit"], 2);
-  EXPECT_EQ(document["nothingToDeploy"], nlohmann::json::array({"s/dll/dll.vcxproj"}));
+  EXPECT_EQ(document["nothingToDeploy"], nlohmann::ordered_json::array({"s/dll/dll.vcxproj"}));
 }
 
 TEST(Solution, GoesOnBehindAProjectThatIsNotThereOrCannotBeRead) {
@@ -192,7 +192,7 @@ TEST(Solution, AmongSeveralIsARemarkThatInterruptsNobody) {
             std::string::npos);
   EXPECT_EQ(place.Run({"list", "s/other.sln", "--json"})
                 .Document()["projects"][0]["document"]["warnings"],
-            nlohmann::json::array());
+            nlohmann::ordered_json::array());
 }
 
 } // namespace

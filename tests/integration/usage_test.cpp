@@ -147,7 +147,38 @@ TEST(Usage, OfAFullDeviceFails) {
   const TRun run =
       place.RunProgram({"sh", "-c", std::string(DEPLOYMGR_PROGRAM) + " show p.vproj > /dev/full"});
   EXPECT_EQ(run.Status, 1);
-  EXPECT_EQ(run.Errors, "deploymgr: the result could not be written to standard output\n");
+  EXPECT_EQ(run.Errors, "deploymgr: the result could not be written to standard output: No space "
+                        "left on device; the work itself is done\n");
+}
+
+TEST(Usage, EndsWithoutAWordWhenItsReaderIsGone) {
+  TWorkplace place;
+  place.Write("p.vproj", ProjectWith(""));
+  const TRun run = place.RunProgram({"bash", "-c",
+                                     "(sleep 0.2; exec " + std::string(DEPLOYMGR_PROGRAM) +
+                                         " show p.vproj --json) | true; exit "
+                                         "${PIPESTATUS[0]}"});
+  EXPECT_EQ(run.Status, 141);
+  EXPECT_EQ(run.Errors, "");
+}
+
+TEST(Usage, InADirectoryThatIsGoneSaysSo) {
+  TWorkplace place;
+  const TRun run = place.RunProgram({"sh", "-c",
+                                     "mkdir gone && cd gone && rmdir ../gone && " +
+                                         std::string(DEPLOYMGR_PROGRAM) + " show p.vproj"});
+  EXPECT_EQ(run.Status, 1) << run.Errors;
+  EXPECT_NE(run.Errors.find("the present directory cannot be used: No such file or directory"),
+            std::string::npos)
+      << run.Errors;
+}
+
+TEST(Usage, ShortensANameThatFillsTheScreen) {
+  TWorkplace place;
+  const TRun run = place.Run({"show", std::string(100'000, 'n') + ".vproj"});
+  EXPECT_EQ(run.Status, 3);
+  EXPECT_LT(run.Errors.size(), 500U);
+  EXPECT_NE(run.Errors.find("nnn... (100006 bytes): "), std::string::npos) << run.Errors;
 }
 
 TEST(Usage, IsPlainAndQuietWhenAskedTo) {

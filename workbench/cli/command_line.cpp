@@ -6,10 +6,14 @@
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/failure_report.h"
 #include "workbench/cli/context/terminal_interaction.h"
+#include "workbench/files/file_descriptor.h"
 #include "workbench/msbuild/property_names.h"
 #include "workbench/services/remote_profile_services.h"
 
+#include <cerrno>
+#include <csignal>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -26,9 +30,17 @@ bool HasArgument(int argc, const char* const* argv, std::string_view wanted) {
   return false;
 }
 
-void CheckWritten(bool written) {
-  if (!written)
-    throw TWorkError("the result could not be written to standard output");
+// The status of a run whose work ended with `status`, once its result is written. Like other
+// programs whose reader is gone ("| head -1"), this one ends as by the signal, without a word.
+int StatusOnceWritten(TOutput& output, int status) {
+  if (output.Flush())
+    return status;
+  if (output.WriteError() == EPIPE)
+    return 128 + SIGPIPE;
+  throw TWorkError("the result could not be written to standard output: " +
+                   SystemReason(output.WriteError()) + "; the work itself " +
+                   (status == exit_status::Done ? std::string("is done")
+                                                : "ended with status " + std::to_string(status)));
 }
 
 // A root without files of its own is a plain installation; one that is not there is a slip.
@@ -62,11 +74,7 @@ int RunCommand(ICommand& command, const TCommonOptions& options, TOutput& output
   const auto interaction = std::make_shared<TTerminalInteraction>(output);
   session.RemoteProfiles().SetInteraction(interaction);
   TCommandContext context{options, session, output, *interaction};
-  return Reported(output, [&] {
-    const int status = command.Run(context);
-    CheckWritten(output.Flush());
-    return status;
-  });
+  return Reported(output, [&] { return StatusOnceWritten(output, command.Run(context)); });
 }
 
 int Run(int argc, const char* const* argv) {
@@ -79,7 +87,7 @@ int Run(int argc, const char* const* argv) {
     command = parsed.Command;
     if (!command) {
       early.Write(parsed.Text);
-      CheckWritten(early.Flush());
+      return StatusOnceWritten(early, exit_status::Done);
     }
     return exit_status::Done;
   });

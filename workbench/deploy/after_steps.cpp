@@ -26,6 +26,17 @@ std::string TAfterStep::Key() const {
   return std::string(CommandStart) + Command;
 }
 
+std::optional<TAfterStep> TAfterStep::FromKey(std::string_view key) {
+  if (key == RunKey)
+    return TAfterStep{.Kind = TKind::Run};
+  if (key == UnpackKey)
+    return TAfterStep{.Kind = TKind::Unpack};
+  if (!key.starts_with(CommandStart))
+    return std::nullopt;
+  return TAfterStep{.Kind = TKind::Command,
+                    .Command = std::string(key.substr(CommandStart.size()))};
+}
+
 std::string TAfterStep::Text(std::string_view name) const {
   return OwedText(Key(), name);
 }

@@ -18,8 +18,12 @@ struct TAfterStep {
   TKind Kind = TKind::Command;
   std::string Command = {}; ///< as the entry says it, for a command
 
+  bool operator==(const TAfterStep&) const = default;
+
   /// As a record keeps it: "run", "unpack" or "command:" and its text.
   std::string Key() const;
+  /// Nothing for a text that Key does not say.
+  static std::optional<TAfterStep> FromKey(std::string_view key);
   /// For people, such as "unpack a.tar"; `name` is that of the file on the target.
   std::string Text(std::string_view name) const;
   /// The command line for a shell; nothing when that has no way to say it.

@@ -1,5 +1,6 @@
 #include "workbench/deploy/deploy_executor.h"
 
+#include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/record_keeper.h"
 #include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
@@ -19,7 +20,6 @@ using deployment::TDeployOperation;
 
 constexpr std::size_t SmallestBatch = 32;
 constexpr std::size_t LargestBatch = 256;
-constexpr unsigned MostJobs = 64;
 constexpr std::string_view Interrupted = "the run was interrupted";
 
 class TExecutor {
@@ -41,9 +41,8 @@ public:
       Lost(error.what());
     }
     // What is not done yet was never begun, or begun on a line that broke.
-    const std::string reason = FLost.empty() ? std::string(Interrupted) : FLost;
     for (std::size_t i = 0; i < FPlan.Files.size(); ++i)
-      Finish(i, reason);
+      Finish(i, FLost.empty() ? std::string(Interrupted) : FLost);
     FReport.Message = FLost;
   }
 
@@ -167,7 +166,8 @@ void TExecutor::FinishWhatNeedsNoCopy() {
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
     const TPlannedFile& file = FPlan.Files[i];
     if (file.Action == TDeployAction::Copied) {
-      FWork.push_back({file.File.LocalFile, file.Target, file.File.Executable, i});
+      FWork.push_back({file.File.LocalFile, file.Target, file.File.Executable, i,
+                       file.There.Kind == TRemoteKind::File ? file.There.Size : 0});
       continue;
     }
     const std::string problem = IsCancelled() ? std::string(Interrupted) : FinishWithoutCopy(file);
@@ -192,8 +192,9 @@ std::string TExecutor::FinishWithoutCopy(const TPlannedFile& file) {
     problem = FConnection.SetMode(file.Target, file.Mode);
   if (problem.empty() && file.TimeDiffers)
     problem = FConnection.SetTime(file.Target, file.Local.Time);
-  if (problem.empty() && file.State == TFileState::Same &&
-      (file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode))
+  const bool isKnown =
+      file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode;
+  if (problem.empty() && file.State == TFileState::Same && isKnown)
     RememberFound(file);
   return problem;
 }
@@ -364,8 +365,8 @@ std::string TExecutor::FinishOnTarget(const TPlannedFile& file) {
     // It comes back with the next deploy, and is run then.
     if (FExecution.Keeper && !file.RecordPath.empty())
       FExecution.Keeper->Owe(file.RecordPath, {});
-    const std::string removal = FConnection.Remove(file.Target);
-    if (problem.empty() && !removal.empty())
+    if (const std::string removal = FConnection.Remove(file.Target);
+        problem.empty() && !removal.empty())
       problem = "ran, but cannot be removed: " + removal;
   }
   return problem;
@@ -376,8 +377,8 @@ std::string TExecutor::RunStep(const TPlannedFile& file, const TAfterStep& step)
       file.Action == TDeployAction::Copied ? "was copied, but " : "is there, but ";
   if (IsCancelled())
     return start + std::string(Interrupted);
-  const TShell shell = FConnection.Shell();
   const std::string text = step.Text(file.Target.Name);
+  const TShell shell = FConnection.Shell();
   if (shell == TShell::None)
     return start + "\"" + text + "\" cannot be run: the machine runs no commands";
   const auto command = step.CommandLine(shell, file.Target.Name);

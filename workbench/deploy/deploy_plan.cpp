@@ -10,7 +10,6 @@
 #include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
-#include <array>
 #include <sys/stat.h>
 #include <unordered_map>
 #include <unordered_set>
@@ -33,20 +32,22 @@ public:
   }
 
   TDeployPlan Make(const std::function<IRemoteConnection&()>& connect,
-                   const std::function<TTargetRecord()>& readRecord) {
+                   const std::function<const TTargetRecord&()>& readRecord) {
     FindTargets();
     ExamineLocalFiles();
     FConnection = &connect();
-    FRecord = readRecord();
-    for (const auto& [path, file] : FRecord.Files)
-      FRecorded.emplace(Key(path), &path);
     ResolveDirectories();
     FindLinks();
     FindCollisions();
     CollectCommands();
-    if (FPlan.Problems.empty()) {
-      CompareWithTarget();
-      FindLeftOvers(*FConnection, FRecord, FOptions, FPlan);
+    const bool mayGoOn = FPlan.Problems.empty();
+    const std::vector<TRemoteStatus> remote =
+        mayGoOn ? ExamineTargets() : std::vector<TRemoteStatus>();
+    TakeRecord(readRecord());
+    if (mayGoOn) {
+      CompareWithTarget(remote);
+      FindLeftOvers(*FConnection, *FRecord, FOptions, FPlan);
+      PlanAfterDeploy();
     }
     return std::move(FPlan);
   }
@@ -67,7 +68,9 @@ private:
   void ExamineLocalFiles();
   void ExamineLocalFile(TPlannedFile& file);
   void CollectCommands();
-  void CompareWithTarget();
+  void PlanAfterDeploy();
+  void TakeRecord(const TTargetRecord& record);
+  void CompareWithTarget(const std::vector<TRemoteStatus>& remote);
   std::vector<TRemoteStatus> ExamineTargets();
   void Decide(TPlannedFile& file, const TRemoteStatus& remote);
   void DecideStates(const std::vector<TRemoteStatus>& remote);
@@ -82,8 +85,8 @@ private:
 
   const TPlanOptions& FOptions;
   IRemoteConnection* FConnection = nullptr;
-  TTargetRecord FRecord;
-  std::unordered_map<std::string, const std::string*> FRecorded; // paths of the record by key
+  const TTargetRecord* FRecord = nullptr;
+  std::unordered_map<std::string, const TRecordedFile*> FRecorded; // by key, where case is ignored
   TDeployPlan FPlan;
   std::vector<std::string> FDirectories; // as named, each once
   std::vector<std::size_t> FDirectoryOf; // of each file, into FDirectories
@@ -196,6 +199,8 @@ void TPlanner::ExamineLocalFile(TPlannedFile& file) {
     file.Bytes = static_cast<std::uint64_t>(status.st_size);
     file.Local = {.Size = file.Bytes, .Time = FileTimeOf(status.st_mtim)};
     file.Mode = RightsFor(status.st_mode, file.File.Executable);
+    if (FOptions.HashAll)
+      file.Local.Hash = FileSHA256(file.File.LocalFile).value_or(std::string(UnreadableHere));
     return;
   }
   const std::string reason = isThere ? file.File.LocalFile.string() + " is " +
@@ -226,10 +231,28 @@ void TPlanner::CollectCommands() {
   }
 }
 
-void TPlanner::CompareWithTarget() {
-  const std::vector<TRemoteStatus> remote = ExamineTargets();
-  for (std::size_t i = 0; i < FPlan.Files.size(); ++i)
+// What a run before this one owes is run by whoever has a command for it.
+void TPlanner::PlanAfterDeploy() {
+  if (FOptions.AfterDeploy.empty())
+    return;
+  FPlan.Commands.push_back("on the target: " + FOptions.AfterDeploy);
+  if (ChangesFiles(FPlan) || !FRecord->OwedAfterDeploy.empty())
+    FPlan.AfterDeploy = FOptions.AfterDeploy;
+}
+
+void TPlanner::TakeRecord(const TTargetRecord& record) {
+  FRecord = &record;
+  if (!FOptions.Places.Names.IgnoresCase)
+    return;
+  for (const auto& [path, file] : record.Files)
+    FRecorded.emplace(Key(path), &file);
+}
+
+void TPlanner::CompareWithTarget(const std::vector<TRemoteStatus>& remote) {
+  for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
+    FPlan.Files[i].There = remote[i];
     Decide(FPlan.Files[i], remote[i]);
+  }
   if (!FPlan.Problems.empty())
     return;
   DecideStates(remote);
@@ -291,6 +314,17 @@ void TPlanner::DecideStates(const std::vector<TRemoteStatus>& remote) {
   }
   ReadLinksThere(*FConnection, names, remote, there);
   DecideByContent(std::move(undecided), sides);
+  for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
+    TPlannedFile& file = FPlan.Files[i];
+    if (!sides[i].There)
+      continue;
+    file.HashThere = sides[i].There->Hash;
+    // Size and time said already whose content it is.
+    if (file.HashThere.empty() && file.State == TFileState::Same)
+      file.HashThere = file.Local.Hash;
+    else if (file.HashThere.empty() && file.State == TFileState::Changed)
+      file.HashThere = sides[i].Deployed->Hash;
+  }
 }
 
 void TPlanner::DecideByContent(std::vector<std::size_t> undecided,
@@ -309,7 +343,7 @@ void TPlanner::DecideByContent(std::vector<std::size_t> undecided,
       rest.push_back(i);
       if (decision.NeedsHashHere) {
         // A file that cannot be read fails when it is sent; until then it is a content of its own.
-        file.Local.Hash = FileSHA256(file.File.LocalFile).value_or("unreadable here");
+        file.Local.Hash = FileSHA256(file.File.LocalFile).value_or(std::string(UnreadableHere));
         sides[i].Here->Hash = file.Local.Hash;
       }
       if (decision.NeedsHashThere) {
@@ -346,8 +380,8 @@ void TPlanner::TakeAction(TPlannedFile& file, const TRemoteStatus& remote) {
   if (file.Action == TDeployAction::Copied) {
     file.Steps = AfterStepsOf(file.File);
   } else if (file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode) {
-    const auto owed = FRecord.Owed.find(file.RecordPath);
-    if (owed != FRecord.Owed.end())
+    const auto owed = FRecord->Owed.find(file.RecordPath);
+    if (owed != FRecord->Owed.end())
       file.Steps = OwedSteps(AfterStepsOf(file.File), owed->second);
   }
 }
@@ -360,8 +394,14 @@ void TPlanner::Refuse(TPlannedFile& file) {
 }
 
 const TRecordedFile* TPlanner::RecordOf(const std::string& path) const {
-  const auto found = path.empty() ? FRecorded.end() : FRecorded.find(Key(path));
-  return found == FRecorded.end() ? nullptr : &FRecord.Files.find(*found->second)->second;
+  if (path.empty())
+    return nullptr;
+  if (FOptions.Places.Names.IgnoresCase) {
+    const auto found = FRecorded.find(Key(path));
+    return found == FRecorded.end() ? nullptr : found->second;
+  }
+  const auto found = FRecord->Files.find(path);
+  return found == FRecord->Files.end() ? nullptr : &found->second;
 }
 
 std::string TPlanner::RecordPathOf(const std::string& directory, const std::string& name) const {
@@ -374,15 +414,9 @@ std::string TPlanner::RecordPathOf(const std::string& directory, const std::stri
 
 } // namespace
 
-std::string_view DeployActionName(TDeployAction action) {
-  constexpr std::array<std::string_view, DeployActionCount> Names{
-      "copied", "unchanged", "mode", "kept", "skipped", "removed", "refused", "failed"};
-  return Names[static_cast<std::size_t>(action)];
-}
-
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,
                            const std::function<IRemoteConnection&()>& connect,
-                           const std::function<TTargetRecord()>& readRecord) {
+                           const std::function<const TTargetRecord&()>& readRecord) {
   return TPlanner(std::move(files), options).Make(connect, readRecord);
 }
 

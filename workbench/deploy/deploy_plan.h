@@ -24,6 +24,8 @@ inline constexpr std::size_t DeployActionCount = 8;
 
 /// "copied", "unchanged" and so on: words that scripts read.
 std::string_view DeployActionName(TDeployAction action);
+/// Nothing for any other word.
+std::optional<TDeployAction> DeployActionFromName(std::string_view name);
 
 /// How a deploy decides.
 struct TPlanOptions {
@@ -32,6 +34,8 @@ struct TPlanOptions {
   bool SkipMissing = false;      ///< a missing file that is not required is no failure
   bool OverwriteChanged = false; ///< copy also over what others changed on the target
   bool Prune = false;            ///< remove what was deployed and is not in the list any more
+  bool HashAll = false;          ///< tell the hash of every file here
+  std::string AfterDeploy = {};  ///< command for the target when all files are in place
   bool KeepLinks = false;        ///< links stay links where the target knows them
   TPlaceRules Places = {};
   deployment::TDeploymentTarget Target = {};
@@ -49,6 +53,8 @@ struct TPlannedFile {
   std::uint64_t Bytes = 0;                        ///< to be sent
   TContent Local = {};                            ///< the file here; its hash when it was needed
   unsigned Mode = 0;                              ///< rights that it is to have on the target
+  TRemoteStatus There = {};                       ///< what stands at its place now
+  std::string HashThere = {};                     ///< of that, where it is known
   std::string Link = {};              ///< what is deployed as a link is to store; else empty
   bool TimeDiffers = false;           ///< Unchanged, but the time stamp is to be brought in line
   std::vector<TAfterStep> Steps = {}; ///< to be done when the file is there
@@ -62,6 +68,7 @@ struct TLeftOver {
   TRemoteName Target = {}; ///< resolved
   std::string LocalName;
   TFileState State = TFileState::LeftOver; ///< or LeftOverChanged
+  TRemoteStatus There = {};
 
   std::string RemoteFile() const { return Target.Directory + "/" + Target.Name; }
 };
@@ -76,13 +83,18 @@ struct TDeployPlan {
   std::vector<std::string> Warnings;
   /// Commands of the project, each with where it runs: what a user gives or refuses consent to.
   std::vector<std::string> Commands;
+  /// Runs on the target when all files are in place; empty when nothing runs then.
+  std::string AfterDeploy;
 };
 
+/// True when carrying the plan out changes files of the target.
+bool ChangesFiles(const TDeployPlan& plan);
+
 /// Makes the plan. Throws TConnectionError. `connect` is called when the files of this machine have
-/// been looked at, which goes on meanwhile where it takes its time; `readRecord` when it is
-/// connected.
+/// been looked at, which goes on meanwhile where it takes its time; `readRecord`, whose answer has
+/// to live as long as this call, when the target was looked at.
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,
                            const std::function<IRemoteConnection&()>& connect,
-                           const std::function<TTargetRecord()>& readRecord);
+                           const std::function<const TTargetRecord&()>& readRecord);
 
 } // namespace workbench

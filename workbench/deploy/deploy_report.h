@@ -37,7 +37,7 @@ struct TDeployRow {
 
 /// A command that still has to succeed on the target.
 struct TOwedCommand {
-  std::string RemoteFile; ///< that it belongs to, relative to the profile's path
+  std::string RemoteFile; ///< that it belongs to, relative to the profile's path; empty: to none
   std::string Command;
 };
 
@@ -45,7 +45,7 @@ struct TOwedCommand {
 struct TPlannedCommand {
   bool IsLocal = false;
   std::string Command;
-  std::string RemoteFile; ///< that it belongs to
+  std::string RemoteFile; ///< that it belongs to; empty for one that belongs to none
 };
 
 struct TDeployReport {
@@ -56,10 +56,13 @@ struct TDeployReport {
   std::vector<std::string> Problems; ///< of the plan
   std::vector<std::string> Commands; ///< of the project, with where each runs
   std::vector<std::string> Warnings;
+  std::string AfterDeploy;              ///< command that runs when all files are in place, if any
+  std::string AfterDeployProblem;       ///< why the command after the deploy failed or did not run
   std::vector<TPlannedCommand> Planned; ///< commands that run, in their order
   std::vector<TLeftOver> LeftOvers;
   std::vector<TOwedCommand> Owed;           ///< after the deploy
   std::optional<TRecordedRun> LastRun = {}; ///< that the record tells of
+  bool WasCarriedOut = false;               ///< false: the rows say what would be done
 };
 
 } // namespace workbench

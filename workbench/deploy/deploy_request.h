@@ -5,11 +5,21 @@
 #include "package/host/api/deployment_target.h"
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace workbench {
+
+/// The largest number of connections that a deploy takes.
+inline constexpr unsigned MostJobs = 64;
+
+/// How much is kept on a target to take deploys back by.
+struct TUndoLimits {
+  std::uint64_t Runs = 3;
+  std::uint64_t Bytes = std::uint64_t(1024) * 1024 * 1024;
+};
 
 struct TDeployOptions {
   bool DryRun = false; ///< make the plan only
@@ -18,8 +28,12 @@ struct TDeployOptions {
   bool SkipMissing = false;
   bool OverwriteChanged = false; ///< copy also over what others changed on the target
   bool Prune = false;            ///< remove what was deployed and is not in the list any more
+  bool HashAll = false;          ///< tell the hash of every local file, as a plan is to have it
+  bool NoUndo = false;           ///< keep nothing to take the deploy back by
+  bool Compress = false;         ///< compress what travels to another machine
   bool BreakLock = false;        ///< go on though somebody else deploys there
-  unsigned Jobs = 0;             ///< connections; 0: as many as suit the machine
+  TUndoLimits Undo = {};
+  unsigned Jobs = 0; ///< connections; 0: as many as suit the machine
 };
 
 /// Does work that takes long while the caller waits: runs it once, returns when it is done and
@@ -35,6 +49,15 @@ inline void RunInForeground(const std::function<void()>& work) {
 using TMayRun =
     std::function<bool(const std::vector<std::string>& commands, const std::string& place)>;
 
+/// How a run goes on, whatever it carries out. Everything that it names must live as long.
+struct TRunTerms {
+  TDeployOptions Options = {};
+  TMayRun MayRun = nullptr; ///< empty: commands may not run
+  TBackground Background = RunInForeground;
+  /// Something else than 0, such as the number of a signal, interrupts the run; null: nothing does.
+  const std::atomic<int>* Cancelled = nullptr;
+};
+
 /// Everything that it names must live as long as the deploy runs.
 struct TDeployRequest {
   deployment::ICustomProject& Project;
@@ -45,6 +68,8 @@ struct TDeployRequest {
   /// Something else than 0, such as the number of a signal, interrupts the deploy; null: nothing
   /// does.
   const std::atomic<int>* Cancelled = nullptr;
+
+  TRunTerms Terms() const { return {Options, MayRun, Background, Cancelled}; }
 };
 
 } // namespace workbench

@@ -1,13 +1,14 @@
 #include "workbench/deploy/deploy_run.h"
 
 #include "workbench/deploy/deploy_executor.h"
+#include "workbench/deploy/plan_check.h"
 #include "workbench/deploy/record_keeper.h"
 #include "workbench/deploy/revision.h"
+#include "workbench/deploy/undo_keeping.h"
 #include "workbench/files/runtime_directory.h"
 #include "workbench/files/user_name.h"
 
 #include <algorithm>
-#include <array>
 #include <ctime>
 #include <stdexcept>
 #include <utility>
@@ -20,19 +21,15 @@ const std::atomic<int> NeverCancelled = 0;
 // Why the target is left alone before anything was planned.
 struct THeldTarget {
   TDeployEnd End;
-  std::string Reason;
+  std::vector<std::string> Reasons;
 };
 
-std::string TimeText(std::time_t time) {
-  std::tm parts{};
-  std::array<char, 32> text{};
-  ::gmtime_r(&time, &parts);
-  std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &parts);
-  return text.data();
+std::string HolderText(const TLockHolder& holder) {
+  return "somebody else deploys there: " + holder.Text() + "; --break-lock goes on all the same";
 }
 
 TRecordedRun NewRun(const std::filesystem::path& projectFile) {
-  const std::string now = TimeText(std::time(nullptr));
+  const std::string now = UtcText(std::time(nullptr));
   std::string id = now.substr(0, now.size() - 1) + "-" + RandomDigits(1).substr(0, 6);
   std::erase(id, ':');
   return {.Id = std::move(id),
@@ -45,10 +42,10 @@ TRecordedRun NewRun(const std::filesystem::path& projectFile) {
 
 } // namespace
 
-TDeployRun::TDeployRun(const TDeployRequest& request, TRunFacts facts, IDeployObserver& observer,
+TDeployRun::TDeployRun(TRunTerms terms, TRunFacts facts, IDeployObserver& observer,
                        TDeployReport& report)
-    : FRequest(request), FFacts(std::move(facts)), FObserver(observer), FReport(report),
-      FCancelled(request.Cancelled ? *request.Cancelled : NeverCancelled),
+    : FTerms(std::move(terms)), FFacts(std::move(facts)), FObserver(observer), FReport(report),
+      FCancelled(FTerms.Cancelled ? *FTerms.Cancelled : NeverCancelled),
       FConnect([this] { return FFacts.Destinations.Connect(FFacts.Destination, &FCancelled); }) {}
 
 // A lock on a connection that broke goes stale.
@@ -63,17 +60,18 @@ TDeployRun::~TDeployRun() {
 
 void TDeployRun::Run() {
   try {
-    FRequest.Background([this] { MakePlan(); });
+    FTerms.Background([this] { FFacts.Given ? TakePlan() : MakePlan(); });
     Describe();
     if (!MayExecute())
       return;
     FObserver.Planned(FReport.Rows);
-    FRequest.Background([this] { Execute(); });
+    FTerms.Background([this] { Execute(); });
+    FReport.WasCarriedOut = true;
     FReport.Signal = FCancelled;
     FReport.End = End();
   } catch (const THeldTarget& held) {
     FReport.End = held.End;
-    FReport.Problems = {held.Reason};
+    FReport.Problems = held.Reasons;
   }
 }
 
@@ -81,46 +79,86 @@ bool TDeployRun::IsRecorded() const {
   return FFacts.Destination.Profile && !FFacts.Destination.Profile->Stateless;
 }
 
-void TDeployRun::MakePlan() {
-  const TDeployOptions& wanted = FRequest.Options;
-  const TPlanOptions options{
+TPlanOptions TDeployRun::PlanOptions() const {
+  const TDeployOptions& wanted = FTerms.Options;
+  return {
       .Force = wanted.Force,
       .Checksum = wanted.Checksum,
       .SkipMissing = wanted.SkipMissing,
       .OverwriteChanged = wanted.OverwriteChanged,
       .Prune = wanted.Prune,
+      .HashAll = wanted.HashAll,
+      .AfterDeploy = FFacts.Destination.Profile ? FFacts.Destination.Profile->AfterDeploy : "",
       .KeepLinks = FFacts.Destination.Profile.has_value(),
-      .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FRequest.Target.Platform),
-      .Target = FRequest.Target,
+      .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FFacts.Target.Platform),
+      .Target = FFacts.Target,
   };
-  FPlan = MakeDeployPlan(
-      std::move(FFacts.Files), options,
-      [this]() -> IRemoteConnection& {
-        FConnection = FConnect();
-        return *FConnection;
-      },
-      [this] { return ReadRecord(); });
 }
 
-TTargetRecord TDeployRun::ReadRecord() {
+void TDeployRun::MakePlan() {
+  FPlan = MakeDeployPlan(
+      std::move(FFacts.Files), PlanOptions(),
+      [this]() -> IRemoteConnection& {
+        FConnection = FConnect();
+        BeginRecord();
+        return *FConnection;
+      },
+      [this]() -> const TTargetRecord& { return TakeRecord(); });
+}
+
+// A plan that was made earlier is carried out as it stands, or not at all.
+void TDeployRun::TakePlan() {
+  FPlan = std::move(FFacts.Given->Plan);
+  std::vector<std::string> causes = CheckLocalFiles(FPlan);
+  FConnection = FConnect();
+  BeginRecord();
+  const TTargetRecord& record = TakeRecord();
+  const std::vector<std::string> there =
+      CheckTargetFiles(*FConnection, record, PlanOptions().Places, FPlan);
+  causes.insert(causes.end(), there.begin(), there.end());
+  if (!causes.empty())
+    throw THeldTarget{TDeployEnd::Unexpected, std::move(causes)};
+}
+
+TPlanFile TDeployRun::PlanFile() const {
+  return {.Bound = FFacts.Destinations.BindingOf(FFacts.Destination, FCancelled),
+          .ProjectFile = FFacts.ProjectFile,
+          .RootName = FFacts.RootName,
+          .Target = FFacts.Target,
+          .Plan = FPlan,
+          .BreakLock = FTerms.Options.BreakLock,
+          .NoUndo = FTerms.Options.NoUndo,
+          .Compress = FTerms.Options.Compress,
+          .Jobs = FTerms.Options.Jobs};
+}
+
+// What the record says is found out while the target is asked about the files.
+void TDeployRun::BeginRecord() {
   if (!IsRecorded())
-    return {};
+    return;
   FStore.emplace(*FConnection, FFacts.RootName);
   FLock.emplace(FStore->Directory());
   if (!FStore->Problem().empty()) {
     FReport.Warnings.push_back("the target cannot remember deploys: " + FStore->Problem());
     FStore.reset();
-    return {};
+    return;
   }
-  if (!FRequest.Options.DryRun && !FRequest.Options.BreakLock) {
+  if (!FTerms.Options.DryRun && !FTerms.Options.BreakLock) {
     if (const auto holder = FLock->Holder(*FConnection))
-      throw THeldTarget{TDeployEnd::Refused, "somebody else deploys there: " + holder->Text() +
-                                                 "; --break-lock goes on all the same"};
+      throw THeldTarget{TDeployEnd::Refused, {HolderText(*holder)}};
   }
-  FReading = FStore->Read(*FConnection);
+  FRecordRead = std::async(std::launch::async, [content = FStore->ReadContent(*FConnection)] {
+    return TRecordStore::ReadingOf(content);
+  });
+}
+
+const TTargetRecord& TDeployRun::TakeRecord() {
+  if (!FRecordRead.valid())
+    return FReading.Record;
+  FReading = FRecordRead.get();
   if (FReading.State == TRecordState::Newer)
     throw THeldTarget{TDeployEnd::Unexpected,
-                      "the record on the target is of a newer version of this program"};
+                      {"the record on the target is of a newer version of this program"}};
   if (FReading.State == TRecordState::Damaged)
     FReport.Warnings.push_back("the record on the target is damaged and counts as none: " +
                                FReading.Problem);
@@ -132,18 +170,10 @@ void TDeployRun::Describe() {
   FReport.Rows = RowsOf(FPlan);
   FReport.Problems = FPlan.Problems;
   FReport.Commands = FPlan.Commands;
+  FReport.AfterDeploy = FPlan.AfterDeploy;
   FReport.LeftOvers = FPlan.LeftOvers;
   FReport.Warnings.insert(FReport.Warnings.end(), FPlan.Warnings.begin(), FPlan.Warnings.end());
-  for (const TPlannedFile& file : FPlan.Files) {
-    if (file.Action != TDeployAction::Copied)
-      continue;
-    for (const std::string& command : file.File.LocalCommands)
-      FReport.Planned.push_back({true, command, file.RemoteFile()});
-  }
-  for (const TPlannedFile& file : FPlan.Files) {
-    for (const TAfterStep& step : file.Steps)
-      FReport.Planned.push_back({false, step.Text(file.Target.Name), file.RemoteFile()});
-  }
+  FReport.Planned = PlannedCommandsOf(FPlan);
   if (!FReading.Record.Runs.empty())
     FReport.LastRun = FReading.Record.Runs.front();
   CollectOwed(FReading.Record);
@@ -156,15 +186,17 @@ void TDeployRun::CollectOwed(const TTargetRecord& record) {
     for (const std::string& step : steps)
       FReport.Owed.push_back({path, OwedText(step, name)});
   }
+  if (!record.OwedAfterDeploy.empty())
+    FReport.Owed.push_back({{}, record.OwedAfterDeploy});
 }
 
 bool TDeployRun::MayExecute() {
   const std::string place = FFacts.Destination.Text();
   if (!FReport.Problems.empty())
     FReport.End = TDeployEnd::Refused;
-  else if (FRequest.Options.DryRun)
+  else if (FTerms.Options.DryRun)
     FReport.End = End();
-  else if (!FPlan.Commands.empty() && !(FRequest.MayRun && FRequest.MayRun(FPlan.Commands, place)))
+  else if (!FPlan.Commands.empty() && !(FTerms.MayRun && FTerms.MayRun(FPlan.Commands, place)))
     FReport.End = TDeployEnd::NoConsent;
   else
     return true;
@@ -182,16 +214,16 @@ bool TDeployRun::HasWork() const {
             found->second.Mode == file.Mode && found->second.Link == file.Link &&
             found->second.Class == file.File.Class &&
             found->second.LocalName == file.File.LocalName &&
-            found->second.Platform == FRequest.Target.Platform &&
-            found->second.Configuration == FRequest.Target.Configuration);
+            found->second.Platform == FFacts.Target.Platform &&
+            found->second.Configuration == FFacts.Target.Configuration);
   };
   const auto needsWork = [&](const TPlannedFile& file) {
     return file.Action == TDeployAction::Copied || file.Action == TDeployAction::Removed ||
            file.Action == TDeployAction::Mode || !file.Steps.empty() || file.TimeDiffers ||
            (file.Action == TDeployAction::Unchanged && !isRecorded(file));
   };
-  return !FPlan.Forgotten.empty() || FReading.State == TRecordState::Damaged ||
-         std::ranges::any_of(FPlan.Files, needsWork);
+  return !FPlan.AfterDeploy.empty() || !FPlan.Forgotten.empty() ||
+         FReading.State == TRecordState::Damaged || std::ranges::any_of(FPlan.Files, needsWork);
 }
 
 // False where the target cannot remember; the deploy goes on without.
@@ -203,11 +235,10 @@ bool TDeployRun::Lock() {
   if (const std::string problem = FStore->MakeDirectory(*FConnection); !problem.empty())
     return forget(problem);
   try {
-    const auto holder = FLock->Take(*FConnection, ThisHolder(TimeText(std::time(nullptr))),
-                                    FRequest.Options.BreakLock);
+    const auto holder = FLock->Take(*FConnection, ThisHolder(UtcText(std::time(nullptr))),
+                                    FTerms.Options.BreakLock);
     if (holder)
-      throw THeldTarget{TDeployEnd::Refused, "somebody else deploys there: " + holder->Text() +
-                                                 "; --break-lock goes on all the same"};
+      throw THeldTarget{TDeployEnd::Refused, {HolderText(*holder)}};
   } catch (const TConnectionError&) {
     throw;
   } catch (const std::runtime_error& error) {
@@ -215,7 +246,8 @@ bool TDeployRun::Lock() {
   }
   const TRecordReading now = FStore->Read(*FConnection);
   if (now.State != FReading.State || now.Record != FReading.Record)
-    throw THeldTarget{TDeployEnd::Refused, "somebody else deployed there meanwhile; deploy again"};
+    throw THeldTarget{TDeployEnd::Refused,
+                      {"somebody else deployed there meanwhile; deploy again"}};
   if (now.State == TRecordState::Damaged) {
     if (const std::string problem = FStore->SetAside(*FConnection); !problem.empty())
       return forget(problem);
@@ -223,25 +255,42 @@ bool TDeployRun::Lock() {
   return true;
 }
 
+void TDeployRun::KeepBefore(const TRecordedRun& run) {
+  if (FTerms.Options.NoUndo)
+    return;
+  const std::string problem = KeepForUndo(*FConnection, TUndoStore(FStore->Directory()), FPlan,
+                                          FReading.Record, run, FTerms.Options.Undo);
+  if (!problem.empty())
+    FReport.Warnings.push_back("this deploy cannot be taken back: " + problem);
+}
+
 void TDeployRun::Execute() {
   TDeployExecution execution{.Connection = *FConnection,
                              .Connect = FConnect,
                              .Directory = FFacts.ProjectFile.parent_path(),
-                             .Jobs = FRequest.Options.Jobs,
+                             .Jobs = FTerms.Options.Jobs,
                              .Observer = FObserver,
                              .Cancelled = FCancelled,
-                             .Target = FRequest.Target};
-  if (!FStore || !HasWork() || !Lock())
-    return ExecuteDeployPlan(FPlan, execution, FReport);
+                             .Target = FFacts.Target};
+  if (!FStore || !HasWork() || !Lock()) {
+    ExecuteDeployPlan(FPlan, execution, FReport);
+    RunAfterDeploy();
+    return;
+  }
   TTargetRecord record = FReading.Record;
   record.Project = FFacts.ProjectFile.stem().string();
-  record.Platform = FRequest.Target.Platform;
-  record.Configuration = FRequest.Target.Configuration;
-  TRecordKeeper keeper(*FStore, *FLock, FReading.Record, record, NewRun(FFacts.ProjectFile),
-                       FConnect);
+  record.Platform = FFacts.Target.Platform;
+  record.Configuration = FFacts.Target.Configuration;
+  const TRecordedRun run = NewRun(FFacts.ProjectFile);
+  KeepBefore(run);
+  TRecordKeeper keeper(*FStore, *FLock, FReading.Record, record, run, FConnect);
   execution.Keeper = &keeper;
+  if (!FPlan.AfterDeploy.empty())
+    keeper.OweAfterDeploy(FPlan.AfterDeploy);
   ExecuteDeployPlan(FPlan, execution, FReport);
   try {
+    if (RunAfterDeploy())
+      keeper.OweAfterDeploy({});
     const std::string problem = keeper.End(*FConnection, FCancelled != 0);
     if (!problem.empty())
       FReport.Warnings.push_back("the target cannot remember this deploy: " + problem);
@@ -250,7 +299,31 @@ void TDeployRun::Execute() {
     // The report says already that the connection broke.
     FReport.Warnings.push_back("the target cannot remember the end of this deploy");
   }
-  CollectOwed(keeper.Record());
+  const TTargetRecord left = keeper.Record();
+  CollectOwed(left);
+  if (!left.Runs.empty())
+    FReport.LastRun = left.Runs.front();
+}
+
+// True when it is not owed any more. All files have to be in place.
+bool TDeployRun::RunAfterDeploy() {
+  if (FPlan.AfterDeploy.empty())
+    return false;
+  const std::string text = "the command after the deploy, \"" + FPlan.AfterDeploy + "\", ";
+  const auto failed = [](const TDeployRow& row) { return row.Action == TDeployAction::Failed; };
+  if (FCancelled != 0 || !FReport.Message.empty() || std::ranges::any_of(FReport.Rows, failed)) {
+    FReport.AfterDeployProblem = text + "was not run, since not all files are in place";
+    return false;
+  }
+  try {
+    const std::string problem = FConnection->RunCommand(
+        FPlan.AfterDeploy, FConnection->Root(),
+        [this](std::string_view line) { FObserver.CommandSaid(std::string(line)); }, FCancelled);
+    FReport.AfterDeployProblem = problem.empty() ? problem : text + problem;
+  } catch (const TConnectionError& error) {
+    FReport.AfterDeployProblem = text + "was not run to its end: " + error.what();
+  }
+  return FReport.AfterDeployProblem.empty();
 }
 
 TDeployEnd TDeployRun::End() const {
@@ -262,7 +335,8 @@ TDeployEnd TDeployRun::End() const {
     return TDeployEnd::Interrupted;
   if (has(TDeployAction::Refused))
     return TDeployEnd::Unexpected;
-  return has(TDeployAction::Failed) ? TDeployEnd::Failed : TDeployEnd::Done;
+  return has(TDeployAction::Failed) || !FReport.AfterDeployProblem.empty() ? TDeployEnd::Failed
+                                                                           : TDeployEnd::Done;
 }
 
 } // namespace workbench

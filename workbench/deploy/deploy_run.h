@@ -4,10 +4,12 @@
 #include "workbench/deploy/deploy_observer.h"
 #include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/destination.h"
+#include "workbench/deploy/plan_file.h"
 #include "workbench/deploy/record/record_store.h"
 #include "workbench/deploy/record/target_lock.h"
 
 #include <filesystem>
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,36 +21,45 @@ namespace workbench {
 struct TRunFacts {
   const TDestinations& Destinations;
   TDestination Destination;
-  std::vector<TDeployFile> Files;
+  deployment::TDeploymentTarget Target;
+  std::vector<TDeployFile> Files = {};
   std::string RootName; ///< of the project on the platform, as stored
   std::filesystem::path ProjectFile;
+  /// A plan that was made earlier, to be carried out in the place of one for the files.
+  std::optional<TPlanFile> Given = {};
 };
 
 /// Used once. Everything must outlive the object.
 class TDeployRun {
 public:
-  TDeployRun(const TDeployRequest& request, TRunFacts facts, IDeployObserver& observer,
-             TDeployReport& report);
+  TDeployRun(TRunTerms terms, TRunFacts facts, IDeployObserver& observer, TDeployReport& report);
   ~TDeployRun();
   TDeployRun(const TDeployRun&) = delete;
   TDeployRun& operator=(const TDeployRun&) = delete;
 
   /// Fills the report. Throws TConnectionError.
   void Run();
+  /// The plan as it was made, bound to what it is for. Throws TConnectionError.
+  TPlanFile PlanFile() const;
 
 private:
   bool IsRecorded() const;
   void MakePlan();
-  TTargetRecord ReadRecord();
+  void TakePlan();
+  TPlanOptions PlanOptions() const;
+  void BeginRecord();
+  const TTargetRecord& TakeRecord();
   void Describe();
   bool MayExecute();
   bool HasWork() const;
   bool Lock();
   void Execute();
+  void KeepBefore(const TRecordedRun& run);
+  bool RunAfterDeploy();
   void CollectOwed(const TTargetRecord& record);
   TDeployEnd End() const;
 
-  const TDeployRequest& FRequest;
+  const TRunTerms FTerms;
   TRunFacts FFacts;
   IDeployObserver& FObserver;
   TDeployReport& FReport;
@@ -57,6 +68,7 @@ private:
   std::shared_ptr<IRemoteConnection> FConnection;
   std::optional<TRecordStore> FStore; // nothing where no record is kept
   std::optional<TTargetLock> FLock;
+  std::future<TRecordReading> FRecordRead; // while the record is taken apart
   TRecordReading FReading;
   TDeployPlan FPlan;
 };

@@ -4,7 +4,10 @@
 #include "package/host/api/entry_paths.h"
 #include "workbench/deploy/deploy_observer.h"
 #include "workbench/deploy/deploy_request.h"
+#include "workbench/deploy/deploy_run.h"
 #include "workbench/deploy/destination.h"
+#include "workbench/deploy/plan_file.h"
+#include "workbench/deploy/undo_run.h"
 
 namespace workbench {
 
@@ -17,6 +20,17 @@ public:
   /// Plans the deploy and, unless it is a dry run, carries the plan out. What hinders or fails
   /// stands in the report. Throws TInputError for damaged profiles. Called on the main thread.
   TDeployReport Deploy(const TDeployRequest& request, IDeployObserver& observer) const;
+  /// Plans the deploy and carries nothing out. The plan, with the hash of every local file, to be
+  /// kept; nothing where there is none, which the report says. Otherwise as Deploy.
+  std::optional<TPlanFile> Plan(const TDeployRequest& request, TDeployReport& report) const;
+  /// Carries out a plan that was made before, if everything is still what it was then. Otherwise as
+  /// Deploy.
+  TDeployReport Apply(const TPlanFile& file, const TRunTerms& terms,
+                      IDeployObserver& observer) const;
+  /// Takes back what the last deploy did, or the last ones. What hinders or fails stands in the
+  /// report. Throws TInputError for damaged profiles.
+  TUndoReport Undo(deployment::ICustomProject& project, const deployment::TDeploymentTarget& target,
+                   const TUndoRequest& request) const;
   /// The record of the project on the target; none where no record is kept. Throws
   /// TConnectionError and TInputError.
   TRecordReading ReadRecord(deployment::ICustomProject& project,
@@ -24,6 +38,8 @@ public:
                             const std::atomic<int>* cancelled) const;
 
 private:
+  TRunFacts FactsOf(const TDeployRequest& request) const;
+
   const TDestinations& FDestinations;
   deployment::TEntryPathServices FServices;
 };

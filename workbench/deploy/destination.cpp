@@ -3,6 +3,7 @@
 #include "package/common/errors.h"
 #include "package/host/api/platformapi.h"
 #include "workbench/files/machine_path.h"
+#include "workbench/files/user_name.h"
 #include "workbench/remote/profile/profile_entry.h"
 #include "workbench/remote/target/unfinished_names.h"
 #include "workbench/text/visible_text.h"
@@ -19,6 +20,21 @@ std::string TDestination::Text() const {
   if (!Profile)
     return Visible(Staging.string());
   return "profile " + Visible(Profile->Name) + " (" + ProfilePlace(*Profile) + ")";
+}
+
+std::vector<std::string> DifferencesOf(const TBinding& then, const TBinding& now) {
+  std::vector<std::string> differences;
+  const auto compare = [&](const std::string& before, const std::string& after,
+                           const std::string& what) {
+    if (before != after)
+      differences.push_back(what + " was " + (before.empty() ? "none" : Visible(before)) +
+                            " and is " + (after.empty() ? "none" : Visible(after)));
+  };
+  compare(then.Profile, now.Profile, "the profile");
+  compare(then.Place, now.Place, "the place of the profile \"" + Visible(now.Profile) + "\"");
+  compare(then.Machine, now.Machine, "the machine that the folder is on");
+  compare(then.HostKey, now.HostKey, "the host key of the target");
+  return differences;
 }
 
 // Programs of such a platform are packed here and go to no machine.
@@ -74,6 +90,29 @@ std::shared_ptr<IRemoteConnection> TDestinations::Connect(const TDestination& de
   if (destination.Profile)
     return FConnections.Open(*destination.Profile, cancelled);
   return std::make_shared<TFolderConnection>(destination.Staging, TMissingFolder::Make);
+}
+
+std::optional<TDestination> TDestinations::Find(const TBinding& bound,
+                                                const std::string& platform) const {
+  if (bound.Profile.empty())
+    return TDestination{.Staging = bound.Place};
+  const TProfile* profile = FProfiles.Find(bound.Profile);
+  if (!profile || profile->Platform != platform)
+    return std::nullopt;
+  return TDestination{.Profile = *profile};
+}
+
+TBinding TDestinations::BindingOf(const TDestination& destination,
+                                  const std::atomic<int>& cancelled) const {
+  if (!destination.Profile)
+    return {.Place = destination.Staging.string(), .Machine = MachineName()};
+  const TProfile& profile = *destination.Profile;
+  TBinding binding{.Profile = profile.Name, .Place = ProfilePlace(profile)};
+  if (profile.Kind == TProfileKind::Folder)
+    binding.Machine = MachineName();
+  else
+    binding.HostKey = HostKeyOf(profile, cancelled);
+  return binding;
 }
 
 // What is not there yet is made in the directory above it.

@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace workbench {
 
@@ -25,6 +26,19 @@ struct TDestination {
   /// "profile NAME (PLACE)", or the folder; fit for a person's eyes.
   std::string Text() const;
 };
+
+/// What tells one destination from another, so that a plan for one is not carried out on another.
+struct TBinding {
+  std::string Profile = {}; ///< its name; empty for a folder beside the program
+  std::string Place = {};   ///< where that leads
+  std::string Machine = {}; ///< that the place is on; empty where the place says it
+  std::string HostKey = {}; ///< "TYPE FINGERPRINT" of the machine; empty for a folder
+
+  bool operator==(const TBinding&) const = default;
+};
+
+/// A sentence for each part in which the destination is another one.
+std::vector<std::string> DifferencesOf(const TBinding& then, const TBinding& now);
 
 /// Finds destinations and connects to them. What it is made with must outlive it.
 class TDestinations {
@@ -38,6 +52,11 @@ public:
   /// when there is no profile.
   TDestination Find(deployment::ICustomProject& project,
                     const deployment::TDeploymentTarget& target) const;
+  /// The destination that was bound; nothing when the profile is gone or is one of another
+  /// platform. Throws TInputError for damaged profiles.
+  std::optional<TDestination> Find(const TBinding& bound, const std::string& platform) const;
+  /// Asks another machine for its key. Throws TConnectionError.
+  TBinding BindingOf(const TDestination& destination, const std::atomic<int>& cancelled) const;
   /// Begins to connect, asking nobody. Nothing is said of what is wrong.
   void Prepare(deployment::ICustomProject& project, const std::string& platform) const;
   /// Throws TConnectionError. `cancelled` as for TConnections.

@@ -2,7 +2,9 @@
 
 #include "package/common/case_fold.h"
 
+#include <deque>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
 
@@ -14,18 +16,20 @@ using deployment::TDeployOperation;
 // What the record has of the target and the plan has not; directories as the record names them.
 std::vector<TLeftOver> Candidates(const TTargetRecord& record, const TPlanOptions& options,
                                   const TDeployPlan& plan) {
-  const auto key = [&options](const std::string& path) {
-    return options.Places.Names.IgnoresCase ? deployment::UpperCase(path) : path;
-  };
-  std::unordered_set<std::string> listed;
+  const bool ignoresCase = options.Places.Names.IgnoresCase;
+  std::deque<std::string> folded; // owns the names that the next one points to
+  std::unordered_set<std::string_view> listed;
+  listed.reserve(plan.Files.size());
   for (const TPlannedFile& file : plan.Files)
-    listed.insert(key(file.RecordPath));
+    listed.insert(ignoresCase ? folded.emplace_back(deployment::UpperCase(file.RecordPath))
+                              : file.RecordPath);
   std::vector<TLeftOver> candidates;
   for (const auto& [path, file] : record.Files) {
     const bool isOfTarget = file.Platform == options.Target.Platform &&
                             file.Configuration == options.Target.Configuration;
-    TTargetPlace place = FindTargetPlace(path, options.Places);
-    if (isOfTarget && !listed.contains(key(path)) && place.Problem.empty())
+    if (!isOfTarget || listed.contains(ignoresCase ? deployment::UpperCase(path) : path))
+      continue;
+    if (TTargetPlace place = FindTargetPlace(path, options.Places); place.Problem.empty())
       candidates.push_back({path, std::move(place.Name), file.LocalName});
   }
   return candidates;
@@ -87,6 +91,7 @@ void DecideStates(IRemoteConnection& connection, const TTargetRecord& record,
       continue;
     }
     candidates[i].State = DecideLeftOverState(sides[i], comparing).State;
+    candidates[i].There = answers[i];
     plan.LeftOvers.push_back(std::move(candidates[i]));
   }
 }
@@ -98,6 +103,7 @@ void Prune(TDeployPlan& plan) {
     file.File.Operation = TDeployOperation::Remove;
     file.Target = leftOver.Target;
     file.RecordPath = leftOver.RecordPath;
+    file.There = leftOver.There;
     file.State = leftOver.State;
     file.Action = TDeployAction::Removed;
     if (leftOver.State == TFileState::LeftOverChanged) {
@@ -153,7 +159,7 @@ void ReadHashesThere(IRemoteConnection& connection, const std::vector<TRemoteNam
     return;
   std::vector<std::string> hashes = connection.Hashes(names);
   for (std::size_t i = 0; i < names.size(); ++i)
-    contents[i]->Hash = hashes[i].empty() ? "unreadable there" : std::move(hashes[i]);
+    contents[i]->Hash = hashes[i].empty() ? std::string(UnreadableThere) : std::move(hashes[i]);
 }
 
 void FindLeftOvers(IRemoteConnection& connection, const TTargetRecord& record,

@@ -5,9 +5,14 @@
 #include "workbench/deploy/deploy_plan.h"
 
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace workbench {
+
+/// Stand for the hash of a file that cannot be read: it is a content of its own.
+inline constexpr std::string_view UnreadableHere = "unreadable here";
+inline constexpr std::string_view UnreadableThere = "unreadable there";
 
 /// What the target says of a file, as content; nothing where nothing is.
 std::optional<TContent> ContentOf(const TRemoteStatus& remote);

@@ -65,7 +65,7 @@ TTargetRecord TRecordKeeper::Current(TRunResult result) const {
 
 void TRecordKeeper::Begin(IRemoteConnection& connection) {
   std::unique_lock lock(FMutex);
-  if (FRecord.Owed == FBefore.Owed)
+  if (FRecord.Owed == FBefore.Owed && FRecord.OwedAfterDeploy == FBefore.OwedAfterDeploy)
     return;
   const TTargetRecord current = Current(TRunResult::Partly);
   lock.unlock();
@@ -94,6 +94,11 @@ void TRecordKeeper::Owe(const std::string& path, std::vector<std::string> steps)
     FRecord.Owed.erase(path);
   else
     FRecord.Owed.insert_or_assign(path, std::move(steps));
+}
+
+void TRecordKeeper::OweAfterDeploy(std::string command) {
+  const std::lock_guard lock(FMutex);
+  FRecord.OwedAfterDeploy = std::move(command);
 }
 
 void TRecordKeeper::Failed() {

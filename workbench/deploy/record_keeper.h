@@ -37,6 +37,8 @@ public:
   void Forget(const std::string& path, bool wasRemoved);
   /// These steps are to be done when the file is there; none: it owes nothing any more.
   void Owe(const std::string& path, std::vector<std::string> steps);
+  /// This command is to be run when all files are in place; empty: none is any more.
+  void OweAfterDeploy(std::string command);
   /// A row of the deploy failed or was refused.
   void Failed();
 

@@ -15,6 +15,8 @@ public:
   /// A descriptor for the directory of that full path, good until the next call. Throws
   /// std::system_error.
   int Open(const std::string& path);
+  /// The directories may be other ones now: they are opened anew.
+  void Forget() { FOpened.clear(); }
   /// Makes the directory and those above it. Throws std::system_error.
   void Make(const std::string& path);
 

@@ -21,6 +21,8 @@ constexpr int StampAttempts = 100;
 
 // Sorts by time as text, such as "20260131T235959.012345678Z".
 std::string TimeStamp(std::chrono::system_clock::time_point time) {
+  // Years before 1970 are mistakes of a clock, and would not have the shape of a name.
+  time = std::max(time, std::chrono::system_clock::time_point());
   const auto since =
       std::chrono::duration_cast<std::chrono::nanoseconds>(time.time_since_epoch()).count();
   const std::time_t seconds = since / 1000000000;
@@ -38,6 +40,19 @@ bool IsTimeStamp(std::string_view name) {
   return std::equal(name.begin(), name.end(), shape.begin(), shape.end(), [](char c, char form) {
     return form == '0' ? c >= '0' && c <= '9' : c == form;
   });
+}
+
+// The time that a name says.
+std::chrono::system_clock::time_point TimeOf(const std::string& stamp) {
+  std::tm parts = {};
+  long long nanoseconds = 0;
+  std::sscanf(stamp.c_str(), "%4d%2d%2dT%2d%2d%2d.%9lldZ", &parts.tm_year, &parts.tm_mon,
+              &parts.tm_mday, &parts.tm_hour, &parts.tm_min, &parts.tm_sec, &nanoseconds);
+  parts.tm_year -= 1900;
+  --parts.tm_mon;
+  return std::chrono::system_clock::from_time_t(::timegm(&parts)) +
+         std::chrono::duration_cast<std::chrono::system_clock::duration>(
+             std::chrono::nanoseconds(nanoseconds));
 }
 
 // The backups of one file, the oldest first.
@@ -116,6 +131,9 @@ std::filesystem::path KeepBackup(const std::filesystem::path& file, const TFileD
   // would change with it.
   const bool mayLink = ::fstat(opened.Get(), &status) == 0 && status.st_nlink == 1;
   auto now = std::chrono::system_clock::now();
+  // The oldest go first, and a clock that was set back must not make the new one the oldest.
+  if (const auto backups = ListBackups(directory); !backups.empty())
+    now = std::max(now, TimeOf(backups.back().filename()) + std::chrono::microseconds(1));
   for (int attempt = 0; attempt < StampAttempts; ++attempt, now += std::chrono::microseconds(1)) {
     std::filesystem::path backup = directory / TimeStamp(now);
     if (mayLink && ::link(file.c_str(), backup.c_str()) == 0) {
@@ -128,6 +146,18 @@ std::filesystem::path KeepBackup(const std::filesystem::path& file, const TFileD
   }
   errno = EEXIST;
   ThrowSystemError("finding a free name");
+}
+
+void RemoveUnfinishedBackups(const std::filesystem::path& file, const TFileDescriptor& opened) {
+  struct stat status = {};
+  if (::fstat(opened.Get(), &status) != 0 || status.st_nlink == 1)
+    return;
+  for (const std::filesystem::path& backup : ListBackups(BackupDirectory(file))) {
+    struct stat named = {};
+    if (::lstat(backup.c_str(), &named) == 0 && named.st_ino == status.st_ino &&
+        named.st_dev == status.st_dev)
+      ::unlink(backup.c_str());
+  }
 }
 
 void RemoveOldBackups(const std::filesystem::path& file) {

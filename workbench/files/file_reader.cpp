@@ -20,10 +20,15 @@ constexpr int ReadAttempts = 3;
   Reject(file, "the " + std::string(what) + " cannot be read: " + SystemReason(error));
 }
 
+// "an XML file" is spoken with a vowel.
+std::string WithArticle(std::string_view what) {
+  const bool isVowel = std::string_view("aeiouXM").find(what.front()) != std::string_view::npos;
+  return (isVowel ? "an " : "a ") + std::string(what);
+}
+
 void RequirePlainFile(const std::filesystem::path& file, std::string_view what, mode_t mode) {
   if (!S_ISREG(mode))
-    Reject(file,
-           "the path names " + std::string(KindOfFile(mode)) + ", not a " + std::string(what));
+    Reject(file, "the path names " + std::string(KindOfFile(mode)) + ", not " + WithArticle(what));
 }
 
 struct stat StatusOf(const TFileDescriptor& opened, const std::filesystem::path& file,

@@ -136,13 +136,16 @@ private:
   }
 
   void MakeBackup() {
+    RemoveUnfinishedBackups(FFile, FOld);
+    struct stat status = {};
+    const bool hasFurtherNames = ::fstat(FOld.Get(), &status) == 0 && status.st_nlink > 1;
     try {
       FOutcome.Backup = KeepBackup(FFile, FOld);
     } catch (const std::system_error& error) {
       FOutcome.Warnings.push_back("the old content of " + FFile.string() +
                                   " was not kept as a backup: " + error.what());
     }
-    if (FOldStatus.st_nlink > 1)
+    if (hasFurtherNames)
       FOutcome.Warnings.push_back(FFile.string() + " has further names; they keep the old content");
   }
 

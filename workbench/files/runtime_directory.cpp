@@ -56,10 +56,21 @@ std::filesystem::path RuntimeDirectory() {
         !OwnDirectory(path).empty())
       return path;
   }
-  const std::string name = "/tmp/" + std::string(RuntimeName) + "-" + std::to_string(::geteuid());
-  if (auto directory = OwnDirectory(name); !directory.empty())
+  return RuntimeDirectoryBelow("/tmp");
+}
+
+std::filesystem::path RuntimeDirectoryBelow(const std::filesystem::path& shared) {
+  const std::string name = std::string(RuntimeName) + "-" + std::to_string(::geteuid());
+  if (auto directory = OwnDirectory(shared / name); !directory.empty())
     return directory;
-  std::string unused = name + "-XXXXXX"; // somebody else has the name
+  // Somebody else has the name.
+  const std::string start = name + ScratchMark;
+  std::error_code ignored;
+  for (const auto& entry : std::filesystem::directory_iterator(shared, ignored)) {
+    if (entry.path().filename().native().starts_with(start) && !OwnDirectory(entry.path()).empty())
+      return entry.path();
+  }
+  std::string unused = (shared / (start + "XXXXXX")).native();
   if (!::mkdtemp(unused.data()))
     ThrowSystemError("making a private directory");
   return unused;

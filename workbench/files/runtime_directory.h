@@ -11,6 +11,10 @@ namespace workbench {
 /// program that asks. Throws std::system_error.
 std::filesystem::path RuntimeDirectory();
 
+/// One for this user in a directory that everybody may write into; another one that was made before
+/// where somebody else has the name, so that these do not pile up. Throws std::system_error.
+std::filesystem::path RuntimeDirectoryBelow(const std::filesystem::path& shared);
+
 /// Hexadecimal digits that nobody can guess, 16 for each word.
 std::string RandomDigits(unsigned words);
 

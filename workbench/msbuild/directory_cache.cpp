@@ -13,21 +13,36 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t MostEntries = 200'000;
+constexpr std::size_t MostCharacters = 400'000'000; // about a second
 
 } // namespace
 
-const std::vector<TFoundFile>& TDirectoryCache::FilesBelow(const fs::path& directory,
-                                                           std::size_t levels,
-                                                           std::string_view wildcard,
-                                                           const deployment::TErrorPlace& place) {
+TFoundFiles::TFoundFiles(std::vector<TFoundFile> files) : FFiles(std::move(files)) {
+  std::ranges::sort(FFiles, {}, &TFoundFile::Name);
+  for (std::uint32_t i = 0; i < FFiles.size(); ++i) {
+    const std::string_view name = FFiles[i].Parts.back();
+    FByName[name].push_back(i);
+    if (const std::size_t dot = name.rfind('.'); dot != std::string_view::npos)
+      FByExtension[name.substr(dot)].push_back(i);
+  }
+}
+
+const TFoundFiles::TPositions* TFoundFiles::Find(const TIndex& index, std::string_view text) {
+  const auto found = index.find(text);
+  return found == index.end() ? nullptr : &found->second;
+}
+
+const TFoundFiles& TDirectoryCache::FilesBelow(const fs::path& directory, std::size_t levels,
+                                               std::string_view wildcard,
+                                               const deployment::TErrorPlace& place) {
   const auto [found, isNew] = FWalks.try_emplace(directory);
   TWalk& walk = found->second;
   if (!isNew && walk.Levels >= levels)
     return walk.Files;
   walk.Levels = levels;
-  walk.Files.clear();
-  if (Collect(directory, {}, levels, walk.Files)) {
-    std::ranges::sort(walk.Files, {}, &TFoundFile::Name);
+  std::vector<TFoundFile> files;
+  if (Collect(directory, {}, levels, files)) {
+    walk.Files = TFoundFiles(std::move(files));
     return walk.Files;
   }
   FWalks.erase(found);
@@ -35,6 +50,16 @@ const std::vector<TFoundFile>& TDirectoryCache::FilesBelow(const fs::path& direc
                                     "\" stands for more than " + std::to_string(MostEntries) +
                                     " files and directories",
                                 place);
+}
+
+void TDirectoryCache::SpendOnMatches(std::size_t characters, std::string_view wildcard,
+                                     const deployment::TErrorPlace& place) {
+  FCharacters += characters;
+  if (FCharacters > MostCharacters)
+    throw deployment::TInputError("the wildcard \"" + ShortText(wildcard) +
+                                      "\" is one too many: holding the wildcards of the project "
+                                      "against the files takes too long",
+                                  place);
 }
 
 // False when the limit of entries was passed.
@@ -98,6 +123,7 @@ void TDirectoryCache::Clear() {
   FWalks.clear();
   FNames.clear();
   FEntries = 0;
+  FCharacters = 0;
 }
 
 } // namespace workbench

@@ -3,6 +3,7 @@
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
 #include "workbench/files/machine_path.h"
+#include "workbench/msbuild/generated_mark.h"
 #include "workbench/xml/short_text.h"
 #include "workbench/xml/xml_text.h"
 
@@ -31,8 +32,10 @@ void AppendAttribute(std::string& markup, std::string_view name, std::string_vie
 
 } // namespace
 
-TMSBuildDocument::TMSBuildDocument(const std::filesystem::path& templateFile, TSaveMode mode)
-    : FMode(mode), FTemplate(InputFrom(templateFile), templateFile.string()),
+TMSBuildDocument::TMSBuildDocument(const std::filesystem::path& templateFile, TSaveMode mode,
+                                   std::string listHash)
+    : FMode(mode), FListHash(std::move(listHash)),
+      FTemplate(InputFrom(templateFile), templateFile.string()),
       FSource(FTemplate.Bytes(), FTemplate.Encoding()) {
   TXmlElement& root = FTemplate.Root();
   if (root.NodeName() != "Project")
@@ -128,6 +131,16 @@ void TMSBuildDocument::KeepMarkup() {
   FMarkup.reserve(PieceSize + PieceSize / 8);
 }
 
+void TMSBuildDocument::AppendMark() {
+  std::string_view text = FTemplate.Bytes();
+  text = text.substr(0, text.find_last_not_of('\0') + 1); // half a line end of UTF-16
+  if (!text.ends_with('\n'))
+    FMarkup += FLayout.Layout.LineEnd;
+  FMarkup += GeneratedMark(FListHash);
+  FMarkup += FLayout.Layout.LineEnd;
+  KeepMarkup();
+}
+
 bool TMSBuildDocument::IsContentOf(const std::filesystem::path& file) {
   std::error_code ignored;
   if (!std::filesystem::exists(file, ignored))
@@ -148,6 +161,8 @@ void TMSBuildDocument::SaveToFile(std::string_view fileName) {
   KeepMarkup();
   const auto size = static_cast<std::uint32_t>(FTemplate.Bytes().size());
   FPieces.Borrow(FSource.Bytes({FInsertion.Place.End, size}));
+  if (!FListHash.empty())
+    AppendMark();
   if (FMode == TSaveMode::Compare) {
     FWasWritten = !IsContentOf(ToMachinePath(fileName));
     return;

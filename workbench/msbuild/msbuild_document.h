@@ -25,9 +25,10 @@ public:
     Compare, ///< only finds out whether the file is different
   };
 
-  /// Reads the template. Throws TInputError when it cannot be read or is no MSBuild project.
+  /// Reads the template. The document ends with the mark of the list that it is made from, unless
+  /// that has no hash. Throws TInputError when it cannot be read or is no MSBuild project.
   explicit TMSBuildDocument(const std::filesystem::path& templateFile,
-                            TSaveMode mode = TSaveMode::Write);
+                            TSaveMode mode = TSaveMode::Write, std::string listHash = {});
 
   deployment::IMSBuildItemGroup& AddItemGroup(std::string_view condition) override;
   void SaveToFile(std::string_view fileName) override;
@@ -51,9 +52,11 @@ private:
   void CloseItem();
   void CloseGroup();
   void KeepMarkup();
+  void AppendMark();
   bool IsContentOf(const std::filesystem::path& file);
 
   const TSaveMode FMode;
+  const std::string FListHash;
   TXmlReader FTemplate;
   TSourceText FSource;
   TChildLayout FLayout;

@@ -22,6 +22,14 @@ constexpr std::uintmax_t LargestImport = std::uintmax_t{16} * 1024 * 1024;
 constexpr unsigned DeepestImport = 64;
 constexpr std::size_t MostImports = 10'000;
 
+void RequireProjectRoot(deployment::IXMLDocument& document, const fs::path& file) {
+  IXMLNode& root = document.DocumentElement();
+  if (root.NodeName() != "Project")
+    throw deployment::TInputError("the root element is \"" + std::string(root.NodeName()) +
+                                      "\", which is no MSBuild project",
+                                  {file.string(), root.Place().Line});
+}
+
 } // namespace
 
 fs::path RealPath(const fs::path& file) {
@@ -107,9 +115,12 @@ void TMSBuildEvaluation::ImportNamed(const std::string& name, const IXMLNode& im
     return;
   }
   std::error_code error;
-  if (found && !fs::is_regular_file(file, error))
-    throw deployment::TInputError("the import \"" + ShortText(file.string()) + "\" is no file",
-                                  import.Place());
+  if (found && !fs::is_regular_file(file, error)) {
+    const std::string shown = "the import \"" + ShortText(file.string()) + "\"";
+    if (file != FGeneratedFile)
+      throw deployment::TInputError(shown + " is no file", import.Place());
+    return Note(TNoteKind::SkippedImport, shown + " was skipped: it is no file", import);
+  }
   if (asksExists && !found)
     return;
   // What this program generates is as long as the list.
@@ -144,6 +155,8 @@ void TMSBuildEvaluation::ImportFile(const fs::path& file, const IXMLNode& import
   std::shared_ptr<deployment::IXMLDocument> document;
   try {
     document = FImports.Load(file);
+    if (document)
+      RequireProjectRoot(*document, file);
   } catch (const deployment::TInputError& error) {
     if (file != FGeneratedFile)
       throw;
@@ -174,13 +187,8 @@ void TMSBuildEvaluation::EvaluateImported(deployment::IXMLDocument& document, co
     throw deployment::TInputError(
         "the project imports more than " + std::to_string(MostImports) + " files", import.Place());
   FRealFiles.insert(RealPath(file));
-  IXMLNode& root = document.DocumentElement();
-  if (root.NodeName() != "Project")
-    throw deployment::TInputError("the root element is \"" + std::string(root.NodeName()) +
-                                      "\", which is no MSBuild project",
-                                  {file.string(), root.Place().Line});
   ++FImportDepth;
-  EvaluateFile(root, file);
+  EvaluateFile(document.DocumentElement(), file);
   --FImportDepth;
 }
 

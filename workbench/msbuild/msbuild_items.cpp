@@ -9,13 +9,15 @@
 
 #include <algorithm>
 #include <array>
-#include <unordered_set>
+#include <iterator>
 
 namespace workbench {
 namespace {
 
 // Lists that refer to themselves grow without end; real projects stay far below.
 constexpr std::size_t MostWork = 10'000'000;
+constexpr std::size_t WorkOfItem = 10;       // which stays in memory as well
+constexpr std::size_t CharactersOfWork = 32; // that are looked at in the time a step takes
 
 // Two includes with the same key are the same file.
 std::string KeyOf(std::string_view include) {
@@ -39,16 +41,40 @@ bool IsSteeringAttribute(std::string_view name) {
          name.find(':') != std::string_view::npos;
 }
 
-void SetMetadata(std::vector<TItemMetadata>& metadata, TItemMetadata wanted) {
-  for (TItemMetadata& present : metadata) {
-    if (deployment::SameText(present.Name, wanted.Name)) {
-      present.Text = std::move(wanted.Text);
-      present.Unknown = std::move(wanted.Unknown);
+// Sets what is wanted in a list that has each name once.
+class TMetadataSetter {
+public:
+  explicit TMetadataSetter(std::vector<TItemMetadata>& metadata) : FMetadata(metadata) {}
+
+  void Set(TItemMetadata wanted) {
+    TItemMetadata* present = Find(wanted.Name);
+    if (!present) {
+      FMetadata.push_back(std::move(wanted));
       return;
     }
+    present->Text = std::move(wanted.Text);
+    present->Unknown = std::move(wanted.Unknown);
   }
-  metadata.push_back(std::move(wanted));
-}
+
+private:
+  static constexpr std::size_t MostToWalk = 16;
+
+  TItemMetadata* Find(const std::string& name) {
+    if (FMetadata.size() <= MostToWalk) {
+      const auto found = std::ranges::find_if(FMetadata, [&](const TItemMetadata& present) {
+        return deployment::SameText(present.Name, name);
+      });
+      return found == FMetadata.end() ? nullptr : &*found;
+    }
+    for (std::size_t i = FPositions.size(); i < FMetadata.size(); ++i)
+      FPositions.emplace(deployment::UpperCase(FMetadata[i].Name), i);
+    const auto found = FPositions.find(deployment::UpperCase(name));
+    return found == FPositions.end() ? nullptr : &FMetadata[found->second];
+  }
+
+  std::vector<TItemMetadata>& FMetadata;
+  std::unordered_map<std::string, std::size_t> FPositions; // of the first ones, once there are many
+};
 
 } // namespace
 
@@ -98,14 +124,6 @@ void TItemEvaluator::Include(deployment::IXMLNode& element, std::string_view inc
   TSelection excluded;
   if (const auto exclude = element.GetAttribute("Exclude"))
     excluded = Select(element, *exclude);
-  const std::unordered_set<std::string> keys(excluded.Keys.begin(), excluded.Keys.end());
-  const auto isExcluded = [&](const std::string& name) {
-    Spend(excluded.Patterns.size(), element);
-    return (!keys.empty() && keys.contains(KeyOf(name))) ||
-           std::ranges::any_of(excluded.Patterns, [&](const TWildcardPattern& pattern) {
-             return pattern.Matches(name);
-           });
-  };
   const TExpanded escaped = FProperties.Expand(include, element);
   TUnknown unknown = FDoubt ? FDoubt : escaped.Unknown ? escaped.Unknown : excluded.Unknown;
   if (escaped.Unknown)
@@ -116,18 +134,19 @@ void TItemEvaluator::Include(deployment::IXMLNode& element, std::string_view inc
       if (!positions)
         continue;
       for (const std::size_t position : TPositions(*positions)) {
-        if (FItems[position].Removed || isExcluded(FItems[position].Include))
+        if (FItems[position].Removed || IsIn(excluded, FItems[position].Include, element))
           continue;
         TMetadata merged = FItems[position].Metadata;
+        TMetadataSetter setter(merged);
         for (const TItemMetadata& own : metadata)
-          SetMetadata(merged, own);
+          setter.Set(own);
         Add(element, FItems[position].Include, merged,
             FItems[position].Unknown ? FItems[position].Unknown : unknown);
       }
       continue;
     }
     for (std::string& name : Names(element, piece)) {
-      if (!isExcluded(name))
+      if (!IsIn(excluded, name, element))
         Add(element, std::move(name), metadata, unknown);
     }
   }
@@ -135,7 +154,7 @@ void TItemEvaluator::Include(deployment::IXMLNode& element, std::string_view inc
 
 void TItemEvaluator::Add(const deployment::IXMLNode& element, std::string include,
                          const TMetadata& metadata, const TUnknown& unknown) {
-  Spend(1 + metadata.size(), element);
+  Spend(WorkOfItem + metadata.size(), element);
   TypeOf(element.NodeName()).Positions.push_back(FItems.size());
   FItems.push_back(
       {std::string(element.NodeName()), std::move(include), metadata, &element, false, unknown});
@@ -187,24 +206,55 @@ TItemEvaluator::TSelection TItemEvaluator::Select(const deployment::IXMLNode& el
       if (const TPositions* positions = Referenced(element, piece)) {
         for (const std::size_t position : *positions) {
           if (!FItems[position].Removed)
-            selection.Keys.push_back(KeyOf(FItems[position].Include));
+            selection.Keys.insert(KeyOf(FItems[position].Include));
         }
       }
     } else if (TWildcardPattern::IsPattern(piece) &&
                TWildcardPattern(piece).Refusal(FDirectory).empty()) {
       selection.Patterns.emplace_back(piece);
     } else {
-      selection.Keys.push_back(KeyOf(UnescapeMSBuild(piece)));
+      selection.Keys.insert(KeyOf(UnescapeMSBuild(piece)));
     }
   }
   return selection;
 }
 
+bool TItemEvaluator::IsIn(const TSelection& selection, const std::string& name,
+                          const deployment::IXMLNode& element) {
+  if (!selection.Keys.empty() && selection.Keys.contains(KeyOf(name)))
+    return true;
+  return !selection.Patterns.empty() &&
+         AnyTakesIn(selection.Patterns, TWildcardPattern::PartsOf(name), element);
+}
+
+bool TItemEvaluator::AnyTakesIn(const std::vector<TWildcardPattern>& patterns,
+                                const TWildcardPattern::TParts& path,
+                                const deployment::IXMLNode& element) {
+  std::size_t characters = 0;
+  const bool isTaken = std::ranges::any_of(patterns, [&](const TWildcardPattern& pattern) {
+    const bool takes = pattern.Matches(path, characters);
+    Spend(characters / CharactersOfWork, element);
+    characters %= CharactersOfWork;
+    return takes;
+  });
+  Spend(1, element);
+  return isTaken;
+}
+
+// The parts of an item's name; they are kept, since projects have many patterns for one list.
+const TWildcardPattern::TParts& TItemEvaluator::PartsAt(std::size_t position) {
+  if (FParts.size() < FItems.size())
+    FParts.resize(FItems.size());
+  if (!FParts[position])
+    FParts[position] = TWildcardPattern::PartsOf(FItems[position].Include);
+  return *FParts[position];
+}
+
 // Positions of the items that are left and that the selection names. The index grows as far as
 // the items do, so that a project with many single removals stays linear.
-TItemEvaluator::TPositions TItemEvaluator::Selected(std::string_view typeName,
+TItemEvaluator::TPositions TItemEvaluator::Selected(const deployment::IXMLNode& element,
                                                     const TSelection& selection) {
-  TType& type = TypeOf(typeName);
+  TType& type = TypeOf(element.NodeName());
   for (; type.Indexed < type.Positions.size(); ++type.Indexed) {
     const std::size_t position = type.Positions[type.Indexed];
     type.ByKey[KeyOf(FItems[position].Include)].push_back(position);
@@ -214,20 +264,20 @@ TItemEvaluator::TPositions TItemEvaluator::Selected(std::string_view typeName,
     if (const auto found = type.ByKey.find(key); found != type.ByKey.end())
       selected.insert(selected.end(), found->second.begin(), found->second.end());
   }
-  for (const TWildcardPattern& pattern : selection.Patterns) {
-    for (const std::size_t position : type.Positions) {
-      if (pattern.Matches(FItems[position].Include))
-        selected.push_back(position);
-    }
+  if (!selection.Patterns.empty()) {
+    std::ranges::copy_if(type.Positions, std::back_inserter(selected), [&](std::size_t position) {
+      return !FItems[position].Removed &&
+             AnyTakesIn(selection.Patterns, PartsAt(position), element);
+    });
   }
+  Spend(selected.size(), element);
   std::erase_if(selected, [&](std::size_t position) { return FItems[position].Removed; });
   return selected;
 }
 
 void TItemEvaluator::Remove(const deployment::IXMLNode& element, std::string_view list) {
   const TSelection selection = Select(element, list);
-  Spend(selection.Patterns.size() * TypeOf(element.NodeName()).Positions.size(), element);
-  for (const std::size_t position : Selected(element.NodeName(), selection)) {
+  for (const std::size_t position : Selected(element, selection)) {
     FItems[position].Removed = !FDoubt;
     if (FDoubt)
       FItems[position].Unknown = FDoubt;
@@ -237,17 +287,19 @@ void TItemEvaluator::Remove(const deployment::IXMLNode& element, std::string_vie
 void TItemEvaluator::Update(deployment::IXMLNode& element, std::string_view list) {
   const TMetadata metadata = ReadMetadata(element);
   const TSelection selection = Select(element, list);
-  Spend(selection.Patterns.size() * TypeOf(element.NodeName()).Positions.size(), element);
-  for (const std::size_t position : Selected(element.NodeName(), selection)) {
+  for (const std::size_t position : Selected(element, selection)) {
+    Spend(metadata.size(), element);
+    TMetadataSetter setter(FItems[position].Metadata);
     for (const TItemMetadata& own : metadata)
-      SetMetadata(FItems[position].Metadata, {own.Name, own.Text, FDoubt ? FDoubt : own.Unknown});
+      setter.Set({own.Name, own.Text, FDoubt ? FDoubt : own.Unknown});
   }
 }
 
 TItemEvaluator::TMetadata TItemEvaluator::ReadMetadata(deployment::IXMLNode& element) const {
   TMetadata metadata;
+  TMetadataSetter setter(metadata);
   const auto set = [&](std::string_view name, TExpanded value) {
-    SetMetadata(metadata, {std::string(name), std::move(value.Text), std::move(value.Unknown)});
+    setter.Set({std::string(name), std::move(value.Text), std::move(value.Unknown)});
   };
   for (std::size_t i = 0; i < element.AttributeCount(); ++i) {
     const std::string_view name = element.AttributeName(i);

@@ -11,9 +11,11 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace workbench {
@@ -69,7 +71,7 @@ private:
 
   // What an Exclude, Remove or Update names.
   struct TSelection {
-    std::vector<std::string> Keys;
+    std::unordered_set<std::string> Keys;
     std::vector<TWildcardPattern> Patterns;
     TUnknown Unknown;
   };
@@ -79,7 +81,12 @@ private:
   void Add(const deployment::IXMLNode& element, std::string include, const TMetadata& metadata,
            const TUnknown& unknown);
   TSelection Select(const deployment::IXMLNode& element, std::string_view list);
-  TPositions Selected(std::string_view type, const TSelection& selection);
+  bool IsIn(const TSelection& selection, const std::string& name,
+            const deployment::IXMLNode& element);
+  bool AnyTakesIn(const std::vector<TWildcardPattern>& patterns,
+                  const TWildcardPattern::TParts& path, const deployment::IXMLNode& element);
+  const TWildcardPattern::TParts& PartsAt(std::size_t position);
+  TPositions Selected(const deployment::IXMLNode& element, const TSelection& selection);
   void Remove(const deployment::IXMLNode& element, std::string_view list);
   void Update(deployment::IXMLNode& element, std::string_view list);
   TMetadata ReadMetadata(deployment::IXMLNode& element) const;
@@ -95,6 +102,8 @@ private:
   TEvaluationNotes& FNotes;
   TUnknown FDoubt; // about the element at hand
   std::vector<TProjectItem> FItems;
+  std::vector<std::optional<TWildcardPattern::TParts>>
+      FParts; // of the items that patterns were held against
   std::unordered_map<std::string, TType> FTypes;
   std::size_t FWork = 0;
 };

@@ -20,7 +20,7 @@ constexpr char AnyCharacter = '\xFE';
 constexpr std::string_view Wildcards = "\xFF\xFE";
 constexpr std::string_view AnyDirectories = "\xFF\xFF";
 
-constexpr std::size_t LongestPattern = 4096;
+constexpr std::size_t LongestPath = 4096;
 constexpr std::size_t DeepestSearch = 64;
 
 std::vector<std::string> SplitPath(std::string_view path) {
@@ -42,12 +42,14 @@ std::size_t NextCharacter(std::string_view text, std::size_t position) {
   return position;
 }
 
-bool MatchesName(std::string_view pattern, std::string_view name) {
+bool MatchesName(std::string_view pattern, std::string_view name, std::size_t& work) {
   std::size_t p = 0;
   std::size_t n = 0;
   std::size_t star = std::string_view::npos;
   std::size_t retry = 0;
+  ++work;
   while (n < name.size()) {
+    ++work;
     if (p < pattern.size() && pattern[p] == AnyText) {
       star = p++;
       retry = n;
@@ -91,6 +93,8 @@ bool TWildcardPattern::IsPattern(std::string_view escaped) {
 }
 
 TWildcardPattern::TWildcardPattern(std::string_view escaped) : FText(escaped) {
+  if (escaped.size() > LongestPath && IsPattern(escaped))
+    return; // is refused, and takes in nothing
   const std::string marked = MarkWildcards(escaped);
   const std::size_t wildcard = std::min(marked.find_first_of(Wildcards), marked.size());
   const std::string_view fixed =
@@ -109,19 +113,26 @@ TWildcardPattern::TWildcardPattern(std::string_view escaped) : FText(escaped) {
     FParts.emplace_back(1, AnyText); // "data\**" takes in the files of all directories below
 }
 
-bool TWildcardPattern::MatchesParts(const TParts& parts) const {
-  // Most files are turned down by their names.
-  if (parts.empty() || FParts.empty() || !MatchesName(FParts.back(), parts.back()))
+// Most files are turned down by their names.
+bool TWildcardPattern::MatchesParts(std::span<const std::string> parts, std::size_t& work) const {
+  if (parts.empty() || FParts.empty())
     return parts.empty() && FParts.empty();
+  return MatchesName(FParts.back(), parts.back(), work) &&
+         MatchesDirectories(parts.first(parts.size() - 1), work);
+}
+
+bool TWildcardPattern::MatchesDirectories(std::span<const std::string> parts,
+                                          std::size_t& work) const {
+  const std::span<const std::string> wanted(FParts.data(), FParts.size() - 1);
   std::size_t p = 0;
   std::size_t n = 0;
   std::size_t star = std::string::npos;
   std::size_t retry = 0;
   while (n < parts.size()) {
-    if (p < FParts.size() && FParts[p] == AnyDirectories) {
+    if (p < wanted.size() && wanted[p] == AnyDirectories) {
       star = p++;
       retry = n;
-    } else if (p < FParts.size() && MatchesName(FParts[p], parts[n])) {
+    } else if (p < wanted.size() && MatchesName(wanted[p], parts[n], work)) {
       ++p;
       ++n;
     } else if (star != std::string::npos) {
@@ -131,16 +142,26 @@ bool TWildcardPattern::MatchesParts(const TParts& parts) const {
       return false;
     }
   }
-  return p == FParts.size();
+  while (p < wanted.size() && wanted[p] == AnyDirectories)
+    ++p;
+  return p == wanted.size();
+}
+
+TWildcardPattern::TParts TWildcardPattern::PartsOf(std::string_view path) {
+  return path.size() > LongestPath ? TParts() : SplitPath(path);
+}
+
+bool TWildcardPattern::Matches(const TParts& path, std::size_t& work) const {
+  ++work;
+  if (path.size() < FFixedParts.size() ||
+      !std::equal(FFixedParts.begin(), FFixedParts.end(), path.begin()))
+    return false;
+  return MatchesParts(std::span(path).subspan(FFixedParts.size()), work);
 }
 
 bool TWildcardPattern::Matches(std::string_view path) const {
-  TParts parts = SplitPath(path);
-  if (parts.size() < FFixedParts.size() ||
-      !std::equal(FFixedParts.begin(), FFixedParts.end(), parts.begin()))
-    return false;
-  parts.erase(parts.begin(), parts.begin() + static_cast<std::ptrdiff_t>(FFixedParts.size()));
-  return MatchesParts(parts);
+  std::size_t ignored = 0;
+  return Matches(SplitPath(path), ignored);
 }
 
 bool TWildcardPattern::TakesAnyDepth() const {
@@ -152,7 +173,7 @@ std::size_t TWildcardPattern::DeepestDirectory() const {
 }
 
 std::string_view TWildcardPattern::Refusal(const std::filesystem::path& directory) const {
-  if (FText.size() > LongestPattern)
+  if (FText.size() > LongestPath)
     return "is longer than any path";
   if (IsForeignPath(FFixedPart))
     return "looks for files that are not on this machine";
@@ -171,10 +192,24 @@ std::vector<std::string> TWildcardPattern::Expand(const std::filesystem::path& d
   std::vector<std::string> names;
   if (FParts.empty())
     return names;
-  for (const TFoundFile& found :
-       files.FilesBelow(ResolvePath(FFixedPart, directory), DeepestDirectory(), FText, place)) {
-    if (MatchesParts(found.Parts))
-      names.push_back(FFixedPart + found.Name);
+  const TFoundFiles& found =
+      files.FilesBelow(ResolvePath(FFixedPart, directory), DeepestDirectory(), FText, place);
+  const auto take = [&](const TFoundFile& file) {
+    std::size_t work = 0;
+    if (MatchesParts(file.Parts, work))
+      names.push_back(FFixedPart + file.Name);
+    files.SpendOnMatches(work, FText, place);
+  };
+  // What stands behind the last wildcard of the name decides how many files need a look.
+  const std::string_view name = FParts.back();
+  const std::size_t wildcard = name.find_last_of(Wildcards);
+  const std::size_t dot = name.rfind('.');
+  const bool isPlain = wildcard == std::string_view::npos;
+  if (isPlain || (dot != std::string_view::npos && dot > wildcard)) {
+    if (const auto* positions = isPlain ? found.Named(name) : found.WithExtension(name.substr(dot)))
+      std::ranges::for_each(*positions, [&](std::uint32_t i) { take(found.All()[i]); });
+  } else {
+    std::ranges::for_each(found.All(), take);
   }
   return names;
 }

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,7 +22,15 @@ public:
 
   explicit TWildcardPattern(std::string_view escaped);
 
-  /// Does the pattern take in this plain path? Letters ignoring case, "\" and "/" alike.
+  /// A path part by part, upper case.
+  using TParts = std::vector<std::string>;
+  /// A plain path, "\" and "/" alike; no parts where it is longer than any path of a machine.
+  static TParts PartsOf(std::string_view path);
+
+  /// Does the pattern take in this path? Letters ignoring case. Adds to `work` how many characters
+  /// were looked at.
+  bool Matches(const TParts& path, std::size_t& work) const;
+  /// The same for a plain path of any length.
   bool Matches(std::string_view path) const;
 
   /// The files of this machine that the pattern takes in, sorted, written as the pattern writes
@@ -38,9 +47,8 @@ public:
   const std::string& FixedPart() const { return FFixedPart; }
 
 private:
-  using TParts = std::vector<std::string>;
-
-  bool MatchesParts(const TParts& parts) const;
+  bool MatchesParts(std::span<const std::string> parts, std::size_t& work) const;
+  bool MatchesDirectories(std::span<const std::string> parts, std::size_t& work) const;
   bool TakesAnyDepth() const;
   std::size_t DeepestDirectory() const;
 

@@ -73,6 +73,11 @@ void TProjectDocument::CheckProject() {
   }
 }
 
+std::string_view TProjectDocument::SectionBytes() const {
+  const TXmlElement* section = FReader.Section();
+  return section ? FSource.Bytes(section->Range()) : std::string_view();
+}
+
 TXmlElement* TProjectDocument::FindContainer() {
   return NextNamed(Root().FirstChild(), SectionContainer);
 }
@@ -100,8 +105,11 @@ TXmlElement& TProjectDocument::AddSection(std::string_view name) {
 }
 
 bool TProjectDocument::HasImport(std::string_view import) {
-  if (FNewImport && deployment::SameText(FNewImport->Project, import))
-    return true;
+  return (FNewImport && deployment::SameText(FNewImport->Project, import)) ||
+         HasStoredImport(import);
+}
+
+bool TProjectDocument::HasStoredImport(std::string_view import) {
   for (TXmlElement* child = Root().FirstChild(); child; child = child->NextSibling()) {
     if (IsImportOf(*child, import))
       return true;
@@ -233,7 +241,8 @@ TProjectDocument::RewriteSection(TXmlElement& section, const TWriteSection& writ
   if (rewrite->SaysTheSame(root))
     return std::nullopt;
   return TEdit{section.Range(),
-               [tree, rewrite](TTextPieces& pieces) { rewrite->AppendTo(pieces, *tree->Root()); }};
+               [tree, rewrite](TTextPieces& pieces) { rewrite->AppendTo(pieces, *tree->Root()); },
+               /*IsSection=*/true};
 }
 
 std::string TProjectDocument::NewSectionMarkup(const TChildLayout& layout,
@@ -290,7 +299,11 @@ std::unique_ptr<TTextPieces> TProjectDocument::Apply(std::vector<TEdit> edits) {
   std::uint32_t done = 0;
   for (const TEdit& edit : edits) {
     pieces->Borrow(FSource.Bytes({done, edit.Range.Start}));
+    if (edit.IsSection)
+      pieces->StartMark();
     edit.Append(*pieces);
+    if (edit.IsSection)
+      pieces->EndMark();
     done = edit.Range.End;
   }
   pieces->Borrow(FSource.Bytes({done, static_cast<std::uint32_t>(Bytes().size())}));

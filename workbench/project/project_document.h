@@ -40,6 +40,8 @@ public:
 
   TXmlElement& Root() { return FReader.Root(); }
   std::string_view Bytes() const { return FReader.Bytes(); }
+  /// The bytes of the large section as they were read; empty when there is none.
+  std::string_view SectionBytes() const;
   /// What errors call the file.
   const std::string& Name() { return FReader.Tree().FileName(); }
 
@@ -54,6 +56,8 @@ public:
 
   /// True when the project imports the file, whatever the condition, or will after a save.
   bool HasImport(std::string_view import);
+  /// True when the file that was read has the import.
+  bool HasStoredImport(std::string_view import);
   /// A save adds the import line. Does nothing when the project has it.
   void AddImport(std::string_view import, std::string_view condition);
 
@@ -78,8 +82,8 @@ public:
   bool HasPropertyChanges() const { return !FProperties.IsEmpty() || FNewItems; }
 
   /// The content of the file with the large section written anew; null when it is the content that
-  /// was read. The pieces borrow from the document. Throws what `write` throws, and TInputError
-  /// for text that XML cannot hold.
+  /// was read. The pieces borrow from the document; those of a section that was there and changed
+  /// are marked. Throws what `write` throws, and TInputError for text that XML cannot hold.
   std::unique_ptr<TTextPieces> Compose(const TWriteSection& write);
   /// The same with the properties and items alone; the section stays as it was read.
   std::unique_ptr<TTextPieces> ComposeEdits();
@@ -89,6 +93,7 @@ private:
   struct TEdit {
     TByteRange Range;
     std::function<void(TTextPieces&)> Append;
+    bool IsSection = false;
   };
   struct TNewItems {
     TXmlElement* Group;

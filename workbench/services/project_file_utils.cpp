@@ -10,7 +10,8 @@ namespace workbench {
 std::shared_ptr<deployment::IMSBuildProjectDocument>
 TProjectFileUtils::MSBuildLoadProjectDocument(std::string_view fileName) {
   const auto mode = FSaving ? FSaving->FMode : TMSBuildDocument::TSaveMode::Write;
-  auto document = std::make_shared<TMSBuildDocument>(ToMachinePath(fileName), mode);
+  auto document = std::make_shared<TMSBuildDocument>(ToMachinePath(fileName), mode,
+                                                     FSaving ? FSaving->FListHash : std::string());
   if (FSaving)
     FSaving->FDocuments.push_back(document);
   return document;

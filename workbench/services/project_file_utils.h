@@ -5,7 +5,9 @@
 #include "workbench/msbuild/msbuild_document.h"
 
 #include <memory>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace workbench {
@@ -17,12 +19,12 @@ public:
   void EnsureImport(deployment::ICustomProject& project, std::string_view import,
                     std::string_view condition) override;
 
-  /// Documents that are loaded while it stands are saved in its mode, and it knows what became of
-  /// them. One at a time.
+  /// Documents that are loaded while it stands are saved in its mode, with the mark of the list
+  /// that they are made from, and it knows what became of them. One at a time.
   class TSaving {
   public:
-    TSaving(TProjectFileUtils& utils, TMSBuildDocument::TSaveMode mode)
-        : FUtils(utils), FMode(mode) {
+    TSaving(TProjectFileUtils& utils, TMSBuildDocument::TSaveMode mode, std::string listHash)
+        : FUtils(utils), FMode(mode), FListHash(std::move(listHash)) {
       FUtils.FSaving = this;
     }
     ~TSaving() { FUtils.FSaving = nullptr; }
@@ -36,6 +38,7 @@ public:
     friend TProjectFileUtils;
     TProjectFileUtils& FUtils;
     const TMSBuildDocument::TSaveMode FMode;
+    const std::string FListHash;
     std::vector<std::shared_ptr<TMSBuildDocument>> FDocuments;
   };
 

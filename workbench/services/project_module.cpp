@@ -1,6 +1,7 @@
 #include "workbench/services/project_module.h"
 
 #include "package/host/api/deploymentapi.h"
+#include "workbench/files/text_hash.h"
 #include "workbench/project/cpp/cpp_dialect.h"
 #include "workbench/project/import_loader.h"
 #include "workbench/settings/settings_store.h"
@@ -80,6 +81,17 @@ bool TProjectModule::IsText(std::string_view text) const {
     text.remove_prefix(piece.size());
   }
   return text.empty();
+}
+
+std::string TProjectModule::ListHash() {
+  TTextHasher hasher;
+  if (FSaved && !FSaved->Marked().empty()) {
+    for (const std::string_view piece : FSaved->Marked())
+      hasher.Add(piece);
+  } else {
+    hasher.Add(Document().SectionBytes());
+  }
+  return hasher.Digits();
 }
 
 // What stands on disk becomes the document that the next save starts from.

@@ -50,6 +50,8 @@ public:
   void Rename(const std::filesystem::path& file);
   /// True when the text is what was read or saved last.
   bool IsText(std::string_view text) const;
+  /// The hash of the list as it stands in the file that was read or saved last.
+  std::string ListHash();
   /// Names the profile of a platform for which the project names none; empty: there is none.
   using TDefaultProfile = std::function<std::string(std::string_view platform)>;
   void SetDefaultProfile(TDefaultProfile profile) { FDefaultProfile = std::move(profile); }

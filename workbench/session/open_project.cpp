@@ -7,10 +7,10 @@
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
 #include "workbench/files/machine_path.h"
+#include "workbench/msbuild/generated_mark.h"
 #include "workbench/project/project_identity.h"
 #include "workbench/services/app_strings.h"
 
-#include <algorithm>
 #include <span>
 #include <string_view>
 #include <sys/stat.h>
@@ -18,6 +18,8 @@
 
 namespace workbench {
 namespace {
+
+constexpr std::string_view SideFileImport = "$(MSBuildProjectName).deployproj";
 
 std::filesystem::path FullPath(const std::filesystem::path& file) {
   if (file.empty())
@@ -110,17 +112,14 @@ void TOpenProjectFile::CollectNotes() const {
   if (!present)
     return;
   const TEvaluationNotes& notes = *present;
-  const auto isTold = [this](const TEvaluationNote& note) {
-    return std::ranges::any_of(FWarnings, [&](const TWarning& warning) {
-      return warning.Text == note.Text && warning.File == note.Place.File &&
-             warning.Line == note.Place.Line;
-    });
-  };
   if (FNotesTaken > notes.size())
     FNotesTaken = 0;
   for (; FNotesTaken < notes.size(); ++FNotesTaken) {
     const TEvaluationNote& note = notes[FNotesTaken];
-    if (!isTold(note))
+    std::string told = note.Text;
+    told.append(1, '\0').append(note.Place.File).append(1, '\0');
+    told.append(std::to_string(note.Place.Line));
+    if (FNotesTold.insert(std::move(told)).second)
       FWarnings.push_back({note.Text, note.Place.File, note.Place.Line,
                            /*IsRemark=*/note.Kind == TNoteKind::FromOutside});
   }
@@ -230,8 +229,11 @@ TSaveReport TOpenProjectFile::SaveAs(const std::filesystem::path& file, bool ove
 
 TSaveReport TOpenProjectFile::Save(bool force) {
   TSaveReport report;
-  if (!HasChanges())
+  if (!HasChanges()) {
+    report.SideFileWritten = RefreshSideFile();
+    report.SideFile = SideFile();
     return report;
+  }
   RequireShippedFiles();
   const bool written = SaveProjectFile(force);
   report = ExportAfterSave();
@@ -240,12 +242,13 @@ TSaveReport TOpenProjectFile::Save(bool force) {
 }
 
 TSaveReport TOpenProjectFile::ExportAfterSave() {
+  constexpr const char* Done = "the project is saved, but not its side file: ";
   try {
     return Export();
   } catch (const deployment::TInputError& error) {
-    throw TSaveError("the project is saved, but not its side file: " + error.Place().File + ": " +
-                         error.what(),
-                     FGivenName);
+    throw TSaveError(Done + error.Place().File + ": " + error.what(), FGivenName);
+  } catch (const TSaveError& error) {
+    throw TSaveError(std::string(Done) + error.what(), error.File());
   }
 }
 
@@ -304,6 +307,11 @@ TSaveReport TOpenProjectFile::PlanExport() {
   return WriteSideFile(TMSBuildDocument::TSaveMode::Compare);
 }
 
+std::filesystem::path TOpenProjectFile::SideFile() const {
+  std::filesystem::path file = FGivenName;
+  return file.replace_extension(".deployproj");
+}
+
 TSaveReport TOpenProjectFile::WriteSideFile(TMSBuildDocument::TSaveMode mode) {
   TSaveReport report;
   std::vector<std::string> platforms;
@@ -311,12 +319,29 @@ TSaveReport TOpenProjectFile::WriteSideFile(TMSBuildDocument::TSaveMode mode) {
   for (const TProjectPlatform& platform : FModule->Settings().Platforms())
     platforms.push_back(platform.Name);
   const TPlatformManager::TProjectWork work(FServices.GetPlatformManager(), platforms);
-  const TProjectFileUtils::TSaving saving(FServices.GetProjectFileUtils(), mode);
+  const TProjectFileUtils::TSaving saving(FServices.GetProjectFileUtils(), mode,
+                                          FModule->ListHash());
   Deployment().SaveToDeployProj();
-  report.SideFile = FGivenName;
-  report.SideFile.replace_extension(".deployproj");
+  report.SideFile = SideFile();
   report.SideFileWritten = saving.WasWritten();
   return report;
+}
+
+// A project that does not ask for the file yet gets it with the first change that is saved.
+bool TOpenProjectFile::RefreshSideFile() {
+  if (!FModule->Document().HasStoredImport(SideFileImport) ||
+      HasGeneratedMark(SideFile(), FModule->ListHash()))
+    return false;
+  try {
+    if (!Export().SideFileWritten)
+      return false;
+  } catch (const TSaveError& error) {
+    throw TSaveError("the project is as it should be, but its side file is out of date: " +
+                         std::string(error.what()),
+                     SideFile());
+  }
+  FWarnings.push_back({"the side file was out of date and was written anew", SideFile().string()});
+  return true;
 }
 
 } // namespace workbench

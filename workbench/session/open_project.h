@@ -10,7 +10,9 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 #include <sys/types.h>
+#include <unordered_set>
 #include <vector>
 
 namespace workbench {
@@ -40,6 +42,7 @@ public:
   void SetLabelledItems(std::string_view label, std::vector<TLabelledItem> items) override;
   void RequireShippedFiles() override;
   TSaveReport Save(bool force) override;
+  bool RefreshSideFile() override;
   bool AssignProfile(std::string_view platform, std::string_view profile, bool force) override;
   bool SaveProjectFile(bool force) override;
   TSaveReport Export() override;
@@ -69,6 +72,7 @@ private:
 
   static std::optional<TFileNumber> FileNumberOf(const std::filesystem::path& file);
 
+  std::filesystem::path SideFile() const;
   TSaveReport WriteSideFile(TMSBuildDocument::TSaveMode mode);
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
   void MarkSaved();
@@ -89,6 +93,7 @@ private:
   bool FIsShown = false;
   bool FIsClosingAnnounced = true;
   mutable std::size_t FNotesTaken = 0;
+  mutable std::unordered_set<std::string> FNotesTold;
   mutable std::vector<TWarning> FWarnings; // those that still wait are taken when asked for
 };
 

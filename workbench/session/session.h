@@ -87,10 +87,15 @@ public:
   /// writes from is not installed: the template of the side file, and for a project without a list
   /// the default classes.
   virtual void RequireShippedFiles() = 0;
-  /// Writes the project when it has changes, and then the side file. With `force` a file that
+  /// Writes the project when it has changes, and then the side file; without changes the side file
+  /// is refreshed, see below. With `force` a file that
   /// changed on disk since it was read is overwritten. Throws TSaveError, and TInputError as above;
   /// then the file on disk is what it was before.
   virtual TSaveReport Save(bool force) = 0;
+  /// Writes the side file anew where it was not made from the list that the project file holds, as
+  /// after a save that was cut short; a project that does not import it yet gets none. True when it
+  /// did, and a warning says so. Throws as Export does.
+  virtual bool RefreshSideFile() = 0;
   /// Assigns a remote profile to one of the project's platforms and writes that alone, whatever
   /// else changed; an empty name takes the profile away. True when the file on disk was another
   /// one. Throws TInputError where the project leaves no place for it, and TSaveError.

@@ -1,7 +1,9 @@
 // A text put together from pieces of another one and pieces of its own, without copying.
 #pragma once
 
+#include <cstddef>
 #include <deque>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,7 +23,9 @@ public:
   void Borrow(std::string_view piece) {
     if (piece.empty())
       return;
-    if (!FPieces.empty() && FPieces.back().data() + FPieces.back().size() == piece.data())
+    const bool mayJoin =
+        !FPieces.empty() && FPieces.size() != FMarkStart && FPieces.size() != FMarkEnd;
+    if (mayJoin && FPieces.back().data() + FPieces.back().size() == piece.data())
       FPieces.back() = {FPieces.back().data(), FPieces.back().size() + piece.size()};
     else
       FPieces.push_back(piece);
@@ -35,9 +39,22 @@ public:
 
   const std::vector<std::string_view>& Pieces() const { return FPieces; }
 
+  /// What is added between these two can be asked for apart.
+  void StartMark() { FMarkStart = FPieces.size(); }
+  void EndMark() { FMarkEnd = FPieces.size(); }
+  /// Empty when nothing was marked.
+  std::span<const std::string_view> Marked() const {
+    return FMarkEnd == NoMark ? std::span<const std::string_view>()
+                              : std::span(FPieces).subspan(FMarkStart, FMarkEnd - FMarkStart);
+  }
+
 private:
+  static constexpr std::size_t NoMark = std::size_t(-1);
+
   std::vector<std::string_view> FPieces;
   std::deque<std::string> FOwned; // never moves what it holds
+  std::size_t FMarkStart = NoMark;
+  std::size_t FMarkEnd = NoMark;
 };
 
 } // namespace workbench

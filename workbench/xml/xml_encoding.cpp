@@ -56,6 +56,14 @@ std::string EncodeSingleBytes(std::string_view utf8, char32_t last) {
   return text;
 }
 
+bool IsLeadingHalf(char32_t unit) {
+  return (unit & 0xFC00U) == 0xD800U;
+}
+
+bool IsTrailingHalf(char32_t unit) {
+  return (unit & 0xFC00U) == 0xDC00U;
+}
+
 } // namespace
 
 TXmlEncoding DetectEncoding(std::string_view bytes, std::string_view declared) {
@@ -99,6 +107,27 @@ std::string EncodeMarkup(std::string utf8, TXmlEncoding encoding) {
     break;
   }
   return utf8;
+}
+
+std::optional<std::size_t> FindHalfCharacter(std::string_view bytes) {
+  const TXmlEncoding encoding = DetectEncoding(bytes, {});
+  if (encoding != TXmlEncoding::Utf16LittleEndian && encoding != TXmlEncoding::Utf16BigEndian)
+    return std::nullopt;
+  const std::size_t high = encoding == TXmlEncoding::Utf16LittleEndian ? 1 : 0;
+  const auto unitAt = [&](std::size_t offset) -> char32_t {
+    return static_cast<unsigned char>(bytes[offset + high]) * 256U +
+           static_cast<unsigned char>(bytes[offset + 1 - high]);
+  };
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    const char32_t unit = unitAt(i);
+    const bool isPair =
+        IsLeadingHalf(unit) && i + 3 < bytes.size() && IsTrailingHalf(unitAt(i + 2));
+    if (isPair)
+      i += 2;
+    else if (IsLeadingHalf(unit) || IsTrailingHalf(unit))
+      return i;
+  }
+  return std::nullopt;
 }
 
 } // namespace workbench

@@ -1,6 +1,8 @@
 // How the bytes of a document stand for characters.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,5 +21,9 @@ const char* EncodingName(TXmlEncoding encoding);
 /// UTF-8 markup in that encoding, without byte order mark. Characters that the encoding lacks
 /// become character references, so they may stand in texts and attribute values only.
 std::string EncodeMarkup(std::string utf8, TXmlEncoding encoding);
+
+/// Where the first half of a character stands whose other half is missing; nothing in a document
+/// that is sound or is not in UTF-16. The parser would make another character of it.
+std::optional<std::size_t> FindHalfCharacter(std::string_view bytes);
 
 } // namespace workbench

@@ -37,6 +37,10 @@ TXmlReader::TXmlReader(const TInput& input, std::string fileName, const TXmlSect
   RefuseLarge(size, limits, FTree.FileName());
   FTree.SetSource({memory, size}, *this);
   RefuseEmpty(Bytes(), FTree.FileName());
+  if (const auto offset = FindHalfCharacter(Bytes()))
+    throw deployment::TInputError(
+        "not well-formed XML: half of a character (a surrogate without its other one)",
+        {FTree.FileName(), FTree.LineOf(static_cast<std::uint32_t>(*offset))});
   TXmlTreeBuilder builder(FTree, limits, section, FSection);
   FParser.Parse(FTree, builder, size);
   FEncoding = DetectEncoding(Bytes(), FParser.DeclaredEncoding());

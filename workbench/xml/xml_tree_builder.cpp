@@ -137,8 +137,10 @@ void TXmlTreeBuilder::End(std::uint32_t end) {
   if (frame.HasChildren)
     DropBlankRun();
   const std::string_view text = std::string_view(FText).substr(frame.TextStart);
-  while (!FPrefixes.empty() && FPrefixes.back().Level == FFrames.size())
+  while (!FPrefixes.empty() && FPrefixes.back().Level == FFrames.size()) {
+    --FPrefixCounts[FPrefixes.back().Name];
     FPrefixes.pop_back();
+  }
   FFrames.pop_back();
   if (!frame.Element) {
     FRecorder.End(text);
@@ -178,8 +180,11 @@ void TXmlTreeBuilder::CheckPrefixes(TByteRange tag, std::string_view name,
   constexpr std::string_view Declaration = "xmlns:";
   for (std::size_t i = 0; attributes[i]; i += 2) {
     const std::string_view attribute = attributes[i];
-    if (attribute.starts_with(Declaration))
-      FPrefixes.push_back({FFrames.size(), std::string(attribute.substr(Declaration.size()))});
+    if (!attribute.starts_with(Declaration))
+      continue;
+    const std::string_view declared = Intern(attribute).Text;
+    FPrefixes.push_back({FFrames.size(), declared.substr(Declaration.size())});
+    ++FPrefixCounts[FPrefixes.back().Name];
   }
   const auto check = [this, tag](std::string_view qualified) {
     const std::size_t colon = qualified.find(':');
@@ -193,9 +198,10 @@ void TXmlTreeBuilder::CheckPrefixes(TByteRange tag, std::string_view name,
 }
 
 bool TXmlTreeBuilder::IsDeclared(std::string_view prefix) const {
-  return prefix == "xml" || prefix == "xmlns" ||
-         std::any_of(FPrefixes.rbegin(), FPrefixes.rend(),
-                     [prefix](const TPrefix& declared) { return declared.Name == prefix; });
+  if (prefix == "xml" || prefix == "xmlns")
+    return true;
+  const auto found = FPrefixCounts.find(prefix);
+  return found != FPrefixCounts.end() && found->second > 0;
 }
 
 // The same dozen names make up nearly every file; the cache answers for them without hashing.

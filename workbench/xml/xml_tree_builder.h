@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace workbench {
@@ -65,7 +66,7 @@ private:
   };
   struct TPrefix {
     std::size_t Level;
-    std::string Name;
+    std::string_view Name; // kept by the tree
   };
 
   std::size_t CheckLimits(TByteRange tag, std::string_view name, const char* const* attributes);
@@ -91,7 +92,8 @@ private:
   TXmlRecorder FRecorder;
   std::vector<TFrame> FFrames;
   std::string FText;
-  std::vector<TPrefix> FPrefixes;
+  std::vector<TPrefix> FPrefixes;                               // the innermost last
+  std::unordered_map<std::string_view, unsigned> FPrefixCounts; // how often each is declared
   bool FSeesPrefixes = false;
   std::array<const TXmlName*, 64> FNameCache{};
 };

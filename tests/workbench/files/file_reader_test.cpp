@@ -46,6 +46,9 @@ TEST_F(FileReader, FollowsASymbolicLink) {
 
 TEST_F(FileReader, NamesTheKindOfWhatIsNoPlainFile) {
   EXPECT_EQ(ReadError(FDirectory), "the path names a directory, not a project file");
+  EXPECT_EQ(testing::ErrorOf<deployment::TInputError>(
+                [this] { ReadWholeFile(FDirectory, 1, "imported project file"); }),
+            "the path names a directory, not an imported project file");
   EXPECT_EQ(ReadError("/dev/null"), "the path names a device, not a project file");
   ASSERT_EQ(mkfifo(FFile.c_str(), 0600), 0);
   EXPECT_EQ(ReadError(FFile), "the path names a pipe, not a project file");

@@ -35,6 +35,32 @@ protected:
   }
 };
 
+TEST_F(FileSaver, KeepsBackupsInOrderWhenTheClockIsSetBack) {
+  Write(FFile, "0");
+  for (const char* text : {"1", "2"})
+    SaveFile({.Target = FFile, .Content = std::array{std::string_view(text)}, .Force = true});
+  const auto newest = NewestBackup(FFile).value();
+  // As if that one had been made by a clock that was far ahead.
+  std::filesystem::rename(newest, BackupDirectory(FFile) / "20991231T235959.999999999Z");
+  for (const char* text : {"3", "4", "5", "6", "7", "8"})
+    SaveFile({.Target = FFile, .Content = std::array{std::string_view(text)}, .Force = true});
+  EXPECT_EQ(NamesIn(BackupDirectory(FFile)).size(), BackupsKept);
+  EXPECT_EQ(Read(NewestBackup(FFile).value()), "7");
+  EXPECT_EQ(NewestBackup(FFile)->filename(), "21000101T000000.000005999Z");
+}
+
+TEST_F(FileSaver, TakesABackupThatIsTheFileItselfForNone) {
+  Write(FFile, "old");
+  std::filesystem::create_directories(BackupDirectory(FFile));
+  const auto left = BackupDirectory(FFile) / "20260101T000000.000000000Z";
+  std::filesystem::create_hard_link(FFile, left); // killed before the rename
+  const auto outcome =
+      SaveFile({.Target = FFile, .Content = std::array{std::string_view("new")}, .Force = true});
+  EXPECT_TRUE(outcome.Warnings.empty());
+  EXPECT_FALSE(std::filesystem::exists(left));
+  EXPECT_EQ(Read(NewestBackup(FFile).value()), "old");
+}
+
 TEST_F(FileSaver, ReplacesTheContentAndKeepsTheOldOneAsABackup) {
   Write(FFile, "old");
   const TSaveOutcome outcome = Save("old", "the new content");

@@ -55,6 +55,18 @@ TEST_F(RuntimeDirectoryTest, IsNoneThatOthersCanRead) {
   EXPECT_NE(RuntimeDirectory().parent_path(), FRuntime);
 }
 
+TEST_F(RuntimeDirectoryTest, StaysTheSameWhereSomebodyElseHasItsName) {
+  const std::string name = "deployment-manager-" + std::to_string(::geteuid());
+  std::filesystem::create_directory(FRuntime / name);
+  ASSERT_EQ(::chmod((FRuntime / name).c_str(), 0777), 0);
+  const auto first = RuntimeDirectoryBelow(FRuntime);
+  EXPECT_NE(first, FRuntime / name);
+  ExpectIsPrivate(first);
+  EXPECT_EQ(RuntimeDirectoryBelow(FRuntime), first);
+  ASSERT_EQ(::chmod(first.c_str(), 0755), 0);
+  EXPECT_NE(RuntimeDirectoryBelow(FRuntime), first) << "others can read it";
+}
+
 TEST_F(RuntimeDirectoryTest, HoldsScratchDirectoriesThatGo) {
   const TEnvironment runtime("XDG_RUNTIME_DIR", FRuntime.string());
   std::filesystem::path path;

@@ -32,7 +32,7 @@ private:
   testing::TTemporaryDirectory FDirectory;
 };
 
-using TNames = std::vector<std::string>;
+using TChainNames = std::vector<std::string>;
 
 TEST_F(LinkChainTest, HasAllNamesOfALibraryWhicheverIsGiven) {
   MakeFile("libx.so.1.2.3");
@@ -41,16 +41,16 @@ TEST_F(LinkChainTest, HasAllNamesOfALibraryWhicheverIsGiven) {
   MakeFile("libx.so.1.2");
   MakeLink("liby.so", "libx.so.1.2.3");
   for (const char* name : {"libx.so", "libx.so.1", "libx.so.1.2.3"})
-    EXPECT_EQ(ChainOf(name), (TNames{"libx.so.1.2.3", "libx.so.1", "libx.so"})) << name;
-  EXPECT_EQ(ChainOf("libx.so.1.2"), TNames{"libx.so.1.2"});
-  EXPECT_EQ(ChainOf("liby.so"), TNames{"liby.so"});
+    EXPECT_EQ(ChainOf(name), (TChainNames{"libx.so.1.2.3", "libx.so.1", "libx.so"})) << name;
+  EXPECT_EQ(ChainOf("libx.so.1.2"), TChainNames{"libx.so.1.2"});
+  EXPECT_EQ(ChainOf("liby.so"), TChainNames{"liby.so"});
 }
 
 TEST_F(LinkChainTest, KnowsTheNamesOfApple) {
   MakeFile("libx.1.2.dylib");
   MakeLink("libx.1.dylib", "libx.1.2.dylib");
   MakeLink("libx.dylib", "libx.1.dylib");
-  EXPECT_EQ(ChainOf("libx.dylib"), (TNames{"libx.1.2.dylib", "libx.1.dylib", "libx.dylib"}));
+  EXPECT_EQ(ChainOf("libx.dylib"), (TChainNames{"libx.1.2.dylib", "libx.1.dylib", "libx.dylib"}));
 }
 
 TEST_F(LinkChainTest, IsTheNameAloneWhereALinkEndsNowhereOrElsewhere) {
@@ -61,7 +61,7 @@ TEST_F(LinkChainTest, IsTheNameAloneWhereALinkEndsNowhereOrElsewhere) {
   MakeFile("current.cfg.1");
   MakeLink("current.cfg", "current.cfg.1");
   for (const char* name : {"ring.so", "gone.so", "far.so", "current.cfg", "none"})
-    EXPECT_EQ(ChainOf(name), TNames{name});
+    EXPECT_EQ(ChainOf(name), TChainNames{name});
 }
 
 } // namespace

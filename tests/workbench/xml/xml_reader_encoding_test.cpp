@@ -67,6 +67,30 @@ TEST(XmlReaderEncoding, RefusesBytesThatAreNotOfIt) {
             "demo.vproj:2: not well-formed XML: not well-formed (invalid token)");
 }
 
+// The document, with the character behind "<a>" and a line end replaced by one unit or two.
+std::string WithUnits(TXmlEncoding encoding, std::initializer_list<unsigned> units) {
+  const bool little = encoding == TXmlEncoding::Utf16LittleEndian;
+  std::string text = Utf16("<a>\n", encoding);
+  for (const unsigned unit : units) {
+    text += static_cast<char>(little ? unit & 0xFFU : unit >> 8U);
+    text += static_cast<char>(little ? unit >> 8U : unit & 0xFFU);
+  }
+  return text + Utf16("b</a>", encoding).substr(2);
+}
+
+TEST(XmlReaderEncoding, RefusesHalvesOfCharacters) {
+  constexpr const char* Half =
+      "demo.vproj:2: not well-formed XML: half of a character (a surrogate without its other one)";
+  for (const auto encoding : {TXmlEncoding::Utf16LittleEndian, TXmlEncoding::Utf16BigEndian}) {
+    EXPECT_EQ(ReadError(WithUnits(encoding, {0xD800})), Half);
+    EXPECT_EQ(ReadError(WithUnits(encoding, {0xDC00})), Half);
+    EXPECT_EQ(ReadError(WithUnits(encoding, {0xDE00, 0xD83D})), Half);
+    EXPECT_EQ(ReadError(WithUnits(encoding, {0xD83D, 0xD83D, 0xDE00})), Half);
+    EXPECT_EQ(Read(WithUnits(encoding, {0xD83D, 0xDE00}))->Root().Text(), "\n\xF0\x9F\x98\x80"
+                                                                          "b");
+  }
+}
+
 TEST(XmlReaderEncoding, CanBeChosenByName) {
   for (const auto encoding :
        {TXmlEncoding::Utf8, TXmlEncoding::Latin1, TXmlEncoding::Utf16LittleEndian}) {

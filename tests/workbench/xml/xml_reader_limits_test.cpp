@@ -1,5 +1,7 @@
 #include "tests/workbench/xml/xml_fixture.h"
 
+#include <chrono>
+
 namespace workbench {
 namespace {
 
@@ -42,6 +44,27 @@ TEST(XmlLimits, Allow1024AttributesOfOneElement) {
             "demo.vproj:2: element \"a\" has more than 1024 attributes");
   EXPECT_EQ(ReadError(WithAttributes(200'000)),
             "demo.vproj:2: element \"a\" has more than 1024 attributes");
+}
+
+TEST(XmlLimits, HoldNoNumberOfPrefixesAgainstTheReader) {
+  std::string text = "<root";
+  for (int i = 0; i < 1000; ++i)
+    text += " xmlns:p" + std::to_string(i) + "=\"u\"";
+  text += ">";
+  for (int level = 0; level < 60; ++level) {
+    text += "<a";
+    for (int i = 0; i < 1000; ++i)
+      text += " xmlns:q" + std::to_string(level) + "-" + std::to_string(i) + "=\"u\"";
+    text += ">";
+  }
+  for (int i = 0; i < 20'000; ++i)
+    text += "<p0:x/>";
+  for (int level = 0; level < 60; ++level)
+    text += "</a>";
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(ReadError(text + "<p1:x/></root>"), "no error");
+  EXPECT_TRUE(ReadError(text + "<q0-0:x/></root>").ends_with("\"q0-0:x\" is not declared"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
 TEST(XmlLimits, AllowNamesOf50000Bytes) {

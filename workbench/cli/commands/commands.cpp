@@ -18,6 +18,9 @@ std::vector<std::unique_ptr<ICommand>> AllCommands() {
   commands.push_back(MakeFeaturedCommand());
   commands.push_back(MakeProfileCommand());
   commands.push_back(MakeDeployCommand());
+  commands.push_back(MakePlanCommand());
+  commands.push_back(MakeApplyCommand());
+  commands.push_back(MakeUndoCommand());
   commands.push_back(MakeVerifyCommand());
   commands.push_back(MakeHistoryCommand());
   commands.push_back(MakeUpgradeCommand());

@@ -197,9 +197,12 @@ private:
     const bool changed = !changes.IsEmpty() || project.HasPropertyChanges();
     if (changed)
       project.RequireShippedFiles();
-    if (changed && !FChange.DryRun) {
+    if (!FChange.DryRun) {
       const std::size_t told = project.Warnings().size();
-      project.Save(FChange.ForceSave);
+      if (changed)
+        project.Save(FChange.ForceSave);
+      else
+        project.RefreshSideFile();
       WarnSince(context, project, told);
     }
     if (context.Output.IsJson())

@@ -7,6 +7,7 @@
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/cli/view/deployment_view.h"
+#include "workbench/cli/view/known_states.h"
 #include "workbench/cli/view/row_table.h"
 #include "workbench/cli/view/target_status.h"
 #include "workbench/services/remote_profile_services.h"
@@ -27,7 +28,10 @@ public:
     AddProjectsArgument(options, FProject);
     options.Text("--sort", FSort, "Sort by this text of the rows; \":desc\" turns the order")
         .ValueName("KEY[:desc]");
-    if (!FConnects)
+    if (FConnects)
+      options.Flag("--offline", FOffline,
+                   "Do not connect; show what was known when the target was looked at last");
+    else
       options.Flag("--connect", FConnect, "Show the state of the files on the target");
     options.Footer("The target is reconciled in memory first; nothing is saved.");
   }
@@ -46,8 +50,8 @@ public:
 private:
   int ListProject(TCommandContext& context, TOpenProject& project, TRowTable& table) const {
     const TTarget target = ChooseTarget(context, project);
-    const bool connect = FConnects || FConnect;
-    if (connect && target.AllPlatforms)
+    const bool connect = (FConnects && !FOffline) || FConnect;
+    if ((FConnects || FConnect) && target.AllPlatforms)
       throw TUsageError("one platform is wanted to connect to");
     if (connect)
       context.Session.RemoteProfiles().Destinations().Prepare(project.Project(), target.Platform);
@@ -60,8 +64,9 @@ private:
     Sort(view);
     WarnOfNothingBuilt(context, project, target);
     WarnSince(context, project, told);
-    const TTargetStatus status =
-        FConnects ? AskTarget(context, project, target) : TTargetStatus(TDeployReport());
+    const TTargetStatus status = !FConnects ? TTargetStatus(TDeployReport())
+                                 : FOffline ? RecallTarget(context, project, target)
+                                            : AskTarget(context, project, target);
     std::vector<std::string> lost = context.Interaction.LostConnections();
     if (lost.empty() && status.Report().End == TDeployEnd::NoConnection)
       lost.push_back(status.Report().Message);
@@ -93,16 +98,36 @@ private:
   TTargetStatus AskTarget(TCommandContext& context, TOpenProject& project,
                           const TTarget& target) const {
     TSilentObserver nobody;
-    TTargetStatus status(context.Session.RemoteProfiles().Deploys().Deploy(
+    TDeployReport report = context.Session.RemoteProfiles().Deploys().Deploy(
         {.Project = project.Project(),
          .Target = {target.Configuration, target.Platform},
          .Options = {.DryRun = true, .SkipMissing = true}},
-        nobody));
+        nobody);
+    if (report.End == TDeployEnd::Done || report.End == TDeployEnd::Unexpected)
+      KeepKnownStates(KnownTargetOf(context, project, target), report);
+    TTargetStatus status(std::move(report));
     for (const std::string& warning : status.Report().Warnings)
       context.Output.Warn({warning, project.GivenFileName().string(), 0});
     for (const std::string& problem : status.Report().Problems)
       context.Output.Warn({problem, project.GivenFileName().string(), 0});
     return status;
+  }
+
+  static TKnownTarget KnownTargetOf(TCommandContext& context, TOpenProject& project,
+                                    const TTarget& target) {
+    const TDestination destination = context.Session.RemoteProfiles().Destinations().Find(
+        project.Project(), {target.Configuration, target.Platform});
+    return {project.GivenFileName(), target.Platform, target.Configuration, destination.Text()};
+  }
+
+  static TTargetStatus RecallTarget(TCommandContext& context, TOpenProject& project,
+                                    const TTarget& target) {
+    try {
+      TKnownStates known = ReadKnownStates(KnownTargetOf(context, project, target));
+      return TTargetStatus(std::move(known.Report), std::move(known.AsOf));
+    } catch (const TConnectionError& error) {
+      throw TExitError(exit_status::NoConnection, error.what()); // there is no profile
+    }
   }
 
   void PrintJson(TCommandContext& context, const TOpenProject& project, const TTarget& target,
@@ -117,6 +142,8 @@ private:
       entry.Add("dimmed", row.Dimmed);
       if (FConnects)
         status.AddState(row, entry);
+      if (FOffline)
+        status.AddAge(entry);
       list.Append(std::move(entry));
     }
     TJson document = {{"project", project.GivenFileName().string()},
@@ -145,6 +172,7 @@ private:
   std::string FProject;
   std::string FSort;
   bool FConnect = false;
+  bool FOffline = false;
 };
 
 } // namespace

@@ -33,6 +33,8 @@ public:
                       "Allow directories beyond the path"),
         &options.Flag("--stateless", FProfile.Stateless,
                       "Leave no record of deploys on the target"),
+        &options.Text("--after-deploy", FProfile.AfterDeploy,
+                      "Command for the target, run after a deploy that changed something"),
     };
     FSshOptions = {
         &options.Text("--host", FProfile.Host, "ssh: name or address of the machine"),
@@ -41,6 +43,8 @@ public:
         &options.Text("--identity", FProfile.Identity, "ssh: file of the key"),
         &options.Texts("--ssh-option", FProfile.SshOptions,
                        "ssh: KEY=VALUE for the client, as in its configuration; may be repeated"),
+        &options.Flag("--compress", FProfile.Compress,
+                      "ssh: compress what travels, for thin lines"),
         &options.Number("--connect-timeout", FProfile.ConnectTimeout, 1, 3600,
                         "ssh: seconds to wait for the machine"),
         &options.Number("--keep-alive", FProfile.KeepAlive, 1, 3600,

@@ -133,15 +133,17 @@ private:
     const bool same = !project.HasPropertyChanges() &&
                       std::all_of(targets.begin(), targets.end(),
                                   [](const auto& target) { return target.Changes.IsEmpty(); });
-    if (same)
-      return false;
-    project.RequireShippedFiles();
+    if (!same)
+      project.RequireShippedFiles();
     if (FChange.IsDry())
-      return true;
+      return !same;
     const std::size_t told = project.Warnings().size();
-    project.Save(FChange.ForceSave);
+    if (same)
+      project.RefreshSideFile();
+    else
+      project.Save(FChange.ForceSave);
     WarnSince(context, project, told);
-    return true;
+    return !same;
   }
 
   void Report(TCommandContext& context, const TOpenProject& project,

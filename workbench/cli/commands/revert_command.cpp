@@ -44,8 +44,8 @@ public:
     const bool changed = classesChanged || !changes.IsEmpty();
     if (changed)
       project.RequireShippedFiles();
-    if (changed && !FChange.IsDry())
-      Save(context, project);
+    if (!FChange.IsDry())
+      Save(context, project, changed);
     Report(context, project, platforms, changes, classesChanged);
     return exit_status::Done;
   }
@@ -79,9 +79,12 @@ private:
     return names;
   }
 
-  void Save(TCommandContext& context, TOpenProject& project) const {
+  void Save(TCommandContext& context, TOpenProject& project, bool changed) const {
     const std::size_t told = project.Warnings().size();
-    project.Save(FChange.ForceSave);
+    if (changed)
+      project.Save(FChange.ForceSave);
+    else
+      project.RefreshSideFile();
     WarnSince(context, project, told);
   }
 

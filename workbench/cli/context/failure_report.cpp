@@ -5,6 +5,9 @@
 #include "workbench/files/save_error.h"
 
 #include <exception>
+#include <filesystem>
+#include <new>
+#include <system_error>
 
 namespace workbench {
 namespace {
@@ -29,6 +32,18 @@ int Reported(TOutput& output, const std::function<int()>& action) {
     return Report(output, {error.Status(), error.what(), {}, 0, false});
   } catch (const TSaveError& error) {
     return Report(output, {exit_status::WorkFailed, error.what(), error.File().string(), 0, true});
+  } catch (const std::filesystem::filesystem_error& error) {
+    std::error_code gone;
+    static_cast<void>(std::filesystem::current_path(gone));
+    return Report(output,
+                  {exit_status::WorkFailed,
+                   (gone ? "the present directory cannot be used: " : "") + error.code().message(),
+                   gone ? std::string() : error.path1().string(), 0, false});
+  } catch (const std::bad_alloc&) {
+    return Report(output, {exit_status::WorkFailed, "there is not enough memory", {}, 0, false});
+  } catch (const std::system_error& error) {
+    const std::string sentence = "the system does not give what the run needs: ";
+    return Report(output, {exit_status::WorkFailed, sentence + error.what(), {}, 0, false});
   } catch (const std::exception& error) {
     return Report(output, {exit_status::WorkFailed, error.what(), {}, 0, false});
   }

@@ -65,7 +65,7 @@ std::string HintAt(std::string_view word, const std::vector<std::string>& names)
   std::size_t least = std::max<std::size_t>(2, word.size() / 3);
   const std::string* nearest = nullptr;
   for (const std::string& name : names) {
-    if (name.size() > word.size() + least || word.size() > name.size() + least)
+    if (name.empty() || name.size() > word.size() + least || word.size() > name.size() + least)
       continue;
     const std::size_t distance = Distance(wanted, deployment::UpperCase(name));
     if (distance <= least && (!nearest || distance < least)) {

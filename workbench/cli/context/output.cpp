@@ -4,6 +4,7 @@
 #include "workbench/text/utf8.h"
 
 #include <atomic>
+#include <cerrno>
 #include <cstdlib>
 #include <iostream>
 #include <unistd.h>
@@ -29,10 +30,19 @@ bool WantsNoColor() {
   return variable && *variable;
 }
 
+// Nobody reads a name that fills the screen.
+std::string ShownFile(const std::string& file) {
+  constexpr std::size_t Longest = 4096; // of a path that the system takes
+  constexpr std::size_t Kept = 200;
+  if (file.size() <= Longest)
+    return Visible(file);
+  return Visible(file.substr(0, Kept)) + "... (" + std::to_string(file.size()) + " bytes)";
+}
+
 std::string Place(const std::string& file, unsigned line) {
   if (file.empty())
     return {};
-  return Visible(file) + ":" + (line > 0 ? std::to_string(line) + ":" : "") + " ";
+  return ShownFile(file) + ":" + (line > 0 ? std::to_string(line) + ":" : "") + " ";
 }
 
 } // namespace
@@ -82,8 +92,9 @@ void TOutput::Line(std::string_view text) {
 void TOutput::Write(std::string_view text) {
   if (FWhole)
     return FWhole->Write(text);
-  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size())
-    FFailed = true;
+  errno = 0;
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() && FWriteError == 0)
+    FWriteError = errno != 0 ? errno : EIO;
 }
 
 void TOutput::Document(const TJson& document) {
@@ -134,7 +145,12 @@ std::string TOutput::PartName(bool isWanted) const {
 }
 
 bool TOutput::Flush() {
-  return FWhole || (std::fflush(stdout) == 0 && !FFailed);
+  if (FWhole)
+    return true; // which looks after it
+  errno = 0;
+  if (std::fflush(stdout) != 0 && FWriteError == 0)
+    FWriteError = errno != 0 ? errno : EIO;
+  return FWriteError == 0;
 }
 
 std::string TOutput::Bold(std::string_view text) const {

@@ -73,6 +73,8 @@ public:
   void Complain(std::string_view text);
   /// False when something of the result could not be written.
   bool Flush();
+  /// Why not, as the system says; 0 while everything was.
+  int WriteError() const { return FWriteError; }
 
   /// The text in bold or dim letters where the terminal shows colour.
   std::string Bold(std::string_view text) const;
@@ -85,7 +87,7 @@ private:
   bool FQuiet;
   bool FTerminal;
   bool FColor;
-  bool FFailed = false;
+  int FWriteError = 0;
   bool FShowsRemarks = false;
   TOutput* FWhole = nullptr; // of a part
   std::string FName;         // of a part

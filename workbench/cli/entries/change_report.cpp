@@ -47,7 +47,7 @@ bool SaveAndReport(TCommandContext& context, TOpenProject& project, const TChang
   const bool changed = project.HasChanges();
   if (changed)
     project.RequireShippedFiles();
-  if (changed && !options.IsDry()) {
+  if (!options.IsDry()) {
     const std::size_t told = project.Warnings().size();
     project.Save(options.ForceSave);
     WarnSince(context, project, told);

@@ -26,6 +26,19 @@ TJson StateJson(const std::optional<TFileState>& state) {
   return state ? TJson(FileStateName(*state)) : TJson();
 }
 
+namespace {
+
+// Null when no such command is to be run.
+TJson AfterDeployJson(const TDeployReport& report) {
+  if (report.AfterDeploy.empty())
+    return {};
+  return {{"command", report.AfterDeploy},
+          {"done", report.WasCarriedOut && report.AfterDeployProblem.empty()},
+          {"error", report.AfterDeployProblem}};
+}
+
+} // namespace
+
 TJson DeployJson(const std::string& platform, const std::string& configuration,
                  const TDeployReport& report) {
   TJson files = TJson::Array();
@@ -51,7 +64,8 @@ TJson DeployJson(const std::string& platform, const std::string& configuration,
                     {"files", std::move(files)},
                     {"commands", std::move(commands)},
                     {"leftOvers", LeftOversJson(report)},
-                    {"owed", OwedJson(report)}};
+                    {"owed", OwedJson(report)},
+                    {"afterDeploy", AfterDeployJson(report)}};
   const TDeployCounts counts(report);
   for (std::size_t i = 0; i < counts.Rows.size(); ++i) {
     const auto action = static_cast<TDeployAction>(i);
@@ -60,19 +74,6 @@ TJson DeployJson(const std::string& platform, const std::string& configuration,
       document.Add(std::string(DeployActionName(action)), counts.Rows[i]);
   }
   return document;
-}
-
-TJson RunJson(const TRecordedRun& run) {
-  return {{"id", run.Id},
-          {"at", run.At},
-          {"by", run.By},
-          {"machine", run.Machine},
-          {"revision", run.Revision},
-          {"tool", run.Tool},
-          {"copied", run.Copied},
-          {"removed", run.Removed},
-          {"failed", run.Failed},
-          {"result", RunResultName(run.Result)}};
 }
 
 TJson LeftOversJson(const TDeployReport& report) {

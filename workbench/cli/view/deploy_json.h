@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/deploy/deploy_report.h"
+#include "workbench/deploy/record/record_json.h"
 #include "workbench/json/json.h"
 
 #include <array>
@@ -20,6 +21,11 @@ struct TDeployCounts {
   std::size_t operator[](TDeployAction action) const {
     return Rows[static_cast<std::size_t>(action)];
   }
+  /// How many files of the target changed, or would.
+  std::size_t ChangedFiles() const {
+    return (*this)[TDeployAction::Copied] + (*this)[TDeployAction::Removed] +
+           (*this)[TDeployAction::Mode];
+  }
   /// Such as "2 copied, 1 unchanged (3.2 KiB)".
   std::string Text() const;
 };
@@ -29,7 +35,6 @@ TJson StateJson(const std::optional<TFileState>& state);
 /// The document of a deploy.
 TJson DeployJson(const std::string& platform, const std::string& configuration,
                  const TDeployReport& report);
-TJson RunJson(const TRecordedRun& run);
 TJson LeftOversJson(const TDeployReport& report);
 TJson OwedJson(const TDeployReport& report);
 

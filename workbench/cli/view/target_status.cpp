@@ -26,7 +26,8 @@ std::string LocalNameOf(const TViewRow& row) {
 } // namespace
 
 // The rows that a vector owns stay where they are when it is moved.
-TTargetStatus::TTargetStatus(TDeployReport report) : FReport(std::move(report)) {
+TTargetStatus::TTargetStatus(TDeployReport report, std::string asOf)
+    : FReport(std::move(report)), FAsOf(std::move(asOf)) {
   for (const TDeployRow& row : FReport.Rows)
     FRows.emplace(row.LocalName, &row);
 }
@@ -42,6 +43,7 @@ void TTargetStatus::AddTarget(TJson& document) const {
   document.Add("leftOvers", LeftOversJson(FReport));
   document.Add("owed", OwedJson(FReport));
   document.Add("lastRun", FReport.LastRun ? RunJson(*FReport.LastRun) : TJson());
+  document.Add("asOf", FAsOf.empty() ? TJson() : TJson(FAsOf));
 }
 
 std::vector<std::string> TTargetStatus::Summary() const {
@@ -69,6 +71,8 @@ std::vector<std::string> TTargetStatus::Summary() const {
       text += " from " + Visible(run->Revision);
   }
   lines.push_back(text);
+  if (!FAsOf.empty())
+    lines.push_back("as of " + Visible(FAsOf));
   return lines;
 }
 

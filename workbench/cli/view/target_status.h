@@ -15,7 +15,8 @@ struct TViewRow;
 class TTargetStatus {
 public:
   /// `report` is that of a plan for the target that was not carried out.
-  explicit TTargetStatus(TDeployReport report);
+  /// `asOf` is when that was, where it was not now.
+  explicit TTargetStatus(TDeployReport report, std::string asOf = {});
   TTargetStatus(const TTargetStatus&) = delete;
   TTargetStatus& operator=(const TTargetStatus&) = delete;
   TTargetStatus(TTargetStatus&&) = default;
@@ -25,13 +26,18 @@ public:
   const TDeployReport& Report() const { return FReport; }
   /// Adds "state" and "decidedBy" to the JSON of a row; null where the target says nothing.
   void AddState(const TViewRow& row, TJson& entry) const;
-  /// Adds what is not about a row: "leftOvers", "owed", "lastRun".
+  /// Adds "asOf" to the JSON of a row that has its state.
+  void AddAge(TJson& entry) const {
+    entry.Add("asOf", entry.At("state").IsNull() ? TJson() : TJson(FAsOf));
+  }
+  /// Adds what is not about a row: "leftOvers", "owed", "lastRun", "asOf".
   void AddTarget(TJson& document) const;
   /// For people: how many files are in which state, what is owed, and the last deploy.
   std::vector<std::string> Summary() const;
 
 private:
   TDeployReport FReport;
+  std::string FAsOf;
   std::unordered_map<std::string, const TDeployRow*> FRows; // by stored local name
 };
 

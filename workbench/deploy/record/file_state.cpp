@@ -8,6 +8,10 @@
 namespace workbench {
 namespace {
 
+constexpr std::array<std::string_view, 10> StateNames{
+    "same",     "new",        "changed",   "unrecorded",        "changed-there",
+    "conflict", "gone-there", "left-over", "left-over-changed", "missing-here"};
+
 enum class TEqual { No, Yes, AskHash };
 
 struct TAnswer {
@@ -61,10 +65,13 @@ TStateDecision DecideChange(const TThreeSides& sides, const TComparing& comparin
 } // namespace
 
 std::string_view FileStateName(TFileState state) {
-  constexpr std::array<std::string_view, 10> Names{
-      "same",     "new",        "changed",   "unrecorded",        "changed-there",
-      "conflict", "gone-there", "left-over", "left-over-changed", "missing-here"};
-  return Names[static_cast<std::size_t>(state)];
+  return StateNames[static_cast<std::size_t>(state)];
+}
+
+std::optional<TFileState> FileStateFromName(std::string_view name) {
+  const auto* const found = std::ranges::find(StateNames, name);
+  return found == StateNames.end() ? std::nullopt
+                                   : std::optional(TFileState(found - StateNames.begin()));
 }
 
 TStateDecision DecideFileState(const TThreeSides& sides, const TComparing& comparing) {

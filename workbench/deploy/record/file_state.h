@@ -26,6 +26,8 @@ enum class TFileState {
 
 /// "same", "changed-there" and so on: words that scripts read.
 std::string_view FileStateName(TFileState state);
+/// Nothing for any other word.
+std::optional<TFileState> FileStateFromName(std::string_view name);
 
 /// What is known of one side's content.
 struct TContent {
@@ -33,7 +35,7 @@ struct TContent {
   deployment::TFileTime Time = {};
   std::string Hash = {};   ///< SHA-256, hexadecimal; empty: not asked for yet
   bool IsPlainFile = true; ///< false: a link or the like stands there, which is no content of ours
-  std::string Link = {};   ///< what a symbolic link stores; empty for what is none, or not asked for
+  std::string Link = {}; ///< what a symbolic link stores; empty for what is none, or not asked for
 };
 
 /// What the three sides say: nothing where there is no such file.

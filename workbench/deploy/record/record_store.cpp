@@ -77,10 +77,16 @@ TRecordStore::TRecordStore(IRemoteConnection& connection, std::string_view root)
 }
 
 TRecordReading TRecordStore::Read(IRemoteConnection& connection) const {
+  return ReadingOf(ReadContent(connection));
+}
+
+TRemoteContent TRecordStore::ReadContent(IRemoteConnection& connection) const {
   if (!FExists || !FProblem.empty())
     return {};
-  const TRemoteContent content =
-      connection.ReadFile({FDirectory, std::string(RecordName)}, LargestRecord);
+  return connection.ReadFile({FDirectory, std::string(RecordName)}, LargestRecord);
+}
+
+TRecordReading TRecordStore::ReadingOf(const TRemoteContent& content) {
   if (!content.Problem.empty())
     return {.State = TRecordState::Damaged, .Problem = content.Problem};
   return content.IsThere ? ParseRecord(content.Text) : TRecordReading{};
@@ -94,15 +100,19 @@ std::string TRecordStore::MakeDirectory(IRemoteConnection& connection) {
   return FProblem;
 }
 
-std::string TRecordStore::Write(IRemoteConnection& connection, const TTargetRecord& record) const {
+std::string PutText(IRemoteConnection& connection, const TRemoteName& name, std::string_view text) {
   try {
-    const TTemporaryFile text(RecordText(record));
-    TOneFile job({.LocalFile = text.Name(), .Target = {FDirectory, std::string(RecordName)}});
+    const TTemporaryFile file(text);
+    TOneFile job({.LocalFile = file.Name(), .Target = name});
     connection.Send(job);
     return job.Problem;
   } catch (const std::system_error& error) {
     return error.what();
   }
+}
+
+std::string TRecordStore::Write(IRemoteConnection& connection, const TTargetRecord& record) const {
+  return PutText(connection, {FDirectory, std::string(RecordName)}, RecordText(record));
 }
 
 std::string TRecordStore::SetAside(IRemoteConnection& connection) const {

@@ -9,6 +9,10 @@
 
 namespace workbench {
 
+/// Puts a file with that text in place whole, in a directory that is there; the reason when that
+/// failed. Throws TConnectionError.
+std::string PutText(IRemoteConnection& connection, const TRemoteName& name, std::string_view text);
+
 /// The place of one project's record. Connections that are handed in lead to one target; several
 /// may be used in turn. Every call may throw TConnectionError.
 class TRecordStore {
@@ -22,6 +26,9 @@ public:
   const std::string& Directory() const { return FDirectory; }
 
   TRecordReading Read(IRemoteConnection& connection) const;
+  /// The same in two parts: what stands there, and what it says, which needs no connection.
+  TRemoteContent ReadContent(IRemoteConnection& connection) const;
+  static TRecordReading ReadingOf(const TRemoteContent& content);
   /// Makes the directory; the reason when that failed.
   std::string MakeDirectory(IRemoteConnection& connection);
   /// Puts the record in place whole; the reason when that failed.

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
 #include <map>
 #include <optional>
 #include <string>
@@ -22,13 +23,16 @@ struct TRecordedFile {
   unsigned Mode = 0;     ///< rights, such as 0644
   /// What it stores when it is a symbolic link, which size and hash are of then; else empty.
   std::string Link = {};
-  std::string Run = {};  ///< that put it there last
+  std::string Run = {}; ///< that put it there last
   /// The target of the last deploy that had it in its list.
   std::string Platform = {};
   std::string Configuration = {};
 
   bool operator==(const TRecordedFile&) const = default;
 };
+
+/// UTC, as the record has it: "2026-11-22T00:31:21Z".
+std::string UtcText(std::time_t time);
 
 enum class TRunResult { Done, Partly, Undone };
 
@@ -60,6 +64,8 @@ struct TTargetRecord {
   std::map<std::string, TRecordedFile, std::less<>> Files = {};
   /// What is still to be done after a file was put there, in order, by the path of the file.
   std::map<std::string, std::vector<std::string>, std::less<>> Owed = {};
+  /// The command that is still to be run when all files are in place; empty: none is.
+  std::string OwedAfterDeploy = {};
 
   bool operator==(const TTargetRecord&) const = default;
 };

@@ -3,6 +3,7 @@
 #include "workbench/desktop/text/qt_text.h"
 
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QThread>
@@ -85,6 +86,9 @@ TConnectionQuestions::TAnswer TConnectionQuestions::ShowPrompt(const std::string
   QInputDialog dialog(&FWindow);
   dialog.setWindowTitle(tr("Log In"));
   dialog.setLabelText(ToQString(prompt));
+  // The text is the other machine's, and must not look like the window's own.
+  for (QLabel* label : dialog.findChildren<QLabel*>())
+    label->setTextFormat(Qt::PlainText);
   dialog.setTextEchoMode(QLineEdit::Password);
   return Run(dialog, isOver) == QDialog::Accepted ? TAnswer(ToStdString(dialog.textValue()))
                                                   : TAnswer();

@@ -20,6 +20,7 @@
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
 #include "workbench/settings/command_consent.h"
+#include "workbench/settings/number_setting.h"
 #include "workbench/text/visible_text.h"
 
 #include <QApplication>
@@ -142,6 +143,13 @@ void TMainWindow::ServeSession() {
                    .Questions = FQuestions,
                    .MayRun = [this](const auto& commands,
                                     const std::string& place) { return MayRun(commands, place); },
+                   .UndoLimits =
+                       [this] {
+                         const TUndoLimits usual;
+                         const TSettings& settings = FSession.Settings();
+                         return TUndoLimits{NumberSetting(settings, "undo-runs", usual.Runs),
+                                            NumberSetting(settings, "undo-bytes", usual.Bytes)};
+                       },
                    .CreateProfile =
                        [this](auto& project, std::string_view platform) {
                          return CreateProfile(project, platform);

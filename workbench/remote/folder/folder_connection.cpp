@@ -330,6 +330,14 @@ std::string TFolderConnection::Remove(const TRemoteName& name) {
   return {};
 }
 
+std::vector<std::string> TFolderConnection::RemoveAll(std::span<const TRemoteName> names) {
+  std::vector<std::string> problems;
+  problems.reserve(names.size());
+  for (const TRemoteName& name : names)
+    problems.push_back(Remove(name));
+  return problems;
+}
+
 std::vector<TRemoteLink> TFolderConnection::ReadLinks(std::span<const TRemoteName> names) {
   std::vector<TRemoteLink> result;
   result.reserve(names.size());

@@ -3,6 +3,7 @@
 
 #include "workbench/files/directory_handles.h"
 #include "workbench/remote/folder/file_transfer.h"
+#include "workbench/remote/folder/folder_copies.h"
 #include "workbench/remote/target/remote_connection.h"
 
 #include <optional>
@@ -38,6 +39,16 @@ public:
   std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
   std::string SetMode(const TRemoteName& name, unsigned mode) override;
   std::string Remove(const TRemoteName& name) override;
+  std::vector<std::string> RemoveAll(std::span<const TRemoteName> names) override;
+  std::vector<std::string> Keep(std::span<const TRemoteCopy> copies) override {
+    return KeepFiles(FDirectories, copies);
+  }
+  std::vector<std::string> Move(std::span<const TRemoteCopy> moves) override {
+    return MoveFiles(FDirectories, moves);
+  }
+  void RemoveEmptyDirectories(std::span<const std::string> directories) override {
+    RemoveEmptyFolders(FDirectories, directories);
+  }
   bool KnowsLinks() const override { return FKnowsLinks; }
   std::vector<TRemoteLink> ReadLinks(std::span<const TRemoteName> names) override;
   std::string MakeLink(const TRemoteName& name, const std::string& text) override;

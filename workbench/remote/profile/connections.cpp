@@ -1,5 +1,7 @@
 #include "workbench/remote/profile/connections.h"
 
+#include "workbench/remote/ssh/host_keys.h"
+
 namespace workbench {
 
 void TConnections::SetPrompts(TPrompts prompts) {
@@ -37,6 +39,15 @@ void TConnections::Prepare(const TProfile& profile) {
 void TConnections::Close(const std::string& profileName) {
   const std::lock_guard lock(FMutex);
   FMachines.erase(profileName);
+}
+
+std::string HostKeyOf(const TProfile& profile, const std::atomic<int>& cancelled) {
+  const auto offered = OfferedHostKey(profile, [&cancelled] { return cancelled != 0; });
+  if (!offered)
+    throw TConnectionError("the machine of the profile \"" + profile.Name +
+                           "\" offers no host key");
+  const TKeyPrint print = PrintOf(*offered);
+  return print.Type + " " + print.Fingerprint;
 }
 
 } // namespace workbench

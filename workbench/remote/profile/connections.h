@@ -36,4 +36,8 @@ private:
   std::unordered_map<std::string, std::shared_ptr<TSshMachine>> FMachines; // by name of the profile
 };
 
+/// "TYPE FINGERPRINT" of the key that the machine of a profile says who it is with. Asks nobody.
+/// Throws TConnectionError, also when it offers none.
+std::string HostKeyOf(const TProfile& profile, const std::atomic<int>& cancelled);
+
 } // namespace workbench

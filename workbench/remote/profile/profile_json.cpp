@@ -19,6 +19,8 @@ TProfile FieldsFromJson(const TJson& value) {
   profile.IsDefault = value.BooleanOr("default", false);
   profile.AllowOutside = value.BooleanOr("allowOutside", false);
   profile.Stateless = value.BooleanOr("stateless", false);
+  profile.AfterDeploy = value.TextOr("afterDeploy", {});
+  profile.Compress = value.BooleanOr("compress", false);
   profile.Host = value.TextOr("host", {});
   profile.Port = value.NumberOr("port", profile.Port, 0U, LargestPort);
   profile.User = value.TextOr("user", {});
@@ -38,13 +40,15 @@ TJson ProfileToJson(const TProfile& profile) {
                  {"path", profile.Path},
                  {"default", profile.IsDefault},
                  {"allowOutside", profile.AllowOutside},
-                 {"stateless", profile.Stateless}};
+                 {"stateless", profile.Stateless},
+                 {"afterDeploy", profile.AfterDeploy}};
   if (profile.Kind == TProfileKind::Ssh)
     value.AddAll({{"host", profile.Host},
                   {"port", profile.Port},
                   {"user", profile.User},
                   {"identity", profile.Identity},
                   {"sshOptions", profile.SshOptions},
+                  {"compress", profile.Compress},
                   {"connectTimeout", profile.ConnectTimeout},
                   {"keepAlive", profile.KeepAlive}});
   return value;

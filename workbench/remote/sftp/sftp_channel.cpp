@@ -71,6 +71,8 @@ void TSftpChannel::Greet(const std::atomic<int>* cancelled) {
       const std::string_view version = content.Text();
       if (name == sftp_extension::PosixRename)
         FLimits.HasPosixRename = version == "1";
+      else if (name == sftp_extension::HardLink)
+        FLimits.HasHardLinks = version == "1";
       else if (name == sftp_extension::SpaceQuery)
         FLimits.HasSpaceQuery = version == "2";
       else if (name == sftp_extension::Limits)

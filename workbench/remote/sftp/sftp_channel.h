@@ -31,6 +31,7 @@ public:
 /// Names of requests that some servers know beyond the protocol.
 namespace sftp_extension {
 inline constexpr std::string_view PosixRename = "posix-rename@openssh.com";
+inline constexpr std::string_view HardLink = "hardlink@openssh.com";
 inline constexpr std::string_view SpaceQuery = "statvfs@openssh.com";
 inline constexpr std::string_view Limits = "limits@openssh.com";
 } // namespace sftp_extension
@@ -38,6 +39,7 @@ inline constexpr std::string_view Limits = "limits@openssh.com";
 /// What a server can do beyond the protocol's version 3.
 struct TSftpLimits {
   bool HasPosixRename = false; ///< a rename that replaces what is there, at once
+  bool HasHardLinks = false;   ///< a second name for a file
   bool HasSpaceQuery = false;  ///< how full the disk is
   std::size_t LargestWrite = std::size_t(32) * 1024; ///< bytes in one request
   std::size_t MostHandles = 100;                     ///< files that may be open at a time

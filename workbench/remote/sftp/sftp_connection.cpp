@@ -196,9 +196,11 @@ std::optional<TUnfinishedPart> TSftpConnection::FindPart(const TSendRequest& req
 }
 
 void TSftpConnection::Send(ISendJob& job) {
-  TSftpUpload upload(
-      job, FNames, FChannel.Limits(), KeepsModes(),
-      [this](const auto& request, const auto& status) { return FindPart(request, status); });
+  TSftpUpload upload(job, FNames, FChannel.Limits(), KeepsModes(),
+                     [this, &job](const auto& request, const auto& status) {
+                       auto part = FindPart(request, status);
+                       return part ? part : MakePart(request, status, job);
+                     });
   FChannel.Run(upload);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/remote/sftp/sftp_channel.h"
+#include "workbench/remote/sftp/sftp_copies.h"
 #include "workbench/remote/sftp/sftp_paths.h"
 #include "workbench/remote/target/remote_connection.h"
 #include "workbench/remote/target/unfinished_names.h"
@@ -23,6 +24,9 @@ struct TSftpMachine {
   TProcessStart Sftp; ///< the program that carries the file transfer protocol
   /// The program that runs a command line on the machine; empty when it runs none.
   TRemoteExec Exec;
+  /// Words by which other programs run a command there, the machine's name being the last one;
+  /// empty when none can.
+  std::vector<std::string> RemoteShell = {};
   /// Below which everything is put: a full path, or one from the user's home directory with "~/".
   /// "C:/x" is on a drive.
   std::string Root;
@@ -36,6 +40,7 @@ struct TMachineFacts {
   TUnfinishedParts Parts;
   std::mutex Mutex; ///< of what stands below
   std::optional<TShell> Shell = std::nullopt;
+  std::optional<bool> HasRsync = std::nullopt; ///< as this machine has
 };
 
 /// Connections to one machine share `facts`.
@@ -68,6 +73,19 @@ public:
   std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
   std::string SetMode(const TRemoteName& name, unsigned mode) override;
   std::string Remove(const TRemoteName& name) override;
+  std::vector<std::string> RemoveAll(std::span<const TRemoteName> names) override {
+    return RemoveRemoteFiles(FChannel, names);
+  }
+  std::vector<std::string> Keep(std::span<const TRemoteCopy> copies) override {
+    return KeepRemoteFiles(FChannel, FMachine.Exec, copies);
+  }
+  std::vector<std::string> Move(std::span<const TRemoteCopy> moves) override {
+    return MoveRemoteFiles(FChannel, moves);
+  }
+  void RemoveEmptyDirectories(std::span<const std::string> directories) override {
+    RemoveEmptyRemoteDirectories(FChannel, directories);
+    FPaths.Forget();
+  }
   bool KnowsLinks() const override;
   std::vector<TRemoteLink> ReadLinks(std::span<const TRemoteName> names) override;
   std::string MakeLink(const TRemoteName& name, const std::string& text) override;
@@ -81,6 +99,8 @@ private:
   TSftpStatus Answer();
   std::string Problem(std::string_view action);
   std::optional<TUnfinishedPart> FindPart(const TSendRequest& request, const struct stat& status);
+  std::optional<TUnfinishedPart> MakePart(const TSendRequest& request, const struct stat& status,
+                                          const ISendJob& job);
 
   TSftpMachine FMachine;
   std::shared_ptr<TMachineFacts> FFacts;

@@ -26,6 +26,11 @@ public:
   std::vector<TRemoteDirectory> Resolve(std::span<const std::string> paths);
   /// Makes resolved directories and those above them; the reason for each that failed.
   std::vector<std::string> Make(std::span<const std::string> paths);
+  /// Directories were removed: what is known of them does not hold any more.
+  void Forget() {
+    FPlaces.clear();
+    FMade.clear();
+  }
   /// True when Make made it here, so that there is nothing in it that was not put there since.
   bool IsNew(const std::string& path) const { return FMade.contains(path); }
 

@@ -28,6 +28,7 @@ enum class TSftpPacket : std::uint8_t {
   ReadDirectory = 12,
   Remove = 13,
   MakeDirectory = 14,
+  RemoveDirectory = 15,
   RealPath = 16,
   Stat = 17,
   Rename = 18,

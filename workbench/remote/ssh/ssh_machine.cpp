@@ -59,6 +59,8 @@ TProcessStart TSshCommands::Start(bool isFirst, const std::vector<std::string>& 
       Option("ServerAliveInterval", std::to_string(FProfile.KeepAlive)),
       Option("StrictHostKeyChecking", "yes"),
   };
+  if (FProfile.Compress)
+    command.push_back(Option("Compression", "yes"));
   for (std::string& word : SshProfileOptions(FProfile))
     command.push_back(std::move(word));
   return {.Command = std::move(command),
@@ -75,6 +77,12 @@ TProcessStart TSshCommands::FurtherConnection() const {
   TProcessStart start = Start(/*isFirst=*/false, {});
   start.Command.insert(start.Command.end(), {"-s", "--", FProfile.Host, "sftp"});
   return start;
+}
+
+std::vector<std::string> TSshCommands::Words() const {
+  std::vector<std::string> words = Start(/*isFirst=*/false, {}).Command;
+  words.push_back(FProfile.Host);
+  return words;
 }
 
 TProcessStart TSshCommands::Command(const std::string& command) const {
@@ -183,6 +191,7 @@ std::unique_ptr<TSftpConnection> TSshMachine::Open(const TProcessStart& sftp, bo
   TSftpMachine machine{
       .Sftp = sftp,
       .Exec = [commands = FCommands](const std::string& line) { return commands.Command(line); },
+      .RemoteShell = FCommands.Words(),
       .Root = FProfile.Path,
       .IsFirst = isFirst};
   // The client gives up by itself when nobody is there; a person who is asked may take longer.

@@ -29,6 +29,8 @@ public:
   TProcessStart FirstConnection(const std::vector<std::string>& questions) const;
   /// Carries the protocol through the connection.
   TProcessStart FurtherConnection() const;
+  /// The words before a command line, for programs that bring their own; the host is the last one.
+  std::vector<std::string> Words() const;
   /// Runs a command line on the machine, through the connection.
   TProcessStart Command(const std::string& command) const;
 

@@ -26,6 +26,9 @@ struct TProfile {
   bool IsDefault = false;    ///< serves projects that assign none to the platform
   bool AllowOutside = false; ///< directories beyond the path are allowed
   bool Stateless = false;    ///< deploys leave no record there
+  bool Compress = false;     ///< what travels is compressed on the way, for thin lines
+  /// Command line for the machine, run after a deploy that changed something; empty: none.
+  std::string AfterDeploy = {};
 
   std::string Host = {};
   unsigned Port = 0; ///< 0: left open

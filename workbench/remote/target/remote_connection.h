@@ -76,12 +76,19 @@ struct TRemoteCreation {
   std::string Problem = {}; ///< unless it was made
 };
 
+/// A file and another place on the same target, in directories that are there.
+struct TRemoteCopy {
+  TRemoteName From;
+  TRemoteName To;
+};
+
 /// A file to be sent.
 struct TSendRequest {
   std::filesystem::path LocalFile;
   TRemoteName Target;
   bool MakeExecutable = false;
-  std::size_t Index = 0; ///< of whoever asks
+  std::size_t Index = 0;          ///< of whoever asks
+  std::uint64_t ReplacedSize = 0; ///< of the plain file that it replaces; 0: there is none
 };
 
 /// The directories of the files, each once, in the order in which they come up.
@@ -156,6 +163,17 @@ public:
   virtual std::string SetMode(const TRemoteName& name, unsigned mode) = 0;
   /// Removes a file; the reason when that failed.
   virtual std::string Remove(const TRemoteName& name) = 0;
+  /// Removes files; the reason for each that failed, and nothing for one that is not there.
+  virtual std::vector<std::string> RemoveAll(std::span<const TRemoteName> names) = 0;
+  /// Gives plain files a second name that is not there yet: by hard link where the target can, so
+  /// that the first one stays what it is, else by a copy with the same time and rights; the reason
+  /// for each that failed.
+  virtual std::vector<std::string> Keep(std::span<const TRemoteCopy> copies) = 0;
+  /// Gives files another name, replacing at once what stands there where the target can; the
+  /// reason for each that failed.
+  virtual std::vector<std::string> Move(std::span<const TRemoteCopy> moves) = 0;
+  /// Removes those of the resolved directories in which nothing is, those below others first.
+  virtual void RemoveEmptyDirectories(std::span<const std::string> directories) = 0;
   /// True when the target has symbolic links and one can take the place of what is there at once.
   virtual bool KnowsLinks() const = 0;
   virtual std::vector<TRemoteLink> ReadLinks(std::span<const TRemoteName> names) = 0;

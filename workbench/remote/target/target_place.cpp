@@ -14,6 +14,8 @@ std::string StartProblem(const TRemotePath& path, const TPlaceRules& rules) {
   if (path.Start == TStart::ProfilePath && !path.Parts.empty() &&
       path.Parts.front().starts_with('~'))
     return "begins with \"~\", which stands for a home directory";
+  if (path.Start == TStart::ProfilePath && ParseRemotePath(path.Joined()).Start == TStart::Drive)
+    return "begins with a drive, which the target does not have";
   if (path.Start == TStart::Drive)
     return "names a drive, which the target does not have";
   if (path.Start == TStart::HomeDirectory && path.Parts.front() != "~")

@@ -2,6 +2,7 @@
 #include "tests/workbench/remote/sftp/sftp_fixture.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -75,6 +76,38 @@ private:
   std::uint64_t FLeft;
   std::atomic<int>& FFlag;
 };
+
+TEST_F(SftpDeploy, SendsOfALargeFileWhatDiffersWhereBothSidesHaveRsync) {
+  if (std::system("rsync --version > /dev/null 2>&1") != 0)
+    GTEST_SKIP() << "rsync is not installed";
+  TRemotePlace::Write(Place.Local("rsh"), "#!/bin/sh\nshift\nexec \"$@\"\n");
+  std::filesystem::permissions(Place.Local("rsh"), std::filesystem::perms(0755));
+  std::string content(5 * 1024 * 1024, 'a');
+  for (std::size_t i = 0; i < content.size(); i += 97)
+    content[i] = static_cast<char>('a' + i / 97 % 26);
+  const auto sendWith = [&](const std::string& remoteShell) {
+    content[content.size() / 2] ^= 1;
+    content += 'x'; // the protocol's times are too coarse to tell the states
+    TSftpMachine machine = Machine();
+    machine.RemoteShell = {remoteShell, "box"};
+    TSftpConnection connection(machine, std::make_shared<TMachineFacts>());
+    TTestRun run;
+    run.Execute(
+        Plan({Place.File("large", "large", content)}), connection, [this] { return Connect(); },
+        Place.Local());
+    EXPECT_EQ(run.Report.Rows[0].Action, TDeployAction::Copied) << run.Report.Rows[0].Error;
+    EXPECT_TRUE(TRemotePlace::Read(Place.Target("large")) == content);
+    for (const auto& entry : std::filesystem::directory_iterator(Place.Target()))
+      EXPECT_FALSE(IsUnfinishedName(entry.path().filename().string())) << entry.path();
+    return run.Report.Rows[0].Bytes;
+  };
+  const std::string shell = Place.Local("rsh").string();
+  const std::uint64_t first = sendWith(shell); // there is no old one yet
+  EXPECT_EQ(first, content.size());
+  EXPECT_EQ(sendWith(shell), 0U);
+  const std::uint64_t last = sendWith("false"); // without a way to the machine all of it is sent
+  EXPECT_EQ(last, content.size());
+}
 
 TEST_F(SftpDeploy, CopiesManyFilesWholeWithTimesAndRights) {
   std::vector<TDeployFile> files = ManyFiles(1000, 5000);

@@ -42,7 +42,7 @@ protected:
     const auto connection = Connect();
     return MakeDeployPlan(
         std::move(files), options, [&]() -> IRemoteConnection& { return *connection; },
-        [this] { return Place.Record; });
+        [this]() -> const TTargetRecord& { return Place.Record; });
   }
   void Execute(const TDeployPlan& plan, TTestRun& run) const {
     const auto connection = Connect();

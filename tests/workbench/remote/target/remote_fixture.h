@@ -66,7 +66,7 @@ public:
     TFolderConnection connection(Target());
     return MakeDeployPlan(
         std::move(files), options, [&]() -> IRemoteConnection& { return connection; },
-        [this] { return Record; });
+        [this]() -> const TTargetRecord& { return Record; });
   }
   void Execute(const TDeployPlan& plan, TTestRun& run) const {
     TFolderConnection connection(Target());

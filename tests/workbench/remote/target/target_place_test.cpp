@@ -55,6 +55,7 @@ TEST(TargetPlace, IsRefusedWhereThePathLeadsNowhere) {
            {".\\~\\a", "begins with \"~\", which stands for a home directory"},
            {".\\~a", "begins with \"~\", which stands for a home directory"},
            {"x/../~/a", "begins with \"~\", which stands for a home directory"},
+           {".\\C:\\a", "begins with a drive, which the target does not have"},
            {"C:\\a", "names a drive, which the target does not have"},
        }))
     EXPECT_EQ(PlaceText(test.Path),

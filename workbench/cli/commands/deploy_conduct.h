@@ -1,0 +1,45 @@
+// What the commands that plan and carry out deploys have in common: their options, the question
+// whether commands may run, and what they print.
+#pragma once
+
+#include "workbench/cli/context/command.h"
+#include "workbench/deploy/deploy_service.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+/// Declares what decides what a plan does.
+void AddPlanOptions(IOptions& options, TDeployOptions& wanted);
+/// Declares how a plan is carried out.
+void AddRunOptions(IOptions& options, TDeployOptions& wanted, bool& allowCommands);
+/// Takes over what the user's settings say of deploys. Throws TInputError for a damaged one.
+void TakeDeploySettings(const TSettings& settings, TDeployOptions& wanted);
+
+/// May the commands of the project run? `allow` is the command line's yes; else one that is kept
+/// counts, else a person is asked. The context must outlive the answer.
+TMayRun ConsentOf(TCommandContext& context, std::filesystem::path project, bool allow);
+
+/// Throws TExitError and TWorkError when nothing was done at all, with every reason.
+void CheckWasBegun(const TDeployReport& report);
+
+/// How a report is told.
+struct TDeployTelling {
+  std::string File; ///< that warnings are about
+  bool IsDry = false;
+  bool IsCheck = false;
+  bool AllowCommands = false;
+};
+
+/// Prints the rows of a plan that is not carried out, for people; with --json and --quiet the
+/// commands that need consent are warned of only.
+void PrintPlan(TCommandContext& context, const TDeployReport& report, const TDeployTelling& how);
+/// Warns, prints the rows or the document, and returns the exit status. Throws as CheckWasBegun.
+int ReportDeploy(TCommandContext& context, const deployment::TDeploymentTarget& target,
+                 const TDeployReport& report, const TDeployTelling& how);
+/// The exit status of a report.
+int StatusOf(const TDeployReport& report, bool isCheck);
+
+} // namespace workbench

@@ -1,0 +1,46 @@
+// Keeps on a target what deploys are taken back by.
+#pragma once
+
+#include "workbench/deploy/record/undo_manifest.h"
+#include "workbench/remote/target/remote_connection.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+/// The directory "undo" beside a record. Used while the target is locked. Every call may throw
+/// TConnectionError.
+class TUndoStore {
+public:
+  /// `directory` is the resolved one of the record.
+  explicit TUndoStore(const std::string& directory) : FDirectory(directory + "/undo") {}
+
+  /// The runs that can be taken back; none where nothing of the kind can be read.
+  TUndoIndex ReadIndex(IRemoteConnection& connection) const;
+  /// Throws TInputError for a damaged one, or none.
+  TUndoManifest ReadManifest(IRemoteConnection& connection, const std::string& run) const;
+  /// Where the kept file of a run is.
+  TRemoteName KeptName(const std::string& run, const std::string& kept) const;
+
+  /// Keeps what the manifest names before it is changed, `targets` being its files as they were
+  /// resolved. Returns why that failed; nothing is kept then.
+  std::string Keep(IRemoteConnection& connection, const TUndoManifest& manifest,
+                   std::span<const TRemoteName> targets, std::uint64_t bytes) const;
+  /// Removes the oldest runs until no more than so many are left, and no more than so many bytes.
+  void Trim(IRemoteConnection& connection, std::uint64_t runs, std::uint64_t bytes) const;
+  /// Removes what was kept of a run.
+  void Drop(IRemoteConnection& connection, const std::string& run) const;
+
+private:
+  std::string DirectoryOf(const std::string& run) const { return FDirectory + "/" + run; }
+  void RemoveFiles(IRemoteConnection& connection, const std::string& run) const;
+  std::string WriteIndex(IRemoteConnection& connection, const TUndoIndex& index) const;
+
+  std::string FDirectory;
+};
+
+} // namespace workbench
