@@ -63,9 +63,9 @@ TEST_F(TWindowProjects, OfASolutionOpenOnTabsWhereTheyHaveSomethingToDeploy) {
         R"(<Project xmlns="http://schemas.microsoft.com/developer/msbuild/2003"><ItemGroup>
 <ProjectConfiguration Include="Debug|Win32"/></ItemGroup><PropertyGroup>
 <ConfigurationType>StaticLibrary</ConfigurationType></PropertyGroup></Project>)");
-  Write(FRoot / "all.sln", "Solution File, Format Version 12.00\n" + line("tide\\TideLogger.vproj") +
-                               line("lib.vcxproj") + line("other\\TideLogger.vproj") +
-                               line("gone.vcxproj"));
+  Write(FRoot / "all.sln", "Solution File, Format Version 12.00\n" +
+                               line("tide\\TideLogger.vproj") + line("lib.vcxproj") +
+                               line("other\\TideLogger.vproj") + line("gone.vcxproj"));
   std::string said;
   AnswerNext("OK", &said);
   EXPECT_TRUE(Window().Open(FRoot / "all.sln"));
