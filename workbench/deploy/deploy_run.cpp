@@ -222,13 +222,15 @@ bool TDeployRun::Lock() {
 }
 
 void TDeployRun::Execute() {
-  TDeployExecution execution{.Connection = *FConnection,
-                             .Connect = FConnect,
-                             .Directory = FFacts.ProjectFile.parent_path(),
-                             .Jobs = FRequest.Options.Jobs,
-                             .Observer = FObserver,
-                             .Cancelled = FCancelled,
-                             .Target = FRequest.Target};
+  TDeployExecution execution{
+      .Connection = *FConnection,
+      .Connect = FConnect,
+      .Directory = FFacts.ProjectFile.parent_path(),
+      .Jobs = FRequest.Options.Jobs,
+      .Observer = FObserver,
+      .Cancelled = FCancelled,
+      .Target = FRequest.Target,
+      .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FRequest.Target.Platform)};
   if (!FStore || !HasWork() || !Lock())
     return ExecuteDeployPlan(FPlan, execution, FReport);
   TTargetRecord record = FReading.Record;

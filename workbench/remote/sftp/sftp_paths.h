@@ -26,6 +26,8 @@ public:
   std::vector<TRemoteDirectory> Resolve(std::span<const std::string> paths);
   /// Makes resolved directories and those above them; the reason for each that failed.
   std::vector<std::string> Make(std::span<const std::string> paths);
+  /// Forgets what directories are: others may have changed them.
+  void Forget() { FPlaces.clear(); }
   /// True when Make made it here, so that there is nothing in it that was not put there since.
   bool IsNew(const std::string& path) const { return FMade.contains(path); }
 
