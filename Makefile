@@ -3,14 +3,19 @@
 BUILD := build
 GENERATOR := $(if $(shell command -v ninja),Ninja,Unix Makefiles)
 JOBS := $(shell nproc)
+# A room at a time: everything is built in a third of the time, one change in more.
+UNITY := -DCMAKE_UNITY_BUILD=ON
 SOURCES = $(shell git ls-files '*.h' '*.cpp')
 
-.PHONY: all run test bench lint dependencies test-dependencies bench-dependencies \
-	lint-dependencies clean
+# Of "make fuzz": how long inputs are made up for each target.
+SECONDS ?= 30
+
+.PHONY: all run test faults faults-sample fuzz bench lint dependencies test-dependencies \
+	bench-dependencies lint-dependencies sanitize-dependencies clean
 
 all: dependencies
 	@cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-		-DBUILD_TESTING=OFF -DDEPLOYMENT_BENCH=OFF > $(BUILD).log 2>&1 \
+		-DBUILD_TESTING=OFF -DDEPLOYMENT_BENCH=OFF $(UNITY) > $(BUILD).log 2>&1 \
 		|| { cat $(BUILD).log; rm -f $(BUILD).log; exit 1; }
 	@rm -f $(BUILD).log
 	@cmake --build $(BUILD) -j $(JOBS)
@@ -19,13 +24,28 @@ run: all
 	@tools/tour.sh $(BUILD)/bin
 
 test: test-dependencies
-	cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBUILD_TESTING=ON
+	cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBUILD_TESTING=ON \
+		$(UNITY)
 	cmake --build $(BUILD) -j $(JOBS)
 	ctest --test-dir $(BUILD) -j $(JOBS) --output-on-failure
 
+# Every system call of every scenario fails or kills the program once; the sample hits 600 of them.
+FAULTS = $(BUILD)/bin/fault_runner --programs $(BUILD)/bin --root $(CURDIR) --jobs $(JOBS)
+faults faults-sample: test-dependencies
+	cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DDEPLOYMENT_FAULTS=ON \
+		$(UNITY)
+	cmake --build $(BUILD) -j $(JOBS) --target fault_runner
+	$(FAULTS) $(if $(filter faults-sample,$@),--sample 600)
+
+# The corpus of each target first, then inputs that are made up: make fuzz SECONDS=600
+fuzz: sanitize-dependencies
+	cmake --preset asan-ubsan
+	cmake --build --preset asan-ubsan -j $(JOBS) --target fuzz_targets
+	fuzz/run.sh build-asan-ubsan/bin $(SECONDS)
+
 bench: bench-dependencies
 	cmake -S . -B $(BUILD)-release -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=Release \
-		-DBUILD_TESTING=OFF -DDEPLOYMENT_BENCH=ON
+		-DBUILD_TESTING=OFF -DDEPLOYMENT_BENCH=ON $(UNITY)
 	cmake --build $(BUILD)-release -j $(JOBS)
 	ZELK=$(CURDIR) $(BUILD)-release/bin/deployment_bench
 
@@ -33,8 +53,9 @@ bench: bench-dependencies
 lint: lint-dependencies
 	clang-format-14 --dry-run -Werror $(SOURCES)
 	cmake -S . -B $(BUILD)-lint -G "$(GENERATOR)" -DCMAKE_CXX_COMPILER=clang++-14 \
-		-DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=OFF
-	run-clang-tidy-14 -quiet -j $(JOBS) -p $(BUILD)-lint '^$(CURDIR)/(package|workbench)/'
+		-DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=OFF $(UNITY)
+	run-clang-tidy-14 -quiet -j $(JOBS) -p $(BUILD)-lint \
+		-header-filter='^$(CURDIR)/(package|workbench)/' '/Unity/'
 
 dependencies:
 	@tools/install_dependencies.sh build
@@ -42,6 +63,8 @@ test-dependencies:
 	@tools/install_dependencies.sh build test
 bench-dependencies:
 	@tools/install_dependencies.sh build bench
+sanitize-dependencies:
+	@tools/install_dependencies.sh build sanitize
 lint-dependencies:
 	@tools/install_dependencies.sh build lint
 

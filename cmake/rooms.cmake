@@ -67,8 +67,8 @@ room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files work
   workbench/platforms workbench/project workbench/project/cpp workbench/remote/profile
   workbench/remote/ssh workbench/remote/target workbench/settings workbench/text workbench/xml)
 room(workbench/session SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
-  workbench/project workbench/project/build_import workbench/services workbench/settings
-  workbench/text)
+  workbench/project workbench/project/build_import workbench/project/cpp workbench/services
+  workbench/settings workbench/text workbench/xml)
 room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workbench/list
   workbench/session workbench/text)
 
@@ -84,7 +84,8 @@ room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/contr
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/cli/view workbench/controls workbench/deploy workbench/deploy/record workbench/files
   workbench/json workbench/list workbench/platforms workbench/project
-  workbench/project/build_import workbench/remote/profile workbench/remote/target
+  workbench/project/build_import workbench/project/cpp workbench/remote/profile
+  workbench/remote/target
   workbench/services workbench/session workbench/settings workbench/text)
 room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
   workbench/msbuild workbench/services workbench/session workbench/text)
@@ -107,8 +108,8 @@ room(workbench/desktop/dialogs/deploy SEES ${FOUNDATION} workbench/deploy
 room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
   workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings workbench/desktop/text
-  workbench/files workbench/history workbench/platforms workbench/project workbench/remote/profile
-  workbench/remote/ssh workbench/remote/target workbench/services workbench/session
+  workbench/files workbench/history workbench/platforms workbench/project workbench/project/cpp
+  workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services workbench/session
   workbench/settings workbench/text)
 room(workbench/desktop SEES ${FOUNDATION} workbench/desktop/controls workbench/desktop/text
   workbench/desktop/window workbench/project workbench/session)

@@ -48,5 +48,15 @@ TEST(CppBuildNames, PlatformIsTakenByItsOwnNameToo) {
   EXPECT_NE(own.Output.find("app.exe"), std::string::npos) << own.Output;
 }
 
+TEST(CppBuildNames, SideFileHasThePlatformsThatOnlyTheProjectKnows) {
+  TWorkplace place;
+  place.Write("app.vcxproj", Replaced(CppProject, "x64", "ARM"));
+  ASSERT_EQ(place.Run({"reconcile", "app.vcxproj", "--all"}).Status, 0);
+  const std::string sideFile = place.Read("app.deployproj");
+  const std::size_t group = sideFile.find("<ItemGroup Condition=\"'$(Platform)'=='ARM'\">");
+  ASSERT_NE(group, std::string::npos) << sideFile;
+  EXPECT_NE(sideFile.find("<DeployFile Include=\"ARM\\Debug\\app.exe\"", group), std::string::npos);
+}
+
 } // namespace
 } // namespace integration

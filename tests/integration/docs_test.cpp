@@ -97,6 +97,8 @@ protected:
   void FillDemo() {
     Place.Write("Win32/Debug/demo.exe", "x");
     Place.Write("data/levels.dat", "x");
+    Place.Write("all.sln", "Solution File, Format Version 12.00\n"
+                           "Project(\"{1}\") = \"demo\", \"demo.vproj\", \"{2}\"\nEndProject\n");
     ASSERT_EQ(Place.Run({"add", "demo.vproj", "data/levels.dat"}).Status, 0);
   }
 
@@ -114,6 +116,8 @@ protected:
       ++count;
       if (command.starts_with("deploymgr new demo.vproj"))
         FillDemo();
+      if (command.starts_with("deploymgr new post.vproj"))
+        Place.Write("lib/libx.so", "x");
     }
     return count;
   }

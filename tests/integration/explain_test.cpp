@@ -6,6 +6,8 @@
 namespace integration {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr const char* Logger = "tide-logger/TideLogger.vproj";
 
 bool Says(const TRun& run, std::string_view text) {
@@ -25,6 +27,69 @@ TEST(Explain, SaysWhichOptionNamesAnIcon) {
   EXPECT_EQ(document["reasons"][0]["step"], "artwork");
   EXPECT_EQ(document["reasons"][0]["source"], "option");
   EXPECT_EQ(document["reasons"][0]["sourceName"], "iPhone_AppIcon57");
+}
+
+constexpr const char* OutputProject =
+    R"(<Project xmlns="http://schemas.microsoft.com/developer/msbuild/2003">
+<ItemGroup><ProjectConfiguration Include="Debug|Win32"/></ItemGroup>
+<Import Project="$(VCTargetsPath)\Microsoft.Cpp.Default.props"/>
+<PropertyGroup><ConfigurationType>Application</ConfigurationType></PropertyGroup>
+<Import Project="$(VCTargetsPath)\Microsoft.Cpp.props"/>
+<PropertyGroup>
+<OutDir>$(SolutionDir)bin\$(Configuration)\</OutDir>
+</PropertyGroup>
+<Import Project="$(VCTargetsPath)\Microsoft.Cpp.targets"/>
+</Project>)";
+
+// The step of that name; an empty object when there is none.
+nlohmann::ordered_json StepOf(const nlohmann::ordered_json& steps, std::string_view name) {
+  for (const auto& step : steps) {
+    if (step["name"] == name)
+      return step;
+  }
+  return nlohmann::ordered_json::object();
+}
+
+TEST(Explain, SaysStepByStepWhereThePathOfTheOutputComesFrom) {
+  TWorkplace place;
+  place.Write("src/app.vcxproj", OutputProject);
+  place.Write("all.sln", "Solution File, Format Version 12.00\nProject(\"{1}\") = \"app\", "
+                         "\"src\\app.vcxproj\", \"{2}\"\nEndProject\n");
+  const auto document = place.Run({"explain", "src/app.vcxproj", "--output", "--json"}).Json();
+  EXPECT_EQ(document["output"], place.Path("bin/Debug/app.exe").string());
+  EXPECT_EQ(document["nothing"], "");
+  const auto& steps = document["steps"];
+  EXPECT_EQ(StepOf(steps, "Link.OutputFile")["text"], "$(OutDir)$(TargetName)$(TargetExt)");
+  const auto directory = StepOf(steps, "OutDir");
+  EXPECT_EQ(directory["text"], "$(SolutionDir)bin\\$(Configuration)\\");
+  EXPECT_EQ(fs::path(directory["file"].get<std::string>()).filename(), "app.vcxproj");
+  EXPECT_EQ(directory["line"], 7);
+  EXPECT_EQ(StepOf(steps, "SolutionDir")["source"],
+            "the solution " + place.Path("all.sln").string());
+  EXPECT_EQ(StepOf(steps, "Configuration")["source"], "the target");
+  EXPECT_EQ(StepOf(steps, "TargetExt")["file"], "built-in Microsoft.Cpp.props");
+  const auto entry =
+      place.Run({"explain", "src/app.vcxproj", "..\\bin\\Debug\\app.exe", "--json"}).Json();
+  ASSERT_EQ(entry["entries"].size(), 1U) << entry;
+  EXPECT_EQ(entry["entries"][0]["output"], steps);
+}
+
+TEST(Explain, SaysWhichStepOfTheOutputIsNotKnownAndWhy) {
+  TWorkplace place;
+  place.Write("app.vcxproj", Replaced(OutputProject, "$(SolutionDir)bin", "$(SolutionName)"));
+  const TRun run = place.Run({"explain", "app.vcxproj", "--output", "--json"});
+  EXPECT_EQ(run.Status, 0);
+  const auto document = run.Json();
+  EXPECT_EQ(document["output"], "");
+  EXPECT_EQ(document["nothing"], "it is not known what a build of Debug, Win32 makes");
+  EXPECT_EQ(StepOf(document["steps"], "SolutionName")["unknown"],
+            "the property \"SolutionName\" is not known here: the build system sets it");
+  EXPECT_EQ(place.Run({"explain", "app.vcxproj", "--output", "-p", "all"}).Status, 2);
+  const auto given =
+      place.Run({"explain", "app.vcxproj", "--output", "--json", "--property", "SolutionName=s"})
+          .Json();
+  EXPECT_EQ(given["output"], place.Path("s/Debug/app.exe").string());
+  EXPECT_EQ(StepOf(given["steps"], "SolutionName")["source"], "given on the command line");
 }
 
 TEST(Explain, SaysWhichFamilyOfDevicesDoesNotShowAnImage) {

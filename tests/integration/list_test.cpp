@@ -10,7 +10,7 @@ namespace {
 
 using TTexts = std::vector<std::string>;
 
-constexpr const char* Logger = "tide-logger/TideLogger.vproj";
+constexpr const char* ListedProject = "tide-logger/TideLogger.vproj";
 
 // A project with these properties besides.
 std::string WithProperties(const std::string& properties) {
@@ -24,7 +24,7 @@ protected:
   List() { Place.CopyOf(Tree / "examples/tide-logger"); }
   // One text of each row.
   TTexts Column(const TTexts& options, const std::string& key) {
-    TTexts command{"list", Logger, "--json"};
+    TTexts command{"list", ListedProject, "--json"};
     command.insert(command.end(), options.begin(), options.end());
     const TRun run = Place.Run(command);
     EXPECT_EQ(run.Status, 0) << run.Errors;
@@ -39,7 +39,7 @@ protected:
 };
 
 TEST_F(List, ShowsTheRowsOfTheActiveTarget) {
-  const auto document = Place.Run({"list", Logger, "--json"}).Json();
+  const auto document = Place.Run({"list", ListedProject, "--json"}).Json();
   EXPECT_EQ(document["platform"], "Win64");
   EXPECT_EQ(document["configuration"], "Debug");
   EXPECT_EQ(document["connected"], false);
@@ -61,10 +61,10 @@ TEST_F(List, ShowsWhatTheConfigurationInherits) {
 }
 
 TEST_F(List, SavesNothingAndReconcilesInMemory) {
-  const std::string before = Place.Read(Logger);
+  const std::string before = Place.Read(ListedProject);
   const TTexts types = Column({"-p", "Android"}, "type");
   EXPECT_NE(std::ranges::find(types, "ProjectAndroidManifest"), types.end());
-  EXPECT_EQ(Place.Read(Logger), before);
+  EXPECT_EQ(Place.Read(ListedProject), before);
 }
 
 TEST_F(List, SortsByAnyTextBothWays) {
@@ -78,7 +78,7 @@ TEST_F(List, SortsByAnyTextBothWays) {
 }
 
 TEST_F(List, KnowsTheTextsThatItSortsBy) {
-  const TRun run = Place.Run({"list", Logger, "--sort", "size"});
+  const TRun run = Place.Run({"list", ListedProject, "--sort", "size"});
   EXPECT_EQ(run.Status, 2);
   EXPECT_EQ(run.Errors,
             "deploymgr: rows are not sorted by \"size\"; known are: localPath, localName, type, "
@@ -87,7 +87,7 @@ TEST_F(List, KnowsTheTextsThatItSortsBy) {
 }
 
 TEST_F(List, ShowsEveryPlatformAtOnce) {
-  const auto document = Place.Run({"list", Logger, "-p", "all", "--json"}).Json();
+  const auto document = Place.Run({"list", ListedProject, "-p", "all", "--json"}).Json();
   EXPECT_EQ(document["platform"], "All Platforms");
   TTexts platforms;
   for (const auto& row : document["rows"])
@@ -98,20 +98,20 @@ TEST_F(List, ShowsEveryPlatformAtOnce) {
 
 TEST_F(List, DimsRowsWhoseLocalFileIsMissing) {
   std::filesystem::remove(Place.Path("tide-logger/data/levels.dat"));
-  const auto document = Place.Run({"list", Logger, "--json"}).Json();
+  const auto document = Place.Run({"list", ListedProject, "--json"}).Json();
   for (const auto& row : document["rows"])
     EXPECT_EQ(row["dimmed"], row["localName"] == "levels.dat") << row;
 }
 
 TEST_F(List, PrintsOneLineForEachFile) {
-  const TRun run = Place.Run({"list", Logger});
+  const TRun run = Place.Run({"list", ListedProject});
   EXPECT_EQ(CountOf(run.Output, "\n"), Column({}, "localName").size());
   EXPECT_TRUE(run.Output.starts_with("[x] Win64\\Debug\\")) << run.Output;
 }
 
 TEST_F(List, KeepsRowsOfDisabledFilesUnchecked) {
   const auto document =
-      Place.Run({"list", Logger, "-p", "Android", "-c", "Release", "--json"}).Json();
+      Place.Run({"list", ListedProject, "-p", "Android", "-c", "Release", "--json"}).Json();
   bool found = false;
   for (const auto& row : document["rows"]) {
     if (row["localName"] == "Gezeiten für Anfänger.txt") {
@@ -123,7 +123,7 @@ TEST_F(List, KeepsRowsOfDisabledFilesUnchecked) {
 }
 
 TEST_F(List, WarnsOfATargetThatIsNotSetUp) {
-  const TRun run = Place.Run({"list", Logger, "-p", "OSX32", "-c", "Field"});
+  const TRun run = Place.Run({"list", ListedProject, "-p", "OSX32", "-c", "Field"});
   EXPECT_EQ(run.Status, 0);
   EXPECT_NE(run.Errors.find("has not set up configuration \"Field\" for platform \"OSX32\""),
             std::string::npos)
@@ -140,11 +140,11 @@ TEST_F(List, OfOddNamesShowsThemEscaped) {
 }
 
 TEST_F(List, ConnectsToOnePlatformOnly) {
-  EXPECT_EQ(Place.Run({"status", Logger, "-p", "all"}).Status, 2);
-  const TRun run = Place.Run({"status", Logger});
+  EXPECT_EQ(Place.Run({"status", ListedProject, "-p", "all"}).Status, 2);
+  const TRun run = Place.Run({"status", ListedProject});
   EXPECT_EQ(run.Status, 5);
   EXPECT_EQ(run.Errors, "deploymgr: the project has no profile for this platform\n");
-  EXPECT_EQ(Place.Run({"list", Logger, "--connect", "-p", "Android"}).Status, 5);
+  EXPECT_EQ(Place.Run({"list", ListedProject, "--connect", "-p", "Android"}).Status, 5);
 }
 
 // A reconcile warns each time, so the warnings count them.

@@ -8,8 +8,6 @@
 namespace integration {
 namespace {
 
-const std::filesystem::path Tree = SOURCE_TREE;
-
 std::vector<std::filesystem::path> RealProjects() {
   std::vector<std::filesystem::path> projects;
   const auto folder = Tree.parent_path() / "shared" / "projects";

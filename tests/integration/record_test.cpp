@@ -18,7 +18,7 @@ using TTexts = std::vector<std::string>;
 constexpr const char* Record = "target/.deployment-manager/demo/record.json";
 constexpr const char* Lock = "target/.deployment-manager/demo/lock";
 
-std::string FileEntry(const std::string& name, const std::string& record = {}) {
+std::string DeployedEntry(const std::string& name, const std::string& record = {}) {
   return "<DeployFile LocalName=\"" + name +
          "\" Configuration=\"Base\" Class=\"File\"><Platform Name=\"Win32\">" + record +
          "</Platform></DeployFile>\n";
@@ -66,7 +66,7 @@ public:
 };
 
 TEST(Record, RemembersWhatWasDeployed) {
-  const TRecordPlace place(FileEntry("a.dat") + FileEntry("sub\\b.dat"));
+  const TRecordPlace place(DeployedEntry("a.dat") + DeployedEntry("sub\\b.dat"));
   place.Write("a.dat", "first");
   place.Write("sub/b.dat", "second");
   ::chmod(place.Path("a.dat").c_str(), 0640);
@@ -100,7 +100,7 @@ TEST(Record, RemembersWhatWasDeployed) {
 }
 
 TEST(Record, IsLeftByNoStatelessProfile) {
-  const TRecordPlace place(FileEntry("a.dat"), {"--stateless"});
+  const TRecordPlace place(DeployedEntry("a.dat"), {"--stateless"});
   place.Write("a.dat", "first");
   ASSERT_EQ(place.Do("deploy").Status, 0);
   EXPECT_FALSE(fs::exists(place.Path("target/.deployment-manager")));
@@ -108,7 +108,7 @@ TEST(Record, IsLeftByNoStatelessProfile) {
 }
 
 TEST(Record, TakesAFileThatIsFoundTheSameForDeployed) {
-  const TRecordPlace place(FileEntry("a.dat"), {"--stateless"});
+  const TRecordPlace place(DeployedEntry("a.dat"), {"--stateless"});
   place.Write("a.dat", "first");
   ASSERT_EQ(place.Do("deploy").Status, 0);
   ASSERT_EQ(place.Run({"profile", "remove", "box"}).Status, 0);
@@ -121,9 +121,9 @@ TEST(Record, TakesAFileThatIsFoundTheSameForDeployed) {
 }
 
 TEST(Record, TellsWhoChangedWhat) {
-  const TRecordPlace place(FileEntry("same") + FileEntry("here") + FileEntry("there") +
-                           FileEntry("both") + FileEntry("gone") + FileEntry("new") +
-                           FileEntry("old"));
+  const TRecordPlace place(DeployedEntry("same") + DeployedEntry("here") + DeployedEntry("there") +
+                           DeployedEntry("both") + DeployedEntry("gone") + DeployedEntry("new") +
+                           DeployedEntry("old"));
   for (const char* name : {"same", "here", "there", "both", "gone"})
     place.Write(name, std::string("content of ") + name);
   place.Write("target/demo/old", "somebody's");
@@ -163,11 +163,11 @@ TEST(Record, TellsWhoChangedWhat) {
 }
 
 TEST(Record, LetsLeftOversBeRemoved) {
-  const TRecordPlace place(FileEntry("a") + FileEntry("b") + FileEntry("c"));
+  const TRecordPlace place(DeployedEntry("a") + DeployedEntry("b") + DeployedEntry("c"));
   for (const char* name : {"a", "b", "c"})
     place.Write(name, std::string("content of ") + name);
   ASSERT_EQ(place.Do("deploy").Status, 0);
-  place.SetEntries(FileEntry("a"));
+  place.SetEntries(DeployedEntry("a"));
   place.ChangeThere("c");
   const TJson status = place.Do("status").Json();
   ASSERT_EQ(status["leftOvers"].size(), 2U);
@@ -190,7 +190,7 @@ TEST(Record, LetsLeftOversBeRemoved) {
 }
 
 TEST(Record, ThatIsHostileLeadsNowhere) {
-  const TRecordPlace place(FileEntry("a"));
+  const TRecordPlace place(DeployedEntry("a"));
   place.Write("a", "a");
   place.Write("victim", "precious");
   ASSERT_EQ(place.Do("deploy").Status, 0);
@@ -213,7 +213,7 @@ TEST(Record, ThatIsHostileLeadsNowhere) {
 }
 
 TEST(Record, LinksLeadNowhere) {
-  const TRecordPlace place(FileEntry("a"));
+  const TRecordPlace place(DeployedEntry("a"));
   place.Write("a", "a");
   fs::create_directories(place.Path("outside/demo"));
   fs::create_directories(place.Path("target"));
@@ -225,7 +225,7 @@ TEST(Record, LinksLeadNowhere) {
 }
 
 TEST(Record, LetsOneDeployAtATime) {
-  const TRecordPlace place(FileEntry("a"));
+  const TRecordPlace place(DeployedEntry("a"));
   place.Write("a", "a");
   ASSERT_EQ(place.Do("deploy").Status, 0);
   place.Write("a", "another");
@@ -256,7 +256,8 @@ TEST(Record, LetsOneDeployAtATime) {
 }
 
 TEST(Record, IsAnsweredByVerify) {
-  const TRecordPlace place(FileEntry("a") + FileEntry("kept", "<Overwrite>false</Overwrite>"));
+  const TRecordPlace place(DeployedEntry("a") +
+                           DeployedEntry("kept", "<Overwrite>false</Overwrite>"));
   place.Write("a", "content");
   place.Write("kept", "content");
   ASSERT_EQ(place.Do("deploy").Status, 0);
@@ -275,7 +276,7 @@ TEST(Record, IsAnsweredByVerify) {
 }
 
 TEST(Deploy, BringsTheRightsOfAFileInLine) {
-  const TRecordPlace place(FileEntry("a"));
+  const TRecordPlace place(DeployedEntry("a"));
   place.Write("a", "content");
   ::chmod(place.Path("a").c_str(), 0644);
   ASSERT_EQ(place.Do("deploy").Status, 0);
@@ -291,8 +292,8 @@ TEST(Deploy, BringsTheRightsOfAFileInLine) {
 }
 
 TEST(Deploy, DoesWhatIsOwedUntilItSucceeds) {
-  const TRecordPlace place(FileEntry("a", "<RemoteCommand>test -e go &amp;&amp; touch done"
-                                          "</RemoteCommand>"));
+  const TRecordPlace place(DeployedEntry("a", "<RemoteCommand>test -e go &amp;&amp; touch done"
+                                              "</RemoteCommand>"));
   place.Write("a", "content");
   const TTexts allowed{"--allow-commands"};
   EXPECT_EQ(place.Do("deploy", allowed).Status, 1);
@@ -317,8 +318,8 @@ TEST(Deploy, DoesWhatIsOwedUntilItSucceeds) {
 
 TEST(Deploy, DoesWhatIsOwedAfterAnInterrupt) {
   const TRecordPlace place(
-      FileEntry("a", "<RemoteCommand>touch began; test -e go || sleep 60; touch done"
-                     "</RemoteCommand>"));
+      DeployedEntry("a", "<RemoteCommand>touch began; test -e go || sleep 60; touch done"
+                         "</RemoteCommand>"));
   place.Write("a", "content");
   TStart start = place.Start(
       {"deploy", "demo.vproj", "-p", "Win32", "-c", "Debug", "--json", "--allow-commands"});
@@ -337,7 +338,7 @@ TEST(Deploy, DoesWhatIsOwedAfterAnInterrupt) {
 }
 
 TEST(Deploy, ChecksWithoutChangingAnything) {
-  const TRecordPlace place(FileEntry("a"));
+  const TRecordPlace place(DeployedEntry("a"));
   place.Write("a", "content");
   EXPECT_EQ(place.Do("deploy", {"--check"}).Status, 7);
   EXPECT_TRUE(fs::is_empty(place.Path("target")));

@@ -2,17 +2,12 @@
 
 #include "package/common/delimited_list.h"
 #include "package/common/path_text.h"
+#include "tests/support/value_of.h"
 
 #include <algorithm>
 
 namespace deployment {
 namespace {
-
-template <class TMap>
-std::string ValueOf(const TMap& map, std::string_view key) {
-  const auto found = map.find(key);
-  return found == map.end() ? std::string() : found->second;
-}
 
 std::string ReplaceAll(std::string text, std::string_view from, std::string_view to) {
   for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at)) {

@@ -1,17 +1,12 @@
 #include "tests/support/memory_project.h"
 
 #include "package/common/case_fold.h"
+#include "tests/support/value_of.h"
 
 #include <algorithm>
 
 namespace deployment {
 namespace {
-
-template <class TMap>
-std::string ValueOf(const TMap& map, std::string_view key) {
-  const auto found = map.find(std::string(key));
-  return found == map.end() ? std::string() : found->second;
-}
 
 template <class TAction>
 void ForEachNotifier(std::vector<std::shared_ptr<IOTAModuleNotifier>>& notifiers, TAction action) {

@@ -1,13 +1,12 @@
 #include "workbench/cli/command_line.h"
 
 #include "package/common/case_fold.h"
-#include "package/common/errors.h"
 #include "workbench/cli/argument_parser.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/failure_report.h"
 #include "workbench/cli/context/terminal_interaction.h"
-#include "workbench/files/save_error.h"
-#include "workbench/msbuild/msbuild_properties.h"
+#include "workbench/msbuild/property_names.h"
 #include "workbench/services/remote_profile_services.h"
 
 #include <exception>
@@ -25,31 +24,6 @@ bool HasArgument(int argc, const char* const* argv, std::string_view wanted) {
       return true;
   }
   return false;
-}
-
-int Report(TOutput& output, const TFailure& failure) {
-  output.Error(failure);
-  output.Flush();
-  return failure.Status;
-}
-
-// Turns whatever an action throws into a message and an exit status.
-template <class TAction>
-int Reported(TOutput& output, TAction action) {
-  try {
-    return action();
-  } catch (const TUsageError& error) {
-    return Report(output, {exit_status::WrongUsage, error.what(), {}, 0, false});
-  } catch (const deployment::TInputError& error) {
-    return Report(output, {exit_status::UnreadableInput, error.what(), error.Place().File,
-                           error.Place().Line, false});
-  } catch (const TExitError& error) {
-    return Report(output, {error.Status(), error.what(), {}, 0, false});
-  } catch (const TSaveError& error) {
-    return Report(output, {exit_status::WorkFailed, error.what(), error.File().string(), 0, true});
-  } catch (const std::exception& error) {
-    return Report(output, {exit_status::WorkFailed, error.what(), {}, 0, false});
-  }
 }
 
 void CheckWritten(bool written) {

@@ -71,6 +71,14 @@ std::vector<TAfterStep> OwedSteps(const std::vector<TAfterStep>& steps,
   return owed;
 }
 
+std::vector<std::string> KeysOf(std::span<const TAfterStep> steps) {
+  std::vector<std::string> keys;
+  keys.reserve(steps.size());
+  for (const TAfterStep& step : steps)
+    keys.push_back(step.Key());
+  return keys;
+}
+
 std::string OwedText(const std::string& key, std::string_view name) {
   if (key.starts_with(CommandStart))
     return key.substr(CommandStart.size());

@@ -6,6 +6,7 @@
 #include "workbench/process/shell.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,9 @@ std::vector<TAfterStep> AfterStepsOf(const TDeployFile& file);
 /// mended since: all of them are to be done then.
 std::vector<TAfterStep> OwedSteps(const std::vector<TAfterStep>& steps,
                                   const std::vector<std::string>& owedKeys);
+
+/// The keys of the steps, in their order.
+std::vector<std::string> KeysOf(std::span<const TAfterStep> steps);
 
 /// For people, what a key of a record stands for.
 std::string OwedText(const std::string& key, std::string_view name);

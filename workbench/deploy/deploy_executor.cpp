@@ -36,6 +36,7 @@ public:
       RunLocalCommands();
       PrepareDirectories();
       CopyFiles();
+      MakeLinks();
       FinishOnTarget();
     } catch (const TConnectionError& error) {
       Lost(error.what());
@@ -82,6 +83,7 @@ private:
   void RunLocalCommands();
   void PrepareDirectories();
   void CopyFiles();
+  void MakeLinks();
   void SendOn(IRemoteConnection& connection);
   void SendOnFurtherConnection();
   std::span<const TSendRequest> TakeBatch();
@@ -95,6 +97,7 @@ private:
   IRemoteConnection& FConnection;
   TDeployReport& FReport;
   std::vector<TSendRequest> FWork; // files to be copied
+  std::vector<std::size_t> FLinks; // to be made behind them
   std::mutex FMutex;               // of what stands below, of the rows and of the progress
   std::size_t FNext = 0;           // of the work
   std::vector<bool> FDone;
@@ -144,14 +147,6 @@ private:
   std::unordered_set<std::size_t> FOut; // handed out and not done
 };
 
-std::vector<std::string> KeysOf(std::span<const TAfterStep> steps) {
-  std::vector<std::string> keys;
-  keys.reserve(steps.size());
-  for (const TAfterStep& step : steps)
-    keys.push_back(step.Key());
-  return keys;
-}
-
 // What files will owe when they are there is written down first, so that a run that breaks off
 // between a copy and a command does not forget the command.
 void TExecutor::Announce() {
@@ -160,9 +155,9 @@ void TExecutor::Announce() {
   for (const std::string& path : FPlan.Forgotten)
     FExecution.Keeper->Forget(path, /*wasRemoved=*/false);
   for (const TPlannedFile& file : FPlan.Files) {
-    const bool isCopied = file.Action == TDeployAction::Copied;
-    const bool stays =
-        isCopied || file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode;
+    const bool stays = file.Action == TDeployAction::Copied ||
+                       file.Action == TDeployAction::Unchanged ||
+                       file.Action == TDeployAction::Mode;
     if (stays && !file.RecordPath.empty())
       FExecution.Keeper->Owe(file.RecordPath, KeysOf(file.Steps));
   }
@@ -236,6 +231,7 @@ void TExecutor::Remember(const TPlannedFile& file, const TSendOutcome& outcome, 
                           .Time = std::max<std::int64_t>(outcome.Time, 0),
                           .Hash = std::move(hash),
                           .Mode = outcome.Mode,
+                          .Link = file.Link,
                           .Run = known ? known->Run : std::string(),
                           .Platform = FExecution.Target.Platform,
                           .Configuration = FExecution.Target.Configuration},
@@ -272,7 +268,24 @@ void TExecutor::PrepareDirectories() {
     if (!problem.empty())
       Finish(request.Index, problem);
   }
-  std::erase_if(FWork, [this](const TSendRequest& request) { return FDone[request.Index]; });
+  // Links come when what they lead to is there.
+  std::erase_if(FWork, [this](const TSendRequest& request) {
+    const bool isLink = !FPlan.Files[request.Index].Link.empty();
+    if (isLink && !FDone[request.Index])
+      FLinks.push_back(request.Index);
+    return isLink || FDone[request.Index];
+  });
+}
+
+void TExecutor::MakeLinks() {
+  for (const std::size_t index : FLinks) {
+    const TPlannedFile& file = FPlan.Files[index];
+    FileSent(index, {.Problem = IsCancelled() ? std::string(Interrupted)
+                                              : FConnection.MakeLink(file.Target, file.Link),
+                     .Size = file.Local.Size,
+                     .Mode = file.Mode,
+                     .Hash = file.Local.Hash});
+  }
 }
 
 void TExecutor::CopyFiles() {
@@ -374,21 +387,6 @@ std::string TExecutor::RunStep(const TPlannedFile& file, const TAfterStep& step)
 void ExecuteDeployPlan(const TDeployPlan& plan, const TDeployExecution& execution,
                        TDeployReport& report) {
   TExecutor(plan, execution, report).Run();
-}
-
-std::vector<TDeployRow> RowsOf(const TDeployPlan& plan) {
-  std::vector<TDeployRow> rows;
-  rows.reserve(plan.Files.size());
-  for (const TPlannedFile& file : plan.Files)
-    rows.push_back({.LocalName = file.File.LocalName,
-                    .RemoteFile = file.RemoteFile(),
-                    .Action = file.Action,
-                    .Bytes = file.Bytes,
-                    .Error = file.Action == TDeployAction::Failed ? file.Reason : std::string(),
-                    .State = file.State,
-                    .ByHash = file.ByHash,
-                    .Reason = file.Action == TDeployAction::Refused ? file.Reason : std::string()});
-  return rows;
 }
 
 } // namespace workbench

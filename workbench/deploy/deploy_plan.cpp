@@ -2,6 +2,7 @@
 
 #include "package/common/case_fold.h"
 #include "workbench/deploy/left_overs.h"
+#include "workbench/deploy/link_texts.h"
 #include "workbench/deploy/record/record_place.h"
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/file_reader.h"
@@ -21,6 +22,7 @@ namespace {
 using deployment::TDeployOperation;
 
 constexpr std::size_t LongestPath = 4095; // bytes
+constexpr unsigned LinkRights = 0777;
 
 class TPlanner {
 public:
@@ -39,6 +41,7 @@ public:
     for (const auto& [path, file] : FRecord.Files)
       FRecorded.emplace(Key(path), &path);
     ResolveDirectories();
+    FindLinks();
     FindCollisions();
     CollectCommands();
     if (FPlan.Problems.empty()) {
@@ -56,6 +59,7 @@ private:
   void FindTargets();
   void FindTarget(TPlannedFile& file);
   void ResolveDirectories();
+  void FindLinks();
   void FindCollisions();
   std::string Key(const std::string& path) const {
     return FOptions.Places.Names.IgnoresCase ? deployment::UpperCase(path) : path;
@@ -122,6 +126,34 @@ void TPlanner::ResolveDirectories() {
     if (file.RemoteFile().size() > LongestPath)
       Refuse(file,
              "its path on the target is longer than " + std::to_string(LongestPath) + " bytes");
+  }
+}
+
+// Where links are not known, or one leads to what is not deployed, its content is.
+void TPlanner::FindLinks() {
+  if (!FOptions.KeepLinks || !FConnection->KnowsLinks())
+    return;
+  std::vector<TLinkCandidate> candidates;
+  candidates.reserve(FPlan.Files.size());
+  for (const TPlannedFile& file : FPlan.Files) {
+    const bool isCopied = file.File.Operation == TDeployOperation::Copy ||
+                          file.File.Operation == TDeployOperation::CopyExecutable;
+    candidates.push_back(
+        {file.File.LocalFile, file.Target,
+         isCopied && !file.RecordPath.empty() && file.State != TFileState::MissingHere});
+  }
+  std::vector<std::string> texts = LinkTexts(candidates);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    if (texts[i].empty())
+      continue;
+    TPlannedFile& file = FPlan.Files[i];
+    file.Bytes = 0;
+    file.Mode = LinkRights;
+    TSHA256 hash;
+    hash.Add(texts[i]);
+    file.Local = {
+        .Size = texts[i].size(), .Hash = hash.Text(), .IsPlainFile = false, .Link = texts[i]};
+    file.Link = std::move(texts[i]);
   }
 }
 
@@ -249,6 +281,15 @@ void TPlanner::DecideStates(const std::vector<TRemoteStatus>& remote) {
     sides[i] = {file.Local, ContentOf(RecordOf(file.RecordPath)), ContentOf(remote[i])};
     undecided.push_back(i);
   }
+  std::vector<TRemoteName> names;
+  std::vector<TContent*> there;
+  names.reserve(sides.size());
+  there.reserve(sides.size());
+  for (std::size_t i = 0; i < sides.size(); ++i) {
+    names.push_back(FPlan.Files[i].Target);
+    there.push_back(sides[i].There ? &*sides[i].There : nullptr);
+  }
+  ReadLinksThere(*FConnection, names, remote, there);
   DecideByContent(std::move(undecided), sides);
 }
 
@@ -289,6 +330,8 @@ void TPlanner::TakeAction(TPlannedFile& file, const TRemoteStatus& remote) {
   } else if ((file.State == TFileState::ChangedThere || file.State == TFileState::Conflict) &&
              !FOptions.OverwriteChanged) {
     Refuse(file);
+  } else if (isSame && !FOptions.Force && !file.Link.empty()) {
+    file.Action = TDeployAction::Unchanged; // a link has no time and no rights of its own
   } else if (isSame && !FOptions.Force) {
     const auto resolution = FConnection->TimeResolution();
     file.TimeDiffers =
@@ -297,7 +340,7 @@ void TPlanner::TakeAction(TPlannedFile& file, const TRemoteStatus& remote) {
     file.Action = modeDiffers ? TDeployAction::Mode : TDeployAction::Unchanged;
   }
   if (file.State == TFileState::Unrecorded && file.Action == TDeployAction::Copied &&
-      remote.Modified > file.Local.Time)
+      file.Link.empty() && remote.Modified > file.Local.Time)
     FPlan.Warnings.push_back(file.RemoteFile() + " is newer than \"" + file.File.LocalName +
                              "\", which is copied over it");
   if (file.Action == TDeployAction::Copied) {

@@ -32,6 +32,7 @@ struct TPlanOptions {
   bool SkipMissing = false;      ///< a missing file that is not required is no failure
   bool OverwriteChanged = false; ///< copy also over what others changed on the target
   bool Prune = false;            ///< remove what was deployed and is not in the list any more
+  bool KeepLinks = false;        ///< links stay links where the target knows them
   TPlaceRules Places = {};
   deployment::TDeploymentTarget Target = {};
 };
@@ -48,6 +49,7 @@ struct TPlannedFile {
   std::uint64_t Bytes = 0;                        ///< to be sent
   TContent Local = {};                            ///< the file here; its hash when it was needed
   unsigned Mode = 0;                              ///< rights that it is to have on the target
+  std::string Link = {};              ///< what is deployed as a link is to store; else empty
   bool TimeDiffers = false;           ///< Unchanged, but the time stamp is to be brought in line
   std::vector<TAfterStep> Steps = {}; ///< to be done when the file is there
 

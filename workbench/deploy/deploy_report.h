@@ -32,6 +32,7 @@ struct TDeployRow {
   std::optional<TFileState> State = std::nullopt;
   bool ByHash = false;     ///< hashes told the state
   std::string Reason = {}; ///< why it was refused
+  std::string Link = {};   ///< what it stores as a symbolic link; empty for what is none
 };
 
 /// A command that still has to succeed on the target.

@@ -89,6 +89,7 @@ void TDeployRun::MakePlan() {
       .SkipMissing = wanted.SkipMissing,
       .OverwriteChanged = wanted.OverwriteChanged,
       .Prune = wanted.Prune,
+      .KeepLinks = FFacts.Destination.Profile.has_value(),
       .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FRequest.Target.Platform),
       .Target = FRequest.Target,
   };
@@ -178,7 +179,8 @@ bool TDeployRun::HasWork() const {
     return file.RecordPath.empty() || file.State != TFileState::Same ||
            (found != FReading.Record.Files.end() && found->second.Size == file.Local.Size &&
             found->second.Time == std::max<std::int64_t>(time.time_since_epoch().count(), 0) &&
-            found->second.Mode == file.Mode && found->second.Class == file.File.Class &&
+            found->second.Mode == file.Mode && found->second.Link == file.Link &&
+            found->second.Class == file.File.Class &&
             found->second.LocalName == file.File.LocalName &&
             found->second.Platform == FRequest.Target.Platform &&
             found->second.Configuration == FRequest.Target.Configuration);

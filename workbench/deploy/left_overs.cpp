@@ -63,11 +63,16 @@ void DecideStates(IRemoteConnection& connection, const TTargetRecord& record,
     names.push_back(candidate.Target);
   const std::vector<TRemoteStatus> answers = connection.Examine(names);
   std::vector<TThreeSides> sides(candidates.size());
-  std::vector<TRemoteName> asked;
-  std::vector<TContent*> contents;
+  std::vector<TContent*> there(candidates.size());
   for (std::size_t i = 0; i < candidates.size(); ++i) {
     sides[i].Deployed = ContentOf(&record.Files.at(candidates[i].RecordPath));
     sides[i].There = ContentOf(answers[i]);
+    there[i] = sides[i].There ? &*sides[i].There : nullptr;
+  }
+  ReadLinksThere(connection, names, answers, there);
+  std::vector<TRemoteName> asked;
+  std::vector<TContent*> contents;
+  for (std::size_t i = 0; i < candidates.size(); ++i) {
     if (sides[i].There && DecideLeftOverState(sides[i], comparing).NeedsHashThere) {
       asked.push_back(candidates[i].Target);
       contents.push_back(&*sides[i].There);
@@ -118,7 +123,27 @@ std::optional<TContent> ContentOf(const TRecordedFile* recorded) {
     return std::nullopt;
   return TContent{.Size = recorded->Size,
                   .Time = deployment::TFileTime(std::chrono::seconds(recorded->Time)),
-                  .Hash = recorded->Hash};
+                  .Hash = recorded->Hash,
+                  .IsPlainFile = recorded->Link.empty(),
+                  .Link = recorded->Link};
+}
+
+void ReadLinksThere(IRemoteConnection& connection, const std::vector<TRemoteName>& names,
+                    const std::vector<TRemoteStatus>& answers,
+                    const std::vector<TContent*>& contents) {
+  std::vector<TRemoteName> links;
+  std::vector<TContent*> contentsOf;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (answers[i].Kind != TRemoteKind::Link || !contents[i])
+      continue;
+    links.push_back(names[i]);
+    contentsOf.push_back(contents[i]);
+  }
+  if (links.empty() || !connection.KnowsLinks())
+    return;
+  std::vector<TRemoteLink> found = connection.ReadLinks(links);
+  for (std::size_t i = 0; i < found.size(); ++i)
+    contentsOf[i]->Link = std::move(found[i].Text);
 }
 
 // One that cannot be read is a content of its own.

@@ -18,6 +18,13 @@ std::optional<TContent> ContentOf(const TRecordedFile* recorded);
 void ReadHashesThere(IRemoteConnection& connection, const std::vector<TRemoteName>& names,
                      const std::vector<TContent*>& contents);
 
+/// Reads at once what those of the names store that the target says are links, each for the content
+/// that stands at its place; null contents and targets without links are passed over. Throws
+/// TConnectionError.
+void ReadLinksThere(IRemoteConnection& connection, const std::vector<TRemoteName>& names,
+                    const std::vector<TRemoteStatus>& answers,
+                    const std::vector<TContent*>& contents);
+
 /// Finds the files of the record that are not in the plan, though they were deployed to the same
 /// platform and configuration, and removes them by the plan where the options say so. Throws
 /// TConnectionError.

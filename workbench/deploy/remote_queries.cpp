@@ -3,8 +3,49 @@
 #include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <utility>
 
 namespace workbench {
+namespace {
+
+constexpr int MostLinks = 16; // one behind the other
+
+} // namespace
+
+// A link has the time of what it leads to, as on this machine. Texts that lead elsewhere than below
+// the link's directory are not followed.
+void TRemoteQueries::FollowLinks(std::vector<TRemoteName> names,
+                                 std::vector<TRemoteStatus>& answers) {
+  for (int depth = 0; depth < MostLinks && FConnection->KnowsLinks(); ++depth) {
+    std::vector<std::size_t> links;
+    std::vector<TRemoteName> asked;
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+      if (answers[i].Kind != TRemoteKind::Link)
+        continue;
+      links.push_back(i);
+      asked.push_back(names[i]);
+      answers[i].Kind = TRemoteKind::Other;
+    }
+    if (links.empty())
+      return;
+    const std::vector<TRemoteLink> texts = FConnection->ReadLinks(asked);
+    std::vector<std::size_t> followed;
+    asked.clear();
+    for (std::size_t i = 0; i < links.size(); ++i) {
+      const auto text = std::filesystem::path(texts[i].Text).lexically_normal();
+      if (!text.has_filename() || text.is_absolute() || *text.begin() == "..")
+        continue;
+      const auto there = std::filesystem::path(names[links[i]].Directory) / text;
+      names[links[i]] = {there.parent_path().string(), there.filename().string()};
+      asked.push_back(names[links[i]]);
+      followed.push_back(links[i]);
+    }
+    const std::vector<TRemoteStatus> found = FConnection->Examine(asked);
+    for (std::size_t i = 0; i < followed.size(); ++i)
+      answers[followed[i]] = found[i];
+  }
+}
 
 void TRemoteQueries::ResolveDirectories(std::vector<std::string> directories) {
   std::ranges::sort(directories);
@@ -50,7 +91,8 @@ void TRemoteQueries::Ask(const std::vector<std::string>& remoteNames) {
     names.push_back({directory.Path, std::move(places[i].Name)});
     asked.push_back(answersOf[i]);
   }
-  const std::vector<TRemoteStatus> answers = FConnection->Examine(names);
+  std::vector<TRemoteStatus> answers = FConnection->Examine(names);
+  FollowLinks(std::move(names), answers);
   const auto resolution = FConnection->TimeResolution();
   for (std::size_t i = 0; i < answers.size(); ++i) {
     asked[i]->IsKnown = answers[i].Problem.empty();

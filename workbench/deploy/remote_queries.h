@@ -44,6 +44,7 @@ private:
   using TByText = std::unordered_map<std::string, TValue, THash, std::equal_to<>>;
 
   void ResolveDirectories(std::vector<std::string> directories);
+  void FollowLinks(std::vector<TRemoteName> names, std::vector<TRemoteStatus>& answers);
 
   std::shared_ptr<IRemoteConnection> FConnection;
   TPlaceRules FRules;

@@ -17,7 +17,7 @@
 namespace workbench {
 namespace {
 
-using TKind = TArchiveMember::TKind;
+using TMemberKind = TArchiveMember::TKind;
 
 // Where members wait until all of them are checked. Large ones have no room among what is kept in
 // memory for a session.
@@ -131,7 +131,7 @@ void TUnpacker::CheckName(const TArchiveMember& member) const {
       Refuse(member, "has a name that the target cannot hold: it " + problem);
     rest.remove_prefix(std::min(end + 1, rest.size()));
   }
-  if (member.Kind == TKind::Link && !FConnection.KnowsLinks())
+  if (member.Kind == TMemberKind::Link && !FConnection.KnowsLinks())
     Refuse(member, "is a link, and the target has none");
 }
 
@@ -144,7 +144,7 @@ void TUnpacker::FindPlaces() {
     if (!isFirst)
       Refuse(member, "has the name of \"" + Visible(other->second->Name) + "\" for the target");
     const std::size_t end = member.Name.find_last_of('/');
-    const bool isDirectory = member.Kind == TKind::Directory;
+    const bool isDirectory = member.Kind == TMemberKind::Directory;
     std::string directory = FFile.Target.Directory;
     if (isDirectory || end != std::string::npos)
       directory.append("/").append(member.Name, 0, isDirectory ? std::string::npos : end);
@@ -164,7 +164,7 @@ void TUnpacker::LookAtTarget() {
     if (const std::string problem = DirectoryProblem(directory, FRules); !problem.empty())
       Refuse(FMembers[i], "cannot go there: " + problem);
     // Climbing in a link is counted from where it stands in the archive.
-    if (FMembers[i].Kind == TKind::Link && directory.Path != FDirectories[FDirectoryOf[i]])
+    if (FMembers[i].Kind == TMemberKind::Link && directory.Path != FDirectories[FDirectoryOf[i]])
       Refuse(FMembers[i], "cannot go there: a link of the target stands on the way");
     FPlaces[i].Directory = directory.Path == "/" ? "" : directory.Path;
     CheckPlace(FMembers[i], FPlaces[i]);
@@ -202,7 +202,7 @@ std::string TUnpacker::PutInPlace() {
     return problem;
   std::vector<TSendRequest> files;
   for (std::size_t i = 0; i < FMembers.size(); ++i) {
-    if (FMembers[i].Kind == TKind::File)
+    if (FMembers[i].Kind == TMemberKind::File)
       files.push_back({FMembers[i].LocalFile, FPlaces[i], /*MakeExecutable=*/false, i});
   }
   FConnection.RemoveUnfinished(files);
@@ -230,7 +230,7 @@ std::string TUnpacker::MakeDirectories() {
 // Last, so that nothing is put in place through one of them.
 std::string TUnpacker::MakeLinks() {
   for (std::size_t i = 0; i < FMembers.size(); ++i) {
-    if (FMembers[i].Kind != TKind::Link)
+    if (FMembers[i].Kind != TMemberKind::Link)
       continue;
     if (FIsCancelled())
       return "the run was interrupted";

@@ -17,7 +17,7 @@ namespace workbench {
 namespace {
 
 constexpr std::size_t LongestDirectory = 60; // of the 107 bytes that the path of a socket may have
-constexpr const char* DirectoryName = "deployment-manager";
+constexpr const char* RuntimeName = "deployment-manager";
 constexpr char ScratchMark = '-';
 
 // A directory of the user alone; empty when it cannot be had.
@@ -49,14 +49,14 @@ void RemoveAbandoned(const std::filesystem::path& directory) {
 
 std::filesystem::path RuntimeDirectory() {
   if (const char* runtime = std::getenv("XDG_RUNTIME_DIR"); runtime && *runtime == '/') {
-    auto path = std::filesystem::path(runtime) / DirectoryName;
+    auto path = std::filesystem::path(runtime) / RuntimeName;
     // The SSH client reads blanks and "%" in the path of a socket as something else.
     if (path.native().size() <= LongestDirectory &&
         path.native().find_first_of(" \t%\"'\\$") == std::string::npos &&
         !OwnDirectory(path).empty())
       return path;
   }
-  const std::string name = "/tmp/" + std::string(DirectoryName) + "-" + std::to_string(::geteuid());
+  const std::string name = "/tmp/" + std::string(RuntimeName) + "-" + std::to_string(::geteuid());
   if (auto directory = OwnDirectory(name); !directory.empty())
     return directory;
   std::string unused = name + "-XXXXXX"; // somebody else has the name

@@ -1,6 +1,7 @@
 #include "workbench/msbuild/item_definitions.h"
 
 #include "package/common/case_fold.h"
+#include "package/common/text_trim.h"
 
 #include <algorithm>
 #include <utility>
@@ -8,14 +9,7 @@
 namespace workbench {
 namespace {
 
-constexpr std::size_t LongestValue = std::size_t{1024} * 1024;
-
-std::string_view Trim(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t\r\n");
-  if (first == std::string_view::npos)
-    return {};
-  return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
+constexpr std::size_t LongestDefinition = std::size_t{1024} * 1024;
 
 } // namespace
 
@@ -36,7 +30,7 @@ std::string TItemDefinition::WithPresentValues(std::string_view text, std::strin
     if (end == std::string_view::npos)
       return result.append(text);
     result.append(text.substr(0, start));
-    std::string_view name = Trim(text.substr(start + 2, end - start - 2));
+    std::string_view name = deployment::Trimmed(text.substr(start + 2, end - start - 2));
     const std::size_t dot = name.find('.');
     const bool isOwn =
         dot == std::string_view::npos || deployment::SameText(name.substr(0, dot), type);
@@ -47,7 +41,7 @@ std::string TItemDefinition::WithPresentValues(std::string_view text, std::strin
       if (!unknown)
         unknown = present->Unknown;
     }
-    if (result.size() > LongestValue)
+    if (result.size() > LongestDefinition)
       throw deployment::TInputError(
           "the value of \"" + std::string(node.NodeName()) + "\" grows too long", node.Place());
     text.remove_prefix(end + 1);
@@ -65,7 +59,7 @@ void TItemDefinition::Add(deployment::IXMLNode& element, const TPropertyTable& p
     TExpanded value = properties.Expand(text, *child);
     if (!unknown)
       unknown = std::move(value.Unknown);
-    if (Trim(value.Text).empty())
+    if (deployment::Trimmed(value.Text).empty())
       value.Text.clear();
     TDefinedValue said{std::string(child->NodeName()), std::move(value.Text), std::move(unknown),
                        child};

@@ -18,6 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using deployment::IXMLNode;
 
+constexpr std::uintmax_t LargestImport = std::uintmax_t{16} * 1024 * 1024;
 constexpr unsigned DeepestImport = 64;
 constexpr std::size_t MostImports = 10'000;
 
@@ -111,6 +112,13 @@ void TMSBuildEvaluation::ImportNamed(const std::string& name, const IXMLNode& im
                                   import.Place());
   if (asksExists && !found)
     return;
+  // What this program generates is as long as the list.
+  if (const auto size = found ? fs::file_size(file, error) : 0;
+      !error && size > LargestImport && file != FGeneratedFile)
+    throw deployment::TInputError("the import \"" + ShortText(file.string()) + "\" has " +
+                                      std::to_string(size) + " bytes; at most " +
+                                      std::to_string(LargestImport) + " are read",
+                                  import.Place());
   ImportFile(file, import);
 }
 

@@ -14,7 +14,8 @@ public:
       : FEvaluation(evaluation), FOuter(evaluation.FFile) {
     Enter(&file);
   }
-  ~TFileScope() {
+  // What names the outer file anew takes memory; where there is none the evaluation fails.
+  ~TFileScope() noexcept(false) {
     if (FOuter)
       Enter(FOuter);
   }

@@ -3,6 +3,7 @@
 #include "workbench/msbuild/condition_tokens.h"
 #include "workbench/msbuild/msbuild_escapes.h"
 #include "workbench/msbuild/property_expression.h"
+#include "workbench/msbuild/property_names.h"
 #include "workbench/xml/short_text.h"
 
 #include <algorithm>
@@ -14,23 +15,11 @@ namespace {
 constexpr std::size_t LongestValue = std::size_t{1024} * 1024;
 constexpr std::size_t MostExpandedBytes = std::size_t{256} * 1024 * 1024;
 
-bool IsLetter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
-}
-
-bool IsNameCharacter(char c) {
-  return IsLetter(c) || (c >= '0' && c <= '9') || c == '-';
-}
-
 std::string WithoutRoot(const std::filesystem::path& directory) {
   return directory.relative_path().string();
 }
 
 } // namespace
-
-bool IsPropertyName(std::string_view name) {
-  return !name.empty() && IsLetter(name[0]) && std::ranges::all_of(name, IsNameCharacter);
-}
 
 void TPropertyTable::Store(std::string_view name, TProperty property) {
   FProperties.insert_or_assign(std::string(name), std::move(property));

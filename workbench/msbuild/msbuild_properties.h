@@ -14,10 +14,6 @@
 
 namespace workbench {
 
-/// True for a letter or "_" followed by letters, digits, "_" and "-". A "." would start a property
-/// function: "$(Name.Length)".
-bool IsPropertyName(std::string_view name);
-
 /// Properties by name, ignoring case. A value is kept with its escapes and loses them when it is
 /// used, so that "%3B" in a property never splits a list.
 class TPropertyTable {

@@ -3,6 +3,7 @@
 #include "package/common/case_fold.h"
 #include "workbench/msbuild/condition_tokens.h"
 #include "workbench/msbuild/msbuild_escapes.h"
+#include "workbench/msbuild/property_names.h"
 #include "workbench/xml/short_text.h"
 
 #include <algorithm>
@@ -12,14 +13,6 @@ namespace workbench {
 namespace {
 
 constexpr unsigned DeepestReference = 32;
-
-bool IsNameStart(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
-}
-
-bool IsNameCharacter(char c) {
-  return IsNameStart(c) || (c >= '0' && c <= '9') || c == '-';
-}
 
 // The text is no reference that a build understands.
 class TSyntaxError : public std::exception {};

@@ -102,7 +102,7 @@ TValue EnvironmentVariable(const TCall& call) {
   return std::string();
 }
 
-constexpr std::array Table = std::to_array<TPropertyFunction>({
+constexpr std::array NumberFunctionsTable = std::to_array<TPropertyFunction>({
     {"MSBuild", "Add", 2, 2,
      [](const TCall& call) -> TValue { return NumberValue(call.Number(0) + call.Number(1)); }},
     {"MSBuild", "Subtract", 2, 2,
@@ -175,7 +175,7 @@ constexpr std::array Table = std::to_array<TPropertyFunction>({
 } // namespace
 
 std::span<const TPropertyFunction> NumberFunctions() {
-  return Table;
+  return NumberFunctionsTable;
 }
 
 } // namespace workbench

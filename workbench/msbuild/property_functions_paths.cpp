@@ -110,7 +110,7 @@ TValue PathRoot(const TCall& call) {
   return deployment::IsPathDelimiter(path.front()) ? path.substr(0, 1) : path.substr(0, 3);
 }
 
-constexpr std::array Table =
+constexpr std::array PathFunctionsTable =
     std::to_array<TPropertyFunction>({
         {"System.IO.Path", "Combine", 1, MostFunctionArguments,
          [](const TCall& call) -> TValue { return Combined(call); }},
@@ -179,7 +179,7 @@ constexpr std::array Table =
 } // namespace
 
 std::span<const TPropertyFunction> PathFunctions() {
-  return Table;
+  return PathFunctionsTable;
 }
 
 } // namespace workbench

@@ -125,7 +125,7 @@ TValue EqualsText(const TCall& call) {
   return Folded(Self(call), ignoreCase) == Folded(call.Text(0), ignoreCase);
 }
 
-constexpr std::string_view Blanks = " \t\r\n\v\f";
+constexpr std::string_view TrimmedByDefault = " \t\r\n\v\f";
 
 std::string TrimmedStart(std::string text, const std::string& characters) {
   return text.erase(0, std::min(text.find_first_not_of(characters), text.size()));
@@ -140,7 +140,7 @@ std::string Characters(const TCall& call) {
   std::string characters;
   for (std::size_t i = 0; i < call.Arguments.size(); ++i)
     characters += call.Text(i);
-  return characters.empty() ? std::string(Blanks) : characters;
+  return characters.empty() ? std::string(TrimmedByDefault) : characters;
 }
 
 TValue Split(const TCall& call) {
@@ -234,7 +234,7 @@ TValue ListItem(const TCall& call) {
   return list[static_cast<std::size_t>(index)];
 }
 
-constexpr std::array Table = std::to_array<TPropertyFunction>({
+constexpr std::array TextFunctionsTable = std::to_array<TPropertyFunction>({
     {"text", "Replace", 2, 2,
      [](const TCall& call) -> TValue {
        return ReplaceAll(Self(call), call.Text(0), call.Text(1));
@@ -290,7 +290,7 @@ constexpr std::array Table = std::to_array<TPropertyFunction>({
      [](const TCall& call) -> TValue { return call.Text(0).empty(); }},
     {"System.String", "IsNullOrWhiteSpace", 1, 1,
      [](const TCall& call) -> TValue {
-       return call.Text(0).find_first_not_of(Blanks) == std::string::npos;
+       return call.Text(0).find_first_not_of(TrimmedByDefault) == std::string::npos;
      }},
     {"System.String", "Concat", 1, MostFunctionArguments, Concat},
     {"System.String", "Join", 2, MostFunctionArguments, Join},
@@ -317,7 +317,7 @@ constexpr std::array Table = std::to_array<TPropertyFunction>({
 } // namespace
 
 std::span<const TPropertyFunction> TextFunctions() {
-  return Table;
+  return TextFunctionsTable;
 }
 
 } // namespace workbench

@@ -2,6 +2,7 @@
 
 #include "package/common/path_text.h"
 #include "package/host/api/xmlutils.h"
+#include "workbench/text/quoted_text.h"
 
 #include <string>
 #include <unordered_set>
@@ -16,10 +17,6 @@ constexpr int TableVersion = 1;
 [[noreturn]] void Fail(const IXMLNode& node, const std::string& text) {
   throw deployment::TInputError("element \"" + std::string(node.NodeName()) + "\": " + text,
                                 node.Place());
-}
-
-std::string Quoted(std::string_view text) {
-  return "\"" + std::string(text) + "\"";
 }
 
 // A name that an entry of a table is found by.

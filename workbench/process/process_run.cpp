@@ -10,7 +10,7 @@ namespace {
 constexpr int PollPatience = 50; // milliseconds
 constexpr std::size_t BlockSize = std::size_t(64) * 1024;
 constexpr std::size_t LongestLine = std::size_t(64) * 1024; // longer ones come in pieces
-constexpr std::chrono::milliseconds EndPatience(50);
+constexpr std::chrono::milliseconds AnswerInterval(50);
 
 // What is on its way to the program.
 class TInput {
@@ -84,7 +84,7 @@ TProcessEnd RunProcess(const TProcessStart& start, const TFeed& feed,
     if (files[0].revents != 0)
       isOpen = ReadSome(process, hearOutput);
   }
-  while (!end.Interrupted && !process.Wait(EndPatience)) {
+  while (!end.Interrupted && !process.Wait(AnswerInterval)) {
     end.Interrupted = isCancelled();
     process.ReadErrors();
   }

@@ -17,8 +17,11 @@ bool HasControls(std::string_view text) {
 std::optional<std::string> QuotedForCmd(std::string_view text) {
   if (HasControls(text) || text.find_first_of("\"%") != std::string_view::npos)
     return std::nullopt;
-  // What reads its arguments in the usual way takes "\"" for a quote.
-  return "\"" + std::string(text) + (text.ends_with('\\') ? "\\\"" : "\"");
+  // What reads its arguments in the usual way takes "\"" for a quote, and "\\" in front of one for
+  // "\".
+  const std::size_t last = text.find_last_not_of('\\');
+  const std::size_t trailing = text.size() - (last == std::string_view::npos ? 0 : last + 1);
+  return "\"" + std::string(text) + std::string(trailing, '\\') + "\"";
 }
 
 // A quote is doubled; typographic ones end a text as the plain one does.

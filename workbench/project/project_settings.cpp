@@ -261,6 +261,11 @@ std::string TProjectSettings::NothingToDeploy(std::string_view configuration,
   return output.Unknown ? "it is not known what " + build + "makes" : std::string();
 }
 
+bool TProjectSettings::MakesNothing(std::string_view configuration,
+                                    std::string_view platform) const {
+  return !Output(configuration, platform).Nothing.empty();
+}
+
 std::string TProjectSettings::BaseName(std::string_view configuration,
                                        std::string_view platform) const {
   return Output(configuration, platform).BaseName;

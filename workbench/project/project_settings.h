@@ -74,6 +74,8 @@ public:
   std::string OutputFileName(std::string_view configuration, std::string_view platform) const;
   /// Why a build of the target makes nothing to deploy, as a sentence; empty when it does.
   std::string NothingToDeploy(std::string_view configuration, std::string_view platform) const;
+  /// True when a build of the target makes nothing to deploy, for certain.
+  bool MakesNothing(std::string_view configuration, std::string_view platform) const;
   /// Full path of the directory that it is made in, as text without a delimiter at its end; empty
   /// when it is not known.
   std::string OutputDirectory(std::string_view configuration, std::string_view platform) const;

@@ -47,7 +47,7 @@ public:
   TProjectFileStorage& GetProjectFileStorage() override { return FStorage; }
   deployment::IXMLDocuments& GetXMLDocuments() override { return FXmlDocuments; }
   TProjectFileUtils& GetProjectFileUtils() override { return FProjectFileUtils; }
-  deployment::IPlatformManager& GetPlatformManager() override { return FPlatforms; }
+  TPlatformManager& GetPlatformManager() override { return FPlatforms; }
   deployment::IMacroUtils& GetMacroUtils() override { return FMacroUtils; }
   deployment::IFileUtils& GetFileUtils() override { return FFileUtils; }
   deployment::IAppStrings& GetAppStrings() override { return FAppStrings; }

@@ -19,10 +19,33 @@ public:
   const deployment::IPlatform* FindPlatform(std::string_view name) const override {
     return FTable.FindPlatform(name);
   }
-  /// Every personality can build for every platform of the table.
+  /// Every personality can build for every platform of the table, and for what one of its projects
+  /// is set up for, as long as that is the one at hand.
   std::vector<std::string> AvailablePlatforms(std::string_view /*personality*/) const override {
-    return FTable.Names();
+    std::vector<std::string> names = FTable.Names();
+    names.insert(names.end(), FFurther.begin(), FFurther.end());
+    return names;
   }
+
+  /// Work for a project that may be built for platforms beyond the table, while it stands.
+  class TProjectWork {
+  public:
+    /// The manager must outlive the object; names of the table count once.
+    TProjectWork(TPlatformManager& manager, const std::vector<std::string>& platforms)
+        : FManager(manager) {
+      for (const std::string& name : platforms) {
+        if (!FManager.FindPlatform(name))
+          FManager.FFurther.push_back(name);
+      }
+    }
+    ~TProjectWork() { FManager.FFurther.clear(); }
+    TProjectWork(const TProjectWork&) = delete;
+    TProjectWork& operator=(const TProjectWork&) = delete;
+
+  private:
+    TPlatformManager& FManager;
+  };
+
   THostEvent<deployment::ICustomProject&, std::string_view>& PlatformAdded() override {
     return FPlatformAdded;
   }
@@ -32,6 +55,7 @@ public:
 
 private:
   const TPlatformTable& FTable;
+  std::vector<std::string> FFurther;
   THostEvent<deployment::ICustomProject&, std::string_view> FPlatformAdded;
   THostEvent<deployment::ICustomProject&, std::string_view> FPlatformRemoved;
 };

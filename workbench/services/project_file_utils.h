@@ -2,9 +2,11 @@
 #pragma once
 
 #include "package/host/api/projectfileutils.h"
+#include "workbench/msbuild/msbuild_document.h"
 
 #include <memory>
 #include <string_view>
+#include <vector>
 
 namespace workbench {
 
@@ -15,26 +17,30 @@ public:
   void EnsureImport(deployment::ICustomProject& project, std::string_view import,
                     std::string_view condition) override;
 
-  /// True when the last document that was loaded has been saved and was different from the file
-  /// on disk.
-  bool LastDocumentWasWritten() const;
-
-  /// While it stands, documents that are loaded compare with the file on disk where they would be
-  /// saved.
-  class TPlanOnly {
+  /// Documents that are loaded while it stands are saved in its mode, and it knows what became of
+  /// them. One at a time.
+  class TSaving {
   public:
-    explicit TPlanOnly(TProjectFileUtils& utils) : FUtils(utils) { FUtils.FPlanOnly = true; }
-    ~TPlanOnly() { FUtils.FPlanOnly = false; }
-    TPlanOnly(const TPlanOnly&) = delete;
-    TPlanOnly& operator=(const TPlanOnly&) = delete;
+    TSaving(TProjectFileUtils& utils, TMSBuildDocument::TSaveMode mode)
+        : FUtils(utils), FMode(mode) {
+      FUtils.FSaving = this;
+    }
+    ~TSaving() { FUtils.FSaving = nullptr; }
+    TSaving(const TSaving&) = delete;
+    TSaving& operator=(const TSaving&) = delete;
+
+    /// True when a document has been saved that was different from the file on disk.
+    bool WasWritten() const;
 
   private:
+    friend TProjectFileUtils;
     TProjectFileUtils& FUtils;
+    const TMSBuildDocument::TSaveMode FMode;
+    std::vector<std::shared_ptr<TMSBuildDocument>> FDocuments;
   };
 
 private:
-  bool FPlanOnly = false;
-  std::shared_ptr<class TMSBuildDocument> FLastDocument;
+  TSaving* FSaving = nullptr; // the one that stands
 };
 
 } // namespace workbench

@@ -11,12 +11,13 @@ namespace workbench {
 TProjectModule::TProjectModule(std::filesystem::path file,
                                std::unique_ptr<TProjectDocument> document,
                                const TPlatformTable& platforms, const TSettings& userSettings,
-                               TNamedTexts properties)
+                               TNamedTexts properties, std::shared_ptr<const TSolution> solution)
     : FFile(std::move(file)), FPlatforms(platforms), FDocument(std::move(document)),
       FImports(std::make_unique<TImportLoader>()), FProperties(std::move(properties)),
-      FForeign(std::make_unique<TCppDialect>(*FImports, FPlatforms, FProperties)), FOptions(*this),
-      FPlatformAnswers(*this), FPlatformOptions(*this), FBuildOptions(*this), FBuildNames(*this),
-      FCompilerOptions(userSettings) {}
+      FForeign(
+          std::make_unique<TCppDialect>(*FImports, FPlatforms, FProperties, std::move(solution))),
+      FOptions(*this), FPlatformAnswers(*this), FPlatformOptions(*this), FBuildOptions(*this),
+      FBuildNames(*this), FCompilerOptions(userSettings) {}
 
 TProjectModule::~TProjectModule() {
   for (std::size_t i = 0; i < FNotifiers.size(); ++i) {

@@ -19,16 +19,18 @@ namespace workbench {
 
 class TPlatformTable;
 class TSettings;
+class TSolution;
 
 /// Destroyed before the package is unloaded, since it owns the handlers that the package attached.
 class TProjectModule final : public deployment::IOTAProject {
 public:
   /// `file` is the full path under the name that the user gave. Platforms and settings must
   /// outlive the module.
-  /// `properties` are those that a command line gives every evaluation of the project.
+  /// `properties` are those that a command line gives every evaluation of the project, `solution`
+  /// is the one that it is built with; null: the nearest that names it.
   TProjectModule(std::filesystem::path file, std::unique_ptr<TProjectDocument> document,
                  const TPlatformTable& platforms, const TSettings& userSettings,
-                 TNamedTexts properties = {});
+                 TNamedTexts properties = {}, std::shared_ptr<const TSolution> solution = nullptr);
   ~TProjectModule() override;
   TProjectModule(const TProjectModule&) = delete;
   TProjectModule& operator=(const TProjectModule&) = delete;

@@ -2,6 +2,7 @@
 
 #include "package/common/convert.h"
 #include "package/common/path_text.h"
+#include "package/host/api/default_deployment.h"
 #include "workbench/files/file_backup.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
@@ -67,16 +68,18 @@ public:
 
 TOpenProjectFile::TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
                                    const std::filesystem::path& file, TOpenPurpose purpose,
-                                   TNamedTexts properties)
-    : FServices(services), FGivenName(file), FListener(std::make_shared<TChangeListener>()) {
+                                   TNamedTexts properties,
+                                   std::shared_ptr<const TSolution> solution)
+    : FServices(services), FGivenName(file), FSolution(std::move(solution)),
+      FListener(std::make_shared<TChangeListener>()) {
   const std::filesystem::path full = FullPath(file);
   // The kind of file is looked at before it is locked, since a lock opens it.
   if (purpose == TOpenPurpose::Edit)
     FLock.emplace(file);
   TProjectFileStorage& storage = FServices.GetProjectFileStorage();
-  FModule =
-      std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
-                                       platforms, FServices.GetSettings(), std::move(properties));
+  FModule = std::make_shared<TProjectModule>(full, ReadDocument(full, file, storage.SectionName()),
+                                             platforms, FServices.GetSettings(),
+                                             std::move(properties), FSolution);
   TakeFileNumber();
   FModule->SetDefaultProfile([&services](std::string_view platform) {
     return services.GetRemoteProfileServices()->GetDefaultProfileName(platform);
@@ -118,7 +121,8 @@ void TOpenProjectFile::CollectNotes() const {
   for (; FNotesTaken < notes.size(); ++FNotesTaken) {
     const TEvaluationNote& note = notes[FNotesTaken];
     if (!isTold(note))
-      FWarnings.push_back({note.Text, note.Place.File, note.Place.Line});
+      FWarnings.push_back({note.Text, note.Place.File, note.Place.Line,
+                           /*IsRemark=*/note.Kind == TNoteKind::FromOutside});
   }
 }
 
@@ -207,7 +211,7 @@ TSaveReport TOpenProjectFile::SaveAs(const std::filesystem::path& file, bool ove
   request.Force = overwrite;
   TSaveReport report;
   try {
-    Deployment().GetFiles(); // as in SaveProjectFile
+    deployment::EnsureDefaultDeployment(Deployment()); // as in SaveProjectFile
     pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
     const std::vector<std::string_view> unchanged{FModule->Document().Bytes()};
     request.Content = pieces ? std::span<const std::string_view>(pieces->Pieces()) : unchanged;
@@ -273,7 +277,7 @@ bool TOpenProjectFile::SaveProjectFile(bool force) {
   bool written = false;
   try {
     // Brings the default classes and the import line, which belong into this save already.
-    Deployment().GetFiles();
+    deployment::EnsureDefaultDeployment(Deployment());
     auto pieces = FServices.GetProjectFileStorage().ComposeProject(*FModule);
     written = pieces && Write(std::move(pieces), force);
   } catch (const deployment::TInputError& error) {
@@ -292,21 +296,26 @@ void TOpenProjectFile::MarkSaved() {
 
 TSaveReport TOpenProjectFile::Export() {
   RequireShippedFiles();
-  return WriteSideFile();
+  return WriteSideFile(TMSBuildDocument::TSaveMode::Write);
 }
 
 TSaveReport TOpenProjectFile::PlanExport() {
   RequireShippedFiles();
-  const TProjectFileUtils::TPlanOnly plan(FServices.GetProjectFileUtils());
-  return WriteSideFile();
+  return WriteSideFile(TMSBuildDocument::TSaveMode::Compare);
 }
 
-TSaveReport TOpenProjectFile::WriteSideFile() {
+TSaveReport TOpenProjectFile::WriteSideFile(TMSBuildDocument::TSaveMode mode) {
   TSaveReport report;
+  std::vector<std::string> platforms;
+  platforms.reserve(FModule->Settings().Platforms().size());
+  for (const TProjectPlatform& platform : FModule->Settings().Platforms())
+    platforms.push_back(platform.Name);
+  const TPlatformManager::TProjectWork work(FServices.GetPlatformManager(), platforms);
+  const TProjectFileUtils::TSaving saving(FServices.GetProjectFileUtils(), mode);
   Deployment().SaveToDeployProj();
   report.SideFile = FGivenName;
   report.SideFile.replace_extension(".deployproj");
-  report.SideFileWritten = FServices.GetProjectFileUtils().LastDocumentWasWritten();
+  report.SideFileWritten = saving.WasWritten();
   return report;
 }
 

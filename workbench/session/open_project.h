@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/files/file_lock.h"
+#include "workbench/msbuild/msbuild_document.h"
 #include "workbench/services/ide_services.h"
 #include "workbench/services/project_module.h"
 #include "workbench/session/session.h"
@@ -18,10 +19,12 @@ class TOpenProjectFile final : public TOpenProject {
 public:
   /// Reads the project and its deployment. Throws as TSession::Open does.
   TOpenProjectFile(TIDEServices& services, const TPlatformTable& platforms,
-                   const std::filesystem::path& file, TOpenPurpose purpose, TNamedTexts properties);
+                   const std::filesystem::path& file, TOpenPurpose purpose, TNamedTexts properties,
+                   std::shared_ptr<const TSolution> solution);
   ~TOpenProjectFile() override;
 
   const std::filesystem::path& GivenFileName() const override { return FGivenName; }
+  const std::shared_ptr<const TSolution>& Solution() const override { return FSolution; }
   deployment::IOTAProject& Project() override { return *FModule; }
   std::shared_ptr<deployment::IOTAProject> SharedProject() override { return FModule; }
   deployment::IProjectDeployment& Deployment() override;
@@ -66,7 +69,7 @@ private:
 
   static std::optional<TFileNumber> FileNumberOf(const std::filesystem::path& file);
 
-  TSaveReport WriteSideFile();
+  TSaveReport WriteSideFile(TMSBuildDocument::TSaveMode mode);
   bool Write(std::unique_ptr<TTextPieces> pieces, bool force);
   void MarkSaved();
   void TakeFileNumber();
@@ -74,6 +77,7 @@ private:
 
   TIDEServices& FServices;
   std::filesystem::path FGivenName;
+  const std::shared_ptr<const TSolution> FSolution;
   std::optional<TFileLock> FLock;
   std::shared_ptr<TProjectModule> FModule; ///< views share it until they are closed
   std::shared_ptr<TChangeListener> FListener;

@@ -1,5 +1,6 @@
 #include "workbench/session/session.h"
 
+#include "package/host/api/default_deployment.h"
 #include "package/host/api/deploymentapi.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/file_saver.h"
@@ -124,9 +125,10 @@ TSession::~TSession() {
   FImpl->Package.Package().Stop();
 }
 
-TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose purpose) {
-  FImpl->Projects.push_back(std::make_unique<TOpenProjectFile>(FImpl->Services, FImpl->Platforms,
-                                                               file, purpose, FImpl->Properties));
+TOpenProject& TSession::Open(const std::filesystem::path& file, TOpenPurpose purpose,
+                             std::shared_ptr<const TSolution> solution) {
+  FImpl->Projects.push_back(std::make_unique<TOpenProjectFile>(
+      FImpl->Services, FImpl->Platforms, file, purpose, FImpl->Properties, std::move(solution)));
   return *FImpl->Projects.back();
 }
 
@@ -258,7 +260,7 @@ std::vector<std::shared_ptr<deployment::IProjectDeploymentClass>> TSession::Ship
                                            services.GetProjectFileStorage().SectionName()),
         FImpl->Platforms, services.GetSettings());
     services.GetModuleHandlerGauntlet().AttachHandlers(*scratch);
-    scratch->GetProjectDeployment()->GetFiles();
+    deployment::EnsureDefaultDeployment(*scratch->GetProjectDeployment());
     FImpl->Scratch = std::move(scratch);
   }
   return FImpl->Scratch->GetProjectDeployment()->GetClasses();

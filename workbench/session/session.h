@@ -24,6 +24,7 @@ struct TLabelledItem;
 class TProjectSettings;
 class TRemoteProfileServices;
 class TSettings;
+class TSolution;
 
 /// What a session is made with.
 struct TSessionOptions {
@@ -51,6 +52,8 @@ public:
 
   /// The file under the name that the user gave.
   virtual const std::filesystem::path& GivenFileName() const = 0;
+  /// The solution that it was opened with; null when it was opened by itself.
+  virtual const std::shared_ptr<const TSolution>& Solution() const = 0;
   virtual deployment::IOTAProject& Project() = 0;
   /// The same for who holds it while the project is open, such as a view.
   virtual std::shared_ptr<deployment::IOTAProject> SharedProject() = 0;
@@ -115,8 +118,11 @@ public:
   TSession& operator=(const TSession&) = delete;
 
   /// Opens a project file and reads its deployment. Throws TInputError when it cannot be read, and
-  /// TSaveError when another run holds it for longer than ten seconds; nothing is open then.
-  TOpenProject& Open(const std::filesystem::path& file, TOpenPurpose purpose);
+  /// TSaveError when another run holds it for longer than ten seconds; nothing is open then. With a
+  /// solution the project answers as its builds in that solution do; null: in the nearest that
+  /// names it.
+  TOpenProject& Open(const std::filesystem::path& file, TOpenPurpose purpose,
+                     std::shared_ptr<const TSolution> solution = nullptr);
   /// Writes a new project file from its text and runs the first-content step of every section
   /// owner on it. Throws TSaveError when the file exists already or cannot be written.
   void Create(const std::filesystem::path& file, std::string_view projectText);

@@ -10,6 +10,9 @@ struct TWarning {
   std::string Text;
   std::string File;
   unsigned Line = 0; ///< 0 when it is about no line
+  /// It changes nothing for most: it stands in documents and where somebody asks for reasons, and
+  /// interrupts nobody else.
+  bool IsRemark = false;
 };
 
 } // namespace workbench

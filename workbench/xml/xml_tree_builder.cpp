@@ -153,7 +153,8 @@ void TXmlTreeBuilder::End(std::uint32_t end) {
 
 void TXmlTreeBuilder::EndElement(const TFrame& frame, std::string_view text, std::uint32_t end) {
   TXmlElement& element = *frame.Element;
-  element.FText = frame.Arena->Keep(text);
+  // The text is kept with the element: what stands inside the section can be forgotten, it cannot.
+  element.FText = (FFrames.empty() ? FTree.FArena : *FFrames.back().Arena).Keep(text);
   element.FEnd = end;
   if (!FSection || element.FParent != FSection->Element || !element.FParent)
     return;

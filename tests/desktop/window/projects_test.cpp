@@ -1,4 +1,5 @@
 #include "tests/desktop/window/window_fixture.h"
+#include "workbench/desktop/window/project_names.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -51,6 +52,32 @@ TEST_F(TWindowProjects, OneWhosePathDiffersByCaseBringsTheFirstForwardAndClosesN
   AnswerNext("Discard");
   Choose("Close");
   EXPECT_EQ(Window().Tabs().count(), 1);
+}
+
+TEST_F(TWindowProjects, OfASolutionOpenOnTabsWhereTheyHaveSomethingToDeploy) {
+  const auto other = OtherProject();
+  const auto line = [](const std::string& path) {
+    return "Project(\"{1}\") = \"p\", \"" + path + "\", \"{" + path + "}\"\nEndProject\n";
+  };
+  Write(FRoot / "lib.vcxproj",
+        R"(<Project xmlns="http://schemas.microsoft.com/developer/msbuild/2003"><ItemGroup>
+<ProjectConfiguration Include="Debug|Win32"/></ItemGroup><PropertyGroup>
+<ConfigurationType>StaticLibrary</ConfigurationType></PropertyGroup></Project>)");
+  Write(FRoot / "all.sln", "Solution File, Format Version 12.00\n" + line("tide\\TideLogger.vproj") +
+                               line("lib.vcxproj") + line("other\\TideLogger.vproj") +
+                               line("gone.vcxproj"));
+  std::string said;
+  AnswerNext("OK", &said);
+  EXPECT_TRUE(Window().Open(FRoot / "all.sln"));
+  EXPECT_EQ(Window().Tabs().count(), 2);
+  EXPECT_EQ(Window().Tabs().currentIndex(), 0);
+  EXPECT_EQ(Project().GivenFileName(), FProject);
+  EXPECT_NE(said.find("all.sln:8"), std::string::npos) << said;
+  ASSERT_NE(Project().Solution(), nullptr);
+  EXPECT_TRUE(Window().Projects().Reload(0));
+  EXPECT_NE(Project().Solution(), nullptr);
+  EXPECT_NE(OpenFileFilter().indexOf("*.sln"), -1);
+  EXPECT_EQ(ProjectFileFilter().indexOf("*.sln"), -1);
 }
 
 TEST_F(TWindowProjects, OneThatCannotBeReadIsNamedWithItsLineAndLeavesTheOthersOpen) {

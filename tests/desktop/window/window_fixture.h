@@ -10,6 +10,7 @@
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/settings/settings_store.h"
 
+#include <QCoreApplication>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <memory>
@@ -66,7 +67,12 @@ protected:
     FWindow.reset();
     FSession.reset();
   }
-  static void Settle() { QTest::qWait(20); }
+  /// Also on a busy machine, where 20 ms are one round of events that bring others.
+  static void Settle() {
+    QTest::qWait(20);
+    for (int round = 0; round < 10; ++round)
+      QCoreApplication::processEvents();
+  }
 
   TVirtualTree& Tree() { return *Window().CurrentControls()->Tree(); }
   TTreeView& View() { return Tree().View(); }

@@ -9,7 +9,7 @@
 namespace deployment {
 namespace {
 
-constexpr const char* TemplateName = R"(C:\ide\ObjRepos\Deploy\defaults.xml)";
+constexpr const char* DefaultsName = R"(C:\ide\ObjRepos\Deploy\defaults.xml)";
 
 // Shows every variable in the id and the description of a class.
 constexpr std::string_view Template =
@@ -17,7 +17,7 @@ constexpr std::string_view Template =
     R"x(Description="$(APPTYPE)|$(PERSONALITY)|$(FRAMEWORK)"/></Deployment>)x";
 
 struct TDefaults : TStoredDeployment {
-  explicit TDefaults(std::string_view text = Template) { Host.Files[TemplateName] = text; }
+  explicit TDefaults(std::string_view text = Template) { Host.Files[DefaultsName] = text; }
 
   void Read() { Storage.ReadDefaultDeployment(Project, Deployment()); }
   std::string Description() {
@@ -112,7 +112,7 @@ TEST(DefaultDeployment, MayBringFilesAndRoots) {
 
 TEST(DefaultDeployment, PrefersTheTemplateInTheUsersLanguage) {
   TDefaults defaults;
-  defaults.Host.AppStrings.LocaleFiles[TemplateName] = "C:\\ide\\defaults.de.xml";
+  defaults.Host.AppStrings.LocaleFiles[DefaultsName] = "C:\\ide\\defaults.de.xml";
   defaults.Host.Files["C:\\ide\\defaults.de.xml"] =
       R"(<Deployment Version="2"><DeployClass Name="App" Description="Dateien"/></Deployment>)";
   defaults.Read();
@@ -123,7 +123,7 @@ TEST(DefaultDeployment, PrefersTheTemplateInTheUsersLanguage) {
 
 TEST(DefaultDeployment, AddsNothingWhenTheTemplateOfTheLanguageIsMissing) {
   TDefaults defaults;
-  defaults.Host.AppStrings.LocaleFiles[TemplateName] = "C:\\ide\\defaults.de.xml";
+  defaults.Host.AppStrings.LocaleFiles[DefaultsName] = "C:\\ide\\defaults.de.xml";
   defaults.Read();
   EXPECT_TRUE(defaults.Deployment().IsEmpty());
 }
@@ -138,13 +138,13 @@ TEST(DefaultDeployment, IsFoundUnderARootThatEndsInADelimiter) {
 TEST(DefaultDeployment, RefusesATemplateThatIsNotWellFormed) {
   TDefaults defaults("<Deployment Version=\"2\">\n<DeployClass Name=\"App\"></Deployment>");
   EXPECT_EQ(ErrorOf([&] { defaults.Read(); }),
-            std::string(TemplateName) + ":2: the text is not well-formed XML");
+            std::string(DefaultsName) + ":2: the text is not well-formed XML");
 }
 
 TEST(DefaultDeployment, PassesOnWhatTheSectionReaderRefuses) {
   TDefaults defaults("<Deployment Version=\"2\">\n<ProjectRoot Name=\"a\"/></Deployment>");
   EXPECT_EQ(ErrorOf([&] { defaults.Read(); }),
-            std::string(TemplateName) +
+            std::string(DefaultsName) +
                 ":2: element \"ProjectRoot\" lacks the required attribute \"Platform\"");
 }
 

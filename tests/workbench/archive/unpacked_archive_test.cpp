@@ -10,7 +10,7 @@ namespace workbench {
 namespace {
 
 using testing::TArchiveMaker;
-using TKind = TArchiveMember::TKind;
+using TMemberKind = TArchiveMember::TKind;
 
 class UnpackedArchive : public ::testing::Test {
 protected:
@@ -46,14 +46,14 @@ TEST_F(UnpackedArchive, GivesWhatATarHasWithRightsAndTime) {
   const auto members = Unpack();
   ASSERT_EQ(members.size(), 4U);
   EXPECT_EQ(members[0].Name, "a");
-  EXPECT_EQ(members[0].Kind, TKind::Directory);
+  EXPECT_EQ(members[0].Kind, TMemberKind::Directory);
   EXPECT_EQ(members[1].Name, "a/b");
   EXPECT_EQ(testing::ReadText(members[1].LocalFile), "four");
   struct stat status = {};
   ASSERT_EQ(::stat(members[1].LocalFile.c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0750U);
   EXPECT_EQ(status.st_mtim.tv_sec, TArchiveMaker::Time);
-  EXPECT_EQ(members[2].Kind, TKind::Link);
+  EXPECT_EQ(members[2].Kind, TMemberKind::Link);
   EXPECT_EQ(members[2].LinkText, "b");
   EXPECT_EQ(members[3].LocalFile, members[1].LocalFile);
 }

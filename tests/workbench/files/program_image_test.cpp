@@ -9,7 +9,7 @@
 namespace workbench {
 namespace {
 
-class ProgramImage : public testing::Test {
+class ProgramImage : public ::testing::Test {
 protected:
   ~ProgramImage() override { std::filesystem::remove(FFile); }
 
@@ -33,7 +33,7 @@ protected:
   const std::filesystem::path FFile =
       std::filesystem::temp_directory_path() /
       ("program-image-" +
-       std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+       std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
 };
 
 TEST_F(ProgramImage, KnowsWindowsPrograms) {

@@ -70,6 +70,14 @@ TEST_F(BoundedOpening, SaysThatAnImportIsNoFile) {
             "3: the import \"" + PathOf("pipe.props") + "\" is no file");
 }
 
+TEST_F(BoundedOpening, RefusesAnImportThatIsTooLongBeforeItIsRead) {
+  std::ofstream(PathOf("big.props")) << "<Project/>";
+  std::filesystem::resize_file(PathOf("big.props"), std::uintmax_t{256} * 1024 * 1024);
+  EXPECT_EQ(ErrorOf("\n<Import Project=\"big.props\"/>"),
+            "2: the import \"" + PathOf("big.props") +
+                "\" has 268435456 bytes; at most 16777216 are read");
+}
+
 TEST_F(BoundedOpening, ImportsNothingInCircles) {
   std::ofstream(PathOf("a.props")) << "<Project><Import Project=\"b.props\"/></Project>";
   std::ofstream(PathOf("b.props")) << "<Project><Import Project=\"A.PROPS\"/>"

@@ -54,6 +54,7 @@ TEST(Shell, OfCmdIsQuotedByItsRules) {
            {"a^b|c<d>e(f)g", "\"a^b|c<d>e(f)g\""},
            {"it's", "\"it's\""},
            {"dir\\", "\"dir\\\\\""},
+           {"dir\\\\", "\"dir\\\\\\\\\""},
            {"100%", nullptr},
            {"%PATH%", nullptr},
            {"a\"b", nullptr},

@@ -79,6 +79,14 @@ TEST(XmlSection, KnowsTheLinesInsideItsChildren) {
   EXPECT_EQ(second.FirstChild()->Place().Line, 7U);
 }
 
+TEST(XmlSection, KeepsItsOwnTextWhenItIsForgotten) {
+  const auto reader = Read("<P><ProjectExtensions><Deployment><E/>a text</Deployment>"
+                           "</ProjectExtensions></P>",
+                           Path);
+  reader->ForgetSection();
+  EXPECT_EQ(reader->Section()->Text(), "a text");
+}
+
 TEST(XmlSection, IsReadAgainAfterItWasForgotten) {
   const auto reader = Read(Text, Path);
   const std::string before = Describe(reader->Root());

@@ -1,5 +1,6 @@
 // deploymgr add: puts files on the list.
 #include "package/common/delimited_list.h"
+#include "package/host/api/default_deployment.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/name_hint.h"
@@ -49,6 +50,7 @@ public:
     entry.RemoteDir = FRemoteDir;
     entry.RemoteName = FRemoteName;
     entry.Enabled = !FDisabled;
+    FFiles.Chains = FRemoteName.empty();
     const std::vector<TAddedFile> files = CollectFiles(context, FFiles, project);
     WarnOfUnknownClass(context, project);
     SaveAndReport(context, project, FChange, Add(context, project, files, std::move(entry)));
@@ -103,7 +105,7 @@ private:
 
   void WarnOfUnknownClass(TCommandContext& context, TOpenProject& project) const {
     // A list without the class of users' files is common and harmless.
-    project.Deployment().GetFiles(); // a project without a list gets the default classes
+    deployment::EnsureDefaultDeployment(project.Deployment());
     if (FClass == deployment::class_names::File || project.Deployment().FindClass(FClass))
       return;
     std::vector<std::string> names;

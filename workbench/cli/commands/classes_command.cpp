@@ -1,4 +1,5 @@
 // deploymgr classes: the classes of a project, or those that ship with the workbench.
+#include "package/host/api/default_deployment.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
@@ -24,7 +25,7 @@ public:
     TOpenProject* project = nullptr;
     if (!FProject.empty()) {
       project = &OpenProject(context, FProject, TOpenPurpose::Look);
-      project->Deployment().GetFiles(); // a project without a list gets the default classes
+      deployment::EnsureDefaultDeployment(project->Deployment());
     }
     WarnOfConfiguration(context, "classes have no configuration");
     CheckTargetOptions(context, project);

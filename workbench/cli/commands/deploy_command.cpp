@@ -3,6 +3,7 @@
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
+#include "workbench/cli/context/solution_run.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deploy_progress.h"
@@ -34,7 +35,7 @@ public:
   std::string Summary() const override { return "Copy what differs to the target"; }
 
   void AddOptions(IOptions& options) override {
-    AddProjectArgument(options, FProject);
+    AddProjectsArgument(options, FProject);
     options.Flag("--force", FOptions.Force, "Copy also what is the same");
     options.Flag("--checksum", FOptions.Checksum, "Compare content instead of size and time");
     options.Flag("--skip-missing", FOptions.SkipMissing,
@@ -53,7 +54,15 @@ public:
   }
 
   int Run(TCommandContext& context) override {
-    TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
+    FOptions.DryRun = FChange.DryRun || FCheck;
+    return RunForProjects(context, FProject, TOpenPurpose::Look, TWorkTargets::One,
+                          [this](TCommandContext& part, TOpenProject& project) {
+                            return DeployProject(part, project);
+                          });
+  }
+
+private:
+  int DeployProject(TCommandContext& context, TOpenProject& project) const {
     const TTarget target = ChooseTarget(context, project);
     if (target.AllPlatforms)
       throw TUsageError("deploy needs a single platform, not \"all\"");
@@ -61,13 +70,11 @@ public:
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
     view.Open(project, target);
-    FOptions.DryRun = FChange.DryRun || FCheck;
     WarnSince(context, project, told);
     const TDeployReport report = Deploy(context, project, target);
-    return Report(context, target, report);
+    return Report(context, project, target, report);
   }
 
-private:
   TDeployReport Deploy(TCommandContext& context, TOpenProject& project,
                        const TTarget& target) const {
     std::atomic<int> cancelled = 0;
@@ -105,7 +112,8 @@ private:
     return true;
   }
 
-  int Report(TCommandContext& context, const TTarget& target, const TDeployReport& report) const {
+  int Report(TCommandContext& context, const TOpenProject& project, const TTarget& target,
+             const TDeployReport& report) const {
     switch (report.End) {
     case TDeployEnd::Refused:
       throw TWorkError(ProblemText(report.Problems));
@@ -121,9 +129,9 @@ private:
       break;
     }
     for (const std::string& warning : report.Warnings)
-      context.Output.Warn({warning, FProject, 0});
+      context.Output.Warn({warning, project.GivenFileName().string(), 0});
     if (FOptions.DryRun)
-      PrintPlan(context, report);
+      PrintPlan(context, project, report);
     PrintSummary(context, target, report);
     return StatusOf(report);
   }
@@ -141,9 +149,10 @@ private:
     return FCheck && changes ? exit_status::WouldChange : exit_status::Done;
   }
 
-  void PrintPlan(TCommandContext& context, const TDeployReport& report) const {
+  void PrintPlan(TCommandContext& context, const TOpenProject& project,
+                 const TDeployReport& report) const {
     if (!FCheck)
-      WarnOfCommands(context, report.Commands);
+      WarnOfCommands(context, project, report.Commands);
     if (context.Output.IsJson() || context.Output.IsQuiet())
       return;
     for (const TDeployRow& row : report.Rows)
@@ -165,11 +174,13 @@ private:
     return text;
   }
 
-  void WarnOfCommands(TCommandContext& context, const std::vector<std::string>& commands) const {
+  void WarnOfCommands(TCommandContext& context, const TOpenProject& project,
+                      const std::vector<std::string>& commands) const {
     if (FAllowCommands)
       return;
+    const std::string file = project.GivenFileName().string();
     for (const std::string& command : commands)
-      context.Output.Warn({"this command needs consent: " + command, FProject, 0});
+      context.Output.Warn({"this command needs consent: " + command, file, 0});
   }
 
   void PrintSummary(TCommandContext& context, const TTarget& target,

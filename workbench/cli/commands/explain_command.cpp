@@ -35,6 +35,7 @@ public:
       throw TUsageError("either a file or --output is wanted");
     if (!FOutput)
       CheckOrder("explain", FProject, {FFile});
+    context.Output.ShowRemarks();
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
     FChosen = ChooseTarget(context, project);
     if (FOutput) {
@@ -162,6 +163,8 @@ private:
         values.Add(value.Name, TJson{{"value", value.Value}, {"source", value.Source}});
       document.Add("values", values);
       document.Add("remoteFile", remoteFile);
+      if (file.GetDeploymentClass() == deployment::class_names::ProjectOutput)
+        document.Add("output", OutputStepsAsJson(project, FChosen));
     }
     TJson remoteFiles = TJson::Object();
     for (const auto& [platform, remoteFile] : entry.Landings)

@@ -1,6 +1,7 @@
 // deploymgr export: writes the side file for command-line builds.
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/solution_run.h"
 #include "workbench/cli/context/target.h"
 
 namespace workbench {
@@ -11,14 +12,21 @@ public:
   std::string Name() const override { return "export"; }
   std::string Summary() const override { return "Write <project>.deployproj for builds"; }
   void AddOptions(IOptions& options) override {
-    AddProjectArgument(options, FProject);
+    AddProjectsArgument(options, FProject);
     options.Flag("--dry-run", FChange.DryRun, "Say what would be written; write nothing");
     AddCheckOption(options, FChange);
     options.Flag("--yes", FChange.Yes, "Answer every question with yes (an export asks none)");
   }
 
   int Run(TCommandContext& context) override {
-    TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
+    return RunForProjects(context, FProject, TOpenPurpose::Look, TWorkTargets::All,
+                          [this](TCommandContext& part, TOpenProject& project) {
+                            return ExportProject(part, project);
+                          });
+  }
+
+private:
+  int ExportProject(TCommandContext& context, TOpenProject& project) const {
     WarnOfTarget(context, &project, "the side file holds every target");
     const std::size_t told = project.Warnings().size();
     const TSaveReport report = FChange.IsDry() ? project.PlanExport() : project.Export();
@@ -34,7 +42,6 @@ public:
     return StatusOf(FChange, report.SideFileWritten);
   }
 
-private:
   std::string FProject;
   TChangeOptions FChange;
 };

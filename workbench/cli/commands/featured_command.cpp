@@ -2,6 +2,7 @@
 #include "package/common/case_fold.h"
 #include "package/common/delimited_list.h"
 #include "package/common/text_trim.h"
+#include "package/host/api/default_deployment.h"
 #include "package/host/api/forms.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
@@ -132,7 +133,7 @@ public:
     TOpenProject& project = OpenProject(
         context, FProject, edits && !FChange.DryRun ? TOpenPurpose::Edit : TOpenPurpose::Look);
     WarnOfTarget(context, &project, "optional files are for every configuration and platform");
-    project.Deployment().GetFiles(); // a project without a list gets the default classes
+    deployment::EnsureDefaultDeployment(project.Deployment());
     const auto form = Form(context, project);
     if (TakesNoFiles(*form))
       context.Output.Warn(

@@ -3,22 +3,18 @@
 #include "package/host/api/platforms.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/solution_run.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/cli/view/deployment_view.h"
+#include "workbench/cli/view/row_table.h"
 #include "workbench/cli/view/target_status.h"
 #include "workbench/services/remote_profile_services.h"
-#include "workbench/text/utf8.h"
-
-#include <algorithm>
-#include <array>
-#include <iterator>
 
 namespace workbench {
 namespace {
 
 using deployment::FileColumns;
-using TWidths = std::array<std::size_t, FileColumns.size()>;
 
 class TListCommand final : public ICommand {
 public:
@@ -28,7 +24,7 @@ public:
   std::string Name() const override { return FName; }
   std::string Summary() const override { return FSummary; }
   void AddOptions(IOptions& options) override {
-    AddProjectArgument(options, FProject);
+    AddProjectsArgument(options, FProject);
     options.Text("--sort", FSort, "Sort by this text of the rows; \":desc\" turns the order")
         .ValueName("KEY[:desc]");
     if (!FConnects)
@@ -37,7 +33,18 @@ public:
   }
 
   int Run(TCommandContext& context) override {
-    TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
+    TRowTable table;
+    const int status = RunForProjects(context, FProject, TOpenPurpose::Look, TWorkTargets::One,
+                                      [&](TCommandContext& part, TOpenProject& project) {
+                                        return ListProject(part, project, table);
+                                      });
+    if (!context.Output.IsJson())
+      table.Print(context.Output);
+    return status;
+  }
+
+private:
+  int ListProject(TCommandContext& context, TOpenProject& project, TRowTable& table) const {
     const TTarget target = ChooseTarget(context, project);
     const bool connect = FConnects || FConnect;
     if (connect && target.AllPlatforms)
@@ -61,14 +68,13 @@ public:
     if (context.Output.IsJson())
       PrintJson(context, project, target, connect && lost.empty(), view.Rows(), status);
     else
-      PrintText(context, view.Rows(), status);
+      AddText(context, view.Rows(), status, table);
     // What was not answered stands as unknown in the rows.
     for (const std::string& reason : lost)
       context.Output.Complain(reason);
     return lost.empty() ? exit_status::Done : exit_status::NoConnection;
   }
 
-private:
   void Sort(TDeploymentView& view) const {
     if (FSort.empty())
       return;
@@ -93,9 +99,9 @@ private:
          .Options = {.DryRun = true, .SkipMissing = true}},
         nobody));
     for (const std::string& warning : status.Report().Warnings)
-      context.Output.Warn({warning, FProject, 0});
+      context.Output.Warn({warning, project.GivenFileName().string(), 0});
     for (const std::string& problem : status.Report().Problems)
-      context.Output.Warn({problem, FProject, 0});
+      context.Output.Warn({problem, project.GivenFileName().string(), 0});
     return status;
   }
 
@@ -124,50 +130,13 @@ private:
     context.Output.Document(document);
   }
 
-  // The titles are for people; scripts get one line for each file and nothing else.
-  void PrintText(TCommandContext& context, const std::vector<TViewRow>& rows,
-                 const TTargetStatus& status) const {
-    TOutput& output = context.Output;
-    std::vector<std::string> titles;
-    titles.reserve(FileColumns.size());
-    for (const deployment::TFileColumn& column : FileColumns)
-      titles.emplace_back(column.Title);
-    TWidths widths{};
-    if (output.IsTerminal())
-      Widen(widths, titles);
-    std::vector<std::vector<std::string>> lines;
-    lines.reserve(rows.size());
-    for (const TViewRow& row : rows) {
-      std::vector<std::string>& cells = lines.emplace_back();
-      std::ranges::transform(row.Texts, std::back_inserter(cells),
-                             [](const std::string& text) { return Visible(text); });
-      Widen(widths, cells);
-    }
-    if (output.IsTerminal())
-      output.Line(output.Bold("    " + Padded(titles, widths)));
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      const std::string line = (rows[i].Checked ? "[x] " : "[ ] ") + Padded(lines[i], widths);
-      output.Line(rows[i].Dimmed ? output.Dim(line) : line);
-    }
-    if (FConnects && output.IsTerminal()) {
-      for (const std::string& line : status.Summary())
-        output.Line(line);
-    }
-  }
-
-  static void Widen(TWidths& widths, const std::vector<std::string>& cells) {
-    for (std::size_t i = 0; i < widths.size(); ++i)
-      widths[i] = std::max(widths[i], CodePointCount(cells[i]));
-  }
-
-  static std::string Padded(const std::vector<std::string>& cells, const TWidths& widths) {
-    std::string line;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-      line.append(cells[i]);
-      if (i + 1 < cells.size())
-        line.append(widths[i] - CodePointCount(cells[i]) + 2, ' ');
-    }
-    return line;
+  void AddText(const TCommandContext& context, const std::vector<TViewRow>& rows,
+               const TTargetStatus& status, TRowTable& table) const {
+    table.Add(context.PartName, rows);
+    if (!FConnects)
+      return;
+    for (const std::string& line : status.Summary())
+      table.AddSummary(context.PartName, line);
   }
 
   const std::string FName;

@@ -5,6 +5,7 @@
 #include "workbench/cli/context/target.h"
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/machine_path.h"
+#include "workbench/session/solution_projects.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -24,7 +25,7 @@ public:
   std::string Name() const override { return "open"; }
   std::string Summary() const override { return "Open the project in the window"; }
   void AddOptions(IOptions& options) override {
-    AddProjectArgument(options, FProject);
+    AddProjectsArgument(options, FProject);
     options.Footer("--config and --platform choose the target that the window shows.");
   }
 
@@ -44,6 +45,11 @@ private:
   // What the window would refuse is said here, where the command was given.
   void CheckProject(TCommandContext& context) {
     FProject = FindProject(FProject).string();
+    if (IsSolutionName(FProject)) {
+      context.Session.CheckInstallation();
+      const TOpenSolution solution(FProject);
+      return CheckPlatformOption(context, nullptr);
+    }
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
     project.Deployment();
     CheckTargetOptions(context, &project);

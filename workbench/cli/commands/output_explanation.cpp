@@ -30,6 +30,14 @@ void PrintOutputSteps(TOutput& output, const TOpenProject& project, const TTarge
     output.Line("    " + Visible(StepLine(step)));
 }
 
+TJson OutputStepsAsJson(const TOpenProject& project, const TTarget& target) {
+  TJson steps = TJson::Array();
+  for (const TOutputStep& step :
+       project.Settings().TraceOutput(target.Configuration, target.Platform))
+    steps.Append(StepAsJson(step));
+  return steps;
+}
+
 void ExplainOutput(TCommandContext& context, const TOpenProject& project, const TTarget& target) {
   const TProjectSettings& settings = project.Settings();
   const std::size_t told = project.Warnings().size();
@@ -37,15 +45,12 @@ void ExplainOutput(TCommandContext& context, const TOpenProject& project, const 
   const std::string nothing = settings.NothingToDeploy(target.Configuration, target.Platform);
   WarnSince(context, project, told);
   if (context.Output.IsJson()) {
-    TJson steps = TJson::Array();
-    for (const TOutputStep& step : settings.TraceOutput(target.Configuration, target.Platform))
-      steps.Append(StepAsJson(step));
     context.Output.Document({{"project", project.GivenFileName().string()},
                              {"platform", target.Platform},
                              {"configuration", target.Configuration},
                              {"output", path},
                              {"nothing", nothing},
-                             {"steps", std::move(steps)}});
+                             {"steps", OutputStepsAsJson(project, target)}});
     return;
   }
   const std::string name = target.Configuration + ", " + target.Platform;

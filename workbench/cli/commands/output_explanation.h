@@ -9,6 +9,9 @@ namespace workbench {
 /// Prints every step that leads to the output's path, or the document of --json.
 void ExplainOutput(TCommandContext& context, const TOpenProject& project, const TTarget& target);
 
+/// Every step, as [{"name","value","text","source","file","line","unknown"}].
+TJson OutputStepsAsJson(const TOpenProject& project, const TTarget& target);
+
 /// The steps as lines of text below an entry.
 void PrintOutputSteps(TOutput& output, const TOpenProject& project, const TTarget& target);
 

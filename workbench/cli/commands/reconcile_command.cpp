@@ -2,6 +2,7 @@
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/asking_forms.h"
 #include "workbench/cli/context/command.h"
+#include "workbench/cli/context/solution_run.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/entries/list_changes.h"
 #include "workbench/project/project_settings.h"
@@ -56,7 +57,7 @@ public:
     return "Bring the default entries in line with the project's settings";
   }
   void AddOptions(IOptions& options) override {
-    AddProjectArgument(options, FProject);
+    AddProjectsArgument(options, FProject);
     options.Flag("--all", FAll, "Every platform of every configuration, not one target");
     options.Flag("--internal", FInternal, "Take the list of runtime packages for empty");
     AddChangeOptions(options, FChange);
@@ -64,7 +65,15 @@ public:
   }
 
   int Run(TCommandContext& context) override {
-    TOpenProject& project = OpenProject(context, FProject, FChange.Purpose());
+    return RunForProjects(context, FProject, FChange.Purpose(),
+                          FAll ? TWorkTargets::All : TWorkTargets::One,
+                          [this](TCommandContext& part, TOpenProject& project) {
+                            return ReconcileProject(part, project);
+                          });
+  }
+
+private:
+  int ReconcileProject(TCommandContext& context, TOpenProject& project) const {
     std::vector<TReconciledTarget> targets = Targets(context, project);
     TAskingForms forms(context.Output);
     if (context.Output.CanAsk() && !FChange.Yes && !FChange.IsDry())
@@ -80,7 +89,6 @@ public:
     return noneDone ? exit_status::CannotReconcile : StatusOf(FChange, changed);
   }
 
-private:
   std::vector<TReconciledTarget> Targets(TCommandContext& context,
                                          const TOpenProject& project) const {
     if (!FAll) {

@@ -1,4 +1,5 @@
 // deploymgr upgrade: brings the section of a project to the current layout.
+#include "package/host/api/default_deployment.h"
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
@@ -23,7 +24,7 @@ public:
     const bool hadList = !project.Deployment().IsEmpty();
     if (!hadList)
       context.Session.RequireDefaults();
-    project.Deployment().GetFiles(); // a project without a list gets the default classes
+    deployment::EnsureDefaultDeployment(project.Deployment());
     const int before = project.SectionVersionRead();
     const bool upgraded = project.WasUpgraded();
     if (upgraded)

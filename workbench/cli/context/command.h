@@ -83,6 +83,8 @@ struct TCommandContext {
   TSession& Session;
   TOutput& Output;
   const TTerminalInteraction& Interaction;
+  /// Of the project in the solution that the run takes part by part, as it is shown; else empty.
+  std::string PartName = {};
 };
 
 /// One command. Made anew for each run; its options land in its fields.
@@ -109,6 +111,9 @@ int StatusOf(const TChangeOptions& change, bool changed);
 
 /// Declares the project argument.
 void AddProjectArgument(IOptions& options, std::string& project, bool required = true);
+
+/// The same for commands that take solutions too.
+void AddProjectsArgument(IOptions& options, std::string& project);
 
 /// Opens the project, which a directory may stand for, and warns of what reading it brought up.
 /// Throws as FindProject, TSession::CheckInstallation and TSession::Open do.

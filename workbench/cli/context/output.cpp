@@ -1,6 +1,7 @@
 #include "workbench/cli/context/output.h"
 
 #include "package/common/case_fold.h"
+#include "workbench/text/utf8.h"
 
 #include <atomic>
 #include <cstdlib>
@@ -40,6 +41,10 @@ TOutput::TOutput(bool json, bool quiet, bool noColor)
     : FJson(json), FQuiet(quiet), FTerminal(::isatty(STDOUT_FILENO) == 1),
       FColor(!noColor && !WantsNoColor() && FTerminal) {}
 
+TOutput::TOutput(TOutput& whole, std::string name, std::size_t width)
+    : FJson(whole.FJson), FQuiet(whole.FQuiet), FTerminal(whole.FTerminal), FColor(whole.FColor),
+      FShowsRemarks(whole.FShowsRemarks), FWhole(&whole), FName(std::move(name)), FWidth(width) {}
+
 bool TOutput::CanAsk() const {
   return !FQuiet && ::isatty(STDIN_FILENO) == 1;
 }
@@ -66,11 +71,17 @@ TAnswer TOutput::Ask(const std::string& question, bool several) const {
 void TOutput::Line(std::string_view text) {
   if (FJson || FQuiet)
     return;
+  if (FWhole) {
+    const std::size_t length = CodePointCount(FName);
+    Write(FName + std::string(FWidth > length ? FWidth - length + 2 : 2, ' '));
+  }
   Write(text);
   Write("\n");
 }
 
 void TOutput::Write(std::string_view text) {
+  if (FWhole)
+    return FWhole->Write(text);
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size())
     FFailed = true;
 }
@@ -79,6 +90,10 @@ void TOutput::Document(const TJson& document) {
   TJson whole{{"schema", JsonSchema}};
   whole.AddAll(document);
   whole.Add("warnings", WarningsAsJson());
+  if (FWhole) {
+    FDocument = std::move(whole);
+    return;
+  }
   Write(JsonText(whole));
   Write("\n");
 }
@@ -93,14 +108,15 @@ TJson TOutput::WarningsAsJson() const {
 void TOutput::Warn(const TWarning& warning) {
   if (FJson)
     FWarnings.push_back(warning);
-  if (!FQuiet)
+  if (!FQuiet && (!warning.IsRemark || FShowsRemarks))
     std::cerr << ProgramName << ": " << Place(warning.File, warning.Line)
               << "warning: " << Visible(warning.Text) << '\n';
 }
 
 void TOutput::Error(const TFailure& failure) {
   const std::string place = failure.TextNamesFile ? "" : Place(failure.File, failure.Line);
-  std::cerr << ProgramName << ": " << place << Visible(failure.Text) << '\n';
+  std::cerr << ProgramName << ": " << PartName(place.empty()) << place << Visible(failure.Text)
+            << '\n';
   if (FJson)
     Document({{"error", TJson{{"code", failure.Status},
                               {"message", failure.Text},
@@ -109,11 +125,16 @@ void TOutput::Error(const TFailure& failure) {
 }
 
 void TOutput::Complain(std::string_view text) {
-  std::cerr << ProgramName << ": " << Visible(text) << '\n';
+  std::cerr << ProgramName << ": " << PartName() << Visible(text) << '\n';
+}
+
+// What names a file of its own needs no other.
+std::string TOutput::PartName(bool isWanted) const {
+  return FWhole && isWanted ? FName + ": " : std::string();
 }
 
 bool TOutput::Flush() {
-  return std::fflush(stdout) == 0 && !FFailed;
+  return FWhole || (std::fflush(stdout) == 0 && !FFailed);
 }
 
 std::string TOutput::Bold(std::string_view text) const {

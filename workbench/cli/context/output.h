@@ -5,8 +5,10 @@
 #include "workbench/session/session.h"
 #include "workbench/text/visible_text.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace workbench {
@@ -35,6 +37,9 @@ inline constexpr int JsonSchema = 1;
 class TOutput {
 public:
   TOutput(bool json, bool quiet, bool noColor);
+  /// The output of one part of a run, such as a project of several: each line of it begins with the
+  /// name, filled up to `width` letters, and its document is kept. `whole` must outlive the object.
+  TOutput(TOutput& whole, std::string name, std::size_t width);
 
   bool IsJson() const { return FJson; }
   bool IsQuiet() const { return FQuiet; }
@@ -55,8 +60,12 @@ public:
   /// A whole JSON document, to be the last thing of a run: its number of the schema comes before
   /// its members, the warnings of the run behind them.
   void Document(const TJson& document);
-  /// Said at once, and kept for the document.
+  /// The document of a part; null when it printed none.
+  TJson TakeDocument() { return std::move(FDocument); }
+  /// Said at once, and kept for the document; a remark is kept alone.
   void Warn(const TWarning& warning);
+  /// From now on remarks are said too.
+  void ShowRemarks() { FShowsRemarks = true; }
   /// The warnings so far, [{"text","file","line"}].
   TJson WarningsAsJson() const;
   void Error(const TFailure& failure);
@@ -70,11 +79,18 @@ public:
   std::string Dim(std::string_view text) const;
 
 private:
+  std::string PartName(bool isWanted = true) const;
+
   bool FJson;
   bool FQuiet;
   bool FTerminal;
   bool FColor;
   bool FFailed = false;
+  bool FShowsRemarks = false;
+  TOutput* FWhole = nullptr; // of a part
+  std::string FName;         // of a part
+  std::size_t FWidth = 0;    // of the names of all parts
+  TJson FDocument;
   std::vector<TWarning> FWarnings;
 };
 

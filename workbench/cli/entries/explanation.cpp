@@ -8,6 +8,7 @@
 #include "workbench/cli/entries/build_changes.h"
 #include "workbench/cli/entries/reason_text.h"
 #include "workbench/files/machine_path.h"
+#include "workbench/text/quoted_text.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -104,17 +105,13 @@ bool Inherits(deployment::ICustomProject& project, std::string_view heir, std::s
   return false;
 }
 
-std::string Quoted(std::string_view text) {
-  return std::string("\"").append(text).append("\"");
-}
-
 std::string KeyOf(const TSavedEntry& entry) {
   std::string name = entry.LocalName;
   std::replace(name.begin(), name.end(), '/', '\\');
   return deployment::UpperCase(name + '\n' + entry.ClassName + '\n' + entry.Configuration);
 }
 
-TSavedEntry NamesOf(const IProjectDeploymentFile& file) {
+TSavedEntry SavedNamesOf(const IProjectDeploymentFile& file) {
   return {file.GetLocalName(), file.GetDeploymentClass(), std::string(ConfigurationOf(file))};
 }
 
@@ -142,7 +139,7 @@ void TExplainer::TakeSaved() {
   for (const auto& file : FDeployment.GetFiles()) {
     if (!FEntries.IsListed(*file))
       continue;
-    FSaved.push_back(NamesOf(*file));
+    FSaved.push_back(SavedNamesOf(*file));
     FSavedKeys.insert(KeyOf(FSaved.back()));
   }
 }
@@ -172,7 +169,7 @@ void TExplainer::FindEntries(TExplanation& explanation) {
 void TExplainer::FindLeaving(TExplanation& explanation) const {
   std::unordered_set<std::string> present;
   for (const TExplainedEntry& entry : explanation.Entries)
-    present.insert(KeyOf(NamesOf(*entry.File)));
+    present.insert(KeyOf(SavedNamesOf(*entry.File)));
   for (const TSavedEntry& saved : FSaved) {
     if (IsMeant(saved.LocalName, saved.ClassName, explanation) && !present.contains(KeyOf(saved)))
       explanation.Leaving.push_back(saved);
@@ -183,7 +180,7 @@ TExplainedEntry TExplainer::ExplainEntry(const std::shared_ptr<IProjectDeploymen
                                          const TExplanation& explanation) {
   TExplainedEntry entry;
   entry.File = file;
-  entry.IsSaved = FSavedKeys.contains(KeyOf(NamesOf(*file)));
+  entry.IsSaved = FSavedKeys.contains(KeyOf(SavedNamesOf(*file)));
   entry.IsDeployed = FEntries.IsDeployed(*file);
   AddLandings(*file, entry);
   std::error_code ignored;

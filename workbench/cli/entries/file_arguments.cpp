@@ -1,6 +1,8 @@
 #include "workbench/cli/entries/file_arguments.h"
 
 #include "workbench/cli/context/name_hint.h"
+#include "workbench/files/machine_path.h"
+#include "workbench/session/link_chain.h"
 
 #include <algorithm>
 #include <system_error>
@@ -58,6 +60,8 @@ public:
 
   void AddFile(const std::string& argument) {
     TAddedFile file = Guarded([&] { return LocalNameOf(argument, FProjectFile); });
+    if (file.Exists && FArguments.Chains)
+      return TakeChain(argument);
     if (file.Exists || !IsPattern(argument))
       return Take(argument, std::move(file));
     if (argument.find("$(") != std::string::npos)
@@ -66,7 +70,7 @@ public:
     if (found.empty())
       throw TWorkError("no file matches the pattern \"" + argument + "\"");
     for (const std::string& each : found)
-      Take(each, Guarded([&] { return LocalNameOf(each, FProjectFile); }));
+      TakeChain(each);
   }
 
   void AddTree(TCommandContext& context, const std::string& argument) {
@@ -89,6 +93,18 @@ public:
   }
 
 private:
+  // Names are seen from the current directory, else from the project's.
+  void TakeChain(const std::string& argument) {
+    const fs::path given = ToMachinePath(argument);
+    std::error_code ignored;
+    const fs::path place =
+        fs::exists(given, ignored) ? fs::path() : fs::absolute(FProjectFile).parent_path();
+    for (const fs::path& each : LinkChain(place / given)) {
+      const std::string name = fs::path(given).replace_filename(each.filename()).string();
+      Take(name, Guarded([&] { return LocalNameOf(name, FProjectFile); }));
+    }
+  }
+
   void Take(const std::string& argument, TAddedFile file) {
     const bool hasMacros = file.LocalName.find("$(") != std::string::npos;
     if (!file.Exists && !FArguments.MissingOk)

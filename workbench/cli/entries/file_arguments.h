@@ -15,6 +15,7 @@ struct TFileArguments {
   std::vector<std::string> Trees; ///< directories
   bool MissingOk = false;         ///< a file may come later
   bool Outside = false;           ///< a file may stand beyond the project's directory
+  bool Chains = true;             ///< a versioned library comes with the links that lead to it
 };
 
 /// All of them, each once, in order. Throws TWorkError, before anything is changed, for a file that

@@ -1,5 +1,7 @@
 #include "workbench/cli/entries/reason_text.h"
 
+#include "workbench/text/quoted_text.h"
+
 #include <array>
 #include <string_view>
 
@@ -66,10 +68,6 @@ constexpr std::array<TWords, 15> Causes{{
 template <class TEnum>
 constexpr std::size_t IndexOf(TEnum value) {
   return static_cast<std::size_t>(value);
-}
-
-std::string Quoted(std::string_view text) {
-  return std::string("\"").append(text).append("\"");
 }
 
 std::string SourceSentence(const TReconcileReason& reason) {

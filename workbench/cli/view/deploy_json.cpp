@@ -29,14 +29,18 @@ TJson StateJson(const std::optional<TFileState>& state) {
 TJson DeployJson(const std::string& platform, const std::string& configuration,
                  const TDeployReport& report) {
   TJson files = TJson::Array();
-  for (const TDeployRow& row : report.Rows)
-    files.Append({{"localName", row.LocalName},
+  for (const TDeployRow& row : report.Rows) {
+    TJson file = {{"localName", row.LocalName},
                   {"remoteFile", row.RemoteFile},
                   {"action", DeployActionName(row.Action)},
                   {"bytes", row.Bytes},
                   {"error", row.Error},
                   {"state", StateJson(row.State)},
-                  {"reason", row.Reason}});
+                  {"reason", row.Reason}};
+    if (!row.Link.empty())
+      file.Add("link", row.Link);
+    files.Append(std::move(file));
+  }
   TJson commands = TJson::Array();
   for (const TPlannedCommand& command : report.Planned)
     commands.Append({{"where", command.IsLocal ? "here" : "target"},

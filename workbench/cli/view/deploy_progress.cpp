@@ -29,6 +29,8 @@ std::string DeployLine(const TDeployRow& row, bool dryRun) {
   const std::string action(DeployActionName(row.Action));
   std::string line = (dryRun ? "would be " : "") + action + " " + Visible(row.LocalName) + " -> " +
                      Visible(row.RemoteFile);
+  if (!row.Link.empty())
+    line += " (a link to " + Visible(row.Link) + ")";
   if (dryRun && row.Action == TDeployAction::Failed)
     line = "would fail" + line.substr(std::string("would be failed").size());
   const std::string& why = row.Error.empty() ? row.Reason : row.Error;

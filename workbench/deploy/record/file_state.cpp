@@ -16,6 +16,8 @@ struct TAnswer {
 };
 
 TAnswer Compare(const TContent& left, const TContent& right, const TComparing& comparing) {
+  if (!left.Link.empty() || !right.Link.empty())
+    return {left.Link == right.Link ? TEqual::Yes : TEqual::No};
   if (!left.IsPlainFile || !right.IsPlainFile || left.Size != right.Size)
     return {TEqual::No};
   if (!left.Hash.empty() && !right.Hash.empty())

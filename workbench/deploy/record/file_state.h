@@ -33,6 +33,7 @@ struct TContent {
   deployment::TFileTime Time = {};
   std::string Hash = {};   ///< SHA-256, hexadecimal; empty: not asked for yet
   bool IsPlainFile = true; ///< false: a link or the like stands there, which is no content of ours
+  std::string Link = {};   ///< what a symbolic link stores; empty for what is none, or not asked for
 };
 
 /// What the three sides say: nothing where there is no such file.

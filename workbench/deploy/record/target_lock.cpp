@@ -7,6 +7,7 @@
 #include "workbench/remote/target/unfinished_names.h"
 #include "workbench/text/visible_text.h"
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <limits>
@@ -101,6 +102,8 @@ std::optional<TLockHolder> TTargetLock::Take(IRemoteConnection& connection, cons
     if (auto holder = Holder(connection); holder && !breakIt)
       return holder;
     connection.Remove(Name());
+    // A holder that died may have been writing beside its lock.
+    connection.RemoveUnfinished(std::array{TSendRequest{.LocalFile = {}, .Target = Name()}});
   }
   throw std::runtime_error("the target cannot be locked: " + problem);
 }

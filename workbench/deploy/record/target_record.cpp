@@ -15,6 +15,7 @@ namespace {
 constexpr std::uint64_t Format = 1;
 constexpr std::array<std::string_view, 3> ResultNames{"done", "partly", "undone"};
 constexpr std::size_t HashLength = 64;
+constexpr std::size_t LongestLink = 4095;
 constexpr unsigned MostMode = 07777;
 constexpr std::uint64_t MostTime = 9'000'000'000; // seconds; more nanoseconds are not counted
 
@@ -29,8 +30,7 @@ void CheckPath(const std::string& path) {
   if (!place.Problem.empty())
     Reject(place.Problem);
   if (path.find('\\') != std::string::npos || IsRecordPath(path) ||
-      path != (place.Name.Directory.empty() ? place.Name.Name
-                                            : place.Name.Directory + "/" + place.Name.Name))
+      path != (place.Name.Directory.empty() ? place.Name.Name : place.Name.Path()))
     Reject("\"" + path + "\" is no path of a file");
 }
 
@@ -58,6 +58,13 @@ std::string HashOf(const TJson& object) {
   return hash;
 }
 
+std::string LinkOf(const TJson& object) {
+  std::string link = object.TextOr("link", {});
+  if (link.size() > LongestLink || link.find('\0') != std::string::npos)
+    Reject("\"" + link.substr(0, LongestLink) + "\" is no text of a link");
+  return link;
+}
+
 // A file that names no target is one of the record's.
 TRecordedFile FileOf(const TJson& value, const TTargetRecord& record) {
   return {.LocalName = value.Text("localName"),
@@ -66,6 +73,7 @@ TRecordedFile FileOf(const TJson& value, const TTargetRecord& record) {
           .Time = static_cast<std::int64_t>(value.Number<std::uint64_t>("time", 0, MostTime)),
           .Hash = HashOf(value),
           .Mode = ModeOf(value.Text("mode")),
+          .Link = LinkOf(value),
           .Run = value.Text("run"),
           .Platform = value.TextOr("platform", record.Platform),
           .Configuration = value.TextOr("configuration", record.Configuration)};
@@ -142,16 +150,20 @@ std::string RecordText(const TTargetRecord& record) {
                  {"result", RunResultName(run.Result)}});
   }
   TJson files = TJson::Object();
-  for (const auto& [path, file] : record.Files)
-    files.Add(path, {{"localName", file.LocalName},
-                     {"class", file.Class},
-                     {"size", file.Size},
-                     {"time", std::max<std::int64_t>(file.Time, 0)},
-                     {"sha256", file.Hash},
-                     {"mode", ModeText(file.Mode)},
-                     {"run", file.Run},
-                     {"platform", file.Platform},
-                     {"configuration", file.Configuration}});
+  for (const auto& [path, file] : record.Files) {
+    TJson entry = {{"localName", file.LocalName},
+                   {"class", file.Class},
+                   {"size", file.Size},
+                   {"time", std::max<std::int64_t>(file.Time, 0)},
+                   {"sha256", file.Hash},
+                   {"mode", ModeText(file.Mode)},
+                   {"run", file.Run},
+                   {"platform", file.Platform},
+                   {"configuration", file.Configuration}};
+    if (!file.Link.empty())
+      entry.Add("link", file.Link);
+    files.Add(path, std::move(entry));
+  }
   TJson document{{"format", Format},
                  {"project", record.Project},
                  {"platform", record.Platform},

@@ -20,6 +20,8 @@ struct TRecordedFile {
   std::int64_t Time = 0; ///< whole seconds since 1970
   std::string Hash = {}; ///< SHA-256, hexadecimal
   unsigned Mode = 0;     ///< rights, such as 0644
+  /// What it stores when it is a symbolic link, which size and hash are of then; else empty.
+  std::string Link = {};
   std::string Run = {};  ///< that put it there last
   /// The target of the last deploy that had it in its list.
   std::string Platform = {};

@@ -12,7 +12,7 @@
 
 namespace workbench {
 
-TTargetsComboBox::TTargetsComboBox(QWidget* parent) : FBox(new QComboBox(parent)) {
+TTargetsComboBox::TTargetsComboBox(QWidget* parent) : FBox(new QComboBox(parent)), FAlive(FBox) {
   FBox->setAccessibleName(QCoreApplication::translate("TTargetsComboBox", "Target"));
   FBox->setToolTip(
       QCoreApplication::translate("TTargetsComboBox", "Target: platform and configuration"));
@@ -23,7 +23,7 @@ TTargetsComboBox::TTargetsComboBox(QWidget* parent) : FBox(new QComboBox(parent)
 }
 
 TTargetsComboBox::~TTargetsComboBox() {
-  delete FBox.data();
+  delete FAlive.data();
 }
 
 std::vector<TTargetsComboBox::TTarget> TTargetsComboBox::Targets() const {
@@ -56,7 +56,7 @@ void TTargetsComboBox::SetProject(deployment::ICustomProject* project) {
 
 // Asked for after every change of the list of files, so the same lines are left alone.
 void TTargetsComboBox::Repopulate() {
-  if (!FBox)
+  if (!FAlive)
     return;
   std::vector<TTarget> targets = Targets();
   if (FProject && std::find(targets.begin(), targets.end(), FSelected) == targets.end())
@@ -82,7 +82,7 @@ void TTargetsComboBox::Show() {
 
 // The wheel would change the target, and reconcile, where somebody only meant to scroll.
 bool TTargetsComboBox::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == FBox && event->type() == QEvent::Wheel) {
+  if (watched == FAlive.data() && event->type() == QEvent::Wheel) {
     event->ignore();
     return true;
   }
@@ -100,7 +100,7 @@ void TTargetsComboBox::Select(const deployment::TDeploymentTarget& target) {
   FSelected = {target.Configuration,
                target.Platform == deployment::sAllPlatforms ? std::string() : target.Platform};
   Repopulate();
-  if (FBox)
+  if (FAlive)
     Show();
 }
 

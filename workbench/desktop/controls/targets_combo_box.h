@@ -55,7 +55,8 @@ private:
   void Activated(int row);
   void Change(const TTarget& target);
 
-  QPointer<QComboBox> FBox;
+  QComboBox* FBox;          // the parent's, who may take it away first
+  QPointer<QObject> FAlive; // the same box as long as it stands
   deployment::ICustomProject* FProject = nullptr;
   std::vector<TTarget> FTargets; // as listed
   TTarget FSelected;

@@ -843,6 +843,10 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <translation>Projekte (%1)</translation>
     </message>
     <message>
+        <source>Projects and solutions (%1)</source>
+        <translation>Projekte und Projektmappen (%1)</translation>
+    </message>
+    <message>
         <source>All files (*)</source>
         <translation>Alle Dateien (*)</translation>
     </message>
@@ -1158,6 +1162,22 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
 </context>
 <context>
     <name>workbench::TProjectTabs</name>
+    <message>
+        <source>Open Solution</source>
+        <translation>Projektmappe öffnen</translation>
+    </message>
+    <message>
+        <source>Not every project of %1 can be opened.
+
+%2</source>
+        <translation>Nicht jedes Projekt von %1 kann geöffnet werden.
+
+%2</translation>
+    </message>
+    <message>
+        <source>No project of %1 has something to deploy.</source>
+        <translation>Kein Projekt von %1 hat etwas auszuliefern.</translation>
+    </message>
     <message>
         <source>Open Project</source>
         <translation>Projekt öffnen</translation>

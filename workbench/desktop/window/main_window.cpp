@@ -16,6 +16,7 @@
 #include "workbench/desktop/window/window_interaction.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/desktop/window/window_status.h"
+#include "workbench/project/cpp/solution.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
 #include "workbench/settings/command_consent.h"
@@ -33,7 +34,7 @@
 namespace workbench {
 namespace {
 
-constexpr std::chrono::milliseconds PollInterval(500);
+constexpr std::chrono::milliseconds RefreshInterval(500);
 constexpr QSize FirstSize(1180, 680);
 
 constexpr std::string_view WindowImage = R"(<svg xmlns="http://www.w3.org/2000/svg"
@@ -74,7 +75,7 @@ void TMainWindow::WatchState() {
   FState.setSingleShot(true);
   FState.setInterval(0);
   connect(&FState, &QTimer::timeout, this, &TMainWindow::ShowState);
-  FPoll.setInterval(PollInterval);
+  FPoll.setInterval(RefreshInterval);
   connect(&FPoll, &QTimer::timeout, this, &TMainWindow::ShowState);
   FPoll.start();
   connect(&FWatcher, &TProjectWatcher::FilesChanged, this, &TMainWindow::CheckDisk);
@@ -160,7 +161,7 @@ TOpenProject* TMainWindow::CurrentProject() const {
 }
 
 bool TMainWindow::Open(const std::filesystem::path& file) {
-  if (!FProjects->Open(file))
+  if (!(IsSolutionName(file) ? FProjects->OpenSolution(file) : FProjects->Open(file)))
     return false;
   Guarded([&] {
     FSession.Settings().AddToHistory(RecentProjects, std::filesystem::absolute(file).string());
@@ -279,7 +280,7 @@ void TMainWindow::AddDropped(const QStringList& files) {
     const std::filesystem::path path = ToPathText(file);
     if (std::error_code ignored; std::filesystem::is_directory(path, ignored))
       return ShowError(tr("Add Files"), tr("%1 is a directory; drop its files.").arg(file), this);
-    if (IsProjectFile(path))
+    if (IsProjectFile(path) || IsSolutionName(path))
       Open(path);
     else
       added.push_back(path.string());

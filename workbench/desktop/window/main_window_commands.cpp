@@ -71,9 +71,9 @@ std::vector<TWindowCommand> TMainWindow::ToolsCommands() {
 }
 
 void TMainWindow::AskForProject() {
-  const QStringList files = QFileDialog::getOpenFileNames(
-      this, tr("Open Project"), DirectoryOf(CurrentProject()), ProjectFileFilter(), nullptr,
-      QFileDialog::HideNameFilterDetails);
+  const QStringList files =
+      QFileDialog::getOpenFileNames(this, tr("Open Project"), DirectoryOf(CurrentProject()),
+                                    OpenFileFilter(), nullptr, QFileDialog::HideNameFilterDetails);
   for (const QString& file : files)
     Open(ToPathText(file));
 }

@@ -14,6 +14,22 @@ namespace {
 constexpr std::string_view ProjectEnding = "proj";
 constexpr std::string_view SideFileStem = "deploy";
 
+// A pattern can name the letters that may not stand at a place, so there is one for each letter by
+// which an ending can differ from that of side files, and one for each ending that is too short.
+QStringList ProjectPatterns() {
+  QStringList patterns;
+  for (std::size_t i = SideFileStem.size(); i-- > 0;) {
+    const std::string tail = std::string(SideFileStem.substr(i + 1)) + std::string(ProjectEnding);
+    patterns += QString::fromStdString("*.*[!" + std::string(1, SideFileStem[i]) + "]" + tail);
+    patterns += QString::fromStdString("*." + tail);
+  }
+  return patterns;
+}
+
+QString AllFiles() {
+  return ";;" + QCoreApplication::translate("workbench::TMainWindow", "All files (*)");
+}
+
 } // namespace
 
 bool IsSideFile(const std::filesystem::path& file) {
@@ -36,18 +52,16 @@ std::filesystem::path CanonicalPath(const std::filesystem::path& file) {
   return error ? std::filesystem::absolute(file).lexically_normal() : full;
 }
 
-// A pattern can name the letters that may not stand at a place, so there is one for each letter by
-// which an ending can differ from that of side files, and one for each ending that is too short.
 QString ProjectFileFilter() {
-  QStringList patterns;
-  for (std::size_t i = SideFileStem.size(); i-- > 0;) {
-    const std::string tail = std::string(SideFileStem.substr(i + 1)) + std::string(ProjectEnding);
-    patterns += QString::fromStdString("*.*[!" + std::string(1, SideFileStem[i]) + "]" + tail);
-    patterns += QString::fromStdString("*." + tail);
-  }
   return QCoreApplication::translate("workbench::TMainWindow", "Projects (%1)")
-             .arg(patterns.join(QLatin1Char(' '))) +
-         ";;" + QCoreApplication::translate("workbench::TMainWindow", "All files (*)");
+             .arg(ProjectPatterns().join(QLatin1Char(' '))) +
+         AllFiles();
+}
+
+QString OpenFileFilter() {
+  return QCoreApplication::translate("workbench::TMainWindow", "Projects and solutions (%1)")
+             .arg((ProjectPatterns() << QStringLiteral("*.sln")).join(QLatin1Char(' '))) +
+         AllFiles();
 }
 
 } // namespace workbench

@@ -18,5 +18,7 @@ QString NameOf(const TOpenProject& project);
 std::filesystem::path CanonicalPath(const std::filesystem::path& file);
 /// Filter of file dialogs for project files, side files left out.
 QString ProjectFileFilter();
+/// The same with solutions.
+QString OpenFileFilter();
 
 } // namespace workbench

@@ -95,9 +95,7 @@ bool TProjectTabs::Open(const fs::path& file) {
     }
     if (IsSideFile(file))
       throw deployment::TInputError("it is made from a project by each save; open the project");
-    TOpenProject& project = Read(file);
-    Show(project, -1,
-         {project.Settings().ActiveConfiguration(), project.Settings().ActivePlatform()});
+    ShowActive(Read(file));
     return true;
   } catch (const std::exception& error) {
     ShowError(tr("Open Project"),
@@ -107,9 +105,15 @@ bool TProjectTabs::Open(const fs::path& file) {
   }
 }
 
-TOpenProject& TProjectTabs::Read(const fs::path& file) {
+TOpenProject& TProjectTabs::Read(const fs::path& file,
+                                 const std::shared_ptr<const TSolution>& solution) {
   const TBusyCursor busy;
-  return FSession.Open(file, TOpenPurpose::Look);
+  return FSession.Open(file, TOpenPurpose::Look, solution);
+}
+
+void TProjectTabs::ShowActive(TOpenProject& project) {
+  Show(project, -1,
+       {project.Settings().ActiveConfiguration(), project.Settings().ActivePlatform()});
 }
 
 // What fails here leaves no project without a tab behind.

@@ -17,6 +17,8 @@
 namespace workbench {
 
 class TModalDialogs;
+class TOpenSolution;
+struct TSolutionMember;
 
 /// Opens, saves, reloads and closes. What goes wrong is said to the user, and the other projects
 /// stay as they are. A cell editor that is open is left first, with its text; where the form
@@ -31,6 +33,9 @@ public:
 
   /// Brings a project forward that is open already. False when it cannot be opened.
   bool Open(const std::filesystem::path& file);
+  /// Opens the projects of a solution that have something to deploy, the first one in front. False
+  /// when the solution cannot be read or none of them is open then.
+  bool OpenSolution(const std::filesystem::path& file);
   /// False when it is not saved.
   bool Save(int index);
   /// Saves under another name, under which the project goes on. False when it is not saved.
@@ -88,7 +93,10 @@ private:
   TProjectTab* TabAt(int index);
   void EndStep(const TProjectTab& tab);
   bool FinishEditing(int index);
-  TOpenProject& Read(const std::filesystem::path& file);
+  TOpenProject& Read(const std::filesystem::path& file,
+                     const std::shared_ptr<const TSolution>& solution = nullptr);
+  void ShowActive(TOpenProject& project);
+  bool OpenMember(const TOpenSolution& solution, const TSolutionMember& member);
   TFormControls& MakeView(TOpenProject& project, const deployment::TDeploymentTarget& target);
   void Show(TOpenProject& project, int index, const deployment::TDeploymentTarget& target);
   bool Write(const TProjectTab& tab, bool force);

@@ -53,11 +53,12 @@ bool TProjectTabs::AskAndReload(int index, const QString& question) {
 bool TProjectTabs::ReadAnew(int index, const std::optional<TRecoverable>& edits) {
   const TProjectTab& tab = *TabAt(index);
   const fs::path file = tab.Project->GivenFileName();
+  const std::shared_ptr<const TSolution> solution = tab.Project->Solution();
   const deployment::TDeploymentTarget target = TargetOf(*tab.Controls);
   const int current = FTabs.currentIndex();
   try {
     Shut(*tab.Project, /*dropEdits=*/!edits);
-    Show(Read(file), index, target);
+    Show(Read(file, solution), index, target);
     if (edits)
       Guarded([&] { EditsAt(index)->Recover(*edits); });
   } catch (const std::exception& error) {

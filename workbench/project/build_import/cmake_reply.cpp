@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t KnownVersion = 2; // of the code model
+constexpr std::size_t KnownModelVersion = 2; // of the code model
 constexpr const char* Reply = "the reply of CMake";
 
 fs::path ReplyDirectory(const fs::path& build) {
@@ -42,13 +42,13 @@ std::optional<TReplyValue> FindCodeModel(const TReplyValue& index) {
   for (const TReplyValue& object : index.Array("objects")) {
     if (object.Text("kind") != "codemodel")
       continue;
-    if (object.At("version").Number("major") == KnownVersion)
+    if (object.At("version").Number("major") == KnownModelVersion)
       return object;
     other = object;
   }
   if (other)
     other->At("version").Refuse("is " + std::to_string(other->At("version").Number("major")) +
-                                "; known is " + std::to_string(KnownVersion));
+                                "; known is " + std::to_string(KnownModelVersion));
   return std::nullopt;
 }
 

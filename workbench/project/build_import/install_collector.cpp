@@ -1,5 +1,6 @@
 #include "workbench/project/build_import/install_collector.h"
 
+#include "workbench/text/quoted_text.h"
 #include "workbench/text/storable_text.h"
 #include "workbench/text/visible_text.h"
 
@@ -13,10 +14,6 @@ namespace fs = std::filesystem;
 
 [[noreturn]] void Refuse(const TInstallRule& rule, const std::string& text) {
   throw deployment::TInputError(text, rule.Place);
-}
-
-std::string Quoted(std::string_view text) {
-  return "\"" + Visible(text) + "\"";
 }
 
 // Stored paths take "\" for a delimiter, and "$(" begins a macro there.

@@ -1,5 +1,7 @@
 #include "workbench/project/build_import/list_update.h"
 
+#include "package/host/api/default_deployment.h"
+
 #include <algorithm>
 #include <map>
 #include <set>
@@ -117,7 +119,7 @@ std::vector<TListUpdate> UpdateList(deployment::IProjectDeployment& deployment,
                                     std::string_view platform,
                                     const std::vector<TTakenFile>& before,
                                     const std::vector<TTakenFile>& now) {
-  deployment.GetFiles(); // the default classes come first, so that those of components add to them
+  deployment::EnsureDefaultDeployment(deployment); // so that classes of components add to it
   using TKey = std::pair<std::string_view, std::string_view>;
   std::map<TKey, const TTakenFile*> known;
   for (const TTakenFile& file : before)

@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t KnownVersion = 1;
+constexpr std::size_t KnownMesonVersion = 1;
 
 // What a target is, by the full path of its file.
 struct TTarget {
@@ -163,9 +163,9 @@ TInstallPlan ReadMesonPlan(const fs::path& directory, const std::vector<std::str
   const TReplyValue info =
       TReplyValue::Read(infoDirectory / "meson-info.json", "the summary of Meson");
   const TReplyValue version = info.At("introspection").At("version");
-  if (version.Number("major") != KnownVersion)
+  if (version.Number("major") != KnownMesonVersion)
     version.Refuse("is " + std::to_string(version.Number("major")) + "; known is " +
-                   std::to_string(KnownVersion));
+                   std::to_string(KnownMesonVersion));
   const auto options = ReadOptions(infoDirectory);
   const auto option = [&](const char* name) {
     const auto found = options.find(name);

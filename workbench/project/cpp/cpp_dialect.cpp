@@ -104,8 +104,9 @@ std::string PlatformToCpp(std::string_view name) {
 }
 
 TCppDialect::TCppDialect(ILoadImports& imports, const TPlatformTable& platforms,
-                         TNamedTexts properties)
-    : FImports(imports), FPlatforms(platforms), FProperties(std::move(properties)) {}
+                         TNamedTexts properties, std::shared_ptr<const TSolution> solution)
+    : FImports(imports), FPlatforms(platforms),
+      FProperties(std::move(properties)), FGivenSolution{std::move(solution), {}} {}
 
 bool TCppDialect::Claims(deployment::IXMLNode& root, const fs::path& file) const {
   if (deployment::SameText(file.extension().string(), ".vcxproj"))
@@ -153,6 +154,8 @@ void TCppDialect::Prepare(TEvaluationSource& source, const TPlatform* platform,
 }
 
 const TFoundSolution& TCppDialect::SolutionOf(const fs::path& project) {
+  if (FGivenSolution.Solution)
+    return FGivenSolution;
   const auto [found, isNew] = FSolutions.try_emplace(project);
   if (isNew)
     found->second = FindSolutionOf(project);
@@ -161,7 +164,7 @@ const TFoundSolution& TCppDialect::SolutionOf(const fs::path& project) {
 
 TNamedTexts TCppDialect::Globals(const fs::path& file, const TNamedTexts& environment,
                                  TEvaluationNotes& notes) {
-  if (HasName(environment, "SolutionDir"))
+  if (!FGivenSolution.Solution && HasName(environment, "SolutionDir"))
     return {};
   const TFoundSolution& found = SolutionOf(file);
   if (!found.Solution)

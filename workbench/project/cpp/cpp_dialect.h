@@ -19,8 +19,10 @@ std::string PlatformToCpp(std::string_view name);
 class TCppDialect final : public IProjectDialect {
 public:
   /// Referenced projects are loaded with the loader; both must outlive the object. `properties`
-  /// are those of the command line, which count for referenced projects too.
-  TCppDialect(ILoadImports& imports, const TPlatformTable& platforms, TNamedTexts properties = {});
+  /// are those of the command line, which count for referenced projects too. `solution` is the one
+  /// that projects are built with; null: the nearest that names a project.
+  TCppDialect(ILoadImports& imports, const TPlatformTable& platforms, TNamedTexts properties = {},
+              std::shared_ptr<const TSolution> solution = nullptr);
 
   bool Claims(deployment::IXMLNode& root, const std::filesystem::path& file) const override;
   void Prepare(TEvaluationSource& source, const TPlatform* platform,
@@ -68,6 +70,7 @@ private:
   ILoadImports& FImports;
   const TPlatformTable& FPlatforms;
   const TNamedTexts FProperties;
+  const TFoundSolution FGivenSolution;
   TCppBuildSystem FBuildSystem;
   std::map<std::filesystem::path, TFoundSolution> FSolutions;
   std::map<std::filesystem::path, std::unique_ptr<TReference>> FReferences;

@@ -53,18 +53,33 @@ public:
         ReadHeader(*line);
       else if (line->starts_with("Project("))
         ReadProject(*line);
-      else if (line->starts_with("GlobalSection("))
-        FIsTargets = line->find("ProjectConfigurationPlatforms") != std::string_view::npos;
-      else if (*line == "EndGlobalSection")
-        FIsTargets = false;
-      else if (FIsTargets)
+      else if (line->starts_with("GlobalSection(") || line->starts_with("ProjectSection("))
+        FSection = SectionOf(*line);
+      else if (*line == "EndGlobalSection" || *line == "EndProjectSection")
+        FSection = TSection::Other;
+      else if (FSection == TSection::Targets)
         ReadTarget(*line);
+      else if (FSection != TSection::Other)
+        ReadLink(*line);
     }
     if (!FHasHeader)
       Fail("the file is empty, so it is no solution");
   }
 
 private:
+  enum class TSection { Other, Targets, Dependencies, Nesting };
+
+  static TSection SectionOf(std::string_view line) {
+    const auto names = [&](std::string_view name) {
+      return line.find(name) != std::string_view::npos;
+    };
+    if (names("(ProjectConfigurationPlatforms)"))
+      return TSection::Targets;
+    if (names("(ProjectDependencies)"))
+      return TSection::Dependencies;
+    return names("(NestedProjects)") ? TSection::Nesting : TSection::Other;
+  }
+
   std::optional<std::string_view> Next() {
     if (FText.empty())
       return std::nullopt;
@@ -96,13 +111,14 @@ private:
     }
     if (texts.size() < 4)
       Fail("the project lacks its type, name, path or id");
+    FId = deployment::UpperCase(texts[3]);
+    FSolution.FNameById.emplace(FId, texts[1]);
     if (deployment::SameText(texts[0], FolderType) || IsForeignPath(texts[2]))
       return;
     if (FSolution.FProjects.size() == MostProjects)
       Fail("the solution names more than " + std::to_string(MostProjects) + " projects");
     TSolutionProject project{std::string(texts[1]), std::string(texts[2]),
-                             ResolvePath(texts[2], FSolution.FFile.parent_path()),
-                             deployment::UpperCase(texts[3]), FLine};
+                             ResolvePath(texts[2], FSolution.FFile.parent_path()), FId, FLine};
     if (FSolution.FByFile
             .emplace(deployment::UpperCase(project.File.string()), FSolution.FProjects.size())
             .second)
@@ -110,19 +126,34 @@ private:
   }
 
   // {ID}.Debug|Win32.ActiveCfg = Debug|Win32
+  // {ID}.Debug|Win32.Build.0 = Debug|Win32
   void ReadTarget(std::string_view line) {
     constexpr std::string_view Active = ".ActiveCfg";
+    constexpr std::string_view Built = ".Build.0";
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos)
       return;
     std::string_view key = Trim(line.substr(0, equals));
     const std::size_t brace = key.find('}');
-    if (!key.ends_with(Active) || brace == std::string_view::npos)
+    const bool isBuilt = key.ends_with(Built);
+    if ((!isBuilt && !key.ends_with(Active)) || brace == std::string_view::npos)
       return;
-    key.remove_suffix(Active.size());
+    key.remove_suffix(isBuilt ? Built.size() : Active.size());
     const std::string id = deployment::UpperCase(key.substr(0, brace + 1));
     const std::string_view own = key.substr(std::min(brace + 2, key.size()));
-    FSolution.FTargetsById[id][deployment::UpperCase(own)] = SplitTarget(line.substr(equals + 1));
+    auto& byId = isBuilt ? FSolution.FBuildsById : FSolution.FTargetsById;
+    byId[id][deployment::UpperCase(own)] = SplitTarget(line.substr(equals + 1));
+  }
+
+  // {ID} = {ID}: what lies in what, and in a project what it waits for.
+  void ReadLink(std::string_view line) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos)
+      return;
+    const bool nests = FSection == TSection::Nesting;
+    std::string from = nests ? deployment::UpperCase(Trim(line.substr(0, equals))) : FId;
+    auto& links = nests ? FSolution.FNesting : FSolution.FDependencies;
+    links.push_back({std::move(from), deployment::UpperCase(Trim(line.substr(equals + 1))), FLine});
   }
 
   [[noreturn]] void Fail(const std::string& text) const {
@@ -133,8 +164,13 @@ private:
   TSolution& FSolution;
   unsigned FLine = 0;
   bool FHasHeader = false;
-  bool FIsTargets = false;
+  TSection FSection = TSection::Other;
+  std::string FId; // of the project that is read
 };
+
+bool IsSolutionName(const fs::path& file) {
+  return deployment::SameText(file.extension().string(), ".sln");
+}
 
 TSolution TSolution::Parse(std::string_view text, const fs::path& file) {
   TSolution solution;
@@ -172,6 +208,75 @@ std::optional<TSolutionTarget> TSolution::TargetOf(const TSolutionProject& other
   return found;
 }
 
+std::optional<TProjectBuild> TSolution::BuildOf(const TSolutionProject& project,
+                                                const TSolutionTarget& target) const {
+  const std::string build = deployment::UpperCase(target.Configuration + "|" + target.Platform);
+  const auto targets = FTargetsById.find(project.Id);
+  if (targets == FTargetsById.end())
+    return std::nullopt;
+  const auto found = targets->second.find(build);
+  if (found == targets->second.end())
+    return std::nullopt;
+  // A solution that builds nothing at all leaves that part out.
+  const auto builds = FBuildsById.find(project.Id);
+  const bool isBuilt =
+      FBuildsById.empty() || (builds != FBuildsById.end() && builds->second.contains(build));
+  return TProjectBuild{found->second, isBuilt};
+}
+
+void TSolution::CheckOrder() const {
+  CheckRing(FDependencies, "projects wait for each other");
+  CheckRing(FNesting, "folders lie in each other");
+}
+
+// What nothing stands in the way of is taken away, until all that is left leads into a ring.
+void TSolution::CheckRing(const std::vector<TLink>& links, std::string_view what) const {
+  std::map<std::string_view, std::vector<const TLink*>> from;
+  std::map<std::string_view, std::vector<const TLink*>> to;
+  std::map<std::string_view, std::size_t> open; // links that still lead on
+  for (const TLink& link : links) {
+    from[link.From].push_back(&link);
+    to[link.To].push_back(&link);
+    ++open[link.From];
+    open.try_emplace(link.To, 0);
+  }
+  std::vector<std::string_view> free;
+  for (const auto& [id, count] : open) {
+    if (count == 0)
+      free.push_back(id);
+  }
+  std::size_t left = open.size();
+  for (; !free.empty(); --left) {
+    const std::string_view id = free.back();
+    free.pop_back();
+    for (const TLink* link : to[id]) {
+      if (--open[link->From] == 0)
+        free.push_back(link->From);
+    }
+  }
+  if (left == 0)
+    return;
+  // From any of them each step leads to another one, and in the end to one that was there before.
+  const auto leadsOn = [&](const TLink* link) { return open[link->To] > 0; };
+  std::map<std::string_view, std::size_t> steps;
+  std::vector<const TLink*> way;
+  std::string_view id =
+      std::ranges::find_if(open, [](const auto& each) { return each.second > 0; })->first;
+  while (steps.emplace(id, way.size()).second) {
+    way.push_back(*std::ranges::find_if(from[id], leadsOn));
+    id = way.back()->To;
+  }
+  const auto nameOf = [&](const std::string& each) {
+    const auto name = FNameById.find(each);
+    return "\"" + ShortText(name == FNameById.end() ? each : name->second) + "\"";
+  };
+  std::string ring = nameOf(std::string(id));
+  for (std::size_t i = steps.at(id); i < way.size(); ++i)
+    ring.append(", ").append(nameOf(way[i]->To));
+  throw deployment::TInputError(std::string(what) + " in a ring: " + ShortText(ring),
+                                {FFile.string(), way.back()->Line});
+}
+
 TFoundSolution FindSolutionOf(const fs::path& project) {
   TFoundSolution result;
   for (fs::path directory = project.parent_path();; directory = directory.parent_path()) {
@@ -180,7 +285,7 @@ TFoundSolution FindSolutionOf(const fs::path& project) {
     std::size_t count = 0;
     for (fs::directory_iterator entry(directory, error), end;
          !error && entry != end && ++count < MostEntries; entry.increment(error)) {
-      if (deployment::SameText(entry->path().extension().string(), ".sln"))
+      if (IsSolutionName(entry->path()))
         files.push_back(entry->path());
     }
     std::ranges::sort(files);
@@ -192,7 +297,7 @@ TFoundSolution FindSolutionOf(const fs::path& project) {
         if (result.Solution)
           result.Others.push_back(file.filename().string());
         else
-          result.Solution = std::move(solution);
+          result.Solution = std::make_shared<const TSolution>(std::move(solution));
       } catch (const deployment::TInputError&) {
         continue; // it tells nothing about this project
       }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,15 @@ struct TSolutionTarget {
   auto operator<=>(const TSolutionTarget&) const = default;
 };
 
+/// What a build of a solution does with a project.
+struct TProjectBuild {
+  TSolutionTarget Target; ///< as the project names it
+  bool IsBuilt = true;
+};
+
+/// True for a name such as "All.sln".
+bool IsSolutionName(const std::filesystem::path& file);
+
 /// One solution file.
 class TSolution {
 public:
@@ -47,20 +57,40 @@ public:
   std::optional<TSolutionTarget> TargetOf(const TSolutionProject& other,
                                           const TSolutionProject& project,
                                           const TSolutionTarget& target) const;
+  /// What the solution's own build of that target, compared ignoring case, does with a project;
+  /// nothing when the solution does not say.
+  std::optional<TProjectBuild> BuildOf(const TSolutionProject& project,
+                                       const TSolutionTarget& target) const;
+  /// Throws TInputError, with the line, when projects wait for each other in a ring or folders lie
+  /// in each other: such a solution has no order to be built in.
+  void CheckOrder() const;
 
 private:
   class TReader;
   using TTargets = std::map<std::string, TSolutionTarget>; // by the solution's own target
 
+  // One waits for the other, or lies in it.
+  struct TLink {
+    std::string From; // ids
+    std::string To;
+    unsigned Line = 0;
+  };
+
+  void CheckRing(const std::vector<TLink>& links, std::string_view what) const;
+
   std::filesystem::path FFile;
   std::vector<TSolutionProject> FProjects;
   std::map<std::string, std::size_t> FByFile;   // full path in upper case
   std::map<std::string, TTargets> FTargetsById; // of projects
+  std::map<std::string, TTargets> FBuildsById;  // those of them that are built
+  std::map<std::string, std::string> FNameById; // of projects and folders
+  std::vector<TLink> FDependencies;
+  std::vector<TLink> FNesting;
 };
 
 /// The nearest solution upwards that names a project.
 struct TFoundSolution {
-  std::optional<TSolution> Solution;
+  std::shared_ptr<const TSolution> Solution; ///< null: none does
   std::vector<std::string> Others; ///< names of further solutions beside it that name it too
 };
 

@@ -11,7 +11,7 @@ namespace workbench {
 namespace {
 
 constexpr std::uint32_t ProtocolVersion = 3;
-constexpr std::size_t LengthSize = 4;
+constexpr std::size_t PacketLengthSize = 4;
 constexpr std::size_t LargestPacket = std::size_t(256) * 1024; // as the common server has it
 constexpr std::size_t OutRoom = std::size_t(64) * 1024; // more waits until the line took some
 constexpr std::size_t ReadSize = std::size_t(256) * 1024;
@@ -243,16 +243,16 @@ void TSftpChannel::Read() {
 // are read.
 bool TSftpChannel::TakePacket(std::string_view& packet) {
   const std::string_view rest = FIn.View();
-  if (rest.size() < LengthSize)
+  if (rest.size() < PacketLengthSize)
     return false;
   const std::size_t length = TSftpParser(rest).Number();
   if (length == 0 || length > LargestPacket)
     Fail("the machine does not speak the file transfer protocol; perhaps its start-up files "
          "print text");
-  if (rest.size() - LengthSize < length)
+  if (rest.size() - PacketLengthSize < length)
     return false;
-  packet = rest.substr(LengthSize, length);
-  FIn.Drop(LengthSize + length);
+  packet = rest.substr(PacketLengthSize, length);
+  FIn.Drop(PacketLengthSize + length);
   return true;
 }
 

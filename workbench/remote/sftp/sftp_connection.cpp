@@ -20,10 +20,6 @@ namespace {
 
 constexpr unsigned FewestConnections = 2;
 constexpr unsigned MostConnections = 4; // more only get in each other's way
-constexpr std::uint32_t KindMask = 0170000;
-constexpr std::uint32_t FileKind = 0100000;
-constexpr std::uint32_t DirectoryKind = 0040000;
-constexpr std::uint32_t LinkKind = 0120000;
 constexpr std::uint32_t RightsMask = 0777;
 constexpr std::chrono::seconds ShellPatience(15);
 // Files that a machine unknown to this one left unfinished: longer than any deploy takes.
@@ -38,25 +34,26 @@ TRemoteStatus StatusFrom(const TSftpReply& reply) {
   }
   TSftpParser content = reply.Content;
   const TSftpAttributes attributes = content.Attributes();
-  const std::uint32_t mode = attributes.Mode.value_or(FileKind);
-  status.Kind = (mode & KindMask) == FileKind        ? TRemoteKind::File
-                : (mode & KindMask) == DirectoryKind ? TRemoteKind::Directory
-                : (mode & KindMask) == LinkKind      ? TRemoteKind::Link
-                                                     : TRemoteKind::Other;
+  const std::uint32_t mode = attributes.Mode.value_or(sftp_kind::File);
+  status.Kind = (mode & sftp_kind::Mask) == sftp_kind::File        ? TRemoteKind::File
+                : (mode & sftp_kind::Mask) == sftp_kind::Directory ? TRemoteKind::Directory
+                : (mode & sftp_kind::Mask) == sftp_kind::Link      ? TRemoteKind::Link
+                                                                   : TRemoteKind::Other;
   status.Size = attributes.Size.value_or(0);
   status.Modified = deployment::TFileTime(std::chrono::seconds(attributes.Modified.value_or(0)));
   status.Mode = mode & RightsMask;
   return status;
 }
 
-class TQuestions final : public ISftpExchange {
+class TStatusQuestions final : public ISftpExchange {
 public:
-  explicit TQuestions(std::span<const TRemoteName> names) : Answers(names.size()), FNames(names) {}
+  explicit TStatusQuestions(std::span<const TRemoteName> names)
+      : Answers(names.size()), FNames(names) {}
 
   bool PostNext(TSftpChannel& channel) override {
     if (FNext == FNames.size())
       return false;
-    channel.Post(TSftpPacket::LStat, FNames[FNext].Directory + "/" + FNames[FNext].Name, FNext);
+    channel.Post(TSftpPacket::LStat, FNames[FNext].Path(), FNext);
     ++FNext;
     return true;
   }
@@ -70,10 +67,6 @@ private:
   std::span<const TRemoteName> FNames;
   std::size_t FNext = 0;
 };
-
-std::string PathOf(const TRemoteName& name) {
-  return name.Directory + "/" + name.Name;
-}
 
 bool IsOnDrive(const std::string& path) {
   return path.size() > 1 && path[1] == ':';
@@ -140,7 +133,7 @@ std::vector<TRemoteDirectory> TSftpConnection::Resolve(std::span<const std::stri
 }
 
 std::vector<TRemoteStatus> TSftpConnection::Examine(std::span<const TRemoteName> names) {
-  TQuestions questions(names);
+  TStatusQuestions questions(names);
   FChannel.Run(questions);
   return std::move(questions.Answers);
 }
@@ -217,7 +210,7 @@ std::vector<std::string> TSftpConnection::Hashes(std::span<const TRemoteName> na
   std::vector<std::string> paths;
   paths.reserve(names.size());
   for (const TRemoteName& name : names)
-    paths.push_back(PathOf(name));
+    paths.push_back(name.Path());
   const auto told = RemoteSHA256(FMachine.Exec, paths, [this] { return FChannel.IsCancelled(); });
   std::vector<std::string> rest;
   std::vector<std::size_t> restOf;
@@ -244,7 +237,7 @@ TRemoteContent TSftpConnection::ReadFile(const TRemoteName& name, std::uint64_t 
     return {};
   if (status.Kind != TRemoteKind::File)
     return {.IsThere = true, .Problem = "reading it: it is no plain file"};
-  return ReadWholeFile(FChannel, PathOf(name), limit);
+  return ReadWholeFile(FChannel, name.Path(), limit);
 }
 
 TRemoteCreation TSftpConnection::CreateFile(const TRemoteName& name, std::string_view text) {
@@ -253,7 +246,7 @@ TRemoteCreation TSftpConnection::CreateFile(const TRemoteName& name, std::string
   std::string handle;
   TSftpStatus status = TSftpStatus::Ok;
   TSftpWriter& opening = FChannel.Begin(TSftpPacket::Open);
-  opening.Text(PathOf(name));
+  opening.Text(name.Path());
   opening.Number(sftp_open::Write | sftp_open::Create | sftp_open::Exclusive);
   opening.Attributes({.Mode = Rights});
   FChannel.Post(0);
@@ -283,8 +276,8 @@ TRemoteCreation TSftpConnection::CreateFile(const TRemoteName& name, std::string
 
 std::string TSftpConnection::Rename(const TRemoteName& name, const std::string& newName) {
   constexpr std::string_view Action = "renaming it";
-  const std::string path = PathOf(name);
-  const std::string newPath = PathOf({name.Directory, newName});
+  const std::string path = name.Path();
+  const std::string newPath = TRemoteName{name.Directory, newName}.Path();
   if (FChannel.Limits().HasPosixRename) {
     TSftpWriter& writer = FChannel.BeginExtended(sftp_extension::PosixRename);
     writer.Text(path);
@@ -300,7 +293,7 @@ std::string TSftpConnection::Rename(const TRemoteName& name, const std::string& 
     return Problem(Action);
   };
   // It replaces nothing: what is there steps aside, and comes back when it is refused.
-  const std::string aside = PathOf({name.Directory, FNames.Next({})});
+  const std::string aside = TRemoteName{name.Directory, FNames.Next({})}.Path();
   if (move(path, newPath).empty())
     return {};
   if (const std::string problem = move(newPath, aside); !problem.empty())
@@ -317,7 +310,7 @@ std::string TSftpConnection::Rename(const TRemoteName& name, const std::string& 
 
 std::string TSftpConnection::SetMode(const TRemoteName& name, unsigned mode) {
   TSftpWriter& writer = FChannel.Begin(TSftpPacket::SetStat);
-  writer.Text(PathOf(name));
+  writer.Text(name.Path());
   writer.Attributes({.Mode = mode});
   FChannel.Post(0);
   return Problem("setting its rights");
@@ -341,14 +334,14 @@ std::string TSftpConnection::SetTime(const TRemoteName& name, deployment::TFileT
   const auto seconds = std::chrono::floor<std::chrono::seconds>(time.time_since_epoch()).count();
   const auto stamp = static_cast<std::uint32_t>(std::clamp<std::int64_t>(seconds, 0, UINT32_MAX));
   TSftpWriter& writer = FChannel.Begin(TSftpPacket::SetStat);
-  writer.Text(name.Directory + "/" + name.Name);
+  writer.Text(name.Path());
   writer.Attributes({.Accessed = stamp, .Modified = stamp});
   FChannel.Post(0);
   return Problem("setting the time stamp");
 }
 
 std::string TSftpConnection::Remove(const TRemoteName& name) {
-  FChannel.Post(TSftpPacket::Remove, name.Directory + "/" + name.Name, 0);
+  FChannel.Post(TSftpPacket::Remove, name.Path(), 0);
   const TSftpStatus status = Answer();
   return status == TSftpStatus::Ok || status == TSftpStatus::NoSuchFile
              ? std::string()

@@ -3,10 +3,6 @@
 namespace workbench {
 namespace {
 
-std::string PathOf(const TRemoteName& name) {
-  return name.Directory + "/" + name.Name;
-}
-
 TRemoteLink LinkFrom(const TSftpReply& reply) {
   if (reply.Kind != TSftpPacket::Name) {
     const TSftpStatus status = reply.Status();
@@ -20,14 +16,15 @@ TRemoteLink LinkFrom(const TSftpReply& reply) {
   return {.Text = std::string(content.Text())};
 }
 
-class TQuestions final : public ISftpExchange {
+class TLinkQuestions final : public ISftpExchange {
 public:
-  explicit TQuestions(std::span<const TRemoteName> names) : Answers(names.size()), FNames(names) {}
+  explicit TLinkQuestions(std::span<const TRemoteName> names)
+      : Answers(names.size()), FNames(names) {}
 
   bool PostNext(TSftpChannel& channel) override {
     if (FNext == FNames.size())
       return false;
-    channel.Post(TSftpPacket::ReadLink, PathOf(FNames[FNext]), FNext);
+    channel.Post(TSftpPacket::ReadLink, FNames[FNext].Path(), FNext);
     ++FNext;
     return true;
   }
@@ -57,7 +54,7 @@ bool CanMakeLinks(const TSftpLimits& limits) {
 
 std::vector<TRemoteLink> ReadRemoteLinks(TSftpChannel& channel,
                                          std::span<const TRemoteName> names) {
-  TQuestions questions(names);
+  TLinkQuestions questions(names);
   channel.Run(questions);
   return std::move(questions.Answers);
 }
@@ -66,19 +63,19 @@ std::string MakeRemoteLink(TSftpChannel& channel, const TRemoteName& name,
                            const TRemoteName& unfinished, const std::string& text) {
   TSftpWriter& link = channel.Begin(TSftpPacket::MakeLink);
   link.Text(text); // where it leads comes first, other than the protocol's text has it
-  link.Text(PathOf(unfinished));
+  link.Text(unfinished.Path());
   channel.Post(0);
   if (const TSftpStatus status = Answer(channel); status != TSftpStatus::Ok)
     return "making a link beside it: " + SftpStatusText(status);
 
   TSftpWriter& rename = channel.BeginExtended(sftp_extension::PosixRename);
-  rename.Text(PathOf(unfinished));
-  rename.Text(PathOf(name));
+  rename.Text(unfinished.Path());
+  rename.Text(name.Path());
   channel.Post(0);
   const TSftpStatus status = Answer(channel);
   if (status == TSftpStatus::Ok)
     return {};
-  channel.Post(TSftpPacket::Remove, PathOf(unfinished), 0);
+  channel.Post(TSftpPacket::Remove, unfinished.Path(), 0);
   static_cast<void>(Answer(channel)); // what stays is removed by a later deploy
   return "putting it in place: " + SftpStatusText(status);
 }

@@ -8,12 +8,8 @@
 namespace workbench {
 namespace {
 
-constexpr std::uint32_t KindMask = 0170000;
-constexpr std::uint32_t DirectoryKind = 0040000;
-constexpr std::uint32_t LinkKind = 0120000;
-
 std::uint32_t KindOf(const TSftpAttributes& attributes) {
-  return attributes.Mode.value_or(0) & KindMask;
+  return attributes.Mode.value_or(0) & sftp_kind::Mask;
 }
 
 std::optional<TSftpAttributes> AttributesOf(const TSftpReply& reply) {
@@ -61,12 +57,12 @@ public:
       break;
     case TSftpPacket::LStat:
       if (const auto attributes = AttributesOf(reply))
-        place.IsLink = KindOf(*attributes) == LinkKind;
+        place.IsLink = KindOf(*attributes) == sftp_kind::Link;
       break;
     default:
       if (const auto attributes = AttributesOf(reply)) {
         place.Exists = true;
-        place.IsDirectory = KindOf(*attributes) == DirectoryKind;
+        place.IsDirectory = KindOf(*attributes) == sftp_kind::Directory;
       } else if (reply.Status() != TSftpStatus::NoSuchFile) {
         place.Problem = reply.Status();
       }
@@ -102,7 +98,7 @@ public:
     if (cookie >= FPaths.size()) {
       const auto attributes = AttributesOf(reply);
       std::string& problem = Problems[cookie - FPaths.size()];
-      if (attributes && KindOf(*attributes) == DirectoryKind)
+      if (attributes && KindOf(*attributes) == sftp_kind::Directory)
         problem.clear();
       else if (attributes)
         problem = Visible(FPaths[cookie - FPaths.size()]) + " is there and is no directory";

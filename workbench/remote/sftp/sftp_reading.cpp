@@ -9,7 +9,7 @@
 namespace workbench {
 namespace {
 
-constexpr std::size_t MostFiles = 64;                          // open at a time
+constexpr std::size_t MostReads = 64;                          // open at a time
 constexpr std::uint32_t BlockSize = std::uint32_t(255) * 1024; // a server may give less
 
 // Takes what is read. The bytes of each file come in their order, those of different files mixed.
@@ -30,7 +30,7 @@ public:
   bool MayBeStopped() const override { return FMayBeStopped; }
 
   bool PostNext(TSftpChannel& channel) override {
-    if (FNext == FPaths.size() || FOpen == MostFiles)
+    if (FNext == FPaths.size() || FOpen == MostReads)
       return false;
     TSftpWriter& writer = channel.Begin(TSftpPacket::Open);
     writer.Text(FPaths[FNext]);

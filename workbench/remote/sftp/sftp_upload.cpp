@@ -12,8 +12,8 @@ namespace {
 
 // How many files are open at a time. A server works slower the more there are, so that they are
 // only as many as keep it busy: each file waits four times for an answer.
-constexpr std::size_t FewestFiles = 128;
-constexpr std::size_t MostFiles = 768;
+constexpr std::size_t FewestUploads = 128;
+constexpr std::size_t MostUploads = 768;
 constexpr unsigned AnswersPerFile = 4;
 constexpr std::chrono::microseconds WorkPerFile(60);
 constexpr std::string_view Interrupted = "the run was interrupted";
@@ -21,7 +21,7 @@ constexpr std::string_view Changed = "it changed while it was copied";
 
 std::size_t FilesFor(const TSftpLimits& limits) {
   const auto busy = static_cast<std::size_t>(AnswersPerFile * limits.RoundTrip / WorkPerFile);
-  return std::min(std::clamp(busy, FewestFiles, MostFiles), limits.MostHandles);
+  return std::min(std::clamp(busy, FewestUploads, MostUploads), limits.MostHandles);
 }
 
 std::uint32_t Stamp(time_t seconds) {

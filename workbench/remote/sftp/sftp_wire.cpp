@@ -10,7 +10,7 @@ constexpr std::uint32_t HasMode = 0x4;
 constexpr std::uint32_t HasTimes = 0x8;
 constexpr std::uint32_t HasExtended = 0x80000000;
 
-constexpr std::size_t LengthSize = 4;
+constexpr std::size_t NumberSize = 4;
 
 void PutNumber(char* place, std::uint32_t value) {
   for (const unsigned shift : {24U, 16U, 8U, 0U})
@@ -19,7 +19,7 @@ void PutNumber(char* place, std::uint32_t value) {
 
 std::uint32_t NumberAt(std::string_view bytes) {
   std::uint32_t value = 0;
-  for (const char byte : bytes.substr(0, LengthSize))
+  for (const char byte : bytes.substr(0, NumberSize))
     value = value << 8U | static_cast<unsigned char>(byte);
   return value;
 }
@@ -33,7 +33,7 @@ void TSftpWriter::Begin(TSftpPacket kind) {
 }
 
 void TSftpWriter::Number(std::uint32_t value) {
-  PutNumber(FBytes.Room(LengthSize).data(), value);
+  PutNumber(FBytes.Room(NumberSize).data(), value);
 }
 
 void TSftpWriter::LongNumber(std::uint64_t value) {
@@ -66,7 +66,7 @@ std::span<char> TSftpWriter::Room(std::size_t size) {
 }
 
 void TSftpWriter::End() {
-  PutNumber(FBytes.At(FStart), static_cast<std::uint32_t>(FBytes.Size() - FStart - LengthSize));
+  PutNumber(FBytes.At(FStart), static_cast<std::uint32_t>(FBytes.Size() - FStart - NumberSize));
 }
 
 std::string_view TSftpParser::Take(std::size_t size) {
@@ -82,7 +82,7 @@ std::uint8_t TSftpParser::Byte() {
 }
 
 std::uint32_t TSftpParser::Number() {
-  return NumberAt(Take(LengthSize));
+  return NumberAt(Take(NumberSize));
 }
 
 std::uint64_t TSftpParser::LongNumber() {

@@ -62,6 +62,14 @@ inline constexpr std::uint32_t Create = 0x08;
 inline constexpr std::uint32_t Exclusive = 0x20;
 } // namespace sftp_open
 
+/// Kinds of files in a mode, as POSIX has them.
+namespace sftp_kind {
+inline constexpr std::uint32_t Mask = 0170000;
+inline constexpr std::uint32_t File = 0100000;
+inline constexpr std::uint32_t Directory = 0040000;
+inline constexpr std::uint32_t Link = 0120000;
+} // namespace sftp_kind
+
 /// What a server says of a file, or is to set. Times are seconds since 1970.
 struct TSftpAttributes {
   std::optional<std::uint64_t> Size = {};

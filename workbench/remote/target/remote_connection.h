@@ -37,6 +37,8 @@ struct TRemoteDirectory {
 struct TRemoteName {
   std::string Directory;
   std::string Name;
+
+  std::string Path() const { return Directory + "/" + Name; }
 };
 
 enum class TRemoteKind { None, File, Directory, Link, Other };

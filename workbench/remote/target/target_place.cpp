@@ -10,6 +10,10 @@ std::string StartProblem(const TRemotePath& path, const TPlaceRules& rules) {
   const bool isOutside = path.Start != TStart::ProfilePath || path.Climbs;
   if (isOutside && !rules.AllowOutside)
     return "leaves the path of the profile";
+  // However it was written here: where the path is read again, "~" begins a home directory.
+  if (path.Start == TStart::ProfilePath && !path.Parts.empty() &&
+      path.Parts.front().starts_with('~'))
+    return "begins with \"~\", which stands for a home directory";
   if (path.Start == TStart::Drive)
     return "names a drive, which the target does not have";
   if (path.Start == TStart::HomeDirectory && path.Parts.front() != "~")

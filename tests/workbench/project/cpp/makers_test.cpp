@@ -21,7 +21,7 @@ struct TShare {
   std::string Misses;
 };
 
-class Makers : public testing::Test {
+class Makers : public ::testing::Test {
 protected:
   const TProjectSettings& Project(const fs::path& file) {
     if (file != FFile) {

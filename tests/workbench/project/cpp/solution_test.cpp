@@ -61,6 +61,45 @@ TEST_F(SolutionFile, TellsWhichTargetsAreBuiltTogether) {
   EXPECT_EQ(solution.TargetOf(lib, app, {"Release", "Win32"}), std::nullopt);
 }
 
+TEST_F(SolutionFile, TellsWhatItsOwnBuildsTakeOfAProject) {
+  const TSolution solution = TSolution::Parse(Text, "/s/t/all.sln");
+  const auto app = solution.BuildOf(solution.Projects()[0], {"debug", "X86"});
+  ASSERT_TRUE(app);
+  EXPECT_EQ(app->Target, (TSolutionTarget{"Debug", "Win32"}));
+  EXPECT_TRUE(app->IsBuilt);
+  const auto lib = solution.BuildOf(solution.Projects()[1], {"Debug", "x86"});
+  ASSERT_TRUE(lib);
+  EXPECT_EQ(lib->Target, (TSolutionTarget{"DebugDLL", "Win32"}));
+  EXPECT_FALSE(lib->IsBuilt);
+  EXPECT_FALSE(solution.BuildOf(solution.Projects()[0], {"Release", "x86"}));
+}
+
+std::string OrderErrorOf(std::string_view text) {
+  try {
+    TSolution::Parse(text, "/s/a.sln").CheckOrder();
+  } catch (const deployment::TInputError& error) {
+    return error.Place().File + ":" + std::to_string(error.Place().Line) + ": " + error.what();
+  }
+  return "no error";
+}
+
+TEST_F(SolutionFile, HasNoOrderWhenItsProjectsWaitForEachOther) {
+  const std::string start = "Solution File, Format Version 12.00\n";
+  const auto project = [](const std::string& name, const std::string& waitsFor) {
+    return "Project(\"{1}\") = \"" + name + "\", \"" + name + ".vcxproj\", \"{" + name +
+           "}\"\n ProjectSection(ProjectDependencies) = postProject\n  {" + waitsFor + "} = {" +
+           waitsFor + "}\n EndProjectSection\nEndProject\n";
+  };
+  EXPECT_EQ(OrderErrorOf(start + project("a", "b") + project("b", "c")), "no error");
+  EXPECT_EQ(OrderErrorOf(start + project("x", "a") + project("a", "B") + project("b", "a")),
+            "/s/a.sln:14: projects wait for each other in a ring: \"a\", \"b\", \"a\"");
+  EXPECT_EQ(OrderErrorOf(start + project("a", "a")),
+            "/s/a.sln:4: projects wait for each other in a ring: \"a\", \"a\"");
+  EXPECT_EQ(OrderErrorOf(start + "Global\nGlobalSection(NestedProjects) = preSolution\n"
+                                 "{F} = {G}\n{G} = {F}\nEndGlobalSection\nEndGlobal\n"),
+            "/s/a.sln:5: folders lie in each other in a ring: \"{F}\", \"{G}\", \"{F}\"");
+}
+
 TEST_F(SolutionFile, SaysWhatIsWrongWithIt) {
   EXPECT_EQ(ErrorOf(""), "/s/a.sln:0: the file is empty, so it is no solution");
   EXPECT_EQ(ErrorOf("\n<Project/>"), "/s/a.sln:2: this is no solution: \"<Project/>\" stands where "

@@ -52,6 +52,9 @@ TEST(TargetPlace, IsRefusedWhereThePathLeadsNowhere) {
            {"~\\..\\a", "climbs above the directory where it begins"},
            {"~eva\\a", "names the home directory of another user"},
            {"~eva", "names the home directory of another user"},
+           {".\\~\\a", "begins with \"~\", which stands for a home directory"},
+           {".\\~a", "begins with \"~\", which stands for a home directory"},
+           {"x/../~/a", "begins with \"~\", which stands for a home directory"},
            {"C:\\a", "names a drive, which the target does not have"},
        }))
     EXPECT_EQ(PlaceText(test.Path),

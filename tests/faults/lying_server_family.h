@@ -1,0 +1,18 @@
+// Deploys to a server that lies once, and questions to it.
+#pragma once
+
+#include "tests/faults/fault_place.h"
+#include "tests/faults/fault_table.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace faults {
+
+inline constexpr const char* LyingServerName = "a server that lies, packet by packet";
+
+/// Every `jobs`-th lie, from the `job`-th on; with a sample about so many in all.
+std::vector<TFaultResult> RunLyingServer(const TPrograms& programs, std::size_t sample,
+                                         unsigned job, unsigned jobs);
+
+} // namespace faults
