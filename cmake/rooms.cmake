@@ -32,6 +32,7 @@ room(workbench/text SEES package/common)
 room(workbench/files SEES package/common workbench/text)
 room(workbench/json SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/process SEES package/common workbench/files)
+room(workbench/archive SEES package/common workbench/files workbench/text)
 room(workbench/xml SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/msbuild SEES ${FOUNDATION} workbench/files workbench/text workbench/xml)
 room(workbench/platforms SEES ${FOUNDATION} workbench/files workbench/text)
@@ -57,7 +58,8 @@ room(workbench/remote/profile SEES ${FOUNDATION} ${REMOTE} workbench/files workb
   workbench/text)
 room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/json workbench/process
   workbench/remote/target workbench/text)
-room(workbench/deploy SEES ${FOUNDATION} workbench/deploy/record workbench/files workbench/json
+room(workbench/deploy SEES ${FOUNDATION} workbench/archive workbench/deploy/record workbench/files
+  workbench/json
   workbench/platforms workbench/process workbench/remote/folder workbench/remote/profile
   workbench/remote/target workbench/text)
 

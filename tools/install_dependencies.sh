@@ -6,7 +6,7 @@ set -eu
 packages=()
 for purpose in "$@"; do
   case "$purpose" in
-    build) packages+=(g++ cmake ninja-build libexpat1-dev libcli11-dev libssl-dev
+    build) packages+=(g++ cmake ninja-build libarchive-dev libexpat1-dev libcli11-dev libssl-dev
       nlohmann-json3-dev qt6-base-dev libqt6svg6-dev qt6-l10n-tools qt6-tools-dev) ;;
     test) packages+=(binutils fonts-dejavu-core libgtest-dev mono-xbuild openssh-client openssh-server
       strace) ;;

@@ -46,7 +46,7 @@ std::optional<std::string> TAfterStep::CommandLine(TShell shell, std::string_vie
   case TKind::Run:
     return RunFileCommand(shell, name);
   case TKind::Unpack:
-    return UnpackCommand(shell, name);
+    return std::nullopt;
   case TKind::Command:
     break;
   }

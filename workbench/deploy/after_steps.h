@@ -26,7 +26,8 @@ struct TAfterStep {
   static std::optional<TAfterStep> FromKey(std::string_view key);
   /// For people, such as "unpack a.tar"; `name` is that of the file on the target.
   std::string Text(std::string_view name) const;
-  /// The command line for a shell; nothing when that has no way to say it.
+  /// The command line for a shell; nothing when that has no way to say it. An archive is unpacked
+  /// by no shell.
   std::optional<std::string> CommandLine(TShell shell, std::string_view name) const;
 };
 

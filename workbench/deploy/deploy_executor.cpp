@@ -2,6 +2,7 @@
 
 #include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/record_keeper.h"
+#include "workbench/deploy/step_runner.h"
 #include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
 
@@ -377,16 +378,9 @@ std::string TExecutor::RunStep(const TPlannedFile& file, const TAfterStep& step)
       file.Action == TDeployAction::Copied ? "was copied, but " : "is there, but ";
   if (IsCancelled())
     return start + std::string(Interrupted);
-  const std::string text = step.Text(file.Target.Name);
-  const TShell shell = FConnection.Shell();
-  if (shell == TShell::None)
-    return start + "\"" + text + "\" cannot be run: the machine runs no commands";
-  const auto command = step.CommandLine(shell, file.Target.Name);
-  if (!command)
-    return start + "\"" + text + "\" cannot be said to " + std::string(ShellName(shell));
   const std::string problem =
-      FConnection.RunCommand(*command, file.Target.Directory, FHear, FExecution.Cancelled);
-  return problem.empty() ? problem : start + "\"" + text + "\" " + problem;
+      RunAfterStep(file, step, FExecution.Places, FConnection, FHear, FExecution.Cancelled);
+  return problem.empty() ? problem : start + problem;
 }
 
 } // namespace

@@ -20,6 +20,7 @@ struct TDeployExecution {
   const std::atomic<int>& Cancelled;
   TRecordKeeper* Keeper = nullptr; ///< hears what is to be remembered; null: nothing is
   deployment::TDeploymentTarget Target = {};
+  TPlaceRules Places = {}; ///< what the target takes
 };
 
 /// Carries the plan out and fills the rows of the report, which stand in the plan's order.

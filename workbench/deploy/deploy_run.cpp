@@ -271,7 +271,9 @@ void TDeployRun::Execute() {
                              .Jobs = FTerms.Options.Jobs,
                              .Observer = FObserver,
                              .Cancelled = FCancelled,
-                             .Target = FFacts.Target};
+                             .Target = FFacts.Target,
+                             .Places = FFacts.Destinations.RulesOf(FFacts.Destination,
+                                                                   FFacts.Target.Platform)};
   if (!FStore || !HasWork() || !Lock()) {
     ExecuteDeployPlan(FPlan, execution, FReport);
     RunAfterDeploy();

@@ -89,7 +89,7 @@ std::shared_ptr<IRemoteConnection> TDestinations::Connect(const TDestination& de
                                                           const std::atomic<int>* cancelled) const {
   if (destination.Profile)
     return FConnections.Open(*destination.Profile, cancelled);
-  return std::make_shared<TFolderConnection>(destination.Staging, TMissingFolder::Make);
+  return std::make_shared<TFolderConnection>(destination.Staging, TMissingFolder::Make, cancelled);
 }
 
 std::optional<TDestination> TDestinations::Find(const TBinding& bound,

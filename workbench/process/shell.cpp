@@ -126,16 +126,4 @@ std::optional<std::string> RunFileCommand(TShell shell, std::string_view name) {
                 QuotedFor(shell, "./" + std::string(name)));
 }
 
-std::optional<std::string> UnpackCommand(TShell shell, std::string_view name) {
-  const bool isZip = name.ends_with(".zip");
-  if (shell == TShell::Cmd) // its tar reads both
-    return Around("tar -xf ", QuotedFor(shell, ".\\" + std::string(name)));
-  const auto word = QuotedFor(shell, "./" + std::string(name));
-  if (!isZip)
-    return Around("tar -xf ", word);
-  return shell == TShell::PowerShell
-             ? Around("Expand-Archive -Force -LiteralPath ", word, " -DestinationPath .")
-             : Around("unzip -o -q ", word);
-}
-
 } // namespace workbench

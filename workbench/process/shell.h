@@ -34,7 +34,4 @@ std::optional<std::string> InDirectory(TShell shell, std::string_view directory,
 /// A command line that runs a file of the current directory.
 std::optional<std::string> RunFileCommand(TShell shell, std::string_view name);
 
-/// A command line that unpacks an archive of the current directory into it.
-std::optional<std::string> UnpackCommand(TShell shell, std::string_view name);
-
 } // namespace workbench

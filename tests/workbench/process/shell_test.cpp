@@ -96,16 +96,10 @@ TEST(Shell, RunsACommandInADirectoryOrNotAtAll) {
   EXPECT_FALSE(InDirectory(TShell::None, "/", "echo x"));
 }
 
-TEST(Shell, RunsAndUnpacksFilesByTheirNames) {
+TEST(Shell, RunsFilesByTheirNames) {
   EXPECT_EQ(*RunFileCommand(TShell::Posix, "a b"), "'./a b'");
   EXPECT_EQ(*RunFileCommand(TShell::Cmd, "a&b.exe"), "\".\\a&b.exe\"");
   EXPECT_EQ(*RunFileCommand(TShell::PowerShell, "a b.exe"), "& './a b.exe'");
-  EXPECT_EQ(*UnpackCommand(TShell::Posix, "-x.tar"), "tar -xf './-x.tar'");
-  EXPECT_EQ(*UnpackCommand(TShell::Posix, "x.zip"), "unzip -o -q './x.zip'");
-  EXPECT_EQ(*UnpackCommand(TShell::Cmd, "x.zip"), "tar -xf \".\\x.zip\"");
-  EXPECT_EQ(*UnpackCommand(TShell::PowerShell, "x.zip"),
-            "Expand-Archive -Force -LiteralPath './x.zip' -DestinationPath .");
-  EXPECT_FALSE(UnpackCommand(TShell::Cmd, "%a.tar"));
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "workbench/remote/folder/file_transfer.h"
 
-#include "workbench/files/file_descriptor.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/sha256.h"
 #include "workbench/remote/target/remote_path.h"
@@ -18,53 +17,15 @@ namespace workbench {
 namespace {
 
 constexpr std::size_t BlockSize = std::size_t(256) * 1024;
+constexpr const char* Interrupted = "the run was interrupted";
+// How much is put in place at a time. What is interrupted has no time for that much.
+constexpr std::size_t MostWaiting = 128;
+constexpr std::uint64_t MostBytesWaiting = std::uint64_t(32) * 1024 * 1024;
+constexpr std::uint64_t MostBytesAtTheEnd = std::uint64_t(8) * 1024 * 1024;
 
 // The file was changed while it was read.
 struct TChangedMeanwhile {};
 struct TCancelled {};
-
-// A file that goes with this object unless it is put in place. It is locked as long as it is
-// written, which tells it from one that a run left behind.
-class TUnfinishedFile {
-public:
-  TUnfinishedFile(int directory, std::string name, mode_t mode)
-      : FDirectory(directory), FName(std::move(name)),
-        FFile(::openat(directory, FName.c_str(),
-                       O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode)) {
-    if (!FFile.IsOpen())
-      ThrowSystemError("making a temporary file beside it");
-    static_cast<void>(::flock(FFile.Get(), LOCK_EX | LOCK_NB)); // some shares have no locks
-  }
-  ~TUnfinishedFile() {
-    if (!FInPlace)
-      ::unlinkat(FDirectory, FName.c_str(), 0);
-  }
-  TUnfinishedFile(const TUnfinishedFile&) = delete;
-  TUnfinishedFile& operator=(const TUnfinishedFile&) = delete;
-
-  int Get() const { return FFile.Get(); }
-
-  void PutInPlace(const std::string& name, const struct stat& source, mode_t rights) {
-    // Whatever is taken from rights when a file is made, they are to be those of the local file.
-    if (::fchmod(FFile.Get(), rights) != 0)
-      ThrowSystemError("setting its rights");
-    const timespec times[2] = {{0, UTIME_OMIT}, source.st_mtim};
-    if (::futimens(FFile.Get(), times) != 0)
-      ThrowSystemError("setting the time stamp");
-    if (::renameat(FDirectory, FName.c_str(), FDirectory, name.c_str()) != 0)
-      ThrowSystemError("putting it in place");
-    FInPlace = true;
-    // A network share may report here that it could not keep the bytes.
-    if (::close(FFile.Release()) != 0 && errno != EINTR)
-      ThrowSystemError("closing it");
-  }
-
-private:
-  int FDirectory;
-  std::string FName;
-  TFileDescriptor FFile;
-  bool FInPlace = false;
-};
 
 TFileDescriptor OpenSource(const std::filesystem::path& file, struct stat& status) {
   TFileDescriptor source(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -103,22 +64,75 @@ bool IsSameState(const struct stat& before, int source) {
 
 TFileTransfer::TFileTransfer(std::string run) : FRun(std::move(run)), FBlock(BlockSize) {}
 
-TSendOutcome TFileTransfer::Send(int directory, const TSendRequest& request, ISendJob& job) {
-  TSendOutcome outcome;
+TFileTransfer::~TFileTransfer() = default;
+
+void TFileTransfer::Send(int directory, const TSendRequest& request, ISendJob& job) {
+  TWaiting file{.Request = &request};
   try {
+    if (job.IsCancelled())
+      throw TCancelled();
     try {
-      TrySend(directory, request, job, outcome);
+      Copy(directory, file, job);
     } catch (const TChangedMeanwhile&) {
-      TrySend(directory, request, job, outcome);
+      Copy(directory, file, job);
     }
   } catch (const TChangedMeanwhile&) {
-    outcome.Problem = "it changed while it was copied";
+    file.Outcome.Problem = "it changed while it was copied";
   } catch (const TCancelled&) {
-    outcome.Problem = "the run was interrupted";
+    file.Outcome.Problem = Interrupted;
   } catch (const std::system_error& error) {
-    outcome.Problem = error.what();
+    // Files that wait are open, and a program may not have many.
+    if (error.code().value() == EMFILE && !FWaiting.empty()) {
+      PutInPlace(job);
+      return Send(directory, request, job);
+    }
+    file.Outcome.Problem = error.what();
   }
-  return outcome;
+  if (!file.Outcome.Problem.empty())
+    return job.FileDone(request, file.Outcome);
+  FBytesWaiting += file.Outcome.Size;
+  FWaiting.push_back(std::move(file));
+  if (FWaiting.size() >= MostWaiting || FBytesWaiting >= MostBytesWaiting)
+    PutInPlace(job);
+}
+
+// The disk is busy with the first of them while the last are written. All are brought to it before
+// the first takes its name: whatever happens to the machine, no name stands for half a file.
+void TFileTransfer::PutInPlace(ISendJob& job) {
+  // To bring much to a disk takes longer than whoever interrupts a run waits.
+  const bool isDropped = job.IsCancelled() && FBytesWaiting > MostBytesAtTheEnd;
+  std::vector<TWaiting> waiting = std::exchange(FWaiting, {});
+  FBytesWaiting = 0;
+  for (TWaiting& file : waiting) {
+    try {
+      if (isDropped)
+        file.Outcome.Problem = Interrupted;
+      else
+        file.Target->Complete();
+    } catch (const std::system_error& error) {
+      file.Outcome.Problem = error.what();
+    }
+  }
+  for (TWaiting& file : waiting) {
+    try {
+      if (file.Outcome.Problem.empty()) {
+        file.Target->PutInPlace(file.Request->Target.Name);
+        FChanged.insert_or_assign(file.Request->Target.Directory, file.Target->Directory());
+      }
+    } catch (const std::system_error& error) {
+      file.Outcome.Problem = error.what();
+    }
+    file.Target.reset();
+    job.FileDone(*file.Request, file.Outcome);
+  }
+}
+
+void TFileTransfer::Finish(ISendJob& job) {
+  PutInPlace(job);
+  // A file is whole under its name in any case; without this it could be the old one again.
+  for (const auto& [path, directory] : std::exchange(FChanged, {}))
+    static_cast<void>(::fsync(directory->Get()));
+  FDirectory = nullptr;
 }
 
 std::string TFileTransfer::NextName() {
@@ -138,24 +152,41 @@ void TFileTransfer::MakeLink(int directory, const std::string& name, const std::
   }
 }
 
-void TFileTransfer::TrySend(int directory, const TSendRequest& request, ISendJob& job,
-                            TSendOutcome& outcome) {
+// The directory of the last file is that of the next one most of the time.
+const TSharedDirectory& TFileTransfer::Shared(int directory, const std::string& path) {
+  if (!FDirectory || FDirectoryPath != path) {
+    TFileDescriptor opened(::openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!opened.IsOpen()) // it may not be listed, and can be used all the same
+      opened = TFileDescriptor(::fcntl(directory, F_DUPFD_CLOEXEC, 0));
+    if (!opened.IsOpen())
+      ThrowSystemError("opening the directory");
+    FDirectory = std::make_shared<const TFileDescriptor>(std::move(opened));
+    FDirectoryPath = path;
+  }
+  return FDirectory;
+}
+
+void TFileTransfer::Copy(int directory, TWaiting& file, ISendJob& job) {
   struct stat status = {};
+  const TSendRequest& request = *file.Request;
   const TFileDescriptor source = OpenSource(request.LocalFile, status);
-  TUnfinishedFile target(directory, NextName(), 0600);
+  const auto mode = RightsFor(status.st_mode, request.MakeExecutable);
+  auto target =
+      std::make_unique<TUnfinishedFile>(Shared(directory, request.Target.Directory), NextName());
   const auto size = static_cast<std::uint64_t>(status.st_size);
-  if (Copy(source.Get(), target.Get(), size, job, outcome) != size ||
+  if (CopyBytes(source.Get(), *target, size, job, file.Outcome) != size ||
       !IsSameState(status, source.Get()))
     throw TChangedMeanwhile();
-  outcome.Size = size;
-  outcome.Time = status.st_mtim.tv_sec;
-  outcome.Mode = RightsFor(status.st_mode, request.MakeExecutable);
-  target.PutInPlace(request.Target.Name, status, outcome.Mode);
+  target->Stamp(status.st_mtim, mode);
+  file.Outcome.Size = size;
+  file.Outcome.Time = status.st_mtim.tv_sec;
+  file.Outcome.Mode = mode;
+  file.Target = std::move(target);
 }
 
 // Ends when the size is reached; a file that grew has another state by then.
-std::uint64_t TFileTransfer::Copy(int source, int target, std::uint64_t size, ISendJob& job,
-                                  TSendOutcome& outcome) {
+std::uint64_t TFileTransfer::CopyBytes(int source, TUnfinishedFile& target, std::uint64_t size,
+                                       ISendJob& job, TSendOutcome& outcome) {
   std::uint64_t copied = 0;
   TSHA256 digest;
   while (copied < size) {
@@ -164,7 +195,7 @@ std::uint64_t TFileTransfer::Copy(int source, int target, std::uint64_t size, IS
     const std::size_t count = ReadSome(source, FBlock);
     if (count == 0)
       break;
-    WriteAll(target, {FBlock.data(), count});
+    target.Write({FBlock.data(), count});
     digest.Add({FBlock.data(), count});
     copied += count;
     outcome.Bytes += count;
@@ -180,15 +211,6 @@ void ReadOpened(int file, const std::function<bool(std::string_view bytes)>& tak
     const std::size_t count = ReadSome(file, {block.get(), BlockSize});
     if (count == 0 || !take({block.get(), count}))
       return;
-  }
-}
-
-void WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(file, bytes.data(), bytes.size());
-    if (count < 0 && errno != EINTR)
-      ThrowSystemError("writing it");
-    bytes.remove_prefix(count > 0 ? static_cast<std::size_t>(count) : 0);
   }
 }
 

@@ -3,6 +3,7 @@
 #include "workbench/files/file_reader.h"
 #include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
+#include "workbench/remote/folder/unfinished_file.h"
 #include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
@@ -99,9 +100,10 @@ TExisting DeepestExisting(std::filesystem::path path) {
 
 } // namespace
 
-TFolderConnection::TFolderConnection(const std::filesystem::path& folder, TMissingFolder missing)
+TFolderConnection::TFolderConnection(const std::filesystem::path& folder, TMissingFolder missing,
+                                     const std::atomic<int>* cancelled)
     : FFolder(OpenFolder(folder, missing)), FResolution(KeptBy(FFolder).Resolution),
-      FKeepsModes(KeptBy(FFolder).Modes), FKnowsLinks(!HasNoLinks(FFolder)),
+      FKeepsModes(KeptBy(FFolder).Modes), FKnowsLinks(!HasNoLinks(FFolder)), FCancelled(cancelled),
       FTransfer(RandomText()) {}
 
 unsigned TFolderConnection::UsualConnections() const {
@@ -202,18 +204,13 @@ void TFolderConnection::RemoveUnfinished(std::span<const TSendRequest> files) {
 
 void TFolderConnection::Send(ISendJob& job) {
   while (const TSendRequest* request = job.Next()) {
-    TSendOutcome outcome;
-    if (job.IsCancelled()) {
-      outcome.Problem = "the run was interrupted";
-    } else {
-      try {
-        outcome = FTransfer.Send(FDirectories.Open(request->Target.Directory), *request, job);
-      } catch (const std::system_error& error) {
-        outcome.Problem = error.what();
-      }
+    try {
+      FTransfer.Send(FDirectories.Open(request->Target.Directory), *request, job);
+    } catch (const std::system_error& error) {
+      job.FileDone(*request, {.Problem = error.what()});
     }
-    job.FileDone(*request, outcome);
   }
+  FTransfer.Finish(job);
 }
 
 std::vector<std::string> TFolderConnection::Hashes(std::span<const TRemoteName> names) {
@@ -221,12 +218,14 @@ std::vector<std::string> TFolderConnection::Hashes(std::span<const TRemoteName> 
   result.reserve(names.size());
   for (const TRemoteName& name : names) {
     std::string& hash = result.emplace_back();
+    if (IsCancelled())
+      throw TConnectionError("the run was interrupted");
     try {
       const TFileDescriptor file = OpenFile(name);
       TSHA256 digest;
-      ReadOpened(file.Get(), [&digest](std::string_view bytes) {
+      ReadOpened(file.Get(), [&](std::string_view bytes) {
         digest.Add(bytes);
-        return true;
+        return !IsCancelled();
       });
       hash = digest.Text();
     } catch (const std::system_error&) {

@@ -6,7 +6,7 @@
 #include "workbench/remote/folder/folder_copies.h"
 #include "workbench/remote/target/remote_connection.h"
 
-#include <optional>
+#include <atomic>
 
 namespace workbench {
 
@@ -20,8 +20,10 @@ enum class TMissingFolder {
 class TFolderConnection final : public IRemoteConnection {
 public:
   /// Throws TConnectionError when the folder is not there, is no directory or cannot be entered.
+  /// `cancelled`, when it is there and turns to something else than 0, ends what takes long.
   explicit TFolderConnection(const std::filesystem::path& folder,
-                             TMissingFolder missing = TMissingFolder::Refuse);
+                             TMissingFolder missing = TMissingFolder::Refuse,
+                             const std::atomic<int>* cancelled = nullptr);
 
   std::chrono::nanoseconds TimeResolution() const override { return FResolution; }
   std::string Root() const override { return FFolder.string(); }
@@ -60,11 +62,13 @@ private:
   TRemoteDirectory ResolveOne(const std::string& directory) const;
   TRemoteStatus ExamineOne(const TRemoteName& name);
   TFileDescriptor OpenFile(const TRemoteName& name);
+  bool IsCancelled() const { return FCancelled && *FCancelled != 0; }
 
   std::filesystem::path FFolder; // links resolved
   std::chrono::nanoseconds FResolution;
   bool FKeepsModes;
   bool FKnowsLinks;
+  const std::atomic<int>* FCancelled;
   TDirectoryHandles FDirectories;
   TFileTransfer FTransfer;
 };

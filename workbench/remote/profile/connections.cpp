@@ -13,7 +13,7 @@ void TConnections::SetPrompts(TPrompts prompts) {
 std::shared_ptr<IRemoteConnection> TConnections::Open(const TProfile& profile,
                                                       const std::atomic<int>* cancelled) {
   if (profile.Kind == TProfileKind::Folder)
-    return std::make_shared<TFolderConnection>(profile.Path);
+    return std::make_shared<TFolderConnection>(profile.Path, TMissingFolder::Refuse, cancelled);
   return MachineOf(profile)->Take(cancelled);
 }
 

@@ -19,7 +19,8 @@ public:
   /// The questions that are asked from now on; what is open stays as it is for its holder.
   void SetPrompts(TPrompts prompts);
   /// A connection to the machine of a profile. Throws TConnectionError. `cancelled`, when it is
-  /// there and turns to something else than 0, ends the attempt.
+  /// there and turns to something else than 0, ends the attempt and what the connection is used
+  /// for; it must outlive the connection.
   std::shared_ptr<IRemoteConnection> Open(const TProfile& profile,
                                           const std::atomic<int>* cancelled = nullptr);
   /// Begins to connect to a machine that takes its time, without waiting and without asking

@@ -22,7 +22,8 @@ bool IsDigest(std::string_view text) {
 } // namespace
 
 std::unordered_map<std::string, std::string> RemoteSHA256(const TRemoteExec& exec,
-                                                          std::span<const std::string> files) {
+                                                          std::span<const std::string> files,
+                                                          const TIsCancelled& isCancelled) {
   std::unordered_map<std::string, std::string> digests;
   if (!exec || files.empty())
     return digests;
@@ -42,8 +43,7 @@ std::unordered_map<std::string, std::string> RemoteSHA256(const TRemoteExec& exe
       return false;
     };
     RunProcess(
-        exec(Command), feed, [&lines](std::string_view bytes) { lines.Add(bytes); },
-        [] { return false; });
+        exec(Command), feed, [&lines](std::string_view bytes) { lines.Add(bytes); }, isCancelled);
     lines.Finish();
   } catch (const std::system_error&) {
     digests.clear();

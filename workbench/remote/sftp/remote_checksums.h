@@ -11,8 +11,9 @@
 namespace workbench {
 
 /// SHA-256 of files by their full path, as hexadecimal text, in one round trip. What the machine
-/// cannot compute is missing.
+/// cannot compute, or not before it is cancelled, is missing.
 std::unordered_map<std::string, std::string> RemoteSHA256(const TRemoteExec& exec,
-                                                          std::span<const std::string> files);
+                                                          std::span<const std::string> files,
+                                                          const TIsCancelled& isCancelled);
 
 } // namespace workbench

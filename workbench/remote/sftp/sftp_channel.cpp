@@ -18,17 +18,19 @@ constexpr std::size_t ReadSize = std::size_t(256) * 1024;
 constexpr std::size_t LargestUsefulWrite = std::size_t(128) * 1024;
 constexpr std::size_t HandlesLeft = 8; // of those that a server has, for other uses
 constexpr std::chrono::milliseconds PollPatience(100);
-constexpr std::chrono::seconds CancelPatience(3);
+// An interrupt is to be heard within a second, what takes back included.
+constexpr std::chrono::milliseconds CancelPatience(600);
 constexpr std::chrono::milliseconds ExitPatience(2000);
 constexpr std::chrono::seconds LongSilence(2); // longer than a machine at work is silent
+constexpr const char* InterruptedRun = "the run was interrupted";
 
 } // namespace
 
 TSftpChannel::TSftpChannel(const TProcessStart& start, const TSftpPatience& patience,
                            const std::atomic<int>* cancelled)
-    : FProcess(start), FSilence(patience.Greeting), FLastSign(std::chrono::steady_clock::now()) {
-  Greet(cancelled);
-  FSilence = patience.Answer;
+    : FProcess(start), FSilence(patience.Greeting), FLastSign(std::chrono::steady_clock::now()),
+      FCancelled(cancelled) {
+  Greet(patience);
 }
 
 bool TSftpChannel::IsAlive() const {
@@ -48,7 +50,7 @@ void TSftpChannel::Fail(const std::string& reason) {
   throw TConnectionError(said.empty() ? reason : said);
 }
 
-void TSftpChannel::Greet(const std::atomic<int>* cancelled) {
+void TSftpChannel::Greet(const TSftpPatience& patience) {
   FWriter.Begin(TSftpPacket::Init);
   FWriter.Number(ProtocolVersion);
   FWriter.End();
@@ -56,31 +58,45 @@ void TSftpChannel::Greet(const std::atomic<int>* cancelled) {
   while (!TakePacket(packet)) {
     if (FHasEnded)
       Fail("the machine ended the conversation before it began");
-    if (cancelled && *cancelled != 0)
-      Fail("the run was interrupted");
+    if (IsCancelled())
+      Fail(InterruptedRun);
     Move(PollPatience);
   }
   bool hasLimits = false;
   try {
-    TSftpParser content(packet);
-    if (content.Byte() != static_cast<std::uint8_t>(TSftpPacket::Version) ||
-        content.Number() < ProtocolVersion)
-      Fail("the machine does not speak version 3 of the file transfer protocol");
-    while (!content.IsAtEnd()) {
-      const std::string_view name = content.Text();
-      const std::string_view version = content.Text();
-      if (name == sftp_extension::PosixRename)
-        FLimits.HasPosixRename = version == "1";
-      else if (name == sftp_extension::HardLink)
-        FLimits.HasHardLinks = version == "1";
-      else if (name == sftp_extension::SpaceQuery)
-        FLimits.HasSpaceQuery = version == "2";
-      else if (name == sftp_extension::Limits)
-        hasLimits = version == "1";
-    }
+    hasLimits = ReadGreeting(packet);
   } catch (const TSftpFormatError& error) {
     Fail(std::string("the machine's greeting makes no sense: ") + error.what());
   }
+  FSilence = patience.Answer; // nobody is asked for a password any more
+  MeasureRoundTrip(hasLimits);
+}
+
+// True when the server tells its limits.
+bool TSftpChannel::ReadGreeting(std::string_view packet) {
+  TSftpParser content(packet);
+  if (content.Byte() != static_cast<std::uint8_t>(TSftpPacket::Version) ||
+      content.Number() < ProtocolVersion)
+    Fail("the machine does not speak version 3 of the file transfer protocol");
+  bool hasLimits = false;
+  while (!content.IsAtEnd()) {
+    const std::string_view name = content.Text();
+    const std::string_view version = content.Text();
+    if (name == sftp_extension::PosixRename)
+      FLimits.HasPosixRename = version == "1";
+    else if (name == sftp_extension::HardLink)
+      FLimits.HasHardLinks = version == "1";
+    else if (name == sftp_extension::SpaceQuery)
+      FLimits.HasSpaceQuery = version == "2";
+    else if (name == sftp_extension::Sync)
+      FLimits.HasSync = version == "1";
+    else if (name == sftp_extension::Limits)
+      hasLimits = version == "1";
+  }
+  return hasLimits;
+}
+
+void TSftpChannel::MeasureRoundTrip(bool hasLimits) {
   const auto start = std::chrono::steady_clock::now();
   if (hasLimits) {
     ReadLimits();
@@ -92,7 +108,8 @@ void TSftpChannel::Greet(const std::atomic<int>* cancelled) {
 }
 
 void TSftpChannel::ReadLimits() {
-  Post(TSftpPacket::Extended, sftp_extension::Limits, 0);
+  BeginExtended(sftp_extension::Limits);
+  Post(0);
   AskOnce(*this, [this](const TSftpReply& reply) {
     if (reply.Kind != TSftpPacket::ExtendedReply)
       return;
@@ -113,12 +130,19 @@ void TSftpChannel::ReadLimits() {
 TSftpWriter& TSftpChannel::Begin(TSftpPacket kind) {
   FWriter.Begin(kind);
   FWriter.Number(FFirstId + static_cast<std::uint32_t>(FPending.size()));
+  FBegun = {kind};
+  return FWriter;
+}
+
+TSftpWriter& TSftpChannel::BeginExtended(std::string_view name) {
+  Begin(TSftpPacket::Extended).Text(name);
+  FBegun.HasResult = name == sftp_extension::SpaceQuery || name == sftp_extension::Limits;
   return FWriter;
 }
 
 void TSftpChannel::Post(std::uint64_t cookie) {
   FWriter.End();
-  FPending.push_back({cookie, true});
+  FPending.push_back({cookie, FBegun, true});
   ++FPendingCount;
 }
 
@@ -129,23 +153,29 @@ void TSftpChannel::Post(TSftpPacket kind, std::string_view text, std::uint64_t c
 
 void TSftpChannel::Run(ISftpExchange& exchange) {
   using TClock = std::chrono::steady_clock;
+  if (FHasFailed)
+    Fail("the connection was lost");
   std::optional<TClock::time_point> cancelled;
   FLastSign = TClock::now();
   while (true) {
-    bool more = true;
-    while (FOut.Size() < OutRoom && (more = exchange.PostNext(*this))) {
-    }
-    if (FPendingCount == 0 && FOut.IsEmpty() && !more)
+    const bool isStopped = IsCancelled() && exchange.MayBeStopped();
+    bool more = !isStopped;
+    while (more && FOut.Size() < OutRoom)
+      more = exchange.PostNext(*this);
+    if (FPendingCount == 0 && FOut.IsEmpty() && !more) {
+      if (isStopped)
+        throw TConnectionError(InterruptedRun); // and the conversation can go on
       return;
+    }
     Move(PollPatience);
     Dispatch(exchange);
     if (FHasEnded && FPendingCount > 0)
       Fail(LossReason());
-    if (!exchange.IsCancelled())
+    if (!IsCancelled())
       continue;
     cancelled = cancelled.value_or(TClock::now());
     if (TClock::now() - *cancelled > CancelPatience)
-      Fail("the run was interrupted");
+      Fail(InterruptedRun);
   }
 }
 
@@ -243,6 +273,7 @@ void TSftpChannel::Dispatch(ISftpExchange& exchange) {
       const auto kind = static_cast<TSftpPacket>(content.Byte());
       TPending& pending = PendingOf(content.Number());
       const std::uint64_t cookie = pending.Cookie;
+      CheckAnswer(pending.Request, {kind, content});
       pending.IsWaiting = false;
       --FPendingCount;
       while (!FPending.empty() && !FPending.front().IsWaiting) {

@@ -3,9 +3,11 @@
 #pragma once
 
 #include "workbench/process/child_process.h"
+#include "workbench/remote/sftp/sftp_answers.h"
 #include "workbench/remote/sftp/sftp_wire.h"
 #include "workbench/remote/target/remote_connection.h"
 
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <deque>
@@ -24,8 +26,9 @@ public:
   virtual bool PostNext(TSftpChannel& channel) = 0;
   /// The answer to the request that was posted with that number of the exchange's own.
   virtual void OnReply(TSftpChannel& channel, std::uint64_t cookie, const TSftpReply& reply) = 0;
-  /// True asks for an end; requests that are out get some seconds to be answered.
-  virtual bool IsCancelled() const { return false; }
+  /// False for one that goes on when the run is interrupted: it is short, or takes back by itself
+  /// what it began. It gets a moment for that. Others are asked for nothing more.
+  virtual bool MayBeStopped() const { return true; }
 };
 
 /// Names of requests that some servers know beyond the protocol.
@@ -33,6 +36,7 @@ namespace sftp_extension {
 inline constexpr std::string_view PosixRename = "posix-rename@openssh.com";
 inline constexpr std::string_view HardLink = "hardlink@openssh.com";
 inline constexpr std::string_view SpaceQuery = "statvfs@openssh.com";
+inline constexpr std::string_view Sync = "fsync@openssh.com";
 inline constexpr std::string_view Limits = "limits@openssh.com";
 } // namespace sftp_extension
 
@@ -41,6 +45,7 @@ struct TSftpLimits {
   bool HasPosixRename = false; ///< a rename that replaces what is there, at once
   bool HasHardLinks = false;   ///< a second name for a file
   bool HasSpaceQuery = false;  ///< how full the disk is
+  bool HasSync = false;        ///< brings an open file to the disk
   std::size_t LargestWrite = std::size_t(32) * 1024; ///< bytes in one request
   std::size_t MostHandles = 100;                     ///< files that may be open at a time
   std::chrono::nanoseconds RoundTrip = {};           ///< from a request to its answer
@@ -61,6 +66,11 @@ public:
   TSftpChannel(const TProcessStart& start, const TSftpPatience& patience,
                const std::atomic<int>* cancelled = nullptr);
 
+  /// What interrupts exchanges from now on when it turns to something else than 0; null: nothing
+  /// does. It must live as long as it is set.
+  void SetCancelled(const std::atomic<int>* cancelled) { FCancelled = cancelled; }
+  bool IsCancelled() const { return FCancelled && *FCancelled != 0; }
+
   /// False when the conversation has ended, or stands in the middle of an exchange that broke.
   bool IsAlive() const;
 
@@ -68,12 +78,15 @@ public:
 
   /// Begins a request; its fields follow through the writer.
   TSftpWriter& Begin(TSftpPacket kind);
+  /// Begins a request beyond the protocol, of one of the names above.
+  TSftpWriter& BeginExtended(std::string_view name);
   /// Sends the request that was begun. The answer comes with `cookie`.
   void Post(std::uint64_t cookie);
   /// A request of one text, such as a path or a handle.
   void Post(TSftpPacket kind, std::string_view text, std::uint64_t cookie);
 
-  /// Works on the exchange until it has nothing more to post and all is answered.
+  /// Works on the exchange until it has nothing more to post and all is answered. An answer that
+  /// does not fit its request ends the conversation.
   void Run(ISftpExchange& exchange);
   /// Requests that wait for their answer.
   std::size_t Pending() const { return FPendingCount; }
@@ -81,10 +94,13 @@ public:
 private:
   struct TPending {
     std::uint64_t Cookie = 0;
+    TSftpRequest Request;
     bool IsWaiting = false;
   };
 
-  void Greet(const std::atomic<int>* cancelled);
+  void Greet(const TSftpPatience& patience);
+  bool ReadGreeting(std::string_view packet);
+  void MeasureRoundTrip(bool hasLimits);
   void ReadLimits();
   void Move(std::chrono::milliseconds patience);
   void Write();
@@ -99,6 +115,7 @@ private:
   TChildProcess FProcess;
   std::chrono::milliseconds FSilence; // the longest allowed just now
   std::chrono::steady_clock::time_point FLastSign;
+  const std::atomic<int>* FCancelled;
   TSftpLimits FLimits;
   TByteBuffer FOut;
   TSftpWriter FWriter{FOut};
@@ -108,6 +125,7 @@ private:
   std::deque<TPending> FPending; // by number, the first one's being FFirstId
   std::uint32_t FFirstId = 1;
   std::size_t FPendingCount = 0;
+  TSftpRequest FBegun; // and not posted yet
 };
 
 /// Runs a question with a single answer and hands its content to `take`.
@@ -117,6 +135,7 @@ void AskOnce(TSftpChannel& channel, TTake take) {
   public:
     explicit TOne(TTake& take) : FTake(take) {}
     bool PostNext(TSftpChannel&) override { return false; }
+    bool MayBeStopped() const override { return false; }
     void OnReply(TSftpChannel&, std::uint64_t, const TSftpReply& reply) override { FTake(reply); }
 
   private:

@@ -187,12 +187,14 @@ std::optional<TUnfinishedPart> TSftpConnection::FindPart(const TSendRequest& req
     return std::nullopt;
   const std::string path = request.Target.Directory + "/" + part->Name;
   if (part->Size <= static_cast<std::uint64_t>(status.st_size)) {
-    const auto theirs = RemoteSHA256(FMachine.Exec, {&path, 1});
+    const auto theirs =
+        RemoteSHA256(FMachine.Exec, {&path, 1}, [this] { return FChannel.IsCancelled(); });
     const auto digest = theirs.find(path);
     if (digest != theirs.end() && FileSHA256(request.LocalFile, part->Size) == digest->second)
       return part;
   }
-  return std::nullopt;
+  part->Size = 0;
+  return part;
 }
 
 void TSftpConnection::Send(ISendJob& job) {
@@ -211,7 +213,7 @@ std::vector<std::string> TSftpConnection::Hashes(std::span<const TRemoteName> na
   paths.reserve(names.size());
   for (const TRemoteName& name : names)
     paths.push_back(name.Path());
-  const auto told = RemoteSHA256(FMachine.Exec, paths);
+  const auto told = RemoteSHA256(FMachine.Exec, paths, [this] { return FChannel.IsCancelled(); });
   std::vector<std::string> rest;
   std::vector<std::size_t> restOf;
   for (std::size_t i = 0; i < paths.size(); ++i) {
@@ -274,18 +276,38 @@ TRemoteCreation TSftpConnection::CreateFile(const TRemoteName& name, std::string
   return {TResult::Failed, problem};
 }
 
-// A plain rename replaces nothing.
 std::string TSftpConnection::Rename(const TRemoteName& name, const std::string& newName) {
-  const bool replaces = FChannel.Limits().HasPosixRename;
-  if (!replaces)
-    Remove({name.Directory, newName});
-  TSftpWriter& writer = FChannel.Begin(replaces ? TSftpPacket::Extended : TSftpPacket::Rename);
-  if (replaces)
-    writer.Text(sftp_extension::PosixRename);
-  writer.Text(name.Path());
-  writer.Text(TRemoteName{name.Directory, newName}.Path());
-  FChannel.Post(0);
-  return Problem("renaming it");
+  constexpr std::string_view Action = "renaming it";
+  const std::string path = name.Path();
+  const std::string newPath = TRemoteName{name.Directory, newName}.Path();
+  if (FChannel.Limits().HasPosixRename) {
+    TSftpWriter& writer = FChannel.BeginExtended(sftp_extension::PosixRename);
+    writer.Text(path);
+    writer.Text(newPath);
+    FChannel.Post(0);
+    return Problem(Action);
+  }
+  const auto move = [&](const std::string& from, const std::string& to) {
+    TSftpWriter& writer = FChannel.Begin(TSftpPacket::Rename);
+    writer.Text(from);
+    writer.Text(to);
+    FChannel.Post(0);
+    return Problem(Action);
+  };
+  // It replaces nothing: what is there steps aside, and comes back when it is refused.
+  const std::string aside = TRemoteName{name.Directory, FNames.Next({})}.Path();
+  if (move(path, newPath).empty())
+    return {};
+  if (const std::string problem = move(newPath, aside); !problem.empty())
+    return problem;
+  std::string problem = move(path, newPath);
+  if (problem.empty()) {
+    FChannel.Post(TSftpPacket::Remove, aside, 0);
+    static_cast<void>(Answer()); // what stays is removed by a later deploy
+  } else if (!move(aside, newPath).empty()) {
+    problem += "; what stood there has the name " + aside + " now";
+  }
+  return problem;
 }
 
 std::string TSftpConnection::SetMode(const TRemoteName& name, unsigned mode) {
@@ -337,6 +359,7 @@ std::vector<TRemoteLink> TSftpConnection::ReadLinks(std::span<const TRemoteName>
 }
 
 std::string TSftpConnection::MakeLink(const TRemoteName& name, const std::string& text) {
+  FPaths.Forget();
   return MakeRemoteLink(FChannel, name, {name.Directory, FNames.Next({})}, text);
 }
 
@@ -351,7 +374,12 @@ TShell TSftpConnection::Shell() {
       RunProcess(
           FMachine.Exec(std::string(ShellProbe)), nullptr,
           [&answer](std::string_view bytes) { answer.append(bytes); },
-          [start] { return std::chrono::steady_clock::now() - start > ShellPatience; });
+          [this, start] {
+            return FChannel.IsCancelled() ||
+                   std::chrono::steady_clock::now() - start > ShellPatience;
+          });
+      if (FChannel.IsCancelled())
+        return TShell::None; // it was not found out
     } catch (const std::system_error&) {
       answer.clear();
     }
@@ -373,6 +401,7 @@ std::string TSftpConnection::RunCommand(const std::string& command, const std::s
   if (!line)
     return "cannot be run: " + Visible(directory) + " cannot be named in a command of " +
            std::string(ShellName(shell));
+  FPaths.Forget();
   TProcessStart start = FMachine.Exec(*line);
   start.JoinErrors = true;
   return RunAndHear(start, hear, cancelled);

@@ -51,6 +51,8 @@ public:
   TSftpConnection(TSftpMachine machine, std::shared_ptr<TMachineFacts> facts,
                   const std::atomic<int>* cancelled = nullptr);
 
+  /// What interrupts the work from now on, as for the constructor.
+  void SetCancelled(const std::atomic<int>* cancelled) { FChannel.SetCancelled(cancelled); }
   /// False when the connection is of no use any more.
   bool IsAlive() const { return FChannel.IsAlive(); }
   /// True when it carries the others.

@@ -68,8 +68,7 @@ std::string MakeRemoteLink(TSftpChannel& channel, const TRemoteName& name,
   if (const TSftpStatus status = Answer(channel); status != TSftpStatus::Ok)
     return "making a link beside it: " + SftpStatusText(status);
 
-  TSftpWriter& rename = channel.Begin(TSftpPacket::Extended);
-  rename.Text(sftp_extension::PosixRename);
+  TSftpWriter& rename = channel.BeginExtended(sftp_extension::PosixRename);
   rename.Text(unfinished.Path());
   rename.Text(name.Path());
   channel.Post(0);

@@ -14,7 +14,8 @@ namespace workbench {
 using THearEntry = std::function<void(const std::string& directory, std::string_view name,
                                       const TSftpAttributes& attributes)>;
 
-/// Reads all directories; what cannot be read is left out. Throws TConnectionError.
+/// Reads all directories; what cannot be read is left out, and so is what a directory has beyond
+/// 200,000 entries. Throws TConnectionError.
 void ListDirectories(TSftpChannel& channel, const std::vector<std::string>& directories,
                      const THearEntry& hear);
 

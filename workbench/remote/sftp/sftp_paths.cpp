@@ -149,7 +149,12 @@ std::vector<TRemoteDirectory> TSftpPaths::Resolve(std::span<const std::string> p
     }
   }
   TExamination examination(FPlaces, std::move(asked));
-  FChannel.Run(examination);
+  try {
+    FChannel.Run(examination);
+  } catch (const TConnectionError&) {
+    FPlaces.clear(); // what was not answered is not known
+    throw;
+  }
   std::vector<TRemoteDirectory> result;
   result.reserve(paths.size());
   for (const std::string& path : paths)

@@ -26,7 +26,7 @@ public:
   std::vector<TRemoteDirectory> Resolve(std::span<const std::string> paths);
   /// Makes resolved directories and those above them; the reason for each that failed.
   std::vector<std::string> Make(std::span<const std::string> paths);
-  /// Directories were removed: what is known of them does not hold any more.
+  /// Forgets what directories are and which were made: others may have changed or removed them.
   void Forget() {
     FPlaces.clear();
     FMade.clear();

@@ -24,8 +24,10 @@ public:
 
 class TReading final : public ISftpExchange {
 public:
-  TReading(std::span<const std::string> paths, IFileSink& sink)
-      : FPaths(paths), FSink(sink), FFiles(paths.size()) {}
+  TReading(std::span<const std::string> paths, IFileSink& sink, bool mayBeStopped)
+      : FPaths(paths), FSink(sink), FMayBeStopped(mayBeStopped), FFiles(paths.size()) {}
+
+  bool MayBeStopped() const override { return FMayBeStopped; }
 
   bool PostNext(TSftpChannel& channel) override {
     if (FNext == FPaths.size() || FOpen == MostReads)
@@ -51,10 +53,13 @@ public:
     }
     if (!isOpening && reply.Kind == TSftpPacket::Data) {
       const std::string_view bytes = content.Text();
+      if (bytes.size() > BlockSize)
+        throw TSftpFormatError("more bytes than were asked for");
       file.Offset += bytes.size();
-      if (!bytes.empty() && FSink.Bytes(cookie, bytes))
-        return Ask(channel, cookie);
-      return End(channel, cookie, TSftpStatus::Ok);
+      const bool wantsMore = FSink.Bytes(cookie, bytes);
+      if (FMayBeStopped && channel.IsCancelled())
+        return End(channel, cookie, TSftpStatus::Failure);
+      return wantsMore ? Ask(channel, cookie) : End(channel, cookie, TSftpStatus::Ok);
     }
     const TSftpStatus status =
         reply.Kind == TSftpPacket::Status ? reply.Status() : TSftpStatus::BadMessage;
@@ -88,15 +93,11 @@ private:
 
   std::span<const std::string> FPaths;
   IFileSink& FSink;
+  const bool FMayBeStopped;
   std::vector<TFile> FFiles;
   std::size_t FNext = 0;
   std::size_t FOpen = 0;
 };
-
-void ReadFiles(TSftpChannel& channel, std::span<const std::string> paths, IFileSink& sink) {
-  TReading reading(paths, sink);
-  channel.Run(reading);
-}
 
 class THashing final : public IFileSink {
 public:
@@ -150,13 +151,15 @@ private:
 
 std::vector<std::string> HashFiles(TSftpChannel& channel, std::span<const std::string> paths) {
   THashing hashing(paths.size());
-  ReadFiles(channel, paths, hashing);
+  TReading exchange(paths, hashing, /*mayBeStopped=*/true);
+  channel.Run(exchange);
   return std::move(hashing.Hashes);
 }
 
 TRemoteContent ReadWholeFile(TSftpChannel& channel, const std::string& path, std::uint64_t limit) {
   TReadingOne reading(limit);
-  ReadFiles(channel, {&path, 1}, reading);
+  TReading exchange({&path, 1}, reading, /*mayBeStopped=*/false);
+  channel.Run(exchange);
   return std::move(reading.Content);
 }
 

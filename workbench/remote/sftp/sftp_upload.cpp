@@ -1,7 +1,7 @@
 #include "workbench/remote/sftp/sftp_upload.h"
 
 #include "workbench/files/file_reader.h"
-#include "workbench/files/sha256.h"
+#include "workbench/remote/sftp/sftp_upload_file.h"
 
 #include <algorithm>
 #include <chrono>
@@ -10,12 +10,11 @@
 namespace workbench {
 namespace {
 
-constexpr std::uint64_t StepRange = 8; // room for the steps in a cookie
 // How many files are open at a time. A server works slower the more there are, so that they are
-// only as many as keep it busy: each file waits three times for an answer.
+// only as many as keep it busy: each file waits four times for an answer.
 constexpr std::size_t FewestUploads = 128;
 constexpr std::size_t MostUploads = 768;
-constexpr unsigned AnswersPerFile = 3;
+constexpr unsigned AnswersPerFile = 4;
 constexpr std::chrono::microseconds WorkPerFile(60);
 constexpr std::string_view Interrupted = "the run was interrupted";
 constexpr std::string_view Changed = "it changed while it was copied";
@@ -49,33 +48,6 @@ TFileDescriptor OpenSource(const TSendRequest& request, struct stat& status, std
 }
 
 } // namespace
-
-struct TSftpUpload::TFile {
-  explicit TFile(std::size_t slot) : Slot(slot) {}
-
-  std::size_t Slot;
-  const TSendRequest* Request = nullptr;
-  TFileDescriptor Source;
-  struct stat Status = {};
-  std::string Name;   // of the unfinished file
-  std::string Handle; // of the server
-  std::uint64_t Offset = 0;
-  unsigned Waiting = 0;  // requests without an answer
-  bool IsOpen = false;   // on the server
-  bool IsQueued = false; // waits for its turn to write
-  bool WasMade = false;  // the unfinished file is there
-  bool IsWhole = false;  // all requests that make it whole are out
-  bool IsRenamed = false;
-  bool Displaces = false;   // what stands under the final name was removed for it
-  bool WriteFailed = false; // for a reason that the server does not tell
-  bool CanStay = false;     // a later run can go on with it
-  unsigned Attempts = 0;
-  std::unique_ptr<TSHA256> Digest; // of what is sent; none when a part was there already
-  TSendOutcome Outcome = {};
-
-  std::uint64_t Size() const { return static_cast<std::uint64_t>(Status.st_size); }
-  std::string Path(const std::string& name) const { return Request->Target.Directory + "/" + name; }
-};
 
 TSftpUpload::TSftpUpload(ISendJob& job, TUnfinishedNames& names, const TSftpLimits& limits,
                          bool setsModes, TFindPart findPart)
@@ -138,8 +110,13 @@ void TSftpUpload::Begin(TSftpChannel& channel, TFile& file) {
   std::uint32_t flags = sftp_open::Write;
   const auto part =
       file.CanStay && FFindPart ? FFindPart(*file.Request, file.Status) : std::nullopt;
-  file.Digest = part ? nullptr : std::make_unique<TSHA256>();
-  if (part) {
+  const bool goesOn = part && part->Size > 0;
+  if (part && !goesOn) {
+    channel.Begin(TSftpPacket::Remove).Text(file.Path(part->Name));
+    Post(channel, file, TStep::Remove);
+  }
+  file.Digest = goesOn ? nullptr : std::make_unique<TSHA256>();
+  if (goesOn) {
     file.Name = part->Name;
     file.Offset = part->Size;
     file.WasMade = true;
@@ -153,11 +130,6 @@ void TSftpUpload::Begin(TSftpChannel& channel, TFile& file) {
   writer.Number(flags);
   writer.Attributes({.Mode = RightsFor(file.Status.st_mode, file.Request->MakeExecutable)});
   Post(channel, file, TStep::Open);
-}
-
-void TSftpUpload::Post(TSftpChannel& channel, TFile& file, TStep step) {
-  ++file.Waiting;
-  channel.Post(file.Slot * StepRange + static_cast<std::uint64_t>(step));
 }
 
 void TSftpUpload::Queue(TFile& file) {
@@ -211,6 +183,10 @@ void TSftpUpload::WriteBlock(TSftpChannel& channel, TFile& file) {
 
 // All bytes are out: the server takes requests in their order.
 void TSftpUpload::Complete(TSftpChannel& channel, TFile& file) {
+  if (FLimits.HasSync && file.Size() >= SyncedFileSize) {
+    channel.BeginExtended(sftp_extension::Sync).Text(file.Handle);
+    Post(channel, file, TStep::Write);
+  }
   TSftpWriter& writer = channel.Begin(TSftpPacket::FSetStat);
   const std::uint32_t time = Stamp(file.Status.st_mtim.tv_sec);
   writer.Text(file.Handle);
@@ -219,6 +195,8 @@ void TSftpUpload::Complete(TSftpChannel& channel, TFile& file) {
     attributes.Mode = RightsFor(file.Status.st_mode, file.Request->MakeExecutable);
   writer.Attributes(attributes);
   Post(channel, file, TStep::Stamp);
+  channel.Begin(TSftpPacket::FStat).Text(file.Handle);
+  Post(channel, file, TStep::Look);
   channel.Begin(TSftpPacket::Close).Text(file.Handle);
   Post(channel, file, TStep::Close);
   file.IsOpen = false;
@@ -228,17 +206,6 @@ void TSftpUpload::Complete(TSftpChannel& channel, TFile& file) {
   file.Outcome.Mode = RightsFor(file.Status.st_mode, file.Request->MakeExecutable);
   if (file.Digest)
     file.Outcome.Hash = file.Digest->Text();
-}
-
-void TSftpUpload::PostRename(TSftpChannel& channel, TFile& file) const {
-  TSftpWriter& writer =
-      channel.Begin(FLimits.HasPosixRename ? TSftpPacket::Extended : TSftpPacket::Rename);
-  if (FLimits.HasPosixRename)
-    writer.Text(sftp_extension::PosixRename);
-  writer.Text(file.Path(file.Name));
-  writer.Text(file.Path(file.Request->Target.Name));
-  file.IsRenamed = true;
-  Post(channel, file, TStep::Rename);
 }
 
 void TSftpUpload::OnReply(TSftpChannel& channel, std::uint64_t cookie, const TSftpReply& reply) {
@@ -266,6 +233,23 @@ void TSftpUpload::OnReply(TSftpChannel& channel, std::uint64_t cookie, const TSf
   case TStep::Rename:
     Renamed(channel, file, status);
     break;
+  case TStep::SetAside:
+    if (status == TSftpStatus::Ok) {
+      PostPlainRename(channel, file, file.Name, file.Request->Target.Name, TStep::RenameAgain);
+    } else {
+      file.Aside.clear(); // it stays where it is
+      note("putting it in place");
+    }
+    break;
+  case TStep::RenameAgain:
+    RenamedAgain(channel, file, status);
+    break;
+  case TStep::PutBack:
+    PutBack(file, status);
+    break;
+  case TStep::Look:
+    Looked(file, reply);
+    break;
   case TStep::Remove:
     break;
   case TStep::Space:
@@ -289,21 +273,6 @@ void TSftpUpload::Opened(TFile& file, const TSftpReply& reply) {
   file.Outcome.Problem =
       "making a temporary file beside it: " +
       (status == TSftpStatus::Ok ? "the server gives no handle" : SftpStatusText(status));
-}
-
-void TSftpUpload::Renamed(TSftpChannel& channel, TFile& file, TSftpStatus status) const {
-  if (status == TSftpStatus::Ok) {
-    file.WasMade = false;
-    return;
-  }
-  // A plain rename does not replace what is there.
-  if (!FLimits.HasPosixRename && !file.Displaces) {
-    file.Displaces = true;
-    channel.Begin(TSftpPacket::Remove).Text(file.Path(file.Request->Target.Name));
-    Post(channel, file, TStep::Remove);
-    return PostRename(channel, file);
-  }
-  file.Outcome.Problem = "putting it in place: " + SftpStatusText(status);
 }
 
 // Goes on with a file whose requests are all answered.
@@ -330,9 +299,7 @@ void TSftpUpload::TakeBack(TSftpChannel& channel, TFile& file) {
   }
   if (file.WriteFailed && FLimits.HasSpaceQuery) {
     file.WriteFailed = false; // asked once
-    TSftpWriter& writer = channel.Begin(TSftpPacket::Extended);
-    writer.Text(sftp_extension::SpaceQuery);
-    writer.Text(file.Request->Target.Directory);
+    channel.BeginExtended(sftp_extension::SpaceQuery).Text(file.Request->Target.Directory);
     Post(channel, file, TStep::Space);
   }
   const bool stays = file.CanStay && file.Outcome.Problem == Interrupted;

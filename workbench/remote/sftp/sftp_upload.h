@@ -19,12 +19,18 @@
 
 namespace workbench {
 
-/// Looks for what an earlier run left of a file whose local side has this state.
+/// Looks for what an earlier run left of a file whose local side has this state. A part of size 0
+/// is of no use and is to go.
 using TFindPart =
     std::function<std::optional<TUnfinishedPart>(const TSendRequest&, const struct stat& local)>;
 
 /// Files of this size and more are worth going on with.
 inline constexpr std::uint64_t LargeFileSize = std::uint64_t(4) * 1024 * 1024;
+
+/// Files of this size and more are brought to the disk of the target before they are put in place,
+/// where the server does that. It does it file by file, which would take many small ones longer
+/// than to send them.
+inline constexpr std::uint64_t SyncedFileSize = std::uint64_t(1024) * 1024;
 
 /// One job on one channel. How many files are open at a time follows the length of the line and
 /// what the server allows.
@@ -38,10 +44,26 @@ public:
 
   bool PostNext(TSftpChannel& channel) override;
   void OnReply(TSftpChannel& channel, std::uint64_t cookie, const TSftpReply& reply) override;
-  bool IsCancelled() const override { return FJob.IsCancelled(); }
+  /// What was begun is taken back, and what is being put in place is.
+  bool MayBeStopped() const override { return false; }
 
 private:
-  enum class TStep : std::uint8_t { Open, Write, Stamp, Close, Rename, Remove, Space };
+  // Look: at the file before it is put in place, and at what stands under the final name then. The
+  // three steps before it are the way to get there on a server that replaces nothing: what is there
+  // steps aside, and comes back when the new file is refused.
+  enum class TStep : std::uint8_t {
+    Open,
+    Write,
+    Stamp,
+    Close,
+    Rename,
+    SetAside,
+    RenameAgain,
+    PutBack,
+    Look,
+    Remove,
+    Space
+  };
   struct TFile;
 
   bool Start(TSftpChannel& channel);
@@ -53,8 +75,14 @@ private:
   void Complete(TSftpChannel& channel, TFile& file);
   static void Post(TSftpChannel& channel, TFile& file, TStep step);
   void PostRename(TSftpChannel& channel, TFile& file) const;
+  static void PostPlainRename(TSftpChannel& channel, TFile& file, const std::string& from,
+                              const std::string& to, TStep step);
+  static void PostLook(TSftpChannel& channel, TFile& file);
   void Opened(TFile& file, const TSftpReply& reply);
-  void Renamed(TSftpChannel& channel, TFile& file, TSftpStatus status) const;
+  void Renamed(TSftpChannel& channel, TFile& file, TSftpStatus status);
+  static void RenamedAgain(TSftpChannel& channel, TFile& file, TSftpStatus status);
+  static void PutBack(TFile& file, TSftpStatus status);
+  static void Looked(TFile& file, const TSftpReply& reply);
   void WhenAnswered(TSftpChannel& channel, TFile& file);
   void TakeBack(TSftpChannel& channel, TFile& file);
   void End(TFile& file);

@@ -118,7 +118,7 @@ TSftpAttributes TSftpParser::Attributes() {
 
 TSftpStatus TSftpReply::Status() const {
   if (Kind != TSftpPacket::Status)
-    return TSftpStatus::Ok;
+    return TSftpStatus::BadMessage;
   TSftpParser content = Content;
   return static_cast<TSftpStatus>(content.Number());
 }

@@ -22,6 +22,7 @@ enum class TSftpPacket : std::uint8_t {
   Read = 5,
   Write = 6,
   LStat = 7,
+  FStat = 8,
   SetStat = 9,
   FSetStat = 10,
   OpenDirectory = 11,
@@ -130,7 +131,7 @@ struct TSftpReply {
   TSftpPacket Kind = TSftpPacket::Status;
   TSftpParser Content = {};
 
-  /// The status when the reply is one, else that all is well.
+  /// The status when the reply is one, else BadMessage.
   TSftpStatus Status() const;
 };
 

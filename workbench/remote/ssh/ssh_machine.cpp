@@ -104,7 +104,7 @@ void TSshMachine::Prepare() {
   const std::lock_guard stateLock(FMutex);
   if (!FIsConnected && !FPrepared.valid())
     FPrepared = std::async(std::launch::async, [this] {
-      return Open(FCommands.FirstConnection({}), /*isFirst=*/true, &FNobodyWaits);
+      return Open(FCommands.FirstConnection({}), TConnecting::Silently, &FNobodyWaits);
     });
 }
 
@@ -124,7 +124,8 @@ std::shared_ptr<IRemoteConnection> TSshMachine::Take(const std::atomic<int>* can
     }
   }
   if (!connection)
-    connection = Open(FCommands.FurtherConnection(), /*isFirst=*/false, cancelled);
+    connection = Open(FCommands.FurtherConnection(), TConnecting::Further, cancelled);
+  connection->SetCancelled(cancelled);
   return {connection.release(), [machine = shared_from_this()](TSftpConnection* returned) {
             machine->GiveBack(std::unique_ptr<TSftpConnection>(returned));
           }};
@@ -162,9 +163,9 @@ std::unique_ptr<TSftpConnection> TSshMachine::AwaitPrepared(const std::atomic<in
 
 std::unique_ptr<TSftpConnection> TSshMachine::OpenAsking(const std::atomic<int>* cancelled) const {
   if (!FPrompts.TellsSecret || AskpassProgram().empty())
-    return Open(FCommands.FirstConnection({}), /*isFirst=*/true, cancelled);
+    return Open(FCommands.FirstConnection({}), TConnecting::Silently, cancelled);
   const TAskpassListener listener(FPrompts.TellsSecret);
-  return Open(FCommands.FirstConnection(listener.Environment()), /*isFirst=*/true, cancelled);
+  return Open(FCommands.FirstConnection(listener.Environment()), TConnecting::Asking, cancelled);
 }
 
 // True when another attempt is worth it.
@@ -186,17 +187,20 @@ std::unique_ptr<TSftpConnection> TSshMachine::TakeIdle() {
   return nullptr;
 }
 
-std::unique_ptr<TSftpConnection> TSshMachine::Open(const TProcessStart& sftp, bool isFirst,
+std::unique_ptr<TSftpConnection> TSshMachine::Open(const TProcessStart& sftp, TConnecting how,
                                                    const std::atomic<int>* cancelled) const {
   TSftpMachine machine{
       .Sftp = sftp,
       .Exec = [commands = FCommands](const std::string& line) { return commands.Command(line); },
       .RemoteShell = FCommands.Words(),
       .Root = FProfile.Path,
-      .IsFirst = isFirst};
-  // The client gives up by itself when nobody is there; a person who is asked may take longer.
-  machine.Greeting = isFirst ? std::chrono::seconds(FProfile.ConnectTimeout) + LongestLogIn
-                             : std::chrono::seconds(FProfile.ConnectTimeout) + machine.Silence;
+      .IsFirst = how != TConnecting::Further};
+  // A person who is asked may take longer than any machine.
+  machine.Greeting = std::chrono::seconds(FProfile.ConnectTimeout);
+  if (how == TConnecting::Asking)
+    machine.Greeting += LongestLogIn;
+  else
+    machine.Greeting += machine.Silence;
   try {
     return std::make_unique<TSftpConnection>(std::move(machine), FFacts, cancelled);
   } catch (const std::system_error& error) {
@@ -205,6 +209,7 @@ std::unique_ptr<TSftpConnection> TSshMachine::Open(const TProcessStart& sftp, bo
 }
 
 void TSshMachine::GiveBack(std::unique_ptr<TSftpConnection> connection) {
+  connection->SetCancelled(nullptr);
   const std::lock_guard lock(FMutex);
   if (connection->IsAlive())
     FIdle.push_back(std::move(connection));

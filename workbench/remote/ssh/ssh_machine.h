@@ -57,16 +57,19 @@ public:
   /// Begins to connect, asking nobody, on a thread of its own; Take waits for it.
   void Prepare();
   /// A connection of the caller's own; it comes back to the machine when it is let go. Throws
-  /// TConnectionError. `cancelled`, when it is there, ends the attempt.
+  /// TConnectionError. `cancelled`, when it is there, ends the attempt and what the connection is
+  /// used for; it must outlive the connection.
   std::shared_ptr<IRemoteConnection> Take(const std::atomic<int>* cancelled);
 
 private:
+  enum class TConnecting { Silently, Asking, Further };
+
   std::unique_ptr<TSftpConnection> TakeIdle();
   std::unique_ptr<TSftpConnection> OpenFirst(const std::atomic<int>* cancelled);
   std::unique_ptr<TSftpConnection> OpenAsking(const std::atomic<int>* cancelled) const;
   std::unique_ptr<TSftpConnection> AwaitPrepared(const std::atomic<int>* cancelled);
   bool Mend(const TConnectionError& error, const std::atomic<int>* cancelled) const;
-  std::unique_ptr<TSftpConnection> Open(const TProcessStart& sftp, bool isFirst,
+  std::unique_ptr<TSftpConnection> Open(const TProcessStart& sftp, TConnecting how,
                                         const std::atomic<int>* cancelled) const;
   void GiveBack(std::unique_ptr<TSftpConnection> connection);
 

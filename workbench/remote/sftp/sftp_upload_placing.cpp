@@ -1,0 +1,80 @@
+// The last steps of an upload: a whole file takes its final name.
+#include "workbench/remote/sftp/sftp_upload_file.h"
+
+namespace workbench {
+
+void TSftpUpload::Post(TSftpChannel& channel, TFile& file, TStep step) {
+  ++file.Waiting;
+  channel.Post(file.Slot * StepRange + static_cast<std::uint64_t>(step));
+}
+
+void TSftpUpload::PostRename(TSftpChannel& channel, TFile& file) const {
+  file.IsRenamed = true;
+  if (!FLimits.HasPosixRename)
+    return PostPlainRename(channel, file, file.Name, file.Request->Target.Name, TStep::Rename);
+  TSftpWriter& writer = channel.BeginExtended(sftp_extension::PosixRename);
+  writer.Text(file.Path(file.Name));
+  writer.Text(file.Path(file.Request->Target.Name));
+  Post(channel, file, TStep::Rename);
+}
+
+void TSftpUpload::PostPlainRename(TSftpChannel& channel, TFile& file, const std::string& from,
+                                  const std::string& to, TStep step) {
+  TSftpWriter& writer = channel.Begin(TSftpPacket::Rename);
+  writer.Text(file.Path(from));
+  writer.Text(file.Path(to));
+  Post(channel, file, step);
+}
+
+void TSftpUpload::PostLook(TSftpChannel& channel, TFile& file) {
+  channel.Begin(TSftpPacket::LStat).Text(file.Path(file.Request->Target.Name));
+  Post(channel, file, TStep::Look);
+}
+
+void TSftpUpload::Renamed(TSftpChannel& channel, TFile& file, TSftpStatus status) {
+  if (status == TSftpStatus::Ok) {
+    file.WasMade = false;
+    return PostLook(channel, file);
+  }
+  if (FLimits.HasPosixRename) {
+    file.Outcome.Problem = "putting it in place: " + SftpStatusText(status);
+    return;
+  }
+  // A plain rename does not replace what is there.
+  file.Aside = FNames.Next({});
+  PostPlainRename(channel, file, file.Request->Target.Name, file.Aside, TStep::SetAside);
+}
+
+void TSftpUpload::RenamedAgain(TSftpChannel& channel, TFile& file, TSftpStatus status) {
+  if (status == TSftpStatus::Ok) {
+    file.WasMade = false;
+    PostLook(channel, file);
+    channel.Begin(TSftpPacket::Remove).Text(file.Path(file.Aside));
+    Post(channel, file, TStep::Remove);
+    return;
+  }
+  file.Outcome.Problem = "putting it in place: " + SftpStatusText(status);
+  PostPlainRename(channel, file, file.Aside, file.Request->Target.Name, TStep::PutBack);
+}
+
+void TSftpUpload::PutBack(TFile& file, TSftpStatus status) {
+  if (status != TSftpStatus::Ok)
+    file.Outcome.Problem += "; what stood there has the name " + file.Aside + " now";
+}
+
+// What a server says of its own deeds is compared with what is there.
+void TSftpUpload::Looked(TFile& file, const TSftpReply& reply) {
+  if (!file.Outcome.Problem.empty())
+    return;
+  if (reply.Kind != TSftpPacket::Attributes) {
+    file.Outcome.Problem = "looking at it on the target: " + SftpStatusText(reply.Status());
+    return;
+  }
+  TSftpParser content = reply.Content;
+  const std::optional<std::uint64_t> size = content.Attributes().Size;
+  if (size && *size != file.Size())
+    file.Outcome.Problem = "the target has " + std::to_string(*size) + " of its " +
+                           std::to_string(file.Size()) + " bytes";
+}
+
+} // namespace workbench
