@@ -123,7 +123,7 @@ TEST_F(Unpacking, HoldsNamesAgainstTheTarget) {
             "cannot be unpacked: \"D/X\" in it has the name of \"d/x\" for the target");
   TArchiveMaker(Local("a.tar")).File("d/con.txt", "1");
   EXPECT_EQ(problem({.Names = {.IgnoresCase = true, .WindowsNames = true}}).substr(0, 76),
-            "cannot be unpacked: \"d/con.txt\" in it has a name that the target cannot hol");
+            "cannot be unpacked: \"d/con.txt\" in it has a name that the target cannot hold");
 }
 
 TEST_F(Unpacking, RefusesAnArchiveThatChangedSinceItWasSent) {

@@ -1,6 +1,7 @@
 // What a server says is held against what it was asked, and its deeds against what it says.
 #include "tests/workbench/remote/sftp/sftp_fixture.h"
 #include "workbench/deploy/remote_queries.h"
+#include "workbench/remote/sftp/sftp_upload.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -80,7 +81,7 @@ TEST_F(LyingServer, IsNotBelievedWhenItAnswersAWriteWithSomethingElse) {
 
 TEST_F(LyingServer, IsNotBelievedWhenItAnswersARenameWithSomethingElse) {
   for (const char* kind : {"2", "102", "103", "104", "105", "201", "250"})
-    EXPECT_EQ(Deploy(std::string("kind:") + kind, ""),
+    EXPECT_EQ(Deploy(std::string("rename-kind:") + kind),
               NoSense + "an answer of kind " + kind + " to a request of kind 200");
 }
 

@@ -64,7 +64,7 @@ void WriteBytes(int file, std::string_view bytes) {
   }
 }
 
-// What a request is: its kind, and the name where it is an extended one.
+// What a request is: its kind, and the name where it is an extended one or a look at a file.
 struct TRequest {
   TSftpPacket Kind = TSftpPacket::Status;
   std::string Name;
@@ -115,11 +115,15 @@ public:
 private:
   static TRequest RequestOf(const std::string& packet) {
     TRequest request{static_cast<TSftpPacket>(packet.front()), {}};
-    if (request.Kind == TSftpPacket::Extended) {
+    if (request.Kind == TSftpPacket::Extended || request.Kind == TSftpPacket::LStat) {
       TSftpParser content(std::string_view(packet).substr(1 + LengthSize));
       request.Name = content.Text();
     }
     return request;
+  }
+  // Tests call their file so; directories are told of truly.
+  static bool IsLook(const TRequest& request) {
+    return request.Kind == TSftpPacket::LStat && request.Name.ends_with("/a");
   }
   static bool IsRename(const TRequest& request) {
     return request.Kind == TSftpPacket::Rename || request.Name.starts_with("posix-rename");
@@ -142,7 +146,7 @@ private:
            (FLie == "rename-nothing" && IsRename(request));
   }
   bool IsSwallowed(const TRequest& request) const {
-    return (FLie == "silent-stat" && request.Kind == TSftpPacket::LStat) ||
+    return (FLie == "silent-stat" && IsLook(request)) ||
            (FLie == "silent-write" && request.Kind == TSftpPacket::Write) ||
            (FLie == "silent-list" && request.Kind == TSftpPacket::OpenDirectory);
   }
@@ -153,11 +157,14 @@ private:
     };
     const bool isWrite = request.Kind == TSftpPacket::Write;
     const bool isList = request.Kind == TSftpPacket::ReadDirectory;
-    const bool isLook = request.Kind == TSftpPacket::LStat;
+    const bool isLook = IsLook(request);
     const std::string attributes = Number(4) + Number(0100644);
     if (const std::string_view start = "kind:"; FLie.starts_with(start)) {
       if (isWrite || IsRename(request))
         packet[0] = static_cast<char>(std::atoi(FLie.c_str() + start.size()));
+    } else if (const std::string_view renaming = "rename-kind:"; FLie.starts_with(renaming)) {
+      if (IsRename(request))
+        packet[0] = static_cast<char>(std::atoi(FLie.c_str() + renaming.size()));
     } else if (FLie == "handle-for-data" && request.Kind == TSftpPacket::Read) {
       as(TSftpPacket::Handle, Text("h"));
     } else if (FLie == "empty-data" && request.Kind == TSftpPacket::Read) {
