@@ -265,15 +265,15 @@ void TDeployRun::KeepBefore(const TRecordedRun& run) {
 }
 
 void TDeployRun::Execute() {
-  TDeployExecution execution{.Connection = *FConnection,
-                             .Connect = FConnect,
-                             .Directory = FFacts.ProjectFile.parent_path(),
-                             .Jobs = FTerms.Options.Jobs,
-                             .Observer = FObserver,
-                             .Cancelled = FCancelled,
-                             .Target = FFacts.Target,
-                             .Places = FFacts.Destinations.RulesOf(FFacts.Destination,
-                                                                   FFacts.Target.Platform)};
+  TDeployExecution execution{
+      .Connection = *FConnection,
+      .Connect = FConnect,
+      .Directory = FFacts.ProjectFile.parent_path(),
+      .Jobs = FTerms.Options.Jobs,
+      .Observer = FObserver,
+      .Cancelled = FCancelled,
+      .Target = FFacts.Target,
+      .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FFacts.Target.Platform)};
   if (!FStore || !HasWork() || !Lock()) {
     ExecuteDeployPlan(FPlan, execution, FReport);
     RunAfterDeploy();
