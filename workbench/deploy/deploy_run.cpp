@@ -245,6 +245,9 @@ bool TDeployRun::Lock() {
     return forget(error.what());
   }
   const TRecordReading now = FStore->Read(*FConnection);
+  if (now.State == TRecordState::Damaged && FReading.State != TRecordState::Damaged)
+    throw THeldTarget{TDeployEnd::Refused,
+                      {"the record on the target cannot be read any more: " + now.Problem}};
   if (now.State != FReading.State || now.Record != FReading.Record)
     throw THeldTarget{TDeployEnd::Refused,
                       {"somebody else deployed there meanwhile; deploy again"}};
