@@ -3,14 +3,12 @@
 #include "package/common/case_fold.h"
 #include "workbench/deploy/left_overs.h"
 #include "workbench/deploy/link_texts.h"
+#include "workbench/deploy/local_files.h"
 #include "workbench/deploy/record/record_place.h"
-#include "workbench/files/file_descriptor.h"
-#include "workbench/files/file_reader.h"
 #include "workbench/files/sha256.h"
 #include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
-#include <sys/stat.h>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -66,7 +64,6 @@ private:
     return FOptions.Places.Names.IgnoresCase ? deployment::UpperCase(path) : path;
   }
   void ExamineLocalFiles();
-  void ExamineLocalFile(TPlannedFile& file);
   void CollectCommands();
   void PlanAfterDeploy();
   void TakeRecord(const TTargetRecord& record);
@@ -186,37 +183,10 @@ void TPlanner::FindCollisions() {
 
 void TPlanner::ExamineLocalFiles() {
   for (TPlannedFile& file : FPlan.Files) {
-    if (file.File.Operation != TDeployOperation::Remove)
-      ExamineLocalFile(file);
-  }
-}
-
-void TPlanner::ExamineLocalFile(TPlannedFile& file) {
-  struct stat status = {};
-  const bool isThere = ::stat(file.File.LocalFile.c_str(), &status) == 0;
-  const int error = errno;
-  if (isThere && S_ISREG(status.st_mode)) {
-    file.Bytes = static_cast<std::uint64_t>(status.st_size);
-    file.Local = {.Size = file.Bytes, .Time = FileTimeOf(status.st_mtim)};
-    file.Mode = RightsFor(status.st_mode, file.File.Executable);
-    if (FOptions.HashAll)
-      file.Local.Hash = FileSHA256(file.File.LocalFile).value_or(std::string(UnreadableHere));
-    return;
-  }
-  const std::string reason = isThere ? file.File.LocalFile.string() + " is " +
-                                           std::string(KindOfFile(status.st_mode)) + ", not a file"
-                                     : "the local file " + file.File.LocalFile.string() +
-                                           (error == ENOENT || error == ENOTDIR
-                                                ? std::string(" is missing")
-                                                : " cannot be examined: " + SystemReason(error));
-  if (file.File.Required) {
-    Refuse(file, reason + ", and it is required");
-  } else {
-    const bool isMissing = !isThere && (error == ENOENT || error == ENOTDIR);
-    file.State = TFileState::MissingHere;
-    file.Action =
-        isMissing && FOptions.SkipMissing ? TDeployAction::Skipped : TDeployAction::Failed;
-    file.Reason = reason;
+    if (file.File.Operation == TDeployOperation::Remove)
+      continue;
+    if (const std::string problem = ExamineLocalFile(file, FOptions); !problem.empty())
+      Refuse(file, problem);
   }
 }
 

@@ -1,0 +1,42 @@
+#include "workbench/deploy/local_files.h"
+
+#include "workbench/deploy/left_overs.h"
+#include "workbench/files/file_descriptor.h"
+#include "workbench/files/file_reader.h"
+#include "workbench/files/sha256.h"
+#include "workbench/remote/target/file_times.h"
+
+#include <cerrno>
+#include <sys/stat.h>
+#include <utility>
+
+namespace workbench {
+
+std::string ExamineLocalFile(TPlannedFile& file, const TPlanOptions& options) {
+  struct stat status = {};
+  const bool isThere = ::stat(file.File.LocalFile.c_str(), &status) == 0;
+  const int error = errno;
+  if (isThere && S_ISREG(status.st_mode)) {
+    file.Bytes = static_cast<std::uint64_t>(status.st_size);
+    file.Local = {.Size = file.Bytes, .Time = FileTimeOf(status.st_mtim)};
+    file.Mode = RightsFor(status.st_mode, file.File.Executable);
+    if (options.HashAll)
+      file.Local.Hash = FileSHA256(file.File.LocalFile).value_or(std::string(UnreadableHere));
+    return {};
+  }
+  std::string reason = isThere ? file.File.LocalFile.string() + " is " +
+                                     std::string(KindOfFile(status.st_mode)) + ", not a file"
+                               : "the local file " + file.File.LocalFile.string() +
+                                     (error == ENOENT || error == ENOTDIR
+                                          ? std::string(" is missing")
+                                          : " cannot be examined: " + SystemReason(error));
+  if (file.File.Required)
+    return reason + ", and it is required";
+  const bool isMissing = !isThere && (error == ENOENT || error == ENOTDIR);
+  file.State = TFileState::MissingHere;
+  file.Action = isMissing && options.SkipMissing ? TDeployAction::Skipped : TDeployAction::Failed;
+  file.Reason = std::move(reason);
+  return {};
+}
+
+} // namespace workbench
