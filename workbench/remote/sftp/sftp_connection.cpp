@@ -4,6 +4,7 @@
 #include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
 #include "workbench/remote/sftp/remote_checksums.h"
+#include "workbench/remote/sftp/sftp_examination.h"
 #include "workbench/remote/sftp/sftp_links.h"
 #include "workbench/remote/sftp/sftp_listing.h"
 #include "workbench/remote/sftp/sftp_reading.h"
@@ -20,53 +21,9 @@ namespace {
 
 constexpr unsigned FewestConnections = 2;
 constexpr unsigned MostConnections = 4; // more only get in each other's way
-constexpr std::uint32_t RightsMask = 0777;
 constexpr std::chrono::seconds ShellPatience(15);
 // Files that a machine unknown to this one left unfinished: longer than any deploy takes.
 constexpr std::chrono::hours ForeignAge(24);
-
-TRemoteStatus StatusFrom(const TSftpReply& reply) {
-  TRemoteStatus status;
-  if (reply.Kind != TSftpPacket::Attributes) {
-    if (reply.Status() != TSftpStatus::NoSuchFile)
-      status.Problem = SftpStatusText(reply.Status());
-    return status;
-  }
-  TSftpParser content = reply.Content;
-  const TSftpAttributes attributes = content.Attributes();
-  const std::uint32_t mode = attributes.Mode.value_or(sftp_kind::File);
-  status.Kind = (mode & sftp_kind::Mask) == sftp_kind::File        ? TRemoteKind::File
-                : (mode & sftp_kind::Mask) == sftp_kind::Directory ? TRemoteKind::Directory
-                : (mode & sftp_kind::Mask) == sftp_kind::Link      ? TRemoteKind::Link
-                                                                   : TRemoteKind::Other;
-  status.Size = attributes.Size.value_or(0);
-  status.Modified = deployment::TFileTime(std::chrono::seconds(attributes.Modified.value_or(0)));
-  status.Mode = mode & RightsMask;
-  return status;
-}
-
-class TStatusQuestions final : public ISftpExchange {
-public:
-  explicit TStatusQuestions(std::span<const TRemoteName> names)
-      : Answers(names.size()), FNames(names) {}
-
-  bool PostNext(TSftpChannel& channel) override {
-    if (FNext == FNames.size())
-      return false;
-    channel.Post(TSftpPacket::LStat, FNames[FNext].Path(), FNext);
-    ++FNext;
-    return true;
-  }
-  void OnReply(TSftpChannel&, std::uint64_t cookie, const TSftpReply& reply) override {
-    Answers[cookie] = StatusFrom(reply);
-  }
-
-  std::vector<TRemoteStatus> Answers;
-
-private:
-  std::span<const TRemoteName> FNames;
-  std::size_t FNext = 0;
-};
 
 bool IsOnDrive(const std::string& path) {
   return path.size() > 1 && path[1] == ':';
@@ -133,9 +90,7 @@ std::vector<TRemoteDirectory> TSftpConnection::Resolve(std::span<const std::stri
 }
 
 std::vector<TRemoteStatus> TSftpConnection::Examine(std::span<const TRemoteName> names) {
-  TStatusQuestions questions(names);
-  FChannel.Run(questions);
-  return std::move(questions.Answers);
+  return ExamineRemote(FChannel, names);
 }
 
 std::vector<std::string>
