@@ -11,7 +11,6 @@
 namespace workbench {
 namespace {
 
-constexpr std::string_view AndroidPlatform = "Android";
 constexpr std::string_view StagingDirectory = "package";
 
 } // namespace
@@ -37,13 +36,9 @@ std::vector<std::string> DifferencesOf(const TBinding& then, const TBinding& now
   return differences;
 }
 
-// Programs of such a platform are packed here and go to no machine.
 bool TDestinations::IsStaged(deployment::ICustomProject& project,
                              const std::string& platform) const {
-  const TPlatform* facts = FPlatforms.FindPlatform(platform);
-  const std::string personality = project.GetPersonality();
-  return platform == AndroidPlatform || (facts && !facts->RequiresProfile(personality) &&
-                                         !facts->PersonalityRequiresProfile(personality));
+  return FPlatforms.IsStaged(platform, project.GetPersonality());
 }
 
 const TProfile& TDestinations::ProfileOf(deployment::ICustomProject& project,

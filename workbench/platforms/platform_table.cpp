@@ -149,6 +149,12 @@ void TPlatformTable::Overlay(TPlatformTable other) {
     FPlatforms.Set(name, std::move(*other.FPlatforms.Find(name)));
 }
 
+bool TPlatformTable::IsStaged(std::string_view platform, std::string_view personality) const {
+  const TPlatform* facts = FindPlatform(platform);
+  return platform == "Android" || (facts && !facts->RequiresProfile(personality) &&
+                                   !facts->PersonalityRequiresProfile(personality));
+}
+
 std::vector<std::string> TPlatformTable::Names() const {
   std::vector<std::string> names;
   for (const auto& [name, platform] : FPlatforms)

@@ -78,6 +78,9 @@ public:
 
   /// Compared exactly; null when unknown.
   const TPlatform* FindPlatform(std::string_view name) const { return FPlatforms.Find(name); }
+  /// True when programs of the platform are packed in a folder here and go to no machine: those
+  /// for Android, and all that need no profile.
+  bool IsStaged(std::string_view platform, std::string_view personality) const;
   std::vector<std::string> Names() const;
   const deployment::TOrderedDictionary<TPlatform>& Platforms() const { return FPlatforms; }
 

@@ -50,14 +50,6 @@ TPlatformTable ReadPlatforms(const std::filesystem::path& root) {
   return table;
 }
 
-// Programs of such a platform are packed in a folder here and go to no machine.
-bool IsStaged(const TPlatformTable& platforms, const std::string& platform,
-              const std::string& personality) {
-  const TPlatform* facts = platforms.FindPlatform(platform);
-  return platform == "Android" || (facts && !facts->RequiresProfile(personality) &&
-                                   !facts->PersonalityRequiresProfile(personality));
-}
-
 void CopyAttributes(const deployment::IXMLNode& from, deployment::IXMLNode& to) {
   for (std::size_t i = 0; i < from.AttributeCount(); ++i)
     to.SetAttribute(from.AttributeName(i), *from.GetAttribute(from.AttributeName(i)));
@@ -231,7 +223,7 @@ TSettings& TSession::Settings() {
 
 deployment::TEntryPaths TSession::PathsOf(TOpenProject& project,
                                           const deployment::TDeploymentTarget& target) {
-  const auto base = IsStaged(FImpl->Platforms, target.Platform, project.Settings().Personality())
+  const auto base = FImpl->Platforms.IsStaged(target.Platform, project.Settings().Personality())
                         ? deployment::TRemoteBase::None
                         : deployment::TRemoteBase::ProjectRoot;
   return deployment::TEntryPaths(project.Project(), project.Deployment(), target,

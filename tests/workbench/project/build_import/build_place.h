@@ -2,13 +2,12 @@
 #pragma once
 
 #include "package/common/errors.h"
+#include "tests/support/temporary_directory.h"
 #include "workbench/project/build_import/build_directory.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -16,25 +15,11 @@ namespace workbench::testing {
 
 class TBuildPlace {
 public:
-  TBuildPlace() {
-    std::string name = (std::filesystem::temp_directory_path() / "build-XXXXXX").string();
-    if (!::mkdtemp(name.data()))
-      throw std::runtime_error("no temporary directory");
-    FDirectory = std::filesystem::canonical(name);
-  }
-  ~TBuildPlace() {
-    std::error_code ignored;
-    std::filesystem::remove_all(FDirectory, ignored);
-  }
-  TBuildPlace(const TBuildPlace&) = delete;
-  TBuildPlace& operator=(const TBuildPlace&) = delete;
-
   std::filesystem::path Path(const std::string& name = {}) const {
-    return name.empty() ? FDirectory : FDirectory / name;
+    return name.empty() ? FDirectory.Path() : FDirectory.Path() / name;
   }
   void Write(const std::string& name, const std::string& content) const {
-    std::filesystem::create_directories(Path(name).parent_path());
-    std::ofstream(Path(name), std::ios::binary) << content;
+    WriteText(Path(name), content);
   }
 
   /// The plan of "build", without a tool being run.
@@ -61,22 +46,22 @@ public:
     std::vector<std::string> lines;
     for (const TInstalledFile& file : plan.Files)
       lines.push_back(file.Configuration + " " + file.Component + " " +
-                      file.LocalFile.lexically_relative(FDirectory).string() + " -> " +
-                      file.Directory + "/" + file.Name + (file.IsProgram ? " program" : "") + " @" +
+                      file.LocalFile.lexically_relative(Path()).string() + " -> " + file.Directory +
+                      "/" + file.Name + (file.IsProgram ? " program" : "") + " @" +
                       std::to_string(file.Rule.Line));
     return lines;
   }
 
 private:
   std::string Text(const std::string& file, unsigned line, std::string text) const {
-    const std::string directory = FDirectory.string() + "/";
+    const std::string directory = Path().string() + "/";
     for (std::size_t at = text.find(directory); at != std::string::npos; at = text.find(directory))
       text.erase(at, directory.size());
     const std::string name = file.starts_with(directory) ? file.substr(directory.size()) : file;
     return name + (line ? ":" + std::to_string(line) : "") + ": " + text;
   }
 
-  std::filesystem::path FDirectory;
+  TTemporaryDirectory FDirectory;
 };
 
 } // namespace workbench::testing
