@@ -209,6 +209,13 @@ TSftpStatus TModelServer::Carry(TSftpPacket kind, TSftpParser& request, TByteBuf
     TReply(reply, TSftpPacket::Attributes, id)->Attributes(AttributesOf(*file));
     return TSftpStatus::Ok;
   }
+  case TSftpPacket::FStat: {
+    const TModelFile* file = handle == FHandles.end() ? nullptr : Find(handle->second.Path);
+    if (!file)
+      return TSftpStatus::Failure;
+    TReply(reply, TSftpPacket::Attributes, id)->Attributes(AttributesOf(*file));
+    return TSftpStatus::Ok;
+  }
   case TSftpPacket::RealPath: {
     TReply name(reply, TSftpPacket::Name, id);
     name->Number(1);

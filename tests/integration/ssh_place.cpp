@@ -106,8 +106,11 @@ std::size_t TSshPlace::UnfinishedCount() const {
 bool TSshPlace::WaitForUnfinished() const {
   const auto end = std::chrono::steady_clock::now() + Patience;
   while (std::chrono::steady_clock::now() < end) {
-    if (UnfinishedCount() > 0)
-      return true;
+    for (const std::string& name : Files()) {
+      if (name.starts_with("target/") && !name.starts_with("target/.deployment-manager/") &&
+          name.find(UnfinishedStart) != std::string::npos)
+        return true;
+    }
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
   }
   return false;

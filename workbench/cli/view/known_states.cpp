@@ -59,7 +59,7 @@ TKnownStates KnownStatesOf(const TJson& document) {
                                  .State = KnownStateOf(file),
                                  .ByHash = file.BooleanOr("byHash", false)});
   for (const TJson& leftOver : document.Array("leftOvers")) {
-    const std::string path = leftOver.Text("remoteFile");
+    const std::string& path = leftOver.Text("remoteFile");
     const std::size_t end = path.find_last_of('/');
     if (end != std::string::npos)
       known.Report.LeftOvers.push_back({.RecordPath = {},

@@ -180,7 +180,7 @@ QVariant TTreeModel::Color(TNodeId node, int column) const {
 QVariant TTreeModel::data(const QModelIndex& index, int role) const {
   const TNodeId node = NodeOf(index);
   // A node that has gone may be asked for until the views hear of it.
-  if (!FNodes.IsNode(node))
+  if (FPaused || !FNodes.IsNode(node))
     return {};
   QVariant answer;
   Guarded([&] {

@@ -39,6 +39,9 @@ public:
   void Flush();
   /// True while views do not know of nodes that came, went or changed places.
   bool HasNewNodes() const { return FNodesChanged; }
+  /// While the work of another thread has what the rows are made of, views that ask get nothing;
+  /// they have to ask again.
+  void SetPaused(bool paused) { FPaused = paused; }
   /// True when nodes have nodes below them.
   bool HasLevels() const { return !FChildren.empty(); }
 
@@ -83,6 +86,7 @@ private:
   std::vector<Qt::ItemFlags> FFlags;                // by node, of its first column
   std::vector<TNodeId> FChanged;
   bool FNodesChanged = false;
+  bool FPaused = false;
 };
 
 } // namespace workbench

@@ -19,13 +19,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Nothing is drawn: a save uses the package, and so would the drawing of rows.
-struct TPausedPainting {
-  explicit TPausedPainting(QWidget& tabs) : Tabs(tabs) { Tabs.setUpdatesEnabled(false); }
-  ~TPausedPainting() { Tabs.setUpdatesEnabled(true); }
-  TPausedPainting(const TPausedPainting&) = delete;
-  TPausedPainting& operator=(const TPausedPainting&) = delete;
+// Nothing is drawn and no row is asked for: a save uses the project in a thread of its own, and so
+// would the rows. Layout and accessibility ask for them although nothing is drawn.
+struct TPausedRows {
+  TPausedRows(QWidget& tabs, TTreeModel& rows) : Tabs(tabs), Rows(rows) {
+    Tabs.setUpdatesEnabled(false);
+    Rows.SetPaused(true);
+  }
+  ~TPausedRows() {
+    Rows.SetPaused(false);
+    Tabs.setUpdatesEnabled(true);
+  }
+  TPausedRows(const TPausedRows&) = delete;
+  TPausedRows& operator=(const TPausedRows&) = delete;
   QWidget& Tabs;
+  TTreeModel& Rows;
 };
 
 struct TBusyCursor {
@@ -200,7 +208,7 @@ bool TProjectTabs::Save(int index) {
 bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
   bool saved = false;
   try {
-    const TPausedPainting still(FTabs);
+    const TPausedRows still(FTabs, tab.Controls->Tree()->Model());
     FBackground.Run([&project = *tab.Project, force] {
       project.Save(force);
       project.HasChanges(); // takes what was written as the new text, which is work too

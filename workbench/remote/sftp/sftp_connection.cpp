@@ -253,8 +253,8 @@ std::string TSftpConnection::Rename(const TRemoteName& name, const std::string& 
   const std::string aside = TRemoteName{name.Directory, FNames.Next({})}.Path();
   if (move(path, newPath).empty())
     return {};
-  if (const std::string problem = move(newPath, aside); !problem.empty())
-    return problem;
+  if (std::string refusal = move(newPath, aside); !refusal.empty())
+    return refusal;
   std::string problem = move(path, newPath);
   if (problem.empty()) {
     FChannel.Post(TSftpPacket::Remove, aside, 0);
