@@ -70,7 +70,7 @@ void ReconcileProjectFilesUnchanged(benchmark::State& state) {
   session.Close(project);
 }
 
-void FileSizes(benchmark::internal::Benchmark* benchmark) {
+void FeaturedSizes(benchmark::internal::Benchmark* benchmark) {
   benchmark->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
@@ -81,7 +81,7 @@ void CatalogSizes(benchmark::internal::Benchmark* benchmark) {
 BENCHMARK(CatalogBarePugixml)->Apply(CatalogSizes);
 BENCHMARK_CAPTURE(Catalog, OfOneExtension, ".dat")->Apply(CatalogSizes);
 BENCHMARK_CAPTURE(Catalog, OfEveryFeature, "")->Apply(CatalogSizes);
-BENCHMARK(ReconcileProjectFilesAnew)->Apply(FileSizes);
-BENCHMARK(ReconcileProjectFilesUnchanged)->Apply(FileSizes);
+BENCHMARK(ReconcileProjectFilesAnew)->Apply(FeaturedSizes);
+BENCHMARK(ReconcileProjectFilesUnchanged)->Apply(FeaturedSizes);
 
 } // namespace

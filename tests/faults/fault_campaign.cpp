@@ -161,7 +161,7 @@ TFamilies AllFamilies() {
 
 TFaultTable RunCampaign(const TCampaignOptions& options) {
   const TPrograms programs{options.Programs / "deploymgr", options.Programs / "fault_probe",
-                           options.Programs / "lying_server", options.Root};
+                           options.Programs / "fault_server", options.Root};
   TFaultTable table;
   std::size_t row = 0;
   TFamilies families = AllFamilies();

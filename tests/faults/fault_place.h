@@ -16,7 +16,7 @@ namespace faults {
 struct TPrograms {
   std::filesystem::path Deploymgr;
   std::filesystem::path Probe;       ///< fault_probe
-  std::filesystem::path LyingServer; ///< lying_server
+  std::filesystem::path LyingServer; ///< fault_server
   std::filesystem::path Root;        ///< that holds ObjRepos
 };
 

@@ -18,7 +18,7 @@ faults::TCampaignOptions OptionsFrom(int count, char** arguments) {
     const std::string_view name = arguments[i];
     const std::string value = arguments[i + 1];
     if (name == "--programs")
-      options.Programs = value;
+      options.Programs = std::filesystem::absolute(value);
     else if (name == "--root")
       options.Root = value;
     else if (name == "--sample")

@@ -1,6 +1,6 @@
 // An SFTP server that is honest but once: it stands between a client and the real server and, at
 // one request of all its conversations, does or says something else.
-//   lying_server SERVER COUNTER AT LIE [OPTION...]
+//   fault_server SERVER COUNTER AT LIE [OPTION...]
 // COUNTER is a file that grows by a byte with each request; AT is the request that is lied about,
 // counted from 1; OPTIONs go to the server.
 #include "tests/faults/lies.h"
