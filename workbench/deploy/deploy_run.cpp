@@ -244,6 +244,7 @@ bool TDeployRun::Lock() {
   } catch (const std::runtime_error& error) {
     return forget(error.what());
   }
+  FStore->RemoveUnfinished(*FConnection);
   const TRecordReading now = FStore->Read(*FConnection);
   if (now.State == TRecordState::Damaged && FReading.State != TRecordState::Damaged)
     throw THeldTarget{TDeployEnd::Refused,

@@ -1,6 +1,7 @@
 #include "workbench/deploy/record/record_store.h"
 
 #include "workbench/deploy/record/record_place.h"
+#include "workbench/deploy/record/undo_store.h"
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/runtime_directory.h"
 
@@ -113,6 +114,13 @@ std::string PutText(IRemoteConnection& connection, const TRemoteName& name, std:
 
 std::string TRecordStore::Write(IRemoteConnection& connection, const TTargetRecord& record) const {
   return PutText(connection, {FDirectory, std::string(RecordName)}, RecordText(record));
+}
+
+void TRecordStore::RemoveUnfinished(IRemoteConnection& connection) const {
+  const std::array places{
+      TSendRequest{.LocalFile = {}, .Target = {FDirectory, std::string(RecordName)}},
+      TSendRequest{.LocalFile = {}, .Target = {TUndoStore(FDirectory).Directory(), {}}}};
+  connection.RemoveUnfinished(places);
 }
 
 std::string TRecordStore::SetAside(IRemoteConnection& connection) const {

@@ -19,6 +19,7 @@ public:
   /// `directory` is the resolved one of the record.
   explicit TUndoStore(const std::string& directory) : FDirectory(directory + "/undo") {}
 
+  const std::string& Directory() const { return FDirectory; }
   /// The runs that can be taken back; none where nothing of the kind can be read.
   TUndoIndex ReadIndex(IRemoteConnection& connection) const;
   /// Throws TInputError for a damaged one, or none.
