@@ -35,7 +35,7 @@ faults faults-sample: test-dependencies
 	cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DDEPLOYMENT_FAULTS=ON \
 		$(UNITY)
 	cmake --build $(BUILD) -j $(JOBS) --target fault_runner
-	$(FAULTS) $(if $(filter faults-sample,$@),--sample 600)
+	$(FAULTS) $(if $(filter faults-sample,$@),--sample 600) $(FAULT_OPTIONS)
 
 # The corpus of each target first, then inputs that are made up: make fuzz SECONDS=600
 fuzz: sanitize-dependencies

@@ -168,7 +168,10 @@ TFaultTable RunCampaign(const TCampaignOptions& options) {
   const std::size_t sample =
       options.Sample == 0 ? 0 : std::max<std::size_t>(1, options.Sample / (families.size() + 1));
   const auto isWanted = [&](const std::string& name) {
-    return name.find(options.Family) != std::string::npos;
+    const auto isIn = [&name](const std::string& text) {
+      return name.find(text) != std::string::npos;
+    };
+    return isIn(options.Family) && std::ranges::none_of(options.Without, isIn);
   };
   const auto run = [&](const std::string& name, const auto& work) {
     table.AddFamily(name);

@@ -1,5 +1,6 @@
 // Hits the programs with faults, one for each run, and checks after each what may be left:
 //   fault_runner --programs DIR --root DIR [--sample COUNT] [--family TEXT] [--jobs COUNT]
+//     [--without TEXT]...
 // prints the table of families, and ends with 1 when a promise was broken or a fault did not fire.
 #include "tests/faults/fault_campaign.h"
 #include "tests/faults/fault_table.h"
@@ -7,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -25,6 +27,8 @@ faults::TCampaignOptions OptionsFrom(int count, char** arguments) {
       options.Sample = std::stoul(value);
     else if (name == "--family")
       options.Family = value;
+    else if (name == "--without")
+      options.Without.push_back(value);
     else if (name == "--jobs")
       options.Jobs = static_cast<unsigned>(std::stoul(value));
     else
