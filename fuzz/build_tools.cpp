@@ -13,7 +13,7 @@ namespace workbench::fuzz {
 namespace {
 
 void CheckSolution(std::string_view text) {
-  const std::filesystem::path file = "/work/solution.sln";
+  const std::filesystem::path file = "/tree/solution.sln";
   try {
     const TSolution solution = TSolution::Parse(text, file);
     for (const TSolutionProject& project : solution.Projects()) {

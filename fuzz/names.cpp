@@ -127,7 +127,7 @@ void CheckPaths(std::string_view text) {
     items.emplace_back(item);
   RequireEqual(JoinDelimited(items), text, "a list joined is the list");
   if (text.find('\0') == std::string_view::npos && !IsForeignPath(text))
-    Require(ResolvePath(text, "/work/project").is_absolute(), "a resolved path is a full one");
+    Require(ResolvePath(text, "/tree/project").is_absolute(), "a resolved path is a full one");
 }
 
 void CheckShown(std::string_view text) {

@@ -82,16 +82,16 @@ void CheckConsent(const TScratchDirectory& scratch, TFuzzInput input) {
   const std::string place(input.Text());
   const std::vector<std::string> commands{std::string(input.Text()), std::string(input.Text())};
   try {
-    Allow(settings, "/work/demo.vproj", place, commands);
+    Allow(settings, "/tree/demo.vproj", place, commands);
   } catch (const deployment::TInputError&) {
     return; // no UTF-8, or with controls where a key cannot have them
   }
   const TSettings again(file);
   const bool isText = IsStorableJson(TJson(commands));
-  Require(!isText || IsAllowed(again, "/work/demo.vproj", place, commands), "a yes is kept");
-  Require(!IsAllowed(again, "/work/other.vproj", place, commands), "it is that of one project");
-  Require(!IsAllowed(again, "/work/demo.vproj", place + "x", commands), "it is that of one place");
-  Require(!IsAllowed(again, "/work/demo.vproj", place, {commands[0] + " ", commands[1]}),
+  Require(!isText || IsAllowed(again, "/tree/demo.vproj", place, commands), "a yes is kept");
+  Require(!IsAllowed(again, "/tree/other.vproj", place, commands), "it is that of one project");
+  Require(!IsAllowed(again, "/tree/demo.vproj", place + "x", commands), "it is that of one place");
+  Require(!IsAllowed(again, "/tree/demo.vproj", place, {commands[0] + " ", commands[1]}),
           "it is that of these very commands");
 }
 
