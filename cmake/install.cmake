@@ -30,3 +30,17 @@ if(TARGET deployment-manager)
   install(FILES ${packaging}/desktop/${desktop_id}.metainfo.xml DESTINATION share/metainfo)
   install(FILES ${packaging}/desktop/${desktop_id}.xml DESTINATION share/mime/packages)
 endif()
+
+# For hosts: what they compile against, and where they find the module.
+include(CMakePackageConfigHelpers)
+foreach(folder IN ITEMS common host/api)
+  install(DIRECTORY package/${folder}/ DESTINATION include/deployment-package/package/${folder}
+    FILES_MATCHING PATTERN "*.h")
+endforeach()
+install(FILES $<TARGET_FILE:package_host_api> DESTINATION lib RENAME libdeployment-host-api.a)
+install(FILES $<TARGET_FILE:package_common> DESTINATION lib RENAME libdeployment-common.a)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/DeploymentPackageConfigVersion.cmake
+  COMPATIBILITY SameMinorVersion)
+install(FILES ${packaging}/cmake/DeploymentPackageConfig.cmake
+  ${CMAKE_BINARY_DIR}/DeploymentPackageConfigVersion.cmake
+  DESTINATION lib/cmake/DeploymentPackage)
