@@ -115,6 +115,9 @@ TEST_F(Schemas, SayWhatEveryCommandPrints) {
   Expect("changed", {"profile", "add", "box", "-p", "Win32", "--path", "target", "--default",
                      "--after-deploy", "true"});
   Expect("profiles", {"profile", "list"});
+  Expect("changed", {"profile", "group", "add", "desk", "box"});
+  Expect("profile-groups", {"profile", "group", "list"});
+  Expect("profile", {"profile", "show", "box"});
   Expect("profile-test", {"profile", "test", "box"});
   Expect("settings", {"settings", "list"});
   Expect("show", {"show", sky});

@@ -62,6 +62,14 @@ public:
   void AddProfile(const TProfile& profile);
   void ChangeProfile(std::string_view name, const TProfile& profile);
   bool RemoveProfile(std::string_view name);
+  /// Changes groups as the store does.
+  bool AddToGroup(const std::string& name, const std::vector<std::string>& profiles) {
+    return FProfiles.AddToGroup(name, profiles);
+  }
+  void RemoveFromGroup(const std::string& name, const std::vector<std::string>& profiles) {
+    FProfiles.RemoveFromGroup(name, profiles);
+  }
+  bool RemoveGroup(std::string_view name) { return FProfiles.RemoveGroup(name); }
   /// Takes over what other programs did to the profiles, and tells the listeners. Throws
   /// TInputError when the file is damaged.
   void ReadProfilesAnew();

@@ -1,5 +1,7 @@
 // deploymgr profile: the user's remote profiles.
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/profile_groups.h"
+#include "workbench/cli/commands/profile_names.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/project/project_settings.h"
@@ -8,48 +10,72 @@
 #include "workbench/remote/profile/profile_json.h"
 #include "workbench/services/remote_profile_services.h"
 
+#include <algorithm>
+
 namespace workbench {
 namespace {
+
+// An option that says something of a profile, and how that is taken over.
+struct TProfileField {
+  IOption* Option;
+  void (*Take)(TProfile& to, const TProfile& from);
+};
+
+// The field alone.
+template <auto Field>
+void TakeField(TProfile& to, const TProfile& from) {
+  to.*Field = from.*Field;
+}
+
+// Text of a field for people.
+std::string FieldText(const TJson& value) {
+  if (value.IsText())
+    return Visible(value.AsText());
+  if (!value.IsArray())
+    return JsonText(value, -1);
+  std::string text;
+  for (const TJson& item : value.AsArray())
+    text.append(text.empty() ? "" : ", ").append(Visible(item.AsText()));
+  return text;
+}
 
 class TProfileCommand final : public ICommand {
 public:
   std::string Name() const override { return "profile"; }
   std::string Summary() const override {
-    return "List, add, remove, test and assign remote profiles";
+    return "Remote profiles: where targets are, and groups of them";
   }
 
   void AddOptions(IOptions& options) override {
     options
-        .Choice("ACTION", FAction, {"list", "add", "remove", "test", "assign"},
-                "list, add, remove, test or assign")
+        .Choice("ACTION", FAction,
+                {"list", "show", "add", "edit", "remove", "test", "assign", "group"},
+                "list, show, add, edit, remove, test, assign or group")
         .Required();
-    options.Text("NAME", FName, "Name of the profile; for assign \"\" takes it away");
-    options.Text("PROJECT", FProject, "Project file, for assign");
-    FAddOptions = {
-        &options.Text("--kind", FKind, "How the machine is reached: folder or ssh"),
-        &options.Text("--path", FProfile.Path, "Directory below which everything is put"),
-        &options.Flag("--default", FProfile.IsDefault, "Make it the platform's default profile"),
-        &options.Flag("--allow-outside", FProfile.AllowOutside,
-                      "Allow directories beyond the path"),
-        &options.Flag("--stateless", FProfile.Stateless,
-                      "Leave no record of deploys on the target"),
-        &options.Text("--after-deploy", FProfile.AfterDeploy,
-                      "Command for the target, run after a deploy that changed something"),
-    };
-    FSshOptions = {
-        &options.Text("--host", FProfile.Host, "ssh: name or address of the machine"),
-        &options.Number("--port", FProfile.Port, 1, 65535, "ssh: port"),
-        &options.Text("--user", FProfile.User, "ssh: user on the machine"),
-        &options.Text("--identity", FProfile.Identity, "ssh: file of the key"),
-        &options.Texts("--ssh-option", FProfile.SshOptions,
-                       "ssh: KEY=VALUE for the client, as in its configuration; may be repeated"),
-        &options.Flag("--compress", FProfile.Compress,
-                      "ssh: compress what travels, for thin lines"),
-        &options.Number("--connect-timeout", FProfile.ConnectTimeout, 1, 3600,
-                        "ssh: seconds to wait for the machine"),
-        &options.Number("--keep-alive", FProfile.KeepAlive, 1, 3600,
-                        "ssh: seconds between two signs of life"),
-    };
+    options.Text(
+        "NAME", FName,
+        "Name of the profile; for assign \"\" takes it away; for group add, remove or list");
+    options.Texts("ARGUMENT", FArguments,
+                  "For assign the project file; for group the name of the group and its profiles");
+    const auto field = [this](IOption& option, auto take) { FFields.push_back({&option, take}); };
+    field(options.Text("--path", FProfile.Path, "Directory below which everything is put"),
+          TakeField<&TProfile::Path>);
+    field(options.Flag("--default", FProfile.IsDefault, "Make it the platform's default profile"),
+          TakeField<&TProfile::IsDefault>);
+    field(
+        options.Flag("--allow-outside", FProfile.AllowOutside, "Allow directories beyond the path"),
+        TakeField<&TProfile::AllowOutside>);
+    field(
+        options.Flag("--stateless", FProfile.Stateless, "Leave no record of deploys on the target"),
+        TakeField<&TProfile::Stateless>);
+    field(options.Text("--after-deploy", FProfile.AfterDeploy,
+                       "Command for the target, run after a deploy that changed something"),
+          TakeField<&TProfile::AfterDeploy>);
+    FKindOption = &options.Text("--kind", FKind, "How the machine is reached: folder or ssh");
+    AddSshOptions(options);
+    options.Footer("profile group add NAME PROFILE..., remove NAME [PROFILE...] (without profiles "
+                   "the group goes), list [NAME]. profile edit takes the options of add; what is "
+                   "not given stays, and --default=false and the like take a mark away.");
     options.Text("--password", FPassword, "Refused with advice").Hidden();
     AddChangeOptions(options, FChange);
   }
@@ -59,8 +85,14 @@ public:
     CheckTargetOptions(context, nullptr);
     if (FAction == "list")
       List(context);
+    else if (FAction == "show")
+      Show(context);
     else if (FAction == "add")
       Add(context);
+    else if (FAction == "edit")
+      Edit(context);
+    else if (FAction == "group")
+      RunProfileGroup(context, {FName, FArguments, FChange.DryRun});
     else if (FAction == "remove")
       Remove(context);
     else if (FAction == "test")
@@ -71,30 +103,60 @@ public:
   }
 
 private:
+  void AddSshOptions(IOptions& options) {
+    const auto field = [this](IOption& option, auto take) {
+      FSshFields.push_back({&option, take});
+    };
+    field(options.Text("--host", FProfile.Host, "ssh: name or address of the machine"),
+          TakeField<&TProfile::Host>);
+    field(options.Number("--port", FProfile.Port, 1, 65535, "ssh: port"),
+          TakeField<&TProfile::Port>);
+    field(options.Text("--user", FProfile.User, "ssh: user on the machine"),
+          TakeField<&TProfile::User>);
+    field(options.Text("--identity", FProfile.Identity, "ssh: file of the key"),
+          TakeField<&TProfile::Identity>);
+    field(options.Texts("--ssh-option", FProfile.SshOptions,
+                        "ssh: KEY=VALUE for the client, as in its configuration; may be repeated"),
+          TakeField<&TProfile::SshOptions>);
+    field(
+        options.Flag("--compress", FProfile.Compress, "ssh: compress what travels, for thin lines"),
+        TakeField<&TProfile::Compress>);
+    field(options.Number("--connect-timeout", FProfile.ConnectTimeout, 1, 3600,
+                         "ssh: seconds to wait for the machine"),
+          TakeField<&TProfile::ConnectTimeout>);
+    field(options.Number("--keep-alive", FProfile.KeepAlive, 1, 3600,
+                         "ssh: seconds between two signs of life"),
+          TakeField<&TProfile::KeepAlive>);
+  }
+
   void CheckArguments() const {
     const bool isAssign = FAction == "assign";
+    const bool isGroup = FAction == "group";
     if (FAction == "list" && !FName.empty())
       throw TUsageError("profile list takes no name");
+    if (isGroup && FName.empty())
+      throw TUsageError("profile group needs add, remove or list");
     if (FAction != "list" && !isAssign && FName.empty())
       throw TUsageError("profile " + FAction + " needs the name of a profile");
-    if (isAssign == FProject.empty())
-      throw TUsageError(isAssign ? std::string("profile assign needs a profile and a project file")
-                                 : "profile " + FAction + " takes no project file");
+    if (isAssign && FArguments.size() != 1)
+      throw TUsageError("profile assign needs a profile and a project file");
+    if (!isAssign && !isGroup && !FArguments.empty())
+      throw TUsageError("profile " + FAction + " takes no project file");
     if (!FPassword.empty())
       throw TUsageError("a password on the command line can be read by others; use a key or the "
                         "agent, or answer when you are asked");
-    if (FAction != "add") {
-      RefuseAny(FAddOptions, " is for profile add only");
-      RefuseAny(FSshOptions, " is for profile add only");
-    } else if (FKind == ProfileKindName(TProfileKind::Folder)) {
-      RefuseAny(FSshOptions, " is for profiles of kind ssh");
+    if (FAction != "add" && FAction != "edit") {
+      if (FKindOption->IsGiven())
+        throw TUsageError("--kind is for profile add and edit only");
+      RefuseAny(FFields, " is for profile add and edit only");
+      RefuseAny(FSshFields, " is for profile add and edit only");
     }
   }
 
-  static void RefuseAny(const std::vector<IOption*>& options, const char* reason) {
-    for (const IOption* option : options) {
-      if (option->IsGiven())
-        throw TUsageError(option->Name() + reason);
+  static void RefuseAny(const std::vector<TProfileField>& fields, const char* reason) {
+    for (const TProfileField& field : fields) {
+      if (field.Option->IsGiven())
+        throw TUsageError(field.Option->Name() + reason);
     }
   }
 
@@ -106,14 +168,7 @@ private:
   }
 
   static const TProfile& Require(TCommandContext& context, const std::string& name) {
-    const TProfile* profile = context.Session.RemoteProfiles().Profiles().Find(name);
-    if (profile)
-      return *profile;
-    std::string known;
-    for (const TProfile& other : context.Session.RemoteProfiles().Profiles().List())
-      known += (known.empty() ? "" : ", ") + other.Name;
-    throw TUsageError("there is no profile \"" + name + "\"" +
-                      (known.empty() ? "; none was added yet" : "; known are: " + known));
+    return RequireProfile(context.Session.RemoteProfiles().Profiles(), name);
   }
 
   static void List(TCommandContext& context) {
@@ -132,15 +187,33 @@ private:
       context.Output.Document({{"profiles", profiles}});
   }
 
+  void Show(TCommandContext& context) const {
+    const TProfile& profile = Require(context, FName);
+    TJson document = ProfileToJson(profile);
+    std::vector<std::string> groups;
+    for (const TProfileGroup& group : context.Session.RemoteProfiles().Profiles().Groups()) {
+      if (std::ranges::find(group.Profiles, profile.Name) != group.Profiles.end())
+        groups.push_back(group.Name);
+    }
+    document.Add("groups", groups);
+    for (const TJsonMember& member : document.AsObject())
+      context.Output.Line(member.Name + ": " + FieldText(member.Value));
+    if (context.Output.IsJson())
+      context.Output.Document(document);
+  }
+
   TProfile NewProfile(TCommandContext& context) const {
     TProfile profile = FProfile;
     profile.Name = FName;
     profile.Platform = RequirePlatform(context, FAction);
     profile.Kind = ProfileKindFromName(FKind);
+    if (profile.Kind == TProfileKind::Folder)
+      RefuseAny(FSshFields, " is for profiles of kind ssh");
     if (profile.Path.empty())
       throw TUsageError("a profile of kind \"" + FKind +
                         "\" needs a directory; name it with --path");
     profile = TidyProfile(std::move(profile));
+    CheckNewName(profile.Name, "profile");
     CheckProfile(profile);
     return profile;
   }
@@ -152,14 +225,65 @@ private:
         throw TUsageError("there is a profile \"" + FName + "\" already");
       if (!FChange.DryRun) {
         context.Session.RemoteProfiles().AddProfile(profile);
-        // A folder that is missing later is one that was unplugged.
-        if (const std::string problem = MakeProfileFolder(profile); !problem.empty())
-          context.Output.Warn({problem, {}, 0});
+        MakeFolder(context, profile);
       }
     } catch (const std::invalid_argument& error) {
       throw TUsageError(error.what());
     }
     Say(context, "added");
+  }
+
+  // A folder that is missing later is one that was unplugged.
+  static void MakeFolder(TCommandContext& context, const TProfile& profile) {
+    if (const std::string problem = MakeProfileFolder(profile); !problem.empty())
+      context.Output.Warn({problem, {}, 0});
+  }
+
+  // What the profile says with the options that were given.
+  TProfile Edited(TCommandContext& context, const TProfile& before) const {
+    TProfile profile = before;
+    if (!context.Options.Platform.empty())
+      profile.Platform = RequirePlatform(context, FAction);
+    if (FKindOption->IsGiven())
+      profile.Kind = ProfileKindFromName(FKind);
+    const auto take = [&](const std::vector<TProfileField>& fields) {
+      for (const TProfileField& field : fields) {
+        if (field.Option->IsGiven())
+          field.Take(profile, FProfile);
+      }
+    };
+    take(FFields);
+    if (profile.Kind == TProfileKind::Folder) {
+      RefuseAny(FSshFields, " is for profiles of kind ssh");
+      for (const TProfileField& field : FSshFields)
+        field.Take(profile, TProfile());
+    }
+    take(FSshFields);
+    // A path that stays is not one of the present directory.
+    const bool isSsh = profile.Kind == TProfileKind::Ssh;
+    if (profile.Path != before.Path || (isSsh && profile.Identity != before.Identity))
+      profile = TidyProfile(std::move(profile));
+    CheckProfile(profile);
+    return profile;
+  }
+
+  void Edit(TCommandContext& context) const {
+    const TProfile before = Require(context, FName);
+    try {
+      const TProfile after = Edited(context, before);
+      if (after == before) {
+        Say(context, {});
+        return;
+      }
+      if (!FChange.DryRun) {
+        context.Session.RemoteProfiles().ChangeProfile(FName, after);
+        if (after.Kind != before.Kind || after.Path != before.Path)
+          MakeFolder(context, after);
+      }
+    } catch (const std::invalid_argument& error) {
+      throw TUsageError(error.what());
+    }
+    Say(context, "changed");
   }
 
   void Remove(TCommandContext& context) const {
@@ -193,8 +317,8 @@ private:
     if (!FName.empty() && Require(context, FName).Platform != platform)
       throw TUsageError("the profile \"" + FName + "\" is one of the platform \"" +
                         Require(context, FName).Platform + "\", not of \"" + platform + "\"");
-    TOpenProject& project =
-        OpenProject(context, FProject, FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
+    TOpenProject& project = OpenProject(context, FArguments.front(),
+                                        FChange.DryRun ? TOpenPurpose::Look : TOpenPurpose::Edit);
     const TProjectPlatform* known = project.Settings().FindPlatform(platform);
     if (!known)
       throw TUsageError("the project is not set up for the platform \"" + platform + "\"");
@@ -218,13 +342,15 @@ private:
                             : (FChange.DryRun ? "would be " : "") + done + ": " + Visible(FName));
   }
 
-  std::string FAction, FName, FProject;
+  std::string FAction, FName;
+  std::vector<std::string> FArguments;
   std::string FKind = "folder";
   std::string FPassword;
   TProfile FProfile; // what the options say
   TChangeOptions FChange;
-  std::vector<IOption*> FAddOptions;
-  std::vector<IOption*> FSshOptions; // for adding one of kind ssh
+  IOption* FKindOption = nullptr;
+  std::vector<TProfileField> FFields;
+  std::vector<TProfileField> FSshFields; // for those of kind ssh
 };
 
 } // namespace

@@ -26,7 +26,21 @@ std::string BelowRoot(const TProfile& profile) {
   return path;
 }
 
+bool IsName(const std::string& name) {
+  return !HasControls(name) && !name.starts_with('-');
+}
+
 } // namespace
+
+void CheckNewName(const std::string& name, const std::string& kind) {
+  if (name.empty())
+    throw std::invalid_argument("the name of the " + kind + " is empty");
+  const std::string problem = "\"" + name + "\" cannot be the name of a " + kind;
+  if (!IsName(name))
+    throw std::invalid_argument(problem);
+  if (name.find(',') != std::string::npos)
+    throw std::invalid_argument(problem + ": a comma stands between names");
+}
 
 void CheckProfile(const TProfile& profile) {
   const auto refuse = [&](const std::string& reason) {
@@ -34,7 +48,7 @@ void CheckProfile(const TProfile& profile) {
   };
   if (profile.Name.empty())
     throw std::invalid_argument("the name of the profile is empty");
-  if (HasControls(profile.Name) || profile.Name.front() == '-')
+  if (!IsName(profile.Name))
     throw std::invalid_argument("\"" + profile.Name + "\" cannot be the name of a profile");
   if (profile.Platform.empty())
     throw std::invalid_argument("the profile \"" + profile.Name + "\" names no platform");

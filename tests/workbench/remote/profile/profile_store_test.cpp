@@ -107,5 +107,83 @@ TEST(ProfileStore, RefusesNumbersThatCannotBe) {
             "remove it");
 }
 
+TEST(ProfileGroups, KeepTheirProfilesInOrderAndEachOnce) {
+  const TRemotePlace place;
+  TProfileStore store(place.Local("profiles.json"));
+  for (const std::string name : {"a", "b", "c"})
+    store.Add({.Name = name, .Platform = "Win32", .Path = "/" + name + "/x"});
+  EXPECT_TRUE(store.AddToGroup("hall", {"b", "a", "b"}));
+  EXPECT_FALSE(store.AddToGroup("hall", {"a"}));
+  EXPECT_TRUE(store.AddToGroup("hall", {"c", "a"}));
+  const TProfileStore other(place.Local("profiles.json"));
+  ASSERT_NE(other.FindGroup("hall"), nullptr);
+  EXPECT_EQ(other.FindGroup("hall")->Profiles, (std::vector<std::string>{"b", "a", "c"}));
+  EXPECT_EQ(other.FindGroup("Hall"), nullptr);
+  store.RemoveFromGroup("hall", {"a", "b"});
+  EXPECT_EQ(store.FindGroup("hall")->Profiles, std::vector<std::string>{"c"});
+  EXPECT_TRUE(store.RemoveGroup("hall"));
+  EXPECT_FALSE(store.RemoveGroup("hall"));
+  EXPECT_TRUE(store.Groups().empty());
+}
+
+TEST(ProfileGroups, FollowAProfileThatGoesOrIsRenamed) {
+  const TRemotePlace place;
+  TProfileStore store(place.Local("profiles.json"));
+  for (const std::string name : {"a", "b"})
+    store.Add({.Name = name, .Platform = "Win32", .Path = "/" + name + "/x"});
+  store.AddToGroup("one", {"a", "b"});
+  store.AddToGroup("two", {"a"});
+  store.Replace("b", {.Name = "new", .Platform = "Win32", .Path = "/b/x"});
+  EXPECT_TRUE(store.Remove("a"));
+  EXPECT_EQ(store.FindGroup("one")->Profiles, std::vector<std::string>{"new"});
+  EXPECT_TRUE(store.FindGroup("two")->Profiles.empty());
+}
+
+TEST(ProfileGroups, RefuseWhatCannotBe) {
+  const TRemotePlace place;
+  TProfileStore store(place.Local("profiles.json"));
+  store.Add({.Name = "a", .Platform = "Win32", .Path = "/x"});
+  const auto error = [](const auto& action) -> std::string {
+    try {
+      action();
+    } catch (const std::invalid_argument& refused) {
+      return refused.what();
+    }
+    return "no error";
+  };
+  EXPECT_EQ(error([&] { store.AddToGroup("g", {"a", "z"}); }), "there is no profile \"z\"");
+  EXPECT_EQ(store.FindGroup("g"), nullptr);
+  EXPECT_EQ(error([&] { store.AddToGroup("g,h", {"a"}); }),
+            "\"g,h\" cannot be the name of a group: a comma stands between names");
+  EXPECT_EQ(error([&] { store.RemoveFromGroup("g", {"a"}); }), "there is no group \"g\"");
+  store.AddToGroup("g", {"a"});
+  EXPECT_EQ(error([&] { store.RemoveFromGroup("g", {"b"}); }),
+            "the group \"g\" has no profile \"b\"");
+  EXPECT_EQ(AddError(store, {.Name = "b,c", .Platform = "Win32", .Path = "/x"}),
+            "\"b,c\" cannot be the name of a profile: a comma stands between names");
+}
+
+TEST(ProfileGroups, OfADamagedFileAreDamagedToo) {
+  const TRemotePlace place;
+  for (const std::string groups :
+       {"{}", "[{}]", "[{\"name\":\"\",\"profiles\":[]}]", "[{\"name\":\"a\",\"profiles\":[1]}]",
+        "[{\"name\":\"a\",\"profiles\":[\"x\",\"x\"]}]",
+        "[{\"name\":\"a\",\"profiles\":[]},{\"name\":\"a\",\"profiles\":[]}]"}) {
+    TRemotePlace::Write(place.Local("profiles.json"),
+                        "{\"profiles\":[],\"groups\":" + groups + "}");
+    EXPECT_THROW(static_cast<void>(TProfileStore(place.Local("profiles.json")).Groups()),
+                 deployment::TInputError)
+        << groups;
+  }
+}
+
+TEST(ProfileGroups, MayNameAProfileThatAnotherProgramTookAway) {
+  const TRemotePlace place;
+  TRemotePlace::Write(place.Local("profiles.json"),
+                      "{\"profiles\":[],\"groups\":[{\"name\":\"g\",\"profiles\":[\"gone\"]}]}");
+  EXPECT_EQ(TProfileStore(place.Local("profiles.json")).FindGroup("g")->Profiles,
+            std::vector<std::string>{"gone"});
+}
+
 } // namespace
 } // namespace workbench
