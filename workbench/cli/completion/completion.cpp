@@ -280,6 +280,7 @@ private:
       return values.Settings();
     case TKind::RowKeys: {
       std::vector<TCandidate> keys;
+      keys.reserve(deployment::FileColumns.size());
       for (const deployment::TFileColumn& column : deployment::FileColumns)
         keys.push_back({std::string(column.Key), std::string(column.Title)});
       return keys;
@@ -319,8 +320,8 @@ private:
 
 } // namespace
 
-std::string CompletionsOf(std::vector<std::unique_ptr<ICommand>> commands, std::string_view shell,
-                          const std::vector<std::string>& words) {
+std::string CompletionsOf(const std::vector<std::unique_ptr<ICommand>>& commands,
+                          std::string_view shell, const std::vector<std::string>& words) {
   std::vector<TCommandReference> references;
   references.reserve(commands.size());
   for (const std::unique_ptr<ICommand>& command : commands)
