@@ -6,7 +6,6 @@
 
 #include <archive.h>
 #include <archive_entry.h>
-
 #include <fcntl.h>
 #include <unistd.h>
 #include <vector>
@@ -28,7 +27,8 @@ void TContentArchive::TFree::operator()(archive* object) const {
   ::archive_write_free(object);
 }
 
-TContentArchive::TContentArchive(const std::filesystem::path& file) : FArchive(archive_write_new()) {
+TContentArchive::TContentArchive(const std::filesystem::path& file)
+    : FArchive(archive_write_new()) {
   if (!FArchive || ::archive_write_set_format_zip(FArchive.get()) != ARCHIVE_OK ||
       ::archive_write_open_filename(FArchive.get(), file.c_str()) != ARCHIVE_OK)
     Raise();

@@ -69,7 +69,7 @@ public:
                  "Keep nothing on the machines to take the deploy back by");
     options.Flag("--allow-commands", FAllowCommands, "Let the project's commands run");
     options.Flag("--dry-run", FDryRun, "Say what would be done; change nothing");
-    options.Flag("--yes", FYes, "Answer every question with yes (a fleet asks none)");
+    options.Flag("--yes", FYes, "Answer every question with yes (commands need --allow-commands)");
     options.Footer(
         "The exported folder is an Ansible project that needs nothing of ours: ansible-core 2.14 "
         "or newer runs it anywhere, with Python 3.6 or newer on the machines. The files go below "
@@ -208,19 +208,19 @@ private:
     fleet.Write(scratch.Path() / "export");
     TFleetTelling how{.IsDry = FOptions.DryRun, .IsCheck = FCheck};
     std::size_t width = 0;
-    const TFleetOutcome outcome = PlayFleet(
-        {.Folder = scratch.Path() / "export",
-         .Scratch = scratch.Path(),
-         .Inventory = std::filesystem::absolute(FInventory),
-         .Limit = FLimit,
-         .Forks = FForks,
-         .Check = FOptions.DryRun,
-         .Cancelled = cancelled},
-        [&](const TFleetMachine& machine) {
-          width = std::max(width, CodePointCount(Visible(machine.Name)));
-          if (!machine.Answer.Find("same_places"))
-            TellMachine(context.Output, ResultOf(machine, how), width);
-        });
+    const TFleetOutcome outcome =
+        PlayFleet({.Folder = scratch.Path() / "export",
+                   .Scratch = scratch.Path(),
+                   .Inventory = std::filesystem::absolute(FInventory),
+                   .Limit = FLimit,
+                   .Forks = FForks,
+                   .Check = FOptions.DryRun,
+                   .Cancelled = cancelled},
+                  [&](const TFleetMachine& machine) {
+                    width = std::max(width, CodePointCount(Visible(machine.Name)));
+                    if (!machine.Answer.Find("same_places"))
+                      TellMachine(context.Output, ResultOf(machine, how), width);
+                  });
     how.Signal = cancelled;
     CheckOutcome(outcome, cancelled != 0);
     return Report(context, outcome, how);

@@ -101,7 +101,8 @@ TMachineResult ResultOf(const TFleetMachine& machine, const TFleetTelling& how) 
   try {
     if (machine.Answer.Find("document"))
       return Answered(machine, how);
-    const auto status = machine.Answer.NumberOr<unsigned>("status", exit_status::WorkFailed, 0, 255);
+    const auto status =
+        machine.Answer.NumberOr<unsigned>("status", exit_status::WorkFailed, 0, 255);
     return Failed(machine, std::max<int>(static_cast<int>(status), exit_status::WorkFailed),
                   message);
   } catch (const deployment::TInputError& error) {

@@ -195,8 +195,8 @@ TFleetMembers TFleetExport::UnpackMembers(const std::filesystem::path& scratch) 
     const std::filesystem::path directory = scratch / std::to_string(i);
     std::filesystem::create_directory(directory);
     std::vector<TFleetMember>& members = result[i];
-    for (TArchiveMember& member : UnpackArchive(file.File.LocalFile, directory,
-                                                [this] { return FCancelled != 0; })) {
+    for (TArchiveMember& member :
+         UnpackArchive(file.File.LocalFile, directory, [this] { return FCancelled != 0; })) {
       TFleetMember& added = members.emplace_back(TFleetMember{.Member = std::move(member)});
       if (added.Member.Kind != TArchiveMember::TKind::File)
         continue;

@@ -52,11 +52,9 @@ private:
     if (found == FIndex.end())
       return; // none of the play
     TFleetMachine& machine = FOutcome.Machines[found->second];
-    machine.End = kind == "ok"       ? TEnd::Ok
-                  : kind == "failed" ? TEnd::Failed
-                                     : TEnd::Unreachable;
-    machine.Answer = ParseJson(
-        ReadWholeFile(FAnswers / event.Text("file"), MaximumFileSize, "answer").Text());
+    machine.End = kind == "ok" ? TEnd::Ok : kind == "failed" ? TEnd::Failed : TEnd::Unreachable;
+    machine.Answer =
+        ParseJson(ReadWholeFile(FAnswers / event.Text("file"), MaximumFileSize, "answer").Text());
     FEnded(machine);
   }
 
