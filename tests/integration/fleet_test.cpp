@@ -219,6 +219,7 @@ TEST(Fleet, NamesEveryMachineThatHasATroubleOfItsOwn) {
              place.Path(name).string() + "\"" + more + "}\n";
   };
   const std::string python = "ansible_python_interpreter: ";
+  add("down", workbench::testing::ClosedPort(), "");
   for (int i = 0; i < 5; ++i) {
     const std::string name = "m" + std::to_string(i);
     servers.push_back(std::make_unique<workbench::testing::TSshServer>(place.Path("s" + name)));
@@ -232,16 +233,14 @@ TEST(Fleet, NamesEveryMachineThatHasATroubleOfItsOwn) {
             servers.back()->Identity().string() + "\", ansible_ssh_common_args: \"" + options +
             "\"");
   }
-  add("down", workbench::testing::ClosedPort(), "");
-  place.Write("machines.yml",
-              hosts + "  vars: {ansible_host: 127.0.0.1, ansible_pipelining: true}\n");
+  place.Write("machines.yml", hosts + "  vars: {ansible_host: 127.0.0.1}\n");
   place.Write("m4", "no directory");
   const TRun run = place.Deploy({"--forks", "6"});
   EXPECT_EQ(run.Status, 5) << run.Errors;
-  EXPECT_EQ(TFleetPlace::Exits(run), "m0 0;m1 0;m2 0;m3 1;m4 1;down 5;") << run.Errors;
+  EXPECT_EQ(TFleetPlace::Exits(run), "down 5;m0 0;m1 0;m2 0;m3 1;m4 1;") << run.Errors;
   EXPECT_EQ(ContentsBelow(place, "m2"), "demo/one=first;demo/two=second;");
   for (const auto& [name, text] : std::vector<std::pair<std::string, std::string>>{
-           {"m3", "/missing/python3"}, {"m4", "cannot be the root"}, {"down", "connect"}}) {
+           {"m3", "/missing/python3"}, {"m4", "cannot be the root"}, {"down", "ssh"}}) {
     const TJson document = TFleetPlace::DocumentOf(run, name);
     EXPECT_NE(document["error"]["message"].get<std::string>().find(text), std::string::npos)
         << document;
