@@ -104,6 +104,17 @@ TEST(FleetExport, TakesCommandsWithConsentAndRunsLocalOnesOnce) {
   EXPECT_EQ(place.Export({"--allow-commands"}).Status, 1);
 }
 
+TEST(FleetExport, TakesFilesFromElsewhereWithConsent) {
+  const TFleetPlace place(FleetEntry("\\etc\\passwd"));
+  const TRun refused = place.Export();
+  EXPECT_EQ(refused.Status, 6);
+  EXPECT_NE(refused.Errors.find("--allow-outside gives it. They are: /etc/passwd"),
+            std::string::npos)
+      << refused.Errors;
+  EXPECT_FALSE(fs::exists(place.Path("out")));
+  EXPECT_EQ(place.Export({"--allow-outside"}).Status, 0);
+}
+
 TEST(FleetArguments, AreSaidToBeWrongBeforeAnythingIsDone) {
   const TFleetPlace place(FleetEntry("one"));
   place.Write("one", "x");

@@ -2,6 +2,7 @@
 
 #include "workbench/deploy/deploy_run.h"
 #include "workbench/deploy/plan_check.h"
+#include "workbench/deploy/source_roots.h"
 #include "workbench/files/machine_path.h"
 
 #include <utility>
@@ -31,12 +32,16 @@ TRunFacts TDeployService::FactsOf(const TDeployRequest& request) const {
     destination.Profile->Compress = true;
   const auto base =
       destination.Profile ? deployment::TRemoteBase::ProjectRoot : deployment::TRemoteBase::None;
+  const std::filesystem::path projectFile = ToMachinePath(request.Project.GetProjectFileName());
+  std::vector<std::filesystem::path> roots = FUserDirectories();
+  roots.push_back(SourceTreeOf(projectFile));
   return {.Destinations = FDestinations,
           .Destination = std::move(destination),
           .Target = request.Target,
           .Files = CollectDeployFiles(request.Project, deployment, request.Target, FServices, base),
           .RootName = deployment.GetRemoteBaseDir(request.Target.Platform),
-          .ProjectFile = ToMachinePath(request.Project.GetProjectFileName())};
+          .ProjectFile = projectFile,
+          .SourceRoots = std::move(roots)};
 }
 
 TDeployReport TDeployService::Deploy(const TDeployRequest& request,

@@ -22,7 +22,7 @@ public:
 
   void AddOptions(IOptions& options) override {
     options.Text("FILE", FFile, "Plan, as \"plan\" wrote it").Required();
-    AddRunOptions(options, FOptions, FAllowCommands);
+    AddRunOptions(options, FOptions, FAllowed);
     options.Flag("--dry-run", FOptions.DryRun, "Say what would be done, change nothing");
     options.Footer("Ends with 8, and copies nothing, when a local file, a file on the target, the "
                    "place, its host key or the plan itself is not what it was; every cause is "
@@ -42,12 +42,13 @@ public:
     const TDeployReport report = context.Session.RemoteProfiles().Deploys().Apply(
         plan,
         {.Options = FOptions,
-         .MayRun = ConsentOf(context, plan.ProjectFile, FAllowCommands),
+         .MayRun = ConsentOf(context, plan.ProjectFile, FAllowed.Commands),
+         .MaySend = SourceConsentOf(context, plan.ProjectFile, FAllowed.Outside),
          .Cancelled = &cancelled},
         progress);
     progress.Finish();
     return ReportDeploy(context, plan.Target, report,
-                        {.File = FFile, .IsDry = FOptions.DryRun, .AllowCommands = FAllowCommands});
+                        {.File = FFile, .IsDry = FOptions.DryRun, .Allowed = FAllowed});
   }
 
 private:
@@ -67,7 +68,7 @@ private:
 
   std::string FFile;
   TDeployOptions FOptions;
-  bool FAllowCommands = false;
+  TAllowed FAllowed;
 };
 
 } // namespace

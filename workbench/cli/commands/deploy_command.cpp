@@ -27,7 +27,7 @@ public:
     options.Flag("--check", FCheck,
                  "Change nothing; end with 7 when something would change, with 8 when others "
                  "changed the target");
-    AddRunOptions(options, FOptions, FAllowCommands);
+    AddRunOptions(options, FOptions, FAllowed);
     AddChangeOptions(options, FChange);
   }
 
@@ -63,7 +63,7 @@ private:
                         {.File = project.GivenFileName().string(),
                          .IsDry = FOptions.DryRun,
                          .IsCheck = FCheck,
-                         .AllowCommands = FAllowCommands});
+                         .Allowed = FAllowed});
   }
 
   TDeployReport Deploy(TCommandContext& context, TOpenProject& project,
@@ -71,12 +71,13 @@ private:
     std::atomic<int> cancelled = 0;
     const TInterruptWatch watch(cancelled);
     TDeployProgress progress(context.Output);
-    const TDeployRequest request{.Project = project.Project(),
-                                 .Target = target,
-                                 .Options = FOptions,
-                                 .MayRun =
-                                     ConsentOf(context, project.GivenFileName(), FAllowCommands),
-                                 .Cancelled = &cancelled};
+    const TDeployRequest request{
+        .Project = project.Project(),
+        .Target = target,
+        .Options = FOptions,
+        .MayRun = ConsentOf(context, project.GivenFileName(), FAllowed.Commands),
+        .MaySend = SourceConsentOf(context, project.GivenFileName(), FAllowed.Outside),
+        .Cancelled = &cancelled};
     TDeployReport report = context.Session.RemoteProfiles().Deploys().Deploy(request, progress);
     progress.Finish();
     return report;
@@ -84,7 +85,7 @@ private:
 
   std::string FProject;
   TDeployOptions FOptions;
-  bool FAllowCommands = false;
+  TAllowed FAllowed;
   bool FCheck = false;
   TChangeOptions FChange;
 };

@@ -13,14 +13,22 @@ namespace workbench {
 
 /// Declares what decides what a plan does.
 void AddPlanOptions(IOptions& options, TDeployOptions& wanted);
+/// What the command line says yes to.
+struct TAllowed {
+  bool Commands = false; ///< of the project
+  bool Outside = false;  ///< files from beyond the project's tree
+};
+
 /// Declares how a plan is carried out.
-void AddRunOptions(IOptions& options, TDeployOptions& wanted, bool& allowCommands);
+void AddRunOptions(IOptions& options, TDeployOptions& wanted, TAllowed& allowed);
 /// Takes over what the user's settings say of deploys. Throws TInputError for a damaged one.
 void TakeDeploySettings(const TSettings& settings, TDeployOptions& wanted);
 
 /// May the commands of the project run? `allow` is the command line's yes; else one that is kept
 /// counts, else a person is asked. The context must outlive the answer.
 TMayRun ConsentOf(TCommandContext& context, std::filesystem::path project, bool allow);
+/// May files from beyond the project's tree be sent? As above.
+TMaySend SourceConsentOf(TCommandContext& context, std::filesystem::path project, bool allow);
 
 /// Throws TExitError and TWorkError when nothing was done at all, with every reason.
 void CheckWasBegun(const TDeployReport& report);
@@ -30,11 +38,11 @@ struct TDeployTelling {
   std::string File; ///< that warnings are about
   bool IsDry = false;
   bool IsCheck = false;
-  bool AllowCommands = false;
+  TAllowed Allowed = {};
 };
 
 /// Prints the rows of a plan that is not carried out, for people; with --json and --quiet the
-/// commands that need consent are warned of only.
+/// commands and files that need consent are warned of only.
 void PrintPlan(TCommandContext& context, const TDeployReport& report, const TDeployTelling& how);
 /// Warns, prints the rows or the document, and returns the exit status. Throws as CheckWasBegun.
 int ReportDeploy(TCommandContext& context, const deployment::TDeploymentTarget& target,

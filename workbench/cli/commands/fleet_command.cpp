@@ -67,7 +67,9 @@ public:
     options.Flag("--break-lock", FOptions.BreakLock, "Go on though somebody else deploys there");
     options.Flag("--no-undo", FOptions.NoUndo,
                  "Keep nothing on the machines to take the deploy back by");
-    options.Flag("--allow-commands", FAllowCommands, "Let the project's commands run");
+    options.Flag("--allow-commands", FAllowed.Commands, "Let the project's commands run");
+    options.Flag("--allow-outside", FAllowed.Outside,
+                 "Send files that stand beyond the project's directory, working copy or solution");
     options.Flag("--dry-run", FDryRun, "Say what would be done; change nothing");
     options.Flag("--yes", FYes, "Answer every question with yes (commands need --allow-commands)");
     options.Footer(
@@ -158,18 +160,25 @@ private:
         text += "; and " + std::to_string(plan.Problems.size() - shown) + " more";
       throw TWorkError(text);
     }
-    if (plan.Commands.empty() || FOptions.DryRun)
+    if (FOptions.DryRun)
       return;
-    if (!ConsentOf(context, project.GivenFileName(), FAllowCommands)(plan.Commands, "a fleet"))
-      throw TExitError(exit_status::NoConsent, ConsentText(plan.Commands));
+    const std::filesystem::path file = project.GivenFileName();
+    if (!plan.Outside.empty() && !SourceConsentOf(context, file, FAllowed.Outside)(plan.Outside))
+      RefuseWithout("files beyond the project's directory may not be sent without consent; "
+                    "--allow-outside",
+                    plan.Outside);
+    if (!plan.Commands.empty() &&
+        !ConsentOf(context, file, FAllowed.Commands)(plan.Commands, "a fleet"))
+      RefuseWithout("the project's commands may not run without consent; --allow-commands",
+                    plan.Commands);
   }
 
-  static std::string ConsentText(const std::vector<std::string>& commands) {
-    std::string text = "nothing was exported: the project's commands may not run without consent; "
-                       "--allow-commands gives it. They are: ";
-    for (std::size_t i = 0; i < commands.size(); ++i)
-      text.append(i > 0 ? "; " : "").append(commands[i]);
-    return text;
+  [[noreturn]] static void RefuseWithout(std::string_view what,
+                                         const std::vector<std::string>& listed) {
+    std::string text = "nothing was exported: " + std::string(what) + " gives it. They are: ";
+    for (std::size_t i = 0; i < listed.size(); ++i)
+      text.append(i > 0 ? "; " : "").append(listed[i]);
+    throw TExitError(exit_status::NoConsent, text);
   }
 
   int Export(TCommandContext& context, const TTarget& target, TFleetExport& fleet) const {
@@ -276,7 +285,7 @@ private:
   std::string FAction, FProject, FFolder, FInventory, FLimit;
   unsigned FForks = 0;
   TDeployOptions FOptions;
-  bool FAllowCommands = false;
+  TAllowed FAllowed;
   bool FCheck = false;
   bool FDryRun = false;
   bool FYes = false;

@@ -25,7 +25,7 @@ public:
     options.Text("--out", FFile, "File to write the plan to").ValueName("FILE");
     AddPlanOptions(options, FOptions);
     // How it is to be carried out stands in the plan, too.
-    AddRunOptions(options, FOptions, FAllowCommands);
+    AddRunOptions(options, FOptions, FAllowed);
     options.Footer("Nothing is changed on the target, and no consent is needed. Ends as a deploy "
                    "would: with 8 when rows are refused.");
   }
@@ -60,7 +60,7 @@ private:
   int Report(TCommandContext& context, const TPlanFile& plan, const TDeployReport& report) const {
     for (const std::string& warning : report.Warnings)
       context.Output.Warn({warning, FProject, 0});
-    PrintPlan(context, report, {.File = FProject, .IsDry = true, .AllowCommands = FAllowCommands});
+    PrintPlan(context, report, {.File = FProject, .IsDry = true, .Allowed = FAllowed});
     const TJson document = PlanJson(plan);
     if (!FFile.empty())
       Save(document);
@@ -84,7 +84,7 @@ private:
   std::string FProject;
   std::string FFile;
   TDeployOptions FOptions;
-  bool FAllowCommands = false;
+  TAllowed FAllowed;
 };
 
 } // namespace

@@ -94,7 +94,9 @@ TPlanOptions TFleetExport::PlanOptions(bool withHashes) const {
           .AfterDeploy = FFacts.Destination.Profile->AfterDeploy,
           .KeepLinks = true,
           .Places = rules,
-          .Target = FFacts.Target};
+          .Target = FFacts.Target,
+          .SourceRoots = FFacts.SourceRoots,
+          .RootName = FFacts.RootName};
 }
 
 void TFleetExport::MakePlan(bool withHashes) {
@@ -129,9 +131,12 @@ void TFleetExport::RunLocalCommands() {
 void TFleetExport::Write(const std::filesystem::path& folder) {
   CheckFleetFolder(folder);
   RunLocalCommands();
+  const std::vector<std::string> outside = FPlan.Outside;
   MakePlan(/*withHashes=*/true);
   if (!FPlan.Problems.empty())
     throw TFleetError("nothing was exported: " + FPlan.Problems.front());
+  if (FPlan.Outside != outside)
+    throw TFleetError("nothing was exported: files lead beyond the project's directory meanwhile");
   TFleetFolder made(folder);
   WriteInto(made.Path());
   CheckFleetFolder(folder);

@@ -27,8 +27,8 @@ public:
   TFleetExport(TRunFacts facts, TDeployOptions options, THearLine hear,
                const std::atomic<int>& cancelled);
 
-  /// Works out what is exported. Every reason why nothing may be stands in the plan's problems, the
-  /// commands that need consent in its commands.
+  /// Works out what is exported. Every reason why nothing may be stands in the plan's problems,
+  /// what needs consent in its commands and in its files from outside.
   const TDeployPlan& Plan();
   /// As it was worked out last, with the hashes when the folder was written.
   const TDeployPlan& Current() const { return FPlan; }
