@@ -93,10 +93,10 @@ TPlanOptions TFleetExport::PlanOptions(bool withHashes) const {
   return {.HashAll = withHashes,
           .AfterDeploy = FFacts.Destination.Profile->AfterDeploy,
           .KeepLinks = true,
-          .Places = rules,
-          .Target = FFacts.Target,
           .SourceRoots = FFacts.SourceRoots,
-          .RootName = FFacts.RootName};
+          .RootName = FFacts.RootName,
+          .Places = rules,
+          .Target = FFacts.Target};
 }
 
 void TFleetExport::MakePlan(bool withHashes) {

@@ -26,20 +26,30 @@ MOST_ROUNDS = 3  # the machine may change between two looks
 FAILED = 1
 
 
+def _first(variables, names, absent):
+    for name in names:
+        if variables.get(name) is not None:
+            return variables[name]
+    return absent
+
+
 def place_of(name, variables, default_root):
     """What tells one place from another, as far as the inventory says it."""
-    connection = str(variables.get('ansible_connection', 'ssh'))
+    connection = str(variables.get('ansible_connection', 'ssh')).rpartition('.')[2]
+    if connection in ('smart', 'paramiko', 'paramiko_ssh'):
+        connection = 'ssh'
     root = str(variables.get('deployment_root', default_root))
     if root.startswith('/'):
         root = posixpath.normpath('/' + root.lstrip('/'))
         user = ''
     else:
         root = posixpath.normpath(root)
-        user = str(variables.get('ansible_user', ''))
+        user = str(_first(variables, ('ansible_user', 'ansible_ssh_user'), ''))
     if connection == 'local':
         return ('local', '', '', user, root)
-    host = str(variables.get('ansible_host', name)).lower()
-    return (connection, host, str(variables.get('ansible_port', 22)), user, root)
+    host = str(_first(variables, ('ansible_host', 'ansible_ssh_host'), name)).lower()
+    port = str(_first(variables, ('ansible_port', 'ansible_ssh_port'), 22))
+    return (connection, host, port, user, root)
 
 
 def user_name():
