@@ -223,14 +223,14 @@ void TFleetExport::WriteContents(const std::filesystem::path& folder) {
   std::filesystem::create_directories(folder);
   std::filesystem::create_directory(scratch);
   const TFleetMembers members = UnpackMembers(scratch);
-  TContentArchive archive(folder / "contents.zip");
+  const auto archive = NewContentArchive(folder / "contents.zip");
   std::unordered_set<std::string> known;
   const auto add = [&](const std::filesystem::path& file, std::uint64_t size,
                        const std::string& hash) {
     if (FCancelled != 0)
       throw TFleetError("the run was interrupted; nothing was exported");
     if (known.insert(hash).second)
-      archive.Add(file, size, hash);
+      archive->Add(file, size, hash);
   };
   for (const TPlannedFile& file : FPlan.Files) {
     if (file.Action == TDeployAction::Copied && file.Link.empty())
@@ -243,7 +243,7 @@ void TFleetExport::WriteContents(const std::filesystem::path& folder) {
             member.Hash);
     }
   }
-  archive.Finish();
+  archive->Finish();
   std::filesystem::remove_all(scratch);
   TFleetFacts facts = Facts();
   facts.Revision = RevisionOf(FFacts.ProjectFile.parent_path());
