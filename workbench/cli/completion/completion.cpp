@@ -30,7 +30,7 @@ enum class TKind {
   Projects,
 };
 
-constexpr std::array<std::pair<std::string_view, TKind>, 19> Kinds{{
+constexpr std::array<std::pair<std::string_view, TKind>, 20> Kinds{{
     {"--platform", TKind::Platforms},
     {"--add-platform", TKind::Platforms},
     {"--remove-platform", TKind::Platforms},
@@ -47,6 +47,7 @@ constexpr std::array<std::pair<std::string_view, TKind>, 19> Kinds{{
     {"--tree", TKind::Directories},
     {"--from-build", TKind::Directories},
     {"--identity", TKind::Files},
+    {"--inventory", TKind::Files},
     {"--out", TKind::Files},
     {"PROJECT", TKind::Projects},
     {"KEY", TKind::Settings},
