@@ -135,6 +135,8 @@ TEST_F(Schemas, SayWhatEveryCommandPrints) {
   Expect("classes", {"classes"});
   Expect("platforms", {"platforms"});
   Expect("export", {"export", sky, "--dry-run"});
+  Place.Run({"profile", "add", "lab", "-p", "Linux64", "--path", "target", "--default"});
+  Expect("fleet-export", {"fleet", "export", "demo.vproj", "-p", "Linux64", "--out", "fleet"});
   Expect("revert", {"revert", sky, "-p", "Win32", "--dry-run"});
   Expect("edit", {"add", sky, sky, "-p", "Win32", "--dry-run"});
   Expect("edit", {"upgrade", sky});

@@ -1,6 +1,7 @@
 // What the module of codecs exports.
 #include "workbench/codecs/archive_unpacking.h"
 #include "workbench/codecs/openssl_digest.h"
+#include "workbench/codecs/zip_archive.h"
 
 #include <type_traits>
 
@@ -16,5 +17,13 @@ extern "C" __attribute__((visibility("default"))) void UnpackDeploymentArchive(
   members = workbench::UnpackByLibrary(archive, directory, isCancelled, limits);
 }
 
+extern "C" __attribute__((visibility("default"))) void
+NewDeploymentContentArchive(const std::filesystem::path& file,
+                            std::unique_ptr<workbench::IContentArchive>& archive) {
+  archive = workbench::NewZipArchive(file);
+}
+
 static_assert(std::is_same_v<decltype(&NewDeploymentDigest), workbench::TNewDigest>);
 static_assert(std::is_same_v<decltype(&UnpackDeploymentArchive), workbench::TUnpackFunction>);
+static_assert(
+    std::is_same_v<decltype(&NewDeploymentContentArchive), workbench::TNewContentArchive>);

@@ -45,8 +45,11 @@ public:
                             const deployment::TDeploymentTarget& target,
                             const std::atomic<int>* cancelled) const;
 
-private:
+  /// What a deploy knows besides its request: the destination and the files. Throws
+  /// TConnectionError when there is no profile. The project must have a deployment.
   TRunFacts FactsOf(const TDeployRequest& request) const;
+
+private:
 
   const TDestinations& FDestinations;
   deployment::TEntryPathServices FServices;
