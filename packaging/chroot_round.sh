@@ -5,6 +5,7 @@
 set -euo pipefail
 
 debs=$(cd "$1" && pwd)
+tree=$(cd "$(dirname "$0")/.." && pwd)
 work=$(mktemp -d)
 root=$work/root
 clean_up() {
@@ -47,8 +48,8 @@ fi
 inside dpkg-query -W -f '${Package} ${Version}, ${Installed-Size} KiB\n' deploymgr
 
 say "The main job"
+cp -r "$tree/examples/tide-logger" "$tree/examples/sky-chart" "$root/root"
 inside sh -euc '
-  cp -r /usr/share/doc/deploymgr/examples/tide-logger /usr/share/doc/deploymgr/examples/sky-chart /root
   cd /root
   deploymgr --version
   deploymgr list tide-logger/TideLogger.vproj -p Win32
