@@ -24,7 +24,10 @@ mmdebstrap --quiet --variant=apt bookworm "$root"
 mount -t proc proc "$root/proc" 2>/dev/null || mount --bind /proc "$root/proc"
 mkdir "$root/debs"
 cp "$debs"/*.deb "$root/debs"
-inside find / -xdev \( -path /proc -o -path /debs -o -path /tmp -o -path /var -o -path /root \) -prune \
+# The names of mirrors are found as they are outside.
+cp -L /etc/resolv.conf /etc/hosts "$root/etc/"
+inside apt-get -qq update
+inside find / -xdev \( -path /proc -o -path /debs -o -path /log -o -path /tmp -o -path /var -o -path /root \) -prune \
   -o \( -type f -o -type l \) -print | LC_ALL=C sort >"$work/before"
 
 if [ $# -gt 1 ]; then
@@ -40,7 +43,7 @@ if [ $# -gt 1 ]; then
 fi
 
 say "deploymgr alone: no Qt comes with it"
-inside sh -c 'apt-get -qq -y --no-install-recommends install /debs/deploymgr_*.deb >/dev/null 2>&1'
+inside sh -c 'apt-get -qq -y --no-install-recommends install /debs/deploymgr_*.deb >/log 2>&1 || { cat /log; exit 1; }'
 if inside dpkg -l | grep -i libqt; then
   echo "deploymgr needs Qt" >&2
   exit 1
@@ -54,14 +57,14 @@ inside sh -euc '
   deploymgr --version
   deploymgr list tide-logger/TideLogger.vproj -p Win32
   deploymgr reconcile sky-chart/SkyChart.vproj -p Win32 | tail -3
-  deploymgr profile add lab --platform Win32 --kind folder --path /root/lab --default
+  deploymgr profile add lab-pc --platform Win32 --kind folder --path /root/lab --default
   deploymgr deploy sky-chart/SkyChart.vproj -p Win32 | tail -3
   deploymgr deploy sky-chart/SkyChart.vproj -p Win32 | tail -1
   deploymgr verify sky-chart/SkyChart.vproj -p Win32
   find lab -type f | sort | head -5'
 
 say "The window and what hosts need"
-inside sh -c 'apt-get -qq -y --no-install-recommends install /debs/*.deb >/dev/null 2>&1'
+inside sh -c 'apt-get -qq -y --no-install-recommends install /debs/*.deb >/log 2>&1 || { cat /log; exit 1; }'
 inside deployment-manager --version
 inside env QT_QPA_PLATFORM=offscreen deployment-manager --screenshot /root/window.png \
   /root/tide-logger/TideLogger.vproj
@@ -70,7 +73,7 @@ inside sh -c 'test -s /root/window.png && test -f /usr/lib/cmake/DeploymentPacka
 say "Purged"
 inside sh -c 'apt-get -qq -y purge deploymgr deployment-manager libdeployment-package-dev >/dev/null 2>&1
   apt-get -qq -y --purge autoremove >/dev/null 2>&1'
-inside find / -xdev \( -path /proc -o -path /debs -o -path /tmp -o -path /var -o -path /root \) -prune \
+inside find / -xdev \( -path /proc -o -path /debs -o -path /log -o -path /tmp -o -path /var -o -path /root \) -prune \
   -o \( -type f -o -type l \) -print | LC_ALL=C sort >"$work/after"
 left=$(comm -13 "$work/before" "$work/after" | grep -v '^/etc/ld.so.cache$\|\.cache$' || true)
 ours=$(inside find / -xdev -path /proc -prune -o -path /root -prune -o -path /debs -prune \
