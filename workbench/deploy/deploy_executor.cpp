@@ -2,6 +2,7 @@
 
 #include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/record_keeper.h"
+#include "workbench/deploy/shared_work.h"
 #include "workbench/deploy/step_runner.h"
 #include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
@@ -80,6 +81,7 @@ private:
   void Remember(const TPlannedFile& file, const TSendOutcome& outcome, bool wasCopied);
   void RememberFound(const TPlannedFile& file);
   void RunLocalCommands();
+  std::string RunLocalCommands(const TDeployFile& file);
   void PrepareDirectories();
   void CopyFiles();
   void MakeLinks();
@@ -239,20 +241,30 @@ void TExecutor::Remember(const TPlannedFile& file, const TSendOutcome& outcome, 
                          wasCopied);
 }
 
+// For several targets the first one that wants a file runs its commands, and the others wait.
 void TExecutor::RunLocalCommands() {
   for (const TSendRequest& request : FWork) {
-    for (const std::string& command : FPlan.Files[request.Index].File.LocalCommands) {
-      std::string problem(Interrupted);
-      if (!IsCancelled())
-        problem = RunCommandLine(command, FExecution.Directory, FHear, FExecution.Cancelled);
-      if (problem.empty())
-        continue;
-      Finish(request.Index,
-             std::string("the local command \"").append(command).append("\" ").append(problem));
-      break;
-    }
+    const TDeployFile& file = FPlan.Files[request.Index].File;
+    if (file.LocalCommands.empty())
+      continue;
+    const auto run = [&] { return RunLocalCommands(file); };
+    const std::string name = FExecution.Directory.string() + " > " + file.RemoteName;
+    const std::string problem = FExecution.Shared ? FExecution.Shared->Once(name, run) : run();
+    if (!problem.empty())
+      Finish(request.Index, problem);
   }
   std::erase_if(FWork, [this](const TSendRequest& request) { return FDone[request.Index]; });
+}
+
+std::string TExecutor::RunLocalCommands(const TDeployFile& file) {
+  for (const std::string& command : file.LocalCommands) {
+    std::string problem(Interrupted);
+    if (!IsCancelled())
+      problem = RunCommandLine(command, FExecution.Directory, FHear, FExecution.Cancelled);
+    if (!problem.empty())
+      return std::string("the local command \"").append(command).append("\" ").append(problem);
+  }
+  return {};
 }
 
 void TExecutor::PrepareDirectories() {

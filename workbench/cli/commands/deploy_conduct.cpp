@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <iostream>
+#include <set>
+#include <string_view>
 #include <utility>
 
 namespace workbench {
@@ -34,19 +36,7 @@ std::string ConsentMessage(const std::vector<std::string>& commands) {
 
 bool MayRun(TCommandContext& context, const std::filesystem::path& project,
             const std::vector<std::string>& commands, const std::string& place) {
-  TSettings& settings = context.Session.Settings();
-  if (IsAllowed(settings, project, place, commands))
-    return true;
-  if (!context.Output.CanAsk())
-    return false;
-  std::cerr << "The project wants to run these commands when it is deployed to " << place << ":\n";
-  for (const std::string& command : commands)
-    std::cerr << "  " << Visible(command) << '\n';
-  if (context.Output.Ask("Run them, now and whenever they are the same?", /*several=*/false) !=
-      TAnswer::Yes)
-    return false;
-  Allow(settings, project, place, commands);
-  return true;
+  return MayRunAtAll(context, {{project, place, commands}}, /*allow=*/false);
 }
 
 void PrintSummary(TCommandContext& context, const deployment::TDeploymentTarget& target,
@@ -95,6 +85,48 @@ TMayRun ConsentOf(TCommandContext& context, std::filesystem::path project, bool 
   return [&context, project = std::move(project), allow](const auto& commands, const auto& place) {
     return allow || MayRun(context, project, commands, place);
   };
+}
+
+bool MayRunAtAll(TCommandContext& context, const std::vector<TPlaceCommands>& places, bool allow) {
+  TSettings& settings = context.Session.Settings();
+  std::vector<TPlaceCommands> asked;
+  for (const TPlaceCommands& place : places) {
+    if (!allow && !place.Commands.empty() &&
+        !IsAllowed(settings, place.Project, place.Place, place.Commands))
+      asked.push_back(place);
+  }
+  if (asked.empty())
+    return true;
+  if (!context.Output.CanAsk())
+    return false;
+  std::string text = "The project wants to run these commands when it is deployed to ";
+  for (std::size_t i = 0; i < asked.size(); ++i)
+    text.append(i > 0 ? ", " : "").append(asked[i].Place);
+  std::cerr << text << ":\n";
+  for (const std::string& command : CommandsOfAll(asked))
+    std::cerr << "  " << Visible(command) << '\n';
+  if (context.Output.Ask("Run them, now and whenever they are the same?", /*several=*/false) !=
+      TAnswer::Yes)
+    return false;
+  for (const TPlaceCommands& place : asked)
+    Allow(settings, place.Project, place.Place, place.Commands);
+  return true;
+}
+
+std::vector<std::string> CommandsOfAll(const std::vector<TPlaceCommands>& places) {
+  std::vector<std::string> all;
+  std::set<std::string_view> known;
+  for (const TPlaceCommands& place : places) {
+    for (const std::string& command : place.Commands) {
+      if (known.insert(command).second)
+        all.push_back(command);
+    }
+  }
+  return all;
+}
+
+int RefuseCommands(const std::vector<TPlaceCommands>& places) {
+  throw TExitError(exit_status::NoConsent, ConsentMessage(CommandsOfAll(places)));
 }
 
 void CheckWasBegun(const TDeployReport& report) {
