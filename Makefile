@@ -10,7 +10,7 @@ SOURCES = $(shell git ls-files '*.h' '*.cpp')
 # Of "make fuzz": how long inputs are made up for each target.
 SECONDS ?= 30
 
-.PHONY: all run test faults faults-sample fuzz bench lint dependencies test-dependencies \
+.PHONY: all install run test faults faults-sample fuzz bench lint dependencies test-dependencies \
 	bench-dependencies lint-dependencies sanitize-dependencies clean
 
 all: dependencies
@@ -19,6 +19,11 @@ all: dependencies
 		|| { cat $(BUILD).log; rm -f $(BUILD).log; exit 1; }
 	@rm -f $(BUILD).log
 	@cmake --build $(BUILD) -j $(JOBS)
+
+# A directory of its own for what is not to be the system's: make install PREFIX=~/programs
+PREFIX ?= /usr/local
+install: all
+	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix "$(PREFIX)" --strip
 
 run: all
 	@tools/tour.sh $(BUILD)/bin

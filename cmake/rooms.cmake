@@ -88,7 +88,12 @@ room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/c
   workbench/project/build_import workbench/project/cpp workbench/remote/profile
   workbench/remote/target
   workbench/services workbench/session workbench/settings workbench/text)
-room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context workbench/files
+room(workbench/cli/reference SEES ${FOUNDATION} workbench/cli/commands workbench/cli/context)
+room(workbench/cli/completion SEES ${FOUNDATION} workbench/cli/context workbench/cli/reference
+  workbench/platforms workbench/project workbench/project/cpp workbench/remote/profile
+  workbench/services workbench/session workbench/settings)
+room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/completion
+  workbench/cli/context workbench/cli/reference workbench/files
   workbench/msbuild workbench/services workbench/session workbench/text)
 room(workbench/askpass SEES workbench/remote/ssh)
 

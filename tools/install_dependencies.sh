@@ -8,10 +8,10 @@ for purpose in "$@"; do
   case "$purpose" in
     build) packages+=(g++ cmake ninja-build libarchive-dev libexpat1-dev libcli11-dev libssl-dev
       nlohmann-json3-dev qt6-base-dev libqt6svg6-dev qt6-l10n-tools qt6-tools-dev) ;;
-    test) packages+=(binutils fonts-dejavu-core libgtest-dev mono-xbuild openssh-client openssh-server
-      strace) ;;
+    test) packages+=(ansible-core binutils fonts-dejavu-core libgtest-dev mono-xbuild openssh-client
+      openssh-server python3 strace) ;;
     bench) packages+=(hyperfine jq libbenchmark-dev libpugixml-dev openssh-client openssh-server rsync) ;;
-    lint) packages+=(clang-14 clang-format-14 clang-tidy-14 clang-tools-14) ;;
+    lint) packages+=(ansible-lint clang-14 clang-format-14 clang-tidy-14 clang-tools-14) ;;
     sanitize) packages+=(clang-14 libclang-rt-14-dev) ;;
     *)
       echo "install_dependencies.sh: unknown purpose \"$purpose\"" >&2

@@ -120,6 +120,7 @@ TEST_F(Schemas, SayWhatEveryCommandPrints) {
   Expect("profile", {"profile", "show", "box"});
   Expect("profile-test", {"profile", "test", "box"});
   Expect("settings", {"settings", "list"});
+  Expect("version", {"--version"});
   Expect("show", {"show", sky});
   Expect("list", {"list", sky, "-p", "Win32"});
   Expect("reconcile", {"reconcile", sky, "--all", "--dry-run"});

@@ -137,7 +137,14 @@ TEST(Usage, HelpAndVersionEndWell) {
   EXPECT_EQ(help.Status, 0);
   EXPECT_NE(help.Output.find("upgrade"), std::string::npos);
   EXPECT_EQ(help.Output.find("reconsile"), std::string::npos);
-  EXPECT_EQ(place.Run({"--version"}).Output, "deploymgr 0.1.0\n");
+  const TRun version = place.Run({"--version", "--json"});
+  EXPECT_EQ(version.Status, 0);
+  const auto document = version.Json();
+  EXPECT_EQ(document["program"], "deploymgr");
+  EXPECT_EQ(document["version"], "0.1.0");
+  const std::string commit = document["commit"];
+  EXPECT_EQ(place.Run({"--version"}).Output,
+            "deploymgr 0.1.0" + (commit.empty() ? "" : " (" + commit + ")") + "\n");
   EXPECT_EQ(place.Run({"set", "--help"}).Status, 0);
 }
 

@@ -1,6 +1,7 @@
 #include "workbench/cli/argument_parser.h"
 
 #include "package/common/delimited_list.h"
+#include "workbench/cli/context/common_options.h"
 #include "workbench/cli/context/name_hint.h"
 #include "workbench/cli/context/options.h"
 #include "workbench/text/utf8.h"
@@ -12,23 +13,12 @@
 #include <unordered_map>
 #include <utility>
 
-#ifndef DEPLOYMENT_VERSION
-#define DEPLOYMENT_VERSION "unknown"
-#endif
-
 namespace workbench {
 namespace {
 
-constexpr const char* Description =
-    "Keeps the list of files that must reach each target platform of a project.";
 constexpr const char* MainFooter =
     "Run \"deploymgr COMMAND --help\" for the options of a command.\n"
     "\"deploymgr help COMMAND\" prints the same.";
-constexpr const char* ExitStatuses =
-    "Exit status: 0 done, or nothing to do; 1 the work failed; 2 wrong usage; 3 an input cannot be "
-    "read; 4 the project cannot be reconciled here; 5 no connection; 6 the project's commands have "
-    "no consent; 7 --check: something would change; 8 the target is not what was expected; 130, "
-    "143 interrupted.";
 
 // The parser takes the text "[a,b]" for a list of two, so it is given such a text behind a guard.
 constexpr char Guard = '\x01';
@@ -141,7 +131,7 @@ public:
     return Declared(FApp.add_option(name, value, help)->check(CLI::Range(least, most)));
   }
 
-  void Footer(const std::string& text) override { FApp.footer(text + "\n" + ExitStatuses); }
+  void Footer(const std::string& text) override { FApp.footer(text + "\n" + ExitStatusLine()); }
 
 private:
   CLI::Option* AddText(const std::string& name, std::string& value, const std::string& help) {
@@ -164,20 +154,6 @@ private:
   // The options that share a list, by that.
   std::unordered_map<const void*, std::vector<const CLI::Option*>> FSequences;
 };
-
-void AddCommonOptions(IOptions& app, TCommonOptions& options) {
-  app.Text("-c,--config", options.Configuration, "Build configuration; \"\" is \"Base\"")
-      .ValueName("NAME");
-  app.Text("-p,--platform", options.Platform, "Target platform, or \"all\"").ValueName("NAME");
-  app.Flag("--json", options.Json, "Print one JSON document");
-  app.Flag("-q,--quiet", options.Quiet,
-           "Print the document of --json and errors only; ask nothing");
-  app.Flag("--no-color", options.NoColor, "Print without colours");
-  app.Texts("--property", options.Properties,
-            "Evaluate the project as a build that is given this property; repeatable")
-      .ValueName("NAME=VALUE");
-  app.Text("--root", options.Root, "Directory that holds ObjRepos").ValueName("DIR");
-}
 
 // The arguments, with "help", "help COMMAND" and "version" as the options that they stand for.
 std::vector<std::string> WordsOf(int argc, const char* const* argv) {
@@ -210,9 +186,11 @@ std::vector<std::string> ParserArguments(const std::vector<std::string>& words) 
   return arguments;
 }
 
+// The text of the version is the caller's to print.
 void SetInformation(CLI::App& app) {
-  app.set_help_flag("-h,--help", "Print this help and end");
-  app.set_version_flag("-V,--version", std::string("deploymgr ") + DEPLOYMENT_VERSION);
+  app.set_help_flag(std::string(HelpOption.Names), std::string(HelpOption.Help));
+  app.set_version_flag(std::string(VersionOption.Names), std::string(),
+                       std::string(VersionOption.Help));
 }
 
 } // namespace
@@ -220,15 +198,15 @@ void SetInformation(CLI::App& app) {
 class TArgumentParser::TCommandLine {
 public:
   TCommandLine(TCommonOptions& common, std::vector<std::unique_ptr<ICommand>> commands)
-      : FApp(Description, "deploymgr"), FCommon(common) {
-    FApp.footer(std::string(MainFooter) + "\n" + ExitStatuses);
+      : FApp(std::string(ProgramDescription), "deploymgr"), FCommon(common) {
+    FApp.footer(std::string(MainFooter) + "\n" + ExitStatusLine());
     FApp.require_subcommand(1);
     SetInformation(FApp);
     AddCommonOptions(OptionsOf(FApp), common);
     for (std::unique_ptr<ICommand>& command : commands) {
       CLI::App* sub = FApp.add_subcommand(command->Name(), command->Summary());
       SetInformation(*sub);
-      sub->footer(ExitStatuses);
+      sub->footer(ExitStatusLine());
       IOptions& options = OptionsOf(*sub);
       command->AddOptions(options);
       AddCommonOptions(options, common);
@@ -240,16 +218,18 @@ public:
     CheckArguments(argc, argv);
     try {
       FApp.parse(ParserArguments(WordsOf(argc, argv)));
+    } catch (const CLI::CallForVersion&) {
+      return {nullptr, {}, true};
     } catch (const CLI::Success& success) {
       std::ostringstream text;
       FApp.exit(success, text, text);
-      return {nullptr, text.str()};
+      return {nullptr, text.str(), false};
     } catch (const CLI::ParseError& error) {
       throw TUsageError(MessageOf(error));
     }
     const auto& [sub, command] = Chosen();
     CheckValues(*sub);
-    return {command.get(), {}};
+    return {command.get(), {}, false};
   }
 
 private:

@@ -12,7 +12,8 @@ namespace workbench {
 /// What a command line asks for.
 struct TParsedArguments {
   ICommand* Command = nullptr; ///< null when only a text is asked for, such as the help
-  std::string Text;            ///< that text
+  std::string Text;            ///< that text, save for the version
+  bool IsVersion = false;      ///< the version is asked for
 };
 
 /// Reads one command line for the commands it is made with.

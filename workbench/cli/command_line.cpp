@@ -3,6 +3,7 @@
 #include "package/common/case_fold.h"
 #include "workbench/cli/argument_parser.h"
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/completion/completion.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/failure_report.h"
 #include "workbench/cli/context/terminal_interaction.h"
@@ -10,6 +11,7 @@
 #include "workbench/msbuild/property_names.h"
 #include "workbench/services/remote_profile_services.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <exception>
@@ -77,7 +79,28 @@ int RunCommand(ICommand& command, const TCommonOptions& options, TOutput& output
   return Reported(output, [&] { return StatusOnceWritten(output, command.Run(context)); });
 }
 
-int Run(int argc, const char* const* argv) {
+void PrintVersion(const TProgramVersion& version, TOutput& output) {
+  if (output.IsJson())
+    return output.Document({{"program", "deploymgr"},
+                            {"version", std::string(version.Version)},
+                            {"commit", std::string(version.Commit)}});
+  const std::string commit = version.Commit;
+  output.Write(std::string("deploymgr ") + version.Version +
+               (commit.empty() ? "" : " (" + commit + ")") + "\n");
+}
+
+// What goes wrong here would disturb a line that is being typed, so nothing is said of it.
+int RunCompletion(int argc, const char* const* argv) {
+  const std::string shell = argc > 2 ? argv[2] : "";
+  const std::vector<std::string> words(argv + std::min(argc, 3), argv + argc);
+  TOutput output(false, false, true);
+  output.Write(CompletionsOf(AllCommands(), shell, words));
+  return output.Flush() ? exit_status::Done : exit_status::WorkFailed;
+}
+
+int Run(int argc, const char* const* argv, const TProgramVersion& version) {
+  if (argc > 1 && argv[1] == CompletionArgument)
+    return RunCompletion(argc, argv);
   TCommonOptions options;
   TArgumentParser parser(options, AllCommands());
   TOutput early(HasArgument(argc, argv, "--json"), false, true);
@@ -86,7 +109,10 @@ int Run(int argc, const char* const* argv) {
     const TParsedArguments parsed = parser.Parse(argc, argv);
     command = parsed.Command;
     if (!command) {
-      early.Write(parsed.Text);
+      if (parsed.IsVersion)
+        PrintVersion(version, early);
+      else
+        early.Write(parsed.Text);
       return StatusOnceWritten(early, exit_status::Done);
     }
     return exit_status::Done;
@@ -99,9 +125,9 @@ int Run(int argc, const char* const* argv) {
 
 } // namespace
 
-int RunCommandLine(int argc, const char* const* argv) noexcept {
+int RunCommandLine(int argc, const char* const* argv, const TProgramVersion& version) noexcept {
   try {
-    return Run(argc, argv);
+    return Run(argc, argv, version);
   } catch (const std::exception& error) {
     std::cerr << "deploymgr: " << error.what() << '\n';
   } catch (...) {

@@ -2,6 +2,7 @@
 #include "workbench/cli/command_line.h"
 
 #include <csignal>
+#include <deployment_commit.h>
 #include <fcntl.h>
 #include <initializer_list>
 #include <unistd.h>
@@ -30,5 +31,5 @@ int main(int argc, char** argv) {
   std::signal(SIGINT, EndInterrupted);
   std::signal(SIGTERM, EndInterrupted);
   std::signal(SIGPIPE, SIG_IGN);
-  return workbench::RunCommandLine(argc, argv);
+  return workbench::RunCommandLine(argc, argv, {DEPLOYMENT_VERSION, DEPLOYMENT_COMMIT});
 }

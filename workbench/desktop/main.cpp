@@ -13,11 +13,13 @@
 #include <QCommandLineParser>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QIcon>
 #include <QMessageBox>
 #include <QTimer>
 #include <QWindow>
 #include <cstdio>
 #include <cstring>
+#include <deployment_commit.h>
 #include <optional>
 
 namespace {
@@ -38,6 +40,14 @@ struct TArguments {
   QSize Size;
   std::optional<TAppearance> Appearance;
 };
+
+// Of the desktop entry and of the icon. Sessions of desktops keep it, so it never changes.
+constexpr const char* DesktopId = "org.deploymentmanager.DeploymentManager";
+
+QString VersionText() {
+  const QString commit = DEPLOYMENT_COMMIT;
+  return DEPLOYMENT_VERSION + (commit.isEmpty() ? QString() : " (" + commit + ")");
+}
 
 int Fail(const QString& text, int status) {
   std::fprintf(stderr, "deployment-manager: %s\n", qUtf8Printable(text));
@@ -201,8 +211,9 @@ int main(int argc, char* argv[]) {
   }
   QApplication application(argc, argv);
   QApplication::setApplicationName("Deployment Manager");
-  QApplication::setApplicationVersion(DEPLOYMENT_VERSION);
-  QApplication::setDesktopFileName("deployment-manager");
+  QApplication::setApplicationVersion(VersionText());
+  QApplication::setDesktopFileName(DesktopId);
+  QApplication::setWindowIcon(QIcon::fromTheme(DesktopId, QIcon(":/icons/deployment-manager.svg")));
   InstallTranslations(application);
   const auto arguments = Parse();
   if (!arguments)

@@ -33,7 +33,7 @@ std::string ToStoredPath(const std::filesystem::path& path) {
 std::filesystem::path RunningProgram() {
   std::error_code error;
   std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-  return error ? std::filesystem::path() : program;
+  return error ? std::filesystem::path(DEPLOYMENT_PREFIX) / "bin" / "deploymgr" : program;
 }
 
 } // namespace workbench

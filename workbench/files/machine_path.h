@@ -18,7 +18,8 @@ std::filesystem::path ToMachinePath(std::string_view storedPath);
 /// The stored form of a path of this machine: each "/" is a "\". Nothing is made absolute.
 std::string ToStoredPath(const std::filesystem::path& path);
 
-/// The program that runs, links resolved; empty when the system does not tell.
+/// The program that runs, links resolved; when the system does not tell, a program in the place
+/// that it was built to be installed in.
 std::filesystem::path RunningProgram();
 
 } // namespace workbench

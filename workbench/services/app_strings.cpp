@@ -9,10 +9,6 @@
 #include <algorithm>
 #include <cstdlib>
 
-#ifndef DEPLOYMENT_DATA_DIR
-#define DEPLOYMENT_DATA_DIR "/usr/share/deployment-manager"
-#endif
-
 namespace workbench {
 namespace {
 
@@ -67,11 +63,9 @@ std::filesystem::path FindRoot(const std::filesystem::path& option) {
   if (const std::string_view variable = Environment("ZELK"); !variable.empty())
     return FullPath(ToMachinePath(variable));
   const std::filesystem::path program = RunningProgram().parent_path();
-  for (const char* place : {"../..", "../share/deployment-manager"}) {
-    if (!program.empty() && IsRoot(program / place))
-      return FullPath(program / place / "");
-  }
-  return DEPLOYMENT_DATA_DIR;
+  const std::filesystem::path installed = program / "../share/deployment-manager";
+  const std::filesystem::path built = program / "../.."; // the source tree above the build
+  return FullPath(!IsRoot(installed) && IsRoot(built) ? built / "" : installed);
 }
 
 void RequireShippedDirectory(const std::filesystem::path& root) {

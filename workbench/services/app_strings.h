@@ -12,8 +12,8 @@
 namespace workbench {
 
 /// The root directory, below which ObjRepos stands: the option when it is not empty, else the
-/// environment variable ZELK, else the place beside the running program, else the one that was
-/// fixed when the program was built. A full path that need not exist.
+/// environment variable ZELK, else the place that was installed with the running program, else the
+/// tree that it was built in. A full path that need not exist.
 std::filesystem::path FindRoot(const std::filesystem::path& option);
 
 /// Files below ObjRepos/Deploy, by their names there.

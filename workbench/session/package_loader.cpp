@@ -9,9 +9,31 @@
 namespace workbench {
 namespace {
 
+constexpr const char* ModuleName = "deployment-package.so";
+constexpr const char* DirectoryName = "deployment-manager";
+
 std::string LoaderReason() {
   const char* reason = ::dlerror();
   return reason ? reason : "no reason was given";
+}
+
+std::string VersionText(const char* release, std::uint32_t interface) {
+  return "version " + std::string(release) + " (interface " + std::to_string(interface) + ")";
+}
+
+// Why a module refuses this host, in words that name both.
+std::string DifferenceOf(void* module) {
+  const std::string own =
+      VersionText(DEPLOYMENT_VERSION, deployment::PackageInterfaceVersion) + " of this program";
+  void* symbol = ::dlsym(module, deployment::PackageVersionName);
+  if (!symbol)
+    return "the package is of an older version, which does not tell its number; it does not go "
+           "with " +
+           own;
+  const deployment::TPackageVersion version =
+      reinterpret_cast<deployment::TGetPackageVersion>(symbol)();
+  return "the package of " + VersionText(version.Release, version.Interface) +
+         " does not go with " + own;
 }
 
 } // namespace
@@ -21,12 +43,23 @@ void TPackageLoader::TUnload::operator()(void* module) const {
 }
 
 std::filesystem::path PackageModuleFile() {
-  return RunningProgram().parent_path() / "deployment-package.so";
+  const std::filesystem::path directory = RunningProgram().parent_path();
+  const std::filesystem::path beside = directory / ModuleName;
+  const std::filesystem::path prefix = (directory / "..").lexically_normal();
+  std::error_code ignored;
+  // Files that are shared stand where the program was installed, and nowhere else.
+  if (std::filesystem::exists(beside, ignored) ||
+      !std::filesystem::is_directory(prefix / "share" / DirectoryName, ignored))
+    return beside;
+  return prefix / "lib" / DirectoryName / ModuleName;
 }
 
 TPackageLoader::TPackageLoader(deployment::VelmorIDEServices& host,
                                const std::filesystem::path& module) {
   const deployment::TErrorPlace place{module.string(), 0};
+  std::error_code ignored;
+  if (!std::filesystem::exists(module, ignored))
+    throw deployment::TInputError("there is no such file: the installation is not complete", place);
   // A full path, because the loader searches a bare name in the system's directories.
   FModule.reset(::dlopen(std::filesystem::absolute(module).c_str(), RTLD_NOW | RTLD_LOCAL));
   if (!FModule)
@@ -36,10 +69,7 @@ TPackageLoader::TPackageLoader(deployment::VelmorIDEServices& host,
     throw deployment::TInputError("the module is no deployment package: " + LoaderReason(), place);
   const auto create = reinterpret_cast<deployment::TCreatePackage>(symbol);
   if (!create(host, deployment::PackageInterfaceVersion, FPackage))
-    throw deployment::TInputError("the package was built for another version of this program "
-                                  "(this one has interface version " +
-                                      std::to_string(deployment::PackageInterfaceVersion) + ")",
-                                  place);
+    throw deployment::TInputError(DifferenceOf(FModule.get()), place);
   if (!FPackage)
     throw deployment::TInputError("the package did not come to life", place);
 }

@@ -8,7 +8,8 @@
 
 namespace workbench {
 
-/// The loadable module beside the running program.
+/// The loadable module: beside the running program, else where that program was installed with it.
+/// The file need not exist.
 std::filesystem::path PackageModuleFile();
 
 /// The loaded package. Destroys it before it unloads the module.

@@ -1,4 +1,5 @@
-// How a host loads the package: one function that the module exports, one object that it hands out.
+// How a host loads the package: two functions that the module exports, one object that it hands
+// out.
 #pragma once
 
 #include "package/host/api/ideservices.h"
@@ -10,7 +11,13 @@
 namespace deployment {
 
 /// Goes up with every change of a header in this folder; host and package must agree.
-inline constexpr std::uint32_t PackageInterfaceVersion = 5;
+inline constexpr std::uint32_t PackageInterfaceVersion = 6;
+
+/// Which package a module holds.
+struct TPackageVersion {
+  std::uint32_t Interface; ///< the PackageInterfaceVersion that it was built with
+  const char* Release;     ///< such as "0.1.0"; good as long as the module is loaded
+};
 
 /// The loaded package. Owned by the host, which destroys it before it unloads the module and after
 /// it closed every module that the package attached a handler to.
@@ -34,5 +41,9 @@ public:
 inline constexpr const char* CreatePackageName = "CreateDeploymentPackage";
 using TCreatePackage = bool (*)(VelmorIDEServices& host, std::uint32_t interfaceVersion,
                                 std::unique_ptr<IPackage>& package);
+
+/// Name and type of the other exported function, by which a host can say why it refuses a module.
+inline constexpr const char* PackageVersionName = "DeploymentPackageVersion";
+using TGetPackageVersion = TPackageVersion (*)();
 
 } // namespace deployment

@@ -1,4 +1,4 @@
-// The door of the loadable module: the one function that it exports.
+// The door of the loadable module: the functions that it exports.
 #include "package/host/api/package.h"
 #include "package/host/plugin/deployment_package.h"
 
@@ -15,5 +15,12 @@ CreateDeploymentPackage(deployment::VelmorIDEServices& host, std::uint32_t inter
   return true;
 }
 
+extern "C" __attribute__((visibility("default"))) deployment::TPackageVersion
+DeploymentPackageVersion() {
+  return {deployment::PackageInterfaceVersion, DEPLOYMENT_VERSION};
+}
+
 static_assert(std::is_same_v<decltype(&CreateDeploymentPackage), deployment::TCreatePackage>,
+              "the exported function is not what hosts look for");
+static_assert(std::is_same_v<decltype(&DeploymentPackageVersion), deployment::TGetPackageVersion>,
               "the exported function is not what hosts look for");

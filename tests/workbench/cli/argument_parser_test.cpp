@@ -160,9 +160,11 @@ TEST(ArgumentParser, SaysWhatIsWrong) {
 
 TEST(ArgumentParser, AnswersHelpAndVersionWithATextAlone) {
   TReader version;
-  EXPECT_EQ(version.Read({"--version"}).Text, "deploymgr 0.1.0\n");
-  EXPECT_EQ(TReader().Read({"version"}).Text, "deploymgr 0.1.0\n");
-  EXPECT_EQ(TReader().Read({"send", "-V"}).Text, "deploymgr 0.1.0\n");
+  const TParsedArguments asked = version.Read({"--version"});
+  EXPECT_FALSE(asked.Command);
+  EXPECT_TRUE(asked.IsVersion);
+  EXPECT_TRUE(TReader().Read({"version"}).IsVersion);
+  EXPECT_TRUE(TReader().Read({"send", "-V"}).IsVersion);
   EXPECT_EQ(TReader().Read({"help"}).Text, TReader().Read({"--help"}).Text);
   EXPECT_EQ(TReader().Read({"help", "send"}).Text, TReader().Read({"send", "--help"}).Text);
   TReader reader;
@@ -177,8 +179,7 @@ TEST(ArgumentParser, AnswersHelpAndVersionWithATextAlone) {
                          "\n"
                          "Options:\n"
                          "  -h,--help                   Print this help and end\n"
-                         "  -V,--version                Display program version information and "
-                         "exit\n"
+                         "  -V,--version                Print the version and end\n"
                          "  --kind TEXT:{fast,safe}     How\n"
                          "  --tag WORD ...              A tag\n"
                          "  --target NAME ...           One\n"

@@ -78,17 +78,24 @@ TEST_F(PackageLoader, DestroysThePackageBeforeItUnloadsTheModule) {
   EXPECT_EQ(dlopen(module.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
 }
 
-TEST_F(PackageLoader, SaysThatThePackageIsOfAnotherVersion) {
+TEST_F(PackageLoader, NamesBothVersionsWhenThePackageIsOfAnotherOne) {
   EXPECT_EQ(LoadError(Neighbour("refusing-package.so")),
-            "the package was built for another version of this program (this one has interface "
-            "version " +
-                std::to_string(PackageInterfaceVersion) + ")");
+            "the package of version 9.8.7 (interface 4000000000) does not go with version " +
+                std::string(DEPLOYMENT_VERSION) + " (interface " +
+                std::to_string(PackageInterfaceVersion) + ") of this program");
+}
+
+TEST_F(PackageLoader, SaysThatAPackageWithoutAVersionIsOlder) {
+  EXPECT_EQ(LoadError(Neighbour("older-package.so")),
+            "the package is of an older version, which does not tell its number; it does not go "
+            "with version " +
+                std::string(DEPLOYMENT_VERSION) + " (interface " +
+                std::to_string(PackageInterfaceVersion) + ") of this program");
 }
 
 TEST_F(PackageLoader, GivesTheLoadersReason) {
   const std::filesystem::path module = FDirectory / "absent.so";
-  EXPECT_EQ(LoadError(module), "the package cannot be loaded: " + module.string() +
-                                   ": cannot open shared object file: No such file or directory");
+  EXPECT_EQ(LoadError(module), "there is no such file: the installation is not complete");
   Write(module, "no program at all, but long enough to have a header of one");
   EXPECT_TRUE(LoadError(module).starts_with("the package cannot be loaded: " + module.string()));
 }

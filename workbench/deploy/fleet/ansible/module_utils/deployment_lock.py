@@ -1,0 +1,136 @@
+# Keeps two deploys of one project from one place at a time.
+from __future__ import absolute_import, division, print_function
+
+__metaclass__ = type
+
+import os
+import socket
+import time
+
+from ansible.module_utils.deployment_names import InputError, machine_mark
+from ansible.module_utils.deployment_record import (
+    json_bytes, number_in, parse_json, text_in, utc_text)
+
+LOCK_NAME = 'lock'
+LARGEST_LOCK = 4096
+STALE_AGE = 60       # seconds without a sign of life
+EMPTY_AGE = 5        # a lock says whose it is right after it is made
+REFRESH_INTERVAL = 10
+MOST_PROCESSES = 0x7fffffff
+
+
+class LockedError(Exception):
+    """Somebody else has the lock; the text says who."""
+
+
+def _holder_of(data):
+    try:
+        value = parse_json(data)
+        holder = {name: text_in(value, name) for name in ('by', 'machine', 'since')}
+        holder['machineMark'] = text_in(value, 'machineMark') if 'machineMark' in value else ''
+        holder['process'] = number_in(value, 'process', 0, MOST_PROCESSES)
+        return holder
+    except InputError:
+        return {'by': 'somebody', 'machine': 'a machine that it does not name', 'process': 0,
+                'since': '', 'machineMark': ''}
+
+
+def _is_gone(holder):
+    if not holder['process'] or holder['machineMark'] != machine_mark():
+        return False
+    try:
+        os.kill(holder['process'], 0)
+    except ProcessLookupError:
+        return True
+    except (OSError, OverflowError):
+        pass
+    return False
+
+
+def _text(holder):
+    text = '%s on %s' % (holder['by'], holder['machine'])
+    if holder['process']:
+        text += ' (process %d)' % holder['process']
+    if holder['since']:
+        text += ', since ' + holder['since']
+    return ''.join(c if c.isprintable() else '?' for c in text)
+
+
+class Lock:
+    """The lock beside a record, whose directory is there when it is taken."""
+
+    def __init__(self, tree, directory):
+        self._tree = tree
+        self._directory = directory
+        self._handle = -1
+
+    def check(self):
+        """Raises LockedError when somebody who lives has it."""
+        holder = self._holder()
+        if holder:
+            raise LockedError('somebody else deploys there: ' + holder)
+
+    def _holder(self):
+        try:
+            status = self._tree.examine(self._directory, LOCK_NAME)
+            if status is None:
+                return ''
+            data = self._tree.read(self._directory, LOCK_NAME, LARGEST_LOCK) or b''
+        except FileNotFoundError:
+            return ''
+        except OSError:
+            return _text(_holder_of(b''))
+        holder = _holder_of(data)
+        age = time.time() - status.st_mtime
+        if age > (STALE_AGE if data else EMPTY_AGE) or _is_gone(holder):
+            return ''
+        return _text(holder)
+
+    def take(self, by, break_it):
+        """Takes it. Raises LockedError, and OSError where no lock can be made."""
+        text = json_bytes({'by': by, 'machine': socket.gethostname(),
+                           'machineMark': machine_mark(), 'process': os.getpid(),
+                           'since': utc_text()}, None)
+        for attempt in range(3):
+            try:
+                self._make(text)
+                return
+            except FileExistsError:
+                if not break_it:
+                    self.check()
+                if attempt == 2:
+                    raise
+                self._tree.remove(self._directory, LOCK_NAME)
+
+    def _make(self, text):
+        directory = self._tree.handle(self._directory)
+        handle = os.open(LOCK_NAME, os.O_WRONLY | os.O_CREAT | os.O_EXCL | os.O_NOFOLLOW
+                         | os.O_CLOEXEC, 0o644, dir_fd=directory)
+        try:
+            os.write(handle, text)
+        except OSError:
+            os.unlink(LOCK_NAME, dir_fd=directory)
+            raise
+        finally:
+            os.close(handle)
+        # A handle of its own: it is refreshed beside the work.
+        self._handle = os.dup(directory)
+
+    def refresh(self):
+        """Says that the holder lives."""
+        if self._handle >= 0:
+            try:
+                os.utime(LOCK_NAME, dir_fd=self._handle, follow_symlinks=False)
+            except (OSError, NotImplementedError):
+                pass
+
+    def release(self):
+        """Takes it back, when it is taken."""
+        if self._handle < 0:
+            return
+        try:
+            os.unlink(LOCK_NAME, dir_fd=self._handle)
+        except OSError:
+            pass
+        os.close(self._handle)
+        self._handle = -1
