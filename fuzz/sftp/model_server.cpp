@@ -120,7 +120,9 @@ void TModelServer::Answer(std::string_view packet, std::string& out) {
     constexpr std::array<std::uint8_t, 7> Kinds{2, 102, 103, 104, 105, 201, 250};
     TByteBuffer bytes;
     TSftpWriter writer(bytes);
-    writer.Begin(static_cast<TSftpPacket>(Kinds[FLies.Below(Kinds.size())]));
+    const std::uint8_t made = Kinds[FLies.Below(Kinds.size())];
+    FHasInvented = FHasInvented || made == static_cast<std::uint8_t>(TSftpPacket::Attributes);
+    writer.Begin(static_cast<TSftpPacket>(made));
     writer.Number(id);
     for (std::size_t count = FLies.Below(8); count > 0; --count)
       writer.Number(FLies.Byte());

@@ -42,6 +42,8 @@ public:
   bool IsHonest() const { return FIsHonest; }
   /// True when it said "done" of something that it did not do, or told a wrong size.
   bool HasPretended() const { return FHasPretended; }
+  /// True when it answered with attributes that it made up.
+  bool HasInvented() const { return FHasInvented; }
   /// Called before each request that changes something, with the paths that it names.
   std::function<void(const std::string& path)> OnChange;
   /// Called after each request.
@@ -79,6 +81,7 @@ private:
   bool FHasEnded = false;
   bool FIsHonest = true;
   bool FHasPretended = false;
+  bool FHasInvented = false;
 };
 
 } // namespace workbench::fuzz

@@ -39,4 +39,10 @@ std::string ProjectListing(std::string_view entries) {
                             std::string(entries)));
 }
 
+std::string DeployedFile(const std::string& name, const std::string& values,
+                         const std::string& more) {
+  return "<DeployFile LocalName='" + name + "' Configuration='Debug' Class='File'" + more +
+         "><Platform Name='Win32'>" + values + "</Platform></DeployFile>\n";
+}
+
 } // namespace integration

@@ -41,5 +41,8 @@ void ExpectToldAndLeftAlone(const TDamage& damage);
 std::string ProjectHolding(std::string_view text);
 /// The same with a list: these entries, and the output of the project switched off.
 std::string ProjectListing(std::string_view entries);
+/// An entry of such a list, for Win32; `values` are elements of its platform, `more` attributes.
+std::string DeployedFile(const std::string& name, const std::string& values,
+                         const std::string& more = {});
 
 } // namespace integration

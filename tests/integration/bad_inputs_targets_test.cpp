@@ -8,12 +8,6 @@ namespace {
 constexpr const char* BoxProfiles =
     R"({"profiles":[{"name":"box","platform":"Win32","kind":"folder","path":"%D/target","default":true}]})";
 
-std::string DeployedFile(const std::string& name, const std::string& values,
-                         const std::string& more = {}) {
-  return "<DeployFile LocalName='" + name + "' Configuration='Debug' Class='File'" + more +
-         "><Platform Name='Win32'>" + values + "</Platform></DeployFile>\n";
-}
-
 // A deploy of these entries to an empty directory.
 TDamage DeployDamage(const char* name, const std::string& entries, int status,
                      const std::string& message) {

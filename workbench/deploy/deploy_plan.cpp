@@ -5,10 +5,14 @@
 #include "workbench/deploy/link_texts.h"
 #include "workbench/deploy/local_files.h"
 #include "workbench/deploy/record/record_place.h"
+#include "workbench/deploy/source_roots.h"
 #include "workbench/files/sha256.h"
 #include "workbench/remote/target/file_times.h"
+#include "workbench/remote/target/remote_path.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -37,6 +41,7 @@ public:
     FConnection = &connect();
     ResolveDirectories();
     FindLinks();
+    FindOutside();
     FindCollisions();
     const bool mayGoOn = FPlan.Problems.empty();
     const std::vector<TRemoteStatus> remote =
@@ -59,6 +64,8 @@ private:
   void FindTarget(TPlannedFile& file);
   void ResolveDirectories();
   void FindLinks();
+  void FindOutside();
+  void CheckRemoval(const TPlannedFile& file);
   void FindCollisions();
   std::string Key(const std::string& path) const {
     return FOptions.Places.Names.IgnoresCase ? deployment::UpperCase(path) : path;
@@ -122,6 +129,8 @@ void TPlanner::ResolveDirectories() {
     if (IsRecordPath(file.RecordPath))
       Refuse(file, "its remote path \"" + file.File.RemoteName +
                        "\" leads to where deploys keep what they remember");
+    if (file.File.Operation == TDeployOperation::Remove)
+      CheckRemoval(file);
     if (file.RemoteFile().size() > LongestPath)
       Refuse(file,
              "its path on the target is longer than " + std::to_string(LongestPath) + " bytes");
@@ -153,6 +162,28 @@ void TPlanner::FindLinks() {
     file.Local = {
         .Size = texts[i].size(), .Hash = hash.Text(), .IsPlainFile = false, .Link = texts[i]};
     file.Link = std::move(texts[i]);
+  }
+}
+
+// What another project brought to the target is not this one's to take away.
+void TPlanner::CheckRemoval(const TPlannedFile& file) {
+  const std::string root = ParseRemotePath(FOptions.RootName).Joined();
+  if (file.RecordPath.empty() ||
+      (!root.empty() && !Key(file.RecordPath).starts_with(Key(root) + "/")))
+    Refuse(file, "it cannot be removed from \"" + file.File.RemoteName +
+                     "\", which is not below the project's directory on the target");
+}
+
+// A link that stays one is not read.
+void TPlanner::FindOutside() {
+  TSourceRoots roots(FOptions.SourceRoots);
+  std::unordered_set<std::string> known;
+  for (const TPlannedFile& file : FPlan.Files) {
+    const bool isRead = file.File.Operation != TDeployOperation::Remove &&
+                        file.State != TFileState::MissingHere && file.Link.empty();
+    if (isRead && !roots.Holds(file.File.LocalFile) &&
+        known.insert(file.File.LocalFile.string()).second)
+      FPlan.Outside.push_back(file.File.LocalFile.string());
   }
 }
 
@@ -386,6 +417,21 @@ std::vector<std::string> CommandsOf(const std::vector<TDeployFile>& files,
   if (!afterDeploy.empty())
     commands.push_back("on the target: " + afterDeploy);
   return commands;
+}
+
+std::vector<std::string> OutsideOf(const std::vector<TDeployFile>& files,
+                                   const std::vector<std::filesystem::path>& roots) {
+  TSourceRoots held(roots);
+  std::vector<std::string> outside;
+  std::unordered_set<std::string> known;
+  for (const TDeployFile& file : files) {
+    std::error_code error;
+    if (file.Operation != TDeployOperation::Remove &&
+        std::filesystem::exists(file.LocalFile, error) && !held.Holds(file.LocalFile) &&
+        known.insert(file.LocalFile.string()).second)
+      outside.push_back(file.LocalFile.string());
+  }
+  return outside;
 }
 
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,

@@ -9,6 +9,7 @@
 #include "workbench/remote/target/target_place.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -37,6 +38,11 @@ struct TPlanOptions {
   bool HashAll = false;          ///< tell the hash of every file here
   std::string AfterDeploy = {};  ///< command for the target when all files are in place
   bool KeepLinks = false;        ///< links stay links where the target knows them
+  /// Directories of this machine whose files need no consent; see TSourceRoots.
+  std::vector<std::filesystem::path> SourceRoots = {};
+  /// Directory of the project on the target, as stored: what files are removed below of. Empty: the
+  /// whole target is the project's.
+  std::string RootName = {};
   TPlaceRules Places = {};
   deployment::TDeploymentTarget Target = {};
 };
@@ -83,6 +89,9 @@ struct TDeployPlan {
   std::vector<std::string> Warnings;
   /// Commands of the project, each with where it runs: what a user gives or refuses consent to.
   std::vector<std::string> Commands;
+  /// Files of this machine from beyond the project's tree, full paths, each once: what a user gives
+  /// or refuses consent to.
+  std::vector<std::string> Outside = {};
   /// Runs on the target when all files are in place; empty when nothing runs then.
   std::string AfterDeploy;
 };
@@ -92,6 +101,11 @@ struct TDeployPlan {
 /// its profile.
 std::vector<std::string> CommandsOf(const std::vector<TDeployFile>& files,
                                     const TPlaceRules& places, const std::string& afterDeploy);
+
+/// Those of the files, full paths, that stand beyond the roots, links to such ones among them: what
+/// is sent with consent only, where the target does not keep a link as one.
+std::vector<std::string> OutsideOf(const std::vector<TDeployFile>& files,
+                                   const std::vector<std::filesystem::path>& roots);
 
 /// True when carrying the plan out changes files of the target.
 bool ChangesFiles(const TDeployPlan& plan);

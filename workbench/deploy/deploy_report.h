@@ -13,12 +13,13 @@ namespace workbench {
 /// How a run ended.
 enum class TDeployEnd {
   NotStarted,
-  Done,         ///< no file failed
-  Unexpected,   ///< others changed the target: rows were refused, or all of it was
-  Failed,       ///< some did
-  Refused,      ///< the plan has problems; nothing was done
-  NoConnection, ///< nothing was done, or the connection was lost on the way
-  NoConsent,    ///< commands may not run; nothing was done
+  Done,            ///< no file failed
+  Unexpected,      ///< others changed the target: rows were refused, or all of it was
+  Failed,          ///< some did
+  Refused,         ///< the plan has problems; nothing was done
+  NoConnection,    ///< nothing was done, or the connection was lost on the way
+  NoConsent,       ///< commands may not run; nothing was done
+  NoSourceConsent, ///< files from beyond the project's tree may not be sent; nothing was done
   Interrupted,
 };
 
@@ -55,6 +56,7 @@ struct TDeployReport {
   std::vector<TDeployRow> Rows;      ///< in the order of the plan
   std::vector<std::string> Problems; ///< of the plan
   std::vector<std::string> Commands; ///< of the project, with where each runs
+  std::vector<std::string> Outside;  ///< files from beyond the project's tree, full paths
   std::vector<std::string> Warnings;
   std::string AfterDeploy;              ///< command that runs when all files are in place, if any
   std::string AfterDeployProblem;       ///< why the command after the deploy failed or did not run

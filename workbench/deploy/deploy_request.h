@@ -51,10 +51,14 @@ inline void RunInForeground(const std::function<void()>& work) {
 using TMayRun =
     std::function<bool(const std::vector<std::string>& commands, const std::string& place)>;
 
+/// May these files of this machine, full paths from beyond the project's tree, be sent?
+using TMaySend = std::function<bool(const std::vector<std::string>& files)>;
+
 /// How a run goes on, whatever it carries out. Everything that it names must live as long.
 struct TRunTerms {
   TDeployOptions Options = {};
-  TMayRun MayRun = nullptr; ///< empty: commands may not run
+  TMayRun MayRun = nullptr;   ///< empty: commands may not run
+  TMaySend MaySend = nullptr; ///< empty: nothing from beyond the project's tree is sent
   TBackground Background = RunInForeground;
   /// Something else than 0, such as the number of a signal, interrupts the run; null: nothing does.
   const std::atomic<int>* Cancelled = nullptr;
@@ -66,13 +70,14 @@ struct TDeployRequest {
   deployment::ICustomProject& Project;
   deployment::TDeploymentTarget Target;
   TDeployOptions Options = {};
-  TMayRun MayRun = nullptr; ///< empty: they may not
+  TMayRun MayRun = nullptr;   ///< empty: commands may not run
+  TMaySend MaySend = nullptr; ///< empty: nothing from beyond the project's tree is sent
   TBackground Background = RunInForeground;
   /// Something else than 0, such as the number of a signal, interrupts the deploy; null: nothing
   /// does.
   const std::atomic<int>* Cancelled = nullptr;
 
-  TRunTerms Terms() const { return {Options, MayRun, Background, Cancelled}; }
+  TRunTerms Terms() const { return {Options, MayRun, MaySend, Background, Cancelled}; }
 };
 
 } // namespace workbench

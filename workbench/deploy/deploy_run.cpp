@@ -92,6 +92,8 @@ TPlanOptions TDeployRun::PlanOptions() const {
       .HashAll = wanted.HashAll,
       .AfterDeploy = FFacts.Destination.Profile ? FFacts.Destination.Profile->AfterDeploy : "",
       .KeepLinks = FFacts.Destination.Profile.has_value(),
+      .SourceRoots = FFacts.SourceRoots,
+      .RootName = FFacts.Destination.Profile ? FFacts.RootName : "",
       .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FFacts.Target.Platform),
       .Target = FFacts.Target,
   };
@@ -172,6 +174,7 @@ void TDeployRun::Describe() {
   FReport.Rows = RowsOf(FPlan);
   FReport.Problems = FPlan.Problems;
   FReport.Commands = FPlan.Commands;
+  FReport.Outside = FPlan.Outside;
   FReport.AfterDeploy = FPlan.AfterDeploy;
   FReport.LeftOvers = FPlan.LeftOvers;
   FReport.Warnings.insert(FReport.Warnings.end(), FPlan.Warnings.begin(), FPlan.Warnings.end());
@@ -200,6 +203,8 @@ bool TDeployRun::MayExecute() {
     FReport.End = End();
   else if (!FPlan.Commands.empty() && !(FTerms.MayRun && FTerms.MayRun(FPlan.Commands, place)))
     FReport.End = TDeployEnd::NoConsent;
+  else if (!FPlan.Outside.empty() && !(FTerms.MaySend && FTerms.MaySend(FPlan.Outside)))
+    FReport.End = TDeployEnd::NoSourceConsent;
   else
     return true;
   return false;

@@ -25,6 +25,8 @@ struct TRunFacts {
   std::vector<TDeployFile> Files = {};
   std::string RootName; ///< of the project on the platform, as stored
   std::filesystem::path ProjectFile;
+  /// Directories of this machine whose files need no consent.
+  std::vector<std::filesystem::path> SourceRoots = {};
   /// A plan that was made earlier, to be carried out in the place of one for the files.
   std::optional<TPlanFile> Given = {};
 };

@@ -3,6 +3,7 @@
 #include "package/host/api/target_entries.h"
 #include "workbench/deploy/deploy_run.h"
 #include "workbench/deploy/plan_check.h"
+#include "workbench/deploy/source_roots.h"
 #include "workbench/files/machine_path.h"
 
 #include <utility>
@@ -50,6 +51,8 @@ TDeploySubject TDeployService::SubjectOf(deployment::ICustomProject& project,
   const auto base =
       destination.Profile ? deployment::TRemoteBase::ProjectRoot : deployment::TRemoteBase::None;
   subject.HasDeployment = true;
+  subject.SourceRoots = FUserDirectories();
+  subject.SourceRoots.push_back(SourceTreeOf(subject.ProjectFile));
   subject.Files = CollectDeployFiles(project, *deployment, target, FServices, base);
   subject.RootName = deployment->GetRemoteBaseDir(target.Platform);
   return subject;
@@ -69,7 +72,8 @@ TRunFacts TDeployService::FactsOf(TDeploySubject subject, TDestination destinati
           .Target = std::move(subject.Target),
           .Files = std::move(subject.Files),
           .RootName = std::move(subject.RootName),
-          .ProjectFile = std::move(subject.ProjectFile)};
+          .ProjectFile = std::move(subject.ProjectFile),
+          .SourceRoots = std::move(subject.SourceRoots)};
 }
 
 TRunFacts TDeployService::FactsOf(const TDeployRequest& request) const {

@@ -11,13 +11,21 @@
 #include "workbench/deploy/time_comparison.h"
 #include "workbench/deploy/undo_run.h"
 
+#include <filesystem>
+#include <functional>
+#include <utility>
+#include <vector>
+
 namespace workbench {
 
 class TDeployService {
 public:
   /// Everything must outlive the object.
-  TDeployService(const TDestinations& destinations, const deployment::TEntryPathServices& services)
-      : FDestinations(destinations), FServices(services) {}
+  /// `userDirectories` tells the directories that the user named: their files need no consent.
+  TDeployService(const TDestinations& destinations, const deployment::TEntryPathServices& services,
+                 std::function<std::vector<std::filesystem::path>()> userDirectories)
+      : FDestinations(destinations), FServices(services),
+        FUserDirectories(std::move(userDirectories)) {}
 
   /// Plans the deploy and, unless it is a dry run, carries the plan out. What hinders or fails
   /// stands in the report. Throws TInputError for damaged profiles. Called on the main thread.
@@ -77,6 +85,7 @@ private:
 
   const TDestinations& FDestinations;
   deployment::TEntryPathServices FServices;
+  std::function<std::vector<std::filesystem::path>()> FUserDirectories;
 };
 
 } // namespace workbench

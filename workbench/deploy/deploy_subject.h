@@ -17,6 +17,7 @@ struct TDeploySubject {
   std::vector<TDeployFile> Files = {};
   std::string RootName = {}; ///< of the project on the platform, as stored
   std::filesystem::path ProjectFile = {};
+  std::vector<std::filesystem::path> SourceRoots = {}; ///< whose files are sent without a question
 };
 
 } // namespace workbench

@@ -177,6 +177,7 @@ TJson BodyOf(const TPlanFile& file) {
           {"forgotten", file.Plan.Forgotten},
           {"afterDeploy", file.Plan.AfterDeploy},
           {"projectCommands", file.Plan.Commands},
+          {"outside", file.Plan.Outside},
           {"options",
            {{"breakLock", file.BreakLock},
             {"noUndo", file.NoUndo},
@@ -202,6 +203,7 @@ TPlanFile PlanOf(const TJson& document) {
   file.Plan.Forgotten = document.At("forgotten").AsTexts("forgotten");
   file.Plan.AfterDeploy = document.Text("afterDeploy");
   file.Plan.Commands = document.At("projectCommands").AsTexts("projectCommands");
+  file.Plan.Outside = document.At("outside").AsTexts("outside");
   const TJson& options = document.At("options");
   file.BreakLock = options.BooleanOr("breakLock", false);
   file.NoUndo = options.BooleanOr("noUndo", false);

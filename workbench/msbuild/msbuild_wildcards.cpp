@@ -1,7 +1,6 @@
 #include "workbench/msbuild/msbuild_wildcards.h"
 
 #include "package/common/case_fold.h"
-#include "package/common/path_text.h"
 #include "workbench/msbuild/directory_cache.h"
 #include "workbench/msbuild/msbuild_escapes.h"
 #include "workbench/msbuild/project_paths.h"
@@ -97,8 +96,9 @@ TWildcardPattern::TWildcardPattern(std::string_view escaped) : FText(escaped) {
     return; // is refused, and takes in nothing
   const std::string marked = MarkWildcards(escaped);
   const std::size_t wildcard = std::min(marked.find_first_of(Wildcards), marked.size());
-  const std::string_view fixed =
-      deployment::DirectoryPart(std::string_view(marked).substr(0, wildcard));
+  // Up to the last delimiter: a colon is none, "t:*" is a name that begins with "t:".
+  const std::string_view fixed = std::string_view(marked).substr(
+      0, std::string_view(marked).substr(0, wildcard).find_last_of("\\/") + 1);
   FFixedPart = fixed;
   FFixedParts = SplitPath(fixed);
   for (std::string& part : SplitPath(std::string_view(marked).substr(fixed.size()))) {

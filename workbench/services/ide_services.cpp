@@ -1,6 +1,7 @@
 #include "workbench/services/ide_services.h"
 
 #include "workbench/services/text_filter.h"
+#include "workbench/services/user_directories.h"
 
 namespace workbench {
 
@@ -10,7 +11,8 @@ TIDEServices::TIDEServices(const std::filesystem::path& root, const TPlatformTab
       FSettings(settingsFile, [this](const TWarning& warning) { FMessages.Add(warning); }),
       FPersonalities(platforms, FSettings), FSDKs(FSettings),
       FRemoteProfiles(ProfilesFileBeside(settingsFile),
-                      {FMacroUtils, FFileUtils, FSDKs, platforms}),
+                      {FMacroUtils, FFileUtils, FSDKs, platforms,
+                       [this, root] { return UserDirectories(FSettings, root); }}),
       FAppStrings(root, FSettings) {}
 
 std::unique_ptr<deployment::ICoExpertFilter> TIDEServices::CreateTextFilter() {

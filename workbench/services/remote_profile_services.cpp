@@ -28,7 +28,7 @@ const TProfile& ProfileOf(const IOTARemoteProfile& profile) {
 TRemoteProfileServices::TRemoteProfileServices(const std::filesystem::path& profilesFile,
                                                const TRemoteHost& host)
     : FProfiles(profilesFile), FHost(host), FDestinations(host.Platforms, FProfiles, FConnections),
-      FDeploys(FDestinations, {host.Macros, host.Files, this, &host.SDKs}),
+      FDeploys(FDestinations, {host.Macros, host.Files, this, &host.SDKs}, host.UserDirectories),
       FInteraction(std::make_shared<IUserInteraction>()) {}
 
 TRemoteProfileServices::~TRemoteProfileServices() = default;

@@ -47,6 +47,8 @@ struct TRemoteHost {
   const deployment::IFileUtils& Files;
   const deployment::IPlatformSDKServices& SDKs;
   const TPlatformTable& Platforms;
+  /// The directories that the user named in settings, and that of the installation.
+  std::function<std::vector<std::filesystem::path>()> UserDirectories;
 };
 
 /// Used on the main thread but for Connect, which any thread may call.

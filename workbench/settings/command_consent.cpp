@@ -1,33 +1,23 @@
 #include "workbench/settings/command_consent.h"
 
 #include "package/common/errors.h"
-#include "workbench/json/json.h"
+#include "workbench/settings/consent_texts.h"
 
 #include <string_view>
 
 namespace workbench {
 namespace {
 
-constexpr std::string_view Prefix = "allowed-commands.";
-
 constexpr std::string_view Separator = " > ";
 
 std::string KeyOf(const std::filesystem::path& project, const std::string& place) {
-  return std::string(Prefix) + std::filesystem::weakly_canonical(project).string() +
+  return std::string(AllowedCommandsPrefix) + std::filesystem::weakly_canonical(project).string() +
          std::string(Separator) + place;
 }
 
-std::string TextOf(const std::vector<std::string>& commands) {
-  return JsonText(commands, -1);
-}
-
-std::vector<std::string> CommandsOf(const std::string& text) {
-  return ParseJson(text).AsTexts();
-}
-
-std::vector<std::string> CommandsOrNone(const std::string& text) {
+std::vector<std::string> TextsOrNone(const std::string& value) {
   try {
-    return CommandsOf(text);
+    return ConsentTextsOf(value);
   } catch (const deployment::TInputError&) {
     return {};
   }
@@ -38,32 +28,29 @@ std::vector<std::string> CommandsOrNone(const std::string& text) {
 bool IsAllowed(const TSettings& settings, const std::filesystem::path& project,
                const std::string& place, const std::vector<std::string>& commands) {
   const std::string key = KeyOf(project, place);
-  const std::optional<std::string> text = settings.Get(key);
-  try {
-    return text && CommandsOf(*text) == commands;
-  } catch (const deployment::TInputError& error) {
-    throw deployment::TInputError("the setting \"" + key + "\" is damaged: " + error.what() +
-                                      "; \"settings unset\" removes it",
-                                  {settings.File().string(), 0});
-  }
+  return settings.Get(key) && ConsentTexts(settings, key) == commands;
 }
 
 void Allow(TSettings& settings, const std::filesystem::path& project, const std::string& place,
            const std::vector<std::string>& commands) {
-  settings.Set(KeyOf(project, place), TextOf(commands));
+  settings.Set(KeyOf(project, place), TextOfConsent(commands));
 }
 
-std::vector<TCommandConsent> ListConsents(const TSettings& settings) {
-  std::vector<TCommandConsent> consents;
-  for (const auto& [key, text] : settings.List()) {
-    if (!key.starts_with(Prefix))
+std::vector<TConsent> ListConsents(const TSettings& settings) {
+  std::vector<TConsent> consents;
+  for (const auto& [key, value] : settings.List()) {
+    if (key.starts_with(AllowedSourcesPrefix))
+      consents.push_back({.Key = key,
+                          .Project = key.substr(AllowedSourcesPrefix.size()),
+                          .Texts = TextsOrNone(value)});
+    if (!key.starts_with(AllowedCommandsPrefix))
       continue;
-    const std::string name = key.substr(Prefix.size());
+    const std::string name = key.substr(AllowedCommandsPrefix.size());
     const std::size_t end = name.rfind(Separator);
     const bool hasPlace = end != std::string::npos;
     consents.push_back({key, name.substr(0, end),
                         hasPlace ? name.substr(end + Separator.size()) : std::string(),
-                        CommandsOrNone(text)});
+                        TextsOrNone(value)});
   }
   return consents;
 }

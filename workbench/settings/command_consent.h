@@ -10,12 +10,12 @@
 
 namespace workbench {
 
-/// A yes, as it is kept.
-struct TCommandConsent {
-  std::string Key;     ///< of the setting
-  std::string Project; ///< full path of the project file
-  std::string Place;   ///< where the project goes when they run
-  std::vector<std::string> Commands;
+/// A yes, as it is kept: to commands at a place, or to files beyond the project's tree.
+struct TConsent {
+  std::string Key;                     ///< of the setting
+  std::string Project;                 ///< full path of the project file
+  std::string Place = {};              ///< where the project goes when commands run; else empty
+  std::vector<std::string> Texts = {}; ///< the commands, or the full paths of the files
 };
 
 /// True when the user said yes before to exactly these commands, in this order, of the project,
@@ -27,7 +27,7 @@ bool IsAllowed(const TSettings& settings, const std::filesystem::path& project,
 /// Throws as TSettings::Set does.
 void Allow(TSettings& settings, const std::filesystem::path& project, const std::string& place,
            const std::vector<std::string>& commands);
-/// Every yes that is kept, by project. One whose text was damaged by hand has no commands.
-std::vector<TCommandConsent> ListConsents(const TSettings& settings);
+/// Every yes that is kept, by key. One that was damaged by hand has no texts.
+std::vector<TConsent> ListConsents(const TSettings& settings);
 
 } // namespace workbench

@@ -1,6 +1,7 @@
 #include "workbench/settings/known_settings.h"
 
 #include "package/common/convert.h"
+#include "workbench/settings/consent_texts.h"
 
 #include <algorithm>
 #include <array>
@@ -22,7 +23,7 @@ struct TKnownSetting {
 constexpr std::string_view PlatformPlaceholder = "PLATFORM";
 constexpr std::string_view ProjectPlaceholder = "PROJECT";
 
-constexpr std::array<TKnownSetting, 13> Settings{{
+constexpr std::array<TKnownSetting, 14> Settings{{
     {"library-path.", PlatformPlaceholder},
     {"toolchain-path.", PlatformPlaceholder},
     {"toolchain-osx-directory", ""},
@@ -35,7 +36,8 @@ constexpr std::array<TKnownSetting, 13> Settings{{
     {"DeploymentManager.ShowFeaturedFormAuto", "", "", TValueKind::Boolean},
     {"undo-runs", "", "", TValueKind::Number},
     {"undo-bytes", "", "", TValueKind::Number},
-    {"allowed-commands.", ProjectPlaceholder},
+    {AllowedCommandsPrefix, ProjectPlaceholder},
+    {AllowedSourcesPrefix, ProjectPlaceholder},
 }};
 
 bool IsIn(const std::vector<std::string>& names, std::string_view name) {

@@ -98,6 +98,32 @@ TEST(DeployPlan, GivesAProgramThatMayNotBeRunItsModeWithoutCopyingIt) {
   EXPECT_EQ(place.Plan({file}).Files[0].Action, TDeployAction::Mode);
 }
 
+TEST(DeployPlan, RemovesOnlyBelowTheProjectsDirectoryOnTheTarget) {
+  const TRemotePlace place;
+  TRemotePlace::Write(place.Target("demo/x"), "x");
+  TRemotePlace::Write(place.Target("other/keep"), "x");
+  std::filesystem::create_directory_symlink("../other", place.Target("demo/link"));
+  const auto problems = [&](const std::string& remoteName) {
+    TDeployFile file = place.File("a", remoteName);
+    file.Operation = TDeployOperation::Remove;
+    return place.Plan({file}, {.RootName = "demo"}).Problems;
+  };
+  EXPECT_EQ(problems("demo\\x"), TTexts());
+  EXPECT_EQ(problems("demo\\..\\other\\keep"),
+            TTexts{"\"a\": it cannot be removed from \"demo\\..\\other\\keep\", which is not below "
+                   "the project's directory on the target"});
+  EXPECT_EQ(problems("demo\\link\\keep").size(), 1U);
+  EXPECT_EQ(problems("demolition").size(), 1U);
+}
+
+TEST(DeployPlan, NamesTheFilesThatStandBeyondTheProjectsTree) {
+  const TRemotePlace place;
+  const std::vector<TDeployFile> files{place.File("a", "demo\\a"), place.File("sub/b", "demo\\b")};
+  EXPECT_EQ(place.Plan(files, {.SourceRoots = {place.Local()}}).Outside, TTexts());
+  EXPECT_EQ(place.Plan(files, {.SourceRoots = {place.Local("sub")}}).Outside,
+            TTexts{place.Local("a").string()});
+}
+
 TEST(DeployPlan, RemovesWhatIsThere) {
   const TRemotePlace place;
   TDeployFile file{.LocalName = "a", .LocalFile = place.Local("none"), .RemoteName = "a"};

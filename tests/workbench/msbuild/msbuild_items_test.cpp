@@ -58,6 +58,12 @@ TEST_F(MSBuildItems, CanBeExcludedRemovedAndUpdated) {
   EXPECT_EQ(project.Items().at(1).FindMetadata("M"), "1");
 }
 
+TEST_F(MSBuildItems, CanBeExcludedByANameWithAColon) {
+  EXPECT_EQ(ItemsOf("<ItemGroup><X Include=\"a:b.txt;a:c.txt;d\" Exclude=\"a:b.txt;?:c*\"/>"
+                    "</ItemGroup>"),
+            "X:d");
+}
+
 TEST_F(MSBuildItems, CanRemoveWhatAnotherListNames) {
   EXPECT_EQ(ItemsOf("<ItemGroup><X Include=\"a;b;c\"/><Y Include=\"b\"/><X Remove=\"@(Y);c*\"/>"
                     "</ItemGroup>"),

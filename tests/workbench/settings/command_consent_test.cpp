@@ -33,11 +33,11 @@ TEST_F(TCommandConsentTest, IsListedWithItsProject) {
   const auto consents = ListConsents(settings);
   ASSERT_EQ(consents.size(), 3U);
   EXPECT_EQ(consents[0].Project, "/damaged");
-  EXPECT_TRUE(consents[0].Commands.empty());
-  EXPECT_TRUE(consents[1].Commands.empty());
+  EXPECT_TRUE(consents[0].Texts.empty());
+  EXPECT_TRUE(consents[1].Texts.empty());
   EXPECT_EQ(consents[2].Project, std::filesystem::weakly_canonical(FFile).string());
   EXPECT_EQ(consents[2].Place, "box");
-  EXPECT_EQ(consents[2].Commands, (std::vector<std::string>{"make all", "strip"}));
+  EXPECT_EQ(consents[2].Texts, (std::vector<std::string>{"make all", "strip"}));
   EXPECT_TRUE(settings.Unset(consents[2].Key));
   EXPECT_FALSE(IsAllowed(settings, FFile, "box", {"make all", "strip"}));
 }

@@ -2,6 +2,7 @@
 #include "package/common/delimited_list.h"
 #include "package/host/api/default_deployment.h"
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/source_permission.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/name_hint.h"
 #include "workbench/cli/context/project_argument.h"
@@ -53,7 +54,10 @@ public:
     FFiles.Chains = FRemoteName.empty();
     const std::vector<TAddedFile> files = CollectFiles(context, FFiles, project);
     WarnOfUnknownClass(context, project);
-    SaveAndReport(context, project, FChange, Add(context, project, files, std::move(entry)));
+    const std::vector<TEntryChange> changes = Add(context, project, files, std::move(entry));
+    if (FFiles.Outside && !FChange.DryRun)
+      AllowAddedSources(context, project, changes);
+    SaveAndReport(context, project, FChange, changes);
     return exit_status::Done;
   }
 

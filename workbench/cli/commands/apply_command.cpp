@@ -50,7 +50,7 @@ public:
 
   void AddOptions(IOptions& options) override {
     options.Texts("FILE", FFiles, "Plans, as \"plan\" wrote them").Required();
-    AddRunOptions(options, FOptions, FAllowCommands);
+    AddRunOptions(options, FOptions, FAllowed);
     options.Flag("--dry-run", FOptions.DryRun, "Say what would be done, change nothing");
     options
         .Number("--hosts", FHosts, 1, MostHosts,
@@ -75,7 +75,8 @@ private:
     const TDeployReport report = context.Session.RemoteProfiles().Deploys().Apply(
         plan,
         {.Options = OptionsOf(plan),
-         .MayRun = ConsentOf(context, plan.ProjectFile, FAllowCommands),
+         .MayRun = ConsentOf(context, plan.ProjectFile, FAllowed.Commands),
+         .MaySend = SourceConsentOf(context, plan.ProjectFile, FAllowed.Outside),
          .Cancelled = &cancelled},
         progress);
     progress.Finish();
@@ -99,12 +100,13 @@ private:
     profiles.reserve(plans.size());
     for (std::size_t i = 0; i < plans.size(); ++i)
       profiles.push_back(ProfileOf(services.Destinations(), FFiles[i], plans[i], commands));
-    const bool mayRun = FOptions.DryRun || MayRunAtAll(context, commands, FAllowCommands);
+    const bool mayRun = FOptions.DryRun || MayRunAtAll(context, commands, FAllowed.Commands);
     TTargetsRun run(context, std::move(profiles), FHosts);
     if (!mayRun)
       return run.Run({.Do = nullptr, .Tell = [&](std::size_t, TCommandContext&) {
                         return RefuseCommands(commands);
                       }});
+    const std::map<std::filesystem::path, TMaySend> maySend = SourceConsents(context, plans);
     TSharedWork shared;
     std::vector<TDeployReport> reports(plans.size());
     const auto apply = [&](std::size_t i) {
@@ -114,6 +116,7 @@ private:
           services.Deploys().Apply(plans[i].File,
                                    {.Options = OptionsOf(plans[i].File),
                                     .MayRun = [](const auto&, const auto&) { return true; },
+                                    .MaySend = maySend.at(plans[i].File.ProjectFile),
                                     .Cancelled = &run.Cancelled(),
                                     .Shared = &shared},
                                    run.ObserverOf(i));
@@ -122,6 +125,23 @@ private:
       return Tell(part, plans[i].File, std::exchange(reports[i], {}), FFiles[i]);
     };
     return run.Run({apply, tell});
+  }
+
+  // By project, whose files are asked about once.
+  std::map<std::filesystem::path, TMaySend>
+  SourceConsents(TCommandContext& context, const std::vector<TGivenPlan>& plans) const {
+    std::map<std::filesystem::path, std::vector<std::string>> files;
+    for (const TGivenPlan& plan : plans) {
+      std::vector<std::string>& all = files[plan.File.ProjectFile];
+      const std::vector<std::string>& outside = plan.File.Plan.Outside;
+      all.insert(all.end(), outside.begin(), outside.end());
+    }
+    std::map<std::filesystem::path, TMaySend> consents;
+    for (const auto& [project, outside] : files)
+      consents.emplace(project, FOptions.DryRun ? nullptr
+                                                : SourceConsentOfAll(context, project, outside,
+                                                                     FAllowed.Outside));
+    return consents;
   }
 
   // What the plan leads to, for what is asked and shown; one that leads nowhere has its file's
@@ -158,7 +178,7 @@ private:
   int Tell(TCommandContext& context, const TPlanFile& plan, const TDeployReport& report,
            const std::string& file) const {
     return ReportDeploy(context, plan.Target, report,
-                        {.File = file, .IsDry = FOptions.DryRun, .AllowCommands = FAllowCommands});
+                        {.File = file, .IsDry = FOptions.DryRun, .Allowed = FAllowed});
   }
 
   static TPlanFile ReadPlan(const std::string& file) {
@@ -178,7 +198,7 @@ private:
   std::vector<std::string> FFiles;
   unsigned FHosts = TTargetOptions().Hosts;
   TDeployOptions FOptions;
-  bool FAllowCommands = false;
+  TAllowed FAllowed;
 };
 
 } // namespace

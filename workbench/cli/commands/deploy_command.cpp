@@ -28,7 +28,7 @@ public:
     options.Flag("--check", FCheck,
                  "Change nothing; end with 7 when something would change, with 8 when others "
                  "changed the target");
-    AddRunOptions(options, FOptions, FAllowCommands);
+    AddRunOptions(options, FOptions, FAllowed);
     AddTargetOptions(options, FTargets);
     AddChangeOptions(options, FChange);
   }
@@ -48,11 +48,9 @@ private:
     if (target.AllPlatforms)
       throw TUsageError("deploy needs a single platform, not \"all\"");
     if (FTargets.AreGiven())
-      return DeployToTargets(context, project, target,
-                             {.Targets = FTargets,
-                              .Options = FOptions,
-                              .AllowCommands = FAllowCommands,
-                              .IsCheck = FCheck});
+      return DeployToTargets(
+          context, project, target,
+          {.Targets = FTargets, .Options = FOptions, .Allowed = FAllowed, .IsCheck = FCheck});
     if (!FOptions.Compress)
       context.Session.RemoteProfiles().Destinations().Prepare(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
@@ -71,7 +69,7 @@ private:
                         {.File = project.GivenFileName().string(),
                          .IsDry = FOptions.DryRun,
                          .IsCheck = FCheck,
-                         .AllowCommands = FAllowCommands});
+                         .Allowed = FAllowed});
   }
 
   TDeployReport Deploy(TCommandContext& context, TOpenProject& project,
@@ -79,12 +77,13 @@ private:
     std::atomic<int> cancelled = 0;
     const TInterruptWatch watch(cancelled);
     TDeployProgress progress(context.Output);
-    const TDeployRequest request{.Project = project.Project(),
-                                 .Target = target,
-                                 .Options = FOptions,
-                                 .MayRun =
-                                     ConsentOf(context, project.GivenFileName(), FAllowCommands),
-                                 .Cancelled = &cancelled};
+    const TDeployRequest request{
+        .Project = project.Project(),
+        .Target = target,
+        .Options = FOptions,
+        .MayRun = ConsentOf(context, project.GivenFileName(), FAllowed.Commands),
+        .MaySend = SourceConsentOf(context, project.GivenFileName(), FAllowed.Outside),
+        .Cancelled = &cancelled};
     TDeployReport report = context.Session.RemoteProfiles().Deploys().Deploy(request, progress);
     progress.Finish();
     return report;
@@ -93,7 +92,7 @@ private:
   std::string FProject;
   TDeployOptions FOptions;
   TTargetOptions FTargets;
-  bool FAllowCommands = false;
+  TAllowed FAllowed;
   bool FCheck = false;
   TChangeOptions FChange;
 };

@@ -4,6 +4,7 @@
 #include "workbench/cli/view/deploy_progress.h"
 #include "workbench/settings/command_consent.h"
 #include "workbench/settings/number_setting.h"
+#include "workbench/settings/source_consent.h"
 
 #include <algorithm>
 #include <iostream>
@@ -26,17 +27,38 @@ std::string ProblemText(const std::vector<std::string>& problems) {
   return text;
 }
 
-std::string ConsentMessage(const std::vector<std::string>& commands) {
-  std::string text = "nothing was copied: the project's commands may not run without consent; "
-                     "--allow-commands gives it. They are: ";
-  for (std::size_t i = 0; i < commands.size(); ++i)
-    text.append(i > 0 ? "; " : "").append(commands[i]);
+std::string ConsentMessage(std::string_view what, const std::vector<std::string>& listed) {
+  std::string text = "nothing was copied: " + std::string(what) + " gives it. They are: ";
+  for (std::size_t i = 0; i < listed.size(); ++i)
+    text.append(i > 0 ? "; " : "").append(listed[i]);
   return text;
+}
+
+std::string CommandsMessage(const std::vector<std::string>& commands) {
+  return ConsentMessage("the project's commands may not run without consent; --allow-commands",
+                        commands);
 }
 
 bool MayRun(TCommandContext& context, const std::filesystem::path& project,
             const std::vector<std::string>& commands, const std::string& place) {
   return MayRunAtAll(context, {{project, place, commands}}, /*allow=*/false);
+}
+
+bool MaySend(TCommandContext& context, const std::filesystem::path& project,
+             const std::vector<std::string>& files) {
+  TSettings& settings = context.Session.Settings();
+  const std::vector<std::string> asked = SourcesWithoutConsent(settings, project, files);
+  if (asked.empty())
+    return true;
+  if (!context.Output.CanAsk())
+    return false;
+  std::cerr << "The project wants to send these files, which stand beyond its directory:\n";
+  for (const std::string& file : asked)
+    std::cerr << "  " << Visible(file) << '\n';
+  if (context.Output.Ask("Send them, now and from now on?", /*several=*/false) != TAnswer::Yes)
+    return false;
+  AllowSources(settings, project, asked);
+  return true;
 }
 
 void PrintSummary(TCommandContext& context, const deployment::TDeploymentTarget& target,
@@ -68,12 +90,14 @@ void AddPlanOptions(IOptions& options, TDeployOptions& wanted) {
   options.Flag("--prune", wanted.Prune, "Remove what was deployed and is not in the list any more");
 }
 
-void AddRunOptions(IOptions& options, TDeployOptions& wanted, bool& allowCommands) {
+void AddRunOptions(IOptions& options, TDeployOptions& wanted, TAllowed& allowed) {
   options.Flag("--break-lock", wanted.BreakLock, "Go on though somebody else deploys there");
   options.Flag("--no-undo", wanted.NoUndo, "Keep nothing on the target to take the deploy back by");
   options.Flag("--compress", wanted.Compress, "Compress what travels, for thin lines");
   options.Number("--jobs", wanted.Jobs, 1, 64, "How many files are copied at a time");
-  options.Flag("--allow-commands", allowCommands, "Let the project's commands run");
+  options.Flag("--allow-commands", allowed.Commands, "Let the project's commands run");
+  options.Flag("--allow-outside", allowed.Outside,
+               "Send files that stand beyond the project's directory, working copy or solution");
 }
 
 void TakeDeploySettings(const TSettings& settings, TDeployOptions& wanted) {
@@ -84,6 +108,28 @@ void TakeDeploySettings(const TSettings& settings, TDeployOptions& wanted) {
 TMayRun ConsentOf(TCommandContext& context, std::filesystem::path project, bool allow) {
   return [&context, project = std::move(project), allow](const auto& commands, const auto& place) {
     return allow || MayRun(context, project, commands, place);
+  };
+}
+
+TMaySend SourceConsentOf(TCommandContext& context, std::filesystem::path project, bool allow) {
+  return [&context, project = std::move(project), allow](const auto& files) {
+    return allow || MaySend(context, project, files);
+  };
+}
+
+TMaySend SourceConsentOfAll(TCommandContext& context, const std::filesystem::path& project,
+                            const std::vector<std::string>& files, bool allow) {
+  if (allow)
+    return [](const auto&) { return true; };
+  static_cast<void>(MaySend(context, project, files));
+  const std::vector<std::string> refused =
+      SourcesWithoutConsent(context.Session.Settings(), project, files);
+  std::set<std::string> allowed(files.begin(), files.end());
+  for (const std::string& file : refused)
+    allowed.erase(file);
+  return [allowed = std::move(allowed)](const auto& asked) {
+    return std::ranges::all_of(asked,
+                               [&](const std::string& file) { return allowed.contains(file); });
   };
 }
 
@@ -126,7 +172,7 @@ std::vector<std::string> CommandsOfAll(const std::vector<TPlaceCommands>& places
 }
 
 int RefuseCommands(const std::vector<TPlaceCommands>& places) {
-  throw TExitError(exit_status::NoConsent, ConsentMessage(CommandsOfAll(places)));
+  throw TExitError(exit_status::NoConsent, CommandsMessage(CommandsOfAll(places)));
 }
 
 void CheckWasBegun(const TDeployReport& report) {
@@ -140,16 +186,26 @@ void CheckWasBegun(const TDeployReport& report) {
   case TDeployEnd::NoConnection:
     throw TExitError(exit_status::NoConnection, report.Message);
   case TDeployEnd::NoConsent:
-    throw TExitError(exit_status::NoConsent, ConsentMessage(report.Commands));
+    throw TExitError(exit_status::NoConsent, CommandsMessage(report.Commands));
+  case TDeployEnd::NoSourceConsent:
+    throw TExitError(exit_status::NoConsent,
+                     ConsentMessage("files beyond the project's directory may not be sent without "
+                                    "consent; --allow-outside",
+                                    report.Outside));
   default:
     break;
   }
 }
 
 void PrintPlan(TCommandContext& context, const TDeployReport& report, const TDeployTelling& how) {
-  if (!how.IsCheck && !how.AllowCommands) {
+  if (!how.IsCheck && !how.Allowed.Commands) {
     for (const std::string& command : report.Commands)
       context.Output.Warn({"this command needs consent: " + command, how.File, 0});
+  }
+  if (!how.IsCheck && !how.Allowed.Outside) {
+    for (const std::string& file : report.Outside)
+      context.Output.Warn(
+          {"this file beyond the project's directory needs consent: " + file, how.File, 0});
   }
   if (context.Output.IsJson() || context.Output.IsQuiet())
     return;

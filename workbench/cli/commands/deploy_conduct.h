@@ -13,14 +13,22 @@ namespace workbench {
 
 /// Declares what decides what a plan does.
 void AddPlanOptions(IOptions& options, TDeployOptions& wanted);
+/// What the command line says yes to.
+struct TAllowed {
+  bool Commands = false; ///< of the project
+  bool Outside = false;  ///< files from beyond the project's tree
+};
+
 /// Declares how a plan is carried out.
-void AddRunOptions(IOptions& options, TDeployOptions& wanted, bool& allowCommands);
+void AddRunOptions(IOptions& options, TDeployOptions& wanted, TAllowed& allowed);
 /// Takes over what the user's settings say of deploys. Throws TInputError for a damaged one.
 void TakeDeploySettings(const TSettings& settings, TDeployOptions& wanted);
 
 /// May the commands of the project run? `allow` is the command line's yes; else one that is kept
 /// counts, else a person is asked. The context must outlive the answer.
 TMayRun ConsentOf(TCommandContext& context, std::filesystem::path project, bool allow);
+/// May files from beyond the project's tree be sent? As above.
+TMaySend SourceConsentOf(TCommandContext& context, std::filesystem::path project, bool allow);
 
 /// The commands that run when a project is deployed to a place.
 struct TPlaceCommands {
@@ -31,6 +39,11 @@ struct TPlaceCommands {
 
 /// The same for several places at once, where a person is asked one question for all of them.
 bool MayRunAtAll(TCommandContext& context, const std::vector<TPlaceCommands>& places, bool allow);
+
+/// May files from beyond the project's tree be sent, of all these? A person is asked one question,
+/// now; the answer may be asked by several threads.
+TMaySend SourceConsentOfAll(TCommandContext& context, const std::filesystem::path& project,
+                            const std::vector<std::string>& files, bool allow);
 
 /// Every command of the places once.
 std::vector<std::string> CommandsOfAll(const std::vector<TPlaceCommands>& places);
@@ -46,11 +59,11 @@ struct TDeployTelling {
   std::string File; ///< that warnings are about
   bool IsDry = false;
   bool IsCheck = false;
-  bool AllowCommands = false;
+  TAllowed Allowed = {};
 };
 
 /// Prints the rows of a plan that is not carried out, for people; with --json and --quiet the
-/// commands that need consent are warned of only.
+/// commands and files that need consent are warned of only.
 void PrintPlan(TCommandContext& context, const TDeployReport& report, const TDeployTelling& how);
 /// Warns, prints the rows or the document, and returns the exit status. Throws as CheckWasBegun.
 int ReportDeploy(TCommandContext& context, const deployment::TDeploymentTarget& target,

@@ -41,7 +41,13 @@ int DeployToTargets(TCommandContext& context, TOpenProject& project, const TTarg
   const TDeploySubject subject = ReadSubject(context, project, target);
   const std::vector<TPlaceCommands> commands =
       CommandsAt(project.GivenFileName(), services.Destinations(), subject, profiles);
-  const bool mayRun = wanted.Options.DryRun || MayRunAtAll(context, commands, wanted.AllowCommands);
+  const bool mayRun =
+      wanted.Options.DryRun || MayRunAtAll(context, commands, wanted.Allowed.Commands);
+  const TMaySend maySend = wanted.Options.DryRun || !mayRun
+                               ? nullptr
+                               : SourceConsentOfAll(context, project.GivenFileName(),
+                                                    OutsideOf(subject.Files, subject.SourceRoots),
+                                                    wanted.Allowed.Outside);
   TTargetsRun run(context, std::move(profiles), wanted.Targets.Hosts);
   const std::string file = project.GivenFileName().string();
   if (!mayRun)
@@ -54,6 +60,7 @@ int DeployToTargets(TCommandContext& context, TOpenProject& project, const TTarg
     reports[i] = services.Deploys().Deploy(subject, run.Profiles()[i],
                                            {.Options = wanted.Options,
                                             .MayRun = [](const auto&, const auto&) { return true; },
+                                            .MaySend = maySend,
                                             .Cancelled = &run.Cancelled(),
                                             .Shared = &shared},
                                            run.ObserverOf(i));
@@ -68,7 +75,7 @@ int DeployToTargets(TCommandContext& context, TOpenProject& project, const TTarg
                         {.File = file,
                          .IsDry = wanted.Options.DryRun,
                          .IsCheck = wanted.IsCheck,
-                         .AllowCommands = wanted.AllowCommands});
+                         .Allowed = wanted.Allowed});
   };
   return run.Run({deploy, tell});
 }

@@ -1,6 +1,7 @@
 // deploymgr deploy for several targets at once.
 #pragma once
 
+#include "workbench/cli/commands/deploy_conduct.h"
 #include "workbench/cli/commands/target_options.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/deploy/deploy_request.h"
@@ -11,7 +12,7 @@ namespace workbench {
 struct TTargetsDeploy {
   const TTargetOptions& Targets;
   TDeployOptions Options = {};
-  bool AllowCommands = false;
+  TAllowed Allowed = {};
   bool IsCheck = false;
 };
 

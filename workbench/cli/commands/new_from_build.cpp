@@ -1,5 +1,6 @@
 #include "workbench/cli/commands/new_from_build.h"
 
+#include "workbench/cli/commands/source_permission.h"
 #include "workbench/cli/context/text_check.h"
 #include "workbench/cli/entries/build_changes.h"
 #include "workbench/files/save_error.h"
@@ -83,7 +84,9 @@ void NewFromBuild(TCommandContext& context, const fs::path& file, TProjectValues
     throw;
   }
   project.Export();
-  Report(context, file, plan, BuildChanges(context, project, platform, done), dryRun);
+  const std::vector<TEntryChange> changes = BuildChanges(context, project, platform, done);
+  AllowAddedSources(context, project, changes);
+  Report(context, file, plan, changes, dryRun);
 }
 
 } // namespace workbench

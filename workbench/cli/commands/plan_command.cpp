@@ -35,7 +35,7 @@ public:
         .ValueName("FILE");
     AddPlanOptions(options, FOptions);
     // How it is to be carried out stands in the plan, too.
-    AddRunOptions(options, FOptions, FAllowCommands);
+    AddRunOptions(options, FOptions, FAllowed);
     AddTargetOptions(options, FTargets);
     options.Footer("Nothing is changed on the target, and no consent is needed. Ends as a deploy "
                    "would: with 8 when rows are refused.");
@@ -128,7 +128,7 @@ private:
              const std::filesystem::path& file) const {
     for (const std::string& warning : report.Warnings)
       context.Output.Warn({warning, FProject, 0});
-    PrintPlan(context, report, {.File = FProject, .IsDry = true, .AllowCommands = FAllowCommands});
+    PrintPlan(context, report, {.File = FProject, .IsDry = true, .Allowed = FAllowed});
     const TJson document = PlanJson(plan);
     if (!file.empty())
       Save(document, file);
@@ -153,7 +153,7 @@ private:
   std::string FFile;
   TDeployOptions FOptions;
   TTargetOptions FTargets;
-  bool FAllowCommands = false;
+  TAllowed FAllowed;
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 // deploymgr refresh: brings a project that was made from a build in line with it.
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/source_permission.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/options.h"
 #include "workbench/cli/context/target.h"
@@ -33,7 +34,10 @@ public:
                                                  record.Components, /*mayRun=*/!FChange.DryRun);
     const std::string platform = record.Platform;
     const TBuildRefresh done = ApplyInstallPlan(project, std::move(record), plan);
-    SaveAndReport(context, project, FChange, BuildChanges(context, project, platform, done));
+    const std::vector<TEntryChange> changes = BuildChanges(context, project, platform, done);
+    if (!FChange.DryRun)
+      AllowAddedSources(context, project, changes);
+    SaveAndReport(context, project, FChange, changes);
     return exit_status::Done;
   }
 

@@ -122,7 +122,10 @@ std::string UndoIndexText(const TUndoIndex& index) {
   TJson runs = TJson::Array();
   for (const TUndoIndex::TRun& run : index.Runs)
     runs.Append({{"id", run.Id}, {"bytes", run.Bytes}});
-  return JsonText({{"format", UndoFormat}, {"runs", std::move(runs)}}, 1) + "\n";
+  TJson document{{"format", UndoFormat}, {"runs", std::move(runs)}};
+  if (!index.Unfinished.empty())
+    document.Add("unfinished", index.Unfinished);
+  return JsonText(document, 1) + "\n";
 }
 
 TUndoIndex ParseUndoIndex(std::string_view text) {
@@ -133,6 +136,11 @@ TUndoIndex ParseUndoIndex(std::string_view text) {
     if (!IsRunId(run.Text("id")))
       throw deployment::TInputError("\"" + run.Text("id") + "\" is no run");
     index.Runs.push_back({run.Text("id"), run.Number<std::uint64_t>("bytes")});
+  }
+  index.Unfinished = document.TextsOr("unfinished", {});
+  for (const std::string& run : index.Unfinished) {
+    if (!IsRunId(run))
+      throw deployment::TInputError("\"" + run + "\" is no run");
   }
   return index;
 }

@@ -54,6 +54,8 @@ struct TUndoIndex {
     std::uint64_t Bytes = 0; ///< of what was kept
   };
   std::vector<TRun> Runs = {}; ///< newest first
+  /// Runs whose directories are being filled or removed; what a bad end leaves of them is swept.
+  std::vector<std::string> Unfinished = {};
 };
 
 /// True for a text that can be the id of a run, and so the name of a directory.

@@ -48,9 +48,31 @@ TRemoteName TUndoStore::KeptName(const std::string& run, const std::string& kept
   return {DirectoryOf(run), kept};
 }
 
-// What is kept is complete before the index says that it is there.
+// The index names the run first, so that whoever comes after a bad end can sweep it; it offers the
+// run when what is kept is complete.
 std::string TUndoStore::Keep(IRemoteConnection& connection, const TUndoManifest& manifest,
                              std::span<const TRemoteName> targets, std::uint64_t bytes) const {
+  const std::string& run = manifest.Run.Id;
+  std::string problem = connection.MakeDirectories(std::array{FDirectory}).front();
+  if (!problem.empty())
+    return problem;
+  TUndoIndex index = ReadIndex(connection);
+  index.Unfinished.push_back(run);
+  problem = WriteIndex(connection, index);
+  if (problem.empty())
+    problem = Fill(connection, manifest, targets);
+  if (problem.empty()) {
+    std::erase(index.Unfinished, run);
+    index.Runs.insert(index.Runs.begin(), {run, bytes});
+    problem = WriteIndex(connection, index);
+  }
+  if (!problem.empty())
+    RemoveRuns(connection, ReadIndex(connection), {run});
+  return problem;
+}
+
+std::string TUndoStore::Fill(IRemoteConnection& connection, const TUndoManifest& manifest,
+                             std::span<const TRemoteName> targets) const {
   const std::string& run = manifest.Run.Id;
   const std::array<std::string, 1> directory{DirectoryOf(run)};
   std::string problem = connection.MakeDirectories(directory).front();
@@ -62,23 +84,7 @@ std::string TUndoStore::Keep(IRemoteConnection& connection, const TUndoManifest&
     if (!manifest.Files[i].Kept.empty())
       copies.push_back({targets[i], KeptName(run, manifest.Files[i].Kept)});
   }
-  if (problem.empty() && !copies.empty())
-    problem = FirstOf(connection.Keep(copies));
-  if (problem.empty()) {
-    TUndoIndex index = ReadIndex(connection);
-    index.Runs.insert(index.Runs.begin(), {run, bytes});
-    problem = WriteIndex(connection, index);
-  }
-  if (problem.empty())
-    return {};
-  std::vector<TRemoteName> kept;
-  kept.reserve(copies.size() + 1);
-  for (TRemoteCopy& copy : copies)
-    kept.push_back(std::move(copy.To));
-  kept.push_back({directory[0], std::string(ManifestName)});
-  connection.RemoveAll(kept);
-  connection.RemoveEmptyDirectories(directory);
-  return problem;
+  return problem.empty() && !copies.empty() ? FirstOf(connection.Keep(copies)) : problem;
 }
 
 void TUndoStore::Trim(IRemoteConnection& connection, std::uint64_t runs,
@@ -93,20 +99,46 @@ void TUndoStore::Trim(IRemoteConnection& connection, std::uint64_t runs,
   }
   if (left == index.Runs.size())
     return;
-  const std::vector<TUndoIndex::TRun> gone(index.Runs.begin() + static_cast<std::ptrdiff_t>(left),
-                                           index.Runs.end());
-  index.Runs.resize(left);
-  if (!WriteIndex(connection, index).empty())
-    return;
-  for (const TUndoIndex::TRun& run : gone)
-    RemoveFiles(connection, run.Id);
+  std::vector<std::string> gone;
+  gone.reserve(index.Runs.size() - left);
+  for (std::size_t i = left; i < index.Runs.size(); ++i)
+    gone.push_back(index.Runs[i].Id);
+  RemoveRuns(connection, std::move(index), gone);
 }
 
 void TUndoStore::Drop(IRemoteConnection& connection, const std::string& run) const {
-  TUndoIndex index = ReadIndex(connection);
-  std::erase_if(index.Runs, [&run](const TUndoIndex::TRun& each) { return each.Id == run; });
-  if (WriteIndex(connection, index).empty())
+  RemoveRuns(connection, ReadIndex(connection), {run});
+}
+
+void TUndoStore::RemoveUnfinished(IRemoteConnection& connection) const {
+  const TUndoIndex index = ReadIndex(connection);
+  if (index.Unfinished.empty())
+    return;
+  std::vector<TSendRequest> places;
+  places.reserve(index.Unfinished.size());
+  for (const std::string& run : index.Unfinished)
+    places.push_back({.LocalFile = {}, .Target = {DirectoryOf(run), {}}});
+  connection.RemoveUnfinished(places);
+  RemoveRuns(connection, index, index.Unfinished);
+}
+
+// Runs leave the index before their files go, and are named there until these are gone.
+void TUndoStore::RemoveRuns(IRemoteConnection& connection, TUndoIndex index,
+                            const std::vector<std::string>& runs) const {
+  const auto isNamed = [](const std::vector<std::string>& names, const std::string& run) {
+    return std::ranges::find(names, run) != names.end();
+  };
+  std::erase_if(index.Runs, [&](const TUndoIndex::TRun& each) { return isNamed(runs, each.Id); });
+  for (const std::string& run : runs) {
+    if (!isNamed(index.Unfinished, run))
+      index.Unfinished.push_back(run);
+  }
+  if (!WriteIndex(connection, index).empty())
+    return;
+  for (const std::string& run : runs)
     RemoveFiles(connection, run);
+  std::erase_if(index.Unfinished, [&](const std::string& each) { return isNamed(runs, each); });
+  WriteIndex(connection, index);
 }
 
 // The manifest goes last: it names the others.

@@ -35,10 +35,16 @@ public:
   void Trim(IRemoteConnection& connection, std::uint64_t runs, std::uint64_t bytes) const;
   /// Removes what was kept of a run.
   void Drop(IRemoteConnection& connection, const std::string& run) const;
+  /// Removes what bad ends left of runs that were being kept or removed.
+  void RemoveUnfinished(IRemoteConnection& connection) const;
 
 private:
   std::string DirectoryOf(const std::string& run) const { return FDirectory + "/" + run; }
+  std::string Fill(IRemoteConnection& connection, const TUndoManifest& manifest,
+                   std::span<const TRemoteName> targets) const;
   void RemoveFiles(IRemoteConnection& connection, const std::string& run) const;
+  void RemoveRuns(IRemoteConnection& connection, TUndoIndex index,
+                  const std::vector<std::string>& runs) const;
   std::string WriteIndex(IRemoteConnection& connection, const TUndoIndex& index) const;
 
   std::string FDirectory;

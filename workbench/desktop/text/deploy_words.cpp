@@ -135,6 +135,10 @@ QString DeploySummary(const TDeployReport& report, bool dryRun) {
     return TDeployWords::tr("Nothing was copied: commands of the project may not run without your "
                             "consent. They are:") +
            Lines(report.Commands);
+  case TDeployEnd::NoSourceConsent:
+    return TDeployWords::tr("Nothing was copied: files from beyond the project's directory may not "
+                            "be sent without your consent. They are:") +
+           Lines(report.Outside);
   case TDeployEnd::Interrupted:
     return TDeployWords::tr("Interrupted: %1. Deploy again to go on.")
         .arg(DeployCounts(report.Rows));

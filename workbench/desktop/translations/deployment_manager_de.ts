@@ -242,9 +242,33 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <source>&amp;Do Not Run</source>
         <translation>&amp;Nicht ausführen</translation>
     </message>
+    <message>
+        <source>Files from Beyond the Project</source>
+        <translation>Dateien von außerhalb des Projekts</translation>
+    </message>
+    <message>
+        <source>The project wants to send these files, which stand beyond its directory. Send only what is meant to leave this machine. May they be sent, now and from now on?</source>
+        <translation>Das Projekt will diese Dateien senden, die außerhalb seines Verzeichnisses liegen. Senden Sie nur, was diesen Rechner verlassen soll. Dürfen sie gesendet werden, jetzt und künftig?</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>&amp;Send Them</source>
+        <translation>&amp;Senden</translation>
+    </message>
+    <message>
+        <source>&amp;Do Not Send</source>
+        <translation>&amp;Nicht senden</translation>
+    </message>
 </context>
 <context>
     <name>TDeployWords</name>
+    <message>
+        <source>Nothing was copied: files from beyond the project&apos;s directory may not be sent without your consent. They are:</source>
+        <translation>Es wurde nichts kopiert: Dateien von außerhalb des Projektverzeichnisses dürfen nicht ohne Ihre Zustimmung gesendet werden. Es sind:</translation>
+    </message>
     <message>
         <source>given its rights</source>
         <translation>Rechte gesetzt</translation>
@@ -523,12 +547,12 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <translation>&amp;Vergessen</translation>
     </message>
     <message>
-        <source>These &amp;commands run without a question when their project is deployed:</source>
-        <translation>Diese &amp;Befehle laufen ohne Rückfrage, wenn ihr Projekt verteilt wird:</translation>
+        <source>These &amp;commands run, and these files from beyond a project&apos;s directory are sent, without a question when their project is deployed:</source>
+        <translation>Diese &amp;Befehle laufen und diese Dateien von außerhalb eines Projektverzeichnisses werden gesendet, ohne Rückfrage, wenn ihr Projekt verteilt wird:</translation>
     </message>
     <message>
-        <source>Projects and their commands</source>
-        <translation>Projekte und ihre Befehle</translation>
+        <source>Projects with their commands and files</source>
+        <translation>Projekte mit ihren Befehlen und Dateien</translation>
     </message>
     <message>
         <source>Consents</source>

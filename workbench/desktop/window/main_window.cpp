@@ -21,6 +21,7 @@
 #include "workbench/session/session.h"
 #include "workbench/settings/command_consent.h"
 #include "workbench/settings/number_setting.h"
+#include "workbench/settings/source_consent.h"
 #include "workbench/text/visible_text.h"
 
 #include <QApplication>
@@ -143,6 +144,7 @@ void TMainWindow::ServeSession() {
                    .Questions = FQuestions,
                    .MayRun = [this](const auto& commands,
                                     const std::string& place) { return MayRun(commands, place); },
+                   .MaySend = [this](const auto& files) { return MaySend(files); },
                    .UndoLimits =
                        [this] {
                          const TUndoLimits usual;
@@ -264,6 +266,21 @@ bool TMainWindow::MayRun(const std::vector<std::string>& commands, const std::st
   if (!AskConsent(commands, place, this))
     return false;
   Guarded([&] { Allow(settings, project->GivenFileName(), place, commands); });
+  return true;
+}
+
+bool TMainWindow::MaySend(const std::vector<std::string>& files) {
+  const TOpenProject* project = CurrentProject();
+  if (!project)
+    return false;
+  TSettings& settings = FSession.Settings();
+  const std::vector<std::string> asked =
+      SourcesWithoutConsent(settings, project->GivenFileName(), files);
+  if (asked.empty())
+    return true;
+  if (!AskSourceConsent(asked, this))
+    return false;
+  Guarded([&] { AllowSources(settings, project->GivenFileName(), asked); });
   return true;
 }
 

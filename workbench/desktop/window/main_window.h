@@ -85,6 +85,7 @@ private:
   void ShowProfiles();
   void ShowAbout();
   bool MayRun(const std::vector<std::string>& commands, const std::string& place);
+  bool MaySend(const std::vector<std::string>& files);
   void ShowLostConnection(const std::string& profile, const std::string& reason);
   bool CreateProfile(const deployment::ICustomProject& project, std::string_view platform);
   void KeepLayout() const;

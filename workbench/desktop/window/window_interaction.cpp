@@ -32,6 +32,7 @@ TDeployReport TWindowInteraction::Deploy(const TDeployService& service,
   std::atomic<int> cancelled = 0;
   TDeployRequest completed = request;
   completed.MayRun = FParts.MayRun;
+  completed.MaySend = FParts.MaySend;
   completed.Options.Undo = FParts.UndoLimits();
   completed.Cancelled = &cancelled;
   // The panel is told of the end also when the deploy could not even begin.

@@ -20,6 +20,7 @@ struct TWindowParts {
   TBackgroundWork& Background; ///< does what takes long
   std::shared_ptr<TConnectionQuestions> Questions;
   TMayRun MayRun;
+  TMaySend MaySend;
   std::function<TUndoLimits()> UndoLimits; ///< as the settings say
   std::function<bool(deployment::ICustomProject&, std::string_view platform)> CreateProfile;
   std::function<void(const std::string& profile, const std::string& reason)> ConnectionLost;

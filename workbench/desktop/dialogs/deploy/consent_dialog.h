@@ -1,4 +1,5 @@
-// Asks whether commands that a project brings along may run on the user's machine and the target.
+// Asks whether commands that a project brings along may run on the user's machine and the target,
+// and whether files from beyond its directory may be sent.
 #pragma once
 
 #include <string>
@@ -12,5 +13,7 @@ namespace workbench {
 /// no. Characters that could hide what a command does are shown as escapes.
 bool AskConsent(const std::vector<std::string>& commands, const std::string& place,
                 QWidget* parent);
+/// The same for files, full paths.
+bool AskSourceConsent(const std::vector<std::string>& files, QWidget* parent);
 
 } // namespace workbench

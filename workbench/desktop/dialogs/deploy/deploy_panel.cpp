@@ -136,7 +136,8 @@ void TDeployPanel::End(const TDeployReport& report, bool dryRun) {
   Flush();
   const bool nothingDone =
       report.End == TDeployEnd::Refused || report.End == TDeployEnd::NoConsent ||
-      report.End == TDeployEnd::NoConnection || report.End == TDeployEnd::NotStarted;
+      report.End == TDeployEnd::NoSourceConsent || report.End == TDeployEnd::NoConnection ||
+      report.End == TDeployEnd::NotStarted;
   // A plan that was not carried out would read as if its files had been copied.
   if (nothingDone)
     FModel.SetWaiting({});

@@ -16,24 +16,26 @@ constexpr int KeyRole = Qt::UserRole;
 
 } // namespace
 
-TConsentsPage::TConsentsPage(TSettingsEdit& settings, const std::vector<TCommandConsent>& consents,
+TConsentsPage::TConsentsPage(TSettingsEdit& settings, const std::vector<TConsent>& consents,
                              QWidget* parent)
     : TSettingsPage(parent), FSettings(settings), FTree(new QTreeWidget(this)),
       FForget(new QPushButton(tr("&Forget"), this)) {
   auto* caption = new QLabel(
-      tr("These &commands run without a question when their project is deployed:"), this);
+      tr("These &commands run, and these files from beyond a project's directory are sent, "
+         "without a question when their project is deployed:"),
+      this);
   caption->setWordWrap(true);
   caption->setBuddy(FTree);
   FTree->setObjectName(QStringLiteral("consents"));
-  FTree->setAccessibleName(tr("Projects and their commands"));
+  FTree->setAccessibleName(tr("Projects with their commands and files"));
   FTree->setHeaderHidden(true);
   FTree->setUniformRowHeights(true);
-  for (const TCommandConsent& consent : consents) {
+  for (const TConsent& consent : consents) {
     const std::string place = consent.Place.empty() ? "" : " \u2192 " + consent.Place;
     auto* project = new QTreeWidgetItem(FTree, {ToQString(Visible(consent.Project) + place)});
     project->setData(0, KeyRole, ToQString(consent.Key));
-    for (const std::string& command : consent.Commands)
-      new QTreeWidgetItem(project, {ToQString(Visible(command))});
+    for (const std::string& text : consent.Texts)
+      new QTreeWidgetItem(project, {ToQString(Visible(text))});
   }
   FTree->expandAll();
   FTree->setCurrentItem(FTree->topLevelItem(0));

@@ -16,8 +16,7 @@ class TConsentsPage final : public TSettingsPage {
   Q_OBJECT
 
 public:
-  TConsentsPage(TSettingsEdit& settings, const std::vector<TCommandConsent>& consents,
-                QWidget* parent);
+  TConsentsPage(TSettingsEdit& settings, const std::vector<TConsent>& consents, QWidget* parent);
   QString Title() const override;
 
 private:

@@ -141,7 +141,11 @@ private:
     return FLie.starts_with(start) && IsRename(request) &&
            FLie.substr(start.size()).find(std::to_string(++FRenames)) != std::string::npos;
   }
-  bool IsPretended(const TRequest& request) const {
+  // "plain-pretends:3" does not carry out the third rename, and says that it did.
+  bool IsPretended(const TRequest& request) {
+    const std::string_view start = "plain-pretends:";
+    if (FLie.starts_with(start) && IsRename(request))
+      return FLie.substr(start.size()) == std::to_string(++FRenames);
     return (FLie == "write-nothing" && request.Kind == TSftpPacket::Write) ||
            (FLie == "rename-nothing" && IsRename(request));
   }
