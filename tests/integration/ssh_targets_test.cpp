@@ -22,8 +22,6 @@ public:
       const std::vector<std::string> options{"--port",     std::to_string(server.Port()),
                                              "--identity", server.Identity().string(),
                                              "--path",     Path("at-" + name).string()};
-      for (const std::string& option : server.ClientOptions())
-        options.insert(options.end(), {"--ssh-option", option});
       EXPECT_EQ(AddProfile(name, options).Status, 0);
     }
     EXPECT_EQ(Run({"profile", "add", "shelf", "-p", "OSX32", "--path", "shelf"}).Status, 0);
