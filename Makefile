@@ -10,8 +10,9 @@ SOURCES = $(shell git ls-files '*.h' '*.cpp')
 # Of "make fuzz": how long inputs are made up for each target.
 SECONDS ?= 30
 
-.PHONY: all install run test faults faults-sample fuzz bench lint dependencies test-dependencies \
-	bench-dependencies lint-dependencies sanitize-dependencies clean
+.PHONY: all install deb dist chroot-round manual run test faults faults-sample fuzz bench lint dependencies test-dependencies \
+	bench-dependencies lint-dependencies sanitize-dependencies package-dependencies \
+	manual-dependencies clean
 
 all: dependencies
 	@cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
@@ -24,6 +25,19 @@ all: dependencies
 PREFIX ?= /usr/local
 install: all
 	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix "$(PREFIX)" --strip
+
+# The Debian packages, into build-deb; the archive for build servers, into build-dist.
+deb: package-dependencies
+	packaging/build_deb.sh $(BUILD)-deb
+dist: dependencies
+	packaging/build_dist.sh $(BUILD)-dist
+# Both in a clean Debian 12: installed, used, purged. As root.
+chroot-round: deb dist
+	packaging/chroot_round.sh $(BUILD)-deb $(BUILD)-dist/deploymgr-*.tar.gz
+
+# The pages of docs as one manual to read in a browser: build/manual/index.html
+manual: manual-dependencies
+	packaging/build_manual.py . $(BUILD)/manual
 
 run: all
 	@tools/tour.sh $(BUILD)/bin
@@ -43,10 +57,11 @@ faults faults-sample: test-dependencies
 	$(FAULTS) $(if $(filter faults-sample,$@),--sample 600) $(FAULT_OPTIONS)
 
 # The corpus of each target first, then inputs that are made up: make fuzz SECONDS=600
+# FUZZ_OPTIONS=-seed=1 makes up the same ones each time.
 fuzz: sanitize-dependencies
 	cmake --preset asan-ubsan
 	cmake --build --preset asan-ubsan -j $(JOBS) --target fuzz_targets
-	fuzz/run.sh build-asan-ubsan/bin $(SECONDS)
+	FUZZ_OPTIONS='$(FUZZ_OPTIONS)' fuzz/run.sh build-asan-ubsan/bin $(SECONDS)
 
 bench: bench-dependencies
 	cmake -S . -B $(BUILD)-release -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=Release \
@@ -70,6 +85,10 @@ bench-dependencies:
 	@tools/install_dependencies.sh build bench
 sanitize-dependencies:
 	@tools/install_dependencies.sh build sanitize
+package-dependencies:
+	@tools/install_dependencies.sh build package
+manual-dependencies:
+	@tools/install_dependencies.sh manual
 lint-dependencies:
 	@tools/install_dependencies.sh build lint
 

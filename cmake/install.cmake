@@ -10,6 +10,7 @@ install(DIRECTORY ObjRepos DESTINATION share/deployment-manager)
 
 if(TARGET deploymgr)
   install(TARGETS deploymgr RUNTIME DESTINATION bin)
+  install(TARGETS deployment-codecs LIBRARY DESTINATION lib/deployment-manager)
   install(TARGETS deployment-askpass RUNTIME DESTINATION libexec/deployment-manager)
   install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION share/man/man1)
   install(FILES ${packaging}/completions/deploymgr.bash

@@ -33,6 +33,7 @@ room(workbench/files SEES package/common workbench/text)
 room(workbench/json SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/process SEES package/common workbench/files)
 room(workbench/archive SEES package/common workbench/files workbench/text)
+room(workbench/codecs SEES package/common workbench/archive workbench/files workbench/text)
 room(workbench/xml SEES ${FOUNDATION} workbench/files workbench/text)
 room(workbench/msbuild SEES ${FOUNDATION} workbench/files workbench/text workbench/xml)
 room(workbench/platforms SEES ${FOUNDATION} workbench/files workbench/text)
@@ -63,6 +64,10 @@ room(workbench/deploy SEES ${FOUNDATION} workbench/archive workbench/deploy/reco
   workbench/platforms workbench/process workbench/remote/folder workbench/remote/profile
   workbench/remote/target workbench/text)
 
+room(workbench/deploy/fleet SEES ${FOUNDATION} workbench/archive workbench/deploy
+  workbench/deploy/record workbench/files workbench/json workbench/process
+  workbench/remote/profile workbench/remote/target workbench/text)
+
 room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/json workbench/text)
 room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files workbench/msbuild
   workbench/platforms workbench/project workbench/project/cpp workbench/remote/profile
@@ -80,10 +85,11 @@ room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/json wor
 room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/files workbench/json
   workbench/list workbench/project/build_import workbench/session workbench/text)
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
-  workbench/deploy workbench/deploy/record workbench/files workbench/json workbench/services workbench/session
+  workbench/deploy workbench/deploy/fleet workbench/deploy/record workbench/files workbench/json workbench/services workbench/session
   workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
-  workbench/cli/view workbench/controls workbench/deploy workbench/deploy/record workbench/files
+  workbench/archive workbench/cli/view workbench/controls workbench/deploy workbench/deploy/fleet
+  workbench/deploy/record workbench/files
   workbench/json workbench/list workbench/platforms workbench/project
   workbench/project/build_import workbench/project/cpp workbench/remote/profile
   workbench/remote/target

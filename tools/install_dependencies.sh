@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing for the given purposes: build, test, bench, lint.
+# Installs the Debian packages that are missing for the given purposes: build, test, bench, lint,
+# package, manual, sanitize.
 # Says nothing when everything is there. Elsewhere than on Debian it only says what is needed.
 set -eu
 
@@ -12,6 +13,8 @@ for purpose in "$@"; do
       openssh-server python3 strace) ;;
     bench) packages+=(hyperfine jq libbenchmark-dev libpugixml-dev openssh-client openssh-server rsync) ;;
     lint) packages+=(ansible-lint clang-14 clang-format-14 clang-tidy-14 clang-tools-14) ;;
+    package) packages+=(debhelper dpkg-dev fakeroot lintian mmdebstrap) ;;
+    manual) packages+=(pandoc python3) ;;
     sanitize) packages+=(clang-14 libclang-rt-14-dev) ;;
     *)
       echo "install_dependencies.sh: unknown purpose \"$purpose\"" >&2

@@ -38,10 +38,19 @@ struct TArchiveLimits {
 /// files have names of their own. Members are in the archive's order, each name once; none is below
 /// one that is no directory. Throws TArchiveError, which names the member, for one that leads out,
 /// for what is no file, directory or symbolic link, beyond the limits, and when `isCancelled`;
-/// std::system_error when the directory does not take it.
+/// std::system_error when the directory does not take it, TInputError when the module of codecs is
+/// not installed.
 std::vector<TArchiveMember> UnpackArchive(const std::filesystem::path& archive,
                                           const std::filesystem::path& directory,
                                           const std::function<bool()>& isCancelled,
                                           const TArchiveLimits& limits = {});
+
+/// What does it in the module of codecs.
+inline constexpr const char* UnpackFunctionName = "UnpackDeploymentArchive";
+using TUnpackFunction = void (*)(const std::filesystem::path& archive,
+                                 const std::filesystem::path& directory,
+                                 const std::function<bool()>& isCancelled,
+                                 const TArchiveLimits& limits,
+                                 std::vector<TArchiveMember>& members);
 
 } // namespace workbench

@@ -205,19 +205,16 @@ public:
     AddCommonOptions(OptionsOf(FApp), common);
     for (std::unique_ptr<ICommand>& command : commands) {
       CLI::App* sub = FApp.add_subcommand(command->Name(), command->Summary());
-      SetInformation(*sub);
-      sub->footer(ExitStatusLine());
-      IOptions& options = OptionsOf(*sub);
-      command->AddOptions(options);
-      AddCommonOptions(options, common);
       FCommands.emplace_back(sub, std::move(command));
     }
   }
 
   TParsedArguments Parse(int argc, const char* const* argv) {
     CheckArguments(argc, argv);
+    const std::vector<std::string> words = WordsOf(argc, argv);
+    DeclareOptions(words);
     try {
-      FApp.parse(ParserArguments(WordsOf(argc, argv)));
+      FApp.parse(ParserArguments(words));
     } catch (const CLI::CallForVersion&) {
       return {nullptr, {}, true};
     } catch (const CLI::Success& success) {
@@ -238,6 +235,19 @@ private:
   IOptions& OptionsOf(CLI::App& app) {
     FOptions.push_back(std::make_unique<TOptions>(app));
     return *FOptions.back();
+  }
+
+  // Of the commands that the line names: declaring all of them takes as long as many a run.
+  void DeclareOptions(const std::vector<std::string>& words) {
+    for (const auto& [sub, command] : FCommands) {
+      if (std::find(words.begin(), words.end(), command->Name()) == words.end())
+        continue;
+      SetInformation(*sub);
+      sub->footer(ExitStatusLine());
+      IOptions& options = OptionsOf(*sub);
+      command->AddOptions(options);
+      AddCommonOptions(options, FCommon);
+    }
   }
 
   // What is wrong, in a sentence of our own where the parser's says less.

@@ -2,10 +2,9 @@
 
 #include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/record_keeper.h"
-#include "workbench/deploy/shared_work.h"
 #include "workbench/deploy/step_runner.h"
 #include "workbench/files/sha256.h"
-#include "workbench/process/command_runner.h"
+#include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
 #include <mutex>
@@ -81,7 +80,7 @@ private:
   void Remember(const TPlannedFile& file, const TSendOutcome& outcome, bool wasCopied);
   void RememberFound(const TPlannedFile& file);
   void RunLocalCommands();
-  std::string RunLocalCommands(const TDeployFile& file);
+  void RemoveUnfinished();
   void PrepareDirectories();
   void CopyFiles();
   void MakeLinks();
@@ -103,6 +102,9 @@ private:
   std::size_t FNext = 0;           // of the work
   std::vector<bool> FDone;
   std::vector<std::size_t> FToFinish;
+  // The same as here, and the record does not know it: a run may have broken off there before it
+  // could say what it did.
+  std::vector<TSendRequest> FDoubtful;
   const THearLine FHear = [this](std::string_view line) {
     const std::lock_guard lock(FMutex);
     FExecution.Observer.CommandSaid(std::string(line));
@@ -206,14 +208,16 @@ std::string TExecutor::FinishWithoutCopy(const TPlannedFile& file) {
 void TExecutor::RememberFound(const TPlannedFile& file) {
   if (!FExecution.Keeper || file.RecordPath.empty())
     return;
-  const auto time = std::chrono::floor<std::chrono::seconds>(file.Local.Time);
   TSendOutcome found{.Size = file.Local.Size,
-                     .Time = std::max<std::int64_t>(time.time_since_epoch().count(), 0),
+                     .Time = WholeSeconds(file.Local.Time),
                      .Mode = file.Mode,
                      .Hash = file.Local.Hash};
   const auto known = FExecution.Keeper->Find(file.RecordPath);
-  if (found.Hash.empty() && known && known->Size == found.Size && known->Time == found.Time)
+  const bool wasKnown = known && known->Size == found.Size && known->Time == found.Time;
+  if (found.Hash.empty() && wasKnown)
     found.Hash = known->Hash;
+  if (!wasKnown)
+    FDoubtful.push_back({.LocalFile = file.File.LocalFile, .Target = file.Target});
   Remember(file, found, /*wasCopied=*/false);
 }
 
@@ -241,38 +245,31 @@ void TExecutor::Remember(const TPlannedFile& file, const TSendOutcome& outcome, 
                          wasCopied);
 }
 
-// For several targets the first one that wants a file runs its commands, and the others wait.
 void TExecutor::RunLocalCommands() {
   for (const TSendRequest& request : FWork) {
-    const TDeployFile& file = FPlan.Files[request.Index].File;
-    if (file.LocalCommands.empty())
-      continue;
-    const auto run = [&] { return RunLocalCommands(file); };
-    const std::string name = FExecution.Directory.string() + " > " + file.RemoteName;
-    const std::string problem = FExecution.Shared ? FExecution.Shared->Once(name, run) : run();
+    const std::string problem = RunLocalSteps(FPlan.Files[request.Index].File, FExecution.Directory,
+                                              FExecution.Shared, FHear, FExecution.Cancelled);
     if (!problem.empty())
       Finish(request.Index, problem);
   }
   std::erase_if(FWork, [this](const TSendRequest& request) { return FDone[request.Index]; });
 }
 
-std::string TExecutor::RunLocalCommands(const TDeployFile& file) {
-  for (const std::string& command : file.LocalCommands) {
-    std::string problem(Interrupted);
-    if (!IsCancelled())
-      problem = RunCommandLine(command, FExecution.Directory, FHear, FExecution.Cancelled);
-    if (!problem.empty())
-      return std::string("the local command \"").append(command).append("\" ").append(problem);
-  }
-  return {};
+void TExecutor::RemoveUnfinished() {
+  std::vector<TSendRequest> places = FWork;
+  places.insert(places.end(), FDoubtful.begin(), FDoubtful.end());
+  if (!places.empty())
+    FConnection.RemoveUnfinished(places);
 }
 
 void TExecutor::PrepareDirectories() {
-  if (IsCancelled() || FWork.empty())
+  if (IsCancelled())
     return;
+  if (FWork.empty())
+    return RemoveUnfinished();
   const std::vector<std::string> directories = DirectoriesOf(FWork);
   const std::vector<std::string> problems = FConnection.MakeDirectories(directories);
-  FConnection.RemoveUnfinished(FWork);
+  RemoveUnfinished();
   std::unordered_map<std::string_view, const std::string*> problemOf;
   for (std::size_t i = 0; i < directories.size(); ++i)
     problemOf.emplace(directories[i], &problems[i]);

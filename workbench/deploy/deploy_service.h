@@ -70,12 +70,14 @@ public:
   /// The files beside those at the place of the profile, in their order. Throws TConnectionError.
   std::vector<TTimeComparison> Compare(const std::vector<TFilePair>& files, const TProfile& profile,
                                        const std::atomic<int>* cancelled) const;
+  /// What a deploy knows besides its request: the destination and the files. Throws
+  /// TConnectionError when there is no profile. The project must have a deployment.
+  TRunFacts FactsOf(const TDeployRequest& request) const;
 
 private:
   TDeploySubject SubjectOf(deployment::ICustomProject& project,
                            const deployment::TDeploymentTarget& target,
                            const TDestination& destination) const;
-  TRunFacts FactsOf(const TDeployRequest& request) const;
   TRunFacts FactsOf(TDeploySubject subject, TDestination destination,
                     const TDeployOptions& options) const;
   TUndoReport Undo(const TDestination& destination, const std::string* rootName,

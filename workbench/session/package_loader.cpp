@@ -1,16 +1,13 @@
 #include "workbench/session/package_loader.h"
 
 #include "package/common/errors.h"
-#include "workbench/files/machine_path.h"
+#include "workbench/files/own_modules.h"
 
 #include <dlfcn.h>
 #include <string>
 
 namespace workbench {
 namespace {
-
-constexpr const char* ModuleName = "deployment-package.so";
-constexpr const char* DirectoryName = "deployment-manager";
 
 std::string LoaderReason() {
   const char* reason = ::dlerror();
@@ -43,15 +40,7 @@ void TPackageLoader::TUnload::operator()(void* module) const {
 }
 
 std::filesystem::path PackageModuleFile() {
-  const std::filesystem::path directory = RunningProgram().parent_path();
-  const std::filesystem::path beside = directory / ModuleName;
-  const std::filesystem::path prefix = (directory / "..").lexically_normal();
-  std::error_code ignored;
-  // Files that are shared stand where the program was installed, and nowhere else.
-  if (std::filesystem::exists(beside, ignored) ||
-      !std::filesystem::is_directory(prefix / "share" / DirectoryName, ignored))
-    return beside;
-  return prefix / "lib" / DirectoryName / ModuleName;
+  return OwnModuleFile("deployment-package.so");
 }
 
 TPackageLoader::TPackageLoader(deployment::VelmorIDEServices& host,

@@ -23,6 +23,7 @@ std::vector<std::unique_ptr<ICommand>> AllCommands() {
   commands.push_back(MakeUndoCommand());
   commands.push_back(MakeVerifyCommand());
   commands.push_back(MakeHistoryCommand());
+  commands.push_back(MakeFleetCommand());
   commands.push_back(MakeUpgradeCommand());
   commands.push_back(MakeExportCommand());
   commands.push_back(MakeClassesCommand());

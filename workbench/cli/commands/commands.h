@@ -29,6 +29,7 @@ std::unique_ptr<ICommand> MakePlanCommand();
 std::unique_ptr<ICommand> MakeApplyCommand();
 std::unique_ptr<ICommand> MakeUndoCommand();
 std::unique_ptr<ICommand> MakeVerifyCommand();
+std::unique_ptr<ICommand> MakeFleetCommand();
 std::unique_ptr<ICommand> MakeHistoryCommand();
 std::unique_ptr<ICommand> MakeUpgradeCommand();
 std::unique_ptr<ICommand> MakeExportCommand();

@@ -11,7 +11,8 @@ import zipfile
 
 # From tests/workbench/deploy/fleet/ansible to what it tests.
 TOP = os.path.abspath(os.path.join(os.path.dirname(__file__), *['..'] * 5))
-SOURCE = os.path.join(TOP, 'workbench', 'deploy', 'fleet', 'ansible')
+SOURCE = os.path.join(TOP, 'workbench', 'deploy', 'fleet', 'ansible', 'roles',
+                      'deployment')
 MODULE_UTILS = os.path.join(SOURCE, 'module_utils')
 
 
@@ -59,7 +60,10 @@ class MachineTest(unittest.TestCase):
     """A root that is not there yet, and contents by their texts."""
 
     def setUp(self):
-        self._directory = tempfile.TemporaryDirectory()
+        # Nothing here has to survive the machine, and a disk takes its time.
+        memory = '/dev/shm'
+        self._directory = tempfile.TemporaryDirectory(
+            dir=memory if os.access(memory, os.W_OK) else None)
         self.addCleanup(self._directory.cleanup)
         self.base = os.path.realpath(self._directory.name)
         self.root = os.path.join(self.base, 'root')

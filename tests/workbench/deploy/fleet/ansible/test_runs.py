@@ -138,6 +138,18 @@ class Undo(MachineTest):
         self.assertEqual(sorted(os.listdir(self.path(PLACE + 'undo'))),
                          sorted(runs[:3] + ['index.json']))
 
+    def test_what_a_bad_end_left_of_a_run_is_swept(self):
+        for text in ('one', 'two'):
+            self.deploy(self.file('a', text))
+        index = json.loads(self.read(PLACE + 'undo/index.json'))
+        gone = index['runs'].pop()['id']
+        self.write(PLACE + 'undo/index.json', json.dumps(dict(index, unfinished=[gone])))
+        self.deploy(self.file('a', 'three'))
+        index = json.loads(self.read(PLACE + 'undo/index.json'))
+        self.assertNotIn('unfinished', index)
+        self.assertEqual(len(index['runs']), 2)
+        self.assertNotIn(gone, os.listdir(self.path(PLACE + 'undo')))
+
     def test_more_bytes_than_may_be_kept_are_not(self):
         self.deploy(self.file('a', 'one'))
         run = self.deploy(self.file('a', 'two'), undo_bytes=2)
@@ -149,7 +161,8 @@ class Undo(MachineTest):
         self.assertFalse(os.path.exists(self.path(PLACE + 'undo')))
 
     def test_a_damaged_index_counts_as_none(self):
-        for text in ('{', '{"format":1,"runs":[{"id":"../x","bytes":1}]}'):
+        for text in ('{', '{"format":1,"runs":[{"id":"../x","bytes":1}]}',
+                     '{"format":1,"runs":[],"unfinished":["../../x"]}'):
             self.write(PLACE + 'undo/index.json', text)
             self.deploy(self.file('a', 'text ' + text))
             self.assertEqual(len(json.loads(self.read(PLACE + 'undo/index.json'))['runs']), 1)

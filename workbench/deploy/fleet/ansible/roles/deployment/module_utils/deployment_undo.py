@@ -47,22 +47,39 @@ class UndoStore:
         if size > limits['bytes']:
             return ('what it replaces has %d bytes, and no more than %d are kept'
                     % (size, limits['bytes']))
-        place = self.directory + '/' + run['id']
         try:
             self._trim(limits['runs'] - 1, limits['bytes'] - size)
-            self._tree.handle(place, make=True)
-            self._tree.put_bytes(place, MANIFEST, undo_manifest_bytes(manifest))
-            for row, name in kept:
-                self._tree.keep(row.directory, row.name, place, name)
-            # What is kept is complete before the index says that it is there.
-            self._write_index([{'id': run['id'], 'bytes': size}] + self._index())
+            self._fill(manifest, kept, size)
         except OSError as error:
-            self._drop(place, [name for unused, name in kept])
-            return reason_of(error)
+            problem = reason_of(error)
         except Interrupted:
-            self._drop(place, [name for unused, name in kept])
-            return 'the run was interrupted'
-        return ''
+            problem = 'the run was interrupted'
+        else:
+            return ''
+        self._remove_runs([run['id']])
+        return problem
+
+    def _fill(self, manifest, kept, size):
+        """The index names the run first, so that whoever comes after a bad end can sweep it; it
+        offers the run when what is kept is complete."""
+        run = manifest['run']['id']
+        place = self.directory + '/' + run
+        self._tree.handle(self.directory, make=True)
+        index = self._index()
+        index['unfinished'].append(run)
+        self._write_index(index)
+        self._tree.handle(place, make=True)
+        self._tree.put_bytes(place, MANIFEST, undo_manifest_bytes(manifest))
+        for row, name in kept:
+            self._tree.keep(row.directory, row.name, place, name)
+        index['unfinished'].remove(run)
+        index['runs'].insert(0, {'id': run, 'bytes': size})
+        self._write_index(index)
+
+    def sweep(self):
+        """Removes what bad ends left of runs that were being kept or removed."""
+        self._tree.remove_unfinished(self.directory)
+        self._remove_runs(self._index()['unfinished'])
 
     def _collect(self, plan, record, run):
         manifest = {'run': run, 'files': [], 'directories': []}
@@ -112,32 +129,44 @@ class UndoStore:
             data = self._tree.read(self.directory, INDEX, LARGEST_RECORD)
         except OSError:
             data = None
-        return parse_undo_index(data) if data else []
+        return parse_undo_index(data or b'')
 
-    def _write_index(self, runs):
-        self._tree.put_bytes(self.directory, INDEX, undo_index_bytes(runs))
+    def _write_index(self, index):
+        self._tree.put_bytes(self.directory, INDEX, undo_index_bytes(index))
 
     def _trim(self, most_runs, most_bytes):
         """Removes the oldest runs until no more than so many are left, and so many bytes."""
-        runs = self._index()
+        runs = self._index()['runs']
         left, total = 0, 0
         while left < len(runs) and left < most_runs:
             if runs[left]['bytes'] > most_bytes - total:
                 break
             total += runs[left]['bytes']
             left += 1
-        if left == len(runs):
-            return
-        self._write_index(runs[:left])
-        for run in runs[left:]:
-            place = self.directory + '/' + run['id']
-            try:
-                names = kept_names_of(self._tree.read(place, MANIFEST, LARGEST_RECORD) or b'')
-            except (OSError, InputError):
-                names = []
-            self._drop(place, names)
+        self._remove_runs([run['id'] for run in runs[left:]])
 
-    def _drop(self, place, names):
+    def _remove_runs(self, gone):
+        """Runs leave the index before their files go, and are named there until these are gone."""
+        if not gone:
+            return
+        index = self._index()
+        index['runs'] = [run for run in index['runs'] if run['id'] not in gone]
+        index['unfinished'] += [run for run in gone if run not in index['unfinished']]
+        try:
+            self._write_index(index)
+            for run in gone:
+                self._drop(self.directory + '/' + run)
+            index['unfinished'] = [run for run in index['unfinished'] if run not in gone]
+            self._write_index(index)
+        except OSError:
+            pass  # the next run sweeps them
+
+    def _drop(self, place):
+        self._tree.remove_unfinished(place)
+        try:
+            names = kept_names_of(self._tree.read(place, MANIFEST, LARGEST_RECORD) or b'')
+        except (OSError, InputError):
+            names = []
         # The manifest goes last: it names the others.
         for name in names + [MANIFEST]:
             try:

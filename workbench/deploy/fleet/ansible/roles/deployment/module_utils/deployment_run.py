@@ -161,7 +161,7 @@ class Deploy:
                'revision': self._wanted['revision'], 'tool': self._wanted['tool'], 'copied': 0,
                'removed': 0, 'failed': 0, 'result': 'partly'}
         undo = UndoStore(self._tree, self._store.directory)
-        self._tree.remove_unfinished(undo.directory)
+        undo.sweep()
         if not options['no_undo']:
             problem = undo.keep(self.plan, self.record, run,
                                 {'runs': options['undo_runs'], 'bytes': options['undo_bytes']})

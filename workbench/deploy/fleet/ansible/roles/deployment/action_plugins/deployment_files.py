@@ -1,8 +1,9 @@
-# Runs on the control node: brings the list to a machine, and of the contents those that it lacks.
+# Runs on the control node: tells a machine the list, and brings those contents that it lacks.
 from __future__ import absolute_import, division, print_function
 
 __metaclass__ = type
 
+import base64
 import json
 import os
 import posixpath
@@ -11,6 +12,7 @@ import shutil
 import socket
 import tempfile
 import zipfile
+import zlib
 
 from ansible.errors import AnsibleActionFail, AnsibleError
 from ansible.module_utils.parsing.convert_bool import boolean
@@ -24,20 +26,30 @@ MOST_ROUNDS = 3  # the machine may change between two looks
 FAILED = 1
 
 
+def _first(variables, names, absent):
+    for name in names:
+        if variables.get(name) is not None:
+            return variables[name]
+    return absent
+
+
 def place_of(name, variables, default_root):
     """What tells one place from another, as far as the inventory says it."""
-    connection = str(variables.get('ansible_connection', 'ssh'))
+    connection = str(variables.get('ansible_connection', 'ssh')).rpartition('.')[2]
+    if connection in ('smart', 'paramiko', 'paramiko_ssh'):
+        connection = 'ssh'
     root = str(variables.get('deployment_root', default_root))
     if root.startswith('/'):
         root = posixpath.normpath('/' + root.lstrip('/'))
         user = ''
     else:
         root = posixpath.normpath(root)
-        user = str(variables.get('ansible_user', ''))
+        user = str(_first(variables, ('ansible_user', 'ansible_ssh_user'), ''))
     if connection == 'local':
         return ('local', '', '', user, root)
-    host = str(variables.get('ansible_host', name)).lower()
-    return (connection, host, str(variables.get('ansible_port', 22)), user, root)
+    host = str(_first(variables, ('ansible_host', 'ansible_ssh_host'), name)).lower()
+    port = str(_first(variables, ('ansible_port', 'ansible_ssh_port'), 22))
+    return (connection, host, port, user, root)
 
 
 def user_name():
@@ -61,7 +73,8 @@ def same_places(machines):
 class ActionModule(ActionBase):
     """The task deployment_files."""
 
-    TRANSFERS_FILES = True
+    # What travels goes to a directory that is made when something has to travel.
+    TRANSFERS_FILES = False
 
     def run(self, tmp=None, task_vars=None):
         """The answer of the machine."""
@@ -72,11 +85,12 @@ class ActionModule(ActionBase):
         arguments = dict(self._task.args)
         source = self._source(arguments.pop('src', 'deployment'))
         same_place = boolean(arguments.pop('same_place', False))
-        wanted = self._read_list(source)
+        text = self._read_list(source)
         if same_place:
-            result.update(self._check_places(wanted, task_vars))
+            result.update(self._check_places(json.loads(text), task_vars))
             return result
-        arguments.update(by=user_name(), machine=socket.gethostname())
+        packed = base64.b64encode(zlib.compress(text)).decode()
+        arguments.update(list=packed, by=user_name(), machine=socket.gethostname())
         result.update(self._deploy(source, arguments, task_vars))
         return result
 
@@ -89,9 +103,9 @@ class ActionModule(ActionBase):
     @staticmethod
     def _read_list(source):
         try:
-            with open(os.path.join(source, LIST), encoding='utf-8') as stream:
-                return json.load(stream)
-        except (OSError, ValueError) as error:
+            with open(os.path.join(source, LIST), 'rb') as stream:
+                return stream.read()
+        except OSError as error:
             raise AnsibleActionFail('the list of the files cannot be read: %s' % error)
 
     @staticmethod
@@ -107,23 +121,19 @@ class ActionModule(ActionBase):
                        + pairs}
 
     def _deploy(self, source, arguments, task_vars):
-        answer = {}
-        self._make_tmp_path()
-        directory = self._connection._shell.tmpdir
-        try:
-            arguments['list'] = self._bring(os.path.join(source, LIST), LIST)
+        answer = self._ask(arguments, task_vars)
+        for unused in range(MOST_ROUNDS):
+            if not answer.get('needed'):
+                return answer
+            # The directory goes when the task is over.
+            if self._connection._shell.tmpdir is None:
+                self._make_tmp_path()
+            arguments['contents'] = self._bring_contents(source, answer['needed'])
             answer = self._ask(arguments, task_vars)
-            for unused in range(MOST_ROUNDS):
-                if not answer.get('needed'):
-                    break
-                arguments['contents'] = self._bring_contents(source, answer['needed'])
-                answer = self._ask(arguments, task_vars)
-            if answer.pop('needed', None):
-                return {'failed': True, 'status': FAILED,
-                        'msg': 'the machine changes all the time, or the archive lacks contents'}
-            return answer
-        finally:
-            self._remove_tmp_path(directory)
+        if answer.get('needed'):
+            return {'failed': True, 'status': FAILED,
+                    'msg': 'the machine changes all the time, or the archive lacks contents'}
+        return answer
 
     def _ask(self, arguments, task_vars):
         answer = self._execute_module(module_name='deployment_files', module_args=arguments,

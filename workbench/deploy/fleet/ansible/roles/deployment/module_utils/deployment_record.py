@@ -238,19 +238,30 @@ def kept_names_of(data):
     return names
 
 
-def undo_index_bytes(runs):
+def undo_index_bytes(index):
     """The runs that can be taken back, newest first, as they are kept."""
-    return json_bytes({'format': FORMAT, 'runs': runs}, 1)
+    document = {'format': FORMAT, 'runs': index['runs']}
+    if index['unfinished']:
+        document['unfinished'] = index['unfinished']
+    return json_bytes(document, 1)
+
+
+def _run_id(text):
+    if not re.match(r'[0-9A-Za-z-]{1,64}\Z', text):
+        raise InputError('"%s" is no run' % text)
+    return text
 
 
 def parse_undo_index(data):
-    """The runs that can be taken back; none where nothing of the kind can be read."""
+    """The runs that can be taken back, and those that are being kept or removed; none where nothing
+    of the kind can be read."""
     try:
         document = parse_json(data)
         if number_in(document, 'format', 1) > FORMAT:
-            return []
-        runs = [{'id': text_in(run, 'id'), 'bytes': number_in(run, 'bytes')}
+            raise InputError('it is of a newer version of this program')
+        runs = [{'id': _run_id(text_in(run, 'id')), 'bytes': number_in(run, 'bytes')}
                 for run in array_in(document, 'runs')]
+        unfinished = texts_of(document.get('unfinished', []), 'unfinished')
+        return {'runs': runs, 'unfinished': [_run_id(run) for run in unfinished]}
     except InputError:
-        return []
-    return runs if all(re.match(r'[0-9A-Za-z-]{1,64}\Z', run['id']) for run in runs) else []
+        return {'runs': [], 'unfinished': []}

@@ -82,8 +82,8 @@ options:
     type: bool
     default: false
   list:
-    description: The list on the machine. Put there by the task itself.
-    type: path
+    description: The list, compressed. Told by the task itself.
+    type: str
   contents:
     description: The archive of contents on the machine. Put there by the task itself.
     type: path
@@ -172,9 +172,11 @@ document:
   type: dict
 '''
 
+import base64
 import os
 import select
 import signal
+import zlib
 
 from ansible.module_utils.basic import AnsibleModule
 from ansible.module_utils.deployment_answer import (
@@ -219,7 +221,8 @@ def arguments():
             'undo_bytes': {'type': 'int', 'default': 1073741824},
             'report': {'type': 'str', 'choices': ['short', 'full'], 'default': 'short'},
             'same_place': {'type': 'bool', 'default': False},
-            'list': {'type': 'path'}, 'contents': {'type': 'path'},
+            # Nobody wants to read it in a log.
+            'list': {'type': 'str', 'no_log': True}, 'contents': {'type': 'path'},
             'by': {'type': 'str', 'default': ''}, 'machine': {'type': 'str', 'default': ''}}
 
 
@@ -253,14 +256,13 @@ def main():
         module.fail_json(msg='there is no list; the task needs its action plugin, '
                              'action_plugins/deployment_files.py', status=FAILED)
     try:
-        with open(options['list'], 'rb') as stream:
-            wanted = read_list(stream.read())
+        wanted = read_list(zlib.decompress(base64.b64decode(options['list'])))
         deploy = Deploy(full_root(options['root']), wanted, options,
                         Contents(options['contents']), Interrupts())
         deploy.run()
     except Refused as error:
         module.fail_json(msg=str(error), status=error.status)
-    except (InputError, ContentError, OSError) as error:
+    except (InputError, ContentError, ValueError, zlib.error, OSError) as error:
         module.fail_json(msg='the list of the files cannot be taken: %s' % error, status=FAILED)
     if deploy.needed:
         module.exit_json(changed=False, needed=deploy.needed, status=0)
