@@ -162,7 +162,7 @@ private:
     }
     if (FOptions.DryRun)
       return;
-    const std::filesystem::path file = project.GivenFileName();
+    const std::filesystem::path& file = project.GivenFileName();
     if (!plan.Outside.empty() && !SourceConsentOf(context, file, FAllowed.Outside)(plan.Outside))
       RefuseWithout("files beyond the project's directory may not be sent without consent; "
                     "--allow-outside",
