@@ -57,10 +57,11 @@ faults faults-sample: test-dependencies
 	$(FAULTS) $(if $(filter faults-sample,$@),--sample 600) $(FAULT_OPTIONS)
 
 # The corpus of each target first, then inputs that are made up: make fuzz SECONDS=600
+# FUZZ_OPTIONS=-seed=1 makes up the same ones each time.
 fuzz: sanitize-dependencies
 	cmake --preset asan-ubsan
 	cmake --build --preset asan-ubsan -j $(JOBS) --target fuzz_targets
-	fuzz/run.sh build-asan-ubsan/bin $(SECONDS)
+	FUZZ_OPTIONS='$(FUZZ_OPTIONS)' fuzz/run.sh build-asan-ubsan/bin $(SECONDS)
 
 bench: bench-dependencies
 	cmake -S . -B $(BUILD)-release -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=Release \

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# usage: fuzz/run.sh PROGRAMS SECONDS [TARGET...]
+# usage: [FUZZ_OPTIONS=OPTIONS] fuzz/run.sh PROGRAMS SECONDS [TARGET...]
 # Runs each fuzz target, or those named: the corpus first, then inputs that are made up for that many
 # seconds. What is found stays in build-fuzz/TARGET. Prints a row for each target and ends with 1
-# when one has a finding.
+# when one has a finding. With FUZZ_OPTIONS=-seed=1 the inputs that are made up are the same each time.
 set -euo pipefail
 programs=$(cd "$1" && pwd)
 seconds=$2
@@ -19,7 +19,8 @@ run() {
   mkdir -p "$place/corpus"
   [ -e "dictionaries/$target.dict" ] && dictionary=("-dict=dictionaries/$target.dict")
   local status=0
-  "$programs/fuzz_$target" "${dictionary[@]}" -max_total_time="$seconds" -timeout=10 \
+  # shellcheck disable=SC2086 # several options are several words
+  "$programs/fuzz_$target" "${dictionary[@]}" ${FUZZ_OPTIONS-} -max_total_time="$seconds" -timeout=10 \
     -entropic=0 -max_len=4096 -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$place/" \
     "$place/corpus" "corpus/$target" >"$place/log" 2>&1 || status=$?
   local runs each inputs

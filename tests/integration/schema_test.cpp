@@ -121,10 +121,16 @@ TEST_F(Schemas, SayWhatEveryCommandPrints) {
   Expect("profile-test", {"profile", "test", "box"});
   Expect("settings", {"settings", "list"});
   Expect("version", {"--version"});
+  Place.Write("all.sln", "\nMicrosoft Visual Studio Solution File, Format Version 12.00\n"
+                         "Project(\"{8BC9CEB8-8B4A-11D0-8D11-00A0C91BC942}\") = \"p\", "
+                         "\"sky\\SkyChart.vproj\", \"{A}\"\nEndProject\n");
+  Expect("solution", {"list", "all.sln"});
+  Expect("solution", {"deploy", "all.sln", "--dry-run"});
   Expect("show", {"show", sky});
   Expect("list", {"list", sky, "-p", "Win32"});
   Expect("reconcile", {"reconcile", sky, "--all", "--dry-run"});
   Expect("explain", {"explain", sky, "SkyChart.exe", "-p", "Win32"});
+  Expect("output", {"explain", sky, "--output", "-p", "Win32"});
   Expect("featured", {"featured", sky});
   Expect("classes", {"classes"});
   Expect("platforms", {"platforms"});

@@ -5,6 +5,7 @@
 #include "workbench/deploy/step_runner.h"
 #include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
+#include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
 #include <mutex>
@@ -80,6 +81,7 @@ private:
   void Remember(const TPlannedFile& file, const TSendOutcome& outcome, bool wasCopied);
   void RememberFound(const TPlannedFile& file);
   void RunLocalCommands();
+  void RemoveUnfinished();
   void PrepareDirectories();
   void CopyFiles();
   void MakeLinks();
@@ -101,6 +103,9 @@ private:
   std::size_t FNext = 0;           // of the work
   std::vector<bool> FDone;
   std::vector<std::size_t> FToFinish;
+  // The same as here, and the record does not know it: a run may have broken off there before it
+  // could say what it did.
+  std::vector<TSendRequest> FDoubtful;
   const THearLine FHear = [this](std::string_view line) {
     const std::lock_guard lock(FMutex);
     FExecution.Observer.CommandSaid(std::string(line));
@@ -204,14 +209,16 @@ std::string TExecutor::FinishWithoutCopy(const TPlannedFile& file) {
 void TExecutor::RememberFound(const TPlannedFile& file) {
   if (!FExecution.Keeper || file.RecordPath.empty())
     return;
-  const auto time = std::chrono::floor<std::chrono::seconds>(file.Local.Time);
   TSendOutcome found{.Size = file.Local.Size,
-                     .Time = std::max<std::int64_t>(time.time_since_epoch().count(), 0),
+                     .Time = WholeSeconds(file.Local.Time),
                      .Mode = file.Mode,
                      .Hash = file.Local.Hash};
   const auto known = FExecution.Keeper->Find(file.RecordPath);
-  if (found.Hash.empty() && known && known->Size == found.Size && known->Time == found.Time)
+  const bool wasKnown = known && known->Size == found.Size && known->Time == found.Time;
+  if (found.Hash.empty() && wasKnown)
     found.Hash = known->Hash;
+  if (!wasKnown)
+    FDoubtful.push_back({.LocalFile = file.File.LocalFile, .Target = file.Target});
   Remember(file, found, /*wasCopied=*/false);
 }
 
@@ -255,12 +262,21 @@ void TExecutor::RunLocalCommands() {
   std::erase_if(FWork, [this](const TSendRequest& request) { return FDone[request.Index]; });
 }
 
+void TExecutor::RemoveUnfinished() {
+  std::vector<TSendRequest> places = FWork;
+  places.insert(places.end(), FDoubtful.begin(), FDoubtful.end());
+  if (!places.empty())
+    FConnection.RemoveUnfinished(places);
+}
+
 void TExecutor::PrepareDirectories() {
-  if (IsCancelled() || FWork.empty())
+  if (IsCancelled())
     return;
+  if (FWork.empty())
+    return RemoveUnfinished();
   const std::vector<std::string> directories = DirectoriesOf(FWork);
   const std::vector<std::string> problems = FConnection.MakeDirectories(directories);
-  FConnection.RemoveUnfinished(FWork);
+  RemoveUnfinished();
   std::unordered_map<std::string_view, const std::string*> problemOf;
   for (std::size_t i = 0; i < directories.size(); ++i)
     problemOf.emplace(directories[i], &problems[i]);

@@ -7,6 +7,7 @@
 #include "workbench/deploy/undo_keeping.h"
 #include "workbench/files/runtime_directory.h"
 #include "workbench/files/user_name.h"
+#include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
 #include <ctime>
@@ -212,10 +213,9 @@ bool TDeployRun::MayExecute() {
 bool TDeployRun::HasWork() const {
   const auto isRecorded = [this](const TPlannedFile& file) {
     const auto found = FReading.Record.Files.find(file.RecordPath);
-    const auto time = std::chrono::floor<std::chrono::seconds>(file.Local.Time);
     return file.RecordPath.empty() || file.State != TFileState::Same ||
            (found != FReading.Record.Files.end() && found->second.Size == file.Local.Size &&
-            found->second.Time == std::max<std::int64_t>(time.time_since_epoch().count(), 0) &&
+            found->second.Time == WholeSeconds(file.Local.Time) &&
             found->second.Mode == file.Mode && found->second.Link == file.Link &&
             found->second.Class == file.File.Class &&
             found->second.LocalName == file.File.LocalName &&
@@ -254,6 +254,10 @@ bool TDeployRun::Lock() {
   if (now.State == TRecordState::Damaged && FReading.State != TRecordState::Damaged)
     throw THeldTarget{TDeployEnd::Refused,
                       {"the record on the target cannot be read any more: " + now.Problem}};
+  if (FReading.State == TRecordState::Damaged && now.State != FReading.State)
+    throw THeldTarget{
+        TDeployEnd::Refused,
+        {"the record on the target could not be read: " + FReading.Problem + "; deploy again"}};
   if (now.State != FReading.State || now.Record != FReading.Record)
     throw THeldTarget{TDeployEnd::Refused,
                       {"somebody else deployed there meanwhile; deploy again"}};

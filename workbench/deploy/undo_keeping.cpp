@@ -1,6 +1,6 @@
 #include "workbench/deploy/undo_keeping.h"
 
-#include "workbench/text/visible_text.h"
+#include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
 #include <optional>
@@ -13,8 +13,7 @@ namespace {
 using deployment::TDeployOperation;
 
 TContentMark MarkOf(std::uint64_t size, deployment::TFileTime time) {
-  const auto seconds = std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count();
-  return {size, std::max<std::int64_t>(seconds, 0)};
+  return {size, WholeSeconds(time)};
 }
 
 // How the file is taken back; nothing for one that stays as it is, or cannot be kept.

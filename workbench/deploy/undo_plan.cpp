@@ -1,5 +1,7 @@
 #include "workbench/deploy/undo_plan.h"
 
+#include "workbench/remote/target/file_times.h"
+
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -8,11 +10,6 @@
 
 namespace workbench {
 namespace {
-
-std::int64_t SecondsOf(deployment::TFileTime time) {
-  const auto seconds = std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count();
-  return std::max<std::int64_t>(seconds, 0);
-}
 
 // What a content is compared with: size and time, and the hash where the record knows it.
 struct TExpected {
@@ -144,7 +141,7 @@ void TUndoPlanner::AskHashes() {
     }
     if (!expected || FThere[i].Kind != TRemoteKind::File || FThere[i].Size != expected->Mark.Size)
       continue;
-    FIsPut[i] = SecondsOf(FThere[i].Modified) == expected->Mark.Time;
+    FIsPut[i] = WholeSeconds(FThere[i].Modified) == expected->Mark.Time;
     if (FIsPut[i] || expected->Hash.empty())
       continue;
     names.push_back(FItems[i].Target);
@@ -187,7 +184,7 @@ void TUndoPlanner::DecideReplaced(TUndoItem& item, const TRemoteStatus& there, b
                               ? there.Kind == TRemoteKind::Link
                               : there.Kind == TRemoteKind::File &&
                                     there.Size == file.Before->Size &&
-                                    SecondsOf(there.Modified) == file.Before->Time;
+                                    WholeSeconds(there.Modified) == file.Before->Time;
   const bool isAsDeployed = file.Put ? isPut : there.Kind == TRemoteKind::None;
   if (isAsDeployed && canRestore)
     item.Action = TUndoAction::Restored;

@@ -42,7 +42,8 @@ int Reported(TOutput& output, const std::function<int()>& action) {
   } catch (const std::bad_alloc&) {
     return Report(output, {exit_status::WorkFailed, "there is not enough memory", {}, 0, false});
   } catch (const std::system_error& error) {
-    const std::string sentence = "the system does not give what the run needs: ";
+    // Files have errors of their own: what is left is a thread that cannot be started.
+    const std::string sentence = "the system does not let this process go on (a thread, a lock): ";
     return Report(output, {exit_status::WorkFailed, sentence + error.what(), {}, 0, false});
   } catch (const std::exception& error) {
     return Report(output, {exit_status::WorkFailed, error.what(), {}, 0, false});

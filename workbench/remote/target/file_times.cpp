@@ -1,5 +1,6 @@
 #include "workbench/remote/target/file_times.h"
 
+#include <algorithm>
 #include <sys/stat.h>
 
 namespace workbench {
@@ -14,6 +15,11 @@ std::optional<deployment::TFileTime> LocalFileTime(const std::string& file) {
   if (::stat(file.c_str(), &status) != 0)
     return std::nullopt;
   return FileTimeOf(status.st_mtim);
+}
+
+std::int64_t WholeSeconds(deployment::TFileTime time) {
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count();
+  return std::max<std::int64_t>(seconds, 0);
 }
 
 deployment::TFileTime Truncated(deployment::TFileTime time, std::chrono::nanoseconds resolution) {
