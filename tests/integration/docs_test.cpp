@@ -19,6 +19,9 @@ const std::set<std::string> Elsewhere{
     "deploymgr profile test mac-mini",
     "deploymgr deploy sky-chart/SkyChart.vproj -p OSX32",
     "deploymgr open demo.vproj",
+    "deploymgr fleet deploy demo.vproj -p Linux64 -c Release --inventory hosts.yml --check",
+    "deploymgr fleet deploy demo.vproj -p Linux64 -c Release --inventory hosts.yml --limit "
+    "'bench-*' --forks 20",
 };
 
 // A word in capitals, or one in brackets, stands for something else.
