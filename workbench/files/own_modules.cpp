@@ -20,7 +20,7 @@ std::string ReasonOfLoader() {
 
 std::filesystem::path OwnModuleFile(std::string_view name) {
   const std::filesystem::path directory = RunningProgram().parent_path();
-  const std::filesystem::path beside = directory / name;
+  std::filesystem::path beside = directory / name;
   const std::filesystem::path prefix = (directory / "..").lexically_normal();
   std::error_code ignored;
   // Files that are shared stand where the program was installed, and nowhere else.

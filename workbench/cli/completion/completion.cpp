@@ -30,7 +30,7 @@ enum class TKind {
   Projects,
 };
 
-constexpr std::array<std::pair<std::string_view, TKind>, 19> Kinds{{
+constexpr std::array<std::pair<std::string_view, TKind>, 20> Kinds{{
     {"--platform", TKind::Platforms},
     {"--add-platform", TKind::Platforms},
     {"--remove-platform", TKind::Platforms},
@@ -47,6 +47,7 @@ constexpr std::array<std::pair<std::string_view, TKind>, 19> Kinds{{
     {"--tree", TKind::Directories},
     {"--from-build", TKind::Directories},
     {"--identity", TKind::Files},
+    {"--inventory", TKind::Files},
     {"--out", TKind::Files},
     {"PROJECT", TKind::Projects},
     {"KEY", TKind::Settings},
@@ -280,6 +281,7 @@ private:
       return values.Settings();
     case TKind::RowKeys: {
       std::vector<TCandidate> keys;
+      keys.reserve(deployment::FileColumns.size());
       for (const deployment::TFileColumn& column : deployment::FileColumns)
         keys.push_back({std::string(column.Key), std::string(column.Title)});
       return keys;
@@ -319,8 +321,8 @@ private:
 
 } // namespace
 
-std::string CompletionsOf(std::vector<std::unique_ptr<ICommand>> commands, std::string_view shell,
-                          const std::vector<std::string>& words) {
+std::string CompletionsOf(const std::vector<std::unique_ptr<ICommand>>& commands,
+                          std::string_view shell, const std::vector<std::string>& words) {
   std::vector<TCommandReference> references;
   references.reserve(commands.size());
   for (const std::unique_ptr<ICommand>& command : commands)

@@ -19,7 +19,7 @@ inline constexpr std::string_view CompletionArgument = "__complete";
 /// "files", "directories" or "projects". Behind "words" comes a line for each candidate that begins
 /// as the current word does, with its description behind a tab. Never throws, save for want of
 /// memory.
-std::string CompletionsOf(std::vector<std::unique_ptr<ICommand>> commands, std::string_view shell,
-                          const std::vector<std::string>& words);
+std::string CompletionsOf(const std::vector<std::unique_ptr<ICommand>>& commands,
+                          std::string_view shell, const std::vector<std::string>& words);
 
 } // namespace workbench
