@@ -10,7 +10,7 @@ SOURCES = $(shell git ls-files '*.h' '*.cpp')
 # Of "make fuzz": how long inputs are made up for each target.
 SECONDS ?= 30
 
-.PHONY: all install deb dist chroot-round manual run test faults faults-sample fuzz bench lint dependencies test-dependencies \
+.PHONY: all install deb dist chroot-round manual run test faults faults-sample fuzz tsan bench lint dependencies test-dependencies \
 	bench-dependencies lint-dependencies sanitize-dependencies package-dependencies \
 	manual-dependencies clean
 
@@ -62,6 +62,13 @@ fuzz: sanitize-dependencies
 	cmake --preset asan-ubsan
 	cmake --build --preset asan-ubsan -j $(JOBS) --target fuzz_targets
 	FUZZ_OPTIONS='$(FUZZ_OPTIONS)' fuzz/run.sh build-asan-ubsan/bin $(SECONDS)
+
+# What runs on several threads, deploys and connections, under ThreadSanitizer.
+THREADED_TESTS = Deploy*:Unpacking*:Folder*:Sftp*:*Server.*:Undo*:*Record*:TargetLock*:Ssh*:Askpass*:MainThread*:ProcessRun*
+tsan: sanitize-dependencies
+	cmake --preset tsan
+	cmake --build --preset tsan -j $(JOBS) --target workbench_tests
+	build-tsan/bin/workbench_tests --gtest_brief=1 --gtest_filter='$(THREADED_TESTS)'
 
 bench: bench-dependencies
 	cmake -S . -B $(BUILD)-release -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=Release \

@@ -149,6 +149,18 @@ TEST(Explain, KnowsWhatAConfigurationInherits) {
   EXPECT_TRUE(Says(off, "it is switched off for Android, so a deploy leaves it out")) << off.Output;
 }
 
+TEST(Explain, NamesADefaultThatIsSwitchedOffWithItsFileAndItsOption) {
+  TWorkplace place;
+  place.CopyOf(Tree / "examples/sky-chart");
+  const TRun off = place.Run(
+      {"explain", "sky-chart/SkyChart.vproj", "DebugSymbols", "-p", "OSX32", "-c", "Release"});
+  EXPECT_TRUE(Says(off, "DebugSymbols is not in the list for Release, OSX32")) << off.Output;
+  EXPECT_TRUE(Says(off, "makes no entry of class \"DebugSymbols\": the option "
+                        "\"RemoteDebugSymbols\" is \"false\"; it is switched off "
+                        "(OSX32\\Release\\SkyChart.qds)"))
+      << off.Output;
+}
+
 TEST(Explain, SaysAddedByHandOfTheUsersFilesOnly) {
   TWorkplace place;
   place.Write("p.vproj", ProjectWith(ListOf(Entry("a.dat", "Debug", "Win32") +

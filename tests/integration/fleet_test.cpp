@@ -115,6 +115,17 @@ TEST(FleetExport, TakesFilesFromElsewhereWithConsent) {
   EXPECT_EQ(place.Export({"--allow-outside"}).Status, 0);
 }
 
+TEST(FleetExport, IsCleanForTheLinterOfTheEngine) {
+  if (!fs::exists("/usr/bin/ansible-lint"))
+    GTEST_SKIP() << "ansible-lint is not installed";
+  const TFleetPlace place(FleetEntry("one"));
+  place.Write("one", "x");
+  ASSERT_EQ(place.Export().Status, 0);
+  const TRun run =
+      place.RunProgram({"/bin/sh", "-c", "cd out && ansible-lint --offline --nocolor"});
+  EXPECT_EQ(run.Status, 0) << run.Output << run.Errors;
+}
+
 TEST(FleetArguments, AreSaidToBeWrongBeforeAnythingIsDone) {
   const TFleetPlace place(FleetEntry("one"));
   place.Write("one", "x");

@@ -149,6 +149,8 @@ TEST_F(Schemas, SayWhatEveryCommandPrints) {
   Expect("status", demo({"status", "--offline"}));
   Expect("verify", demo({"verify"}));
   Expect("history", demo({"history"}));
+  for (const std::string command : {"deploy", "status", "verify", "plan", "history", "undo"})
+    Expect("targets", demo({command, "--group", "desk"}));
   Expect("undo", demo({"undo", "--yes"}));
 }
 

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <unordered_map>
 #include <utility>
 
 namespace workbench {
@@ -89,6 +90,29 @@ public:
     return Declared(option);
   }
 
+  IOption& Sequence(const std::string& name, std::vector<TGivenText>& values,
+                    const std::string& help) override {
+    // Every option of the list makes it anew, of what all of them were given.
+    const auto store = [this, &values](const CLI::results_t&) {
+      values.clear();
+      std::unordered_map<const CLI::Option*, std::size_t> taken;
+      const std::vector<const CLI::Option*>& sharing = FSequences[&values];
+      for (const CLI::Option* given : FApp.parse_order()) {
+        if (std::find(sharing.begin(), sharing.end(), given) == sharing.end())
+          continue;
+        const std::size_t place = taken[given]++;
+        if (place < given->results().size())
+          values.push_back({given->get_name(), Unguarded(given->results()[place])});
+      }
+      return true;
+    };
+    CLI::Option* option = FApp.add_option(name, store, help);
+    option->type_name("TEXT")->expected(CLI::detail::expected_max_vector_size);
+    option->allow_extra_args(false);
+    FSequences[&values].push_back(option);
+    return Declared(option);
+  }
+
   IOption& Choice(const std::string& name, std::string& value,
                   const std::vector<std::string>& choices, const std::string& help) override {
     const auto check = [choices](const std::string& given) {
@@ -127,6 +151,8 @@ private:
 
   CLI::App& FApp;
   std::vector<std::unique_ptr<IOption>> FDeclared;
+  // The options that share a list, by that.
+  std::unordered_map<const void*, std::vector<const CLI::Option*>> FSequences;
 };
 
 // The arguments, with "help", "help COMMAND" and "version" as the options that they stand for.

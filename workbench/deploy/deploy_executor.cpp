@@ -4,7 +4,6 @@
 #include "workbench/deploy/record_keeper.h"
 #include "workbench/deploy/step_runner.h"
 #include "workbench/files/sha256.h"
-#include "workbench/process/command_runner.h"
 #include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
@@ -248,16 +247,10 @@ void TExecutor::Remember(const TPlannedFile& file, const TSendOutcome& outcome, 
 
 void TExecutor::RunLocalCommands() {
   for (const TSendRequest& request : FWork) {
-    for (const std::string& command : FPlan.Files[request.Index].File.LocalCommands) {
-      std::string problem(Interrupted);
-      if (!IsCancelled())
-        problem = RunCommandLine(command, FExecution.Directory, FHear, FExecution.Cancelled);
-      if (problem.empty())
-        continue;
-      Finish(request.Index,
-             std::string("the local command \"").append(command).append("\" ").append(problem));
-      break;
-    }
+    const std::string problem = RunLocalSteps(FPlan.Files[request.Index].File, FExecution.Directory,
+                                              FExecution.Shared, FHear, FExecution.Cancelled);
+    if (!problem.empty())
+      Finish(request.Index, problem);
   }
   std::erase_if(FWork, [this](const TSendRequest& request) { return FDone[request.Index]; });
 }

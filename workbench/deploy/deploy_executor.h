@@ -9,6 +9,7 @@
 namespace workbench {
 
 class TRecordKeeper;
+class TSharedWork;
 
 /// What a plan is carried out with.
 struct TDeployExecution {
@@ -20,7 +21,8 @@ struct TDeployExecution {
   const std::atomic<int>& Cancelled;
   TRecordKeeper* Keeper = nullptr; ///< hears what is to be remembered; null: nothing is
   deployment::TDeploymentTarget Target = {};
-  TPlaceRules Places = {}; ///< what the target takes
+  TPlaceRules Places = {};       ///< what the target takes
+  TSharedWork* Shared = nullptr; ///< runs what is to run once for several targets; null: for one
 };
 
 /// Carries the plan out and fills the rows of the report, which stand in the plan's order.

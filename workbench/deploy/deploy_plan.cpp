@@ -11,6 +11,8 @@
 #include "workbench/remote/target/remote_path.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -26,6 +28,7 @@ constexpr unsigned LinkRights = 0777;
 class TPlanner {
 public:
   TPlanner(std::vector<TDeployFile> files, const TPlanOptions& options) : FOptions(options) {
+    FPlan.Commands = CommandsOf(files, options.Places, options.AfterDeploy);
     FPlan.Files.reserve(files.size());
     for (TDeployFile& file : files)
       FPlan.Files.push_back({.File = std::move(file)});
@@ -40,7 +43,6 @@ public:
     FindLinks();
     FindOutside();
     FindCollisions();
-    CollectCommands();
     const bool mayGoOn = FPlan.Problems.empty();
     const std::vector<TRemoteStatus> remote =
         mayGoOn ? ExamineTargets() : std::vector<TRemoteStatus>();
@@ -69,7 +71,6 @@ private:
     return FOptions.Places.Names.IgnoresCase ? deployment::UpperCase(path) : path;
   }
   void ExamineLocalFiles();
-  void CollectCommands();
   void PlanAfterDeploy();
   void TakeRecord(const TTargetRecord& record);
   void CompareWithTarget(const std::vector<TRemoteStatus>& remote);
@@ -219,22 +220,10 @@ void TPlanner::ExamineLocalFiles() {
   }
 }
 
-void TPlanner::CollectCommands() {
-  for (const TPlannedFile& file : FPlan.Files) {
-    for (const std::string& command : file.File.LocalCommands)
-      FPlan.Commands.push_back("on this machine: " + command);
-    for (const TAfterStep& step : AfterStepsOf(file.File))
-      FPlan.Commands.push_back("on the target: " + step.Text(step.Kind == TAfterStep::TKind::Command
-                                                                 ? file.Target.Name
-                                                                 : file.RemoteFile()));
-  }
-}
-
 // What a run before this one owes is run by whoever has a command for it.
 void TPlanner::PlanAfterDeploy() {
   if (FOptions.AfterDeploy.empty())
     return;
-  FPlan.Commands.push_back("on the target: " + FOptions.AfterDeploy);
   if (ChangesFiles(FPlan) || !FRecord->OwedAfterDeploy.empty())
     FPlan.AfterDeploy = FOptions.AfterDeploy;
 }
@@ -412,6 +401,38 @@ std::string TPlanner::RecordPathOf(const std::string& directory, const std::stri
 }
 
 } // namespace
+
+std::vector<std::string> CommandsOf(const std::vector<TDeployFile>& files,
+                                    const TPlaceRules& places, const std::string& afterDeploy) {
+  std::vector<std::string> commands;
+  for (const TDeployFile& file : files) {
+    for (const std::string& command : file.LocalCommands)
+      commands.push_back("on this machine: " + command);
+    for (const TAfterStep& step : AfterStepsOf(file)) {
+      const TRemoteName place = FindTargetPlace(file.RemoteName, places).Name;
+      const bool hasNameAlone = step.Kind == TAfterStep::TKind::Command || place.Directory.empty();
+      commands.push_back("on the target: " + step.Text(hasNameAlone ? place.Name : place.Path()));
+    }
+  }
+  if (!afterDeploy.empty())
+    commands.push_back("on the target: " + afterDeploy);
+  return commands;
+}
+
+std::vector<std::string> OutsideOf(const std::vector<TDeployFile>& files,
+                                   const std::vector<std::filesystem::path>& roots) {
+  TSourceRoots held(roots);
+  std::vector<std::string> outside;
+  std::unordered_set<std::string> known;
+  for (const TDeployFile& file : files) {
+    std::error_code error;
+    if (file.Operation != TDeployOperation::Remove &&
+        std::filesystem::exists(file.LocalFile, error) && !held.Holds(file.LocalFile) &&
+        known.insert(file.LocalFile.string()).second)
+      outside.push_back(file.LocalFile.string());
+  }
+  return outside;
+}
 
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,
                            const std::function<IRemoteConnection&()>& connect,

@@ -12,6 +12,8 @@
 
 namespace workbench {
 
+class TSharedWork;
+
 /// The largest number of connections that a deploy takes.
 inline constexpr unsigned MostJobs = 64;
 
@@ -60,6 +62,7 @@ struct TRunTerms {
   TBackground Background = RunInForeground;
   /// Something else than 0, such as the number of a signal, interrupts the run; null: nothing does.
   const std::atomic<int>* Cancelled = nullptr;
+  TSharedWork* Shared = nullptr; ///< with runs for other targets at the same time; null: with none
 };
 
 /// Everything that it names must live as long as the deploy runs.

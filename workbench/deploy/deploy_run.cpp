@@ -4,6 +4,7 @@
 #include "workbench/deploy/plan_check.h"
 #include "workbench/deploy/record_keeper.h"
 #include "workbench/deploy/revision.h"
+#include "workbench/deploy/shared_work.h"
 #include "workbench/deploy/undo_keeping.h"
 #include "workbench/files/runtime_directory.h"
 #include "workbench/files/user_name.h"
@@ -29,7 +30,8 @@ std::string HolderText(const TLockHolder& holder) {
   return "somebody else deploys there: " + holder.Text() + "; --break-lock goes on all the same";
 }
 
-TRecordedRun NewRun(const std::filesystem::path& projectFile) {
+TRecordedRun NewRun(const std::filesystem::path& projectFile, TSharedWork* shared) {
+  const std::filesystem::path directory = projectFile.parent_path();
   const std::string now = UtcText(std::time(nullptr));
   std::string id = now.substr(0, now.size() - 1) + "-" + RandomDigits(1).substr(0, 6);
   std::erase(id, ':');
@@ -37,7 +39,7 @@ TRecordedRun NewRun(const std::filesystem::path& projectFile) {
           .At = now,
           .By = UserName(),
           .Machine = MachineName(),
-          .Revision = RevisionOf(projectFile.parent_path()),
+          .Revision = shared ? shared->Revision(directory) : RevisionOf(directory),
           .Tool = std::string("deployment-manager ") + DEPLOYMENT_VERSION};
 }
 
@@ -286,7 +288,8 @@ void TDeployRun::Execute() {
       .Observer = FObserver,
       .Cancelled = FCancelled,
       .Target = FFacts.Target,
-      .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FFacts.Target.Platform)};
+      .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FFacts.Target.Platform),
+      .Shared = FTerms.Shared};
   if (!FStore || !HasWork() || !Lock()) {
     ExecuteDeployPlan(FPlan, execution, FReport);
     RunAfterDeploy();
@@ -296,7 +299,7 @@ void TDeployRun::Execute() {
   record.Project = FFacts.ProjectFile.stem().string();
   record.Platform = FFacts.Target.Platform;
   record.Configuration = FFacts.Target.Configuration;
-  const TRecordedRun run = NewRun(FFacts.ProjectFile);
+  const TRecordedRun run = NewRun(FFacts.ProjectFile, FTerms.Shared);
   KeepBefore(run);
   TRecordKeeper keeper(*FStore, *FLock, FReading.Record, record, run, FConnect);
   execution.Keeper = &keeper;

@@ -1,5 +1,6 @@
 #include "workbench/deploy/deploy_service.h"
 
+#include "package/host/api/target_entries.h"
 #include "workbench/deploy/deploy_run.h"
 #include "workbench/deploy/plan_check.h"
 #include "workbench/deploy/source_roots.h"
@@ -23,25 +24,62 @@ void Reported(const std::atomic<int>* cancelled, TReport& report, TWork work) {
   }
 }
 
+// What a run that is to be kept is planned with.
+TRunTerms PlanTerms(TRunTerms terms) {
+  terms.Options.DryRun = true;
+  terms.Options.HashAll = true;
+  return terms;
+}
+
+std::optional<TPlanFile> PlanOf(const TRunTerms& terms, TRunFacts facts, TDeployReport& report) {
+  TSilentObserver nobody;
+  TDeployRun run(terms, std::move(facts), nobody, report);
+  run.Run();
+  return report.Problems.empty() ? std::optional(run.PlanFile()) : std::nullopt;
+}
+
 } // namespace
 
-TRunFacts TDeployService::FactsOf(const TDeployRequest& request) const {
-  auto& deployment = *request.Project.GetProjectDeployment();
-  TDestination destination = FDestinations.Find(request.Project, request.Target);
-  if (request.Options.Compress && destination.Profile)
-    destination.Profile->Compress = true;
+TDeploySubject TDeployService::SubjectOf(deployment::ICustomProject& project,
+                                         const deployment::TDeploymentTarget& target,
+                                         const TDestination& destination) const {
+  TDeploySubject subject{.Target = target,
+                         .ProjectFile = ToMachinePath(project.GetProjectFileName())};
+  auto* deployment = project.GetProjectDeployment();
+  if (!deployment)
+    return subject;
   const auto base =
       destination.Profile ? deployment::TRemoteBase::ProjectRoot : deployment::TRemoteBase::None;
-  const std::filesystem::path projectFile = ToMachinePath(request.Project.GetProjectFileName());
-  std::vector<std::filesystem::path> roots = FUserDirectories();
-  roots.push_back(SourceTreeOf(projectFile));
+  subject.HasDeployment = true;
+  subject.SourceRoots = FUserDirectories();
+  subject.SourceRoots.push_back(SourceTreeOf(subject.ProjectFile));
+  subject.Files = CollectDeployFiles(project, *deployment, target, FServices, base);
+  subject.RootName = deployment->GetRemoteBaseDir(target.Platform);
+  return subject;
+}
+
+TDeploySubject TDeployService::SubjectOf(deployment::ICustomProject& project,
+                                         const deployment::TDeploymentTarget& target) const {
+  return SubjectOf(project, target, {.Profile = TProfile()});
+}
+
+TRunFacts TDeployService::FactsOf(TDeploySubject subject, TDestination destination,
+                                  const TDeployOptions& options) const {
+  if (options.Compress && destination.Profile)
+    destination.Profile->Compress = true;
   return {.Destinations = FDestinations,
           .Destination = std::move(destination),
-          .Target = request.Target,
-          .Files = CollectDeployFiles(request.Project, deployment, request.Target, FServices, base),
-          .RootName = deployment.GetRemoteBaseDir(request.Target.Platform),
-          .ProjectFile = projectFile,
-          .SourceRoots = std::move(roots)};
+          .Target = std::move(subject.Target),
+          .Files = std::move(subject.Files),
+          .RootName = std::move(subject.RootName),
+          .ProjectFile = std::move(subject.ProjectFile),
+          .SourceRoots = std::move(subject.SourceRoots)};
+}
+
+TRunFacts TDeployService::FactsOf(const TDeployRequest& request) const {
+  TDestination destination = FDestinations.Find(request.Project, request.Target);
+  TDeploySubject subject = SubjectOf(request.Project, request.Target, destination);
+  return FactsOf(std::move(subject), std::move(destination), request.Options);
 }
 
 TDeployReport TDeployService::Deploy(const TDeployRequest& request,
@@ -56,6 +94,20 @@ TDeployReport TDeployService::Deploy(const TDeployRequest& request,
   return report;
 }
 
+TDeployReport TDeployService::Deploy(const TDeploySubject& subject, const TProfile& profile,
+                                     const TRunTerms& terms, IDeployObserver& observer) const {
+  TDeployReport report;
+  if (!subject.HasDeployment) {
+    report.End = TDeployEnd::Done;
+    return report;
+  }
+  Reported(terms.Cancelled, report, [&] {
+    TDeployRun(terms, FactsOf(subject, {.Profile = profile}, terms.Options), observer, report)
+        .Run();
+  });
+  return report;
+}
+
 std::optional<TPlanFile> TDeployService::Plan(const TDeployRequest& request,
                                               TDeployReport& report) const {
   std::optional<TPlanFile> file;
@@ -63,15 +115,21 @@ std::optional<TPlanFile> TDeployService::Plan(const TDeployRequest& request,
     report.End = TDeployEnd::Done;
     return file;
   }
-  TRunTerms terms = request.Terms();
-  terms.Options.DryRun = true;
-  terms.Options.HashAll = true;
-  Reported(request.Cancelled, report, [&] {
-    TSilentObserver nobody;
-    TDeployRun run(terms, FactsOf(request), nobody, report);
-    run.Run();
-    if (report.Problems.empty())
-      file = run.PlanFile();
+  Reported(request.Cancelled, report,
+           [&] { file = PlanOf(PlanTerms(request.Terms()), FactsOf(request), report); });
+  return file;
+}
+
+std::optional<TPlanFile> TDeployService::Plan(const TDeploySubject& subject,
+                                              const TProfile& profile, const TRunTerms& terms,
+                                              TDeployReport& report) const {
+  std::optional<TPlanFile> file;
+  if (!subject.HasDeployment) {
+    report.End = TDeployEnd::Done;
+    return file;
+  }
+  Reported(terms.Cancelled, report, [&] {
+    file = PlanOf(PlanTerms(terms), FactsOf(subject, {.Profile = profile}, terms.Options), report);
   });
   return file;
 }
@@ -110,23 +168,47 @@ TDeployReport TDeployService::Apply(const TPlanFile& file, const TRunTerms& term
   return report;
 }
 
-TUndoReport TDeployService::Undo(deployment::ICustomProject& project,
-                                 const deployment::TDeploymentTarget& target,
+TUndoReport TDeployService::Undo(const TDestination& destination, const std::string* rootName,
                                  const TUndoRequest& request) const {
   TUndoReport report;
   Reported(request.Cancelled, report, [&] {
-    const TDestination destination = FDestinations.Find(project, target);
-    const auto* deployment = project.GetProjectDeployment();
-    if (!destination.Profile || destination.Profile->Stateless || !deployment) {
+    if (!destination.Profile || destination.Profile->Stateless || !rootName) {
       report.End = TDeployEnd::Refused;
       report.Problems = {"the target keeps no record of deploys, so that none can be taken back"};
       return;
     }
-    TUndoRun(request, FDestinations.Connect(destination, request.Cancelled),
-             deployment->GetRemoteBaseDir(target.Platform), report)
+    TUndoRun(request, FDestinations.Connect(destination, request.Cancelled), *rootName, report)
         .Run();
   });
   return report;
+}
+
+TUndoReport TDeployService::Undo(deployment::ICustomProject& project,
+                                 const deployment::TDeploymentTarget& target,
+                                 const TUndoRequest& request) const {
+  TDestination destination;
+  TUndoReport report;
+  Reported(request.Cancelled, report, [&] { destination = FDestinations.Find(project, target); });
+  if (report.End != TDeployEnd::NotStarted)
+    return report;
+  const auto* deployment = project.GetProjectDeployment();
+  const std::string rootName = deployment ? deployment->GetRemoteBaseDir(target.Platform) : "";
+  return Undo(destination, deployment ? &rootName : nullptr, request);
+}
+
+TUndoReport TDeployService::Undo(const TDeploySubject& subject, const TProfile& profile,
+                                 const TUndoRequest& request) const {
+  return Undo({.Profile = profile}, subject.HasDeployment ? &subject.RootName : nullptr, request);
+}
+
+TRecordReading TDeployService::ReadRecord(const TDestination& destination,
+                                          const std::string* rootName,
+                                          const std::atomic<int>* cancelled) const {
+  if (!destination.Profile || destination.Profile->Stateless || !rootName)
+    return {};
+  const auto connection = FDestinations.Connect(destination, cancelled);
+  const TRecordStore store(*connection, *rootName);
+  return store.Read(*connection);
 }
 
 TRecordReading TDeployService::ReadRecord(deployment::ICustomProject& project,
@@ -134,11 +216,37 @@ TRecordReading TDeployService::ReadRecord(deployment::ICustomProject& project,
                                           const std::atomic<int>* cancelled) const {
   const TDestination destination = FDestinations.Find(project, target);
   const auto* deployment = project.GetProjectDeployment();
-  if (!destination.Profile || destination.Profile->Stateless || !deployment)
-    return {};
-  const auto connection = FDestinations.Connect(destination, cancelled);
-  const TRecordStore store(*connection, deployment->GetRemoteBaseDir(target.Platform));
-  return store.Read(*connection);
+  const std::string rootName = deployment ? deployment->GetRemoteBaseDir(target.Platform) : "";
+  return ReadRecord(destination, deployment ? &rootName : nullptr, cancelled);
+}
+
+TRecordReading TDeployService::ReadRecord(const TDeploySubject& subject, const TProfile& profile,
+                                          const std::atomic<int>* cancelled) const {
+  return ReadRecord({.Profile = profile}, subject.HasDeployment ? &subject.RootName : nullptr,
+                    cancelled);
+}
+
+std::vector<TFilePair>
+TDeployService::FilePairsOf(deployment::ICustomProject& project,
+                            const deployment::TDeploymentTarget& target) const {
+  std::vector<TFilePair> pairs;
+  auto* deployment = project.GetProjectDeployment();
+  if (!deployment)
+    return pairs;
+  const deployment::TEntryPaths paths(project, *deployment, target, FServices);
+  for (const auto& file : deployment->GetFiles()) {
+    if (deployment::IsFileInPlatform(target.Platform, *file))
+      pairs.push_back({file->GetLocalName(), paths.LocalFile(*file), paths.RemoteFile(*file)});
+  }
+  return pairs;
+}
+
+std::vector<TTimeComparison> TDeployService::Compare(const std::vector<TFilePair>& files,
+                                                     const TProfile& profile,
+                                                     const std::atomic<int>* cancelled) const {
+  const TDestination destination{.Profile = profile};
+  return CompareTimes(FDestinations.Connect(destination, cancelled),
+                      FDestinations.RulesOf(destination, profile.Platform), files);
 }
 
 } // namespace workbench

@@ -5,8 +5,10 @@
 #include "workbench/deploy/deploy_observer.h"
 #include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/deploy_run.h"
+#include "workbench/deploy/deploy_subject.h"
 #include "workbench/deploy/destination.h"
 #include "workbench/deploy/plan_file.h"
+#include "workbench/deploy/time_comparison.h"
 #include "workbench/deploy/undo_run.h"
 
 #include <filesystem>
@@ -45,11 +47,43 @@ public:
                             const deployment::TDeploymentTarget& target,
                             const std::atomic<int>* cancelled) const;
 
+  /// What of the project goes to the place of any profile. Called on the main thread.
+  TDeploySubject SubjectOf(deployment::ICustomProject& project,
+                           const deployment::TDeploymentTarget& target) const;
+
+  /// Every file of the project for the platform of the target, whether a deploy takes it or not,
+  /// at the place of any profile. Called on the main thread.
+  std::vector<TFilePair> FilePairsOf(deployment::ICustomProject& project,
+                                     const deployment::TDeploymentTarget& target) const;
+
+  // The same for a profile, whichever one the project assigns. Several threads may call these at
+  // once, each for a profile of its own, but not while the profiles of the user change.
+
+  TDeployReport Deploy(const TDeploySubject& subject, const TProfile& profile,
+                       const TRunTerms& terms, IDeployObserver& observer) const;
+  std::optional<TPlanFile> Plan(const TDeploySubject& subject, const TProfile& profile,
+                                const TRunTerms& terms, TDeployReport& report) const;
+  TUndoReport Undo(const TDeploySubject& subject, const TProfile& profile,
+                   const TUndoRequest& request) const;
+  TRecordReading ReadRecord(const TDeploySubject& subject, const TProfile& profile,
+                            const std::atomic<int>* cancelled) const;
+  /// The files beside those at the place of the profile, in their order. Throws TConnectionError.
+  std::vector<TTimeComparison> Compare(const std::vector<TFilePair>& files, const TProfile& profile,
+                                       const std::atomic<int>* cancelled) const;
   /// What a deploy knows besides its request: the destination and the files. Throws
   /// TConnectionError when there is no profile. The project must have a deployment.
   TRunFacts FactsOf(const TDeployRequest& request) const;
 
 private:
+  TDeploySubject SubjectOf(deployment::ICustomProject& project,
+                           const deployment::TDeploymentTarget& target,
+                           const TDestination& destination) const;
+  TRunFacts FactsOf(TDeploySubject subject, TDestination destination,
+                    const TDeployOptions& options) const;
+  TUndoReport Undo(const TDestination& destination, const std::string* rootName,
+                   const TUndoRequest& request) const;
+  TRecordReading ReadRecord(const TDestination& destination, const std::string* rootName,
+                            const std::atomic<int>* cancelled) const;
 
   const TDestinations& FDestinations;
   deployment::TEntryPathServices FServices;

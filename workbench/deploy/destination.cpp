@@ -80,6 +80,14 @@ void TDestinations::Prepare(deployment::ICustomProject& project,
   }
 }
 
+void TDestinations::Prepare(const TProfile& profile) const {
+  try {
+    FConnections.Prepare(profile);
+  } catch (const TConnectionError&) {
+    return; // connecting says what is wrong
+  }
+}
+
 std::shared_ptr<IRemoteConnection> TDestinations::Connect(const TDestination& destination,
                                                           const std::atomic<int>* cancelled) const {
   if (destination.Profile)

@@ -59,6 +59,9 @@ public:
   TBinding BindingOf(const TDestination& destination, const std::atomic<int>& cancelled) const;
   /// Begins to connect, asking nobody. Nothing is said of what is wrong.
   void Prepare(deployment::ICustomProject& project, const std::string& platform) const;
+  void Prepare(const TProfile& profile) const;
+  /// Closes what is open to the place of the profile and not in use.
+  void Leave(const TProfile& profile) const { FConnections.Close(profile.Name); }
   /// Throws TConnectionError. `cancelled` as for TConnections.
   std::shared_ptr<IRemoteConnection> Connect(const TDestination& destination,
                                              const std::atomic<int>* cancelled) const;
@@ -68,8 +71,10 @@ public:
   /// What the destination of a platform takes.
   TPlaceRules RulesOf(const TDestination& destination, std::string_view platform) const;
 
-private:
+  /// True when the files of the platform go to a folder beside the program.
   bool IsStaged(deployment::ICustomProject& project, const std::string& platform) const;
+
+private:
   const TProfile& ProfileOf(deployment::ICustomProject& project, const std::string& platform) const;
 
   const TPlatformTable& FPlatforms;

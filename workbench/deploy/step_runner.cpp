@@ -1,6 +1,8 @@
 #include "workbench/deploy/step_runner.h"
 
+#include "workbench/deploy/shared_work.h"
 #include "workbench/deploy/unpacking.h"
+#include "workbench/process/command_runner.h"
 
 namespace workbench {
 
@@ -24,6 +26,31 @@ std::string RunAfterStep(const TPlannedFile& file, const TAfterStep& step, const
   const std::string problem =
       connection.RunCommand(*command, file.Target.Directory, hear, cancelled);
   return problem.empty() ? problem : failed(problem);
+}
+
+namespace {
+
+std::string RunInOrder(const TDeployFile& file, const std::filesystem::path& directory,
+                       const THearLine& hear, const std::atomic<int>& cancelled) {
+  for (const std::string& command : file.LocalCommands) {
+    std::string problem = "the run was interrupted";
+    if (cancelled == 0)
+      problem = RunCommandLine(command, directory, hear, cancelled);
+    if (!problem.empty())
+      return std::string("the local command \"").append(command).append("\" ").append(problem);
+  }
+  return {};
+}
+
+} // namespace
+
+std::string RunLocalSteps(const TDeployFile& file, const std::filesystem::path& directory,
+                          TSharedWork* shared, const THearLine& hear,
+                          const std::atomic<int>& cancelled) {
+  if (file.LocalCommands.empty())
+    return {};
+  const auto run = [&] { return RunInOrder(file, directory, hear, cancelled); };
+  return shared ? shared->Once(directory.string() + " > " + file.RemoteName, run) : run();
 }
 
 } // namespace workbench

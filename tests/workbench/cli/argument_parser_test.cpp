@@ -9,6 +9,7 @@ namespace {
 struct TGiven {
   std::string Project, Kind, Note = "none", Secret;
   std::vector<std::string> Files, Tags;
+  std::vector<TGivenText> Targets;
   unsigned Jobs = 0;
   bool Force = false;
   const IOption* NoteOption = nullptr;
@@ -24,6 +25,8 @@ public:
     options.Texts("FILE", FGiven.Files, "Files to send").Required();
     options.Choice("--kind", FGiven.Kind, {"fast", "safe"}, "How");
     options.Texts("--tag", FGiven.Tags, "A tag").ValueName("WORD");
+    options.Sequence("--target", FGiven.Targets, "One").ValueName("NAME");
+    options.Sequence("--bunch", FGiven.Targets, "Several").ValueName("NAME");
     options.Number("--jobs", FGiven.Jobs, 1, 64, "How many at a time");
     options.Flag("--force", FGiven.Force, "Send all");
     options.Text("--secret", FGiven.Secret, "Not shown").Hidden();
@@ -179,6 +182,8 @@ TEST(ArgumentParser, AnswersHelpAndVersionWithATextAlone) {
                          "  -V,--version                Print the version and end\n"
                          "  --kind TEXT:{fast,safe}     How\n"
                          "  --tag WORD ...              A tag\n"
+                         "  --target NAME ...           One\n"
+                         "  --bunch NAME ...            Several\n"
                          "  --jobs UINT:INT in [1 - 64] How many at a time\n"
                          "  --force                     Send all\n"
                          "  --note TEXT=none            A note\n"
@@ -198,6 +203,16 @@ TEST(ArgumentParser, AnswersHelpAndVersionWithATextAlone) {
                          "connection; 6 the project's commands have no consent; 7 --check: "
                          "something would change; 8 the target is not what was expected; 130, 143 "
                          "interrupted.\n");
+}
+
+TEST(ArgumentParser, KeepsTheOrderOfOptionsThatShareAList) {
+  TReader reader;
+  reader.Read(
+      {"send", "p", "f", "--target", "a", "--bunch=b", "--target", "[c,d]", "--target", ""});
+  std::string given;
+  for (const TGivenText& text : reader.Given.Targets)
+    given += text.Option + " " + text.Text + ";";
+  EXPECT_EQ(given, "--target a;--bunch b;--target [c,d];--target ;");
 }
 
 } // namespace

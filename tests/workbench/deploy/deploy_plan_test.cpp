@@ -140,8 +140,11 @@ TEST(DeployPlan, ListsWhatWouldRun) {
   file.LocalCommands = {"one"};
   file.RemoteCommands = {"two"};
   EXPECT_EQ(place.Plan({file}).Commands,
-            (TTexts{"on this machine: one", "on the target: run " + place.Target("a").string(),
-                    "on the target: two"}));
+            (TTexts{"on this machine: one", "on the target: run a", "on the target: two"}));
+  file.RemoteName = "demo\\bin\\a";
+  EXPECT_EQ(CommandsOf({file}, {}, "restart"),
+            (TTexts{"on this machine: one", "on the target: run demo/bin/a", "on the target: two",
+                    "on the target: restart"}));
 }
 
 } // namespace

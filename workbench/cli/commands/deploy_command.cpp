@@ -1,6 +1,7 @@
 // deploymgr deploy: brings the files of a target to where they belong.
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/commands/deploy_conduct.h"
+#include "workbench/cli/commands/deploy_targets.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
 #include "workbench/cli/context/solution_run.h"
@@ -28,6 +29,7 @@ public:
                  "Change nothing; end with 7 when something would change, with 8 when others "
                  "changed the target");
     AddRunOptions(options, FOptions, FAllowed);
+    AddTargetOptions(options, FTargets);
     AddChangeOptions(options, FChange);
   }
 
@@ -45,6 +47,10 @@ private:
     const TTarget target = ChooseTarget(context, project);
     if (target.AllPlatforms)
       throw TUsageError("deploy needs a single platform, not \"all\"");
+    if (FTargets.AreGiven())
+      return DeployToTargets(
+          context, project, target,
+          {.Targets = FTargets, .Options = FOptions, .Allowed = FAllowed, .IsCheck = FCheck});
     if (!FOptions.Compress)
       context.Session.RemoteProfiles().Destinations().Prepare(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
@@ -85,6 +91,7 @@ private:
 
   std::string FProject;
   TDeployOptions FOptions;
+  TTargetOptions FTargets;
   TAllowed FAllowed;
   bool FCheck = false;
   TChangeOptions FChange;

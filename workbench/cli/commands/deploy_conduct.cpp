@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <iostream>
+#include <set>
+#include <string_view>
 #include <utility>
 
 namespace workbench {
@@ -32,21 +34,14 @@ std::string ConsentMessage(std::string_view what, const std::vector<std::string>
   return text;
 }
 
+std::string CommandsMessage(const std::vector<std::string>& commands) {
+  return ConsentMessage("the project's commands may not run without consent; --allow-commands",
+                        commands);
+}
+
 bool MayRun(TCommandContext& context, const std::filesystem::path& project,
             const std::vector<std::string>& commands, const std::string& place) {
-  TSettings& settings = context.Session.Settings();
-  if (IsAllowed(settings, project, place, commands))
-    return true;
-  if (!context.Output.CanAsk())
-    return false;
-  std::cerr << "The project wants to run these commands when it is deployed to " << place << ":\n";
-  for (const std::string& command : commands)
-    std::cerr << "  " << Visible(command) << '\n';
-  if (context.Output.Ask("Run them, now and whenever they are the same?", /*several=*/false) !=
-      TAnswer::Yes)
-    return false;
-  Allow(settings, project, place, commands);
-  return true;
+  return MayRunAtAll(context, {{project, place, commands}}, /*allow=*/false);
 }
 
 bool MaySend(TCommandContext& context, const std::filesystem::path& project,
@@ -122,6 +117,64 @@ TMaySend SourceConsentOf(TCommandContext& context, std::filesystem::path project
   };
 }
 
+TMaySend SourceConsentOfAll(TCommandContext& context, const std::filesystem::path& project,
+                            const std::vector<std::string>& files, bool allow) {
+  if (allow)
+    return [](const auto&) { return true; };
+  static_cast<void>(MaySend(context, project, files));
+  const std::vector<std::string> refused =
+      SourcesWithoutConsent(context.Session.Settings(), project, files);
+  std::set<std::string> allowed(files.begin(), files.end());
+  for (const std::string& file : refused)
+    allowed.erase(file);
+  return [allowed = std::move(allowed)](const auto& asked) {
+    return std::ranges::all_of(asked,
+                               [&](const std::string& file) { return allowed.contains(file); });
+  };
+}
+
+bool MayRunAtAll(TCommandContext& context, const std::vector<TPlaceCommands>& places, bool allow) {
+  TSettings& settings = context.Session.Settings();
+  std::vector<TPlaceCommands> asked;
+  for (const TPlaceCommands& place : places) {
+    if (!allow && !place.Commands.empty() &&
+        !IsAllowed(settings, place.Project, place.Place, place.Commands))
+      asked.push_back(place);
+  }
+  if (asked.empty())
+    return true;
+  if (!context.Output.CanAsk())
+    return false;
+  std::string text = "The project wants to run these commands when it is deployed to ";
+  for (std::size_t i = 0; i < asked.size(); ++i)
+    text.append(i > 0 ? ", " : "").append(asked[i].Place);
+  std::cerr << text << ":\n";
+  for (const std::string& command : CommandsOfAll(asked))
+    std::cerr << "  " << Visible(command) << '\n';
+  if (context.Output.Ask("Run them, now and whenever they are the same?", /*several=*/false) !=
+      TAnswer::Yes)
+    return false;
+  for (const TPlaceCommands& place : asked)
+    Allow(settings, place.Project, place.Place, place.Commands);
+  return true;
+}
+
+std::vector<std::string> CommandsOfAll(const std::vector<TPlaceCommands>& places) {
+  std::vector<std::string> all;
+  std::set<std::string_view> known;
+  for (const TPlaceCommands& place : places) {
+    for (const std::string& command : place.Commands) {
+      if (known.insert(command).second)
+        all.push_back(command);
+    }
+  }
+  return all;
+}
+
+int RefuseCommands(const std::vector<TPlaceCommands>& places) {
+  throw TExitError(exit_status::NoConsent, CommandsMessage(CommandsOfAll(places)));
+}
+
 void CheckWasBegun(const TDeployReport& report) {
   switch (report.End) {
   case TDeployEnd::Refused:
@@ -133,10 +186,7 @@ void CheckWasBegun(const TDeployReport& report) {
   case TDeployEnd::NoConnection:
     throw TExitError(exit_status::NoConnection, report.Message);
   case TDeployEnd::NoConsent:
-    throw TExitError(exit_status::NoConsent,
-                     ConsentMessage("the project's commands may not run without consent; "
-                                    "--allow-commands",
-                                    report.Commands));
+    throw TExitError(exit_status::NoConsent, CommandsMessage(report.Commands));
   case TDeployEnd::NoSourceConsent:
     throw TExitError(exit_status::NoConsent,
                      ConsentMessage("files beyond the project's directory may not be sent without "

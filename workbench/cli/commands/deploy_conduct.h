@@ -30,6 +30,27 @@ TMayRun ConsentOf(TCommandContext& context, std::filesystem::path project, bool 
 /// May files from beyond the project's tree be sent? As above.
 TMaySend SourceConsentOf(TCommandContext& context, std::filesystem::path project, bool allow);
 
+/// The commands that run when a project is deployed to a place.
+struct TPlaceCommands {
+  std::filesystem::path Project;
+  std::string Place; ///< as TDestination::Text
+  std::vector<std::string> Commands;
+};
+
+/// The same for several places at once, where a person is asked one question for all of them.
+bool MayRunAtAll(TCommandContext& context, const std::vector<TPlaceCommands>& places, bool allow);
+
+/// May files from beyond the project's tree be sent, of all these? A person is asked one question,
+/// now; the answer may be asked by several threads.
+TMaySend SourceConsentOfAll(TCommandContext& context, const std::filesystem::path& project,
+                            const std::vector<std::string>& files, bool allow);
+
+/// Every command of the places once.
+std::vector<std::string> CommandsOfAll(const std::vector<TPlaceCommands>& places);
+
+/// The exit status of all when they may not. Throws TExitError, with the commands.
+int RefuseCommands(const std::vector<TPlaceCommands>& places);
+
 /// Throws TExitError and TWorkError when nothing was done at all, with every reason.
 void CheckWasBegun(const TDeployReport& report);
 

@@ -35,11 +35,13 @@ bool IsProgramInstalled(std::string_view name) {
   return false;
 }
 
-std::string LastLines(const std::string& text) {
+// What the engine said last, on one line.
+std::string LastWords(const std::string& text) {
   constexpr std::size_t Longest = 2000;
   std::string end = text.size() > Longest ? text.substr(text.size() - Longest) : text;
   while (end.ends_with('\n'))
     end.pop_back();
+  std::ranges::replace(end, '\n', ' ');
   return end;
 }
 
@@ -162,7 +164,7 @@ private:
     }
     if (FOptions.DryRun)
       return;
-    const std::filesystem::path file = project.GivenFileName();
+    const std::filesystem::path& file = project.GivenFileName();
     if (!plan.Outside.empty() && !SourceConsentOf(context, file, FAllowed.Outside)(plan.Outside))
       RefuseWithout("files beyond the project's directory may not be sent without consent; "
                     "--allow-outside",
@@ -247,7 +249,7 @@ private:
     }
     if (hasAnswer)
       return;
-    const std::string errors = LastLines(outcome.Errors);
+    const std::string errors = LastWords(outcome.Errors);
     if (errors.find("--limit") != std::string::npos)
       throw TUsageError("no machine of the inventory is meant by --limit \"" + FLimit + "\"");
     if (outcome.HasNoMachine || outcome.Machines.empty())
@@ -276,7 +278,8 @@ private:
     }
     if (context.Output.IsJson())
       context.Output.Document(TargetsJson(results));
-    context.Output.Line(std::to_string(results.size()) + " machines, " +
+    context.Output.Line(std::to_string(results.size()) +
+                        (results.size() == 1 ? " machine, " : " machines, ") +
                         std::to_string(results.size() - bad) + " as they should be, " +
                         std::to_string(bad) + " not");
     return how.Signal != 0 ? 128 + how.Signal : status;

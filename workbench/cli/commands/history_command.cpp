@@ -1,9 +1,14 @@
 // deploymgr history: the deploys that a target remembers.
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/target_options.h"
+#include "workbench/cli/commands/targets_run.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/services/remote_profile_services.h"
+
+#include <utility>
+#include <vector>
 
 namespace workbench {
 namespace {
@@ -13,14 +18,44 @@ public:
   std::string Name() const override { return "history"; }
   std::string Summary() const override { return "List the deploys that the target remembers"; }
 
-  void AddOptions(IOptions& options) override { AddProjectArgument(options, FProject); }
+  void AddOptions(IOptions& options) override {
+    AddProjectArgument(options, FProject);
+    AddTargetOptions(options, FTargets);
+  }
 
   int Run(TCommandContext& context) override {
     TOpenProject& project = OpenProject(context, FProject, TOpenPurpose::Look);
     const TTarget target = ChooseTarget(context, project);
     if (target.AllPlatforms)
       throw TUsageError("history needs a single platform, not \"all\"");
-    const TRecordReading reading = Read(context, project, target);
+    if (FTargets.AreGiven())
+      return RunForTargets(context, project, target);
+    return Tell(context, Read(context, project, target));
+  }
+
+private:
+  int RunForTargets(TCommandContext& context, TOpenProject& project, const TTarget& target) const {
+    std::vector<TProfile> profiles = ChooseTargets(context, project, FTargets, target.Platform);
+    const TDeployService& deploys = context.Session.RemoteProfiles().Deploys();
+    const TDeploySubject subject =
+        deploys.SubjectOf(project.Project(), {target.Configuration, target.Platform});
+    TTargetsRun run(context, std::move(profiles), FTargets.Hosts);
+    std::vector<TRecordReading> readings(run.Profiles().size());
+    const auto read = [&](std::size_t i) {
+      readings[i] = deploys.ReadRecord(subject, run.Profiles()[i], &run.Cancelled());
+      CheckNotInterrupted(run.Cancelled());
+    };
+    const auto tell = [&](std::size_t i, TCommandContext& part) {
+      const TRecordReading reading = std::exchange(readings[i], {});
+      const int status = Tell(part, reading);
+      const std::size_t count = reading.Record.Runs.size();
+      part.Output.Line(std::to_string(count) + (count == 1 ? " run" : " runs"));
+      return status;
+    };
+    return run.Run({read, tell});
+  }
+
+  int Tell(TCommandContext& context, const TRecordReading& reading) const {
     if (reading.State == TRecordState::Newer)
       throw TExitError(exit_status::Unexpected,
                        "the record on the target is of a newer version of this program");
@@ -36,7 +71,6 @@ public:
     return exit_status::Done;
   }
 
-private:
   static TRecordReading Read(TCommandContext& context, TOpenProject& project,
                              const TTarget& target) {
     try {
@@ -56,6 +90,7 @@ private:
   }
 
   std::string FProject;
+  TTargetOptions FTargets;
 };
 
 } // namespace

@@ -1,21 +1,24 @@
 // deploymgr list and deploymgr status: the rows of the Deployment Manager.
-#include "package/host/api/file_columns.h"
-#include "package/host/api/platforms.h"
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/status_targets.h"
+#include "workbench/cli/commands/target_options.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/solution_run.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/cli/view/known_states.h"
+#include "workbench/cli/view/list_json.h"
 #include "workbench/cli/view/row_table.h"
 #include "workbench/cli/view/target_status.h"
 #include "workbench/services/remote_profile_services.h"
 
+#include <string_view>
+#include <utility>
+#include <vector>
+
 namespace workbench {
 namespace {
-
-using deployment::FileColumns;
 
 class TListCommand final : public ICommand {
 public:
@@ -29,8 +32,7 @@ public:
     options.Text("--sort", FSort, "Sort by this text of the rows; \":desc\" turns the order")
         .ValueName("KEY[:desc]");
     if (FConnects)
-      options.Flag("--offline", FOffline,
-                   "Do not connect; show what was known when the target was looked at last");
+      AddStatusOptions(options);
     else
       options.Flag("--connect", FConnect, "Show the state of the files on the target");
     options.Footer("The target is reconciled in memory first; nothing is saved.");
@@ -48,11 +50,27 @@ public:
   }
 
 private:
+  void AddStatusOptions(IOptions& options) {
+    options.Flag("--offline", FOffline,
+                 "Do not connect; show what was known when the target was looked at last");
+    options.Flag("--differences", FDifferences,
+                 "Leave out what is the same on every target; the document stays whole");
+    AddTargetOptions(options, FTargets);
+  }
+
   int ListProject(TCommandContext& context, TOpenProject& project, TRowTable& table) const {
     const TTarget target = ChooseTarget(context, project);
     const bool connect = (FConnects && !FOffline) || FConnect;
     if ((FConnects || FConnect) && target.AllPlatforms)
       throw TUsageError("one platform is wanted to connect to");
+    const TSortOrder order = SortOrder();
+    if (FTargets.AreGiven())
+      return StatusOfTargets(context, project, target,
+                             {.Targets = FTargets,
+                              .Offline = FOffline,
+                              .Differences = FDifferences,
+                              .SortKey = std::string(order.Key),
+                              .SortsDown = order.IsDown});
     if (connect)
       context.Session.RemoteProfiles().Destinations().Prepare(project.Project(), target.Platform);
     const std::size_t told = project.Warnings().size();
@@ -61,7 +79,8 @@ private:
       view.OpenConnected(project, target);
     else
       view.Open(project, target);
-    Sort(view);
+    if (!order.Key.empty())
+      view.Sort(order.Key, order.IsDown);
     WarnOfNothingBuilt(context, project, target);
     WarnSince(context, project, told);
     const TTargetStatus status = !FConnects ? TTargetStatus(TDeployReport())
@@ -71,7 +90,11 @@ private:
     if (lost.empty() && status.Report().End == TDeployEnd::NoConnection)
       lost.push_back(status.Report().Message);
     if (context.Output.IsJson())
-      PrintJson(context, project, target, connect && lost.empty(), view.Rows(), status);
+      context.Output.Document(ListJson({.Project = project.GivenFileName().string(),
+                                        .Target = target,
+                                        .IsConnected = connect && lost.empty(),
+                                        .HasAge = FOffline},
+                                       view.Rows(), FConnects ? &status : nullptr));
     else
       AddText(context, view.Rows(), status, table);
     // What was not answered stands as unknown in the rows.
@@ -80,18 +103,20 @@ private:
     return lost.empty() ? exit_status::Done : exit_status::NoConnection;
   }
 
-  void Sort(TDeploymentView& view) const {
-    if (FSort.empty())
-      return;
+  struct TSortOrder {
+    std::string_view Key; // empty: the rows stay as they are
+    bool IsDown = false;
+  };
+
+  TSortOrder SortOrder() const {
     constexpr std::string_view Down = ":desc";
     constexpr std::string_view Up = ":asc";
-    std::string_view key = FSort;
-    const bool descending = key.ends_with(Down);
-    if (descending)
-      key.remove_suffix(Down.size());
-    else if (key.ends_with(Up))
-      key.remove_suffix(Up.size());
-    view.Sort(key, descending);
+    TSortOrder order{FSort, FSort.ends_with(Down)};
+    if (order.IsDown)
+      order.Key.remove_suffix(Down.size());
+    else if (order.Key.ends_with(Up))
+      order.Key.remove_suffix(Up.size());
+    return order;
   }
 
   // A plan that is not carried out knows every state.
@@ -130,35 +155,12 @@ private:
     }
   }
 
-  void PrintJson(TCommandContext& context, const TOpenProject& project, const TTarget& target,
-                 bool connected, const std::vector<TViewRow>& rows,
-                 const TTargetStatus& status) const {
-    TJson list = TJson::Array();
-    for (const TViewRow& row : rows) {
-      TJson entry = TJson::Object();
-      for (std::size_t i = 0; i < FileColumns.size(); ++i)
-        entry.Add(std::string(FileColumns[i].Key), row.Texts[i]);
-      entry.Add("checked", row.Checked);
-      entry.Add("dimmed", row.Dimmed);
-      if (FConnects)
-        status.AddState(row, entry);
-      if (FOffline)
-        status.AddAge(entry);
-      list.Append(std::move(entry));
-    }
-    TJson document = {{"project", project.GivenFileName().string()},
-                      {"platform", target.AllPlatforms ? std::string(deployment::sAllPlatforms)
-                                                       : target.Platform},
-                      {"configuration", target.Configuration},
-                      {"connected", connected},
-                      {"rows", std::move(list)}};
-    if (FConnects)
-      status.AddTarget(document);
-    context.Output.Document(document);
-  }
-
-  void AddText(const TCommandContext& context, const std::vector<TViewRow>& rows,
+  void AddText(const TCommandContext& context, std::vector<TViewRow> rows,
                const TTargetStatus& status, TRowTable& table) const {
+    if (FDifferences)
+      std::erase_if(rows, [&](const TViewRow& row) {
+        return status.StateOf(row).value_or(TFileState::Same) == TFileState::Same;
+      });
     table.Add(context.PartName, rows);
     if (!FConnects)
       return;
@@ -173,6 +175,8 @@ private:
   std::string FSort;
   bool FConnect = false;
   bool FOffline = false;
+  bool FDifferences = false;
+  TTargetOptions FTargets;
 };
 
 } // namespace

@@ -1,5 +1,7 @@
 // deploymgr undo: takes back what the last deploy did.
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/target_options.h"
+#include "workbench/cli/commands/targets_run.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
 #include "workbench/cli/context/target.h"
@@ -8,6 +10,8 @@
 
 #include <array>
 #include <atomic>
+#include <utility>
+#include <vector>
 
 namespace workbench {
 namespace {
@@ -24,6 +28,7 @@ public:
     options.Flag("--break-lock", FRequest.BreakLock, "Go on though somebody else deploys there");
     options.Flag("--dry-run", FRequest.DryRun, "Say what would be taken back, change nothing");
     options.Flag("--yes", FYes, "Confirm without being asked");
+    AddTargetOptions(options, FTargets);
     options.Footer("What was replaced or removed comes back with its content, rights and time; "
                    "what was new goes. A file that others changed since is left alone, and the "
                    "exit status is 8 then.");
@@ -34,12 +39,50 @@ public:
     const TTarget target = ChooseTarget(context, project);
     if (target.AllPlatforms)
       throw TUsageError("undo needs a single platform, not \"all\"");
+    if (FTargets.AreGiven())
+      return UndoTargets(context, project, target);
     std::atomic<int> cancelled = 0;
     const TInterruptWatch watch(cancelled);
     FRequest.Cancelled = &cancelled;
     FRequest.MayUndo = [&](const TUndoReport& planned) { return MayUndo(context, planned); };
     const TUndoReport report = context.Session.RemoteProfiles().Deploys().Undo(
         project.Project(), {target.Configuration, target.Platform}, FRequest);
+    return Tell(context, target, report);
+  }
+
+private:
+  int UndoTargets(TCommandContext& context, TOpenProject& project, const TTarget& target) const {
+    std::vector<TProfile> profiles = ChooseTargets(context, project, FTargets, target.Platform);
+    const TDeployService& deploys = context.Session.RemoteProfiles().Deploys();
+    const TDeploySubject subject =
+        deploys.SubjectOf(project.Project(), {target.Configuration, target.Platform});
+    const bool mayUndo = FYes || FRequest.DryRun || MayUndoAll(context, profiles);
+    TTargetsRun run(context, std::move(profiles), FTargets.Hosts);
+    std::vector<TUndoReport> reports(run.Profiles().size());
+    const auto undo = [&](std::size_t i) {
+      TUndoRequest request = FRequest;
+      request.Cancelled = &run.Cancelled();
+      request.MayUndo = [&](const TUndoReport& planned) { return mayUndo || planned.Runs.empty(); };
+      reports[i] = deploys.Undo(subject, run.Profiles()[i], request);
+    };
+    const auto tell = [&](std::size_t i, TCommandContext& part) {
+      return Tell(part, target, std::exchange(reports[i], {}));
+    };
+    return run.Run({undo, tell});
+  }
+
+  // One question for all of them, before the first is looked at.
+  bool MayUndoAll(TCommandContext& context, const std::vector<TProfile>& profiles) const {
+    std::string names;
+    for (const TProfile& profile : profiles)
+      names.append(names.empty() ? "" : ", ").append(profile.Name);
+    const std::string what = FRequest.To.empty() ? std::string("Take back the last deploy")
+                                                 : "Take back the deploys behind " + FRequest.To;
+    return context.Output.CanAsk() &&
+           context.Output.Ask(what + " on " + names + "?", /*several=*/false) == TAnswer::Yes;
+  }
+
+  int Tell(TCommandContext& context, const TTarget& target, const TUndoReport& report) const {
     Check(report);
     for (const std::string& warning : report.Warnings)
       context.Output.Warn({warning, FProject, 0});
@@ -47,7 +90,6 @@ public:
     return StatusOfUndo(report);
   }
 
-private:
   bool MayUndo(TCommandContext& context, const TUndoReport& planned) const {
     if (FYes || planned.Runs.empty())
       return true;
@@ -129,6 +171,7 @@ private:
 
   std::string FProject;
   TUndoRequest FRequest;
+  TTargetOptions FTargets;
   bool FYes = false;
 };
 

@@ -1,12 +1,15 @@
 // deploymgr verify: is the target exactly what the list and its record say?
 #include "workbench/cli/commands/commands.h"
+#include "workbench/cli/commands/target_options.h"
+#include "workbench/cli/commands/targets_run.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/services/remote_profile_services.h"
 
-#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace workbench {
 namespace {
@@ -26,6 +29,7 @@ public:
 
   void AddOptions(IOptions& options) override {
     AddProjectArgument(options, FProject);
+    AddTargetOptions(options, FTargets);
     options.Footer("Ends with 0 when the target is exactly what the list and its record say, else "
                    "with 8.");
   }
@@ -35,16 +39,41 @@ public:
     const TTarget target = ChooseTarget(context, project);
     if (target.AllPlatforms)
       throw TUsageError("verify needs a single platform, not \"all\"");
+    if (FTargets.AreGiven())
+      return VerifyTargets(context, project, target);
     const std::size_t told = project.Warnings().size();
     TDeploymentView view(context);
     view.Open(project, target);
     WarnSince(context, project, told);
     TSilentObserver nobody;
-    const TDeployReport report = context.Session.RemoteProfiles().Deploys().Deploy(
-        {.Project = project.Project(),
-         .Target = {target.Configuration, target.Platform},
-         .Options = {.DryRun = true, .Checksum = true}},
-        nobody);
+    return Tell(context, context.Session.RemoteProfiles().Deploys().Deploy(
+                             {.Project = project.Project(),
+                              .Target = {target.Configuration, target.Platform},
+                              .Options = Comparing()},
+                             nobody));
+  }
+
+private:
+  static TDeployOptions Comparing() { return {.DryRun = true, .Checksum = true}; }
+
+  int VerifyTargets(TCommandContext& context, TOpenProject& project, const TTarget& target) const {
+    std::vector<TProfile> profiles = ChooseTargets(context, project, FTargets, target.Platform);
+    const TDeploySubject subject = ReadSubject(context, project, target);
+    TTargetsRun run(context, std::move(profiles), FTargets.Hosts);
+    std::vector<TDeployReport> reports(run.Profiles().size());
+    const auto verify = [&](std::size_t i) {
+      reports[i] = context.Session.RemoteProfiles().Deploys().Deploy(
+          subject, run.Profiles()[i], {.Options = Comparing(), .Cancelled = &run.Cancelled()},
+          run.ObserverOf(i));
+      CheckNotInterrupted(run.Cancelled());
+    };
+    const auto tell = [&](std::size_t i, TCommandContext& part) {
+      return Tell(part, std::exchange(reports[i], {}));
+    };
+    return run.Run({verify, tell});
+  }
+
+  int Tell(TCommandContext& context, const TDeployReport& report) const {
     for (const std::string& warning : report.Warnings)
       context.Output.Warn({warning, FProject, 0});
     if (report.End == TDeployEnd::NoConnection)
@@ -56,7 +85,6 @@ public:
     return Report(context, report);
   }
 
-private:
   static int Report(TCommandContext& context, const TDeployReport& report) {
     TJson rows = TJson::Array();
     std::size_t wrong = 0;
@@ -85,6 +113,7 @@ private:
   }
 
   std::string FProject;
+  TTargetOptions FTargets;
 };
 
 } // namespace

@@ -24,6 +24,12 @@ public:
   virtual bool IsGiven() const = 0;
 };
 
+/// A text and the option that it was given with.
+struct TGivenText {
+  std::string Option; ///< as IOption::Name
+  std::string Text;
+};
+
 /// What a command line takes. A name that begins with "-" is an option, with a short form before a
 /// comma where it has one ("-c,--config"); any other name is an argument, in the order of
 /// declaration. What is declared lands in the variable given, which must outlive the command line
@@ -37,6 +43,10 @@ public:
   /// An option that may be repeated, with one text each time; an argument takes all that follow.
   virtual IOption& Texts(const std::string& name, std::vector<std::string>& values,
                          const std::string& help) = 0;
+  /// The same for an option that shares its list with others: the texts stand in it in the order of
+  /// the command line.
+  virtual IOption& Sequence(const std::string& name, std::vector<TGivenText>& values,
+                            const std::string& help) = 0;
   /// One of the texts given, exactly.
   virtual IOption& Choice(const std::string& name, std::string& value,
                           const std::vector<std::string>& choices, const std::string& help) = 0;

@@ -82,6 +82,7 @@ void TOutput::Line(std::string_view text) {
   if (FJson || FQuiet)
     return;
   if (FWhole) {
+    FLastSaid = text;
     const std::size_t length = CodePointCount(FName);
     Write(FName + std::string(FWidth > length ? FWidth - length + 2 : 2, ' '));
   }
@@ -125,6 +126,7 @@ void TOutput::Warn(const TWarning& warning) {
 }
 
 void TOutput::Error(const TFailure& failure) {
+  FLastSaid = Visible(failure.Text);
   const std::string place = failure.TextNamesFile ? "" : Place(failure.File, failure.Line);
   std::cerr << ProgramName << ": " << PartName(place.empty()) << place << Visible(failure.Text)
             << '\n';

@@ -62,6 +62,8 @@ public:
   void Document(const TJson& document);
   /// The document of a part; null when it printed none.
   TJson TakeDocument() { return std::move(FDocument); }
+  /// The line or the error that a part ended with; empty when it said nothing.
+  const std::string& LastSaid() const { return FLastSaid; }
   /// Said at once, and kept for the document; a remark is kept alone.
   void Warn(const TWarning& warning);
   /// From now on remarks are said too.
@@ -93,6 +95,7 @@ private:
   std::string FName;         // of a part
   std::size_t FWidth = 0;    // of the names of all parts
   TJson FDocument;
+  std::string FLastSaid; // of a part
   std::vector<TWarning> FWarnings;
 };
 

@@ -3,6 +3,8 @@
 #include "workbench/cli/context/secret_input.h"
 
 #include <algorithm>
+#include <memory>
+#include <mutex>
 
 namespace workbench {
 
@@ -10,15 +12,21 @@ namespace workbench {
 TPrompts TTerminalInteraction::Prompts() const {
   if (!FOutput.CanAsk())
     return {};
+  // Several machines may ask at the same time; a person is asked one question after the other.
+  const auto turn = std::make_shared<std::mutex>();
   return {.AcceptsHostKey =
-              [&output = FOutput](const THostKey& key) {
+              [&output = FOutput, turn](const THostKey& key) {
+                const std::lock_guard lock(*turn);
                 return output.Ask("The host key of " + key.Host + " is not known yet. It is " +
                                       key.Type + " " + key.Fingerprint +
                                       ". Is that the right machine?",
                                   /*several=*/false) == TAnswer::Yes;
               },
-          .TellsSecret = [](const std::string& prompt,
-                            const TIsCancelled& isOver) { return ReadSecret(prompt, isOver); }};
+          .TellsSecret =
+              [turn](const std::string& prompt, const TIsCancelled& isOver) {
+                const std::lock_guard lock(*turn);
+                return ReadSecret(prompt, isOver);
+              }};
 }
 
 void TTerminalInteraction::ConnectionLost(const std::string& profile, const std::string& reason) {

@@ -63,6 +63,10 @@ public:
     return Add({.Names = NamesOf(name), .ValueName = "TEXT", .Help = help, .IsRepeatable = true},
                [&values] { return deployment::JoinDelimited(values, ", "); });
   }
+  IOption& Sequence(const std::string& name, std::vector<TGivenText>& /*values*/,
+                    const std::string& help) override {
+    return Add({.Names = NamesOf(name), .ValueName = "TEXT", .Help = help, .IsRepeatable = true});
+  }
   IOption& Choice(const std::string& name, std::string& value,
                   const std::vector<std::string>& choices, const std::string& help) override {
     return Add({.Names = NamesOf(name), .ValueName = "TEXT", .Choices = choices, .Help = help},

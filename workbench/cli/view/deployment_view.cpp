@@ -16,6 +16,15 @@ constexpr std::chrono::milliseconds PollInterval(100);
 
 } // namespace
 
+std::string TViewRow::StoredName() const {
+  const auto textOf = [this](std::string_view key) -> const std::string& {
+    const auto& columns = deployment::FileColumns;
+    const auto column = std::ranges::find(columns, key, &deployment::TFileColumn::Key);
+    return Texts[static_cast<std::size_t>(column - columns.begin())];
+  };
+  return textOf("localPath") + textOf("localName");
+}
+
 TDeploymentView::TDeploymentView(TCommandContext& context) : FContext(context) {
   FContext.Session.SetEditorArea(this);
 }

@@ -19,6 +19,9 @@ struct TViewRow {
   std::vector<std::string> Texts; ///< in the order of deployment::FileColumns
   bool Checked = false;
   bool Dimmed = false;
+
+  /// The local name as the entry stores it: the columns show its directory and its name.
+  std::string StoredName() const;
 };
 
 /// Shows one project at a time; what was shown is closed when the object goes.

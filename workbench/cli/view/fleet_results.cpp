@@ -12,8 +12,8 @@ namespace {
 using TEnd = TFleetMachine::TEnd;
 
 constexpr int SignalStart = 128;
-// What was refused or failed is named one by one.
-constexpr std::array FleetCounts{"copied", "unchanged", "mode", "kept", "skipped", "removed"};
+constexpr std::array FleetCounts{"copied",  "unchanged", "mode",    "kept",
+                                 "skipped", "removed",   "refused", "failed"};
 
 std::string TextIn(const TJson& answer, std::string_view name) {
   const TJson* value = answer.Find(name);
@@ -27,7 +27,7 @@ TJson ErrorDocument(int code, const std::string& message) {
 }
 
 TMachineResult Failed(const TFleetMachine& machine, int code, const std::string& message) {
-  return {machine.Name, code, ErrorDocument(code, message), message};
+  return {machine.Name, code, ErrorDocument(code, message), {}, {message}};
 }
 
 // What the engine says of a machine that could not answer; the shell's own words name what lacks.
@@ -68,6 +68,23 @@ TJson WarningsOf(const TJson& answer) {
   return warnings;
 }
 
+// Of every file that failed or was refused.
+std::vector<std::string> ProblemsOf(const TJson& document) {
+  std::vector<std::string> problems;
+  for (const TJson& file : document.Array("files")) {
+    const std::string error = TextIn(file, "error");
+    const std::string why = error.empty() ? TextIn(file, "reason") : error;
+    if (const std::string action = TextIn(file, "action");
+        action == "failed" || action == "refused")
+      problems.push_back(std::string(TextIn(file, "remoteFile")).append(": ").append(why));
+  }
+  if (const TJson* after = document.Find("afterDeploy"); after && after->IsObject()) {
+    if (std::string error = TextIn(*after, "error"); !error.empty())
+      problems.push_back(std::move(error));
+  }
+  return problems;
+}
+
 // Throws TInputError for an answer that is none of a deploy.
 TMachineResult Answered(const TFleetMachine& machine, const TFleetTelling& how) {
   const TJson& answer = machine.Answer;
@@ -75,7 +92,7 @@ TMachineResult Answered(const TFleetMachine& machine, const TFleetTelling& how) 
   int status = static_cast<int>(answer.Number<unsigned>("status", 0, 255));
   if (how.IsCheck && status == exit_status::Done && answer.BooleanOr("changed", false))
     status = exit_status::WouldChange;
-  given.Array("files");
+  std::vector<std::string> problems = ProblemsOf(given);
   TJson document{{"schema", JsonSchema}};
   for (const TJsonMember& member : given.AsObject()) {
     if (member.Name != "schema" && member.Name != "warnings")
@@ -83,9 +100,7 @@ TMachineResult Answered(const TFleetMachine& machine, const TFleetTelling& how) 
   }
   document.Add("warnings", WarningsOf(answer));
   std::string summary = SummaryOf(document, how.IsDry);
-  if (status != exit_status::Done && status != exit_status::WouldChange)
-    summary.append("; ").append(TextIn(answer, "msg"));
-  return {machine.Name, status, std::move(document), std::move(summary)};
+  return {machine.Name, status, std::move(document), std::move(summary), std::move(problems)};
 }
 
 } // namespace
@@ -113,10 +128,10 @@ TMachineResult ResultOf(const TFleetMachine& machine, const TFleetTelling& how) 
 
 void TellMachine(TOutput& output, const TMachineResult& result, std::size_t width) {
   TOutput part(output, Visible(result.Name), width);
-  if (result.Exit == exit_status::Done || result.Exit == exit_status::WouldChange)
+  for (const std::string& problem : result.Problems)
+    part.Complain(problem);
+  if (!result.Summary.empty())
     part.Line(Visible(result.Summary));
-  else
-    part.Complain(result.Summary);
 }
 
 TJson TargetsJson(const std::vector<TMachineResult>& results) {

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace workbench {
 
@@ -14,7 +15,8 @@ struct TMachineResult {
   std::string Name;
   int Exit = 0;
   TJson Document;      ///< the one of a deploy, or the error document
-  std::string Summary; ///< for people
+  std::string Summary; ///< for people; empty where there is no more than the problems
+  std::vector<std::string> Problems = {}; ///< what failed or was refused, one by one
 };
 
 /// How a run was meant.
@@ -27,7 +29,7 @@ struct TFleetTelling {
 /// The result of a machine, whatever it answered.
 TMachineResult ResultOf(const TFleetMachine& machine, const TFleetTelling& how);
 
-/// Says it in a line that begins with the machine's name, filled up to `width` letters; what failed
+/// Says it in lines that begin with the machine's name, filled up to `width` letters; what failed
 /// on standard error.
 void TellMachine(TOutput& output, const TMachineResult& result, std::size_t width);
 

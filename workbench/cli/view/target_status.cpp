@@ -1,30 +1,13 @@
 #include "workbench/cli/view/target_status.h"
 
-#include "package/host/api/file_columns.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/text/visible_text.h"
 
-#include <algorithm>
 #include <map>
 #include <utility>
 
 namespace workbench {
-namespace {
-
-const std::string& TextOf(const TViewRow& row, std::string_view key) {
-  const auto& columns = deployment::FileColumns;
-  const auto column = std::ranges::find(columns, key, &deployment::TFileColumn::Key);
-  return row.Texts[static_cast<std::size_t>(column - columns.begin())];
-}
-
-// As the entry stores it: the columns show its directory and its name.
-std::string LocalNameOf(const TViewRow& row) {
-  return TextOf(row, "localPath") + TextOf(row, "localName");
-}
-
-} // namespace
-
 // The rows that a vector owns stay where they are when it is moved.
 TTargetStatus::TTargetStatus(TDeployReport report, std::string asOf)
     : FReport(std::move(report)), FAsOf(std::move(asOf)) {
@@ -32,9 +15,18 @@ TTargetStatus::TTargetStatus(TDeployReport report, std::string asOf)
     FRows.emplace(row.LocalName, &row);
 }
 
+const TDeployRow* TTargetStatus::Find(const TViewRow& row) const {
+  const auto found = row.Checked ? FRows.find(row.StoredName()) : FRows.end();
+  return found == FRows.end() ? nullptr : found->second;
+}
+
+std::optional<TFileState> TTargetStatus::StateOf(const TViewRow& row) const {
+  const TDeployRow* known = Find(row);
+  return known ? known->State : std::nullopt;
+}
+
 void TTargetStatus::AddState(const TViewRow& row, TJson& entry) const {
-  const auto found = row.Checked ? FRows.find(LocalNameOf(row)) : FRows.end();
-  const TDeployRow* known = found == FRows.end() ? nullptr : found->second;
+  const TDeployRow* known = Find(row);
   entry.Add("state", StateJson(known ? known->State : std::nullopt));
   entry.Add("decidedBy", known && known->State ? TJson(known->ByHash ? "hash" : "time") : TJson());
 }

@@ -4,6 +4,7 @@
 #include "workbench/deploy/deploy_report.h"
 #include "workbench/json/json.h"
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -24,6 +25,8 @@ public:
   ~TTargetStatus() = default;
 
   const TDeployReport& Report() const { return FReport; }
+  /// The state of a row; nothing where the target says none.
+  std::optional<TFileState> StateOf(const TViewRow& row) const;
   /// Adds "state" and "decidedBy" to the JSON of a row; null where the target says nothing.
   void AddState(const TViewRow& row, TJson& entry) const;
   /// Adds "asOf" to the JSON of a row that has its state.
@@ -36,6 +39,8 @@ public:
   std::vector<std::string> Summary() const;
 
 private:
+  const TDeployRow* Find(const TViewRow& row) const;
+
   TDeployReport FReport;
   std::string FAsOf;
   std::unordered_map<std::string, const TDeployRow*> FRows; // by stored local name

@@ -81,10 +81,9 @@ void CheckFleetFolder(const std::filesystem::path& folder) {
   throw TFleetError(folder.string() + " is there and is no export of ours; nothing was exported");
 }
 
-TFleetExport::TFleetExport(TRunFacts facts, TDeployOptions options, THearLine hear,
+TFleetExport::TFleetExport(TRunFacts facts, const TDeployOptions& options, THearLine hear,
                            const std::atomic<int>& cancelled)
-    : FFacts(std::move(facts)), FOptions(std::move(options)), FHear(std::move(hear)),
-      FCancelled(cancelled) {}
+    : FFacts(std::move(facts)), FOptions(options), FHear(std::move(hear)), FCancelled(cancelled) {}
 
 // What is missing here is for each machine to say, as it is for a deploy.
 TPlanOptions TFleetExport::PlanOptions(bool withHashes) const {
@@ -122,8 +121,11 @@ void TFleetExport::RunLocalCommands() {
       const std::string problem =
           RunCommandLine(command, FFacts.ProjectFile.parent_path(), FHear, FCancelled);
       if (!problem.empty())
-        throw TFleetError("the local command \"" + command + "\" " + problem +
-                          "; nothing was exported");
+        throw TFleetError(std::string("the local command \"")
+                              .append(command)
+                              .append("\" ")
+                              .append(problem)
+                              .append("; nothing was exported"));
     }
   }
 }

@@ -24,7 +24,7 @@ bool IsFleetPlatform(std::string_view platform);
 class TFleetExport {
 public:
   /// `facts` must name a profile. `hear` gets the lines that local commands print.
-  TFleetExport(TRunFacts facts, TDeployOptions options, THearLine hear,
+  TFleetExport(TRunFacts facts, const TDeployOptions& options, THearLine hear,
                const std::atomic<int>& cancelled);
 
   /// Works out what is exported. Every reason why nothing may be stands in the plan's problems,

@@ -36,9 +36,14 @@ void TConnections::Prepare(const TProfile& profile) {
     MachineOf(profile)->Prepare();
 }
 
+// What ends with the machine takes its time; others go on meanwhile.
 void TConnections::Close(const std::string& profileName) {
+  std::shared_ptr<TSshMachine> closed;
   const std::lock_guard lock(FMutex);
-  FMachines.erase(profileName);
+  if (const auto found = FMachines.find(profileName); found != FMachines.end()) {
+    closed = std::move(found->second);
+    FMachines.erase(found);
+  }
 }
 
 std::string HostKeyOf(const TProfile& profile, const std::atomic<int>& cancelled) {
