@@ -76,7 +76,7 @@ inside sh -c 'apt-get -qq -y purge deploymgr deployment-manager libdeployment-pa
 inside find / -xdev \( -path /proc -o -path /debs -o -path /log -o -path /tmp -o -path /var -o -path /root \) -prune \
   -o \( -type f -o -type l \) -print | LC_ALL=C sort >"$work/after"
 left=$(comm -13 "$work/before" "$work/after" | grep -v '^/etc/ld.so.cache$\|\.cache$' || true)
-ours=$(inside find / -xdev -path /proc -prune -o -path /root -prune -o -path /debs -prune \
+ours=$(inside find / -xdev -path /proc -prune -o -path /tmp -prune -o -path /root -prune -o -path /debs -prune \
   -o \( -name '*deploymgr*' -o -name '*deployment-manager*' -o -name '*deployment-package*' \
   -o -name '*DeploymentManager*' \) -print | grep -v '^/var/log\|^/var/cache/apt' || true)
 if [ -n "$ours" ]; then
