@@ -81,6 +81,7 @@ lint: lint-dependencies
 	clang-format-14 --dry-run -Werror $(SOURCES)
 	cmake -S . -B $(BUILD)-lint -G "$(GENERATOR)" -DCMAKE_CXX_COMPILER=clang++-14 \
 		-DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=OFF $(UNITY)
+	cmake --build $(BUILD)-lint -j $(JOBS) --target generated_sources
 	run-clang-tidy-14 -quiet -j $(JOBS) -p $(BUILD)-lint \
 		-header-filter='^$(CURDIR)/(package|workbench)/' '/Unity/'
 

@@ -55,6 +55,19 @@ void CheckPlaces(const std::vector<TProfile>& chosen, const std::string& known) 
   }
 }
 
+[[noreturn]] void RaiseUnknown(const std::string& name, const std::string& within,
+                               const std::string& known) {
+  throw std::invalid_argument("there is no profile \"" + name + "\"" + within + known);
+}
+
+// `within` says of which group it is, as a clause behind a comma.
+[[noreturn]] void RaiseOther(const TProfile& profile, const std::string& within,
+                             const std::string& platform, const std::string& known) {
+  throw std::invalid_argument("the profile \"" + profile.Name + "\"" + within +
+                              (within.empty() ? " is" : ", is") + " one of the platform \"" +
+                              profile.Platform + "\", not of \"" + platform + "\"" + known);
+}
+
 } // namespace
 
 std::vector<TProfile> ChooseProfiles(const TProfileStore& profiles,
@@ -71,13 +84,9 @@ std::vector<TProfile> ChooseProfiles(const TProfileStore& profiles,
     for (const std::string& name : NamesOf(profiles, target)) {
       const auto found = byName.find(name);
       if (found == byName.end())
-        throw std::invalid_argument("there is no profile \"" + name + "\"" + within +
-                                    Known(profiles.List()));
+        RaiseUnknown(name, within, Known(profiles.List()));
       if (found->second->Platform != platform)
-        throw std::invalid_argument("the profile \"" + name + "\"" + within +
-                                    (target.IsGroup ? ", is" : " is") + " one of the platform \"" +
-                                    found->second->Platform + "\", not of \"" + platform + "\"" +
-                                    KnownOf(profiles, platform));
+        RaiseOther(*found->second, within, platform, KnownOf(profiles, platform));
       if (taken.insert(name).second)
         chosen.push_back(*found->second);
     }
