@@ -14,13 +14,6 @@ struct TShape {
   std::string Text;
 };
 
-std::string Replaced(std::string text, std::string_view from, std::string_view to) {
-  for (std::size_t at = text.find(from); at != std::string::npos;
-       at = text.find(from, at + to.size()))
-    text.replace(at, from.size(), to);
-  return text;
-}
-
 std::string Plain() {
   return ProjectWith(R"(    <Deployment Version="2">
       <!-- the first -->

@@ -273,11 +273,9 @@ void TExecutor::PrepareDirectories() {
   std::unordered_map<std::string_view, const std::string*> problemOf;
   for (std::size_t i = 0; i < directories.size(); ++i)
     problemOf.emplace(directories[i], &problems[i]);
-  for (const TSendRequest& request : FWork) {
-    const std::string& problem = *problemOf.at(request.Target.Directory);
-    if (!problem.empty())
+  for (const TSendRequest& request : FWork)
+    if (const std::string& problem = *problemOf.at(request.Target.Directory); !problem.empty())
       Finish(request.Index, problem);
-  }
   // Links come when what they lead to is there.
   std::erase_if(FWork, [this](const TSendRequest& request) {
     const bool isLink = !FPlan.Files[request.Index].Link.empty();

@@ -4,8 +4,9 @@
 #include "workbench/deploy/left_overs.h"
 #include "workbench/deploy/link_texts.h"
 #include "workbench/deploy/local_files.h"
+#include "workbench/deploy/outside_sources.h"
+#include "workbench/deploy/plan_collisions.h"
 #include "workbench/deploy/record/record_place.h"
-#include "workbench/deploy/source_roots.h"
 #include "workbench/files/sha256.h"
 #include "workbench/remote/target/file_times.h"
 #include "workbench/remote/target/remote_path.h"
@@ -14,7 +15,6 @@
 #include <filesystem>
 #include <system_error>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 namespace workbench {
@@ -41,8 +41,9 @@ public:
     FConnection = &connect();
     ResolveDirectories();
     FindLinks();
-    FindOutside();
-    FindCollisions();
+    FPlan.Outside = FindOutsideSources(FPlan.Files, FOptions.SourceRoots);
+    for (std::string& collision : FindCollisions(FPlan.Files, FOptions.Places.Names.IgnoresCase))
+      FPlan.Problems.push_back(std::move(collision));
     const bool mayGoOn = FPlan.Problems.empty();
     const std::vector<TRemoteStatus> remote =
         mayGoOn ? ExamineTargets() : std::vector<TRemoteStatus>();
@@ -64,9 +65,7 @@ private:
   void FindTarget(TPlannedFile& file);
   void ResolveDirectories();
   void FindLinks();
-  void FindOutside();
   void CheckRemoval(const TPlannedFile& file);
-  void FindCollisions();
   std::string Key(const std::string& path) const {
     return FOptions.Places.Names.IgnoresCase ? deployment::UpperCase(path) : path;
   }
@@ -172,43 +171,6 @@ void TPlanner::CheckRemoval(const TPlannedFile& file) {
       (!root.empty() && !Key(file.RecordPath).starts_with(Key(root) + "/")))
     Refuse(file, "it cannot be removed from \"" + file.File.RemoteName +
                      "\", which is not below the project's directory on the target");
-}
-
-// A link that stays one is not read.
-void TPlanner::FindOutside() {
-  TSourceRoots roots(FOptions.SourceRoots);
-  std::unordered_set<std::string> known;
-  for (const TPlannedFile& file : FPlan.Files) {
-    const bool isRead = file.File.Operation != TDeployOperation::Remove &&
-                        file.State != TFileState::MissingHere && file.Link.empty();
-    if (isRead && !roots.Holds(file.File.LocalFile) &&
-        known.insert(file.File.LocalFile.string()).second)
-      FPlan.Outside.push_back(file.File.LocalFile.string());
-  }
-}
-
-void TPlanner::FindCollisions() {
-  std::unordered_map<std::string, const TPlannedFile*> byPath;
-  for (const TPlannedFile& file : FPlan.Files) {
-    if (file.Target.Name.empty())
-      continue;
-    const auto [entry, isNew] = byPath.emplace(Key(file.RemoteFile()), &file);
-    if (!isNew)
-      Refuse(file, "it lands on " + file.RemoteFile() + ", and so does \"" +
-                       entry->second->File.LocalName + "\"");
-  }
-  // A directory that files go to is no file, and neither are those above it.
-  std::unordered_map<std::string, bool> looked;
-  for (const TPlannedFile& file : FPlan.Files) {
-    std::string directory = Key(file.Target.Directory);
-    while (!file.Target.Name.empty() && directory.size() > 1 &&
-           looked.emplace(directory, true).second) {
-      if (const auto found = byPath.find(directory); found != byPath.end())
-        Refuse(*found->second, "it lands on " + found->second->RemoteFile() +
-                                   ", which is a directory for \"" + file.File.LocalName + "\"");
-      directory.resize(directory.find_last_of('/'));
-    }
-  }
 }
 
 void TPlanner::ExamineLocalFiles() {
@@ -417,21 +379,6 @@ std::vector<std::string> CommandsOf(const std::vector<TDeployFile>& files,
   if (!afterDeploy.empty())
     commands.push_back("on the target: " + afterDeploy);
   return commands;
-}
-
-std::vector<std::string> OutsideOf(const std::vector<TDeployFile>& files,
-                                   const std::vector<std::filesystem::path>& roots) {
-  TSourceRoots held(roots);
-  std::vector<std::string> outside;
-  std::unordered_set<std::string> known;
-  for (const TDeployFile& file : files) {
-    std::error_code error;
-    if (file.Operation != TDeployOperation::Remove &&
-        std::filesystem::exists(file.LocalFile, error) && !held.Holds(file.LocalFile) &&
-        known.insert(file.LocalFile.string()).second)
-      outside.push_back(file.LocalFile.string());
-  }
-  return outside;
 }
 
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,

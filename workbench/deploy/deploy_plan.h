@@ -102,11 +102,6 @@ struct TDeployPlan {
 std::vector<std::string> CommandsOf(const std::vector<TDeployFile>& files,
                                     const TPlaceRules& places, const std::string& afterDeploy);
 
-/// Those of the files, full paths, that stand beyond the roots, links to such ones among them: what
-/// is sent with consent only, where the target does not keep a link as one.
-std::vector<std::string> OutsideOf(const std::vector<TDeployFile>& files,
-                                   const std::vector<std::filesystem::path>& roots);
-
 /// True when carrying the plan out changes files of the target.
 bool ChangesFiles(const TDeployPlan& plan);
 
