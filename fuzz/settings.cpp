@@ -55,7 +55,7 @@ void CheckSettings(const TScratchDirectory& scratch, std::string_view text) {
     const TSettings settings(file);
     for (const auto& [key, value] : settings.List())
       Require(settings.Get(key) == value, "a setting is found by its key", key);
-    for (const TCommandConsent& consent : ListConsents(settings))
+    for (const TConsent& consent : ListConsents(settings))
       Require(settings.Get(consent.Key).has_value(), "a consent is a setting", consent.Key);
   } catch (const deployment::TInputError& error) {
     Require(error.Place().File == file, "a refusal names the settings file", error.what());
