@@ -1,6 +1,7 @@
 // Every entry and every class of the examples, asked for every target: the explanation says what
 // the list shows.
 #include "package/common/path_text.h"
+#include "tests/support/sanitized.h"
 #include "tests/workbench/session/session_fixture.h"
 #include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/cli/entries/explanation.h"
@@ -157,10 +158,11 @@ TEST_P(ExplanationSweep, AgreesWithTheListOfEveryTarget) {
     targets.push_back({configuration->GetName(), std::string(deployment::sAllPlatforms)});
   }
   Host().Close(project);
+  constexpr std::size_t Step = testing_support::IsSanitized ? 5 : 1;
   std::size_t questions = 0;
-  for (const deployment::TDeploymentTarget& target : targets)
-    questions += Sweep(target);
-  EXPECT_GT(questions, 700U);
+  for (std::size_t i = 0; i < targets.size(); i += Step)
+    questions += Sweep(targets[i]);
+  EXPECT_GT(questions, 700U / Step);
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, ExplanationSweep,
