@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/integration/temporary_project.h"
+#include "tests/support/sanitized.h"
 
 #include <gtest/gtest.h>
 
@@ -82,9 +83,12 @@ public:
 
 } // namespace integration
 
-/// Ends a test where the engine is not installed.
+/// Ends a test where the engine is not installed, and under sanitizers: what machines run is
+/// Python.
 #define NEEDS_ANSIBLE()                                                                            \
   do {                                                                                             \
     if (!std::filesystem::exists("/usr/bin/ansible-playbook"))                                     \
       GTEST_SKIP() << "ansible-playbook is not installed";                                         \
+    if (testing_support::IsSanitized)                                                              \
+      GTEST_SKIP() << "what machines run is not sanitized";                                        \
   } while (false)
