@@ -155,7 +155,8 @@ TEST(Targets, FailTogetherWhereALocalCommandFails) {
   const TRun run = place.Do("deploy", {"--to-profile", "a,b", "--allow-commands", "--json"});
   EXPECT_EQ(place.Exits(run), "a 1;b 1;");
   EXPECT_EQ(place.Read("here"), "x\n");
-  for (const TJson& target : run.Document()["targets"]) {
+  const TJson document = run.Document();
+  for (const TJson& target : document["targets"]) {
     EXPECT_EQ(target["document"]["failed"], 1);
     EXPECT_EQ(target["document"]["copied"], 1);
   }
