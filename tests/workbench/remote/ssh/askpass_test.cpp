@@ -151,8 +151,10 @@ TEST(Askpass, SurvivesAQuestionThatThrows) {
 
 TEST(AskpassProgram, PrintsTheAnswerForTheClient) {
   std::string asked;
-  const TAskpassListener listener(Answering(asked, "secret"));
-  EXPECT_EQ(RunAskpass(listener, "Passphrase: "), "secret\n0");
+  {
+    const TAskpassListener listener(Answering(asked, "secret"));
+    EXPECT_EQ(RunAskpass(listener, "Passphrase: "), "secret\n0");
+  }
   EXPECT_EQ(asked, "Passphrase: ");
 }
 
@@ -164,8 +166,10 @@ TEST(AskpassProgram, FailsWhereThereIsNoAnswer) {
 
 TEST(AskpassProgram, TakesOnlyAWholeYesForAYes) {
   std::string asked;
-  const TAskpassListener empty(Answering(asked, ""));
-  EXPECT_EQ(RunAskpass(empty, "Allow it?", "confirm"), "1");
+  {
+    const TAskpassListener empty(Answering(asked, ""));
+    EXPECT_EQ(RunAskpass(empty, "Allow it?", "confirm"), "1");
+  }
   EXPECT_EQ(asked, "Allow it? (yes/no) ");
   const TAskpassListener yes(Answering(asked, "yes"));
   EXPECT_EQ(RunAskpass(yes, "Allow it?", "confirm"), "yes\n0");
