@@ -40,7 +40,7 @@ TEST_F(SourceTree, IsNeverAHomeDirectory) {
   const testing::TEnvironment home("HOME", At("home").string());
   fs::create_directories(At("home/.git"));
   fs::create_directories(At(".git"));
-  EXPECT_EQ(SourceTreeOf(Write("home/work/p.vproj")), At("home/work"));
+  EXPECT_EQ(SourceTreeOf(Write("home/code/p.vproj")), At("home/code"));
 }
 
 TEST_F(SourceTree, IsThatOfTheProjectItselfWhereALinkNamesIt) {
