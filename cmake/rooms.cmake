@@ -59,13 +59,16 @@ room(workbench/remote/profile SEES ${FOUNDATION} ${REMOTE} workbench/files workb
   workbench/text)
 room(workbench/deploy/record SEES ${FOUNDATION} workbench/files workbench/json workbench/process
   workbench/remote/target workbench/text)
-room(workbench/deploy SEES ${FOUNDATION} workbench/archive workbench/deploy/record workbench/files
+room(workbench/deploy/plan SEES ${FOUNDATION} workbench/deploy/record workbench/files
+  workbench/process workbench/remote/target workbench/text)
+room(workbench/deploy SEES ${FOUNDATION} workbench/archive workbench/deploy/plan
+  workbench/deploy/record workbench/files
   workbench/json
   workbench/platforms workbench/process workbench/remote/folder workbench/remote/profile
   workbench/remote/target workbench/text)
 
 room(workbench/deploy/fleet SEES ${FOUNDATION} workbench/archive workbench/deploy
-  workbench/deploy/record workbench/files workbench/json workbench/process
+  workbench/deploy/plan workbench/deploy/record workbench/files workbench/json workbench/process
   workbench/remote/profile workbench/remote/target workbench/text)
 
 room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/json workbench/text)
@@ -89,7 +92,7 @@ room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/contr
   workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/archive workbench/cli/view workbench/controls workbench/deploy workbench/deploy/fleet
-  workbench/deploy/record workbench/files
+  workbench/deploy/plan workbench/deploy/record workbench/files
   workbench/json workbench/list workbench/platforms workbench/project
   workbench/project/build_import workbench/project/cpp workbench/remote/profile
   workbench/remote/target

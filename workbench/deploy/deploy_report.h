@@ -1,7 +1,7 @@
 // What came of a deploy, or would come of it.
 #pragma once
 
-#include "workbench/deploy/deploy_plan.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "workbench/deploy/deploy_run.h"
 
 #include "workbench/deploy/deploy_executor.h"
-#include "workbench/deploy/plan_check.h"
+#include "workbench/deploy/plan/plan_check.h"
 #include "workbench/deploy/record_keeper.h"
 #include "workbench/deploy/revision.h"
 #include "workbench/deploy/shared_work.h"

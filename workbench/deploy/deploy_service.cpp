@@ -2,8 +2,8 @@
 
 #include "package/host/api/target_entries.h"
 #include "workbench/deploy/deploy_run.h"
-#include "workbench/deploy/plan_check.h"
-#include "workbench/deploy/source_roots.h"
+#include "workbench/deploy/plan/plan_check.h"
+#include "workbench/deploy/plan/source_roots.h"
 #include "workbench/files/machine_path.h"
 
 #include <utility>

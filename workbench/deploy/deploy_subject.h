@@ -2,7 +2,7 @@
 #pragma once
 
 #include "package/host/api/deployment_target.h"
-#include "workbench/deploy/deploy_files.h"
+#include "workbench/deploy/plan/deploy_files.h"
 
 #include <filesystem>
 #include <string>

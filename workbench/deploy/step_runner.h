@@ -1,7 +1,7 @@
 // Does one step that follows a file that is on the target.
 #pragma once
 
-#include "workbench/deploy/deploy_plan.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 #include "workbench/process/process_run.h"
 
 #include <atomic>

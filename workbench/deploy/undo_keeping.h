@@ -1,8 +1,8 @@
 // What a deploy keeps on the target before it changes anything, so that it can be taken back.
 #pragma once
 
-#include "workbench/deploy/deploy_plan.h"
 #include "workbench/deploy/deploy_request.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 #include "workbench/deploy/record/undo_store.h"
 
 #include <string>

@@ -1,7 +1,7 @@
 // Unpacks an archive of a deploy: its members are checked here and sent like other files.
 #pragma once
 
-#include "workbench/deploy/deploy_plan.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 
 #include <functional>
 #include <string>

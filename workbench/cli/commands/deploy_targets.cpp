@@ -5,7 +5,7 @@
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/cli/view/known_states.h"
-#include "workbench/deploy/outside_sources.h"
+#include "workbench/deploy/plan/outside_sources.h"
 #include "workbench/deploy/shared_work.h"
 #include "workbench/services/remote_profile_services.h"
 

@@ -1,6 +1,6 @@
 #include "workbench/cli/commands/source_permission.h"
 
-#include "workbench/deploy/source_roots.h"
+#include "workbench/deploy/plan/source_roots.h"
 #include "workbench/files/machine_path.h"
 #include "workbench/settings/source_consent.h"
 

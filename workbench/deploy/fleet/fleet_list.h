@@ -3,7 +3,7 @@
 
 #include "package/host/api/deployment_target.h"
 #include "workbench/archive/unpacked_archive.h"
-#include "workbench/deploy/deploy_plan.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 #include "workbench/json/json.h"
 
 #include <cstddef>

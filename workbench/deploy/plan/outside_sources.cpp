@@ -1,6 +1,6 @@
-#include "workbench/deploy/outside_sources.h"
+#include "workbench/deploy/plan/outside_sources.h"
 
-#include "workbench/deploy/source_roots.h"
+#include "workbench/deploy/plan/source_roots.h"
 
 #include <unordered_set>
 

@@ -1,4 +1,4 @@
-#include "workbench/deploy/source_roots.h"
+#include "workbench/deploy/plan/source_roots.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "workbench/deploy/after_steps.h"
+#include "workbench/deploy/plan/after_steps.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // Files of a plan that stand beyond the project's tree on this machine.
 #pragma once
 
-#include "workbench/deploy/deploy_plan.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 
 #include <filesystem>
 #include <span>

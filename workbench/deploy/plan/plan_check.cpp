@@ -1,6 +1,6 @@
-#include "workbench/deploy/plan_check.h"
+#include "workbench/deploy/plan/plan_check.h"
 
-#include "workbench/deploy/left_overs.h"
+#include "workbench/deploy/plan/left_overs.h"
 #include "workbench/deploy/record/record_place.h"
 #include "workbench/files/sha256.h"
 #include "workbench/remote/target/file_times.h"

@@ -2,7 +2,7 @@
 // read.
 #pragma once
 
-#include "workbench/deploy/deploy_plan.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 
 #include <optional>
 #include <string_view>

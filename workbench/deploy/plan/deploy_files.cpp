@@ -1,4 +1,4 @@
-#include "workbench/deploy/deploy_files.h"
+#include "workbench/deploy/plan/deploy_files.h"
 
 #include "package/common/class_names.h"
 #include "package/host/api/target_entries.h"

@@ -1,8 +1,8 @@
 // What a deploy will do, worked out and checked whole before anything is done.
 #pragma once
 
-#include "workbench/deploy/after_steps.h"
-#include "workbench/deploy/deploy_files.h"
+#include "workbench/deploy/plan/after_steps.h"
+#include "workbench/deploy/plan/deploy_files.h"
 #include "workbench/deploy/record/file_state.h"
 #include "workbench/deploy/record/target_record.h"
 #include "workbench/remote/target/remote_connection.h"

@@ -1,5 +1,5 @@
 #include "tests/support/temporary_directory.h"
-#include "workbench/deploy/link_texts.h"
+#include "workbench/deploy/plan/link_texts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Files of a plan that cannot all have the places that they are to have.
 #pragma once
 
-#include "workbench/deploy/deploy_plan.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 
 #include <span>
 #include <string>

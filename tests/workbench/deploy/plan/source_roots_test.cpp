@@ -1,6 +1,6 @@
 #include "tests/support/environment.h"
 #include "tests/support/temporary_directory.h"
-#include "workbench/deploy/source_roots.h"
+#include "workbench/deploy/plan/source_roots.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "workbench/deploy/link_texts.h"
+#include "workbench/deploy/plan/link_texts.h"
 
 #include <system_error>
 #include <unordered_map>

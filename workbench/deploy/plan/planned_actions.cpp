@@ -1,5 +1,5 @@
 // What plans say of their actions.
-#include "workbench/deploy/deploy_plan.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 
 #include <algorithm>
 #include <array>

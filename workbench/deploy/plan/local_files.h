@@ -1,7 +1,7 @@
 // The local side of a plan.
 #pragma once
 
-#include "workbench/deploy/deploy_plan.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 
 #include <string>
 

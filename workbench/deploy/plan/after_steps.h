@@ -2,7 +2,7 @@
 // commands of its entry run.
 #pragma once
 
-#include "workbench/deploy/deploy_files.h"
+#include "workbench/deploy/plan/deploy_files.h"
 #include "workbench/process/shell.h"
 
 #include <optional>

@@ -1,4 +1,4 @@
-#include "workbench/deploy/left_overs.h"
+#include "workbench/deploy/plan/left_overs.h"
 
 #include "package/common/case_fold.h"
 

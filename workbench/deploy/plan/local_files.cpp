@@ -1,6 +1,6 @@
-#include "workbench/deploy/local_files.h"
+#include "workbench/deploy/plan/local_files.h"
 
-#include "workbench/deploy/left_overs.h"
+#include "workbench/deploy/plan/left_overs.h"
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/files/sha256.h"

@@ -1,7 +1,7 @@
 // Is everything still what it was when a plan was made?
 #pragma once
 
-#include "workbench/deploy/deploy_plan.h"
+#include "workbench/deploy/plan/deploy_plan.h"
 
 #include <string>
 #include <vector>

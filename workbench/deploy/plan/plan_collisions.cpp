@@ -1,4 +1,4 @@
-#include "workbench/deploy/plan_collisions.h"
+#include "workbench/deploy/plan/plan_collisions.h"
 
 #include "package/common/case_fold.h"
 
