@@ -22,6 +22,7 @@ namespace workbench {
 class TConnectionQuestions;
 class TDeployPanel;
 class TListCommands;
+class TMissingNotices;
 class TModalDialogs;
 class TProjectNotices;
 class TWelcomePage;
@@ -68,6 +69,7 @@ protected:
 
 private:
   void MakePages();
+  void MakeWelcome();
   void MakeMenus();
   std::vector<TWindowCommand> FileCommands();
   std::vector<TWindowCommand> EditCommands();
@@ -83,6 +85,9 @@ private:
   void ShowPage();
   void FocusListSoon();
   void AskForProject();
+  void NewProject();
+  void ShowRecent();
+  void ShowGuide();
   void SaveAs();
   void Step(void (TEditHistory::*step)());
   void Copy();
@@ -107,6 +112,7 @@ private:
   TWindowMenus* FMenus = nullptr;
   TWindowStatus* FStatus = nullptr;
   TProjectNotices* FNotices = nullptr;
+  TMissingNotices* FMissing = nullptr;
   TListCommands* FListCommands = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;

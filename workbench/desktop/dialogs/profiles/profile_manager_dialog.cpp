@@ -298,8 +298,9 @@ void TProfileManagerDialog::Assign() {
 }
 
 bool CreateAndAssignProfile(TSession& session, TOpenProject& project, std::string_view platform,
-                            QWidget* parent) {
+                            QWidget* parent, std::string_view name) {
   TProfile start;
+  start.Name = name;
   start.Platform = platform;
   TProfileEditDialog dialog(
       PlatformNames(session), start,
