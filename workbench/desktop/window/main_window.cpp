@@ -124,7 +124,7 @@ void TMainWindow::MakePages() {
   setCentralWidget(FPanes);
   connect(FTabs, &QTabWidget::tabCloseRequested, this,
           [this](int index) { FProjects->Close(index); });
-  connect(FTabs, &QTabWidget::tabBarClicked, this, [this] { FProjects->CommitEditors(); });
+  FTabs->SetMayLeave([this] { return FProjects->CommitEditors(); });
   connect(FTabs, &QTabWidget::currentChanged, this, &TMainWindow::ShowPage);
   connect(FProjects.get(), &TProjectTabs::Opened, this,
           [this](TOpenProject* project) { Opened(*project); });

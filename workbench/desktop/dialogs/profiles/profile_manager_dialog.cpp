@@ -255,7 +255,7 @@ void TProfileManagerDialog::Test() {
       std::string message;
       bool connected = false;
       try {
-        connected = services.Connect(*asked, message);
+        connected = services.Reach(*asked, message);
       } catch (const std::exception& error) {
         message = error.what();
       }
