@@ -24,8 +24,9 @@ std::filesystem::path FolderFor(const std::string& profile) {
   return std::filesystem::path(ToPathText(QDir::homePath())) / "Deployed" / profile;
 }
 
+// What a menu or a button would take for something else stays out, too.
 bool IsNameOfFile(const std::string& profile) {
-  return profile != "." && profile != ".." && profile.find('/') == std::string::npos;
+  return profile != "." && profile != ".." && profile.find_first_of("/&") == std::string::npos;
 }
 
 } // namespace
@@ -81,7 +82,7 @@ void TMissingNotices::ShowProfile(TOpenProject& project, TNoticeBox& box, const 
   if (IsNameOfFile(name)) {
     const std::filesystem::path folder = FolderFor(name);
     notice.Actions.push_back(
-        {tr("Use the &Folder %1").arg(QDir::toNativeSeparators(PathToQString(folder))),
+        {tr("Use the &Folder %1").arg(QStringLiteral("~/Deployed/") + ToQString(name)),
          [this, &project, name, folder] { UseFolder(project, name, folder); }});
   }
   notice.Actions.push_back({tr("&Make It…"), [this, &project, platform, name] {

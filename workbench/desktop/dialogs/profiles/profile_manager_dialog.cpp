@@ -88,7 +88,6 @@ void TProfileManagerDialog::MakeTable() {
 QPushButton* TProfileManagerDialog::AddButton(QVBoxLayout& column, const QString& text,
                                               void (TProfileManagerDialog::*run)()) {
   auto* button = new QPushButton(text, this);
-  button->setAutoDefault(false);
   connect(button, &QPushButton::clicked, this, run);
   column.addWidget(button);
   return button;
@@ -104,7 +103,8 @@ QVBoxLayout* TProfileManagerDialog::MakeButtons() {
   FTest = AddButton(*column, tr("&Test"), &TProfileManagerDialog::Test);
   FAssign = AddButton(*column, tr("A&ssign to Project"), &TProfileManagerDialog::Assign);
   column->addStretch();
-  AddButton(*column, tr("&Close"), &TProfileManagerDialog::reject);
+  // Enter presses the button that has the focus, and closes from the table.
+  AddButton(*column, tr("&Close"), &TProfileManagerDialog::reject)->setDefault(true);
   return column;
 }
 
