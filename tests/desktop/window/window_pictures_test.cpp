@@ -2,7 +2,7 @@
 // documents and for people to look at.
 #include "tests/desktop/support/pictures.h"
 #include "tests/desktop/window/window_fixture.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/window/appearance.h"
 #include "workbench/desktop/window/connection_questions.h"
 #include "workbench/desktop/window/recovery_question.h"
@@ -65,6 +65,7 @@ TEST_P(TWindowPictures, OfStatesOnATarget) {
   OpenExample();
   Project().AssignProfile("Win64", "lab-pc", false);
   PressButton("tbDeploy");
+  PressButton("tbDeploy");
   std::filesystem::remove(FRoot / "target" / "TideLogger" / "TideTables.de");
   std::filesystem::last_write_time(FRoot / "tide" / "data" / "levels.dat",
                                    std::filesystem::file_time_type::clock::now());
@@ -98,6 +99,7 @@ TEST_P(TWindowPictures, OfADeployThatRuns) {
     Keep(Window(), "deploying");
     testing::FindButton(Window().Panel(), "Cancel")->click();
   });
+  PressButton("tbDeploy");
   probe.start(5);
   PressButton("tbDeploy");
   EXPECT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 30000));

@@ -2,8 +2,8 @@
 
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
-#include "workbench/desktop/dialogs/deploy/consent_dialog.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/consent_dialog.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/text/error_text.h"
@@ -13,6 +13,7 @@
 #include "workbench/desktop/window/project_names.h"
 #include "workbench/desktop/window/recovery_question.h"
 #include "workbench/desktop/window/welcome_page.h"
+#include "workbench/desktop/window/window_deploys.h"
 #include "workbench/desktop/window/window_interaction.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/desktop/window/window_status.h"
@@ -20,7 +21,6 @@
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
 #include "workbench/settings/command_consent.h"
-#include "workbench/settings/number_setting.h"
 #include "workbench/settings/source_consent.h"
 #include "workbench/text/visible_text.h"
 
@@ -83,7 +83,10 @@ void TMainWindow::WatchState() {
   connect(&FWatcher, &TProjectWatcher::FilesChanged, this, &TMainWindow::CheckDisk);
   WatchFiles();
   connect(FProjects.get(), &TProjectTabs::Notice, FStatus, &TWindowStatus::Say);
-  connect(FListCommands, &TListCommands::Done, this, &TMainWindow::FocusListSoon);
+  connect(FListCommands, &TListCommands::Done, this, [this] {
+    if (!FDeploys->FocusPlan())
+      FocusListSoon();
+  });
 }
 
 void TMainWindow::WatchFiles() {
@@ -138,20 +141,15 @@ void TMainWindow::ServeSession() {
   FSession.SetEditorArea(FTabs);
   FSession.SetModalForms(FModalForms.get());
   FQuestions = std::make_shared<TConnectionQuestions>(*this);
+  FDeploys = new TWindowDeploys(
+      *this, *FPanel, FSession,
+      {.MayRun = [this](const auto& commands,
+                        const std::string& place) { return MayRun(commands, place); },
+       .MaySend = [this](const auto& files) { return MaySend(files); }});
   FSession.RemoteProfiles().SetInteraction(std::make_shared<TWindowInteraction>(
-      TWindowParts{.Panel = *FPanel,
+      TWindowParts{.Deploys = FDeploys->Flow(),
                    .Background = FBackground,
                    .Questions = FQuestions,
-                   .MayRun = [this](const auto& commands,
-                                    const std::string& place) { return MayRun(commands, place); },
-                   .MaySend = [this](const auto& files) { return MaySend(files); },
-                   .UndoLimits =
-                       [this] {
-                         const TUndoLimits usual;
-                         const TSettings& settings = FSession.Settings();
-                         return TUndoLimits{NumberSetting(settings, "undo-runs", usual.Runs),
-                                            NumberSetting(settings, "undo-bytes", usual.Bytes)};
-                       },
                    .CreateProfile =
                        [this](auto& project, std::string_view platform) {
                          return CreateProfile(project, platform);

@@ -25,6 +25,7 @@ class TDeployPanel;
 class TListCommands;
 class TModalDialogs;
 class TWelcomePage;
+class TWindowDeploys;
 class TWindowMenus;
 class TWindowStatus;
 struct TWindowCommand;
@@ -101,6 +102,7 @@ private:
   TWindowMenus* FMenus = nullptr;
   TWindowStatus* FStatus = nullptr;
   TListCommands* FListCommands = nullptr;
+  TWindowDeploys* FDeploys = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
   std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too
