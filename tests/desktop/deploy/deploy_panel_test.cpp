@@ -6,6 +6,7 @@
 #include "workbench/desktop/deploy/deploy_rows_model.h"
 #include "workbench/desktop/text/deploy_words.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -319,6 +320,26 @@ TEST_F(DeployPanel, ShowsARealDeploy) {
   EndWith(TDeployEnd::Done);
   EXPECT_EQ(Summary(), "Done: 2 copied (14 bytes).");
   EXPECT_EQ(TRemotePlace::Read(place.Target("x/b.dat")), "content");
+}
+
+TEST_F(DeployPanel, EveryControlHasANameAndARoleForScreenReaders) {
+  auto rows = ThreeRows();
+  rows.push_back(Conflict());
+  ShowPlan(rows);
+  int controls = 0;
+  for (QWidget* widget : FPanel.findChildren<QWidget*>()) {
+    if (!widget->isVisible() || widget->focusPolicy() == Qt::NoFocus)
+      continue;
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
+    ASSERT_NE(interface, nullptr);
+    EXPECT_FALSE(interface->text(QAccessible::Name).isEmpty())
+        << widget->objectName().toStdString() << " " << widget->metaObject()->className();
+    EXPECT_NE(interface->role(), QAccessible::NoRole);
+    ++controls;
+  }
+  EXPECT_GT(controls, 6);
+  EXPECT_EQ(Log().model()->index(0, 0).data(Qt::AccessibleTextRole).toString().toStdString(),
+            "fix.dat, conflict: choose");
 }
 
 TEST(FailureAdvice, FitsTheReason) {

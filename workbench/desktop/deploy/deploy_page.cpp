@@ -28,7 +28,7 @@ namespace {
 constexpr int LinesKept = 10000;
 constexpr int OutputLines = 6;
 // Widths of the columns in characters; the last one takes the rest.
-constexpr std::array<int, TDeployRowsModel::Reason> ColumnWidths{34, 20, 11, 18, 44};
+constexpr std::array<int, TDeployRowsModel::Reason> ColumnWidths{34, 25, 11, 26, 34};
 
 QLabel* MakeLabel(const char* name, const QString& accessible, QWidget* parent) {
   auto* label = new QLabel(parent);
@@ -135,6 +135,7 @@ QWidget* TDeployPage::MakeRows() {
   FView->setUniformRowHeights(true);
   FView->setAlternatingRowColors(true);
   FView->setAllColumnsShowFocus(true);
+  FView->setTextElideMode(Qt::ElideMiddle); // paths begin alike
   FView->setSelectionMode(QAbstractItemView::ExtendedSelection);
   FView->setMinimumHeight(fontMetrics().lineSpacing() * 5);
   const int character = FView->fontMetrics().averageCharWidth();

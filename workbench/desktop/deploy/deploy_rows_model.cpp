@@ -246,7 +246,7 @@ QIcon TDeployRowsModel::Icon(const TPanelRow& row) const {
   if (FPhase == TPhase::Plan)
     return KindIcon(kind);
   if (!row.IsDone)
-    return {};
+    return WaitingIcon();
   const bool isGood = kind == TRowKind::Copy || kind == TRowKind::Mode || kind == TRowKind::Remove;
   return isGood ? DoneIcon() : KindIcon(kind);
 }

@@ -32,6 +32,8 @@ constexpr std::array<std::string_view, RowKindCount> KindImages{
 constexpr std::string_view DoneImage =
     R"(<path d="M2 8.5l4 4 8-9" fill="none" stroke="#2e9e57" stroke-width="2.6"/>)";
 
+constexpr std::string_view WaitingImage = R"(<circle cx="8" cy="8" r="2.5" fill="#808488"/>)";
+
 QIcon Drawn(std::string_view image) {
   const QIcon icon = SvgIcon(R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 16 16">)" +
                              std::string(image) + "</svg>");
@@ -193,6 +195,11 @@ QIcon KindIcon(TRowKind kind) {
     return made;
   }();
   return icons[static_cast<std::size_t>(kind)];
+}
+
+QIcon WaitingIcon() {
+  static const QIcon icon = Drawn(WaitingImage);
+  return icon;
 }
 
 QIcon DoneIcon() {

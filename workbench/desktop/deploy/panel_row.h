@@ -58,6 +58,8 @@ QString KindWord(TRowKind kind, bool isPlan);
 
 /// A sign of its own for each kind, good on light and on dark.
 QIcon KindIcon(TRowKind kind);
+/// Of a file that waits.
+QIcon WaitingIcon();
 /// Of a file that was brought to its end.
 QIcon DoneIcon();
 /// Of the text; nothing for the usual one.

@@ -2,33 +2,28 @@
 
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
-#include "workbench/desktop/deploy/consent_dialog.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
-#include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
+#include "workbench/desktop/notices/project_notices.h"
+#include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/window/connection_questions.h"
 #include "workbench/desktop/window/list_commands.h"
-#include "workbench/desktop/window/project_names.h"
-#include "workbench/desktop/window/recovery_question.h"
 #include "workbench/desktop/window/welcome_page.h"
 #include "workbench/desktop/window/window_deploys.h"
-#include "workbench/desktop/window/window_interaction.h"
 #include "workbench/desktop/window/window_menus.h"
+#include "workbench/desktop/window/window_panes.h"
 #include "workbench/desktop/window/window_status.h"
 #include "workbench/project/cpp/solution.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
-#include "workbench/settings/command_consent.h"
-#include "workbench/settings/source_consent.h"
-#include "workbench/text/visible_text.h"
+#include "workbench/settings/settings_store.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QMimeData>
-#include <QSplitter>
 #include <QStackedWidget>
 #include <chrono>
 #include <string_view>
@@ -110,6 +105,7 @@ void TMainWindow::MakePages() {
   FTabs = new TEditorTabs(
       FSession.Settings(), [this] { return FBackground.IsBusy(); }, this);
   FProjects = std::make_unique<TProjectTabs>(FSession, *FTabs, FBackground, *FModalForms, *this);
+  FNotices = new TProjectNotices(*FProjects, *this);
   FPanel = new TDeployPanel(this);
   FPanel->hide();
   FBackground.Allow(FPanel);
@@ -118,13 +114,10 @@ void TMainWindow::MakePages() {
   FPages = new QStackedWidget(this);
   FPages->addWidget(FWelcome);
   FPages->addWidget(FTabs);
-  FSplitter = new QSplitter(Qt::Vertical, this);
-  FSplitter->addWidget(FPages);
-  FSplitter->addWidget(FPanel);
-  FSplitter->setStretchFactor(0, 1);
-  FSplitter->setChildrenCollapsible(false);
-  FSplitter->restoreState(FLayout.Split);
-  setCentralWidget(FSplitter);
+  FPanes = new TWindowPanes(FPages, this);
+  FPanes->AddBelow(FPanel);
+  FPanes->Restore(FLayout.Split, FLayout.Widths);
+  setCentralWidget(FPanes);
   connect(FTabs, &QTabWidget::tabCloseRequested, this,
           [this](int index) { FProjects->Close(index); });
   connect(FTabs, &QTabWidget::tabBarClicked, this, [this] { FProjects->CommitEditors(); });
@@ -135,29 +128,6 @@ void TMainWindow::MakePages() {
     WatchFiles();
     ShowPage();
   });
-}
-
-void TMainWindow::ServeSession() {
-  FSession.SetEditorArea(FTabs);
-  FSession.SetModalForms(FModalForms.get());
-  FQuestions = std::make_shared<TConnectionQuestions>(*this);
-  FDeploys = new TWindowDeploys(
-      *this, *FPanel, FSession,
-      {.MayRun = [this](const auto& commands,
-                        const std::string& place) { return MayRun(commands, place); },
-       .MaySend = [this](const auto& files) { return MaySend(files); }});
-  FSession.RemoteProfiles().SetInteraction(std::make_shared<TWindowInteraction>(
-      TWindowParts{.Deploys = FDeploys->Flow(),
-                   .Background = FBackground,
-                   .Questions = FQuestions,
-                   .CreateProfile =
-                       [this](auto& project, std::string_view platform) {
-                         return CreateProfile(project, platform);
-                       },
-                   .ConnectionLost =
-                       [this](const std::string& profile, const std::string& reason) {
-                         ShowLostConnection(profile, reason);
-                       }}));
 }
 
 TFormControls* TMainWindow::CurrentControls() const {
@@ -192,24 +162,6 @@ void TMainWindow::Restore() {
     FTabs->setCurrentIndex(FLayout.Current);
 }
 
-void TMainWindow::OfferRecovery() {
-  const TRecoverySearch search = FindRecoverable();
-  for (const std::string& problem : search.Problems)
-    ShowError(tr("Unsaved Edits"), ToQString(problem), this);
-  for (const TRecoverable& recoverable : search.Found) {
-    switch (AskRecovery(recoverable, this)) {
-    case TRecoveryAnswer::Recover:
-      FProjects->Recover(recoverable);
-      break;
-    case TRecoveryAnswer::Discard:
-      Guarded([&] { Discard(recoverable); });
-      break;
-    case TRecoveryAnswer::Later:
-      break;
-    }
-  }
-}
-
 void TMainWindow::Opened(TOpenProject& project) {
   TFormControls* controls = FProjects->ControlsOf(project);
   if (!controls || !controls->Tree())
@@ -228,6 +180,7 @@ void TMainWindow::Opened(TOpenProject& project) {
 void TMainWindow::ShowPage() {
   FPages->setCurrentWidget(FTabs->count() > 0 ? static_cast<QWidget*>(FTabs)
                                               : static_cast<QWidget*>(FWelcome));
+  emit ProjectShown(CurrentProject(), CurrentControls());
   FocusListSoon();
   ShowState();
 }
@@ -246,54 +199,12 @@ void TMainWindow::ShowState() {
   const bool shown = FBackground.IsBusy() || Guarded([this] {
                        FProjects->EndSteps();
                        FProjects->ShowModified();
+                       FNotices->Update();
                        FMenus->Update();
                        FStatus->Update();
                      });
   if (!shown)
     FPoll.stop();
-}
-
-// A command is asked for as long as the user has not said yes to exactly this one.
-bool TMainWindow::MayRun(const std::vector<std::string>& commands, const std::string& place) {
-  const TOpenProject* project = CurrentProject();
-  if (!project)
-    return false;
-  TSettings& settings = FSession.Settings();
-  if (IsAllowed(settings, project->GivenFileName(), place, commands))
-    return true;
-  if (!AskConsent(commands, place, this))
-    return false;
-  Guarded([&] { Allow(settings, project->GivenFileName(), place, commands); });
-  return true;
-}
-
-bool TMainWindow::MaySend(const std::vector<std::string>& files) {
-  const TOpenProject* project = CurrentProject();
-  if (!project)
-    return false;
-  TSettings& settings = FSession.Settings();
-  const std::vector<std::string> asked =
-      SourcesWithoutConsent(settings, project->GivenFileName(), files);
-  if (asked.empty())
-    return true;
-  if (!AskSourceConsent(asked, this))
-    return false;
-  Guarded([&] { AllowSources(settings, project->GivenFileName(), asked); });
-  return true;
-}
-
-void TMainWindow::ShowLostConnection(const std::string& profile, const std::string& reason) {
-  FStatus->Say(tr("No connection to the files of %1: %2")
-                   .arg(ToQString(Visible(profile)), ToQString(Visible(reason))));
-}
-
-bool TMainWindow::CreateProfile(const deployment::ICustomProject& project,
-                                std::string_view platform) {
-  TOpenProject* open = FProjects->Find(project);
-  const bool made = open && CreateAndAssignProfile(FSession, *open, platform, this);
-  if (TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex()))
-    edits->FileWritten();
-  return made;
 }
 
 // Files of projects are opened, others are added to the list in front.
@@ -336,7 +247,8 @@ void TMainWindow::changeEvent(QEvent* event) {
 void TMainWindow::KeepLayout() const {
   TWindowLayout layout;
   layout.Geometry = saveGeometry();
-  layout.Split = FSplitter->saveState();
+  layout.Split = FPanes->Heights();
+  layout.Widths = FPanes->Widths();
   layout.Columns = FLayout.Columns;
   if (const TFormControls* controls = CurrentControls(); controls && controls->Tree())
     layout.Columns = controls->Tree()->View().header()->saveState();

@@ -1,10 +1,10 @@
 // The window: menus, a tab for each project, the deploy panel below.
 #pragma once
 
-#include "workbench/desktop/window/background_work.h"
-#include "workbench/desktop/window/editor_tabs.h"
-#include "workbench/desktop/window/project_tabs.h"
-#include "workbench/desktop/window/project_watcher.h"
+#include "workbench/desktop/controls/background_work.h"
+#include "workbench/desktop/projects/editor_tabs.h"
+#include "workbench/desktop/projects/project_tabs.h"
+#include "workbench/desktop/projects/project_watcher.h"
 #include "workbench/desktop/window/window_layout.h"
 
 #include <QMainWindow>
@@ -15,7 +15,6 @@
 #include <string_view>
 #include <vector>
 
-class QSplitter;
 class QStackedWidget;
 
 namespace workbench {
@@ -24,8 +23,10 @@ class TConnectionQuestions;
 class TDeployPanel;
 class TListCommands;
 class TModalDialogs;
+class TProjectNotices;
 class TWelcomePage;
 class TWindowDeploys;
+class TWindowPanes;
 class TWindowMenus;
 class TWindowStatus;
 struct TWindowCommand;
@@ -50,10 +51,15 @@ public:
 
   TProjectTabs& Projects() { return *FProjects; }
   TEditorTabs& Tabs() { return *FTabs; }
+  TProjectNotices& Notices() { return *FNotices; }
   TDeployPanel& Panel() { return *FPanel; }
   /// The controls of the current project; null for none.
   TFormControls* CurrentControls() const;
   TOpenProject* CurrentProject() const;
+
+signals:
+  /// This project is in front now; null when none is. The controls go with it.
+  void ProjectShown(TOpenProject* project, TFormControls* controls);
 
 protected:
   void closeEvent(QCloseEvent* event) override;
@@ -96,11 +102,12 @@ private:
   TBackgroundWork FBackground;
   TEditorTabs* FTabs = nullptr;
   TDeployPanel* FPanel = nullptr;
-  QSplitter* FSplitter = nullptr;
+  TWindowPanes* FPanes = nullptr;
   QStackedWidget* FPages = nullptr;
   TWelcomePage* FWelcome = nullptr;
   TWindowMenus* FMenus = nullptr;
   TWindowStatus* FStatus = nullptr;
+  TProjectNotices* FNotices = nullptr;
   TListCommands* FListCommands = nullptr;
   TWindowDeploys* FDeploys = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;

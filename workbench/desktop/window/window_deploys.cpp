@@ -6,8 +6,8 @@
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/deploy/deploy_page.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
+#include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/window/main_window.h"
-#include "workbench/desktop/window/project_names.h"
 #include "workbench/session/session.h"
 #include "workbench/settings/number_setting.h"
 
