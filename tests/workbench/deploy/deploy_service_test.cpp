@@ -15,7 +15,7 @@ protected:
                                         .Platform = "Win32",
                                         .Path = (FRoot / "place").string(),
                                         .IsDefault = true});
-    Write(FRoot / "levels.dat", "levels");
+    Write(FFile.parent_path() / "levels.dat", "levels");
     FOpen = &OpenText(testing::ProjectWith(""));
     FOpen->Deployment().AddFile("Debug", "Win32", "levels.dat")->SetEnabled("Win32", true);
   }
@@ -47,7 +47,7 @@ TEST_F(DeployService, ShowsThePlanBeforeItBeginsAndDoesNothingWithoutAYes) {
   ASSERT_EQ(planned.size(), 1U);
   EXPECT_EQ(planned[0].LocalName, "levels.dat");
   EXPECT_EQ(planned[0].Action, TDeployAction::Copied);
-  EXPECT_EQ(planned[0].LocalFile, FRoot / "levels.dat");
+  EXPECT_EQ(planned[0].LocalFile, FFile.parent_path() / "levels.dat");
   EXPECT_EQ(planned[0].SizeHere, 6U);
   EXPECT_FALSE(IsThere());
 }
