@@ -100,8 +100,8 @@ public:
   bool Connect(const deployment::IOTARemoteProfile& profile, std::string& message) override;
   /// The same for callers that name the profile themselves: the message is the reason alone.
   bool Reach(const deployment::IOTARemoteProfile& profile, std::string& reason);
-  /// Deploys with the usual options, through the interaction. `final` deploys are told to the
-  /// listeners.
+  /// Deploys with the usual options, through the interaction. `final` deploys that were not only
+  /// planned are told to the listeners.
   void Deploy(deployment::ICustomProject& project, std::string_view platform,
               std::string_view configuration, bool final) override;
   int AddNotifier(std::shared_ptr<deployment::IOTARemoteProfileNotifier> notifier) override;

@@ -2,7 +2,7 @@
 
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/notices/missing_notices.h"
 #include "workbench/desktop/notices/project_notices.h"
@@ -12,6 +12,7 @@
 #include "workbench/desktop/welcome/welcome_page.h"
 #include "workbench/desktop/window/connection_questions.h"
 #include "workbench/desktop/window/list_commands.h"
+#include "workbench/desktop/window/window_deploys.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/desktop/window/window_panes.h"
 #include "workbench/desktop/window/window_status.h"
@@ -78,7 +79,10 @@ void TMainWindow::WatchState() {
   connect(&FWatcher, &TProjectWatcher::FilesChanged, this, &TMainWindow::CheckDisk);
   WatchFiles();
   connect(FProjects.get(), &TProjectTabs::Notice, FStatus, &TWindowStatus::Say);
-  connect(FListCommands, &TListCommands::Done, this, &TMainWindow::FocusListSoon);
+  connect(FListCommands, &TListCommands::Done, this, [this] {
+    if (!FDeploys->FocusPlan())
+      FocusListSoon();
+  });
 }
 
 void TMainWindow::WatchFiles() {

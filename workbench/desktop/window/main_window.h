@@ -26,6 +26,7 @@ class TMissingNotices;
 class TModalDialogs;
 class TProjectNotices;
 class TWelcomePage;
+class TWindowDeploys;
 class TWindowPanes;
 class TWindowMenus;
 class TWindowStatus;
@@ -114,6 +115,7 @@ private:
   TProjectNotices* FNotices = nullptr;
   TMissingNotices* FMissing = nullptr;
   TListCommands* FListCommands = nullptr;
+  TWindowDeploys* FDeploys = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
   std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too
