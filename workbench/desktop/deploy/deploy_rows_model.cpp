@@ -144,6 +144,16 @@ void TDeployRowsModel::SetTicks(const std::vector<int>& rows, bool on) {
   emit TicksChanged();
 }
 
+void TDeployRowsModel::Skip(const std::vector<int>& rows) {
+  for (const int row : rows) {
+    TPanelRow& skipped = FRows[FShown[static_cast<std::size_t>(row)]];
+    if (FPhase != TPhase::Ended || KindOf(skipped.Row) != TRowKind::Failed)
+      continue;
+    skipped.Choice = TRowChoice::TKind::Leave;
+    emit dataChanged(index(row, 0), index(row, ColumnCount - 1));
+  }
+}
+
 TRowChoices TDeployRowsModel::Choices() const {
   TRowChoices choices;
   for (const TPanelRow& row : FRows) {

@@ -466,6 +466,39 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     </message>
 </context>
 <context>
+    <name>TDifferenceDialog</name>
+    <message>
+        <source>Theirs and Ours</source>
+        <translation>Deren und unsere Fassung</translation>
+    </message>
+    <message>
+        <source>− theirs: %1
++ ours: %2</source>
+        <translation>− deren: %1
++ unsere: %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Lines that differ</source>
+        <translation>Zeilen, die sich unterscheiden</translation>
+    </message>
+    <message>
+        <source>The files are no text. Theirs has %1 bytes, ours %2.</source>
+        <translation>Die Dateien sind kein Text. Deren hat %1 Bytes, unsere %2.</translation>
+    </message>
+    <message>
+        <source>The lines are the same.</source>
+        <translation>Die Zeilen sind gleich.</translation>
+    </message>
+    <message>
+        <source>There are more.</source>
+        <translation>Es gibt weitere.</translation>
+    </message>
+</context>
+<context>
     <name>TProjectEdits</name>
     <message>
         <source>Recovered Edits</source>
@@ -633,6 +666,10 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <source>Same</source>
         <translation>Gleich</translation>
     </message>
+    <message>
+        <source>failed; left out next time</source>
+        <translation>fehlgeschlagen; nächstes Mal ausgelassen</translation>
+    </message>
 </context>
 <context>
     <name>TTargetsComboBox</name>
@@ -654,6 +691,33 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     <message>
         <source>Commands</source>
         <translation>Befehle</translation>
+    </message>
+</context>
+<context>
+    <name>TUndoWords</name>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>No connection: %1.</source>
+        <translation>Keine Verbindung: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was taken back: %1.</source>
+        <translation>Es wurde nichts zurückgenommen: %1.</translation>
+    </message>
+    <message>
+        <source>Cancelled: %1 restored, %2 removed.</source>
+        <translation>Abgebrochen: %1 wiederhergestellt, %2 entfernt.</translation>
+    </message>
+    <message>
+        <source>Taken back: %1 restored, %2 removed.</source>
+        <translation>Zurückgenommen: %1 wiederhergestellt, %2 entfernt.</translation>
+    </message>
+    <message>
+        <source>Left as they are: %1.</source>
+        <translation>Belassen: %1.</translation>
     </message>
 </context>
 <context>
@@ -891,12 +955,40 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>Show Di&amp;fference…</source>
+        <translation>Unter&amp;schied zeigen…</translation>
+    </message>
+    <message>
+        <source>S&amp;kip</source>
+        <translation>Ü&amp;berspringen</translation>
+    </message>
+    <message>
+        <source>&amp;New Profile…</source>
+        <translation>&amp;Neues Profil…</translation>
+    </message>
+    <message>
+        <source>Remote &amp;Profiles…</source>
+        <translation>&amp;Profile…</translation>
+    </message>
+    <message>
+        <source>The target changed since this plan was made. Deploy makes it anew.</source>
+        <translation>Das Zielgerät hat sich geändert, seit dieser Plan entstand. Verteilen macht ihn neu.</translation>
+    </message>
 </context>
 <context>
     <name>workbench::TDeployPanel</name>
     <message>
         <source>Deploy</source>
         <translation>Verteilen</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Deploy and its history</source>
+        <translation>Verteilung und ihr Verlauf</translation>
     </message>
 </context>
 <context>
@@ -1019,6 +1111,73 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>General</source>
         <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>&amp;Deploy without asking when nothing conflicts</source>
+        <translation>&amp;Verteilen, ohne zu fragen, wenn nichts in Konflikt steht</translation>
+    </message>
+    <message>
+        <source>Else the plan is shown first.</source>
+        <translation>Sonst wird der Plan zuerst gezeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::THistoryPage</name>
+    <message>
+        <source>State of the history</source>
+        <translation>Stand des Verlaufs</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Deploys that the target remembers</source>
+        <translation>Verteilungen, an die sich das Zielgerät erinnert</translation>
+    </message>
+    <message>
+        <source>&amp;Take Back…</source>
+        <translation>&amp;Zurücknehmen…</translation>
+    </message>
+    <message>
+        <source>&amp;Read Again</source>
+        <translation>&amp;Neu lesen</translation>
+    </message>
+    <message>
+        <source>Deploys of %1 for %2 – %3</source>
+        <translation>Verteilungen von %1 für %2 – %3</translation>
+    </message>
+    <message>
+        <source>Take Back</source>
+        <translation>Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Take back the deploy of %1 by %2?</source>
+        <translation>Die Verteilung vom %1 von %2 zurücknehmen?</translation>
+    </message>
+    <message>
+        <source>Take back the deploy of %1 by %2, and the newer ones, %3 in all?</source>
+        <translation>Die Verteilung vom %1 von %2 und die neueren zurücknehmen, insgesamt %3?</translation>
+    </message>
+    <message>
+        <source>What was replaced or removed comes back, and what was new goes. A file that somebody changed since stays as it is. Commands that ran are not taken back.</source>
+        <translation>Was ersetzt oder entfernt wurde, kommt zurück; was neu war, verschwindet. Eine Datei, die seither jemand geändert hat, bleibt, wie sie ist. Befehle, die liefen, werden nicht zurückgenommen.</translation>
+    </message>
+    <message>
+        <source>&amp;Take Back</source>
+        <translation>&amp;Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>Close &amp;Panel</source>
+        <translation>Bereich &amp;schließen</translation>
     </message>
 </context>
 <context>
@@ -1154,6 +1313,22 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>&amp;User Guide</source>
         <translation>&amp;Handbuch</translation>
+    </message>
+    <message>
+        <source>Show P&amp;lan of Deploy</source>
+        <translation>P&amp;lan der Verteilung zeigen</translation>
+    </message>
+    <message>
+        <source>Show &amp;Results of Deploy</source>
+        <translation>&amp;Ergebnisse der Verteilung zeigen</translation>
+    </message>
+    <message>
+        <source>Deploy &amp;History</source>
+        <translation>&amp;Verlauf der Verteilungen</translation>
+    </message>
+    <message>
+        <source>No connection to the files of %1: %2</source>
+        <translation>Keine Verbindung zu den Dateien von %1: %2</translation>
     </message>
 </context>
 <context>
@@ -1651,6 +1826,53 @@ Nichts ist verloren: Die Änderungen sind noch hier. Räumen Sie aus dem Weg, wa
     </message>
 </context>
 <context>
+    <name>workbench::TRunsModel</name>
+    <message>
+        <source>%1 on %2</source>
+        <translation>%1 auf %2</translation>
+    </message>
+    <message>
+        <source>taken back</source>
+        <translation>zurückgenommen</translation>
+    </message>
+    <message>
+        <source>done</source>
+        <translation>fertig</translation>
+    </message>
+    <message>
+        <source>partly</source>
+        <translation>teilweise</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wann</translation>
+    </message>
+    <message>
+        <source>By</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Removed</source>
+        <translation>Entfernt</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Revision</source>
+        <translation>Revision</translation>
+    </message>
+</context>
+<context>
     <name>workbench::TSdkEditDialog</name>
     <message>
         <source>&amp;Default kit of the platform</source>
@@ -2133,6 +2355,41 @@ Eine Projektdatei kann auch hierher gezogen werden.</translation>
     <message>
         <source>Tick a platform.</source>
         <translation>Wählen Sie eine Plattform aus.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TWindowHistory</name>
+    <message>
+        <source>Choose a single platform: each has a history of its own.</source>
+        <translation>Wählen Sie eine einzelne Plattform: jede hat ihren eigenen Verlauf.</translation>
+    </message>
+    <message>
+        <source>The target keeps no record of deploys.</source>
+        <translation>Das Zielgerät merkt sich keine Verteilungen.</translation>
+    </message>
+    <message>
+        <source>Reading the record of the target…</source>
+        <translation>Lese, was sich das Zielgerät gemerkt hat…</translation>
+    </message>
+    <message>
+        <source>No connection to %1: %2</source>
+        <translation>Keine Verbindung zu %1: %2</translation>
+    </message>
+    <message>
+        <source>Taking back…</source>
+        <translation>Nehme zurück…</translation>
+    </message>
+    <message>
+        <source>The record on the target is of a newer version of this program.</source>
+        <translation>Was sich das Zielgerät gemerkt hat, stammt von einer neueren Version dieses Programms.</translation>
+    </message>
+    <message>
+        <source>The record on the target is damaged: %1.</source>
+        <translation>Was sich das Zielgerät gemerkt hat, ist beschädigt: %1.</translation>
+    </message>
+    <message>
+        <source>The target remembers no deploys of this project yet.</source>
+        <translation>Das Zielgerät erinnert sich noch an keine Verteilung dieses Projekts.</translation>
     </message>
 </context>
 </TS>

@@ -27,6 +27,7 @@ class TModalDialogs;
 class TProjectNotices;
 class TWelcomePage;
 class TWindowDeploys;
+class TWindowHistory;
 class TWindowPanes;
 class TWindowMenus;
 class TWindowStatus;
@@ -116,6 +117,7 @@ private:
   TMissingNotices* FMissing = nullptr;
   TListCommands* FListCommands = nullptr;
   TWindowDeploys* FDeploys = nullptr;
+  TWindowHistory* FHistory = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
   std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too

@@ -1,5 +1,6 @@
 // The table of the window's commands and what stands behind them.
 #include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/dialogs/settings/settings_dialog.h"
 #include "workbench/desktop/projects/project_names.h"
@@ -9,6 +10,8 @@
 #include "workbench/desktop/welcome/welcome_page.h"
 #include "workbench/desktop/window/main_window.h"
 #include "workbench/desktop/window/row_text.h"
+#include "workbench/desktop/window/window_deploys.h"
+#include "workbench/desktop/window/window_history.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/session/session.h"
 
@@ -73,6 +76,12 @@ std::vector<TWindowCommand> TMainWindow::EditCommands() {
 
 std::vector<TWindowCommand> TMainWindow::ToolsCommands() {
   return {
+      {tr("Show P&lan of Deploy"), Qt::SHIFT | Qt::Key_F9, [this] { FDeploys->Plan(); },
+       TCommandKind::Project},
+      {tr("Show &Results of Deploy"), {}, [this] { FPanel->ShowPage(); }, TCommandKind::Project},
+      {tr("Deploy &History"), Qt::CTRL | Qt::Key_H, [this] { FHistory->Show(); },
+       TCommandKind::Project},
+      {},
       {tr("Remote &Profiles…"), Qt::CTRL | Qt::Key_P, [this] { ShowProfiles(); }},
       {tr("&Settings…"), QKeySequence::Preferences,
        [this] { TSettingsDialog(FSession, this).exec(); }},

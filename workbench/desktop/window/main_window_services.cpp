@@ -10,6 +10,7 @@
 #include "workbench/desktop/window/connection_questions.h"
 #include "workbench/desktop/window/main_window.h"
 #include "workbench/desktop/window/window_deploys.h"
+#include "workbench/desktop/window/window_history.h"
 #include "workbench/desktop/window/window_interaction.h"
 #include "workbench/desktop/window/window_status.h"
 #include "workbench/services/remote_profile_services.h"
@@ -25,10 +26,16 @@ void TMainWindow::ServeSession() {
   FSession.SetModalForms(FModalForms.get());
   FQuestions = std::make_shared<TConnectionQuestions>(*this);
   FDeploys = new TWindowDeploys(
-      *this, *FPanel, FSession,
+      *this, *FPanel, FBackground, FSession,
       {.MayRun = [this](const auto& commands,
                         const std::string& place) { return MayRun(commands, place); },
-       .MaySend = [this](const auto& files) { return MaySend(files); }});
+       .MaySend = [this](const auto& files) { return MaySend(files); },
+       .CreateProfile =
+           [this](auto& project, std::string_view platform) {
+             return CreateProfile(project, platform);
+           },
+       .ShowProfiles = [this] { ShowProfiles(); }});
+  FHistory = new TWindowHistory(*this, *FPanel, FBackground, FSession);
   FSession.RemoteProfiles().SetInteraction(std::make_shared<TWindowInteraction>(
       TWindowParts{.Deploys = FDeploys->Flow(),
                    .Background = FBackground,

@@ -2,13 +2,17 @@
 
 #include "package/host/api/file_columns.h"
 #include "package/host/api/view_buttons.h"
+#include "workbench/desktop/controls/background_work.h"
 #include "workbench/desktop/controls/form_controls.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/deploy/deploy_page.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/difference_dialog.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/window/main_window.h"
+#include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
+#include "workbench/settings/flag_setting.h"
 #include "workbench/settings/number_setting.h"
 
 #include <QAction>
@@ -46,13 +50,17 @@ QModelIndex FindEntry(const QAbstractItemModel& model, const QString& localName)
 
 } // namespace
 
-TWindowDeploys::TWindowDeploys(TMainWindow& window, TDeployPanel& panel, TSession& session,
-                               TConsents consents)
-    : QObject(&window), FWindow(window), FPanel(panel),
-      FFlow(panel, {.MayRun = std::move(consents.MayRun),
-                    .MaySend = std::move(consents.MaySend),
+TWindowDeploys::TWindowDeploys(TMainWindow& window, TDeployPanel& panel,
+                               TBackgroundWork& background, TSession& session, TAnswers answers)
+    : QObject(&window), FWindow(window), FPanel(panel), FBackground(background), FSession(session),
+      FAnswers(std::move(answers)),
+      FFlow(panel, {.MayRun = FAnswers.MayRun,
+                    .MaySend = FAnswers.MaySend,
                     .UndoLimits = [&session] { return UndoLimitsOf(session.Settings()); },
-                    .GoesUnasked = [] { return false; }}) {
+                    .GoesUnasked =
+                        [&session] {
+                          return FlagSetting(session.Settings(), DeployUnaskedSetting, false);
+                        }}) {
   // The list rebuilds its rows behind a deploy, so it is its button that is pressed.
   connect(&panel.Page(), &TDeployPage::DeployWanted, this,
           [this] { Guarded([this] { Deploy(); }); });
@@ -60,6 +68,11 @@ TWindowDeploys::TWindowDeploys(TMainWindow& window, TDeployPanel& panel, TSessio
       &panel.Page(), &TDeployPage::PlanWanted, this, [this] { Guarded([this] { Plan(); }); },
       Qt::QueuedConnection);
   connect(&panel.Page(), &TDeployPage::EntryWanted, this, &TWindowDeploys::GoToEntry);
+  connect(&panel.Page(), &TDeployPage::DifferenceWanted, this,
+          [this](const TDeployRow& row) { Guarded([&] { ShowDifferenceOf(row); }); });
+  connect(&panel.Page(), &TDeployPage::NewProfileWanted, this,
+          [this] { Guarded([this] { MakeProfile(); }); });
+  connect(&panel.Page(), &TDeployPage::ProfilesWanted, this, FAnswers.ShowProfiles);
   connect(&window.Projects(), &TProjectTabs::Changed, this, &TWindowDeploys::ProjectsChanged);
 }
 
@@ -104,6 +117,30 @@ bool TWindowDeploys::FocusPlan() {
     return false;
   QTimer::singleShot(0, &FPanel.Page(), &TDeployPage::FocusRows);
   return true;
+}
+
+// Theirs is fetched over the connection of the project's target, a little at most.
+void TWindowDeploys::ShowDifferenceOf(const TDeployRow& row) {
+  if (!BringForward() || !FWindow.CurrentProject())
+    return;
+  TFileSides sides;
+  try {
+    const TDestinations& destinations = FSession.RemoteProfiles().Destinations();
+    const TDestination destination =
+        destinations.Find(FWindow.CurrentProject()->Project(), FPanel.Page().Key().Target);
+    FBackground.Run([&] { sides = ReadSides(*destinations.Connect(destination, nullptr), row); });
+  } catch (const TConnectionError& error) {
+    sides.Problem = error.what();
+  }
+  ShowDifference(row, sides, &FWindow);
+}
+
+void TWindowDeploys::MakeProfile() {
+  if (!BringForward() || !FWindow.CurrentProject())
+    return;
+  if (FAnswers.CreateProfile(FWindow.CurrentProject()->Project(),
+                             FPanel.Page().Key().Target.Platform))
+    PressDeploy();
 }
 
 void TWindowDeploys::GoToEntry(const QString& localName) {

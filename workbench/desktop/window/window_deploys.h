@@ -6,9 +6,12 @@
 
 #include <QObject>
 #include <QString>
+#include <functional>
+#include <string_view>
 
 namespace workbench {
 
+class TBackgroundWork;
 class TDeployPanel;
 class TFormControls;
 class TMainWindow;
@@ -18,14 +21,17 @@ class TWindowDeploys final : public QObject {
   Q_OBJECT
 
 public:
-  /// The consents that the window asks for.
-  struct TConsents {
+  /// What the window asks and shows.
+  struct TAnswers {
     TMayRun MayRun;
     TMaySend MaySend;
+    std::function<bool(deployment::ICustomProject&, std::string_view platform)> CreateProfile;
+    std::function<void()> ShowProfiles;
   };
 
   /// Everything must outlive the object.
-  TWindowDeploys(TMainWindow& window, TDeployPanel& panel, TSession& session, TConsents consents);
+  TWindowDeploys(TMainWindow& window, TDeployPanel& panel, TBackgroundWork& background,
+                 TSession& session, TAnswers answers);
 
   TDeployFlow& Flow() { return FFlow; }
   /// Makes the plan of the list in front and shows it.
@@ -40,9 +46,14 @@ private:
   void ProjectsChanged();
   void PressDeploy();
   void GoToEntry(const QString& localName);
+  void ShowDifferenceOf(const TDeployRow& row);
+  void MakeProfile();
 
   TMainWindow& FWindow;
   TDeployPanel& FPanel;
+  TBackgroundWork& FBackground;
+  TSession& FSession;
+  const TAnswers FAnswers;
   TDeployFlow FFlow;
 };
 
