@@ -113,6 +113,16 @@ room(workbench/askpass SEES workbench/remote/ssh)
 # deployment-manager, the window.
 room(workbench/desktop/text SEES ${FOUNDATION} workbench/deploy workbench/text)
 room(workbench/desktop/controls SEES ${FOUNDATION} workbench/controls workbench/desktop/text)
+room(workbench/desktop/list SEES ${FOUNDATION} workbench/controls workbench/desktop/controls
+  workbench/desktop/text)
+room(workbench/desktop/target SEES ${FOUNDATION} workbench/controls workbench/deploy
+  workbench/deploy/plan workbench/deploy/record workbench/desktop/controls workbench/desktop/list
+  workbench/desktop/text workbench/remote/profile workbench/remote/target workbench/services
+  workbench/session workbench/text)
+room(workbench/desktop/details SEES ${FOUNDATION} workbench/controls workbench/deploy
+  workbench/deploy/record workbench/desktop/controls workbench/desktop/list workbench/desktop/text
+  workbench/files workbench/remote/profile workbench/remote/target workbench/services
+  workbench/session workbench/text)
 room(workbench/desktop/dialogs/forms SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/text)
 room(workbench/desktop/dialogs/profiles SEES ${FOUNDATION} workbench/desktop/controls
@@ -137,10 +147,10 @@ room(workbench/desktop/welcome SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/dialogs/forms workbench/desktop/text workbench/platforms
   workbench/project/build_import workbench/session workbench/text)
 room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
-  workbench/desktop/deploy workbench/desktop/dialogs/forms
-  workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings
-  workbench/desktop/notices workbench/desktop/projects workbench/desktop/text
-  workbench/desktop/welcome
+  workbench/desktop/deploy workbench/desktop/details workbench/desktop/dialogs/forms
+  workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings workbench/desktop/list
+  workbench/desktop/notices workbench/desktop/projects workbench/desktop/target
+  workbench/desktop/text workbench/desktop/welcome
   workbench/files workbench/history workbench/platforms workbench/project workbench/project/cpp
   workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services workbench/session
   workbench/settings workbench/text)

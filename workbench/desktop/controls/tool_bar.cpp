@@ -1,5 +1,6 @@
 #include "workbench/desktop/controls/tool_bar.h"
 
+#include "package/host/api/view_buttons.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
 #include "workbench/desktop/text/package_texts.h"
@@ -8,6 +9,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QToolBar>
+#include <QToolButton>
 #include <QWidget>
 #include <algorithm>
 
@@ -16,6 +18,13 @@ namespace {
 
 constexpr int IconSize = 16; // of the package's images
 constexpr int UpdateInterval = 500;
+
+// What is used daily has its name beside its image.
+bool HasText(std::string_view button) {
+  namespace view_button = deployment::view_button;
+  return button == view_button::Reconcile || button == view_button::AddFiles ||
+         button == view_button::Deploy || button == view_button::Connect;
+}
 
 } // namespace
 
@@ -96,6 +105,11 @@ deployment::IToolButton& TToolBar::AddButton(deployment::TToolButton button) {
   action->setStatusTip(hint);
   action->setCheckable(button.Style == deployment::TToolButtonStyle::Check);
   FBar->addAction(action);
+  if (HasText(button.Name)) {
+    action->setIconText(PackageText(button.Caption));
+    if (auto* shown = qobject_cast<QToolButton*>(FBar->widgetForAction(action)))
+      shown->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  }
   FButtons.push_back(std::make_unique<TToolButton>(std::move(button), action, FMayStart));
   connect(action, &QAction::triggered, this, [this, action] {
     UpdateSoon();

@@ -82,6 +82,13 @@ public:
   /// Why the list of the target that the project shows is what it is. Takes long for long lists;
   /// throws TInputError when the target cannot be computed.
   std::unique_ptr<TChangeReasons> ReasonsOf(TOpenProject& project);
+  /// Why the entry is in that list, in sentences without a full stop; the list stays as it is.
+  /// Otherwise as ReasonsOf.
+  std::vector<std::string> Explain(TOpenProject& project,
+                                   const deployment::IProjectDeploymentFile& entry);
+  /// Does work on the project that takes long, while its rows stay as they are and the window goes
+  /// on painting. Passes on what it throws.
+  void Work(const TOpenProject& project, const std::function<void()>& work);
   /// Opens the project and does the edits to it that an earlier run left behind. False when that
   /// fails, which is said.
   bool Recover(const TRecoverable& recoverable);
@@ -122,6 +129,7 @@ private:
   TProjectTab MakeView(TOpenProject& project, const deployment::TDeploymentTarget& target);
   void Show(TOpenProject& project, int index, const deployment::TDeploymentTarget& target);
   bool Write(const TProjectTab& tab, bool force);
+  struct TNoForms;
   void RunWith(const TProjectTab& tab, const std::function<void()>& work);
   void ShowSaveError(const std::exception& error);
   bool MayClose(int index);

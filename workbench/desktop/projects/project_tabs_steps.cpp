@@ -6,6 +6,8 @@
 #include "workbench/desktop/projects/shown_target.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/explain/change_reasons.h"
+#include "workbench/explain/explanation.h"
+#include "workbench/list/list_snapshot.h"
 
 #include <QApplication>
 #include <algorithm>
@@ -81,17 +83,18 @@ bool TProjectTabs::UndoStep(const TOpenProject& project, std::uint64_t step) {
 }
 
 // The reconcile that tells the reasons would ask for optional files again.
+struct TProjectTabs::TNoForms {
+  TNoForms(TSession& session, TModalDialogs& forms) : Session(session), Forms(forms) {
+    Session.SetModalForms(nullptr);
+  }
+  ~TNoForms() { Session.SetModalForms(&Forms); }
+  TNoForms(const TNoForms&) = delete;
+  TNoForms& operator=(const TNoForms&) = delete;
+  TSession& Session;
+  TModalDialogs& Forms;
+};
+
 std::unique_ptr<TChangeReasons> TProjectTabs::ReasonsOf(TOpenProject& project) {
-  struct TNoForms {
-    explicit TNoForms(TSession& session, TModalDialogs& forms) : Session(session), Forms(forms) {
-      Session.SetModalForms(nullptr);
-    }
-    ~TNoForms() { Session.SetModalForms(&Forms); }
-    TNoForms(const TNoForms&) = delete;
-    TNoForms& operator=(const TNoForms&) = delete;
-    TSession& Session;
-    TModalDialogs& Forms;
-  };
   const TProjectTab* tab = TabOf(project);
   if (!tab)
     return nullptr;
@@ -101,6 +104,54 @@ std::unique_ptr<TChangeReasons> TProjectTabs::ReasonsOf(TOpenProject& project) {
     reasons = std::make_unique<TChangeReasons>(project.Deployment(), target);
   });
   return reasons;
+}
+
+namespace {
+
+// The list as it is now comes back, and nobody hears of what happened in between.
+class TUnchangedList {
+public:
+  explicit TUnchangedList(deployment::IProjectDeployment& deployment)
+      : FDeployment(deployment), FBefore(deployment) {
+    FDeployment.SetBlockNotification(true);
+  }
+  ~TUnchangedList() {
+    const TSnapshotChange change = FBefore.Collect(TLook::Everywhere);
+    if (!change.IsEmpty())
+      FBefore.Restore(change, TDirection::Back);
+    FDeployment.SetBlockNotification(false);
+  }
+  TUnchangedList(const TUnchangedList&) = delete;
+  TUnchangedList& operator=(const TUnchangedList&) = delete;
+
+private:
+  deployment::IProjectDeployment& FDeployment;
+  TListSnapshot FBefore;
+};
+
+} // namespace
+
+std::vector<std::string> TProjectTabs::Explain(TOpenProject& project,
+                                               const deployment::IProjectDeploymentFile& entry) {
+  const TProjectTab* tab = TabOf(project);
+  std::vector<std::string> reasons;
+  if (!tab)
+    return reasons;
+  const TNoForms unasked(FSession, FForms);
+  RunWith(*tab, [&, target = ShownTarget(*tab->Controls)] {
+    const TUnchangedList unchanged(project.Deployment());
+    TExplainer explainer(FSession, project, target);
+    for (const TExplainedEntry& explained : explainer.Explain(entry.GetLocalName()).Entries) {
+      if (explained.File.get() == &entry)
+        reasons = explained.Reasons;
+    }
+  });
+  return reasons;
+}
+
+void TProjectTabs::Work(const TOpenProject& project, const std::function<void()>& work) {
+  if (const TProjectTab* tab = TabOf(project))
+    RunWith(*tab, work);
 }
 
 } // namespace workbench

@@ -177,6 +177,42 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <source>The active platform is &quot;%s&quot;. Would you like to set the &quot;%s&quot; platform as the active platform?</source>
         <translation>Die aktive Plattform ist „%s“. Soll „%s“ zur aktiven Plattform werden?</translation>
     </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Always</source>
+        <translation>Immer</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>Same</source>
+        <translation>Gleich</translation>
+    </message>
+    <message>
+        <source>Newer</source>
+        <translation>Neuer</translation>
+    </message>
+    <message>
+        <source>Older</source>
+        <translation>Älter</translation>
+    </message>
+    <message>
+        <source>Not Found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Not Connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
 </context>
 <context>
     <name>RecoveryQuestion</name>
@@ -1195,10 +1231,6 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <translation>Dateien hinzufügen</translation>
     </message>
     <message>
-        <source>%1 is a directory; drop its files.</source>
-        <translation>%1 ist ein Verzeichnis; ziehen Sie seine Dateien hierher.</translation>
-    </message>
-    <message>
         <source>A deploy is running; cancel it first.</source>
         <translation>Eine Verteilung läuft; brechen Sie sie zuerst ab.</translation>
     </message>
@@ -1329,6 +1361,22 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>No connection to the files of %1: %2</source>
         <translation>Keine Verbindung zu den Dateien von %1: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Details</source>
+        <translation>&amp;Einzelheiten</translation>
+    </message>
+    <message>
+        <source>&amp;Targets…</source>
+        <translation>&amp;Ziele …</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>%1 hinzufügen</translation>
     </message>
 </context>
 <context>
@@ -2174,6 +2222,10 @@ Eine Projektdatei kann auch hierher gezogen werden.</translation>
         <source>&amp;Not Now</source>
         <translation>&amp;Nicht jetzt</translation>
     </message>
+    <message>
+        <source>The file holds a list of an older version. It is shown as one of today's; the next save writes it so.</source>
+        <translation>Die Datei enthält eine Liste einer älteren Fassung. Sie wird als heutige gezeigt; das nächste Speichern schreibt sie so.</translation>
+    </message>
 </context>
 <context>
     <name>workbench::TNoticeStrip</name>
@@ -2390,6 +2442,552 @@ Eine Projektdatei kann auch hierher gezogen werden.</translation>
     <message>
         <source>The target remembers no deploys of this project yet.</source>
         <translation>Das Zielgerät erinnert sich noch an keine Verteilung dieses Projekts.</translation>
+    </message>
+</context>
+<context>
+    <name>RowState</name>
+    <message>
+        <source>same</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>to copy</source>
+        <translation>zu kopieren</translation>
+    </message>
+    <message>
+        <source>changed there</source>
+        <translation>dort geändert</translation>
+    </message>
+    <message>
+        <source>kept</source>
+        <translation>bleibt</translation>
+    </message>
+    <message>
+        <source>missing here</source>
+        <translation>fehlt hier</translation>
+    </message>
+    <message>
+        <source>switched off</source>
+        <translation>abgewählt</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>The target has this very file.</source>
+        <translation>Das Ziel hat genau diese Datei.</translation>
+    </message>
+    <message>
+        <source>The target has no such file or an older one: a deploy copies it.</source>
+        <translation>Das Ziel hat keine solche Datei oder eine ältere: eine Verteilung kopiert sie.</translation>
+    </message>
+    <message>
+        <source>The file on the target is newer than the one here.</source>
+        <translation>Die Datei auf dem Ziel ist neuer als die hier.</translation>
+    </message>
+    <message>
+        <source>The target has another file, and Overwrite is off: a deploy leaves it.</source>
+        <translation>Das Ziel hat eine andere Datei, und Überschreiben ist aus: eine Verteilung lässt sie stehen.</translation>
+    </message>
+    <message>
+        <source>There is no such file on this machine, so it cannot be deployed.</source>
+        <translation>Auf diesem Rechner gibt es keine solche Datei, darum kann sie nicht verteilt werden.</translation>
+    </message>
+    <message>
+        <source>The box is not ticked: a deploy leaves the file out.</source>
+        <translation>Das Kästchen ist nicht angehakt: eine Verteilung lässt die Datei aus.</translation>
+    </message>
+    <message>
+        <source>The target was not asked, or could not tell. Connect to learn the state.</source>
+        <translation>Das Ziel wurde nicht gefragt oder wusste es nicht. Verbinden Sie sich, um den Stand zu erfahren.</translation>
+    </message>
+</context>
+<context>
+    <name>TTargetBar</name>
+    <message>
+        <source>answers of just now</source>
+        <translation>Antworten von eben</translation>
+    </message>
+    <message numerus="yes">
+        <source>answers %n minute(s) old</source>
+        <translation>
+            <numerusform>Antworten %n Minute alt</numerusform>
+            <numerusform>Antworten %n Minuten alt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Connecting to %1 …</source>
+        <translation>Verbindung mit %1 wird aufgenommen …</translation>
+    </message>
+    <message>
+        <source>Connected since %1, %2</source>
+        <translation>Verbunden seit %1, %2</translation>
+    </message>
+    <message>
+        <source>Connection lost: %1</source>
+        <translation>Verbindung verloren: %1</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TTargetBar</name>
+    <message>
+        <source>Platform</source>
+        <translation>Plattform</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Konfiguration</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>Profiles…</source>
+        <translation>Profile …</translation>
+    </message>
+    <message>
+        <source>Make a profile, or assign one to the project</source>
+        <translation>Ein Profil anlegen oder dem Projekt eines zuweisen</translation>
+    </message>
+    <message>
+        <source>All Platforms</source>
+        <translation>Alle Plattformen</translation>
+    </message>
+    <message>
+        <source>Profile %1: %2</source>
+        <translation>Profil %1: %2</translation>
+    </message>
+    <message>
+        <source>The profile %1 is not on this machine.</source>
+        <translation>Das Profil %1 gibt es auf diesem Rechner nicht.</translation>
+    </message>
+    <message>
+        <source>Choose one platform to see where its files go.</source>
+        <translation>Wählen Sie eine Plattform, um zu sehen, wohin ihre Dateien gehen.</translation>
+    </message>
+    <message>
+        <source>No profile says where the files go.</source>
+        <translation>Kein Profil sagt, wohin die Dateien gehen.</translation>
+    </message>
+    <message>
+        <source>The files are put together beside the program; no profile is needed.</source>
+        <translation>Die Dateien werden neben dem Programm zusammengestellt; ein Profil ist nicht nötig.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Gives the attempt up</source>
+        <translation>Gibt den Versuch auf</translation>
+    </message>
+    <message>
+        <source>Lets the machine go (F8)</source>
+        <translation>Trennt die Verbindung (F8)</translation>
+    </message>
+    <message>
+        <source>Compares the files with those on the machine (F8)</source>
+        <translation>Vergleicht die Dateien mit denen auf dem Rechner (F8)</translation>
+    </message>
+    <message>
+        <source>There is no machine for all platforms at once: choose one platform.</source>
+        <translation>Für alle Plattformen zugleich gibt es keinen Rechner: wählen Sie eine Plattform.</translation>
+    </message>
+    <message>
+        <source>There is nowhere to connect to: the platform has no profile.</source>
+        <translation>Es gibt kein Ziel für eine Verbindung: die Plattform hat kein Profil.</translation>
+    </message>
+    <message>
+        <source>Files for this platform go to no machine.</source>
+        <translation>Dateien dieser Plattform gehen auf keinen Rechner.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TStateChips</name>
+    <message>
+        <source>States of the files</source>
+        <translation>Stand der Dateien</translation>
+    </message>
+    <message>
+        <source>Click to see these files alone, and again to see all.</source>
+        <translation>Ein Klick zeigt nur diese Dateien, ein zweiter wieder alle.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TRowList</name>
+    <message>
+        <source>(beside the project)</source>
+        <translation>(neben dem Projekt)</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TFilterBar</name>
+    <message>
+        <source>Class</source>
+        <translation>Klasse</translation>
+    </message>
+    <message>
+        <source>Group by</source>
+        <translation>Gruppieren</translation>
+    </message>
+    <message>
+        <source>No groups</source>
+        <translation>Keine Gruppen</translation>
+    </message>
+    <message>
+        <source>By folder</source>
+        <translation>Nach Ordner</translation>
+    </message>
+    <message>
+        <source>By class</source>
+        <translation>Nach Klasse</translation>
+    </message>
+    <message>
+        <source>By state</source>
+        <translation>Nach Stand</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Filter: words of paths, names, classes or states (Ctrl+F)</source>
+        <translation>Filter: Wörter aus Pfad, Name, Klasse oder Stand (Strg+F)</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
+    </message>
+    <message>
+        <source>Choose the columns of the list</source>
+        <translation>Spalten der Liste wählen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n file(s)</source>
+        <translation>
+            <numerusform>%1 von %n Datei</numerusform>
+            <numerusform>%1 von %n Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All classes</source>
+        <translation>Alle Klassen</translation>
+    </message>
+</context>
+<context>
+    <name>TPlatformMatrix</name>
+    <message>
+        <source>copy</source>
+        <translation>kopieren</translation>
+    </message>
+    <message>
+        <source>copy, executable</source>
+        <translation>kopieren, ausführbar</translation>
+    </message>
+    <message>
+        <source>unpack</source>
+        <translation>auspacken</translation>
+    </message>
+    <message>
+        <source>run</source>
+        <translation>ausführen</translation>
+    </message>
+    <message>
+        <source>run and remove</source>
+        <translation>ausführen und entfernen</translation>
+    </message>
+    <message>
+        <source>remove</source>
+        <translation>entfernen</translation>
+    </message>
+    <message>
+        <source>as the class says</source>
+        <translation>wie die Klasse</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TPlatformMatrix</name>
+    <message>
+        <source>(different)</source>
+        <translation>(verschieden)</translation>
+    </message>
+    <message>
+        <source>%1
+The entry leaves it open, so its class or the project says it.</source>
+        <translation>%1
+Der Eintrag lässt es offen; es gilt, was Klasse oder Projekt sagen.</translation>
+    </message>
+    <message>
+        <source>Deployed</source>
+        <translation>Verteilt</translation>
+    </message>
+    <message>
+        <source>Directory</source>
+        <translation>Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Operation</source>
+        <translation>Vorgang</translation>
+    </message>
+    <message>
+        <source>Commands here</source>
+        <translation>Befehle hier</translation>
+    </message>
+    <message>
+        <source>Commands there</source>
+        <translation>Befehle dort</translation>
+    </message>
+    <message>
+        <source>%1 for %2</source>
+        <translation>%1 für %2</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDetailsPane</name>
+    <message>
+        <source>Compare &amp;contents</source>
+        <translation>&amp;Inhalte vergleichen</translation>
+    </message>
+    <message>
+        <source>&amp;Why is it here?</source>
+        <translation>&amp;Warum steht sie hier?</translation>
+    </message>
+    <message>
+        <source>&amp;Required</source>
+        <translation>E&amp;rforderlich</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>What is known of the selected files</source>
+        <translation>Was über die ausgewählten Dateien bekannt ist</translation>
+    </message>
+    <message>
+        <source>What the selected files say about each platform</source>
+        <translation>Was für die ausgewählten Dateien je Plattform gilt</translation>
+    </message>
+    <message>
+        <source>no condition</source>
+        <translation>keine Bedingung</translation>
+    </message>
+    <message>
+        <source>Reads the file here and the one on the target, and the record of the last deploy</source>
+        <translation>Liest die Datei hier und die auf dem Ziel sowie das Protokoll der letzten Verteilung</translation>
+    </message>
+    <message>
+        <source>Goes through the rules of the target once more</source>
+        <translation>Geht die Regeln des Ziels noch einmal durch</translation>
+    </message>
+    <message>
+        <source>C&amp;ondition:</source>
+        <translation>&amp;Bedingung:</translation>
+    </message>
+    <message>
+        <source>(no profile)</source>
+        <translation>(kein Profil)</translation>
+    </message>
+    <message>
+        <source>Select files to see where they come from, where they go and why.</source>
+        <translation>Wählen Sie Dateien aus, um zu sehen, woher sie kommen, wohin sie gehen und warum.</translation>
+    </message>
+    <message>
+        <source>(different)</source>
+        <translation>(verschieden)</translation>
+    </message>
+    <message>
+        <source>Condition</source>
+        <translation>Bedingung</translation>
+    </message>
+    <message>
+        <source>Required</source>
+        <translation>Erforderlich</translation>
+    </message>
+</context>
+<context>
+    <name>TDetails</name>
+    <message>
+        <source>no such file</source>
+        <translation>keine solche Datei</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>%1, %2, content %3</source>
+        <translation>%1, %2, Inhalt %3</translation>
+    </message>
+    <message>
+        <source>Both contents are the same.</source>
+        <translation>Beide Inhalte sind gleich.</translation>
+    </message>
+    <message>
+        <source>The contents differ.</source>
+        <translation>Die Inhalte sind verschieden.</translation>
+    </message>
+    <message>
+        <source>Both were changed since the last deploy.</source>
+        <translation>Beide wurden seit der letzten Verteilung geändert.</translation>
+    </message>
+    <message>
+        <source>The one on the target was changed since the last deploy.</source>
+        <translation>Die auf dem Ziel wurde seit der letzten Verteilung geändert.</translation>
+    </message>
+    <message>
+        <source>The one here was changed since the last deploy.</source>
+        <translation>Die hier wurde seit der letzten Verteilung geändert.</translation>
+    </message>
+    <message>
+        <source>Here</source>
+        <translation>Hier</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>Deployed</source>
+        <translation>Verteilt</translation>
+    </message>
+    <message>
+        <source>no deploy remembers it</source>
+        <translation>keine Verteilung kennt sie</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>Klasse</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Konfiguration</translation>
+    </message>
+    <message>
+        <source>Local file</source>
+        <translation>Lokale Datei</translation>
+    </message>
+    <message>
+        <source>There is no such file now.</source>
+        <translation>Es gibt sie zurzeit nicht.</translation>
+    </message>
+    <message>
+        <source>Lands at</source>
+        <translation>Kommt nach</translation>
+    </message>
+    <message>
+        <source>Choose one platform to see it.</source>
+        <translation>Wählen Sie eine Plattform, um es zu sehen.</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Why it is in the list</source>
+        <translation>Warum sie in der Liste steht</translation>
+    </message>
+    <message>
+        <source>(different)</source>
+        <translation>(verschieden)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files are selected</source>
+        <translation>
+            <numerusform>%n Datei ist ausgewählt</numerusform>
+            <numerusform>%n Dateien sind ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Select fewer of them to see and edit what they share.</source>
+        <translation>Wählen Sie weniger aus, um zu sehen und zu ändern, was sie gemeinsam haben.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of them are missing here</source>
+        <translation>
+            <numerusform>%n davon fehlt hier</numerusform>
+            <numerusform>%n davon fehlen hier</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TTargetsModel</name>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TTargetsDialog</name>
+    <message>
+        <source>&amp;Compare</source>
+        <translation>&amp;Vergleichen</translation>
+    </message>
+    <message>
+        <source>Only what &amp;differs</source>
+        <translation>Nur &amp;Unterschiede</translation>
+    </message>
+    <message>
+        <source>Targets of %1, %2</source>
+        <translation>Ziele für %1, %2</translation>
+    </message>
+    <message>
+        <source>Profiles</source>
+        <translation>Profile</translation>
+    </message>
+    <message>
+        <source>Group of profiles</source>
+        <translation>Gruppe von Profilen</translation>
+    </message>
+    <message>
+        <source>All profiles</source>
+        <translation>Alle Profile</translation>
+    </message>
+    <message>
+        <source>Files on each target</source>
+        <translation>Dateien auf jedem Ziel</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>There is no profile for this platform. Make one with Tools, Remote Profiles.</source>
+        <translation>Für diese Plattform gibt es kein Profil. Legen Sie eines an: Extras, Profile.</translation>
+    </message>
+    <message>
+        <source>Asks every ticked target; nothing is copied</source>
+        <translation>Fragt jedes angehakte Ziel; nichts wird kopiert</translation>
+    </message>
+    <message>
+        <source>Tick the targets that are to be asked.</source>
+        <translation>Haken Sie die Ziele an, die gefragt werden sollen.</translation>
+    </message>
+    <message>
+        <source>Comparing…</source>
+        <translation>Vergleich läuft …</translation>
     </message>
 </context>
 </TS>

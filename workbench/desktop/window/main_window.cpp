@@ -3,15 +3,18 @@
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
+#include "workbench/desktop/details/details_pane.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/notices/missing_notices.h"
 #include "workbench/desktop/notices/project_notices.h"
+#include "workbench/desktop/projects/added_rows.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/welcome/welcome_page.h"
 #include "workbench/desktop/window/connection_questions.h"
 #include "workbench/desktop/window/list_commands.h"
+#include "workbench/desktop/window/project_panes.h"
 #include "workbench/desktop/window/window_deploys.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/desktop/window/window_panes.h"
@@ -25,6 +28,7 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QMimeData>
+#include <QScreen>
 #include <QStackedWidget>
 #include <chrono>
 #include <string_view>
@@ -34,6 +38,7 @@ namespace {
 
 constexpr std::chrono::milliseconds RefreshInterval(500);
 constexpr QSize FirstSize(1180, 680);
+constexpr QSize WideSize(1480, 760); // all columns, and the details beside them
 
 constexpr std::string_view WindowImage = R"(<svg xmlns="http://www.w3.org/2000/svg"
  viewBox="0 0 32 32"><rect x="3" y="13" width="26" height="16" rx="3" fill="#4a6fa5"/>
@@ -53,7 +58,7 @@ TMainWindow::TMainWindow(TSession& session)
   ServeSession();
   WatchState();
   if (FLayout.Geometry.isEmpty() || !restoreGeometry(FLayout.Geometry))
-    resize(FirstSize);
+    resize(WideSize.boundedTo(screen()->availableSize()).expandedTo(FirstSize));
   ShowState();
 }
 
@@ -61,6 +66,7 @@ TMainWindow::~TMainWindow() {
   FPoll.stop();
   FState.stop();
   FTabs->disconnect(this);
+  FProjectPanes->Show(nullptr, nullptr);
   FProjects.reset(); // edits that were not saved stay in their journals
   FSession.CloseViews();
   FSession.SetEditorArea(nullptr);
@@ -79,6 +85,7 @@ void TMainWindow::WatchState() {
   connect(&FWatcher, &TProjectWatcher::FilesChanged, this, &TMainWindow::CheckDisk);
   WatchFiles();
   connect(FProjects.get(), &TProjectTabs::Notice, FStatus, &TWindowStatus::Say);
+  connect(FProjectPanes, &TProjectPanes::ProfilesWanted, this, &TMainWindow::ShowProfiles);
   connect(FListCommands, &TListCommands::Done, this, [this] {
     if (!FDeploys->FocusPlan())
       FocusListSoon();
@@ -123,6 +130,8 @@ void TMainWindow::MakePages() {
   FPages->addWidget(FWelcome);
   FPages->addWidget(FTabs);
   FPanes = new TWindowPanes(FPages, this);
+  FProjectPanes = new TProjectPanes(FSession, *FProjects, *this);
+  FPanes->AddBeside(&FProjectPanes->Details());
   FPanes->AddBelow(FPanel);
   FPanes->Restore(FLayout.Split, FLayout.Widths);
   setCentralWidget(FPanes);
@@ -175,6 +184,7 @@ void TMainWindow::Opened(TOpenProject& project) {
   if (!controls || !controls->Tree())
     return;
   FListCommands->Attach(project, *controls);
+  FProjectPanes->Attach(project, *controls);
   TTreeView& view = controls->Tree()->View();
   view.setAccessibleName(tr("Files of %1").arg(PathToQString(project.GivenFileName().stem())));
   if (!FLayout.Columns.isEmpty()) {
@@ -192,6 +202,7 @@ void TMainWindow::ShowPage() {
     ShowRecent();
   FMissing->Look(CurrentProject());
   emit ProjectShown(CurrentProject(), CurrentControls());
+  FProjectPanes->Show(CurrentProject(), CurrentControls());
   FocusListSoon();
   ShowState();
 }
@@ -219,14 +230,27 @@ void TMainWindow::ShowState() {
     FPoll.stop();
 }
 
-// Files of projects are opened, others are added to the list in front.
+void TMainWindow::AddDroppedFolder(const std::filesystem::path& folder) {
+  TOpenProject* project = CurrentProject();
+  TFormControls* controls = CurrentControls();
+  auto* newRows = controls ? controls->findChild<TNewRows*>() : nullptr;
+  if (!project || !newRows)
+    return;
+  newRows->Begin();
+  FProjects->Edit(*project, tr("Add %1").arg(PathToQString(folder.filename())),
+                  [&] { AddFolder(*project, *controls, FSession.Platforms(), folder); });
+  newRows->Select();
+}
+
+// Files of projects are opened, others are added to the list in front, folders with what is in
+// them.
 void TMainWindow::AddDropped(const QStringList& files) {
   std::vector<std::string> added;
   for (const QString& file : files) {
     const std::filesystem::path path = ToPathText(file);
     if (std::error_code ignored; std::filesystem::is_directory(path, ignored))
-      return ShowError(tr("Add Files"), tr("%1 is a directory; drop its files.").arg(file), this);
-    if (IsProjectFile(path) || IsSolutionName(path))
+      AddDroppedFolder(path);
+    else if (IsProjectFile(path) || IsSolutionName(path))
       Open(path);
     else
       added.push_back(path.string());

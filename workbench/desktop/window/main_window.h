@@ -25,6 +25,7 @@ class TListCommands;
 class TMissingNotices;
 class TModalDialogs;
 class TProjectNotices;
+class TProjectPanes;
 class TWelcomePage;
 class TWindowDeploys;
 class TWindowHistory;
@@ -95,7 +96,9 @@ private:
   void Copy();
   void SelectAll();
   void AddDropped(const QStringList& files);
+  void AddDroppedFolder(const std::filesystem::path& folder);
   void ShowProfiles();
+  void ShowTargets();
   void ShowAbout();
   bool MayRun(const std::vector<std::string>& commands, const std::string& place);
   bool MaySend(const std::vector<std::string>& files);
@@ -116,6 +119,7 @@ private:
   TProjectNotices* FNotices = nullptr;
   TMissingNotices* FMissing = nullptr;
   TListCommands* FListCommands = nullptr;
+  TProjectPanes* FProjectPanes = nullptr;
   TWindowDeploys* FDeploys = nullptr;
   TWindowHistory* FHistory = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;

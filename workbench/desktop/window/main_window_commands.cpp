@@ -1,18 +1,24 @@
 // The table of the window's commands and what stands behind them.
+#include "package/host/api/platforms.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
+#include "workbench/desktop/details/details_pane.h"
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/dialogs/settings/settings_dialog.h"
 #include "workbench/desktop/projects/project_names.h"
+#include "workbench/desktop/projects/shown_target.h"
+#include "workbench/desktop/target/targets_dialog.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/welcome/guide_dialog.h"
 #include "workbench/desktop/welcome/new_project_dialog.h"
 #include "workbench/desktop/welcome/welcome_page.h"
 #include "workbench/desktop/window/main_window.h"
+#include "workbench/desktop/window/project_panes.h"
 #include "workbench/desktop/window/row_text.h"
 #include "workbench/desktop/window/window_deploys.h"
 #include "workbench/desktop/window/window_history.h"
 #include "workbench/desktop/window/window_menus.h"
+#include "workbench/project/project_settings.h"
 #include "workbench/session/session.h"
 
 #include <QApplication>
@@ -71,6 +77,20 @@ std::vector<TWindowCommand> TMainWindow::EditCommands() {
       {},
       {tr("&Copy Rows"), QKeySequence::Copy, [this] { Copy(); }, TCommandKind::Project},
       {tr("Select &All"), QKeySequence::SelectAll, [this] { SelectAll(); }, TCommandKind::Project},
+      {},
+      {tr("&Find"), QKeySequence::Find,
+       [this] {
+         if (TFormControls* controls = CurrentControls())
+           TProjectPanes::FocusFilter(*controls);
+       },
+       TCommandKind::Project},
+      {tr("&Details"), Qt::CTRL | Qt::Key_D,
+       [this] {
+         TDetailsPane& details = FProjectPanes->Details();
+         details.setVisible(!details.isVisible());
+         details.Update();
+       },
+       TCommandKind::Project},
   };
 }
 
@@ -83,6 +103,7 @@ std::vector<TWindowCommand> TMainWindow::ToolsCommands() {
        TCommandKind::Project},
       {},
       {tr("Remote &Profiles…"), Qt::CTRL | Qt::Key_P, [this] { ShowProfiles(); }},
+      {tr("&Targets…"), {}, [this] { ShowTargets(); }, TCommandKind::Project},
       {tr("&Settings…"), QKeySequence::Preferences,
        [this] { TSettingsDialog(FSession, this).exec(); }},
   };
@@ -168,6 +189,20 @@ void TMainWindow::ShowProfiles() {
   TProfileManagerDialog(FSession, CurrentProject(), this).exec();
   if (TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex()))
     edits->FileWritten(); // a profile may have been assigned
+}
+
+void TMainWindow::ShowTargets() {
+  TOpenProject* project = CurrentProject();
+  const TFormControls* controls = CurrentControls();
+  if (!project || !controls || !FProjects->CommitEditors())
+    return;
+  deployment::TDeploymentTarget target = ShownTarget(*controls);
+  if (target.Platform == deployment::sAllPlatforms)
+    target.Platform = project->Settings().ActivePlatform();
+  TTargetsDialog(
+      FSession, *project, target,
+      [this, project](const std::function<void()>& work) { FProjects->Work(*project, work); }, this)
+      .exec();
 }
 
 void TMainWindow::ShowAbout() {

@@ -9,6 +9,7 @@
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/window/connection_questions.h"
 #include "workbench/desktop/window/main_window.h"
+#include "workbench/desktop/window/project_panes.h"
 #include "workbench/desktop/window/window_deploys.h"
 #include "workbench/desktop/window/window_history.h"
 #include "workbench/desktop/window/window_interaction.h"
@@ -80,6 +81,7 @@ bool TMainWindow::MaySend(const std::vector<std::string>& files) {
 }
 
 void TMainWindow::ShowLostConnection(const std::string& profile, const std::string& reason) {
+  FProjectPanes->ConnectionLost(profile, Visible(reason));
   FStatus->Say(tr("No connection to the files of %1: %2")
                    .arg(ToQString(Visible(profile)), ToQString(Visible(reason))));
 }
