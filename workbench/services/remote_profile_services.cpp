@@ -186,14 +186,25 @@ std::optional<TFileTime> TRemoteProfileServices::GetLocalFileTime(const IOTARemo
   return time && queries ? Truncated(*time, queries->TimeResolution()) : time;
 }
 
-bool TRemoteProfileServices::Connect(const IOTARemoteProfile& profile, std::string& message) {
+bool TRemoteProfileServices::Reach(const IOTARemoteProfile& profile, std::string& reason) {
   try {
     FConnections.Open(ProfileOf(profile));
     return true;
   } catch (const TConnectionError& error) {
-    message = error.what();
+    reason = error.what();
     return false;
   }
+}
+
+bool TRemoteProfileServices::Connect(const IOTARemoteProfile& profile, std::string& message) {
+  std::string reason;
+  if (Reach(profile, reason))
+    return true;
+  message = "There is no connection to " + TDestination{.Profile = ProfileOf(profile)}.Text() +
+            ": " + reason +
+            ".\n\nSee that the machine runs and can be reached from here, and that the profile is "
+            "right: Tools, Remote Profiles shows and tests it. Then connect again.";
+  return false;
 }
 
 void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::string_view platform,

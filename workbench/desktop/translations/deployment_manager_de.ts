@@ -505,12 +505,47 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <translation>Wiederhergestellte Änderungen</translation>
     </message>
     <message>
-        <source>Edit</source>
-        <translation>Bearbeitung</translation>
-    </message>
-    <message>
         <source>Reconcile for %1</source>
         <translation>Abgleich für %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s)</source>
+        <translation>
+            <numerusform>%n Datei</numerusform>
+            <numerusform>%n Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Tick %1</source>
+        <translation>%1 auswählen</translation>
+    </message>
+    <message>
+        <source>Untick %1</source>
+        <translation>%1 abwählen</translation>
+    </message>
+    <message>
+        <source>Remote Path of %1</source>
+        <translation>Zielpfad von %1</translation>
+    </message>
+    <message>
+        <source>Remote Name of %1</source>
+        <translation>Zielname von %1</translation>
+    </message>
+    <message>
+        <source>Overwrite of %1</source>
+        <translation>Überschreiben von %1</translation>
+    </message>
+    <message>
+        <source>Platforms of %1</source>
+        <translation>Plattformen von %1</translation>
+    </message>
+    <message>
+        <source>Edit %1</source>
+        <translation>%1 bearbeiten</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -1270,6 +1305,14 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>Save Project As</source>
         <translation>Projekt speichern unter</translation>
+    </message>
+    <message>
+        <source>&amp;New…</source>
+        <translation>&amp;Neu…</translation>
+    </message>
+    <message>
+        <source>&amp;User Guide</source>
+        <translation>&amp;Handbuch</translation>
     </message>
     <message>
         <source>Show P&amp;lan of Deploy</source>
@@ -2054,6 +2097,264 @@ Eine Projektdatei kann auch hierher gezogen werden.</translation>
     <message>
         <source>&amp;Open Project…</source>
         <translation>Projekt ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>&amp;New Project…</source>
+        <translation>&amp;Neues Projekt…</translation>
+    </message>
+    <message>
+        <source>&amp;User Guide</source>
+        <translation>&amp;Handbuch</translation>
+    </message>
+    <message>
+        <source>Recent projects</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Examples</source>
+        <translation>Beispiele</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TProjectNotices</name>
+    <message numerus="yes">
+        <source>%n added</source>
+        <translation>
+            <numerusform>%n hinzugefügt</numerusform>
+            <numerusform>%n hinzugefügt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n changed</source>
+        <translation>
+            <numerusform>%n geändert</numerusform>
+            <numerusform>%n geändert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed</source>
+        <translation>
+            <numerusform>%n entfernt</numerusform>
+            <numerusform>%n entfernt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>The file holds a list of an older version. It is shown as one of today&apos;s; the next save writes it so.</source>
+        <translation>Die Datei enthält eine Liste einer älteren Version. Sie wird als heutige gezeigt; das nächste Speichern schreibt sie so.</translation>
+    </message>
+    <message>
+        <source>Reconciled for %1: %2</source>
+        <translation>Abgeglichen für %1: %2</translation>
+    </message>
+    <message>
+        <source>Reconciled for %1</source>
+        <translation>Abgeglichen für %1</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>&amp;Zeigen</translation>
+    </message>
+    <message>
+        <source>Other steps were done since; undo them first.</source>
+        <translation>Danach kamen weitere Schritte; machen Sie diese zuerst rückgängig.</translation>
+    </message>
+    <message>
+        <source>Optional files of the installation fit this project: %1. They are left out unless you choose some.</source>
+        <translation>Zu diesem Projekt passen optionale Dateien der Installation: %1. Sie bleiben weg, wenn Sie keine wählen.</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Wählen…</translation>
+    </message>
+    <message>
+        <source>&amp;Not Now</source>
+        <translation>&amp;Nicht jetzt</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TNoticeStrip</name>
+    <message>
+        <source>Close the notice</source>
+        <translation>Hinweis schließen</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDifferenceDialog</name>
+    <message>
+        <source>Removed</source>
+        <translation>Entfernt</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>Hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>Klasse</translation>
+    </message>
+    <message>
+        <source>For</source>
+        <translation>Für</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Warum</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TMissingNotices</name>
+    <message>
+        <source>The project goes to %1 by the remote profile %2, which is not on this machine.</source>
+        <translation>Das Projekt geht für %1 über das Remote-Profil %2, das es auf diesem Rechner nicht gibt.</translation>
+    </message>
+    <message>
+        <source>Use the &amp;Folder %1</source>
+        <translation>&amp;Ordner %1 nehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Make It…</source>
+        <translation>&amp;Anlegen…</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose Another…</source>
+        <translation>Anderes &amp;wählen…</translation>
+    </message>
+    <message>
+        <source>%1, which a build of the project makes, is not there: build it first, or the deploy goes without it.</source>
+        <translation>%1, das Ergebnis eines Builds, ist nicht da: Erstellen Sie es zuerst, sonst geht das Deployment ohne es.</translation>
+    </message>
+    <message>
+        <source>&amp;Go to Row</source>
+        <translation>&amp;Zur Zeile</translation>
+    </message>
+</context>
+<context>
+    <name>ExampleProjects</name>
+    <message>
+        <source>A library with its data for Windows, macOS and Android</source>
+        <translation>Eine Bibliothek mit ihren Daten für Windows, macOS und Android</translation>
+    </message>
+    <message>
+        <source>A program with artwork and optional files for six platforms</source>
+        <translation>Ein Programm mit Bildern und optionalen Dateien für sechs Plattformen</translation>
+    </message>
+    <message>
+        <source>A service for two kinds of Linux machine</source>
+        <translation>Ein Dienst für zwei Arten von Linux-Rechnern</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TGuideDialog</name>
+    <message>
+        <source>User Guide</source>
+        <translation>Handbuch</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TNewProjectDialog</name>
+    <message>
+        <source>New Project</source>
+        <translation>Neues Projekt</translation>
+    </message>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen…</translation>
+    </message>
+    <message>
+        <source>Browse: %1</source>
+        <translation>Durchsuchen: %1</translation>
+    </message>
+    <message>
+        <source>Project &amp;file</source>
+        <translation>Projekt&amp;datei</translation>
+    </message>
+    <message>
+        <source>&amp;Empty, for these platforms</source>
+        <translation>&amp;Leer, für diese Plattformen</translation>
+    </message>
+    <message>
+        <source>From the install rules of a &amp;build directory</source>
+        <translation>Aus den Installationsregeln eines &amp;Build-Verzeichnisses</translation>
+    </message>
+    <message>
+        <source>Platforms</source>
+        <translation>Plattformen</translation>
+    </message>
+    <message>
+        <source>&amp;Kind of program</source>
+        <translation>&amp;Art des Programms</translation>
+    </message>
+    <message>
+        <source>&amp;Platforms</source>
+        <translation>&amp;Plattformen</translation>
+    </message>
+    <message>
+        <source>&amp;Configurations</source>
+        <translation>&amp;Konfigurationen</translation>
+    </message>
+    <message>
+        <source>Build &amp;directory</source>
+        <translation>Build-&amp;Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Of CMake or Meson; CMake may be run to tell what it installs.</source>
+        <translation>Von CMake oder Meson; CMake wird vielleicht ausgeführt, damit es sagt, was es installiert.</translation>
+    </message>
+    <message>
+        <source>It builds &amp;for</source>
+        <translation>Es baut &amp;für</translation>
+    </message>
+    <message>
+        <source>&amp;Make Project</source>
+        <translation>Projekt &amp;anlegen</translation>
+    </message>
+    <message>
+        <source>Projects (*.vproj)</source>
+        <translation>Projekte (*.vproj)</translation>
+    </message>
+    <message>
+        <source>Build Directory</source>
+        <translation>Build-Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Name the file of the project, with its directory.</source>
+        <translation>Nennen Sie die Datei des Projekts mit ihrem Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>The name of a project cannot hold &quot;\&quot;.</source>
+        <translation>Der Name eines Projekts kann kein „\“ enthalten.</translation>
+    </message>
+    <message>
+        <source>%1 exists already.</source>
+        <translation>%1 gibt es schon.</translation>
+    </message>
+    <message>
+        <source>There is no directory %1.</source>
+        <translation>Es gibt kein Verzeichnis %1.</translation>
+    </message>
+    <message>
+        <source>Name the build directory.</source>
+        <translation>Nennen Sie das Build-Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>Tick a platform.</source>
+        <translation>Wählen Sie eine Plattform aus.</translation>
     </message>
 </context>
 <context>

@@ -22,6 +22,7 @@ namespace workbench {
 class TConnectionQuestions;
 class TDeployPanel;
 class TListCommands;
+class TMissingNotices;
 class TModalDialogs;
 class TProjectNotices;
 class TWelcomePage;
@@ -70,6 +71,7 @@ protected:
 
 private:
   void MakePages();
+  void MakeWelcome();
   void MakeMenus();
   std::vector<TWindowCommand> FileCommands();
   std::vector<TWindowCommand> EditCommands();
@@ -85,6 +87,9 @@ private:
   void ShowPage();
   void FocusListSoon();
   void AskForProject();
+  void NewProject();
+  void ShowRecent();
+  void ShowGuide();
   void SaveAs();
   void Step(void (TEditHistory::*step)());
   void Copy();
@@ -109,6 +114,7 @@ private:
   TWindowMenus* FMenus = nullptr;
   TWindowStatus* FStatus = nullptr;
   TProjectNotices* FNotices = nullptr;
+  TMissingNotices* FMissing = nullptr;
   TListCommands* FListCommands = nullptr;
   TWindowDeploys* FDeploys = nullptr;
   TWindowHistory* FHistory = nullptr;
