@@ -103,12 +103,13 @@ void TDeployRowsModel::SetFilter(std::optional<TRowKind> kind) {
 void TDeployRowsModel::Finish(std::vector<TChange> changes) {
   std::size_t first = FShown.size();
   std::size_t last = 0;
-  for (auto& [number, value] : changes) {
+  for (TChange& change : changes) {
+    const std::size_t number = change.first;
     if (number >= FRows.size())
       continue;
     FDoneCount += FRows[number].IsDone ? 0 : 1;
     FRows[number].IsDone = true;
-    FRows[number].Row = std::move(value);
+    FRows[number].Row = std::move(change.second);
     if (FPlaces[number] < FShown.size()) {
       first = std::min(first, FPlaces[number]);
       last = std::max(last, FPlaces[number]);
