@@ -122,18 +122,25 @@ room(workbench/desktop/dialogs/profiles SEES ${FOUNDATION} workbench/desktop/con
 room(workbench/desktop/dialogs/settings SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/dialogs/forms workbench/desktop/text workbench/platforms workbench/services
   workbench/session workbench/settings workbench/text)
-room(workbench/desktop/dialogs/deploy SEES ${FOUNDATION} workbench/deploy
-  workbench/desktop/controls workbench/desktop/dialogs/forms workbench/desktop/text workbench/text)
+room(workbench/desktop/deploy SEES ${FOUNDATION} workbench/deploy workbench/deploy/plan
+  workbench/deploy/record workbench/desktop/controls workbench/desktop/dialogs/forms
+  workbench/desktop/text workbench/files workbench/remote/target workbench/text)
 room(workbench/desktop/projects SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/dialogs/forms workbench/desktop/text workbench/explain workbench/history
   workbench/list workbench/project workbench/services workbench/session workbench/text)
 room(workbench/desktop/notices SEES ${FOUNDATION} workbench/desktop/controls
-  workbench/desktop/dialogs/forms workbench/desktop/projects workbench/desktop/text
-  workbench/explain workbench/history workbench/session workbench/text)
+  workbench/desktop/dialogs/forms workbench/desktop/dialogs/profiles workbench/desktop/projects
+  workbench/desktop/text workbench/explain workbench/files workbench/history
+  workbench/remote/profile workbench/services workbench/session workbench/settings
+  workbench/text)
+room(workbench/desktop/welcome SEES ${FOUNDATION} workbench/desktop/controls
+  workbench/desktop/dialogs/forms workbench/desktop/text workbench/platforms
+  workbench/project/build_import workbench/session workbench/text)
 room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
-  workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/deploy workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings
   workbench/desktop/notices workbench/desktop/projects workbench/desktop/text
+  workbench/desktop/welcome
   workbench/files workbench/history workbench/platforms workbench/project workbench/project/cpp
   workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services workbench/session
   workbench/settings workbench/text)

@@ -186,14 +186,25 @@ std::optional<TFileTime> TRemoteProfileServices::GetLocalFileTime(const IOTARemo
   return time && queries ? Truncated(*time, queries->TimeResolution()) : time;
 }
 
-bool TRemoteProfileServices::Connect(const IOTARemoteProfile& profile, std::string& message) {
+bool TRemoteProfileServices::Reach(const IOTARemoteProfile& profile, std::string& reason) {
   try {
     FConnections.Open(ProfileOf(profile));
     return true;
   } catch (const TConnectionError& error) {
-    message = error.what();
+    reason = error.what();
     return false;
   }
+}
+
+bool TRemoteProfileServices::Connect(const IOTARemoteProfile& profile, std::string& message) {
+  std::string reason;
+  if (Reach(profile, reason))
+    return true;
+  message = "There is no connection to " + TDestination{.Profile = ProfileOf(profile)}.Text() +
+            ": " + reason +
+            ".\n\nSee that the machine runs and can be reached from here, and that the profile is "
+            "right: Tools, Remote Profiles shows and tests it. Then connect again.";
+  return false;
 }
 
 void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::string_view platform,
@@ -203,7 +214,7 @@ void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::st
       .Target = {std::string(configuration), std::string(platform)},
       .Background = [this](const auto& work) { FInteraction->RunInBackground(work); }};
   const TDeployReport report = FInteraction->Deploy(FDeploys, request);
-  if (!final)
+  if (!final || report.End == TDeployEnd::NotStarted)
     return;
   const auto profile = FindProfile(GetTargetProfileName(project, platform, *this));
   Tell(

@@ -51,7 +51,7 @@ struct TRemoteHost {
   std::function<std::vector<std::filesystem::path>()> UserDirectories;
 };
 
-/// Used on the main thread but for Connect, which any thread may call.
+/// Used on the main thread but for Connect and Reach, which any thread may call.
 class TRemoteProfileServices final : public deployment::IOTARemoteProfileServices {
 public:
   TRemoteProfileServices(const std::filesystem::path& profilesFile, const TRemoteHost& host);
@@ -96,9 +96,12 @@ public:
   std::optional<deployment::TFileTime>
   GetLocalFileTime(const deployment::IOTARemoteProfile& profile,
                    std::string_view localName) override;
+  /// The message names the profile and its machine, and says what to do next.
   bool Connect(const deployment::IOTARemoteProfile& profile, std::string& message) override;
-  /// Deploys with the usual options, through the interaction. `final` deploys are told to the
-  /// listeners.
+  /// The same for callers that name the profile themselves: the message is the reason alone.
+  bool Reach(const deployment::IOTARemoteProfile& profile, std::string& reason);
+  /// Deploys with the usual options, through the interaction. `final` deploys that were not only
+  /// planned are told to the listeners.
   void Deploy(deployment::ICustomProject& project, std::string_view platform,
               std::string_view configuration, bool final) override;
   int AddNotifier(std::shared_ptr<deployment::IOTARemoteProfileNotifier> notifier) override;

@@ -1,6 +1,6 @@
 // Text that is being typed, keys from anywhere, files that change under the window.
 #include "tests/desktop/window/window_fixture.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/remote/profile/profile_store.h"
 
@@ -75,6 +75,57 @@ TEST_F(TWindowHands, ATargetAndAnotherTabTakeTheTextThatIsBeingTyped) {
   EXPECT_EQ(PathCell(), "second\\");
 }
 
+TEST_F(TWindowHands, UndoTakesTheTextThatIsBeingTypedBack) {
+  OpenExample();
+  const std::string before = PathCell();
+  Type("typed\\");
+  Choose("Undo");
+  EXPECT_EQ(PathCell(), before);
+  EXPECT_FALSE(View().Delegate().IsEditing());
+  Choose("Redo");
+  EXPECT_EQ(PathCell(), "typed\\");
+}
+
+TEST_F(TWindowHands, TheKeyForTheNextTabTakesTheTextThatIsBeingTyped) {
+  OpenExample();
+  std::filesystem::copy(FRoot / "tide", FRoot / "other", std::filesystem::copy_options::recursive);
+  Window().Open(FRoot / "other" / "TideLogger.vproj");
+  Settle();
+  Type("next\\");
+  QTest::keyClick(&Window().Tabs(), Qt::Key_Tab, Qt::ControlModifier);
+  Settle();
+  EXPECT_EQ(Window().Tabs().currentIndex(), 0);
+  Window().Tabs().setCurrentIndex(1);
+  EXPECT_EQ(PathCell(), "next\\");
+}
+
+TEST_F(TWindowHands, DialogsStandInTheMiddleOfTheWindowAndEnterAnswersThem) {
+  OpenExample();
+  Window().resize(700, 560); // all of it is on the screen
+  Window().move(60, 120);
+  Settle();
+  const QPoint middle = Window().frameGeometry().center();
+  const auto look = [&](const char* name, bool isCentred = true) {
+    OnNextDialog([&middle, name, isCentred](QDialog& dialog) {
+      const QPoint off = dialog.frameGeometry().center() - middle;
+      EXPECT_TRUE(!isCentred || off.manhattanLength() <= 4)
+          << name << " " << off.x() << " " << off.y();
+      QTest::keyClick(&dialog, Qt::Key_Return);
+      EXPECT_FALSE(dialog.isVisible()) << name << " ignores Enter";
+    });
+  };
+  look("optional files");
+  PressButton("tbAddFeature");
+  look("revert", /*isCentred=*/false); // that form wants the middle of the screen
+  PressButton("tbRevert");
+  look("settings");
+  Choose("Settings");
+  look("profiles");
+  Choose("Remote Profiles");
+  look("about");
+  Choose("About");
+}
+
 TEST_F(TWindowHands, ReloadAsksAboutTheTextThatIsBeingTyped) {
   OpenExample();
   Saved();
@@ -100,14 +151,21 @@ TEST_F(TWindowHands, DeployWorksFromThePanelAndGivesTheFocusBack) {
   Project().AssignProfile("Win64", "bench", false);
   Settle();
   PressButton("tbDeploy");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Window().Panel().IsAsking(); }, 20000));
+  Settle();
+  EXPECT_EQ(QApplication::focusWidget(), &testing::Child<QTreeView>(Window().Panel(), "log"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F9);
   ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
   Settle();
   EXPECT_EQ(QApplication::focusWidget(), &View());
   std::filesystem::remove_all(FRoot / "target" / "TideLogger");
   auto* close = testing::FindButton(Window().Panel(), "Close");
   ASSERT_NE(close, nullptr);
-  close->setFocus();
-  QTest::keyClick(close, Qt::Key_F9);
+  for (int press = 0; press < 2; ++press) {
+    close->setFocus();
+    QTest::keyClick(close, Qt::Key_F9);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
+  }
   ASSERT_TRUE(QTest::qWaitFor(
       [this] {
         return std::filesystem::exists(FRoot / "target" / "TideLogger" / "TideLogger.dll");

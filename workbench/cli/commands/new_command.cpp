@@ -7,8 +7,8 @@
 #include "workbench/cli/context/name_hint.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/text_check.h"
-#include "workbench/cli/entries/project_text.h"
 #include "workbench/files/save_error.h"
+#include "workbench/session/project_text.h"
 
 #include <algorithm>
 
@@ -107,12 +107,7 @@ private:
       throw TUsageError("a build is for one platform, not for all");
     for (const std::string& component : FComponents)
       CheckStorable("--component", component);
-    TProjectValues values;
-    values.ApplicationType = "Utility";
-    values.Personality = "Build.Personality";
-    values.Framework = "None";
-    values.Platforms = {platform};
-    values.ActivePlatform = platform;
+    TProjectValues values = ValuesForBuild(platform);
     values.ActiveConfiguration = context.Options.Configuration;
     return values;
   }

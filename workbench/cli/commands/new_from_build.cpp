@@ -14,12 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The project before anything is taken; what it remembers of the build is nothing yet.
-std::string EmptyProject(TProjectValues values, const TBuildRecord& record) {
-  values.MoreItems = LabelledGroupMarkup(BuildItemsLabel, ItemsOf(record), {TXmlLayout(), "  "});
-  return ProjectText(values);
-}
-
 std::vector<TEntryChange> WouldAdd(TCommandContext& context, const fs::path& directory,
                                    const std::string& platform, const TInstallPlan& plan) {
   std::vector<TWarning> warnings = plan.Warnings;
@@ -69,21 +63,9 @@ void NewFromBuild(TCommandContext& context, const fs::path& file, TProjectValues
   const std::string platform = values.Platforms.front();
   if (dryRun)
     return Report(context, file, plan, WouldAdd(context, directory, platform, plan), dryRun);
-  TBuildRecord record;
-  record.Directory = StoredFromProject(fs::absolute(source.Directory), directory);
-  record.Platform = platform;
-  record.Components = source.Components;
-  context.Session.Create(file, EmptyProject(std::move(values), record));
-  TOpenProject& project = context.Session.Open(file, TOpenPurpose::Edit);
   TBuildRefresh done;
-  try {
-    done = ApplyInstallPlan(project, std::move(record), plan);
-    project.SaveProjectFile(/*force=*/false);
-  } catch (...) {
-    fs::remove(file, ignored); // half a project is worse than none
-    throw;
-  }
-  project.Export();
+  const TOpenProject& project =
+      CreateFromBuild(context.Session, file, std::move(values), source, plan, done);
   const std::vector<TEntryChange> changes = BuildChanges(context, project, platform, done);
   AllowAddedSources(context, project, changes);
   Report(context, file, plan, changes, dryRun);

@@ -2,19 +2,11 @@
 #pragma once
 
 #include "workbench/cli/context/command.h"
-#include "workbench/cli/entries/project_text.h"
+#include "workbench/session/new_from_build.h"
 
 #include <filesystem>
-#include <string>
-#include <vector>
 
 namespace workbench {
-
-/// What the project is made from.
-struct TBuildSource {
-  std::filesystem::path Directory;     ///< of the build
-  std::vector<std::string> Components; ///< to be taken; empty: all
-};
 
 /// Writes the project file for the one platform of `values`, with the configurations of the build,
 /// and says what is in its list. The build is read before anything is written. With `dryRun`

@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QToolBar>
 #include <QWidget>
+#include <algorithm>
 
 namespace workbench {
 namespace {
@@ -57,8 +58,13 @@ void TToolButton::Press() {
       FAction->setChecked(!FAction->isChecked());
     return;
   }
-  if (FButton.OnExecute)
-    Guarded(FButton.OnExecute);
+  if (!FButton.OnExecute)
+    return;
+  const QPointer<TToolButton> self(this); // a command may close the project
+  FIsRunning = true;
+  Guarded(FButton.OnExecute);
+  if (self)
+    FIsRunning = false;
 }
 
 TToolBar::TToolBar(deployment::TImageList images, std::function<bool()> isBusy, QWidget* parent)
@@ -112,6 +118,12 @@ QAction* TToolBar::Find(std::string_view name) const {
       return button->Action();
   }
   return nullptr;
+}
+
+bool TToolBar::IsRunning(std::string_view name) const {
+  return std::ranges::any_of(FButtons, [name](const auto& button) {
+    return button->Description().Name == name && button->IsRunning();
+  });
 }
 
 void TToolBar::Update() {

@@ -7,6 +7,7 @@
 #include "workbench/session/session.h"
 
 #include <QObject>
+#include <QStringList>
 #include <cstddef>
 #include <exception>
 #include <filesystem>
@@ -32,6 +33,7 @@ public:
   /// Everything must outlive the object. Dialogs stand before the window.
   TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background,
                TModalDialogs& forms, QWidget& window);
+  ~TProjectTabs() override;
 
   /// Brings a project forward that is open already. False when it cannot be opened.
   bool Open(const std::filesystem::path& file);
@@ -94,6 +96,8 @@ signals:
   /// A reconcile changed the list of the project, as the package does by itself when a project is
   /// opened or another target is chosen.
   void Reconciled(TOpenProject* project, const TReconciled& done);
+  /// Optional files fit the project; nobody was asked yet. The titles are those of the features.
+  void FeaturesOffered(TOpenProject* project, const QStringList& titles);
   /// Something happened that the user should know and need not answer.
   void Notice(const QString& text);
 
@@ -108,6 +112,8 @@ private:
   TProjectTab* TabAt(int index);
   const TProjectTab* TabOf(const TOpenProject& project) const;
   void EndStep(const TProjectTab& tab);
+  bool Offers(const deployment::IFeatureFileForm& form);
+  void TellOffered(TOpenProject& project);
   bool FinishEditing(int index);
   TOpenProject& Read(const std::filesystem::path& file,
                      const std::shared_ptr<const TSolution>& solution = nullptr);
@@ -131,6 +137,7 @@ private:
   TModalDialogs& FForms;
   QWidget& FWindow;
   std::vector<TProjectTab> FProjects; // in no order
+  QStringList FOffered;               // titles of features, until the project is told of
   std::size_t FAnswers = 0;           // of forms, that belong to steps which are over
 };
 

@@ -1,11 +1,14 @@
 // The steps of open projects: where they end, what they did, taking them back.
+#include "package/host/api/view_buttons.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/projects/project_tabs.h"
 #include "workbench/desktop/projects/shown_target.h"
+#include "workbench/desktop/text/qt_text.h"
 #include "workbench/explain/change_reasons.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <utility>
 
 namespace workbench {
@@ -15,6 +18,30 @@ void TProjectTabs::EndStep(const TProjectTab& tab) {
   command.WasAsked = FForms.AnswerCount() != std::exchange(FAnswers, FForms.AnswerCount());
   if (const auto reconciled = tab.Edits->EndStep(command, TargetName(*tab.Controls)))
     emit Reconciled(tab.Project, *reconciled);
+  if (!command.Text.isEmpty())
+    TellOffered(*tab.Project);
+}
+
+// A form comes up by itself in the middle of a reconcile, one for each class of files; only a
+// person who presses the button wants it at once.
+bool TProjectTabs::Offers(const deployment::IFeatureFileForm& form) {
+  const bool isWanted = std::ranges::any_of(FProjects, [](const TProjectTab& tab) {
+    return tab.Controls->ToolBar() &&
+           tab.Controls->ToolBar()->IsRunning(deployment::view_button::AddFeature);
+  });
+  if (isWanted)
+    return false;
+  for (const deployment::TNodeId node : form.GetChildren(0)) {
+    const QString title = ToQString(form.GetText(node));
+    if (!FOffered.contains(title))
+      FOffered += title;
+  }
+  return true;
+}
+
+void TProjectTabs::TellOffered(TOpenProject& project) {
+  if (const QStringList titles = std::exchange(FOffered, {}); !titles.isEmpty())
+    emit FeaturesOffered(&project, titles);
 }
 
 // A dialog may be open in the middle of a command.

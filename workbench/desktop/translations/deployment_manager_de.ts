@@ -374,10 +374,6 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <translation>Es wurde nichts kopiert: Befehle des Projekts dürfen nicht ohne Ihre Zustimmung laufen. Es sind:</translation>
     </message>
     <message>
-        <source>Interrupted: %1. Deploy again to go on.</source>
-        <translation>Unterbrochen: %1. Verteilen Sie noch einmal, um fortzufahren.</translation>
-    </message>
-    <message>
         <source>Would be: %1.</source>
         <translation>Es würden: %1.</translation>
     </message>
@@ -388,6 +384,54 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     <message>
         <source>Mend the cause, then deploy again: what is on the target already stays.</source>
         <translation>Beheben Sie die Ursache und verteilen Sie dann noch einmal: Was schon auf dem Zielgerät ist, bleibt.</translation>
+    </message>
+    <message>
+        <source>same</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>changed here</source>
+        <translation>hier geändert</translation>
+    </message>
+    <message>
+        <source>unknown there</source>
+        <translation>dort unbekannt</translation>
+    </message>
+    <message>
+        <source>changed there</source>
+        <translation>dort geändert</translation>
+    </message>
+    <message>
+        <source>changed here and there</source>
+        <translation>hier und dort geändert</translation>
+    </message>
+    <message>
+        <source>gone there</source>
+        <translation>dort weg</translation>
+    </message>
+    <message>
+        <source>not in the list</source>
+        <translation>nicht in der Liste</translation>
+    </message>
+    <message>
+        <source>not in the list, changed there</source>
+        <translation>nicht in der Liste, dort geändert</translation>
+    </message>
+    <message>
+        <source>missing here</source>
+        <translation>fehlt hier</translation>
+    </message>
+    <message>
+        <source>%1 cancelled</source>
+        <translation>%1 abgebrochen</translation>
+    </message>
+    <message>
+        <source>Cancelled: %1. Deploy again to go on.</source>
+        <translation>Abgebrochen: %1. Verteilen Sie noch einmal, um fortzufahren.</translation>
     </message>
 </context>
 <context>
@@ -422,18 +466,209 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     </message>
 </context>
 <context>
+    <name>TDifferenceDialog</name>
+    <message>
+        <source>Theirs and Ours</source>
+        <translation>Deren und unsere Fassung</translation>
+    </message>
+    <message>
+        <source>− theirs: %1
++ ours: %2</source>
+        <translation>− deren: %1
++ unsere: %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Lines that differ</source>
+        <translation>Zeilen, die sich unterscheiden</translation>
+    </message>
+    <message>
+        <source>The files are no text. Theirs has %1 bytes, ours %2.</source>
+        <translation>Die Dateien sind kein Text. Deren hat %1 Bytes, unsere %2.</translation>
+    </message>
+    <message>
+        <source>The lines are the same.</source>
+        <translation>Die Zeilen sind gleich.</translation>
+    </message>
+    <message>
+        <source>There are more.</source>
+        <translation>Es gibt weitere.</translation>
+    </message>
+</context>
+<context>
     <name>TProjectEdits</name>
     <message>
         <source>Recovered Edits</source>
         <translation>Wiederhergestellte Änderungen</translation>
     </message>
     <message>
-        <source>Edit</source>
-        <translation>Bearbeitung</translation>
-    </message>
-    <message>
         <source>Reconcile for %1</source>
         <translation>Abgleich für %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s)</source>
+        <translation>
+            <numerusform>%n Datei</numerusform>
+            <numerusform>%n Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Tick %1</source>
+        <translation>%1 auswählen</translation>
+    </message>
+    <message>
+        <source>Untick %1</source>
+        <translation>%1 abwählen</translation>
+    </message>
+    <message>
+        <source>Remote Path of %1</source>
+        <translation>Zielpfad von %1</translation>
+    </message>
+    <message>
+        <source>Remote Name of %1</source>
+        <translation>Zielname von %1</translation>
+    </message>
+    <message>
+        <source>Overwrite of %1</source>
+        <translation>Überschreiben von %1</translation>
+    </message>
+    <message>
+        <source>Platforms of %1</source>
+        <translation>Plattformen von %1</translation>
+    </message>
+    <message>
+        <source>Edit %1</source>
+        <translation>%1 bearbeiten</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>TRowWords</name>
+    <message>
+        <source>copy over theirs</source>
+        <translation>deren überschreiben</translation>
+    </message>
+    <message>
+        <source>keep theirs</source>
+        <translation>deren behalten</translation>
+    </message>
+    <message>
+        <source>remove</source>
+        <translation>entfernen</translation>
+    </message>
+    <message>
+        <source>leave there</source>
+        <translation>dort lassen</translation>
+    </message>
+    <message>
+        <source>leave out</source>
+        <translation>auslassen</translation>
+    </message>
+    <message>
+        <source>conflict: choose</source>
+        <translation>Konflikt: wählen</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>nicht angerührt</translation>
+    </message>
+    <message>
+        <source>cannot be copied</source>
+        <translation>nicht kopierbar</translation>
+    </message>
+    <message>
+        <source>copy</source>
+        <translation>kopieren</translation>
+    </message>
+    <message>
+        <source>set rights</source>
+        <translation>Rechte setzen</translation>
+    </message>
+    <message>
+        <source>keep</source>
+        <translation>behalten</translation>
+    </message>
+    <message>
+        <source>skip</source>
+        <translation>überspringen</translation>
+    </message>
+    <message>
+        <source>same</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>waiting</source>
+        <translation>wartet</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>abgebrochen</translation>
+    </message>
+    <message>
+        <source>Conflicts</source>
+        <translation>Konflikte</translation>
+    </message>
+    <message>
+        <source>Left alone</source>
+        <translation>Nicht angerührt</translation>
+    </message>
+    <message>
+        <source>Cannot be copied</source>
+        <translation>Nicht kopierbar</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>To copy</source>
+        <translation>Zu kopieren</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Rights alone</source>
+        <translation>Nur Rechte</translation>
+    </message>
+    <message>
+        <source>To remove</source>
+        <translation>Zu entfernen</translation>
+    </message>
+    <message>
+        <source>Removed</source>
+        <translation>Entfernt</translation>
+    </message>
+    <message>
+        <source>Not in the list any more</source>
+        <translation>Nicht mehr in der Liste</translation>
+    </message>
+    <message>
+        <source>Kept</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Skipped</source>
+        <translation>Übersprungen</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Same</source>
+        <translation>Gleich</translation>
+    </message>
+    <message>
+        <source>failed; left out next time</source>
+        <translation>fehlgeschlagen; nächstes Mal ausgelassen</translation>
     </message>
 </context>
 <context>
@@ -456,6 +691,33 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     <message>
         <source>Commands</source>
         <translation>Befehle</translation>
+    </message>
+</context>
+<context>
+    <name>TUndoWords</name>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>No connection: %1.</source>
+        <translation>Keine Verbindung: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was taken back: %1.</source>
+        <translation>Es wurde nichts zurückgenommen: %1.</translation>
+    </message>
+    <message>
+        <source>Cancelled: %1 restored, %2 removed.</source>
+        <translation>Abgebrochen: %1 wiederhergestellt, %2 entfernt.</translation>
+    </message>
+    <message>
+        <source>Taken back: %1 restored, %2 removed.</source>
+        <translation>Zurückgenommen: %1 wiederhergestellt, %2 entfernt.</translation>
+    </message>
+    <message>
+        <source>Left as they are: %1.</source>
+        <translation>Belassen: %1.</translation>
     </message>
 </context>
 <context>
@@ -560,61 +822,50 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     </message>
 </context>
 <context>
-    <name>workbench::TDeployLogModel</name>
+    <name>workbench::TDeployPage</name>
     <message>
-        <source>waiting</source>
-        <translation>wartet</translation>
-    </message>
-    <message>
-        <source>File</source>
-        <translation>Datei</translation>
-    </message>
-    <message>
-        <source>Result</source>
-        <translation>Ergebnis</translation>
-    </message>
-    <message>
-        <source>Size</source>
-        <translation>Größe</translation>
-    </message>
-    <message>
-        <source>On the target</source>
-        <translation>Auf dem Zielgerät</translation>
-    </message>
-    <message>
-        <source>Reason</source>
-        <translation>Grund</translation>
-    </message>
-</context>
-<context>
-    <name>workbench::TDeployPanel</name>
-    <message>
-        <source>Deploy</source>
-        <translation>Verteilen</translation>
+        <source>What is deployed where to</source>
+        <translation>Was wohin verteilt wird</translation>
     </message>
     <message>
         <source>State of the deploy</source>
         <translation>Stand der Verteilung</translation>
     </message>
     <message>
-        <source>Progress</source>
-        <translation>Fortschritt</translation>
-    </message>
-    <message>
-        <source>Files, bytes, rate and time left</source>
-        <translation>Dateien, Bytes, Geschwindigkeit und Restzeit</translation>
-    </message>
-    <message>
         <source>Output of the commands</source>
         <translation>Ausgabe der Befehle</translation>
     </message>
     <message>
-        <source>Files of the deploy</source>
-        <translation>Dateien der Verteilung</translation>
+        <source>Deploying…</source>
+        <translation>Verteile…</translation>
     </message>
     <message>
-        <source>Show &amp;failed files only</source>
-        <translation>Nur &amp;fehlgeschlagene zeigen</translation>
+        <source>&amp;Show:</source>
+        <translation>&amp;Zeigen:</translation>
+    </message>
+    <message>
+        <source>Which rows are shown</source>
+        <translation>Welche Zeilen gezeigt werden</translation>
+    </message>
+    <message>
+        <source>Take &amp;Ours</source>
+        <translation>&amp;Unsere nehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Theirs</source>
+        <translation>&amp;Deren behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Go to Entry</source>
+        <translation>Zum &amp;Eintrag</translation>
+    </message>
+    <message>
+        <source>Ret&amp;ry</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Files of the deploy</source>
+        <translation>Dateien der Verteilung</translation>
     </message>
     <message>
         <source>Copy as &amp;Text</source>
@@ -625,28 +876,64 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <translation>&amp;Abbrechen</translation>
     </message>
     <message>
+        <source>&amp;Deploy</source>
+        <translation>&amp;Verteilen</translation>
+    </message>
+    <message>
         <source>C&amp;lose</source>
         <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>%1 for %2 – %3</source>
+        <translation>%1 für %2 – %3</translation>
     </message>
     <message>
         <source>Comparing with the target…</source>
         <translation>Vergleiche mit dem Zielgerät…</translation>
     </message>
     <message>
-        <source>Deploying…</source>
-        <translation>Verteile…</translation>
-    </message>
-    <message>
-        <source>%1 of %2 files, %3 of %4, %5/s</source>
-        <translation>%1 von %2 Dateien, %3 von %4, %5/s</translation>
-    </message>
-    <message>
-        <source>, %1 left</source>
-        <translation>, noch %1</translation>
-    </message>
-    <message>
         <source>Cancelling…</source>
         <translation>Breche ab…</translation>
+    </message>
+    <message>
+        <source>All (%1)</source>
+        <translation>Alle (%1)</translation>
+    </message>
+    <message>
+        <source>Files changed since this plan was looked at. Nothing was copied.</source>
+        <translation>Dateien haben sich geändert, seit dieser Plan angesehen wurde. Es wurde nichts kopiert.</translation>
+    </message>
+    <message>
+        <source>Changed by others on the target: %1 without a choice, which will be left alone.</source>
+        <translation>Von anderen auf dem Zielgerät geändert: %1 ohne Entscheidung; sie werden nicht angerührt.</translation>
+    </message>
+    <message>
+        <source>There is nothing to copy.</source>
+        <translation>Es gibt nichts zu kopieren.</translation>
+    </message>
+    <message>
+        <source>To copy: %1 (%2).</source>
+        <translation>Zu kopieren: %1 (%2).</translation>
+    </message>
+    <message>
+        <source>To remove: %1.</source>
+        <translation>Zu entfernen: %1.</translation>
+    </message>
+    <message>
+        <source>Left out: %1.</source>
+        <translation>Ausgelassen: %1.</translation>
+    </message>
+    <message>
+        <source>The same: %1.</source>
+        <translation>Gleich: %1.</translation>
+    </message>
+    <message>
+        <source>Commands that run: %1.</source>
+        <translation>Befehle, die laufen: %1.</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
     </message>
     <message>
         <source>Failed File</source>
@@ -667,6 +954,72 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>Show Di&amp;fference…</source>
+        <translation>Unter&amp;schied zeigen…</translation>
+    </message>
+    <message>
+        <source>S&amp;kip</source>
+        <translation>Ü&amp;berspringen</translation>
+    </message>
+    <message>
+        <source>&amp;New Profile…</source>
+        <translation>&amp;Neues Profil…</translation>
+    </message>
+    <message>
+        <source>Remote &amp;Profiles…</source>
+        <translation>&amp;Profile…</translation>
+    </message>
+    <message>
+        <source>The target changed since this plan was made. Deploy makes it anew.</source>
+        <translation>Das Zielgerät hat sich geändert, seit dieser Plan entstand. Verteilen macht ihn neu.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDeployPanel</name>
+    <message>
+        <source>Deploy</source>
+        <translation>Verteilen</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Deploy and its history</source>
+        <translation>Verteilung und ihr Verlauf</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDeployRowsModel</name>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Aktion</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>On the target</source>
+        <translation>Auf dem Zielgerät</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
     </message>
 </context>
 <context>
@@ -758,6 +1111,73 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>General</source>
         <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>&amp;Deploy without asking when nothing conflicts</source>
+        <translation>&amp;Verteilen, ohne zu fragen, wenn nichts in Konflikt steht</translation>
+    </message>
+    <message>
+        <source>Else the plan is shown first.</source>
+        <translation>Sonst wird der Plan zuerst gezeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::THistoryPage</name>
+    <message>
+        <source>State of the history</source>
+        <translation>Stand des Verlaufs</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Deploys that the target remembers</source>
+        <translation>Verteilungen, an die sich das Zielgerät erinnert</translation>
+    </message>
+    <message>
+        <source>&amp;Take Back…</source>
+        <translation>&amp;Zurücknehmen…</translation>
+    </message>
+    <message>
+        <source>&amp;Read Again</source>
+        <translation>&amp;Neu lesen</translation>
+    </message>
+    <message>
+        <source>Deploys of %1 for %2 – %3</source>
+        <translation>Verteilungen von %1 für %2 – %3</translation>
+    </message>
+    <message>
+        <source>Take Back</source>
+        <translation>Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Take back the deploy of %1 by %2?</source>
+        <translation>Die Verteilung vom %1 von %2 zurücknehmen?</translation>
+    </message>
+    <message>
+        <source>Take back the deploy of %1 by %2, and the newer ones, %3 in all?</source>
+        <translation>Die Verteilung vom %1 von %2 und die neueren zurücknehmen, insgesamt %3?</translation>
+    </message>
+    <message>
+        <source>What was replaced or removed comes back, and what was new goes. A file that somebody changed since stays as it is. Commands that ran are not taken back.</source>
+        <translation>Was ersetzt oder entfernt wurde, kommt zurück; was neu war, verschwindet. Eine Datei, die seither jemand geändert hat, bleibt, wie sie ist. Befehle, die liefen, werden nicht zurückgenommen.</translation>
+    </message>
+    <message>
+        <source>&amp;Take Back</source>
+        <translation>&amp;Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>Close &amp;Panel</source>
+        <translation>Bereich &amp;schließen</translation>
     </message>
 </context>
 <context>
@@ -886,6 +1306,30 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <source>Save Project As</source>
         <translation>Projekt speichern unter</translation>
     </message>
+    <message>
+        <source>&amp;New…</source>
+        <translation>&amp;Neu…</translation>
+    </message>
+    <message>
+        <source>&amp;User Guide</source>
+        <translation>&amp;Handbuch</translation>
+    </message>
+    <message>
+        <source>Show P&amp;lan of Deploy</source>
+        <translation>P&amp;lan der Verteilung zeigen</translation>
+    </message>
+    <message>
+        <source>Show &amp;Results of Deploy</source>
+        <translation>&amp;Ergebnisse der Verteilung zeigen</translation>
+    </message>
+    <message>
+        <source>Deploy &amp;History</source>
+        <translation>&amp;Verlauf der Verteilungen</translation>
+    </message>
+    <message>
+        <source>No connection to the files of %1: %2</source>
+        <translation>Keine Verbindung zu den Dateien von %1: %2</translation>
+    </message>
 </context>
 <context>
     <name>workbench::TWindowMenus</name>
@@ -959,6 +1403,53 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>The project names the remote profile %1 for %2, and there is none of that name. Make it with Tools, Remote Profiles, or assign another one to the project.</source>
         <translation>Das Projekt nennt für %2 das Profil %1, das es nicht gibt. Legen Sie es unter Extras, Profile an, oder weisen Sie dem Projekt ein anderes zu.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TOptionsButton</name>
+    <message>
+        <source>&amp;Options</source>
+        <translation>&amp;Optionen</translation>
+    </message>
+    <message>
+        <source>How the deploy decides</source>
+        <translation>Wie die Verteilung entscheidet</translation>
+    </message>
+    <message>
+        <source>Compare by &amp;Content</source>
+        <translation>Nach &amp;Inhalt vergleichen</translation>
+    </message>
+    <message>
+        <source>Size and time are not trusted.</source>
+        <translation>Größe und Zeit wird nicht getraut.</translation>
+    </message>
+    <message>
+        <source>Copy Also What Is the &amp;Same</source>
+        <translation>Auch &amp;Gleiches kopieren</translation>
+    </message>
+    <message>
+        <source>What others changed on the target is not overwritten by that.</source>
+        <translation>Was andere auf dem Zielgerät geändert haben, wird dadurch nicht überschrieben.</translation>
+    </message>
+    <message>
+        <source>Skip &amp;Missing Files</source>
+        <translation>&amp;Fehlende Dateien überspringen</translation>
+    </message>
+    <message>
+        <source>Unless they are required.</source>
+        <translation>Sofern sie nicht erforderlich sind.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove What Is Not in the List Any More</source>
+        <translation>&amp;Entfernen, was nicht mehr in der Liste steht</translation>
+    </message>
+    <message>
+        <source>Files that were deployed earlier and that nobody changed since.</source>
+        <translation>Früher verteilte Dateien, die seither niemand geändert hat.</translation>
+    </message>
+    <message>
+        <source>Send Files from &amp;Beyond the Project without a Question</source>
+        <translation>Dateien von &amp;außerhalb des Projekts ohne Frage senden</translation>
     </message>
 </context>
 <context>
@@ -1316,6 +1807,72 @@ Nichts ist verloren: Die Änderungen sind noch hier. Räumen Sie aus dem Weg, wa
     </message>
 </context>
 <context>
+    <name>workbench::TRunProgress</name>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Files, bytes, rate and time left</source>
+        <translation>Dateien, Bytes, Geschwindigkeit und Restzeit</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files, %3 of %4, %5/s</source>
+        <translation>%1 von %2 Dateien, %3 von %4, %5/s</translation>
+    </message>
+    <message>
+        <source>, %1 left</source>
+        <translation>, noch %1</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TRunsModel</name>
+    <message>
+        <source>%1 on %2</source>
+        <translation>%1 auf %2</translation>
+    </message>
+    <message>
+        <source>taken back</source>
+        <translation>zurückgenommen</translation>
+    </message>
+    <message>
+        <source>done</source>
+        <translation>fertig</translation>
+    </message>
+    <message>
+        <source>partly</source>
+        <translation>teilweise</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wann</translation>
+    </message>
+    <message>
+        <source>By</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Removed</source>
+        <translation>Entfernt</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Revision</source>
+        <translation>Revision</translation>
+    </message>
+</context>
+<context>
     <name>workbench::TSdkEditDialog</name>
     <message>
         <source>&amp;Default kit of the platform</source>
@@ -1540,6 +2097,299 @@ Eine Projektdatei kann auch hierher gezogen werden.</translation>
     <message>
         <source>&amp;Open Project…</source>
         <translation>Projekt ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>&amp;New Project…</source>
+        <translation>&amp;Neues Projekt…</translation>
+    </message>
+    <message>
+        <source>&amp;User Guide</source>
+        <translation>&amp;Handbuch</translation>
+    </message>
+    <message>
+        <source>Recent projects</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Examples</source>
+        <translation>Beispiele</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TProjectNotices</name>
+    <message numerus="yes">
+        <source>%n added</source>
+        <translation>
+            <numerusform>%n hinzugefügt</numerusform>
+            <numerusform>%n hinzugefügt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n changed</source>
+        <translation>
+            <numerusform>%n geändert</numerusform>
+            <numerusform>%n geändert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed</source>
+        <translation>
+            <numerusform>%n entfernt</numerusform>
+            <numerusform>%n entfernt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>The file holds a list of an older version. It is shown as one of today&apos;s; the next save writes it so.</source>
+        <translation>Die Datei enthält eine Liste einer älteren Version. Sie wird als heutige gezeigt; das nächste Speichern schreibt sie so.</translation>
+    </message>
+    <message>
+        <source>Reconciled for %1: %2</source>
+        <translation>Abgeglichen für %1: %2</translation>
+    </message>
+    <message>
+        <source>Reconciled for %1</source>
+        <translation>Abgeglichen für %1</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>&amp;Zeigen</translation>
+    </message>
+    <message>
+        <source>Other steps were done since; undo them first.</source>
+        <translation>Danach kamen weitere Schritte; machen Sie diese zuerst rückgängig.</translation>
+    </message>
+    <message>
+        <source>Optional files of the installation fit this project: %1. They are left out unless you choose some.</source>
+        <translation>Zu diesem Projekt passen optionale Dateien der Installation: %1. Sie bleiben weg, wenn Sie keine wählen.</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Wählen…</translation>
+    </message>
+    <message>
+        <source>&amp;Not Now</source>
+        <translation>&amp;Nicht jetzt</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TNoticeStrip</name>
+    <message>
+        <source>Close the notice</source>
+        <translation>Hinweis schließen</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDifferenceDialog</name>
+    <message>
+        <source>Removed</source>
+        <translation>Entfernt</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>Hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>Klasse</translation>
+    </message>
+    <message>
+        <source>For</source>
+        <translation>Für</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Warum</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TMissingNotices</name>
+    <message>
+        <source>The project goes to %1 by the remote profile %2, which is not on this machine.</source>
+        <translation>Das Projekt geht für %1 über das Remote-Profil %2, das es auf diesem Rechner nicht gibt.</translation>
+    </message>
+    <message>
+        <source>Use the &amp;Folder %1</source>
+        <translation>&amp;Ordner %1 nehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Make It…</source>
+        <translation>&amp;Anlegen…</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose Another…</source>
+        <translation>Anderes &amp;wählen…</translation>
+    </message>
+    <message>
+        <source>%1, which a build of the project makes, is not there: build it first, or the deploy goes without it.</source>
+        <translation>%1, das Ergebnis eines Builds, ist nicht da: Erstellen Sie es zuerst, sonst geht das Deployment ohne es.</translation>
+    </message>
+    <message>
+        <source>&amp;Go to Row</source>
+        <translation>&amp;Zur Zeile</translation>
+    </message>
+</context>
+<context>
+    <name>ExampleProjects</name>
+    <message>
+        <source>A library with its data for Windows, macOS and Android</source>
+        <translation>Eine Bibliothek mit ihren Daten für Windows, macOS und Android</translation>
+    </message>
+    <message>
+        <source>A program with artwork and optional files for six platforms</source>
+        <translation>Ein Programm mit Bildern und optionalen Dateien für sechs Plattformen</translation>
+    </message>
+    <message>
+        <source>A service for two kinds of Linux machine</source>
+        <translation>Ein Dienst für zwei Arten von Linux-Rechnern</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TGuideDialog</name>
+    <message>
+        <source>User Guide</source>
+        <translation>Handbuch</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TNewProjectDialog</name>
+    <message>
+        <source>New Project</source>
+        <translation>Neues Projekt</translation>
+    </message>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen…</translation>
+    </message>
+    <message>
+        <source>Browse: %1</source>
+        <translation>Durchsuchen: %1</translation>
+    </message>
+    <message>
+        <source>Project &amp;file</source>
+        <translation>Projekt&amp;datei</translation>
+    </message>
+    <message>
+        <source>&amp;Empty, for these platforms</source>
+        <translation>&amp;Leer, für diese Plattformen</translation>
+    </message>
+    <message>
+        <source>From the install rules of a &amp;build directory</source>
+        <translation>Aus den Installationsregeln eines &amp;Build-Verzeichnisses</translation>
+    </message>
+    <message>
+        <source>Platforms</source>
+        <translation>Plattformen</translation>
+    </message>
+    <message>
+        <source>&amp;Kind of program</source>
+        <translation>&amp;Art des Programms</translation>
+    </message>
+    <message>
+        <source>&amp;Platforms</source>
+        <translation>&amp;Plattformen</translation>
+    </message>
+    <message>
+        <source>&amp;Configurations</source>
+        <translation>&amp;Konfigurationen</translation>
+    </message>
+    <message>
+        <source>Build &amp;directory</source>
+        <translation>Build-&amp;Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Of CMake or Meson; CMake may be run to tell what it installs.</source>
+        <translation>Von CMake oder Meson; CMake wird vielleicht ausgeführt, damit es sagt, was es installiert.</translation>
+    </message>
+    <message>
+        <source>It builds &amp;for</source>
+        <translation>Es baut &amp;für</translation>
+    </message>
+    <message>
+        <source>&amp;Make Project</source>
+        <translation>Projekt &amp;anlegen</translation>
+    </message>
+    <message>
+        <source>Projects (*.vproj)</source>
+        <translation>Projekte (*.vproj)</translation>
+    </message>
+    <message>
+        <source>Build Directory</source>
+        <translation>Build-Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Name the file of the project, with its directory.</source>
+        <translation>Nennen Sie die Datei des Projekts mit ihrem Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>The name of a project cannot hold &quot;\&quot;.</source>
+        <translation>Der Name eines Projekts kann kein „\“ enthalten.</translation>
+    </message>
+    <message>
+        <source>%1 exists already.</source>
+        <translation>%1 gibt es schon.</translation>
+    </message>
+    <message>
+        <source>There is no directory %1.</source>
+        <translation>Es gibt kein Verzeichnis %1.</translation>
+    </message>
+    <message>
+        <source>Name the build directory.</source>
+        <translation>Nennen Sie das Build-Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>Tick a platform.</source>
+        <translation>Wählen Sie eine Plattform aus.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TWindowHistory</name>
+    <message>
+        <source>Choose a single platform: each has a history of its own.</source>
+        <translation>Wählen Sie eine einzelne Plattform: jede hat ihren eigenen Verlauf.</translation>
+    </message>
+    <message>
+        <source>The target keeps no record of deploys.</source>
+        <translation>Das Zielgerät merkt sich keine Verteilungen.</translation>
+    </message>
+    <message>
+        <source>Reading the record of the target…</source>
+        <translation>Lese, was sich das Zielgerät gemerkt hat…</translation>
+    </message>
+    <message>
+        <source>No connection to %1: %2</source>
+        <translation>Keine Verbindung zu %1: %2</translation>
+    </message>
+    <message>
+        <source>Taking back…</source>
+        <translation>Nehme zurück…</translation>
+    </message>
+    <message>
+        <source>The record on the target is of a newer version of this program.</source>
+        <translation>Was sich das Zielgerät gemerkt hat, stammt von einer neueren Version dieses Programms.</translation>
+    </message>
+    <message>
+        <source>The record on the target is damaged: %1.</source>
+        <translation>Was sich das Zielgerät gemerkt hat, ist beschädigt: %1.</translation>
+    </message>
+    <message>
+        <source>The target remembers no deploys of this project yet.</source>
+        <translation>Das Zielgerät erinnert sich noch an keine Verteilung dieses Projekts.</translation>
     </message>
 </context>
 </TS>

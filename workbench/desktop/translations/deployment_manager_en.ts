@@ -25,4 +25,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>TProjectEdits</name>
+    <message numerus="yes">
+        <source>%n file(s)</source>
+        <translation>
+            <numerusform>%n file</numerusform>
+            <numerusform>%n files</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

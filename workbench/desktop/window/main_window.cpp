@@ -2,15 +2,17 @@
 
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
+#include "workbench/desktop/notices/missing_notices.h"
 #include "workbench/desktop/notices/project_notices.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
+#include "workbench/desktop/welcome/welcome_page.h"
 #include "workbench/desktop/window/connection_questions.h"
 #include "workbench/desktop/window/list_commands.h"
-#include "workbench/desktop/window/welcome_page.h"
+#include "workbench/desktop/window/window_deploys.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/desktop/window/window_panes.h"
 #include "workbench/desktop/window/window_status.h"
@@ -77,14 +79,19 @@ void TMainWindow::WatchState() {
   connect(&FWatcher, &TProjectWatcher::FilesChanged, this, &TMainWindow::CheckDisk);
   WatchFiles();
   connect(FProjects.get(), &TProjectTabs::Notice, FStatus, &TWindowStatus::Say);
-  connect(FListCommands, &TListCommands::Done, this, &TMainWindow::FocusListSoon);
+  connect(FListCommands, &TListCommands::Done, this, [this] {
+    if (!FDeploys->FocusPlan())
+      FocusListSoon();
+  });
 }
 
 void TMainWindow::WatchFiles() {
   std::vector<std::filesystem::path> files = FProjects->Files();
-  const std::filesystem::path& profiles = FSession.RemoteProfiles().Profiles().File();
-  if (!profiles.empty())
-    files.push_back(profiles);
+  for (const std::filesystem::path& file :
+       {FSession.RemoteProfiles().Profiles().File(), FSession.Settings().File()}) {
+    if (!file.empty())
+      files.push_back(file);
+  }
   FWatcher.Watch(files);
 }
 
@@ -92,8 +99,12 @@ void TMainWindow::WatchFiles() {
 void TMainWindow::CheckDisk() {
   if (FBackground.IsBusy() || QApplication::activeModalWidget())
     return;
-  Guarded([this] { FSession.RemoteProfiles().ReadProfilesAnew(); });
+  Guarded([this] {
+    FSession.RemoteProfiles().ReadProfilesAnew();
+    FSession.Settings().ReadAnew();
+  });
   FProjects->CheckDisk();
+  FMissing->Look(CurrentProject());
 }
 
 void TMainWindow::MakePages() {
@@ -101,12 +112,13 @@ void TMainWindow::MakePages() {
   FTabs = new TEditorTabs(
       FSession.Settings(), [this] { return FBackground.IsBusy(); }, this);
   FProjects = std::make_unique<TProjectTabs>(FSession, *FTabs, FBackground, *FModalForms, *this);
-  FNotices = new TProjectNotices(*FProjects, *this);
+  FNotices = new TProjectNotices(*FProjects, FSession.Settings(), *this);
+  FMissing = new TMissingNotices(
+      FSession, *FProjects, *FNotices, [this] { ShowProfiles(); }, *this);
   FPanel = new TDeployPanel(this);
   FPanel->hide();
   FBackground.Allow(FPanel);
-  FWelcome = new TWelcomePage(this);
-  connect(FWelcome, &TWelcomePage::OpenWanted, this, &TMainWindow::AskForProject);
+  MakeWelcome();
   FPages = new QStackedWidget(this);
   FPages->addWidget(FWelcome);
   FPages->addWidget(FTabs);
@@ -116,7 +128,7 @@ void TMainWindow::MakePages() {
   setCentralWidget(FPanes);
   connect(FTabs, &QTabWidget::tabCloseRequested, this,
           [this](int index) { FProjects->Close(index); });
-  connect(FTabs, &QTabWidget::tabBarClicked, this, [this] { FProjects->CommitEditors(); });
+  FTabs->SetMayLeave([this] { return FProjects->CommitEditors(); });
   connect(FTabs, &QTabWidget::currentChanged, this, &TMainWindow::ShowPage);
   connect(FProjects.get(), &TProjectTabs::Opened, this,
           [this](TOpenProject* project) { Opened(*project); });
@@ -176,6 +188,9 @@ void TMainWindow::Opened(TOpenProject& project) {
 void TMainWindow::ShowPage() {
   FPages->setCurrentWidget(FTabs->count() > 0 ? static_cast<QWidget*>(FTabs)
                                               : static_cast<QWidget*>(FWelcome));
+  if (FTabs->count() == 0)
+    ShowRecent();
+  FMissing->Look(CurrentProject());
   emit ProjectShown(CurrentProject(), CurrentControls());
   FocusListSoon();
   ShowState();
@@ -196,6 +211,7 @@ void TMainWindow::ShowState() {
                        FProjects->EndSteps();
                        FProjects->ShowModified();
                        FNotices->Update();
+                       FMissing->Update(CurrentProject());
                        FMenus->Update();
                        FStatus->Update();
                      });

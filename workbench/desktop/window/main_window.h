@@ -22,9 +22,12 @@ namespace workbench {
 class TConnectionQuestions;
 class TDeployPanel;
 class TListCommands;
+class TMissingNotices;
 class TModalDialogs;
 class TProjectNotices;
 class TWelcomePage;
+class TWindowDeploys;
+class TWindowHistory;
 class TWindowPanes;
 class TWindowMenus;
 class TWindowStatus;
@@ -68,6 +71,7 @@ protected:
 
 private:
   void MakePages();
+  void MakeWelcome();
   void MakeMenus();
   std::vector<TWindowCommand> FileCommands();
   std::vector<TWindowCommand> EditCommands();
@@ -83,6 +87,9 @@ private:
   void ShowPage();
   void FocusListSoon();
   void AskForProject();
+  void NewProject();
+  void ShowRecent();
+  void ShowGuide();
   void SaveAs();
   void Step(void (TEditHistory::*step)());
   void Copy();
@@ -107,7 +114,10 @@ private:
   TWindowMenus* FMenus = nullptr;
   TWindowStatus* FStatus = nullptr;
   TProjectNotices* FNotices = nullptr;
+  TMissingNotices* FMissing = nullptr;
   TListCommands* FListCommands = nullptr;
+  TWindowDeploys* FDeploys = nullptr;
+  TWindowHistory* FHistory = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
   std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too

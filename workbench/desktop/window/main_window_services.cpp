@@ -1,8 +1,7 @@
 // What the window does for the services: questions, long work, profiles, edits that were left
 // behind.
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/dialogs/deploy/consent_dialog.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/consent_dialog.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/projects/recovery_question.h"
@@ -10,12 +9,13 @@
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/window/connection_questions.h"
 #include "workbench/desktop/window/main_window.h"
+#include "workbench/desktop/window/window_deploys.h"
+#include "workbench/desktop/window/window_history.h"
 #include "workbench/desktop/window/window_interaction.h"
 #include "workbench/desktop/window/window_status.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
 #include "workbench/settings/command_consent.h"
-#include "workbench/settings/number_setting.h"
 #include "workbench/settings/source_consent.h"
 #include "workbench/text/visible_text.h"
 
@@ -25,20 +25,21 @@ void TMainWindow::ServeSession() {
   FSession.SetEditorArea(FTabs);
   FSession.SetModalForms(FModalForms.get());
   FQuestions = std::make_shared<TConnectionQuestions>(*this);
+  FDeploys = new TWindowDeploys(
+      *this, *FPanel, FBackground, FSession,
+      {.MayRun = [this](const auto& commands,
+                        const std::string& place) { return MayRun(commands, place); },
+       .MaySend = [this](const auto& files) { return MaySend(files); },
+       .CreateProfile =
+           [this](auto& project, std::string_view platform) {
+             return CreateProfile(project, platform);
+           },
+       .ShowProfiles = [this] { ShowProfiles(); }});
+  FHistory = new TWindowHistory(*this, *FPanel, FBackground, FSession);
   FSession.RemoteProfiles().SetInteraction(std::make_shared<TWindowInteraction>(
-      TWindowParts{.Panel = *FPanel,
+      TWindowParts{.Deploys = FDeploys->Flow(),
                    .Background = FBackground,
                    .Questions = FQuestions,
-                   .MayRun = [this](const auto& commands,
-                                    const std::string& place) { return MayRun(commands, place); },
-                   .MaySend = [this](const auto& files) { return MaySend(files); },
-                   .UndoLimits =
-                       [this] {
-                         const TUndoLimits usual;
-                         const TSettings& settings = FSession.Settings();
-                         return TUndoLimits{NumberSetting(settings, "undo-runs", usual.Runs),
-                                            NumberSetting(settings, "undo-bytes", usual.Bytes)};
-                       },
                    .CreateProfile =
                        [this](auto& project, std::string_view platform) {
                          return CreateProfile(project, platform);

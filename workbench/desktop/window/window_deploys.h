@@ -1,0 +1,60 @@
+// The deploy panel as a part of the window: what is pressed there reaches the list above, and the
+// other way round.
+#pragma once
+
+#include "workbench/desktop/deploy/deploy_flow.h"
+
+#include <QObject>
+#include <QString>
+#include <functional>
+#include <string_view>
+
+namespace workbench {
+
+class TBackgroundWork;
+class TDeployPanel;
+class TFormControls;
+class TMainWindow;
+class TSession;
+
+class TWindowDeploys final : public QObject {
+  Q_OBJECT
+
+public:
+  /// What the window asks and shows.
+  struct TAnswers {
+    TMayRun MayRun;
+    TMaySend MaySend;
+    std::function<bool(deployment::ICustomProject&, std::string_view platform)> CreateProfile;
+    std::function<void()> ShowProfiles;
+  };
+
+  /// Everything must outlive the object.
+  TWindowDeploys(TMainWindow& window, TDeployPanel& panel, TBackgroundWork& background,
+                 TSession& session, TAnswers answers);
+
+  TDeployFlow& Flow() { return FFlow; }
+  /// Makes the plan of the list in front and shows it.
+  void Plan();
+  /// Gives the focus to a plan that waits to be confirmed; false when there is none.
+  bool FocusPlan();
+
+private:
+  bool IsOpen() const;
+  bool BringForward();
+  void Deploy();
+  void ProjectsChanged();
+  void PressDeploy();
+  void GoToEntry(const QString& localName);
+  void ShowDifferenceOf(const TDeployRow& row);
+  void MakeProfile();
+
+  TMainWindow& FWindow;
+  TDeployPanel& FPanel;
+  TBackgroundWork& FBackground;
+  TSession& FSession;
+  const TAnswers FAnswers;
+  TDeployFlow FFlow;
+};
+
+} // namespace workbench
