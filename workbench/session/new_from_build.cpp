@@ -10,7 +10,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // The project before anything is taken; what it remembers of the build is nothing yet.
-std::string EmptyProject(TProjectValues values, const TBuildRecord& record) {
+std::string ProjectOfBuild(TProjectValues values, const TBuildRecord& record) {
   values.MoreItems = LabelledGroupMarkup(BuildItemsLabel, ItemsOf(record), {TXmlLayout(), "  "});
   return ProjectText(values);
 }
@@ -35,7 +35,7 @@ TOpenProject& CreateFromBuild(TSession& session, const fs::path& file, TProjectV
   record.Directory = StoredFromProject(fs::absolute(source.Directory), directory);
   record.Platform = values.Platforms.front();
   record.Components = source.Components;
-  session.Create(file, EmptyProject(std::move(values), record));
+  session.Create(file, ProjectOfBuild(std::move(values), record));
   TOpenProject& project = session.Open(file, TOpenPurpose::Edit);
   try {
     done = ApplyInstallPlan(project, std::move(record), plan);
