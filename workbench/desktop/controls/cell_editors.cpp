@@ -67,7 +67,7 @@ QString TComboCellEditor::Shown(const std::string& item) const {
 }
 
 QString TComboCellEditor::WidgetText(const QWidget& widget) const {
-  const QString text = static_cast<const QComboBox&>(widget).currentText();
+  QString text = static_cast<const QComboBox&>(widget).currentText();
   for (const std::string& item : FItems) {
     if (Shown(item) == text)
       return ToQString(item);

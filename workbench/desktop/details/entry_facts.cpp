@@ -43,7 +43,7 @@ QString SideText(const std::optional<TSideFacts>& side) {
 QString Verdict(const TBothSides& sides) {
   if (!sides.Here || !sides.There || sides.Here->Hash.empty() || sides.There->Hash.empty())
     return {};
-  const QString verdict = sides.Here->Hash == sides.There->Hash
+  QString verdict = sides.Here->Hash == sides.There->Hash
                               ? TDetails::tr("Both contents are the same.")
                               : TDetails::tr("The contents differ.");
   if (!sides.Deployed || sides.Here->Hash == sides.There->Hash)

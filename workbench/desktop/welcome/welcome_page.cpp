@@ -28,7 +28,8 @@ QCommandLinkButton* MakeLink(const QString& text, const QString& description, QW
 
 } // namespace
 
-TWelcomePage::TWelcomePage(std::vector<TExampleProject> examples, bool hasGuide, QWidget* parent)
+TWelcomePage::TWelcomePage(const std::vector<TExampleProject>& examples, bool hasGuide,
+                           QWidget* parent)
     : QWidget(parent) {
   auto* area = new QScrollArea(this);
   area->setFrameShape(QFrame::NoFrame);

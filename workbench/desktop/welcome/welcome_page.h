@@ -17,7 +17,7 @@ class TWelcomePage final : public QWidget {
 
 public:
   /// `hasGuide` says whether there is one to be shown.
-  TWelcomePage(std::vector<TExampleProject> examples, bool hasGuide, QWidget* parent);
+  TWelcomePage(const std::vector<TExampleProject>& examples, bool hasGuide, QWidget* parent);
 
   /// Shows the projects that were open lately, full paths, the last one first.
   void SetRecent(const QStringList& files);
