@@ -50,6 +50,21 @@ protected:
   bool IsStarred() { return Window().isWindowModified(); }
 };
 
+TEST_F(TDetailsTest, StandBesideAListAndNotBesideTheFirstPage) {
+  const auto isShown = [this] {
+    return Window().findChild<TDetailsPane*>()->isVisibleTo(&Window());
+  };
+  EXPECT_FALSE(isShown());
+  OpenExample();
+  EXPECT_TRUE(isShown());
+  QTest::keyClick(&Window(), Qt::Key_D, Qt::ControlModifier);
+  EXPECT_FALSE(isShown());
+  QTest::keyClick(&Window(), Qt::Key_D, Qt::ControlModifier);
+  EXPECT_TRUE(isShown());
+  QTest::keyClick(&Window(), Qt::Key_W, Qt::ControlModifier);
+  EXPECT_FALSE(isShown());
+}
+
 TEST_F(TDetailsTest, SayWhereAFileIsAndWhereItLands) {
   std::filesystem::create_directory(FRoot / "target");
   Host().RemoteProfiles().AddProfile(

@@ -84,12 +84,7 @@ std::vector<TWindowCommand> TMainWindow::EditCommands() {
            TProjectPanes::FocusFilter(*controls);
        },
        TCommandKind::Project},
-      {tr("&Details"), Qt::CTRL | Qt::Key_D,
-       [this] {
-         TDetailsPane& details = FProjectPanes->Details();
-         details.setVisible(!details.isVisible());
-         details.Update();
-       },
+      {tr("&Details"), Qt::CTRL | Qt::Key_D, [this] { FProjectPanes->SwitchDetails(); },
        TCommandKind::Project},
   };
 }

@@ -33,7 +33,15 @@ TDetailsHost DetailsHost(TProjectTabs& projects) {
 
 TProjectPanes::TProjectPanes(TSession& session, TProjectTabs& projects, QWidget& window)
     : QObject(&window), FSession(session),
-      FDetails(new TDetailsPane(session, DetailsHost(projects), &window)) {}
+      FDetails(new TDetailsPane(session, DetailsHost(projects), &window)) {
+  FDetails->hide();
+}
+
+void TProjectPanes::SwitchDetails() {
+  FWantsDetails = !FWantsDetails;
+  FDetails->setVisible(FWantsDetails);
+  FDetails->Update();
+}
 
 void TProjectPanes::Attach(TOpenProject& project, TFormControls& controls) {
   auto* rows = new TRowList(*controls.Tree());
@@ -49,6 +57,7 @@ void TProjectPanes::Attach(TOpenProject& project, TFormControls& controls) {
 void TProjectPanes::Show(TOpenProject* project, TFormControls* controls) {
   const auto shown = std::ranges::find_if(
       FPanes, [&](const TPanes& panes) { return controls && panes.Controls == controls; });
+  FDetails->setVisible(FWantsDetails && shown != FPanes.end());
   if (shown == FPanes.end())
     FDetails->Follow(nullptr, nullptr, nullptr);
   else

@@ -24,8 +24,10 @@ public:
   /// details.
   TProjectPanes(TSession& session, TProjectTabs& projects, QWidget& window);
 
-  /// Beside the lists, for the one in front.
+  /// Beside the lists, for the one in front; hidden while there is none.
   TDetailsPane& Details() { return *FDetails; }
+  /// Shows the details, or hides them.
+  void SwitchDetails();
   /// This list is in front now; null: none is.
   void Show(TOpenProject* project, TFormControls* controls);
 
@@ -49,6 +51,7 @@ private:
 
   TSession& FSession;
   TDetailsPane* FDetails;
+  bool FWantsDetails = true;
   std::vector<TPanes> FPanes; // of open projects
 };
 
