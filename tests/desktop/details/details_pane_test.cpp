@@ -62,6 +62,8 @@ TEST_F(TDetailsTest, StandBesideAListAndNotBesideTheFirstPage) {
   QTest::keyClick(&Window(), Qt::Key_D, Qt::ControlModifier);
   EXPECT_TRUE(isShown());
   QTest::keyClick(&Window(), Qt::Key_W, Qt::ControlModifier);
+  WaitForPane();
+  EXPECT_EQ(Window().Tabs().count(), 0);
   EXPECT_FALSE(isShown());
 }
 
@@ -71,6 +73,7 @@ TEST_F(TDetailsTest, SayWhereAFileIsAndWhereItLands) {
       {.Name = "lab-pc", .Platform = "Win64", .Path = (FRoot / "target").string()});
   OpenExample();
   Project().AssignProfile("Win64", "lab-pc", false);
+  WaitForPane();
   EXPECT_NE(Facts().find("Select files"), std::string::npos);
   SelectRow("levels.dat");
   EXPECT_NE(Facts().find((FRoot / "tide" / "data" / "levels.dat").string()), std::string::npos)
