@@ -61,7 +61,7 @@ TEST_F(TDetailsTest, StandBesideAListAndNotBesideTheFirstPage) {
   EXPECT_FALSE(isShown());
   QTest::keyClick(&Window(), Qt::Key_D, Qt::ControlModifier);
   EXPECT_TRUE(isShown());
-  QTest::keyClick(&Window(), Qt::Key_W, Qt::ControlModifier);
+  emit Window().Tabs().tabCloseRequested(0);
   WaitForPane();
   EXPECT_EQ(Window().Tabs().count(), 0);
   EXPECT_FALSE(isShown());
