@@ -44,8 +44,8 @@ QString Verdict(const TBothSides& sides) {
   if (!sides.Here || !sides.There || sides.Here->Hash.empty() || sides.There->Hash.empty())
     return {};
   QString verdict = sides.Here->Hash == sides.There->Hash
-                              ? TDetails::tr("Both contents are the same.")
-                              : TDetails::tr("The contents differ.");
+                        ? TDetails::tr("Both contents are the same.")
+                        : TDetails::tr("The contents differ.");
   if (!sides.Deployed || sides.Here->Hash == sides.There->Hash)
     return verdict;
   const bool isChangedHere = sides.Here->Hash != sides.Deployed->Hash;
