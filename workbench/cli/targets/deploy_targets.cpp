@@ -1,7 +1,7 @@
-#include "workbench/cli/commands/deploy_targets.h"
+#include "workbench/cli/targets/deploy_targets.h"
 
-#include "workbench/cli/commands/deploy_conduct.h"
-#include "workbench/cli/commands/targets_run.h"
+#include "workbench/cli/targets/deploy_conduct.h"
+#include "workbench/cli/targets/targets_run.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/cli/view/known_states.h"

@@ -1,8 +1,8 @@
 // deploymgr status of several targets at once.
 #pragma once
 
-#include "workbench/cli/commands/target_options.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/targets/target_options.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "workbench/cli/commands/target_options.h"
+#include "workbench/cli/targets/target_options.h"
 
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/remote/profile/profile_choice.h"

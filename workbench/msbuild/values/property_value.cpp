@@ -1,7 +1,7 @@
-#include "workbench/msbuild/property_value.h"
+#include "workbench/msbuild/values/property_value.h"
 
 #include "package/common/delimited_list.h"
-#include "workbench/msbuild/condition_values.h"
+#include "workbench/msbuild/values/condition_values.h"
 #include "workbench/xml/short_text.h"
 
 #include <charconv>

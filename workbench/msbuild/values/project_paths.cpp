@@ -1,4 +1,4 @@
-#include "workbench/msbuild/project_paths.h"
+#include "workbench/msbuild/values/project_paths.h"
 
 #include "package/common/path_text.h"
 #include "workbench/files/machine_path.h"

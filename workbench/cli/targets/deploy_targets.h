@@ -1,9 +1,9 @@
 // deploymgr deploy for several targets at once.
 #pragma once
 
-#include "workbench/cli/commands/deploy_conduct.h"
-#include "workbench/cli/commands/target_options.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/targets/deploy_conduct.h"
+#include "workbench/cli/targets/target_options.h"
 #include "workbench/deploy/deploy_request.h"
 
 namespace workbench {

@@ -1,7 +1,7 @@
-#include "workbench/cli/commands/status_targets.h"
+#include "workbench/cli/targets/status_targets.h"
 
 #include "package/host/api/file_columns.h"
-#include "workbench/cli/commands/targets_run.h"
+#include "workbench/cli/targets/targets_run.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/cli/view/known_states.h"
 #include "workbench/cli/view/list_json.h"

@@ -1,4 +1,4 @@
-#include "workbench/cli/commands/targets_run.h"
+#include "workbench/cli/targets/targets_run.h"
 
 #include "workbench/cli/context/failure_report.h"
 #include "workbench/deploy/parallel_runs.h"

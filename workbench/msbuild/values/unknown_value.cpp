@@ -1,4 +1,4 @@
-#include "workbench/msbuild/unknown_value.h"
+#include "workbench/msbuild/values/unknown_value.h"
 
 namespace workbench {
 

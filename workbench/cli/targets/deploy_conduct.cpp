@@ -1,4 +1,4 @@
-#include "workbench/cli/commands/deploy_conduct.h"
+#include "workbench/cli/targets/deploy_conduct.h"
 
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deploy_progress.h"

@@ -1,4 +1,4 @@
-#include "workbench/msbuild/condition_tokens.h"
+#include "workbench/msbuild/values/condition_tokens.h"
 
 #include "package/common/case_fold.h"
 #include "workbench/xml/short_text.h"

@@ -1,4 +1,4 @@
-#include "workbench/msbuild/condition_values.h"
+#include "workbench/msbuild/values/condition_values.h"
 
 #include "package/common/case_fold.h"
 #include "package/common/delimited_list.h"

@@ -1,4 +1,4 @@
-#include "workbench/cli/commands/source_permission.h"
+#include "workbench/cli/targets/source_permission.h"
 
 #include "workbench/deploy/plan/source_roots.h"
 #include "workbench/files/machine_path.h"

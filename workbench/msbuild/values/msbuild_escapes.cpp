@@ -1,4 +1,4 @@
-#include "workbench/msbuild/msbuild_escapes.h"
+#include "workbench/msbuild/values/msbuild_escapes.h"
 
 namespace workbench {
 namespace {
