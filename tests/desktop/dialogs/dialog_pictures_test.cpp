@@ -1,5 +1,5 @@
 // Paints every dialog in light and in dark colours. DIALOG_PICTURES=DIRECTORY keeps the pictures,
-// for people to look at; DIALOG_TRANSLATION=FILE.qm shows them in another language.
+// for people to look at.
 #include "package/view/revert_to_default_form.h"
 #include "package/view/select_form.h"
 #include "tests/desktop/dialogs/forms/two_features.h"
@@ -21,7 +21,6 @@
 #include <QPalette>
 #include <QStyleFactory>
 #include <QTabWidget>
-#include <QTranslator>
 
 namespace workbench {
 namespace {
@@ -46,8 +45,6 @@ protected:
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     if (GetParam())
       QApplication::setPalette(DarkPalette());
-    if (FTranslator.load(qEnvironmentVariable("DIALOG_TRANSLATION")))
-      QApplication::installTranslator(&FTranslator);
     for (const auto& [key, text] : {std::pair{"sdk.ndk-r21.platform", "Android"},
                                     {"sdk.ndk-r21.ndk-base-path", "/opt/ndk"},
                                     {"sdk-default.Android", "ndk-r21"},
@@ -79,8 +76,6 @@ protected:
       Keep(dialog, name);
     });
   }
-
-  QTranslator FTranslator;
 };
 
 TEST_P(TDialogPictures, OfTheFormsOfThePackage) {
