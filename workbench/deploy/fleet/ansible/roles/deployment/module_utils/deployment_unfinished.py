@@ -51,6 +51,10 @@ class UnfinishedFile:
         os.rename(self._name, name, src_dir_fd=self._directory, dst_dir_fd=self._directory)
         self._in_place = True
 
+    def appear_as(self, name):
+        """Gives it a second name that nothing has yet, for good. Raises FileExistsError."""
+        os.link(self._name, name, src_dir_fd=self._directory, dst_dir_fd=self._directory)
+
     def close(self):
         """Ends with it; what is not in place goes."""
         if self._file < 0:
