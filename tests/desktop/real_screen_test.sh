@@ -58,7 +58,6 @@ xdotool mousemove --window "$window" 800 238 click 1
 sleep 0.3
 xdotool key F2
 sleep 0.3
-xdotool key ctrl+a
 xdotool type --delay 20 tide-levels.bin
 xdotool key Return
 xdotool key ctrl+s

@@ -15,11 +15,11 @@
 #include "workbench/desktop/dialogs/profiles/profile_edit_dialog.h"
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/dialogs/settings/settings_dialog.h"
+#include "workbench/desktop/window/legible_style.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/settings/command_consent.h"
 
 #include <QPalette>
-#include <QStyleFactory>
 #include <QTabWidget>
 
 namespace workbench {
@@ -42,7 +42,7 @@ class TDialogPictures : public testing::TSessionTest, public ::testing::WithPara
 protected:
   void SetUp() override {
     TSessionTest::SetUp();
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new TLegibleStyle);
     if (GetParam())
       QApplication::setPalette(DarkPalette());
     for (const auto& [key, text] : {std::pair{"sdk.ndk-r21.platform", "Android"},
@@ -105,7 +105,8 @@ TEST_P(TDialogPictures, OfQuestions) {
   std::string value = ".\\";
   dialogs.InputBox("Remote Path", "Enter the new Remote Path", value);
   KeepNext("consent");
-  AskConsent({"make resources", "strip bin/demo \xE2\x80\xAE"}, "profile share", nullptr);
+  AskConsent({"make resources", "strip bin/demo \xE2\x80\xAE"}, "profile share (/mnt/share)",
+             nullptr);
 }
 
 TEST_P(TDialogPictures, OfProfiles) {

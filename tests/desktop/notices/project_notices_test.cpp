@@ -126,7 +126,7 @@ TEST_F(TWindowNotices, AStripAndItsButtonsAreReadOut) {
     names.push_back(interfaceOf(button)->text(QAccessible::Name).toStdString());
   }
   EXPECT_EQ(names, (std::vector<std::string>{"Show", "Undo", "Close the notice"}));
-  const QAccessibleInterface* text = interfaceOf(Strip()->findChildren<QLabel*>().back());
+  const QAccessibleInterface* text = interfaceOf(Strip()->findChildren<QLabel*>().front());
   EXPECT_EQ(text->role(), QAccessible::StaticText);
 }
 

@@ -3,6 +3,7 @@
 #include "tests/desktop/support/pictures.h"
 #include "tests/desktop/target/deploy_now.h"
 #include "workbench/desktop/target/targets_dialog.h"
+#include "workbench/desktop/text/package_texts.h"
 #include "workbench/desktop/window/appearance.h"
 
 #include <QComboBox>
@@ -40,9 +41,11 @@ protected:
     std::filesystem::last_write_time(FRoot / "target" / "TideLogger" / "data" / "levels.dat",
                                      std::filesystem::file_time_type::clock::now() +
                                          std::chrono::hours(1));
+    Window().Panel().close();
     ClickCheck(Row("TideTables.vcp"));
     PressButton("tbConnect");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return Cell(0, RemoteStatus) == "Same"; }, 10000));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return Cell(0, RemoteStatus) == PackageText("Same").toStdString(); }, 10000));
   }
 };
 

@@ -141,8 +141,7 @@ TEST_F(TTargetBarTest, AnAttemptIsGivenUpByTheSameButton) {
                                       .SshOptions = {"ProxyCommand=cat >/dev/null"}});
   OpenExample();
   Project().AssignProfile("Win64", "silent", false);
-  Settle();
-  QTest::mouseClick(&Connect(), Qt::LeftButton);
+  PressButton("tbConnect");
   ASSERT_TRUE(QTest::qWaitFor([this] { return Connect().text() == "Cancel"; }, 5000));
   EXPECT_EQ(Connection(), "Connecting to silent …");
   QTest::mouseClick(&Connect(), Qt::LeftButton);

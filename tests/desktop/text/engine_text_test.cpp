@@ -79,6 +79,10 @@ TEST_F(TEngineText, TranslatesSentencesThatArePutTogether) {
             "Einsetzen an ihren Platz: Zugriff verweigert; was dort stand, heißt jetzt x~");
 }
 
+TEST_F(TEngineText, NamesProfileAndPlace) {
+  EXPECT_EQ(German("profile making it (eva@lab:/srv)"), "Profil making it (eva@lab:/srv)");
+}
+
 TEST_F(TEngineText, ACommandStaysWordForWord) {
   EXPECT_EQ(German("on this machine: echo reading it; cp a file"),
             "auf diesem Rechner: echo reading it; cp a file");

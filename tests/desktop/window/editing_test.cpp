@@ -106,20 +106,6 @@ TEST_F(TWindowEditing, EscapeLeavesTheCellAsItWas) {
   EXPECT_EQ(Saved(), before);
 }
 
-TEST_F(TWindowEditing, KeysThatMeanTheTextStayInTheEditor) {
-  OpenExample();
-  Click(Row("levels.dat", RemoteName));
-  QTest::keyClick(&View(), Qt::Key_F2);
-  QTest::keyClick(Editor<QComboBox>(), Qt::Key_End);
-  QTest::keyClick(Editor<QComboBox>(), Qt::Key_A, Qt::ControlModifier);
-  ASSERT_NE(Editor<QComboBox>(), nullptr);
-  EXPECT_EQ(View().selectionModel()->selectedRows().size(), 1);
-  QTest::keyClicks(Editor<QComboBox>(), "tide.bin");
-  QTest::keyClick(Editor<QComboBox>(), Qt::Key_Return);
-  Settle();
-  EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteName), "tide.bin");
-}
-
 TEST_F(TWindowEditing, AnEditorThatIsLeftWithTheSameTextChangesNothing) {
   OpenExample();
   Saved();

@@ -6,6 +6,7 @@
 #include "workbench/desktop/deploy/difference_dialog.h"
 #include "workbench/desktop/notices/notice_strip.h"
 #include "workbench/desktop/projects/recovery_question.h"
+#include "workbench/desktop/text/package_texts.h"
 #include "workbench/desktop/welcome/new_project_dialog.h"
 #include "workbench/desktop/window/appearance.h"
 #include "workbench/desktop/window/connection_questions.h"
@@ -74,7 +75,8 @@ TEST_P(TWindowPictures, OfStatesOnATarget) {
                                    std::filesystem::file_time_type::clock::now());
   Window().Panel().close();
   PressButton("tbConnect");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return Cell(0, RemoteStatus) == "Same"; }, 10000));
+  ASSERT_TRUE(QTest::qWaitFor(
+      [this] { return Cell(0, RemoteStatus) == PackageText("Same").toStdString(); }, 10000));
   Keep(Window(), "connected");
 }
 

@@ -6,24 +6,12 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QKeySequence>
 #include <QPainter>
 #include <QPen>
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace workbench {
-namespace {
-
-// While a text is open, these keys are about the text and no commands of the window.
-bool IsOfText(const QKeyEvent& key) {
-  constexpr std::array Keys{QKeySequence::SelectAll, QKeySequence::Copy, QKeySequence::Cut,
-                            QKeySequence::Paste,     QKeySequence::Undo, QKeySequence::Redo};
-  return std::ranges::any_of(Keys, [&](auto standard) { return key.matches(standard); });
-}
-
-} // namespace
 
 TTreeDelegate::TTreeDelegate(TTreeModel& model, bool hasVerticalLines, QObject* parent)
     : QStyledItemDelegate(parent), FModel(model), FHasVerticalLines(hasVerticalLines) {}
@@ -179,10 +167,6 @@ void TTreeDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) con
 
 bool TTreeDelegate::eventFilter(QObject* watched, QEvent* event) {
   if (FEditor && FEditor->Widget == watched) {
-    if (event->type() == QEvent::ShortcutOverride && IsOfText(*static_cast<QKeyEvent*>(event))) {
-      event->accept();
-      return true;
-    }
     if (FEditor->IsPressed && (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide))
       return false;
     const bool isEnter = event->type() == QEvent::KeyPress &&

@@ -43,7 +43,7 @@ public:
             .Question = tr("The project wants to run these commands when it is deployed to "
                            "%1. Run only what you trust. May they run, now and whenever "
                            "they are the same there?")
-                            .arg(ToQString(place)),
+                            .arg(EngineText(place)),
             .ListName = tr("Commands"),
             .Yes = tr("&Run Them"),
             .No = tr("&Do Not Run")};

@@ -18,7 +18,8 @@ constexpr const char* Context = "Engine";
 // No sentence of the engine holds more sentences than that.
 constexpr int MostLevels = 8;
 // What stands behind one of these is a name or a command, which no language changes.
-constexpr std::array BeforeNames{QLatin1String("\""), QLatin1String("on this machine: "),
+constexpr std::array BeforeNames{QLatin1String("\""), QLatin1String("profile "),
+                                 QLatin1String("on this machine: "),
                                  QLatin1String("on the target: ")};
 // Between sentences that are put together.
 constexpr std::array Joints{QLatin1String("; "), QLatin1String(": "), QLatin1String(" (")};

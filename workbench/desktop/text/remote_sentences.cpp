@@ -102,6 +102,7 @@ constexpr std::array RemoteTexts{
     QT_TRANSLATE_NOOP("Engine", "has a NUL character"),
     QT_TRANSLATE_NOOP("Engine", "cannot be run: the machine has no shell that is known"),
     QT_TRANSLATE_NOOP("Engine", "cannot be run: %1 cannot be named in a command of %2"),
+    QT_TRANSLATE_NOOP("Engine", "the machine says that it is there, and it is not"),
     QT_TRANSLATE_NOOP("Engine", "the server knows no hard links"),
     QT_TRANSLATE_NOOP("Engine", "the server gives no answer"),
     QT_TRANSLATE_NOOP("Engine", "making the directory %1"),

@@ -1152,6 +1152,10 @@
         <translation>kann nicht laufen: %1 lässt sich in einem Befehl für %2 nicht nennen</translation>
     </message>
     <message>
+        <source>the machine says that it is there, and it is not</source>
+        <translation>der Rechner sagt, sie sei da, und sie ist es nicht</translation>
+    </message>
+    <message>
         <source>the server knows no hard links</source>
         <translation>der Server kennt keine harten Verknüpfungen</translation>
     </message>
