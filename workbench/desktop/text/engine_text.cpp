@@ -14,7 +14,7 @@
 namespace workbench {
 namespace {
 
-constexpr const char* Context = "Engine";
+constexpr const char* EngineContext = "Engine";
 // No sentence of the engine holds more sentences than that.
 constexpr int MostLevels = 8;
 // What stands behind one of these is a name or a command, which no language changes.
@@ -108,10 +108,12 @@ QString WithPlaces(const QString& sentence, const QStringList& places) {
     const int place = sentence[i] == QLatin1Char('%') && i + 1 < sentence.size()
                           ? sentence[i + 1].digitValue()
                           : -1;
-    if (place < 1 || place > places.size())
+    if (place < 1 || place > places.size()) {
       text += sentence[i];
-    else
-      text += places[place - 1], ++i;
+      continue;
+    }
+    text += places[place - 1];
+    ++i;
   }
   return text;
 }
@@ -127,7 +129,7 @@ std::optional<QString> AsPattern(const QString& text, int level) {
       if (!pattern.IsName[static_cast<std::size_t>(i)])
         (*places)[i] = Translated((*places)[i], level + 1);
     }
-    return WithPlaces(QCoreApplication::translate(Context, pattern.Source), *places);
+    return WithPlaces(QCoreApplication::translate(EngineContext, pattern.Source), *places);
   }
   return std::nullopt;
 }
@@ -137,7 +139,7 @@ QString Translated(const QString& text, int level) {
   if (text.isEmpty() || level > MostLevels)
     return text;
   if (const auto whole = Tables().Whole.constFind(text); whole != Tables().Whole.constEnd())
-    return QCoreApplication::translate(Context, *whole);
+    return QCoreApplication::translate(EngineContext, *whole);
   if (const auto sentence = AsPattern(text, level))
     return *sentence;
   for (const QLatin1String& joint : Joints) {
