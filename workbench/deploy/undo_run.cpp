@@ -295,7 +295,7 @@ void TUndoRun::SetResult(const std::string& run, TRunResult result) {
 }
 
 void TUndoRun::WriteRecord(const TTargetRecord& record) {
-  const std::string problem = FStore.Write(*FConnection, record);
+  const std::string problem = FStore.Write(*FConnection, record, record.Runs);
   if (!problem.empty())
     FReport.Warnings.push_back("the target cannot remember what was taken back: " + problem);
 }
