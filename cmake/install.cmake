@@ -2,6 +2,8 @@
 # tree may be moved as a whole; the directories below the prefix are therefore fixed.
 set(DEPLOYMENT_ZSH_DIRECTORY share/zsh/site-functions CACHE STRING
   "Where zsh looks for completions, below the prefix")
+option(DEPLOYMENT_INSTALL_EXAMPLES
+  "Install the example projects, which hold programs for many machines" ON)
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 set(desktop_id org.deploymentmanager.DeploymentManager)
 
@@ -30,6 +32,13 @@ if(TARGET deployment-manager)
   install(FILES ${packaging}/desktop/${desktop_id}.desktop DESTINATION share/applications)
   install(FILES ${packaging}/desktop/${desktop_id}.metainfo.xml DESTINATION share/metainfo)
   install(FILES ${packaging}/desktop/${desktop_id}.xml DESTINATION share/mime/packages)
+  # What its first page offers: the guide, and projects to try it on.
+  install(FILES docs/user-guide.md DESTINATION share/deployment-manager/docs)
+  install(DIRECTORY docs/images DESTINATION share/deployment-manager/docs)
+  if(DEPLOYMENT_INSTALL_EXAMPLES)
+    install(DIRECTORY examples/sky-chart examples/tide-logger examples/wind-gauge
+      DESTINATION share/deployment-manager/examples USE_SOURCE_PERMISSIONS)
+  endif()
 endif()
 
 # For hosts: what they compile against, and where they find the module.

@@ -37,10 +37,14 @@ mv "$place/staged/opt/manager" "$first"
 for file in lib/deployment-manager/deployment-package.so \
   libexec/deployment-manager/deployment-askpass share/deployment-manager/ObjRepos/Deploy/defaults.de.xml \
   share/man/man1/deploymgr.1 share/man/man1/deploymgr-list.1 \
-  share/bash-completion/completions/deploymgr share/fish/vendor_completions.d/deploymgr.fish; do
+  share/bash-completion/completions/deploymgr share/fish/vendor_completions.d/deploymgr.fish \
+  share/deployment-manager/docs/user-guide.md share/deployment-manager/docs/images/window.png \
+  share/deployment-manager/examples/sky-chart/SkyChart.vproj; do
   [ -f "$first/$file" ] || fail "$file is not installed"
 done
-! find "$first" -perm /022 | grep . || fail "others may write to what is installed"
+[ -L "$first/share/deployment-manager/examples/wind-gauge/lib/Linux64/libbeaufort.so" ] ||
+  fail "a link of an example is installed as something else"
+! find "$first" ! -type l -perm /022 | grep . || fail "others may write to what is installed"
 
 # What most runs do without is loaded when it is needed; a build server has no Qt.
 if readelf -d "$first/bin/deploymgr" | grep -E 'NEEDED.*lib(crypto|archive|Qt)'; then

@@ -50,8 +50,12 @@ fs::path WritableExample(const TExampleProject& example) {
   const fs::path copy =
       fs::path(ToPathText(QDir::homePath())) / "Deployment Examples" / directory.filename();
   if (!fs::exists(copy)) {
+    // It gets its name when it is whole.
+    const fs::path part = copy.parent_path() / ("." + copy.filename().string() + ".part");
+    fs::remove_all(part);
     fs::create_directories(copy.parent_path());
-    fs::copy(directory, copy, fs::copy_options::recursive);
+    fs::copy(directory, part, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+    fs::rename(part, copy);
   }
   return copy / example.File.filename();
 }
