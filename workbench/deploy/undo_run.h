@@ -73,7 +73,7 @@ private:
   void TakeBack(const std::string& run, std::vector<TUndoItem>& items);
   void TakeBackSome(const std::string& run, std::span<TUndoItem> items);
   void TakeBackOne(TUndoItem& item);
-  void WriteRecord(const TTargetRecord& record);
+  bool WriteRecord(const TTargetRecord& record);
   void SetResult(const std::string& run, TRunResult result);
   void AddRows(const std::vector<TUndoItem>& items);
   TDeployEnd EndOf() const;
