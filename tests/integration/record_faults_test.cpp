@@ -48,7 +48,7 @@ TEST(RecordFaults, DeploysThatMeetLeaveOneOfThem) {
     place.Write("b", content);
     TRun first;
     std::thread other([&] { first = place.Do("deploy"); });
-    const TRun second = place.Do("deploy");
+    TRun second = place.Do("deploy");
     other.join();
     EXPECT_TRUE(first.Status == 0 || second.Status == 0) << first.Errors << second.Errors;
     for (const TRun* run : {&first, &second}) {
