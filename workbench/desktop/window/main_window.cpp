@@ -130,7 +130,7 @@ void TMainWindow::MakePages() {
   FPages->addWidget(FWelcome);
   FPages->addWidget(FTabs);
   FPanes = new TWindowPanes(FPages, this);
-  FProjectPanes = new TProjectPanes(FSession, *FProjects, *this);
+  FProjectPanes = new TProjectPanes(FSession, *FProjects, FLayout.HasDetails, *this);
   FPanes->AddBeside(&FProjectPanes->Details());
   FPanes->AddBelow(FPanel);
   FPanes->Restore(FLayout.Split, FLayout.Widths);
@@ -285,6 +285,7 @@ void TMainWindow::KeepLayout() const {
   layout.Geometry = saveGeometry();
   layout.Split = FPanes->Heights();
   layout.Widths = FPanes->Widths();
+  layout.HasDetails = FProjectPanes->WantsDetails();
   layout.Columns = FLayout.Columns;
   if (const TFormControls* controls = CurrentControls(); controls && controls->Tree())
     layout.Columns = controls->Tree()->View().header()->saveState();

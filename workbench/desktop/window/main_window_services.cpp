@@ -5,6 +5,7 @@
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/projects/recovery_question.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/window/connection_questions.h"
@@ -81,9 +82,9 @@ bool TMainWindow::MaySend(const std::vector<std::string>& files) {
 }
 
 void TMainWindow::ShowLostConnection(const std::string& profile, const std::string& reason) {
-  FProjectPanes->ConnectionLost(profile, Visible(reason));
+  FProjectPanes->ConnectionLost(profile, reason);
   FStatus->Say(tr("No connection to the files of %1: %2")
-                   .arg(ToQString(Visible(profile)), ToQString(Visible(reason))));
+                   .arg(ToQString(Visible(profile)), EngineText(reason)));
 }
 
 bool TMainWindow::CreateProfile(const deployment::ICustomProject& project,
@@ -98,7 +99,7 @@ bool TMainWindow::CreateProfile(const deployment::ICustomProject& project,
 void TMainWindow::OfferRecovery() {
   const TRecoverySearch search = FindRecoverable();
   for (const std::string& problem : search.Problems)
-    ShowError(tr("Unsaved Edits"), ToQString(problem), this);
+    ShowError(tr("Unsaved Edits"), EngineText(problem), this);
   for (const TRecoverable& recoverable : search.Found) {
     switch (AskRecovery(recoverable, this)) {
     case TRecoveryAnswer::Recover:
