@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace workbench::fuzz {
 namespace {
@@ -10,6 +11,9 @@ constexpr std::size_t LengthSize = 4;
 constexpr std::uint32_t FileKind = 0100000;
 constexpr std::uint32_t DirectoryKind = 0040000;
 constexpr std::uint32_t LinkKind = 0120000;
+constexpr std::uint64_t LargestPacket = 262'144;
+constexpr std::uint64_t LargestWrite = 1000; // small, so that small files go in several writes
+constexpr std::uint64_t MostHandles = 100;
 
 TSftpAttributes AttributesOf(const TModelFile& file) {
   const std::uint32_t kind = file.Kind == TModelFile::TKind::Plain       ? FileKind
@@ -66,7 +70,7 @@ std::string TModelServer::Hear(std::string_view bytes) {
       break;
     Answer(rest.substr(LengthSize, length), out);
     rest.remove_prefix(LengthSize + length);
-    if (AfterRequest)
+    if (AfterRequest && std::exchange(FHasChanged, false))
       AfterRequest();
   }
   FBytes = std::string(rest);
@@ -82,6 +86,8 @@ void TModelServer::Greet(std::string& out) {
     writer.Text("posix-rename@openssh.com");
     writer.Text("1");
     writer.Text("fsync@openssh.com");
+    writer.Text("1");
+    writer.Text("limits@openssh.com");
     writer.Text("1");
   }
   writer.End();
@@ -154,7 +160,8 @@ void TModelServer::Answer(std::string_view packet, std::string& out) {
   }
 }
 
-std::string TModelServer::Changing(std::string_view path) const {
+std::string TModelServer::Changing(std::string_view path) {
+  FHasChanged = true;
   if (OnChange)
     OnChange(std::string(path));
   return std::string(path);
@@ -267,6 +274,7 @@ TSftpStatus TModelServer::Write(TSftpParser& request) {
   const auto file = handle == FHandles.end() ? FFiles.end() : FFiles.find(handle->second.Path);
   if (file == FFiles.end())
     return TSftpStatus::Failure;
+  FHasChanged = true;
   std::string& content = file->second.Content;
   content.resize(std::max<std::size_t>(content.size(), offset + bytes.size()));
   content.replace(offset, bytes.size(), bytes);
@@ -300,8 +308,12 @@ TSftpStatus TModelServer::Move(const std::string& from, const std::string& to, b
 
 TSftpStatus TModelServer::Extended(TSftpParser& request, TByteBuffer& reply, std::uint32_t id) {
   const std::string_view name = request.Text();
-  static_cast<void>(reply);
-  static_cast<void>(id);
+  if (FHasPosixRename && name == "limits@openssh.com") {
+    TReply limits(reply, TSftpPacket::ExtendedReply, id);
+    for (const std::uint64_t limit : {LargestPacket, LargestPacket, LargestWrite, MostHandles})
+      limits->LongNumber(limit);
+    return TSftpStatus::Ok;
+  }
   if (FHasPosixRename && name == "posix-rename@openssh.com") {
     const std::string from = Changing(request.Text());
     return Move(from, Changing(request.Text()), true);

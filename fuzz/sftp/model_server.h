@@ -46,7 +46,7 @@ public:
   bool HasInvented() const { return FHasInvented; }
   /// Called before each request that changes something, with the paths that it names.
   std::function<void(const std::string& path)> OnChange;
-  /// Called after each request.
+  /// Called after each request that may have changed something.
   std::function<void()> AfterRequest;
 
 private:
@@ -66,7 +66,7 @@ private:
   TSftpStatus Remove(const std::string& path);
   TSftpStatus MakeDirectory(const std::string& path);
   bool HasParent(const std::string& path) const;
-  std::string Changing(std::string_view path) const;
+  std::string Changing(std::string_view path);
 
   TModelFiles FFiles;
   TFuzzInput FLies;
@@ -78,6 +78,7 @@ private:
   std::map<std::string, THandle, std::less<>> FHandles;
   unsigned FHandleCount = 0;
   bool FHasPosixRename = false;
+  bool FHasChanged = false;
   bool FHasEnded = false;
   bool FIsHonest = true;
   bool FHasPretended = false;

@@ -15,36 +15,42 @@ namespace {
 
 const std::string Root = "/srv/app";
 
+std::string FinalPathOf(const std::string& directory, const std::string& name) {
+  return Root + "/" + (directory.empty() ? "" : directory + "/") + name;
+}
+
 struct TSource {
   const char* Directory;
   const char* Name;
   std::string Content;
   std::string Old; ///< what stands on the target; none when it is empty
+  std::string Final = FinalPathOf(Directory, Name);
 };
 
+// Those that replace another one go in one write: of several, one that the server pretends to have
+// taken leaves the size as it should be, and the size is all that is looked at.
 const std::vector<TSource>& Sources() {
-  static const std::vector<TSource> sources{
-      {"", "empty.txt", "", "was there"},
-      {"", "small.txt", "ten bytes.", ""},
-      {"data", "changed.dat", std::string(3000, 'n'), "old"},
-      {"data/deep", "large.dat", std::string(70'000, 'l'), ""}};
+  static const std::vector<TSource> sources{{"", "empty.txt", "", "was there"},
+                                            {"", "small.txt", "ten bytes.", ""},
+                                            {"data", "changed.dat", std::string(900, 'n'), "old"},
+                                            {"data/deep", "large.dat", std::string(4500, 'l'), ""}};
   return sources;
 }
 
-std::string FinalPath(const TSource& source) {
-  const std::string directory = source.Directory;
-  return Root + "/" + (directory.empty() ? "" : directory + "/") + source.Name;
-}
-
-TModelFiles StartFiles() {
+TModelFiles MakeStartFiles() {
   TModelFiles files;
   for (const char* directory : {"/", "/srv", "/srv/app", "/srv/app/data", "/home", "/home/user"})
     files[directory] = {TModelFile::TKind::Directory, {}, 0755, 1'700'000'000};
   files["/etc.conf"] = {TModelFile::TKind::Plain, "not ours", 0644, 1'700'000'000};
   for (const TSource& source : Sources()) {
     if (!source.Old.empty())
-      files[FinalPath(source)] = {TModelFile::TKind::Plain, source.Old, 0644, 1'700'000'000};
+      files[source.Final] = {TModelFile::TKind::Plain, source.Old, 0644, 1'700'000'000};
   }
+  return files;
+}
+
+const TModelFiles& StartFiles() {
+  static const TModelFiles files = MakeStartFiles();
   return files;
 }
 
@@ -52,7 +58,7 @@ void CheckFinalNames(const TModelServer& server) {
   if (server.HasPretended()) // to have taken bytes, perhaps
     return;
   for (const TSource& source : Sources()) {
-    const TModelFile* file = server.Find(FinalPath(source));
+    const TModelFile* file = server.Find(source.Final);
     Require(!file || file->Content == source.Content ||
                 (!source.Old.empty() && file->Content == source.Old),
             "a final name holds nothing, the old file or the whole new one", source.Name);
@@ -67,7 +73,7 @@ void CheckNothingLost(const TModelServer& server) {
   for (const TSource& source : Sources()) {
     if (source.Old.empty())
       continue;
-    const TModelFile* file = server.Find(FinalPath(source));
+    const TModelFile* file = server.Find(source.Final);
     bool isKept = file && (file->Content == source.Content || file->Content == source.Old);
     for (const auto& [path, each] : server.Files())
       isKept = isKept || each.Content == source.Old;
@@ -122,7 +128,7 @@ void CheckSent(const TJob& job, const TModelServer& server) {
   Require(job.IsOver(), "every file that was begun is done");
   for (const auto& [index, outcome] : job.Outcomes) {
     const TSource& source = Sources()[index];
-    const TModelFile* file = server.Find(FinalPath(source));
+    const TModelFile* file = server.Find(source.Final);
     if (outcome.Problem.empty() && !server.HasPretended())
       Require(file && file->Content == source.Content, "what is called done was done", source.Name);
     if (server.IsHonest() && file && !outcome.Problem.empty())

@@ -1,4 +1,5 @@
 // Links that are deployed as links.
+#include "tests/integration/link_place.h"
 #include "tests/integration/ssh_place.h"
 
 #include <algorithm>
@@ -9,24 +10,6 @@ namespace {
 namespace fs = std::filesystem;
 using TTexts = std::vector<std::string>;
 
-// A library of three names.
-void WriteLibrary(const TWorkplace& place, const std::string& content = "library") {
-  place.Write("lib/libx.so.1.2.3", content);
-  fs::create_symlink("libx.so.1.2.3", place.Path("lib/libx.so.1"));
-  fs::create_symlink("libx.so.1", place.Path("lib/libx.so"));
-}
-
-// A project with the library on its list, and a folder as its target.
-void MakeLibraryProject(const TWorkplace& place) {
-  WriteLibrary(place);
-  ASSERT_EQ(place.Run({"new", "p.vproj", "--platforms", "Linux64"}).Status, 0);
-  ASSERT_EQ(place.Run({"add", "p.vproj", "lib/libx.so"}).Status, 0);
-  ASSERT_EQ(
-      place.Run({"profile", "add", "box", "-p", "Linux64", "--path", "there", "--default"}).Status,
-      0);
-  place.Write("Linux64/Debug/p", "program");
-}
-
 // "name: action, state" of each file of a deploy.
 TTexts RowsOfDeploy(const TRun& run) {
   TTexts rows;
@@ -36,12 +19,6 @@ TTexts RowsOfDeploy(const TRun& run) {
                    file["action"].get<std::string>() + ", " + file["state"].get<std::string>());
   std::ranges::sort(rows);
   return rows;
-}
-
-std::string LinkAt(const TWorkplace& place, const std::string& name) {
-  std::error_code error;
-  const fs::path text = fs::read_symlink(place.Path(name), error);
-  return error ? "no link" : text.string();
 }
 
 TEST(Links, OfALibraryComeWithOneWord) {

@@ -3,11 +3,16 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <fcntl.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <poll.h>
 #include <stdexcept>
 #include <string_view>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <thread>
@@ -75,6 +80,17 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
   return pointers;
 }
 
+// In this process and those that it starts, every attempt ends as where there are none.
+bool DenyHardLinks() {
+  std::array<sock_filter, 4> filter{{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                                     BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_linkat, 0, 1),
+                                     BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM),
+                                     BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)}};
+  const sock_fprog program{filter.size(), filter.data()};
+  return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+         ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
 // One run from its start to its end.
 class TProcess {
 public:
@@ -94,6 +110,7 @@ public:
     if (aside.joinable())
       aside.join();
     FRun.Status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    FRun.IsTerminalSilent = FStart.Answer && IsSilent();
     return std::move(FRun);
   }
 
@@ -110,7 +127,8 @@ private:
       ::dup2(FOutput.Write.Get(), STDOUT_FILENO);
       ::dup2(FErrors.Write.Get(), STDERR_FILENO);
       if (::setpgid(0, 0) != 0 || ::chdir(FStart.Directory.c_str()) != 0 ||
-          (FStart.AsNobody && (::setgid(Nobody) != 0 || ::setuid(Nobody) != 0)))
+          (FStart.AsNobody && (::setgid(Nobody) != 0 || ::setuid(Nobody) != 0)) ||
+          (FStart.WithoutHardLinks && !DenyHardLinks()))
         ::_exit(126);
       ::execvpe(arguments[0], arguments.data(), environment.data());
       ::_exit(127);
@@ -158,6 +176,11 @@ private:
       file.fd = -1;
   }
 
+  bool IsSilent() const {
+    termios state = {};
+    return ::tcgetattr(FTerminal.Get(), &state) == 0 && (state.c_lflag & ECHO) == 0;
+  }
+
   void AnswerQuestion() {
     const std::string_view text = FRun.Errors;
     // A choice, or a question of the SSH client.
@@ -165,9 +188,7 @@ private:
         !(text.ends_with("] ") || text.ends_with("': ")))
       return;
     FAnswered = text.size();
-    termios state = {};
-    const bool isHidden = ::tcgetattr(FTerminal.Get(), &state) == 0 && (state.c_lflag & ECHO) == 0;
-    const std::string answer = FStart.Answer({FRun.Errors, FChild, isHidden}) + "\n";
+    const std::string answer = FStart.Answer({FRun.Errors, FChild, IsSilent()}) + "\n";
     // Whoever answered may have ended the program.
     if (::write(FTerminal.Get(), answer.data(), answer.size()) < 0 && errno != EIO)
       throw std::runtime_error("the terminal takes no answer");

@@ -17,6 +17,7 @@ struct TRun {
   int Status = -1; ///< exit status; 128 and the signal for a killed one
   std::string Output;
   std::string Errors;
+  bool IsTerminalSilent = false; ///< it left a terminal that does not show what is typed
 
   /// The whole document that was printed.
   nlohmann::ordered_json Document() const { return nlohmann::ordered_json::parse(Output); }
@@ -40,7 +41,8 @@ struct TStart {
   std::vector<std::string> Command; ///< the program is looked up
   std::vector<std::string> Environment;
   std::filesystem::path Directory;
-  bool AsNobody = false; ///< as a user without rights; the caller must be root
+  bool AsNobody = false;         ///< as a user without rights; the caller must be root
+  bool WithoutHardLinks = false; ///< none can be made, as on a file system that has none
   /// What a person at the terminal types at a question, without the line end; without one standard
   /// input is empty.
   std::function<std::string(const TQuestion&)> Answer;

@@ -112,6 +112,7 @@ TPlanOptions TDeployRun::PlanOptions() const {
       .RootName = FFacts.Destination.Profile ? FFacts.RootName : "",
       .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FFacts.Target.Platform),
       .Target = FFacts.Target,
+      .Cancelled = &FCancelled,
   };
 }
 
@@ -129,7 +130,7 @@ void TDeployRun::MakePlan() {
 // A plan that was made earlier is carried out as it stands, or not at all.
 void TDeployRun::TakePlan() {
   FPlan = std::move(FFacts.Given->Plan);
-  std::vector<std::string> causes = CheckLocalFiles(FPlan);
+  std::vector<std::string> causes = CheckLocalFiles(FPlan, &FCancelled);
   FConnection = FConnect();
   BeginRecord();
   const TTargetRecord& record = TakeRecord();

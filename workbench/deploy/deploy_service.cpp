@@ -159,7 +159,7 @@ TDeployReport TDeployService::Apply(const TPlanFile& file, const TRunTerms& term
         file.Bound,
         FDestinations.BindingOf(*destination, terms.Cancelled ? *terms.Cancelled : goesOn));
     if (!report.Problems.empty()) {
-      const std::vector<std::string> local = CheckLocalFiles(file.Plan);
+      const std::vector<std::string> local = CheckLocalFiles(file.Plan, terms.Cancelled);
       report.Problems.insert(report.Problems.end(), local.begin(), local.end());
       report.End = TDeployEnd::Unexpected;
       return;

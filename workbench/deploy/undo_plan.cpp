@@ -29,6 +29,7 @@ public:
       FItems.push_back({.File = file});
     Resolve();
     Examine(store, foreseen);
+    ReadLinks(foreseen);
     AskHashes();
     for (std::size_t i = 0; i < FItems.size(); ++i) {
       if (FItems[i].Reason.empty())
@@ -40,9 +41,11 @@ public:
 private:
   void Resolve();
   void Examine(const TUndoStore& store, const TForeseen& foreseen);
+  void ReadLinks(const TForeseen& foreseen);
   void AskHashes();
-  void Decide(TUndoItem& item, const TRemoteStatus& there, bool isPut) const;
-  void DecideReplaced(TUndoItem& item, const TRemoteStatus& there, bool isPut) const;
+  void Decide(TUndoItem& item, const TThere& there, bool isPut) const;
+  void DecideReplaced(TUndoItem& item, const TThere& there, bool isPut) const;
+  static bool IsAsBefore(const TUndoFile& file, const TThere& there);
   std::optional<TExpected> ExpectedOf(const TUndoFile& file) const;
 
   static void Refuse(TUndoItem& item, std::string reason) {
@@ -54,9 +57,9 @@ private:
   const TUndoManifest& FManifest;
   const TTargetRecord& FRecord;
   std::vector<TUndoItem> FItems;
-  std::vector<TRemoteStatus> FThere; // of each item
-  std::vector<bool> FIsKept;         // what was kept of it is there
-  std::vector<bool> FIsPut;          // what the deploy put there is there
+  std::vector<TThere> FThere; // of each item
+  std::vector<bool> FIsKept;  // what was kept of it is there
+  std::vector<bool> FIsPut;   // what the deploy put there is there
 };
 
 void TUndoPlanner::Resolve() {
@@ -105,16 +108,33 @@ void TUndoPlanner::Examine(const TUndoStore& store, const TForeseen& foreseen) {
   FIsKept.assign(FItems.size(), false);
   const std::vector<TRemoteStatus> there = FConnection.Examine(names);
   for (std::size_t i = 0; i < there.size(); ++i)
-    FThere[itemOf[i]] = there[i];
+    FThere[itemOf[i]].Status = there[i];
   const std::vector<TRemoteStatus> answers = FConnection.Examine(kept);
   for (std::size_t i = 0; i < answers.size(); ++i)
     FIsKept[keptOf[i]] = answers[i].Kind == TRemoteKind::File;
   for (std::size_t i = 0; i < FItems.size(); ++i) {
     if (const auto later = foreseen.find(FItems[i].File.Path); later != foreseen.end())
       FThere[i] = later->second;
-    if (!FThere[i].Problem.empty())
-      Refuse(FItems[i], "it cannot be examined: " + FThere[i].Problem);
+    const std::string& problem = FThere[i].Status.Problem;
+    if (!problem.empty())
+      Refuse(FItems[i], "it cannot be examined: " + problem);
   }
+}
+
+void TUndoPlanner::ReadLinks(const TForeseen& foreseen) {
+  std::vector<TRemoteName> names;
+  std::vector<std::size_t> itemOf;
+  for (std::size_t i = 0; i < FItems.size(); ++i) {
+    if (FThere[i].Status.Kind != TRemoteKind::Link || foreseen.contains(FItems[i].File.Path))
+      continue;
+    names.push_back(FItems[i].Target);
+    itemOf.push_back(i);
+  }
+  if (names.empty())
+    return;
+  std::vector<TRemoteLink> links = FConnection.ReadLinks(names);
+  for (std::size_t i = 0; i < links.size(); ++i)
+    FThere[itemOf[i]].Link = std::move(links[i].Text);
 }
 
 // The record knows better than the manifest what was put there: a file may have changed between
@@ -134,14 +154,15 @@ void TUndoPlanner::AskHashes() {
   std::vector<TRemoteName> names;
   std::vector<std::size_t> asked;
   for (std::size_t i = 0; i < FItems.size(); ++i) {
+    const TRemoteStatus& there = FThere[i].Status;
     const auto expected = ExpectedOf(FItems[i].File);
     if (!FItems[i].File.PutLink.empty()) {
-      FIsPut[i] = FThere[i].Kind == TRemoteKind::Link;
+      FIsPut[i] = there.Kind == TRemoteKind::Link && FThere[i].Link == FItems[i].File.PutLink;
       continue;
     }
-    if (!expected || FThere[i].Kind != TRemoteKind::File || FThere[i].Size != expected->Mark.Size)
+    if (!expected || there.Kind != TRemoteKind::File || there.Size != expected->Mark.Size)
       continue;
-    FIsPut[i] = WholeSeconds(FThere[i].Modified) == expected->Mark.Time;
+    FIsPut[i] = WholeSeconds(there.Modified) == expected->Mark.Time;
     if (FIsPut[i] || expected->Hash.empty())
       continue;
     names.push_back(FItems[i].Target);
@@ -154,8 +175,8 @@ void TUndoPlanner::AskHashes() {
     FIsPut[asked[i]] = hashes[i] == ExpectedOf(FItems[asked[i]].File)->Hash;
 }
 
-void TUndoPlanner::Decide(TUndoItem& item, const TRemoteStatus& there, bool isPut) const {
-  const bool isThere = there.Kind != TRemoteKind::None;
+void TUndoPlanner::Decide(TUndoItem& item, const TThere& there, bool isPut) const {
+  const bool isThere = there.Status.Kind != TRemoteKind::None;
   switch (item.File.Kind) {
   case TUndoKind::Remove:
     if (isPut)
@@ -176,16 +197,21 @@ void TUndoPlanner::Decide(TUndoItem& item, const TRemoteStatus& there, bool isPu
   }
 }
 
-void TUndoPlanner::DecideReplaced(TUndoItem& item, const TRemoteStatus& there, bool isPut) const {
+bool TUndoPlanner::IsAsBefore(const TUndoFile& file, const TThere& there) {
+  const TRemoteStatus& status = there.Status;
+  if (file.Kind == TUndoKind::Link)
+    return status.Kind == TRemoteKind::Link && there.Link == file.Link;
+  return status.Kind == TRemoteKind::File && status.Size == file.Before->Size &&
+         WholeSeconds(status.Modified) == file.Before->Time;
+}
+
+void TUndoPlanner::DecideReplaced(TUndoItem& item, const TThere& there, bool isPut) const {
   const TUndoFile& file = item.File;
   const auto index = static_cast<std::size_t>(&item - FItems.data());
+  const bool isThere = there.Status.Kind != TRemoteKind::None;
   const bool canRestore = file.Kind == TUndoKind::Link || FIsKept[index];
-  const bool isAsBefore = file.Kind == TUndoKind::Link
-                              ? there.Kind == TRemoteKind::Link
-                              : there.Kind == TRemoteKind::File &&
-                                    there.Size == file.Before->Size &&
-                                    WholeSeconds(there.Modified) == file.Before->Time;
-  const bool isAsDeployed = file.Put ? isPut : there.Kind == TRemoteKind::None;
+  const bool isAsBefore = IsAsBefore(file, there);
+  const bool isAsDeployed = file.Put ? isPut : !isThere;
   if (isAsDeployed && canRestore)
     item.Action = TUndoAction::Restored;
   else if (isAsBefore)
@@ -193,8 +219,8 @@ void TUndoPlanner::DecideReplaced(TUndoItem& item, const TRemoteStatus& there, b
   else if (isAsDeployed)
     Refuse(item, "what was kept of it is gone");
   else
-    Refuse(item, there.Kind == TRemoteKind::None ? "it was removed from the target since"
-                                                 : "it was changed on the target since");
+    Refuse(item,
+           isThere ? "it was changed on the target since" : "it was removed from the target since");
 }
 
 } // namespace
@@ -214,7 +240,7 @@ std::vector<TUndoItem> PlanUndo(IRemoteConnection& connection, const TUndoStore&
 void Foresee(const std::vector<TUndoItem>& items, TForeseen& foreseen) {
   for (const TUndoItem& item : items) {
     if (item.Action == TUndoAction::Removed)
-      foreseen.insert_or_assign(item.File.Path, TRemoteStatus());
+      foreseen.insert_or_assign(item.File.Path, TThere());
     if (item.Action != TUndoAction::Restored)
       continue;
     TRemoteStatus status{.Kind = item.File.Kind == TUndoKind::Link ? TRemoteKind::Link
@@ -224,7 +250,7 @@ void Foresee(const std::vector<TUndoItem>& items, TForeseen& foreseen) {
       status.Size = item.File.Before->Size;
       status.Modified = deployment::TFileTime(std::chrono::seconds(item.File.Before->Time));
     }
-    foreseen.insert_or_assign(item.File.Path, status);
+    foreseen.insert_or_assign(item.File.Path, TThere{status, item.File.Link});
   }
 }
 

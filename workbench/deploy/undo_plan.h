@@ -31,8 +31,14 @@ struct TUndoItem {
   std::string RemoteFile() const { return Target.Path(); }
 };
 
+/// What stands under a name, and where it leads when it is a link.
+struct TThere {
+  TRemoteStatus Status = {};
+  std::string Link = {};
+};
+
 /// What is there when runs before this one will have been taken back, by path in the record.
-using TForeseen = std::unordered_map<std::string, TRemoteStatus>;
+using TForeseen = std::unordered_map<std::string, TThere>;
 
 /// Decides about each file of a manifest. Throws TConnectionError.
 std::vector<TUndoItem> PlanUndo(IRemoteConnection& connection, const TUndoStore& store,

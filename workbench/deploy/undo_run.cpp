@@ -205,8 +205,8 @@ void TUndoRun::Execute(const TUndoManifest& manifest) {
   });
   if (isWhole)
     SetResult(manifest.Run.Id, TRunResult::Undone);
-  WriteRecord(FRecord);
-  if (isWhole)
+  // Where the record still says that the run stands, it is taken back once more, which ends that.
+  if (WriteRecord(FRecord) && isWhole)
     FUndo.Drop(*FConnection, manifest.Run.Id);
 }
 
@@ -306,10 +306,11 @@ void TUndoRun::SetResult(const std::string& run, TRunResult result) {
     found->Result = result;
 }
 
-void TUndoRun::WriteRecord(const TTargetRecord& record) {
+bool TUndoRun::WriteRecord(const TTargetRecord& record) {
   const std::string problem = FStore.Write(*FConnection, record, record.Runs);
   if (!problem.empty())
     FReport.Warnings.push_back("the target cannot remember what was taken back: " + problem);
+  return problem.empty();
 }
 
 TDeployEnd TUndoRun::EndOf() const {

@@ -75,7 +75,7 @@ private:
   void StampBack(std::span<TUndoItem> items);
   static void FailFor(TUndoItem& item, const std::string& problem);
   void MakeLinkBack(TUndoItem& item);
-  void WriteRecord(const TTargetRecord& record);
+  bool WriteRecord(const TTargetRecord& record);
   void SetResult(const std::string& run, TRunResult result);
   void AddRows(const std::vector<TUndoItem>& items);
   TDeployEnd EndOf() const;

@@ -21,7 +21,8 @@ TSHA256::TSHA256() {
 }
 
 std::optional<std::string> FileSHA256(const std::filesystem::path& file,
-                                      std::optional<std::uint64_t> size) {
+                                      std::optional<std::uint64_t> size,
+                                      const std::function<bool()>& isCancelled) {
   const TFileDescriptor source(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (!source.IsOpen())
     return std::nullopt;
@@ -29,6 +30,8 @@ std::optional<std::string> FileSHA256(const std::filesystem::path& file,
   std::vector<char> block(BlockSize);
   std::uint64_t left = size.value_or(UINT64_MAX);
   while (left > 0) {
+    if (isCancelled && isCancelled())
+      return std::nullopt;
     const ssize_t count =
         ::read(source.Get(), block.data(), std::min<std::uint64_t>(left, block.size()));
     if (count < 0 && errno == EINTR)

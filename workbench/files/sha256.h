@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -40,9 +41,10 @@ private:
   std::unique_ptr<IDigest> FDigest;
 };
 
-/// Of the first `size` bytes of the file, or of all of it. Nothing when it cannot be read or is
-/// shorter.
+/// Of the first `size` bytes of the file, or of all of it. Nothing when it cannot be read, is
+/// shorter, or the work is cancelled, which is asked between blocks.
 std::optional<std::string> FileSHA256(const std::filesystem::path& file,
-                                      std::optional<std::uint64_t> size = std::nullopt);
+                                      std::optional<std::uint64_t> size = std::nullopt,
+                                      const std::function<bool()>& isCancelled = {});
 
 } // namespace workbench

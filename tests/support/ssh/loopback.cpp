@@ -49,6 +49,7 @@ TTextServer::TTextServer(const std::string& text)
     : FListener([this, text](int connection) {
         FConnections.push_back(connection);
         static_cast<void>(::send(connection, text.data(), text.size(), MSG_NOSIGNAL));
+        ++FCount;
       }) {}
 
 TTextServer::~TTextServer() {

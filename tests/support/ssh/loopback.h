@@ -1,6 +1,8 @@
 // Servers that are not what a client hopes for.
 #pragma once
 
+#include <atomic>
+#include <cstddef>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -40,9 +42,12 @@ public:
   ~TTextServer();
 
   unsigned Port() const { return FListener.Port(); }
+  /// How many have connected so far.
+  std::size_t Count() const { return FCount; }
 
 private:
   std::vector<int> FConnections;
+  std::atomic<std::size_t> FCount = 0;
   TLoopbackListener FListener;
 };
 

@@ -158,18 +158,26 @@ void TSshServer::ChangeHostKey() {
 void TSshServer::SetTransfer(const std::string& script) {
   const fs::path file = FDirectory / "transfer.sh";
   std::ofstream(file) << script << '\n';
-  WriteConfiguration("/bin/sh " + file.string());
+  FTransfer = "/bin/sh " + file.string();
+  WriteConfiguration();
 }
 
 void TSshServer::ResetTransfer() {
-  WriteConfiguration(TransferProgram);
+  FTransfer = TransferProgram;
+  WriteConfiguration();
 }
 
-void TSshServer::WriteConfiguration(const std::string& transfer) const {
+void TSshServer::SetSearchPath(const std::string& directories) {
+  FSearchPath = directories;
+  WriteConfiguration();
+}
+
+void TSshServer::WriteConfiguration() const {
   std::ofstream(FDirectory / "sshd_config")
       << "HostKey " << (FDirectory / "host_key").string() << '\n'
       << "AuthorizedKeysFile " << (FDirectory / "authorized_keys").string() << '\n'
-      << "Subsystem sftp " << transfer << '\n'
+      << "Subsystem sftp " << FTransfer << '\n'
+      << (FSearchPath.empty() ? std::string() : "SetEnv PATH=" + FSearchPath + "\n")
       << "PidFile none\nStrictModes no\nUsePAM no\nPasswordAuthentication no\n"
          "KbdInteractiveAuthentication no\nPermitRootLogin yes\nPrintMotd no\nUseDNS no\n";
 }

@@ -46,16 +46,20 @@ public:
   void SetTransfer(const std::string& script);
   /// From the next connection on: the usual file transfer program.
   void ResetTransfer();
+  /// From the next connection on: where commands are looked up.
+  void SetSearchPath(const std::string& directories);
   /// Ends the connections at once, as a machine does that loses its power.
   void KillConnections();
   /// Lets the connections stand without an answer, as a line does that is cut.
   void FreezeConnections();
 
 private:
-  void WriteConfiguration(const std::string& transfer) const;
+  void WriteConfiguration() const;
   void Serve(int connection);
 
   std::filesystem::path FDirectory;
+  std::string FTransfer;
+  std::string FSearchPath;
   std::mutex FMutex;
   std::vector<pid_t> FServers;
   std::unique_ptr<TLoopbackListener> FListener;

@@ -63,6 +63,7 @@ public:
          .Options = FOptions,
          .Cancelled = &cancelled},
         report);
+    CheckNotInterrupted(cancelled);
     return Tell(context, plan, report, FFile);
   }
 

@@ -7,7 +7,6 @@
 #include "workbench/deploy/plan/outside_sources.h"
 #include "workbench/deploy/plan/plan_collisions.h"
 #include "workbench/deploy/record/record_place.h"
-#include "workbench/files/sha256.h"
 #include "workbench/remote/target/file_times.h"
 #include "workbench/remote/target/remote_path.h"
 
@@ -141,26 +140,17 @@ void TPlanner::ResolveDirectories() {
 void TPlanner::FindLinks() {
   if (!FOptions.KeepLinks || !FConnection->KnowsLinks())
     return;
-  std::vector<TLinkCandidate> candidates;
-  candidates.reserve(FPlan.Files.size());
-  for (const TPlannedFile& file : FPlan.Files) {
-    const bool isCopied = file.File.Operation == TDeployOperation::Copy ||
-                          file.File.Operation == TDeployOperation::CopyExecutable;
-    candidates.push_back(
-        {file.File.LocalFile, file.Target,
-         isCopied && !file.RecordPath.empty() && file.State != TFileState::MissingHere});
-  }
-  std::vector<std::string> texts = LinkTexts(candidates);
+  std::vector<std::string> texts = LinkTextsOf(FPlan);
   for (std::size_t i = 0; i < texts.size(); ++i) {
     if (texts[i].empty())
       continue;
     TPlannedFile& file = FPlan.Files[i];
     file.Bytes = 0;
     file.Mode = LinkRights;
-    TSHA256 hash;
-    hash.Add(texts[i]);
-    file.Local = {
-        .Size = texts[i].size(), .Hash = hash.Text(), .IsPlainFile = false, .Link = texts[i]};
+    file.Local = {.Size = texts[i].size(),
+                  .Hash = LinkHash(texts[i]),
+                  .IsPlainFile = false,
+                  .Link = texts[i]};
     file.Link = std::move(texts[i]);
   }
 }
@@ -269,7 +259,8 @@ void TPlanner::DecideStates(const std::vector<TRemoteStatus>& remote) {
     TPlannedFile& file = FPlan.Files[i];
     if (!sides[i].There)
       continue;
-    file.HashThere = sides[i].There->Hash;
+    file.HashThere =
+        sides[i].There->Link.empty() ? sides[i].There->Hash : LinkHash(sides[i].There->Link);
     // Size and time said already whose content it is.
     if (file.HashThere.empty() && file.State == TFileState::Same)
       file.HashThere = file.Local.Hash;
@@ -293,8 +284,7 @@ void TPlanner::DecideByContent(std::vector<std::size_t> undecided,
         continue;
       rest.push_back(i);
       if (decision.NeedsHashHere) {
-        // A file that cannot be read fails when it is sent; until then it is a content of its own.
-        file.Local.Hash = FileSHA256(file.File.LocalFile).value_or(std::string(UnreadableHere));
+        file.Local.Hash = HashHere(file.File.LocalFile, FOptions.Cancelled);
         sides[i].Here->Hash = file.Local.Hash;
       }
       if (decision.NeedsHashThere) {
@@ -380,6 +370,19 @@ std::vector<std::string> CommandsOf(const std::vector<TDeployFile>& files,
   if (!afterDeploy.empty())
     commands.push_back("on the target: " + afterDeploy);
   return commands;
+}
+
+std::vector<std::string> LinkTextsOf(const TDeployPlan& plan) {
+  std::vector<TLinkCandidate> candidates;
+  candidates.reserve(plan.Files.size());
+  for (const TPlannedFile& file : plan.Files) {
+    const bool isCopied = file.File.Operation == TDeployOperation::Copy ||
+                          file.File.Operation == TDeployOperation::CopyExecutable;
+    candidates.push_back(
+        {file.File.LocalFile, file.Target,
+         isCopied && !file.RecordPath.empty() && file.State != TFileState::MissingHere});
+  }
+  return LinkTexts(candidates);
 }
 
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,

@@ -9,6 +9,7 @@
 #include "workbench/remote/target/remote_connection.h"
 #include "workbench/remote/target/target_place.h"
 
+#include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -47,6 +48,7 @@ struct TPlanOptions {
   std::string RootName = {};
   TPlaceRules Places = {};
   deployment::TDeploymentTarget Target = {};
+  const std::atomic<int>* Cancelled = nullptr; ///< null: never
 };
 
 /// One file of a plan.
@@ -77,6 +79,7 @@ struct TLeftOver {
   std::string LocalName;
   TFileState State = TFileState::LeftOver; ///< or LeftOverChanged
   TRemoteStatus There = {};
+  std::string HashThere = {}; ///< where it is what was deployed
 
   std::string RemoteFile() const { return Target.Directory + "/" + Target.Name; }
 };
@@ -103,6 +106,9 @@ struct TDeployPlan {
 /// its profile.
 std::vector<std::string> CommandsOf(const std::vector<TDeployFile>& files,
                                     const TPlaceRules& places, const std::string& afterDeploy);
+
+/// What each file is to store that is deployed as a link; empty for the others.
+std::vector<std::string> LinkTextsOf(const TDeployPlan& plan);
 
 /// True when carrying the plan out changes files of the target.
 bool ChangesFiles(const TDeployPlan& plan);

@@ -1,6 +1,7 @@
 #include "workbench/deploy/plan/left_overs.h"
 
 #include "package/common/case_fold.h"
+#include "workbench/files/sha256.h"
 
 #include <deque>
 #include <string>
@@ -91,6 +92,8 @@ void DecideStates(IRemoteConnection& connection, const TTargetRecord& record,
       continue;
     }
     candidates[i].State = DecideLeftOverState(sides[i], comparing).State;
+    if (candidates[i].State == TFileState::LeftOver)
+      candidates[i].HashThere = sides[i].Deployed->Hash;
     candidates[i].There = answers[i];
     plan.LeftOvers.push_back(std::move(candidates[i]));
   }
@@ -105,6 +108,7 @@ TPlannedFile RemovalOf(const TLeftOver& leftOver) {
   file.Target = leftOver.Target;
   file.RecordPath = leftOver.RecordPath;
   file.There = leftOver.There;
+  file.HashThere = leftOver.HashThere;
   file.State = leftOver.State;
   file.Action = TDeployAction::Removed;
   if (leftOver.State == TFileState::LeftOverChanged) {
@@ -113,6 +117,15 @@ TPlannedFile RemovalOf(const TLeftOver& leftOver) {
                   "deployed";
   }
   return file;
+}
+
+std::string HashHere(const std::filesystem::path& file, const std::atomic<int>* cancelled) {
+  const auto isCancelled = [cancelled] { return cancelled && *cancelled != 0; };
+  std::optional<std::string> hash = FileSHA256(file, std::nullopt, isCancelled);
+  if (isCancelled())
+    throw TConnectionError("the run was interrupted");
+  // A file that cannot be read fails when it is sent; until then it is a content of its own.
+  return std::move(hash).value_or(std::string(UnreadableHere));
 }
 
 std::optional<TContent> ContentOf(const TRemoteStatus& remote) {

@@ -4,7 +4,10 @@
 
 #include "workbench/deploy/plan/deploy_plan.h"
 
+#include <atomic>
+#include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,6 +16,10 @@ namespace workbench {
 /// Stand for the hash of a file that cannot be read: it is a content of its own.
 inline constexpr std::string_view UnreadableHere = "unreadable here";
 inline constexpr std::string_view UnreadableThere = "unreadable there";
+
+/// The hash of a file of this machine. Throws TConnectionError when the run is cancelled meanwhile;
+/// null is never cancelled.
+std::string HashHere(const std::filesystem::path& file, const std::atomic<int>* cancelled);
 
 /// What the target says of a file, as content; nothing where nothing is.
 std::optional<TContent> ContentOf(const TRemoteStatus& remote);

@@ -1,5 +1,7 @@
 #include "workbench/deploy/plan/link_texts.h"
 
+#include "workbench/files/sha256.h"
+
 #include <system_error>
 #include <unordered_map>
 
@@ -59,6 +61,12 @@ std::vector<std::string> LinkTexts(std::span<const TLinkCandidate> files) {
                    .generic_string();
   }
   return texts;
+}
+
+std::string LinkHash(std::string_view text) {
+  TSHA256 hash;
+  hash.Add(text);
+  return hash.Text();
 }
 
 } // namespace workbench

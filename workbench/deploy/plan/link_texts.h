@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace workbench {
@@ -22,5 +23,8 @@ struct TLinkCandidate {
 /// part in the deploy: it leads to that one's place there. So a link never leads out of what is
 /// deployed, whatever stands in it, and never to nothing.
 std::vector<std::string> LinkTexts(std::span<const TLinkCandidate> files);
+
+/// SHA-256 of what a link stores, which stands for its content.
+std::string LinkHash(std::string_view text);
 
 } // namespace workbench

@@ -3,7 +3,6 @@
 #include "workbench/deploy/plan/left_overs.h"
 #include "workbench/files/file_descriptor.h"
 #include "workbench/files/file_reader.h"
-#include "workbench/files/sha256.h"
 #include "workbench/remote/target/file_times.h"
 
 #include <cerrno>
@@ -21,7 +20,7 @@ std::string ExamineLocalFile(TPlannedFile& file, const TPlanOptions& options) {
     file.Local = {.Size = file.Bytes, .Time = FileTimeOf(status.st_mtim)};
     file.Mode = RightsFor(status.st_mode, file.File.Executable);
     if (options.HashAll)
-      file.Local.Hash = FileSHA256(file.File.LocalFile).value_or(std::string(UnreadableHere));
+      file.Local.Hash = HashHere(file.File.LocalFile, options.Cancelled);
     return {};
   }
   std::string reason = isThere ? file.File.LocalFile.string() + " is " +

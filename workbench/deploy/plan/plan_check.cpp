@@ -1,10 +1,11 @@
 #include "workbench/deploy/plan/plan_check.h"
 
 #include "workbench/deploy/plan/left_overs.h"
+#include "workbench/deploy/plan/link_texts.h"
 #include "workbench/deploy/record/record_place.h"
-#include "workbench/files/sha256.h"
 #include "workbench/remote/target/file_times.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
@@ -13,7 +14,7 @@
 namespace workbench {
 namespace {
 
-std::string LocalProblem(const TPlannedFile& file) {
+std::string LocalProblem(const TPlannedFile& file, const std::atomic<int>* cancelled) {
   struct stat status = {};
   const bool isThere = ::stat(file.File.LocalFile.c_str(), &status) == 0;
   const std::string name = "the local file " + file.File.LocalFile.string();
@@ -28,7 +29,7 @@ std::string LocalProblem(const TPlannedFile& file) {
   if (RightsFor(status.st_mode, file.File.Executable) != file.Mode)
     return name + " has other rights";
   if (static_cast<std::uint64_t>(status.st_size) != file.Local.Size ||
-      FileSHA256(file.File.LocalFile).value_or(std::string(UnreadableHere)) != file.Local.Hash)
+      HashHere(file.File.LocalFile, cancelled) != file.Local.Hash)
     return name + " has another content";
   return {};
 }
@@ -40,6 +41,7 @@ public:
       : FConnection(connection), FRules(rules), FPlan(plan) {}
 
   void CheckDirectories();
+  void CheckLinksHere();
   void CheckFiles();
   void CheckOwed(const TTargetRecord& record);
   std::vector<std::string> Problems;
@@ -48,6 +50,7 @@ private:
   void CheckPlace(TPlannedFile& file, const TRemoteDirectory& directory);
   std::string StatusProblem(const TPlannedFile& file, const TRemoteStatus& now);
   void CheckHashes(const std::vector<std::size_t>& asked);
+  void CheckLinksThere(const std::vector<std::size_t>& asked);
 
   IRemoteConnection& FConnection;
   const TPlaceRules& FRules;
@@ -82,6 +85,22 @@ void TTargetCheck::CheckPlace(TPlannedFile& file, const TRemoteDirectory& direct
     Problems.push_back(whole + ": " + problem);
 }
 
+// What a link is to store follows from where the others of the plan go.
+void TTargetCheck::CheckLinksHere() {
+  const bool hasLinks =
+      std::ranges::any_of(FPlan.Files, [](const TPlannedFile& file) { return !file.Link.empty(); });
+  if (!hasLinks)
+    return;
+  const std::vector<std::string> texts = LinkTextsOf(FPlan);
+  std::error_code ignored;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const TPlannedFile& file = FPlan.Files[i];
+    if (!file.Link.empty() && texts[i] != file.Link &&
+        std::filesystem::is_symlink(file.File.LocalFile, ignored))
+      Problems.push_back("the local file " + file.File.LocalFile.string() + " leads elsewhere");
+  }
+}
+
 void TTargetCheck::CheckFiles() {
   std::vector<TRemoteName> names;
   names.reserve(FPlan.Files.size());
@@ -89,6 +108,7 @@ void TTargetCheck::CheckFiles() {
     names.push_back(file.Target);
   const std::vector<TRemoteStatus> answers = FConnection.Examine(names);
   std::vector<std::size_t> asked;
+  std::vector<std::size_t> links;
   for (std::size_t i = 0; i < answers.size(); ++i) {
     TPlannedFile& file = FPlan.Files[i];
     const std::string problem = StatusProblem(file, answers[i]);
@@ -96,9 +116,12 @@ void TTargetCheck::CheckFiles() {
       asked.push_back(i);
     else if (!problem.empty())
       Problems.push_back(file.RemoteFile() + problem);
+    else if (answers[i].Kind == TRemoteKind::Link && !file.HashThere.empty())
+      links.push_back(i);
     file.There = answers[i];
   }
   CheckHashes(asked);
+  CheckLinksThere(links);
 }
 
 // "?" where its content has to say.
@@ -139,6 +162,21 @@ void TTargetCheck::CheckHashes(const std::vector<std::size_t>& asked) {
   }
 }
 
+void TTargetCheck::CheckLinksThere(const std::vector<std::size_t>& asked) {
+  if (asked.empty())
+    return;
+  std::vector<TRemoteName> names;
+  names.reserve(asked.size());
+  for (const std::size_t i : asked)
+    names.push_back(FPlan.Files[i].Target);
+  const std::vector<TRemoteLink> links = FConnection.ReadLinks(names);
+  for (std::size_t i = 0; i < asked.size(); ++i) {
+    const TPlannedFile& file = FPlan.Files[asked[i]];
+    if (LinkHash(links[i].Text) != file.HashThere)
+      Problems.push_back(file.RemoteFile() + " leads elsewhere on the target now");
+  }
+}
+
 // What is owed runs once: a plan that would run it again does not fit any more.
 void TTargetCheck::CheckOwed(const TTargetRecord& record) {
   for (const TPlannedFile& file : FPlan.Files) {
@@ -154,10 +192,11 @@ void TTargetCheck::CheckOwed(const TTargetRecord& record) {
 
 } // namespace
 
-std::vector<std::string> CheckLocalFiles(const TDeployPlan& plan) {
+std::vector<std::string> CheckLocalFiles(const TDeployPlan& plan,
+                                         const std::atomic<int>* cancelled) {
   std::vector<std::string> problems;
   for (const TPlannedFile& file : plan.Files) {
-    std::string problem = LocalProblem(file);
+    std::string problem = LocalProblem(file, cancelled);
     if (!problem.empty())
       problems.push_back(std::move(problem));
   }
@@ -170,6 +209,7 @@ std::vector<std::string> CheckTargetFiles(IRemoteConnection& connection,
   TTargetCheck check(connection, rules, plan);
   check.CheckDirectories();
   if (check.Problems.empty()) {
+    check.CheckLinksHere();
     check.CheckFiles();
     check.CheckOwed(record);
   }

@@ -3,13 +3,16 @@
 
 #include "workbench/deploy/plan/deploy_plan.h"
 
+#include <atomic>
 #include <string>
 #include <vector>
 
 namespace workbench {
 
-/// A sentence for each local file of the plan that is not what it was.
-std::vector<std::string> CheckLocalFiles(const TDeployPlan& plan);
+/// A sentence for each local file of the plan that is not what it was. Throws TConnectionError when
+/// the run is cancelled meanwhile; null is never cancelled.
+std::vector<std::string> CheckLocalFiles(const TDeployPlan& plan,
+                                         const std::atomic<int>* cancelled);
 
 /// A sentence for each file of the plan that is not what it was on the target, or lies where it
 /// must not. Fills in where the record has the files. Throws TConnectionError.

@@ -234,6 +234,8 @@ std::vector<std::string> TFolderConnection::Hashes(std::span<const TRemoteName> 
         digest.Add(bytes);
         return !IsCancelled();
       });
+      if (IsCancelled())
+        throw TConnectionError("the run was interrupted");
       hash = digest.Text();
     } catch (const std::system_error&) {
       continue;

@@ -143,10 +143,11 @@ std::optional<TUnfinishedPart> TSftpConnection::FindPart(const TSendRequest& req
     return std::nullopt;
   const std::string path = request.Target.Directory + "/" + part->Name;
   if (part->Size <= static_cast<std::uint64_t>(status.st_size)) {
-    const auto theirs =
-        RemoteSHA256(FMachine.Exec, {&path, 1}, [this] { return FChannel.IsCancelled(); });
+    const auto isCancelled = [this] { return FChannel.IsCancelled(); };
+    const auto theirs = RemoteSHA256(FMachine.Exec, {&path, 1}, isCancelled);
     const auto digest = theirs.find(path);
-    if (digest != theirs.end() && FileSHA256(request.LocalFile, part->Size) == digest->second)
+    if (digest != theirs.end() &&
+        FileSHA256(request.LocalFile, part->Size, isCancelled) == digest->second)
       return part;
   }
   part->Size = 0;

@@ -85,6 +85,20 @@ TEST_F(RowChoices, TakingOursHoldsForWhatWasSeenAlone) {
             "it was changed on the target again since the plan was looked at");
 }
 
+TEST_F(RowChoices, TakingOursDoesNotHoldForAContentOfTheSameSizeThatCameLater) {
+  const TRowChoices choices = About("a", TKind::Take);
+  std::filesystem::last_write_time(FPlace.Target("a"),
+                                   std::filesystem::last_write_time(FPlace.Target("a")) +
+                                       std::chrono::seconds(30));
+  EXPECT_EQ(ActionOf(Plan(choices), "a"), TDeployAction::Refused);
+}
+
+TEST_F(RowChoices, TakingOursRunsTheCommandsOfTheFile) {
+  FFiles[0].RemoteCommands = {"restart"};
+  EXPECT_EQ(Plan().Files[0].Steps.size(), 0U);
+  EXPECT_EQ(Plan(About("a", TKind::Take)).Files[0].Steps.size(), 1U);
+}
+
 TEST_F(RowChoices, KeepingTheirsIsNoRefusal) {
   const TDeployPlan plan = Plan(About("a", TKind::Leave));
   EXPECT_EQ(ActionOf(plan, "a"), TDeployAction::Kept);

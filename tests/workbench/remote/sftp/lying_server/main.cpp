@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -22,6 +23,7 @@ using workbench::TSftpPacket;
 using workbench::TSftpParser;
 
 constexpr std::size_t LengthSize = 4;
+constexpr std::size_t ManyBytes = 10000;
 
 std::string Number(std::uint32_t value) {
   std::string bytes;
@@ -83,6 +85,8 @@ public:
         const std::lock_guard lock(FMutex);
         FRequests[id] = request;
       }
+      if (IsHeld(request, packet->size()))
+        continue;
       if (IsDenied(request))
         Answer(Status(id, 3));
       else if (FLie == "no-second-names" && IsSecondName(request))
@@ -136,6 +140,23 @@ private:
            Text("");
   }
 
+  // "hold:6:/FILE" takes no request any more from the first one of kind 6 on, "hold:hardlink:/FILE"
+  // from an extended one whose name begins so, "hold:much:/FILE" from a write of many bytes; the
+  // file is made then.
+  bool IsHeld(const TRequest& request, std::size_t size) {
+    const std::string_view start = "hold:";
+    if (FIsHolding || !FLie.starts_with(start))
+      return FIsHolding;
+    const std::size_t end = FLie.find(':', start.size());
+    const std::string kind = FLie.substr(start.size(), end - start.size());
+    FIsHolding = request.Kind == TSftpPacket::Extended
+                     ? request.Name.starts_with(kind)
+                     : kind == std::to_string(static_cast<unsigned>(request.Kind)) ||
+                           (kind == "much" && size > ManyBytes);
+    if (FIsHolding)
+      ::close(::open(FLie.c_str() + end + 1, O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+    return FIsHolding;
+  }
   // "plain-denied:2" refuses the second rename.
   bool IsDenied(const TRequest& request) {
     if (FLie == "no-sync" && request.Name.starts_with("fsync"))
@@ -230,6 +251,7 @@ private:
   std::mutex FMutex; // of the requests
   std::map<std::string, TRequest> FRequests;
   std::mutex FOutput;
+  bool FIsHolding = false;
   int FRenames = 0;
   bool FSaidPaths = false;
   bool FHasLooked = false;
