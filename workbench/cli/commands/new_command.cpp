@@ -7,7 +7,7 @@
 #include "workbench/cli/context/name_hint.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/text_check.h"
-#include "workbench/cli/entries/project_text.h"
+#include "workbench/project/project_text.h"
 #include "workbench/files/save_error.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "workbench/cli/context/command.h"
-#include "workbench/cli/entries/project_text.h"
+#include "workbench/project/project_text.h"
 
 #include <filesystem>
 #include <string>

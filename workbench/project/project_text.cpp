@@ -1,4 +1,4 @@
-#include "workbench/cli/entries/project_text.h"
+#include "workbench/project/project_text.h"
 
 #include "package/common/delimited_list.h"
 
