@@ -75,7 +75,7 @@ room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/json workbe
 room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files workbench/msbuild
   workbench/platforms workbench/project workbench/project/cpp workbench/remote/profile
   workbench/remote/ssh workbench/remote/target workbench/settings workbench/text workbench/xml)
-room(workbench/session SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
+room(workbench/session SEES ${FOUNDATION} workbench/deploy/plan workbench/files workbench/msbuild workbench/platforms
   workbench/project workbench/project/build_import workbench/project/cpp workbench/services
   workbench/settings workbench/text workbench/xml)
 room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workbench/list

@@ -1,6 +1,7 @@
 #include "workbench/project/project_text.h"
 
 #include "package/common/delimited_list.h"
+#include "workbench/text/storable_text.h"
 
 namespace workbench {
 namespace {
@@ -42,6 +43,12 @@ std::string Items(const TProjectValues& values) {
 }
 
 } // namespace
+
+bool IsProjectName(std::string_view name) {
+  constexpr std::string_view Reserved = "'\"`;|<>&$%@*?()";
+  return !name.empty() && IsStorable(name) &&
+         name.find_first_of(Reserved) == std::string_view::npos;
+}
 
 std::string ProjectText(const TProjectValues& values) {
   std::string text = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"

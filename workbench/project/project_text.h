@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace workbench {
@@ -18,6 +19,10 @@ struct TProjectValues {
   std::string ActiveConfiguration;
   std::string MoreItems; ///< a group of items as markup; empty for none
 };
+
+/// True for what can name a configuration and the like: names stand in conditions and in ";"-lists
+/// of projects.
+bool IsProjectName(std::string_view name);
 
 /// A project that any MSBuild engine evaluates. Its section is made when it is created.
 std::string ProjectText(const TProjectValues& values);

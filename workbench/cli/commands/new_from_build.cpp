@@ -1,11 +1,8 @@
 #include "workbench/cli/commands/new_from_build.h"
 
-#include "workbench/cli/commands/source_permission.h"
-#include "workbench/cli/context/text_check.h"
 #include "workbench/cli/entries/build_changes.h"
 #include "workbench/files/save_error.h"
 #include "workbench/project/build_import/build_directory.h"
-#include "workbench/session/build_refresh.h"
 
 #include <algorithm>
 
@@ -13,12 +10,6 @@ namespace workbench {
 namespace {
 
 namespace fs = std::filesystem;
-
-// The project before anything is taken; what it remembers of the build is nothing yet.
-std::string EmptyProject(TProjectValues values, const TBuildRecord& record) {
-  values.MoreItems = LabelledGroupMarkup(BuildItemsLabel, ItemsOf(record), {TXmlLayout(), "  "});
-  return ProjectText(values);
-}
 
 std::vector<TEntryChange> WouldAdd(TCommandContext& context, const fs::path& directory,
                                    const std::string& platform, const TInstallPlan& plan) {
@@ -49,44 +40,25 @@ void Report(TCommandContext& context, const fs::path& file, const TInstallPlan& 
 
 } // namespace
 
-void NewFromBuild(TCommandContext& context, const fs::path& file, TProjectValues values,
-                  const TBuildSource& source, bool dryRun) {
+void NewFromBuild(TCommandContext& context, const fs::path& file, const TBuildSource& source,
+                  bool dryRun) {
   std::error_code ignored;
   if (fs::exists(file, ignored))
     throw TSaveError("\"" + file.string() + "\" exists already; nothing " +
                          (dryRun ? "would be written" : "was written"),
                      file);
   const TInstallPlan plan = ReadBuildDirectory(source.Directory, source.Components, !dryRun);
-  values.Configurations = plan.Configurations;
-  for (const std::string& configuration : values.Configurations)
-    CheckName("configuration", configuration);
-  if (values.ActiveConfiguration.empty())
-    values.ActiveConfiguration = values.Configurations.front();
-  if (std::ranges::find(values.Configurations, values.ActiveConfiguration) ==
-      values.Configurations.end())
-    throw TUsageError("the build makes no configuration \"" + values.ActiveConfiguration + "\"");
-  const fs::path directory = fs::absolute(file).lexically_normal().parent_path();
-  const std::string platform = values.Platforms.front();
-  if (dryRun)
-    return Report(context, file, plan, WouldAdd(context, directory, platform, plan), dryRun);
-  TBuildRecord record;
-  record.Directory = StoredFromProject(fs::absolute(source.Directory), directory);
-  record.Platform = platform;
-  record.Components = source.Components;
-  context.Session.Create(file, EmptyProject(std::move(values), record));
-  TOpenProject& project = context.Session.Open(file, TOpenPurpose::Edit);
-  TBuildRefresh done;
-  try {
-    done = ApplyInstallPlan(project, std::move(record), plan);
-    project.SaveProjectFile(/*force=*/false);
-  } catch (...) {
-    fs::remove(file, ignored); // half a project is worse than none
-    throw;
+  CheckBuildConfigurations(plan);
+  if (!source.Configuration.empty() &&
+      std::ranges::find(plan.Configurations, source.Configuration) == plan.Configurations.end())
+    throw TUsageError("the build makes no configuration \"" + source.Configuration + "\"");
+  if (dryRun) {
+    const fs::path directory = fs::absolute(file).lexically_normal().parent_path();
+    return Report(context, file, plan, WouldAdd(context, directory, source.Platform, plan), dryRun);
   }
-  project.Export();
-  const std::vector<TEntryChange> changes = BuildChanges(context, project, platform, done);
-  AllowAddedSources(context, project, changes);
-  Report(context, file, plan, changes, dryRun);
+  const TMadeProject made = CreateFromBuild(context.Session, file, source, plan);
+  Report(context, file, plan, BuildChanges(context, made.Project, source.Platform, made.Done),
+         dryRun);
 }
 
 } // namespace workbench
