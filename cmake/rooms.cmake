@@ -81,18 +81,22 @@ room(workbench/session SEES ${FOUNDATION} workbench/deploy/plan workbench/files 
 room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workbench/list
   workbench/session workbench/text)
 
+room(workbench/explain SEES ${FOUNDATION} workbench/files workbench/json workbench/list
+  workbench/session workbench/text)
+
 # deploymgr, the command line.
 room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/json workbench/msbuild
   workbench/platforms workbench/process workbench/project workbench/project/cpp
   workbench/remote/ssh workbench/services workbench/session workbench/text)
-room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/files workbench/json
+room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/explain
+  workbench/files workbench/json
   workbench/list workbench/project/build_import workbench/session workbench/text)
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
   workbench/deploy workbench/deploy/fleet workbench/deploy/record workbench/files workbench/json workbench/services workbench/session
   workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/archive workbench/cli/view workbench/controls workbench/deploy workbench/deploy/fleet
-  workbench/deploy/plan workbench/deploy/record workbench/files
+  workbench/explain workbench/deploy/plan workbench/deploy/record workbench/files
   workbench/json workbench/list workbench/platforms workbench/project
   workbench/project/build_import workbench/project/cpp workbench/remote/profile
   workbench/remote/target
@@ -120,9 +124,13 @@ room(workbench/desktop/dialogs/settings SEES ${FOUNDATION} workbench/desktop/con
   workbench/session workbench/settings workbench/text)
 room(workbench/desktop/dialogs/deploy SEES ${FOUNDATION} workbench/deploy
   workbench/desktop/controls workbench/desktop/dialogs/forms workbench/desktop/text workbench/text)
+room(workbench/desktop/projects SEES ${FOUNDATION} workbench/desktop/controls
+  workbench/desktop/dialogs/forms workbench/desktop/text workbench/history workbench/project
+  workbench/services workbench/session workbench/text)
 room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
   workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
-  workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings workbench/desktop/text
+  workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings
+  workbench/desktop/projects workbench/desktop/text
   workbench/files workbench/history workbench/platforms workbench/project workbench/project/cpp
   workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services workbench/session
   workbench/settings workbench/text)

@@ -1,7 +1,7 @@
 // Text that is being typed, keys from anywhere, files that change under the window.
 #include "tests/desktop/window/window_fixture.h"
 #include "workbench/desktop/dialogs/deploy/deploy_panel.h"
-#include "workbench/desktop/window/project_names.h"
+#include "workbench/desktop/projects/project_names.h"
 #include "workbench/remote/profile/profile_store.h"
 
 #include <QComboBox>

@@ -8,9 +8,9 @@
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/entries/build_changes.h"
 #include "workbench/cli/entries/entry_text.h"
-#include "workbench/cli/entries/explanation.h"
-#include "workbench/cli/entries/reason_text.h"
 #include "workbench/cli/entries/value_sources.h"
+#include "workbench/explain/explanation.h"
+#include "workbench/explain/reason_text.h"
 
 #include <algorithm>
 

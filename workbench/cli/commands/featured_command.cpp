@@ -8,7 +8,8 @@
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/name_hint.h"
 #include "workbench/cli/context/target.h"
-#include "workbench/cli/entries/list_changes.h"
+#include "workbench/cli/entries/changes_output.h"
+#include "workbench/explain/list_changes.h"
 #include "workbench/settings/settings_store.h"
 
 #include <algorithm>

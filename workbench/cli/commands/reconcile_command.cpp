@@ -4,7 +4,8 @@
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/solution_run.h"
 #include "workbench/cli/context/target.h"
-#include "workbench/cli/entries/list_changes.h"
+#include "workbench/cli/entries/changes_output.h"
+#include "workbench/explain/list_changes.h"
 #include "workbench/project/project_settings.h"
 
 #include <algorithm>

@@ -2,8 +2,9 @@
 #include "workbench/cli/commands/commands.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/entries/changes_output.h"
 #include "workbench/cli/entries/entry_json.h"
-#include "workbench/cli/entries/list_changes.h"
+#include "workbench/explain/list_changes.h"
 #include "workbench/project/project_settings.h"
 
 #include <algorithm>

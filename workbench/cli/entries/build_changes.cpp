@@ -44,18 +44,4 @@ std::vector<TEntryChange> BuildChanges(TCommandContext& context, const TOpenProj
   return changes;
 }
 
-std::vector<std::string> BuildReasons(TOpenProject& project,
-                                      const deployment::IProjectDeploymentFile& entry) {
-  std::vector<std::string> reasons;
-  try {
-    for (const std::string& place : InstallRulesOf(project, entry))
-      reasons.push_back("the build installs it: " + place);
-  } catch (const deployment::TInputError& error) {
-    reasons.push_back("the build installed it when the list was made; which rule that was it does "
-                      "not tell now: " +
-                      error.Place().File + ": " + error.what());
-  }
-  return reasons;
-}
-
 } // namespace workbench

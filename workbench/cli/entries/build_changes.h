@@ -15,9 +15,4 @@ namespace workbench {
 std::vector<TEntryChange> BuildChanges(TCommandContext& context, const TOpenProject& project,
                                        const std::string& platform, const TBuildRefresh& done);
 
-/// Why the entry is in the list, a sentence for each install rule of the project's build that asks
-/// for it; empty when it did not come from a build.
-std::vector<std::string> BuildReasons(TOpenProject& project,
-                                      const deployment::IProjectDeploymentFile& entry);
-
 } // namespace workbench

@@ -1,10 +1,10 @@
 // The window: menus, a tab for each project, the deploy panel below.
 #pragma once
 
-#include "workbench/desktop/window/background_work.h"
-#include "workbench/desktop/window/editor_tabs.h"
-#include "workbench/desktop/window/project_tabs.h"
-#include "workbench/desktop/window/project_watcher.h"
+#include "workbench/desktop/controls/background_work.h"
+#include "workbench/desktop/projects/editor_tabs.h"
+#include "workbench/desktop/projects/project_tabs.h"
+#include "workbench/desktop/projects/project_watcher.h"
 #include "workbench/desktop/window/window_layout.h"
 
 #include <QMainWindow>

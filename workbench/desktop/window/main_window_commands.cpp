@@ -1,9 +1,9 @@
 // The table of the window's commands and what stands behind them.
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/dialogs/settings/settings_dialog.h"
+#include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/window/main_window.h"
-#include "workbench/desktop/window/project_names.h"
 #include "workbench/desktop/window/row_text.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/session/session.h"

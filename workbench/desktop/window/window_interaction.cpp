@@ -1,7 +1,7 @@
 #include "workbench/desktop/window/window_interaction.h"
 
+#include "workbench/desktop/controls/background_work.h"
 #include "workbench/desktop/dialogs/deploy/deploy_panel.h"
-#include "workbench/desktop/window/background_work.h"
 #include "workbench/desktop/window/connection_questions.h"
 
 #include <atomic>

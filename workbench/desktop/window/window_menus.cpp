@@ -1,8 +1,8 @@
 #include "workbench/desktop/window/window_menus.h"
 
 #include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/projects/project_tabs.h"
 #include "workbench/desktop/text/qt_text.h"
-#include "workbench/desktop/window/project_tabs.h"
 #include "workbench/settings/settings_store.h"
 
 #include <QAction>

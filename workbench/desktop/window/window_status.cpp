@@ -1,8 +1,8 @@
 #include "workbench/desktop/window/window_status.h"
 
+#include "workbench/desktop/projects/project_names.h"
+#include "workbench/desktop/projects/project_tabs.h"
 #include "workbench/desktop/text/qt_text.h"
-#include "workbench/desktop/window/project_names.h"
-#include "workbench/desktop/window/project_tabs.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/project_questions.h"
+#include "workbench/desktop/projects/project_questions.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>

@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/project_watcher.h"
+#include "workbench/desktop/projects/project_watcher.h"
 
 #include "workbench/desktop/text/qt_text.h"
 

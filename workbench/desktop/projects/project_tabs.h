@@ -1,9 +1,9 @@
 // The projects that are open side by side, each on a tab.
 #pragma once
 
-#include "workbench/desktop/window/background_work.h"
-#include "workbench/desktop/window/editor_tabs.h"
-#include "workbench/desktop/window/project_edits.h"
+#include "workbench/desktop/controls/background_work.h"
+#include "workbench/desktop/projects/editor_tabs.h"
+#include "workbench/desktop/projects/project_edits.h"
 #include "workbench/session/session.h"
 
 #include <QObject>

@@ -1,12 +1,12 @@
-#include "workbench/desktop/window/project_tabs.h"
+#include "workbench/desktop/projects/project_tabs.h"
 
 #include "package/common/errors.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
+#include "workbench/desktop/projects/project_names.h"
+#include "workbench/desktop/projects/project_questions.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
-#include "workbench/desktop/window/project_names.h"
-#include "workbench/desktop/window/project_questions.h"
 #include "workbench/project/project_settings.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "workbench/cli/entries/reason_text.h"
+#include "workbench/explain/reason_text.h"
 
 #include "workbench/text/quoted_text.h"
 

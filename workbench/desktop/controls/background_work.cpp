@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/background_work.h"
+#include "workbench/desktop/controls/background_work.h"
 
 #include <QApplication>
 #include <QEventLoop>

@@ -1,8 +1,8 @@
 // Opening all projects of a solution.
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
+#include "workbench/desktop/projects/project_tabs.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
-#include "workbench/desktop/window/project_tabs.h"
 #include "workbench/session/solution_projects.h"
 
 #include <exception>

@@ -4,8 +4,8 @@
 #include "tests/support/sanitized.h"
 #include "tests/workbench/session/session_fixture.h"
 #include "workbench/cli/context/terminal_interaction.h"
-#include "workbench/cli/entries/explanation.h"
 #include "workbench/cli/view/deployment_view.h"
+#include "workbench/explain/explanation.h"
 #include "workbench/project/project_settings.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "package/host/api/reconcilejournal.h"
-#include "workbench/cli/context/output.h"
+#include "workbench/json/json.h"
 
 #include <string>
 

@@ -1,5 +1,5 @@
 #include "tests/desktop/window/window_fixture.h"
-#include "workbench/desktop/window/project_names.h"
+#include "workbench/desktop/projects/project_names.h"
 
 #include <QHeaderView>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/project_names.h"
+#include "workbench/desktop/projects/project_names.h"
 
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/session/session.h"

@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/recovery_question.h"
+#include "workbench/desktop/projects/recovery_question.h"
 
 #include "workbench/desktop/text/qt_text.h"
 

@@ -2,11 +2,11 @@
 #include "package/host/api/deployment_target.h"
 #include "package/host/api/platforms.h"
 #include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/projects/project_names.h"
+#include "workbench/desktop/projects/project_questions.h"
+#include "workbench/desktop/projects/project_tabs.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
-#include "workbench/desktop/window/project_names.h"
-#include "workbench/desktop/window/project_questions.h"
-#include "workbench/desktop/window/project_tabs.h"
 
 #include <QApplication>
 #include <string>

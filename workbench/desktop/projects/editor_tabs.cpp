@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/editor_tabs.h"
+#include "workbench/desktop/projects/editor_tabs.h"
 
 #include "workbench/desktop/text/qt_text.h"
 

@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/project_edits.h"
+#include "workbench/desktop/projects/project_edits.h"
 
 #include "package/host/api/view_buttons.h"
 

@@ -1,12 +1,12 @@
-#include "workbench/cli/entries/explanation.h"
+#include "workbench/explain/explanation.h"
 
 #include "package/common/case_fold.h"
 #include "package/common/class_names.h"
 #include "package/common/path_text.h"
 #include "package/host/api/platformapi.h"
 #include "package/host/api/platforms.h"
-#include "workbench/cli/entries/build_changes.h"
-#include "workbench/cli/entries/reason_text.h"
+#include "workbench/explain/build_reasons.h"
+#include "workbench/explain/reason_text.h"
 #include "workbench/files/machine_path.h"
 #include "workbench/text/quoted_text.h"
 

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "package/host/api/deploymentapi.h"
-#include "workbench/cli/context/output.h"
 #include "workbench/list/list_snapshot.h"
 
 #include <memory>
@@ -57,11 +56,5 @@ private:
   std::shared_ptr<TListener> FListener;
   int FListenerIndex;
 };
-
-/// The lists as JSON: {"added","modified","removed"} with {"localName","class"} entries.
-TJson ChangesAsJson(const TTargetChanges& changes);
-
-/// One line for each change, such as "added data\a.dat [File] for Debug, Win32".
-void PrintChanges(TOutput& output, const TTargetChanges& changes, bool dryRun);
 
 } // namespace workbench
