@@ -5,7 +5,7 @@
 #include "workbench/desktop/dialogs/deploy/deploy_panel.h"
 #include "workbench/desktop/projects/recovery_question.h"
 #include "workbench/desktop/window/appearance.h"
-#include "workbench/desktop/window/connection_questions.h"
+#include "workbench/desktop/interaction/connection_questions.h"
 
 #include <QLabel>
 #include <QPushButton>

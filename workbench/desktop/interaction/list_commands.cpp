@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/list_commands.h"
+#include "workbench/desktop/interaction/list_commands.h"
 
 #include "package/host/api/platformapi.h"
 #include "package/host/api/view_buttons.h"

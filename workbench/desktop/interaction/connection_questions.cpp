@@ -1,4 +1,4 @@
-#include "workbench/desktop/window/connection_questions.h"
+#include "workbench/desktop/interaction/connection_questions.h"
 
 #include "workbench/desktop/text/qt_text.h"
 

@@ -1,5 +1,5 @@
 #include "tests/desktop/support/dialog_script.h"
-#include "workbench/desktop/window/connection_questions.h"
+#include "workbench/desktop/interaction/connection_questions.h"
 
 #include <QLineEdit>
 #include <QMessageBox>

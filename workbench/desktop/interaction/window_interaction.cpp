@@ -1,8 +1,8 @@
-#include "workbench/desktop/window/window_interaction.h"
+#include "workbench/desktop/interaction/window_interaction.h"
 
 #include "workbench/desktop/controls/background_work.h"
 #include "workbench/desktop/dialogs/deploy/deploy_panel.h"
-#include "workbench/desktop/window/connection_questions.h"
+#include "workbench/desktop/interaction/connection_questions.h"
 
 #include <atomic>
 
