@@ -127,10 +127,15 @@ room(workbench/desktop/dialogs/deploy SEES ${FOUNDATION} workbench/deploy
 room(workbench/desktop/projects SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/dialogs/forms workbench/desktop/text workbench/history workbench/project
   workbench/services workbench/session workbench/text)
+room(workbench/desktop/interaction SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
+  workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/dialogs/profiles workbench/desktop/projects workbench/desktop/text
+  workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services
+  workbench/session workbench/settings workbench/text)
 room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
   workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings
-  workbench/desktop/projects workbench/desktop/text
+  workbench/desktop/interaction workbench/desktop/projects workbench/desktop/text
   workbench/files workbench/history workbench/platforms workbench/project workbench/project/cpp
   workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services workbench/session
   workbench/settings workbench/text)

@@ -21,6 +21,7 @@ struct TListKey {
   std::string_view Button;
   QKeySequence Keys;
   Qt::ShortcutContext Where;
+  bool IsOfLists = false; // every list understands it
 };
 
 // Those that change what is selected need the focus in the list; the others work from anywhere.
@@ -28,8 +29,8 @@ const std::array<TListKey, 5>& Keys() {
   namespace view_button = deployment::view_button;
   static const std::array<TListKey, 5> keys{
       {{view_button::Reconcile, Qt::CTRL | Qt::Key_R, Qt::WindowShortcut},
-       {view_button::AddFiles, Qt::Key_Insert, Qt::WindowShortcut},
-       {view_button::DeleteFile, Qt::Key_Delete, Qt::WidgetWithChildrenShortcut},
+       {view_button::AddFiles, Qt::Key_Insert, Qt::WindowShortcut, true},
+       {view_button::DeleteFile, Qt::Key_Delete, Qt::WidgetWithChildrenShortcut, true},
        {view_button::Deploy, Qt::Key_F9, Qt::WindowShortcut},
        {view_button::Connect, Qt::Key_F8, Qt::WindowShortcut}}};
   return keys;
@@ -37,17 +38,19 @@ const std::array<TListKey, 5>& Keys() {
 
 } // namespace
 
-TListCommands::TListCommands(TSession& session, QWidget& window)
-    : QObject(&window), FSession(session), FWindow(window) {}
+TListCommands::TListCommands(TSession& session, QWidget& window, TKeyReach reach)
+    : QObject(&window), FSession(session), FWindow(window), FReach(reach) {}
 
 void TListCommands::Attach(TOpenProject& project, TFormControls& controls) {
   TToolBar* toolBar = controls.ToolBar();
   if (!toolBar)
     return;
   for (const TListKey& key : Keys()) {
-    if (QAction* action = toolBar->Find(key.Button)) {
+    QAction* action = toolBar->Find(key.Button);
+    if (action && (FReach == TKeyReach::Window || key.IsOfLists)) {
       action->setShortcut(key.Keys);
-      action->setShortcutContext(key.Where);
+      action->setShortcutContext(FReach == TKeyReach::Window ? key.Where
+                                                             : Qt::WidgetWithChildrenShortcut);
       action->setToolTip(action->toolTip() + " (" + key.Keys.toString(QKeySequence::NativeText) +
                          ")");
       controls.Page()->addAction(action);

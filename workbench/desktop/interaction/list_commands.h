@@ -11,13 +11,19 @@ class TFormControls;
 class TOpenProject;
 class TSession;
 
+/// Where the keys of the commands work.
+enum class TKeyReach {
+  Window, ///< in the whole window, but those that change what is selected
+  List    ///< in the list, and only those that nothing else has: the window is a foreign one
+};
+
 /// Gives the commands of the tool bar their keys, and says why Connect cannot connect.
 class TListCommands final : public QObject {
   Q_OBJECT
 
 public:
   /// The session must outlive the object; messages stand before the window.
-  TListCommands(TSession& session, QWidget& window);
+  TListCommands(TSession& session, QWidget& window, TKeyReach reach = TKeyReach::Window);
 
   /// To be called once for each project that is opened. All live as long as the controls.
   void Attach(TOpenProject& project, TFormControls& controls);
@@ -31,6 +37,7 @@ private:
 
   TSession& FSession;
   QWidget& FWindow;
+  const TKeyReach FReach;
 };
 
 } // namespace workbench

@@ -4,11 +4,12 @@
 #include "workbench/desktop/controls/svg_icon.h"
 #include "workbench/desktop/dialogs/deploy/deploy_panel.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
+#include "workbench/desktop/interaction/list_commands.h"
+#include "workbench/desktop/interaction/served_session.h"
 #include "workbench/desktop/projects/project_names.h"
+#include "workbench/desktop/projects/recovery_question.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
-#include "workbench/desktop/interaction/connection_questions.h"
-#include "workbench/desktop/interaction/list_commands.h"
 #include "workbench/desktop/window/welcome_page.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/desktop/window/window_status.h"
@@ -45,7 +46,14 @@ TMainWindow::TMainWindow(TSession& session)
   MakeMenus();
   FStatus = new TWindowStatus(*this, *FProjects, *FTabs);
   FListCommands = new TListCommands(FSession, *this);
-  ServeSession();
+  FServed = std::make_unique<TServedSession>(
+      FSession, TServingParts{.Tabs = *FTabs,
+                              .Projects = *FProjects,
+                              .Forms = *FModalForms,
+                              .Background = FBackground,
+                              .Panel = *FPanel,
+                              .Window = *this,
+                              .Say = [this](const QString& text) { FStatus->Say(text); }});
   WatchState();
   if (FLayout.Geometry.isEmpty() || !restoreGeometry(FLayout.Geometry))
     resize(FirstSize);
@@ -57,11 +65,7 @@ TMainWindow::~TMainWindow() {
   FState.stop();
   FTabs->disconnect(this);
   FProjects.reset(); // edits that were not saved stay in their journals
-  FSession.CloseViews();
-  FSession.SetEditorArea(nullptr);
-  FSession.SetModalForms(nullptr);
-  FQuestions->Close();
-  FSession.RemoteProfiles().SetInteraction(nullptr);
+  FServed.reset();
 }
 
 void TMainWindow::WatchState() {
@@ -155,6 +159,10 @@ void TMainWindow::Restore() {
   }
   if (FLayout.Current >= 0)
     FTabs->setCurrentIndex(FLayout.Current);
+}
+
+void TMainWindow::OfferRecovery() {
+  workbench::OfferRecovery(*FProjects, this);
 }
 
 void TMainWindow::Opened(TOpenProject& project) {

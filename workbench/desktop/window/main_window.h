@@ -20,10 +20,10 @@ class QStackedWidget;
 
 namespace workbench {
 
-class TConnectionQuestions;
 class TDeployPanel;
 class TListCommands;
 class TModalDialogs;
+class TServedSession;
 class TWelcomePage;
 class TWindowMenus;
 class TWindowStatus;
@@ -66,7 +66,6 @@ private:
   std::vector<TWindowCommand> FileCommands();
   std::vector<TWindowCommand> EditCommands();
   std::vector<TWindowCommand> ToolsCommands();
-  void ServeSession();
   void WatchState();
   void WatchFiles();
   void CheckDisk();
@@ -84,10 +83,6 @@ private:
   void AddDropped(const QStringList& files);
   void ShowProfiles();
   void ShowAbout();
-  bool MayRun(const std::vector<std::string>& commands, const std::string& place);
-  bool MaySend(const std::vector<std::string>& files);
-  void ShowLostConnection(const std::string& profile, const std::string& reason);
-  bool CreateProfile(const deployment::ICustomProject& project, std::string_view platform);
   void KeepLayout() const;
 
   TSession& FSession;
@@ -103,7 +98,7 @@ private:
   TListCommands* FListCommands = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
-  std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too
+  std::unique_ptr<TServedSession> FServed;
   TProjectWatcher FWatcher;
   QTimer FState;
   QTimer FPoll;

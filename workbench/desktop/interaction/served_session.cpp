@@ -1,0 +1,112 @@
+#include "workbench/desktop/interaction/served_session.h"
+
+#include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/dialogs/deploy/consent_dialog.h"
+#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/dialogs/forms/modal_dialogs.h"
+#include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
+#include "workbench/desktop/interaction/connection_questions.h"
+#include "workbench/desktop/interaction/window_interaction.h"
+#include "workbench/desktop/projects/project_tabs.h"
+#include "workbench/desktop/text/qt_text.h"
+#include "workbench/services/remote_profile_services.h"
+#include "workbench/session/session.h"
+#include "workbench/settings/command_consent.h"
+#include "workbench/settings/number_setting.h"
+#include "workbench/settings/source_consent.h"
+#include "workbench/text/visible_text.h"
+
+#include <QCoreApplication>
+#include <utility>
+
+namespace workbench {
+namespace {
+
+QString LostConnectionText(const std::string& profile, const std::string& reason) {
+  return QCoreApplication::translate("workbench::TMainWindow",
+                                     "No connection to the files of %1: %2")
+      .arg(ToQString(Visible(profile)), ToQString(Visible(reason)));
+}
+
+TUndoLimits UndoLimitsOf(const TSettings& settings) {
+  const TUndoLimits usual;
+  return {NumberSetting(settings, "undo-runs", usual.Runs),
+          NumberSetting(settings, "undo-bytes", usual.Bytes)};
+}
+
+} // namespace
+
+TServedSession::TServedSession(TSession& session, TServingParts parts)
+    : FSession(session), FParts(std::move(parts)),
+      FQuestions(std::make_shared<TConnectionQuestions>(FParts.Window)) {
+  FSession.SetEditorArea(&FParts.Tabs);
+  FSession.SetModalForms(&FParts.Forms);
+  FSession.RemoteProfiles().SetInteraction(std::make_shared<TWindowInteraction>(
+      TWindowParts{.Panel = FParts.Panel,
+                   .Background = FParts.Background,
+                   .Questions = FQuestions,
+                   .MayRun = [this](const auto& commands,
+                                    const std::string& place) { return MayRun(commands, place); },
+                   .MaySend = [this](const auto& files) { return MaySend(files); },
+                   .UndoLimits = [this] { return UndoLimitsOf(FSession.Settings()); },
+                   .CreateProfile =
+                       [this](auto& project, std::string_view platform) {
+                         return CreateProfile(project, platform);
+                       },
+                   .ConnectionLost =
+                       [this](const std::string& profile, const std::string& reason) {
+                         FParts.Say(LostConnectionText(profile, reason));
+                       }}));
+}
+
+TServedSession::~TServedSession() {
+  FSession.CloseViews();
+  FSession.SetEditorArea(nullptr);
+  FSession.SetModalForms(nullptr);
+  FQuestions->Close();
+  FSession.RemoteProfiles().SetInteraction(nullptr);
+}
+
+TOpenProject* TServedSession::CurrentProject() const {
+  return FParts.Projects.ProjectAt(FParts.Tabs.currentIndex());
+}
+
+// A command is asked for as long as the user has not said yes to exactly this one.
+bool TServedSession::MayRun(const std::vector<std::string>& commands, const std::string& place) {
+  const TOpenProject* project = CurrentProject();
+  if (!project)
+    return false;
+  TSettings& settings = FSession.Settings();
+  if (IsAllowed(settings, project->GivenFileName(), place, commands))
+    return true;
+  if (!AskConsent(commands, place, &FParts.Window))
+    return false;
+  Guarded([&] { Allow(settings, project->GivenFileName(), place, commands); });
+  return true;
+}
+
+bool TServedSession::MaySend(const std::vector<std::string>& files) {
+  const TOpenProject* project = CurrentProject();
+  if (!project)
+    return false;
+  TSettings& settings = FSession.Settings();
+  const std::vector<std::string> asked =
+      SourcesWithoutConsent(settings, project->GivenFileName(), files);
+  if (asked.empty())
+    return true;
+  if (!AskSourceConsent(asked, &FParts.Window))
+    return false;
+  Guarded([&] { AllowSources(settings, project->GivenFileName(), asked); });
+  return true;
+}
+
+bool TServedSession::CreateProfile(const deployment::ICustomProject& project,
+                                   std::string_view platform) {
+  TOpenProject* open = FParts.Projects.Find(project);
+  const bool made = open && CreateAndAssignProfile(FSession, *open, platform, &FParts.Window);
+  if (TProjectEdits* edits = FParts.Projects.EditsAt(FParts.Tabs.currentIndex()))
+    edits->FileWritten();
+  return made;
+}
+
+} // namespace workbench

@@ -1,0 +1,58 @@
+// A session whose views, questions and long work a window, or a part of one, takes over.
+#pragma once
+
+#include "package/host/api/toolsapi.h"
+
+#include <QString>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class QWidget;
+
+namespace workbench {
+
+class TBackgroundWork;
+class TConnectionQuestions;
+class TDeployPanel;
+class TEditorTabs;
+class TModalDialogs;
+class TOpenProject;
+class TProjectTabs;
+class TSession;
+
+/// What serves the session. Everything must outlive the TServedSession.
+struct TServingParts {
+  TEditorTabs& Tabs;
+  TProjectTabs& Projects;
+  TModalDialogs& Forms;
+  TBackgroundWork& Background;
+  TDeployPanel& Panel;
+  QWidget& Window; ///< dialogs stand before it
+  /// Says a sentence that needs no answer.
+  std::function<void(const QString&)> Say;
+};
+
+/// The session is served as long as the object lives; then its views are closed and nobody answers.
+class TServedSession {
+public:
+  /// The session must outlive the object.
+  TServedSession(TSession& session, TServingParts parts);
+  ~TServedSession();
+  TServedSession(const TServedSession&) = delete;
+  TServedSession& operator=(const TServedSession&) = delete;
+
+private:
+  TOpenProject* CurrentProject() const;
+  bool MayRun(const std::vector<std::string>& commands, const std::string& place);
+  bool MaySend(const std::vector<std::string>& files);
+  bool CreateProfile(const deployment::ICustomProject& project, std::string_view platform);
+
+  TSession& FSession;
+  const TServingParts FParts;
+  std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too
+};
+
+} // namespace workbench
