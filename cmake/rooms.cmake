@@ -139,5 +139,15 @@ room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desk
   workbench/files workbench/history workbench/platforms workbench/project workbench/project/cpp
   workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services workbench/session
   workbench/settings workbench/text)
+
+# Plug-ins of IDEs: the rooms of the window once more, for the Qt of the IDE.
+room(workbench/ide/view SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
+  workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/dialogs/profiles workbench/desktop/interaction workbench/desktop/projects
+  workbench/desktop/text workbench/platforms workbench/project workbench/project/build_import
+  workbench/services workbench/session workbench/settings)
+room(workbench/ide/kdevelop SEES workbench/desktop/text workbench/ide/view)
+room(workbench/ide/kate SEES workbench/desktop/text workbench/ide/view)
+
 room(workbench/desktop SEES ${FOUNDATION} workbench/desktop/controls workbench/desktop/text
   workbench/desktop/window workbench/project workbench/session)

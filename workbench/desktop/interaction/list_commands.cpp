@@ -28,7 +28,7 @@ struct TListKey {
 const std::array<TListKey, 5>& Keys() {
   namespace view_button = deployment::view_button;
   static const std::array<TListKey, 5> keys{
-      {{view_button::Reconcile, Qt::CTRL | Qt::Key_R, Qt::WindowShortcut},
+      {{view_button::Reconcile, QKeySequence(QStringLiteral("Ctrl+R")), Qt::WindowShortcut},
        {view_button::AddFiles, Qt::Key_Insert, Qt::WindowShortcut, true},
        {view_button::DeleteFile, Qt::Key_Delete, Qt::WidgetWithChildrenShortcut, true},
        {view_button::Deploy, Qt::Key_F9, Qt::WindowShortcut},

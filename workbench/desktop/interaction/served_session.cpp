@@ -56,7 +56,8 @@ TServedSession::TServedSession(TSession& session, TServingParts parts)
                    .ConnectionLost =
                        [this](const std::string& profile, const std::string& reason) {
                          FParts.Say(LostConnectionText(profile, reason));
-                       }}));
+                       },
+                   .Deployed = FParts.Deployed}));
 }
 
 TServedSession::~TServedSession() {

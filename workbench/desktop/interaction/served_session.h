@@ -22,6 +22,7 @@ class TModalDialogs;
 class TOpenProject;
 class TProjectTabs;
 class TSession;
+struct TDeployReport;
 
 /// What serves the session. Everything must outlive the TServedSession.
 struct TServingParts {
@@ -33,6 +34,8 @@ struct TServingParts {
   QWidget& Window; ///< dialogs stand before it
   /// Says a sentence that needs no answer.
   std::function<void(const QString&)> Say;
+  /// Hears of the end of each deploy; may be empty.
+  std::function<void(const TDeployReport&)> Deployed = {};
 };
 
 /// The session is served as long as the object lives; then its views are closed and nobody answers.

@@ -44,6 +44,8 @@ TDeployReport TWindowInteraction::Deploy(const TDeployService& service,
   TShown shown{FParts.Panel};
   FParts.Panel.Begin(cancelled);
   shown.Report = service.Deploy(completed, FParts.Panel);
+  if (FParts.Deployed)
+    FParts.Deployed(shown.Report);
   return shown.Report;
 }
 

@@ -24,6 +24,7 @@ struct TWindowParts {
   std::function<TUndoLimits()> UndoLimits; ///< as the settings say
   std::function<bool(deployment::ICustomProject&, std::string_view platform)> CreateProfile;
   std::function<void(const std::string& profile, const std::string& reason)> ConnectionLost;
+  std::function<void(const TDeployReport&)> Deployed = {}; ///< hears of each end; may be empty
 };
 
 class TWindowInteraction final : public IUserInteraction {

@@ -16,6 +16,7 @@
 #include "workbench/project/cpp/solution.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
+#include "workbench/settings/settings_store.h"
 
 #include <QApplication>
 #include <QCloseEvent>
