@@ -125,8 +125,11 @@ room(workbench/desktop/dialogs/settings SEES ${FOUNDATION} workbench/desktop/con
 room(workbench/desktop/dialogs/deploy SEES ${FOUNDATION} workbench/deploy
   workbench/desktop/controls workbench/desktop/dialogs/forms workbench/desktop/text workbench/text)
 room(workbench/desktop/projects SEES ${FOUNDATION} workbench/desktop/controls
-  workbench/desktop/dialogs/forms workbench/desktop/text workbench/history workbench/project
-  workbench/services workbench/session workbench/text)
+  workbench/desktop/dialogs/forms workbench/desktop/text workbench/explain workbench/history
+  workbench/list workbench/project workbench/services workbench/session workbench/text)
+room(workbench/desktop/notices SEES ${FOUNDATION} workbench/desktop/controls
+  workbench/desktop/dialogs/forms workbench/desktop/projects workbench/desktop/text
+  workbench/explain workbench/history workbench/session workbench/text)
 room(workbench/desktop/interaction SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
   workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/projects workbench/desktop/text
@@ -135,7 +138,8 @@ room(workbench/desktop/interaction SEES ${FOUNDATION} workbench/deploy workbench
 room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
   workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings
-  workbench/desktop/interaction workbench/desktop/projects workbench/desktop/text
+  workbench/desktop/interaction workbench/desktop/notices workbench/desktop/projects
+  workbench/desktop/text
   workbench/files workbench/history workbench/platforms workbench/project workbench/project/cpp
   workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services workbench/session
   workbench/settings workbench/text)

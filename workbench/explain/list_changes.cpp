@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 #include <unordered_set>
 
@@ -13,10 +14,18 @@ namespace {
 using deployment::IProjectDeploymentFile;
 using deployment::TDeploymentItemAction;
 
-// An entry of which something is told, on the side on which it is told.
+// One side of a change of one entry.
 struct TSide {
-  const IProjectDeploymentFile* File;
+  std::size_t Entry; ///< which of the changes it is
   TEntryRecord Record;
+};
+
+// What happened to the entries of a list, as a reader of the list sees it.
+struct TSortedChanges {
+  std::vector<TSide> Added;
+  std::vector<TSide> Modified;
+  std::vector<TSide> Replaced; ///< made anew under the names of one that went
+  std::vector<TSide> Removed;
 };
 
 void Append(std::string& text, std::string_view part) {
@@ -50,20 +59,12 @@ TChangedEntry ToldOf(const TEntryRecord& record) {
   return {record.Names.LocalName, record.Class, target};
 }
 
-TEntryRecord RecordBefore(const TSnapshotChange::TEntry& entry) {
-  return entry.Before ? Unpack(entry.Before->Packed) : TEntryRecord();
-}
-
-TEntryRecord RecordAfter(const TSnapshotChange::TEntry& entry) {
-  return entry.After ? Unpack(entry.After->Packed) : TEntryRecord();
-}
-
 // Takes pairs out of both lists that have the same key; tells of each.
 template <class TKey, class TPaired>
 void TakePairs(std::vector<TSide>& added, std::vector<TSide>& removed, TKey key, TPaired paired) {
-  std::unordered_multimap<std::string, const IProjectDeploymentFile*> byKey;
+  std::unordered_multimap<std::string, std::size_t> byKey;
   for (const TSide& side : removed)
-    byKey.emplace(key(side.Record), side.File);
+    byKey.emplace(key(side.Record), side.Entry);
   std::erase_if(added, [&](const TSide& side) {
     const auto found = byKey.find(key(side.Record));
     if (found == byKey.end())
@@ -72,10 +73,45 @@ void TakePairs(std::vector<TSide>& added, std::vector<TSide>& removed, TKey key,
     byKey.erase(found);
     return true;
   });
-  std::unordered_set<const IProjectDeploymentFile*> left;
-  for (const auto& [ignored, file] : byKey)
-    left.insert(file);
-  std::erase_if(removed, [&](const TSide& side) { return !left.contains(side.File); });
+  std::unordered_set<std::size_t> left;
+  for (const auto& [ignored, entry] : byKey)
+    left.insert(entry);
+  std::erase_if(removed, [&](const TSide& side) { return !left.contains(side.Entry); });
+}
+
+// `side` gives the record of an entry before or after, or nothing.
+template <class TSideOf>
+TSortedChanges Sort(std::size_t count, TSideOf sideOf) {
+  TSortedChanges sorted;
+  for (std::size_t i = 0; i < count; ++i) {
+    std::optional<TEntryRecord> before = sideOf(i, /*after=*/false);
+    std::optional<TEntryRecord> after = sideOf(i, /*after=*/true);
+    if (!before && after)
+      sorted.Added.push_back({i, std::move(*after)});
+    else if (before && !after)
+      sorted.Removed.push_back({i, std::move(*before)});
+    else if (before && after && ContentOf(*before) != ContentOf(*after))
+      sorted.Modified.push_back({i, std::move(*after)});
+  }
+  TakePairs(sorted.Added, sorted.Removed, ContentOf, [](const TSide&) {});
+  TakePairs(sorted.Added, sorted.Removed, ShownNamesOf,
+            [&](const TSide& side) { sorted.Replaced.push_back(side); });
+  return sorted;
+}
+
+TSortedChanges Sort(const TSnapshotChange& change) {
+  return Sort(change.Entries.size(), [&](std::size_t i, bool after) -> std::optional<TEntryRecord> {
+    const auto& state = after ? change.Entries[i].After : change.Entries[i].Before;
+    return state ? std::optional(Unpack(state->Packed)) : std::nullopt;
+  });
+}
+
+std::vector<TChangedEntry> ToldOf(const std::vector<TSide>& sides) {
+  std::vector<TChangedEntry> told;
+  told.reserve(sides.size());
+  for (const TSide& side : sides)
+    told.push_back(ToldOf(side.Record));
+  return told;
 }
 
 } // namespace
@@ -115,6 +151,17 @@ private:
   std::array<std::unordered_map<const IProjectDeploymentFile*, std::size_t>, 3> FTargets;
 };
 
+TTargetChanges ChangesOf(const TListChange& change) {
+  const TSortedChanges sorted = Sort(
+      change.Entries.size(), [&](std::size_t i, bool after) -> const std::optional<TEntryRecord>& {
+        return after ? change.Entries[i].After : change.Entries[i].Before;
+      });
+  TTargetChanges changes{ToldOf(sorted.Added), ToldOf(sorted.Modified), ToldOf(sorted.Removed)};
+  for (const TSide& side : sorted.Replaced)
+    changes.Modified.push_back(ToldOf(side.Record));
+  return changes;
+}
+
 TListChanges::TListChanges(deployment::IProjectDeployment& deployment)
     : FDeployment(deployment), FSnapshot(deployment), FListener(std::make_shared<TListener>()),
       FListenerIndex(deployment.AddNotifier(FListener)) {}
@@ -129,30 +176,19 @@ void TListChanges::StartTarget() {
 
 std::vector<TTargetChanges> TListChanges::Finish() {
   std::vector<TTargetChanges> changes(std::max<std::size_t>(FListener->Count(), 1));
-  const auto targetOf = [&](const TSide& side, TDeploymentItemAction action) -> TTargetChanges& {
-    return changes[FListener->TargetOf(*side.File, action)];
-  };
   const TSnapshotChange change = FSnapshot.Collect(TLook::Everywhere);
-  std::vector<TSide> added;
-  std::vector<TSide> removed;
-  for (const TSnapshotChange::TEntry& entry : change.Entries) {
-    const TSide before{entry.File.get(), RecordBefore(entry)};
-    const TSide after{entry.File.get(), RecordAfter(entry)};
-    if (!entry.Before)
-      added.push_back(after);
-    else if (!entry.After)
-      removed.push_back(before);
-    else if (ContentOf(before.Record) != ContentOf(after.Record))
-      targetOf(after, TDeploymentItemAction::Modified).Modified.push_back(ToldOf(after.Record));
-  }
+  const auto targetOf = [&](const TSide& side, TDeploymentItemAction action) -> TTargetChanges& {
+    return changes[FListener->TargetOf(*change.Entries[side.Entry].File, action)];
+  };
   FindLost(change);
-  TakePairs(added, removed, ContentOf, [](const TSide&) {});
-  TakePairs(added, removed, ShownNamesOf, [&](const TSide& side) {
+  const TSortedChanges sorted = Sort(change);
+  for (const TSide& side : sorted.Modified)
+    targetOf(side, TDeploymentItemAction::Modified).Modified.push_back(ToldOf(side.Record));
+  for (const TSide& side : sorted.Replaced)
     targetOf(side, TDeploymentItemAction::Added).Modified.push_back(ToldOf(side.Record));
-  });
-  for (const TSide& side : added)
+  for (const TSide& side : sorted.Added)
     targetOf(side, TDeploymentItemAction::Added).Added.push_back(ToldOf(side.Record));
-  for (const TSide& side : removed)
+  for (const TSide& side : sorted.Removed)
     targetOf(side, TDeploymentItemAction::Removed).Removed.push_back(ToldOf(side.Record));
   return changes;
 }
@@ -163,7 +199,7 @@ void TListChanges::FindLost(const TSnapshotChange& change) {
   // What was there before is there now, or is part of the change.
   std::unordered_set<std::string> known;
   for (const TSnapshotChange::TEntry& entry : change.Entries)
-    known.insert(ShownNamesOf(RecordBefore(entry)));
+    known.insert(ShownNamesOf(entry.Before ? Unpack(entry.Before->Packed) : TEntryRecord()));
   for (const auto& file : FDeployment.GetFiles())
     known.insert(ShownNamesOf(RecordOf(*file)));
   for (const TEntryRecord& record : FListener->Removed()) {

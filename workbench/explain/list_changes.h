@@ -27,6 +27,9 @@ struct TTargetChanges {
   bool IsEmpty() const { return Added.empty() && Modified.empty() && Removed.empty(); }
 };
 
+/// What a change did to the entries, by the same rules as TListChanges.
+TTargetChanges ChangesOf(const TListChange& change);
+
 /// Listens to a deployment from its making until Finish. What one target adds and a later one takes
 /// out again is no change, and neither is what comes back as it was. A file entry that is made anew
 /// under its old names counts as modified.

@@ -16,17 +16,26 @@ TEditHistory::TEditHistory(TOpenProject& project, const THistoryLimits& limits)
     : FProject(project), FLimits(limits), FSnapshot(project.Deployment()) {}
 
 bool TEditHistory::EndStep(std::string name, TLook look, TStepKind kind) {
+  return EndStepNamed([&name](const TListChange&) { return std::move(name); }, look, kind);
+}
+
+bool TEditHistory::EndStepNamed(const TNaming& name, TLook look, TStepKind kind) {
   TSnapshotChange change = FSnapshot.Collect(look);
   if (change.IsEmpty())
     return false;
   FRedo.clear();
   FChanges += change.Entries.size();
-  FUndo.push_back({std::move(name), ++FLastId, kind, std::move(change)});
+  TListChange told = ListChangeOf(change, TDirection::Forth);
+  FUndo.push_back({name(told), ++FLastId, kind, std::move(change)});
   DropOldSteps();
   if (kind == TStepKind::Edit)
     FProject.MarkChanged();
-  Report(FUndo.back(), TDirection::Forth);
+  Report(FUndo.back(), std::move(told));
   return true;
+}
+
+bool TEditHistory::IsDone(std::uint64_t step) const {
+  return std::ranges::find(FUndo, step, &TStep::Id) != FUndo.end();
 }
 
 const std::string& TEditHistory::UndoName() const {
@@ -61,14 +70,13 @@ void TEditHistory::Redo() {
 void TEditHistory::Restore(const TStep& step, TDirection direction) {
   auto* held = FSnapshot.Restore(step.Change, direction);
   FProject.MarkChanged();
-  Report(step, direction);
+  Report(step, ListChangeOf(step.Change, direction));
   NotifyListeners(FProject.Deployment(), held);
 }
 
-void TEditHistory::Report(const TStep& step, TDirection direction) const {
+void TEditHistory::Report(const TStep& step, TListChange change) const {
   if (!FOnStep)
     return;
-  TListChange change = ListChangeOf(step.Change, direction);
   change.Name = step.Name;
   change.IsComputed = step.Kind == TStepKind::Computed;
   FOnStep(change);

@@ -46,6 +46,16 @@ public:
   /// `name` is for menus. An edit marks the project as changed.
   bool EndStep(std::string name, TLook look = TLook::Notified, TStepKind kind = TStepKind::Edit);
 
+  /// Names a step by what it did.
+  using TNaming = std::function<std::string(const TListChange&)>;
+  /// The same as EndStep for a step whose name depends on the change.
+  bool EndStepNamed(const TNaming& name, TLook look, TStepKind kind = TStepKind::Edit);
+
+  /// The step that Undo takes back; 0 for none. No two steps have the same number.
+  std::uint64_t LastStep() const { return FUndo.empty() ? 0 : FUndo.back().Id; }
+  /// True while the step can be taken back, perhaps behind others.
+  bool IsDone(std::uint64_t step) const;
+
   bool CanUndo() const { return !FUndo.empty(); }
   bool CanRedo() const { return !FRedo.empty(); }
   /// Empty when there is no such step.
@@ -84,7 +94,7 @@ private:
   };
 
   void Restore(const TStep& step, TDirection direction);
-  void Report(const TStep& step, TDirection direction) const;
+  void Report(const TStep& step, TListChange change) const;
   void DropOldSteps();
   // Of the last edit in the list as it is.
   std::uint64_t PresentEdit() const;

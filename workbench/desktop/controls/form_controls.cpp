@@ -16,9 +16,12 @@ std::vector<std::string> TFormDialogs::OpenFiles(const deployment::TFileOpenOpti
 
 TFormControls::TFormControls(deployment::ISettingsStore& settings, std::function<bool()> isBusy)
     : FIsBusy(std::move(isBusy)), FPage(new QWidget), FLayout(new QVBoxLayout(FPage)),
-      FEditors(settings), FDialogs(FPage), FMainThread(std::make_shared<TEventLoopQueue>(FIsBusy)) {
+      FTop(new QVBoxLayout), FAboveRows(new QVBoxLayout), FEditors(settings), FDialogs(FPage),
+      FMainThread(std::make_shared<TEventLoopQueue>(FIsBusy)) {
   FLayout->setContentsMargins(0, 0, 0, 0);
   FLayout->setSpacing(0);
+  FLayout->addLayout(FTop);
+  FLayout->addLayout(FAboveRows);
 }
 
 TFormControls::~TFormControls() {
@@ -29,10 +32,10 @@ TFormControls::~TFormControls() {
 std::unique_ptr<deployment::IToolBar> TFormControls::CreateToolBar(deployment::TImageList images) {
   auto toolBar = std::make_unique<TToolBar>(images, FIsBusy, FPage);
   FToolBar = toolBar.get();
-  FLayout->addWidget(&toolBar->Bar());
+  FLayout->insertWidget(FLayout->indexOf(FAboveRows), &toolBar->Bar());
   toolBar->SetMayStart([this] { return StartCommand(); });
   connect(FToolBar, &TToolBar::Executed, this, [this](const QAction* action) {
-    FCommand = {action->text(), action->objectName().toStdString(), false};
+    FCommand = {action->text(), action->objectName().toStdString()};
     emit CommandDone();
   });
   std::vector<QIcon> icons;
@@ -48,13 +51,13 @@ std::unique_ptr<deployment::ITargetsComboBox> TFormControls::CreateTargetsComboB
   FTargets = targets.get();
   targets->SetMayChange([this] { return StartCommand(); });
   connect(FTargets, &TTargetsComboBox::Chosen, this, [this] {
-    FCommand = {FTargets->Box().currentText(), {}, true};
+    FCommand = {FTargets->Box().currentText(), {}, /*ChoosesTarget=*/true};
     emit CommandDone();
   });
   if (FToolBar)
     FToolBar->Bar().addWidget(&targets->Box());
   else
-    FLayout->addWidget(&targets->Box());
+    FLayout->insertWidget(FLayout->indexOf(FAboveRows), &targets->Box());
   return targets;
 }
 
@@ -98,6 +101,14 @@ std::string TFormControls::GetIdentifier(const deployment::IOTAProject& project)
 
 bool TFormControls::CommitEditor() {
   return !FTree || FTree->View().Delegate().CommitEditor();
+}
+
+void TFormControls::AddOnTop(QWidget* bar) {
+  FTop->addWidget(bar);
+}
+
+void TFormControls::AddAboveRows(QWidget* strip) {
+  FAboveRows->addWidget(strip);
 }
 
 bool TFormControls::StartCommand() {

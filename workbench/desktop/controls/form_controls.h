@@ -54,6 +54,7 @@ struct TFormCommand {
   QString Text;               ///< of the button; empty for a change in the rows themselves
   std::string Button;         ///< its name
   bool ChoosesTarget = false; ///< in the target box, and Text says which one
+  bool WasAsked = false;      ///< a form was answered meanwhile, so what came of it is the user's
 };
 
 /// The page outlives what the form makes on it: tool bar with the target box, and the tree below.
@@ -85,6 +86,11 @@ public:
   TTargetsComboBox* TargetsComboBox() const { return FTargets; }
   TVirtualTree* Tree() const { return FTree; }
 
+  /// Stands over everything else of the page, the tool bar too. Owned by the page.
+  void AddOnTop(QWidget* bar);
+  /// Stands between the tool bar and the rows, below what was added before. Owned by the page.
+  void AddAboveRows(QWidget* strip);
+
   /// Lets the form add these files, as if the user had chosen them in its file dialog.
   void AddFiles(std::vector<std::string> files);
 
@@ -109,6 +115,8 @@ private:
   const std::function<bool()> FIsBusy;
   QPointer<QWidget> FPage;
   QVBoxLayout* FLayout;
+  QVBoxLayout* FTop;       // over the tool bar
+  QVBoxLayout* FAboveRows; // below it
   TCellEditors FEditors;
   TFormDialogs FDialogs;
   TWindowStyle FStyle;

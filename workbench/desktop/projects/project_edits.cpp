@@ -1,53 +1,71 @@
 #include "workbench/desktop/projects/project_edits.h"
 
 #include "package/host/api/view_buttons.h"
+#include "workbench/desktop/projects/step_name.h"
 
 #include <QCoreApplication>
 #include <string>
-#include <string_view>
 
 namespace workbench {
 
 namespace view_button = deployment::view_button;
 
-namespace {
-
-std::string EditText() {
-  return QCoreApplication::translate("TProjectEdits", "Edit").toStdString();
-}
-
-} // namespace
-
 TProjectEdits::TProjectEdits(TOpenProject& project)
-    : FProject(project), FJournal(project.GivenFileName()), FHistory(project) {
+    : FProject(project), FJournal(project.GivenFileName()), FHistory(project) {}
+
+// It comes back by itself, so the journal does without.
+std::optional<TReconciled> TProjectEdits::Opened(const QString& target, bool wasAsked) {
+  auto done = EndReconcile(ReconcileName(target), target, TLook::Notified,
+                           wasAsked ? TStepKind::Edit : TStepKind::Computed);
   FHistory.SetOnStep([this](const TListChange& change) { FJournal.Append(change); });
+  return done;
 }
 
-// The package says when the user edited something. Where the listeners heard nothing of it, a
-// record was made with default values.
-void TProjectEdits::EndStep(const TFormCommand& command) {
+std::optional<TReconciled> TProjectEdits::EndReconcile(const QString& name, const QString& target,
+                                                       TLook look, TStepKind kind) {
+  TReconciled done;
+  done.Target = target;
+  const auto naming = [&](const TListChange& change) {
+    done.Changes = ChangesOf(change);
+    return name.toStdString();
+  };
+  if (!FHistory.EndStepNamed(naming, look, kind))
+    return std::nullopt;
+  done.Step = FHistory.LastStep();
+  return done;
+}
+
+std::optional<TReconciled> TProjectEdits::EndStep(const TFormCommand& command,
+                                                  const QString& target) {
   deployment::IOTAProject& project = FProject.Project();
   const bool wasEdited = project.GetModified();
-  if (!EndNamedStep(command) && wasEdited)
-    FHistory.EndStep(EditText(), TLook::Everywhere);
+  std::optional<TReconciled> reconciled;
+  if (command.ChoosesTarget)
+    reconciled = EndReconcile(ReconcileName(command.Text), command.Text, TLook::Everywhere,
+                              command.WasAsked ? TStepKind::Edit : TStepKind::Computed);
+  else if (command.Button == view_button::Reconcile)
+    reconciled = EndReconcile(ReconcileName(target), target, TLook::Everywhere, TStepKind::Edit);
+  else
+    EndEdit(command, target, wasEdited);
   if (wasEdited)
     project.SetModified(false);
   if (command.Button == view_button::Reconcile && FProject.HasChanges())
     FIsMarked = true; // who asks for the default entries wants them in the file
+  return reconciled;
 }
 
-bool TProjectEdits::EndNamedStep(const TFormCommand& command) {
+// The package says when the user edited something. Where the listeners heard nothing of it, a
+// record was made with default values.
+void TProjectEdits::EndEdit(const TFormCommand& command, const QString& target, bool wasEdited) {
   const bool looks =
       command.Button == view_button::Deploy || command.Button == view_button::Connect;
-  if (looks)
-    return FHistory.EndStep(command.Text.toStdString(), TLook::Everywhere, TStepKind::Computed);
-  if (command.ChoosesTarget)
-    return FHistory.EndStep(QCoreApplication::translate("TProjectEdits", "Reconcile for %1")
-                                .arg(command.Text)
-                                .toStdString(),
-                            TLook::Everywhere, TStepKind::Computed);
-  return command.Text.isEmpty() ? FHistory.EndStep(EditText())
-                                : FHistory.EndStep(command.Text.toStdString(), TLook::Everywhere);
+  const auto end = [&](TLook look) {
+    return FHistory.EndStepNamed(
+        [&](const TListChange& change) { return StepName(command, target, change).toStdString(); },
+        look, looks ? TStepKind::Computed : TStepKind::Edit);
+  };
+  if (!end(command.Text.isEmpty() ? TLook::Notified : TLook::Everywhere) && wasEdited)
+    end(TLook::Everywhere);
 }
 
 bool TProjectEdits::IsModified() const {

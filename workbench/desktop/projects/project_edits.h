@@ -2,24 +2,38 @@
 #pragma once
 
 #include "workbench/desktop/controls/form_controls.h"
+#include "workbench/explain/list_changes.h"
 #include "workbench/history/edit_history.h"
 #include "workbench/history/recovery.h"
 #include "workbench/history/recovery_journal.h"
 
 #include <QString>
+#include <cstdint>
 #include <optional>
 
 namespace workbench {
 
-/// Edits are taken down from the making of the object on, so a view has reconciled before.
+/// What a reconcile did to the list, which is a step of its own.
+struct TReconciled {
+  std::uint64_t Step = 0; ///< see TEditHistory
+  QString Target;         ///< as the target box names it
+  TTargetChanges Changes;
+};
+
+/// Edits are taken down from the making of the object on, before a view reconciles.
 class TProjectEdits {
 public:
   /// The project must outlive the object. Throws as TEditHistory does.
   explicit TProjectEdits(TOpenProject& project);
 
-  /// What changed since the last call becomes a step of that command.
-  void EndStep(const TFormCommand& command);
+  /// What the reconcile of the first target did becomes a step, which is no edit unless somebody
+  /// was asked. Nothing when it did nothing. To be called once, before any other step.
+  std::optional<TReconciled> Opened(const QString& target, bool wasAsked);
+  /// What changed since the last call becomes a step of that command, given while this target was
+  /// shown. Answers with what was done if that was a reconcile.
+  std::optional<TReconciled> EndStep(const TFormCommand& command, const QString& target);
   TEditHistory& History() { return FHistory; }
+  const TEditHistory& History() const { return FHistory; }
   /// True when there is something of the user's to save. What the program computed, such as the
   /// default entries of a target, comes back by itself and does not count.
   bool IsModified() const;
@@ -43,7 +57,9 @@ public:
   void Recover(const TRecoverable& recoverable);
 
 private:
-  bool EndNamedStep(const TFormCommand& command);
+  void EndEdit(const TFormCommand& command, const QString& target, bool wasEdited);
+  std::optional<TReconciled> EndReconcile(const QString& name, const QString& target, TLook look,
+                                          TStepKind kind);
 
   TOpenProject& FProject;
   TRecoveryJournal FJournal;

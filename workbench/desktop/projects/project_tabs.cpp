@@ -5,6 +5,7 @@
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/projects/project_questions.h"
+#include "workbench/desktop/projects/shown_target.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/project/project_settings.h"
@@ -46,7 +47,7 @@ struct TBusyCursor {
 } // namespace
 
 TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background,
-                           const TModalDialogs& forms, QWidget& window)
+                           TModalDialogs& forms, QWidget& window)
     : FSession(session), FTabs(tabs), FBackground(background), FForms(forms), FWindow(window) {}
 
 TProjectTabs::TProjectTab* TProjectTabs::TabAt(int index) {
@@ -69,9 +70,14 @@ TOpenProject* TProjectTabs::Find(const deployment::ICustomProject& project) cons
   return found == FProjects.end() ? nullptr : found->Project;
 }
 
-TFormControls* TProjectTabs::ControlsOf(const TOpenProject& project) const {
+const TProjectTabs::TProjectTab* TProjectTabs::TabOf(const TOpenProject& project) const {
   const auto found = std::ranges::find(FProjects, &project, &TProjectTab::Project);
-  return found == FProjects.end() ? nullptr : found->Controls;
+  return found == FProjects.end() ? nullptr : &*found;
+}
+
+TFormControls* TProjectTabs::ControlsOf(const TOpenProject& project) const {
+  const TProjectTab* tab = TabOf(project);
+  return tab ? tab->Controls : nullptr;
 }
 
 // In the order of the tabs.
@@ -92,6 +98,11 @@ bool TProjectTabs::IsModified(int index) const {
 
 TProjectEdits* TProjectTabs::EditsAt(int index) {
   const TProjectTab* tab = TabAt(index);
+  return tab ? tab->Edits.get() : nullptr;
+}
+
+const TProjectEdits* TProjectTabs::EditsOf(const TOpenProject& project) const {
+  const TProjectTab* tab = TabOf(project);
   return tab ? tab->Edits.get() : nullptr;
 }
 
@@ -125,13 +136,14 @@ void TProjectTabs::ShowActive(TOpenProject& project) {
 }
 
 // What fails here leaves no project without a tab behind.
-TFormControls& TProjectTabs::MakeView(TOpenProject& project,
-                                      const deployment::TDeploymentTarget& target) {
+TProjectTabs::TProjectTab TProjectTabs::MakeView(TOpenProject& project,
+                                                 const deployment::TDeploymentTarget& target) {
+  std::unique_ptr<TProjectEdits> edits;
   TFormControls* controls = nullptr;
   const auto added = connect(&FTabs, &TEditorTabs::Added, this,
                              [&controls](TFormControls* made) { controls = made; });
   try {
-    project.Deployment();
+    edits = std::make_unique<TProjectEdits>(project);
     // A target that cannot be computed is no reason to keep the project closed: the view says it.
     FSession.ShowDeployment(project, {target});
     if (!controls)
@@ -142,19 +154,19 @@ TFormControls& TProjectTabs::MakeView(TOpenProject& project,
     throw;
   }
   disconnect(added);
-  return *controls;
+  return {.Project = &project, .Controls = controls, .Edits = std::move(edits)};
 }
 
-// What the reconcile of the first target does is no edit, unless somebody was asked.
 void TProjectTabs::Show(TOpenProject& project, int index,
                         const deployment::TDeploymentTarget& target) {
   const std::size_t answers = FForms.AnswerCount();
-  TFormControls& controls = MakeView(project, target);
-  FProjects.push_back({&project, &controls, std::make_unique<TProjectEdits>(project)});
+  FProjects.push_back(MakeView(project, target));
+  TFormControls& controls = *FProjects.back().Controls;
   controls.TakeCommand();
-  if (FForms.AnswerCount() != answers)
-    FProjects.back().Edits->MarkModified();
   FAnswers = FForms.AnswerCount();
+  const auto reconciled = FProjects.back().Edits->Opened(TargetName(controls), FAnswers != answers);
+  if (FAnswers != answers)
+    FProjects.back().Edits->MarkModified();
   connect(&controls, &TFormControls::CommandStarts, this, &TProjectTabs::EndSteps);
   connect(&controls, &TFormControls::CommandDone, this, &TProjectTabs::EndSteps);
   const int shown = FTabs.IndexOf(controls);
@@ -163,6 +175,8 @@ void TProjectTabs::Show(TOpenProject& project, int index,
   FTabs.setTabToolTip(FTabs.IndexOf(controls),
                       PathToQString(CanonicalPath(project.GivenFileName())).toHtmlEscaped());
   emit Opened(&project);
+  if (reconciled)
+    emit Reconciled(&project, *reconciled);
   ShowModified();
   emit Changed();
 }
@@ -170,27 +184,6 @@ void TProjectTabs::Show(TOpenProject& project, int index,
 bool TProjectTabs::CommitEditors() {
   return std::ranges::all_of(FProjects,
                              [](const TProjectTab& tab) { return tab.Controls->CommitEditor(); });
-}
-
-void TProjectTabs::EndStep(const TProjectTab& tab) {
-  TFormCommand command = tab.Controls->TakeCommand();
-  if (FForms.AnswerCount() != std::exchange(FAnswers, FForms.AnswerCount()))
-    command.ChoosesTarget = false; // what was answered is the user's
-  tab.Edits->EndStep(command);
-}
-
-// A dialog may be open in the middle of a command.
-void TProjectTabs::EndSteps() {
-  if (FBackground.IsBusy() || QApplication::activeModalWidget())
-    return;
-  for (const TProjectTab& tab : FProjects)
-    Guarded([&] { EndStep(tab); });
-}
-
-// Whatever the user has begun in the tab is done, and a step. False when the form refuses it.
-bool TProjectTabs::FinishEditing(int index) {
-  const TProjectTab* tab = TabAt(index);
-  return tab && tab->Controls->CommitEditor() && Guarded([&] { EndStep(*tab); });
 }
 
 bool TProjectTabs::Save(int index) {
@@ -205,11 +198,16 @@ bool TProjectTabs::Save(int index) {
   return Write(*tab, force);
 }
 
+// The work has the project for itself.
+void TProjectTabs::RunWith(const TProjectTab& tab, const std::function<void()>& work) {
+  const TPausedRows still(FTabs, tab.Controls->Tree()->Model());
+  FBackground.Run(work);
+}
+
 bool TProjectTabs::Write(const TProjectTab& tab, bool force) {
   bool saved = false;
   try {
-    const TPausedRows still(FTabs, tab.Controls->Tree()->Model());
-    FBackground.Run([&project = *tab.Project, force] {
+    RunWith(tab, [&project = *tab.Project, force] {
       project.Save(force);
       project.HasChanges(); // takes what was written as the new text, which is work too
     });

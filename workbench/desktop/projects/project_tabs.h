@@ -10,12 +10,14 @@
 #include <cstddef>
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
 namespace workbench {
 
+class TChangeReasons;
 class TModalDialogs;
 class TOpenSolution;
 struct TSolutionMember;
@@ -29,7 +31,7 @@ class TProjectTabs final : public QObject {
 public:
   /// Everything must outlive the object. Dialogs stand before the window.
   TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background,
-               const TModalDialogs& forms, QWidget& window);
+               TModalDialogs& forms, QWidget& window);
 
   /// Brings a project forward that is open already. False when it cannot be opened.
   bool Open(const std::filesystem::path& file);
@@ -65,12 +67,22 @@ public:
   std::vector<std::filesystem::path> Files() const;
   /// Edits of the project on a tab; null for none.
   TProjectEdits* EditsAt(int index);
+  /// The same of a project; null when it is not open.
+  const TProjectEdits* EditsOf(const TOpenProject& project) const;
   /// True when the project on the tab has changes of the user's.
   bool IsModified(int index) const;
   /// What changed in the projects since the last call becomes steps of them.
   void EndSteps();
   /// Takes the text of a cell editor over that is open. False when the form refuses it.
   bool CommitEditors();
+  /// Does an edit that no command of the list makes, as a step of that name. False when it is not
+  /// done, which was said, or when the form refuses the text of a cell editor.
+  bool Edit(const TOpenProject& project, const QString& name, const std::function<void()>& edit);
+  /// Takes the step back when it is the last one of the project. False when it is not.
+  bool UndoStep(const TOpenProject& project, std::uint64_t step);
+  /// Why the list of the target that the project shows is what it is. Takes long for long lists;
+  /// throws TInputError when the target cannot be computed.
+  std::unique_ptr<TChangeReasons> ReasonsOf(TOpenProject& project);
   /// Opens the project and does the edits to it that an earlier run left behind. False when that
   /// fails, which is said.
   bool Recover(const TRecoverable& recoverable);
@@ -82,6 +94,9 @@ signals:
   void Opened(TOpenProject* project);
   /// Projects came or went, were saved or renamed.
   void Changed();
+  /// A reconcile changed the list of the project, as the package does by itself when a project is
+  /// opened or another target is chosen.
+  void Reconciled(TOpenProject* project, const TReconciled& done);
   /// Something happened that the user should know and need not answer.
   void Notice(const QString& text);
 
@@ -94,15 +109,17 @@ private:
   };
 
   TProjectTab* TabAt(int index);
+  const TProjectTab* TabOf(const TOpenProject& project) const;
   void EndStep(const TProjectTab& tab);
   bool FinishEditing(int index);
   TOpenProject& Read(const std::filesystem::path& file,
                      const std::shared_ptr<const TSolution>& solution = nullptr);
   void ShowActive(TOpenProject& project);
   bool OpenMember(const TOpenSolution& solution, const TSolutionMember& member);
-  TFormControls& MakeView(TOpenProject& project, const deployment::TDeploymentTarget& target);
+  TProjectTab MakeView(TOpenProject& project, const deployment::TDeploymentTarget& target);
   void Show(TOpenProject& project, int index, const deployment::TDeploymentTarget& target);
   bool Write(const TProjectTab& tab, bool force);
+  void RunWith(const TProjectTab& tab, const std::function<void()>& work);
   void ShowSaveError(const std::exception& error);
   bool MayClose(int index);
   void Shut(const TOpenProject& project, bool dropEdits);
@@ -114,7 +131,7 @@ private:
   TSession& FSession;
   TEditorTabs& FTabs;
   TBackgroundWork& FBackground;
-  const TModalDialogs& FForms;
+  TModalDialogs& FForms;
   QWidget& FWindow;
   std::vector<TProjectTab> FProjects; // in no order
   std::size_t FAnswers = 0;           // of forms, that belong to steps which are over

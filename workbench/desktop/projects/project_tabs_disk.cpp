@@ -1,10 +1,10 @@
 // What happens to open projects when their files change on disk.
 #include "package/host/api/deployment_target.h"
-#include "package/host/api/platforms.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/projects/project_questions.h"
 #include "workbench/desktop/projects/project_tabs.h"
+#include "workbench/desktop/projects/shown_target.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 
@@ -14,19 +14,6 @@
 namespace workbench {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-deployment::TDeploymentTarget TargetOf(const TFormControls& controls) {
-  const TTargetsComboBox* box = controls.TargetsComboBox();
-  if (!box)
-    return {};
-  const std::string platform = box->GetSelectedPlatform();
-  return {box->GetSelectedConfiguration(),
-          platform.empty() ? std::string(deployment::sAllPlatforms) : platform};
-}
-
-} // namespace
 
 bool TProjectTabs::Reload(int index) {
   if (!TabAt(index) || !FinishEditing(index))
@@ -54,7 +41,7 @@ bool TProjectTabs::ReadAnew(int index, const std::optional<TRecoverable>& edits)
   const TProjectTab& tab = *TabAt(index);
   const fs::path file = tab.Project->GivenFileName();
   const std::shared_ptr<const TSolution> solution = tab.Project->Solution();
-  const deployment::TDeploymentTarget target = TargetOf(*tab.Controls);
+  const deployment::TDeploymentTarget target = ShownTarget(*tab.Controls);
   const int current = FTabs.currentIndex();
   try {
     Shut(*tab.Project, /*dropEdits=*/!edits);

@@ -6,12 +6,14 @@
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/interaction/list_commands.h"
 #include "workbench/desktop/interaction/served_session.h"
+#include "workbench/desktop/notices/project_notices.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/projects/recovery_question.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/window/welcome_page.h"
 #include "workbench/desktop/window/window_menus.h"
+#include "workbench/desktop/window/window_panes.h"
 #include "workbench/desktop/window/window_status.h"
 #include "workbench/project/cpp/solution.h"
 #include "workbench/services/remote_profile_services.h"
@@ -103,6 +105,7 @@ void TMainWindow::MakePages() {
   FTabs = new TEditorTabs(
       FSession.Settings(), [this] { return FBackground.IsBusy(); }, this);
   FProjects = std::make_unique<TProjectTabs>(FSession, *FTabs, FBackground, *FModalForms, *this);
+  FNotices = new TProjectNotices(*FProjects, *this);
   FPanel = new TDeployPanel(this);
   FPanel->hide();
   FBackground.Allow(FPanel);
@@ -111,13 +114,10 @@ void TMainWindow::MakePages() {
   FPages = new QStackedWidget(this);
   FPages->addWidget(FWelcome);
   FPages->addWidget(FTabs);
-  FSplitter = new QSplitter(Qt::Vertical, this);
-  FSplitter->addWidget(FPages);
-  FSplitter->addWidget(FPanel);
-  FSplitter->setStretchFactor(0, 1);
-  FSplitter->setChildrenCollapsible(false);
-  FSplitter->restoreState(FLayout.Split);
-  setCentralWidget(FSplitter);
+  FPanes = new TWindowPanes(FPages, this);
+  FPanes->AddBelow(FPanel);
+  FPanes->Restore(FLayout.Split, FLayout.Widths);
+  setCentralWidget(FPanes);
   connect(FTabs, &QTabWidget::tabCloseRequested, this,
           [this](int index) { FProjects->Close(index); });
   connect(FTabs, &QTabWidget::tabBarClicked, this, [this] { FProjects->CommitEditors(); });
@@ -184,6 +184,7 @@ void TMainWindow::Opened(TOpenProject& project) {
 void TMainWindow::ShowPage() {
   FPages->setCurrentWidget(FTabs->count() > 0 ? static_cast<QWidget*>(FTabs)
                                               : static_cast<QWidget*>(FWelcome));
+  emit ProjectShown(CurrentProject(), CurrentControls());
   FocusListSoon();
   ShowState();
 }
@@ -202,6 +203,7 @@ void TMainWindow::ShowState() {
   const bool shown = FBackground.IsBusy() || Guarded([this] {
                        FProjects->EndSteps();
                        FProjects->ShowModified();
+                       FNotices->Update();
                        FMenus->Update();
                        FStatus->Update();
                      });
@@ -249,7 +251,8 @@ void TMainWindow::changeEvent(QEvent* event) {
 void TMainWindow::KeepLayout() const {
   TWindowLayout layout;
   layout.Geometry = saveGeometry();
-  layout.Split = FSplitter->saveState();
+  layout.Split = FPanes->Heights();
+  layout.Widths = FPanes->Widths();
   layout.Columns = FLayout.Columns;
   if (const TFormControls* controls = CurrentControls(); controls && controls->Tree())
     layout.Columns = controls->Tree()->View().header()->saveState();

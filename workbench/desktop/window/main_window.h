@@ -15,7 +15,6 @@
 #include <string_view>
 #include <vector>
 
-class QSplitter;
 class QStackedWidget;
 
 namespace workbench {
@@ -24,7 +23,9 @@ class TDeployPanel;
 class TListCommands;
 class TModalDialogs;
 class TServedSession;
+class TProjectNotices;
 class TWelcomePage;
+class TWindowPanes;
 class TWindowMenus;
 class TWindowStatus;
 struct TWindowCommand;
@@ -49,10 +50,15 @@ public:
 
   TProjectTabs& Projects() { return *FProjects; }
   TEditorTabs& Tabs() { return *FTabs; }
+  TProjectNotices& Notices() { return *FNotices; }
   TDeployPanel& Panel() { return *FPanel; }
   /// The controls of the current project; null for none.
   TFormControls* CurrentControls() const;
   TOpenProject* CurrentProject() const;
+
+signals:
+  /// This project is in front now; null when none is. The controls go with it.
+  void ProjectShown(TOpenProject* project, TFormControls* controls);
 
 protected:
   void closeEvent(QCloseEvent* event) override;
@@ -90,11 +96,12 @@ private:
   TBackgroundWork FBackground;
   TEditorTabs* FTabs = nullptr;
   TDeployPanel* FPanel = nullptr;
-  QSplitter* FSplitter = nullptr;
+  TWindowPanes* FPanes = nullptr;
   QStackedWidget* FPages = nullptr;
   TWelcomePage* FWelcome = nullptr;
   TWindowMenus* FMenus = nullptr;
   TWindowStatus* FStatus = nullptr;
+  TProjectNotices* FNotices = nullptr;
   TListCommands* FListCommands = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;

@@ -11,6 +11,7 @@ namespace {
 constexpr const char* GeometryKey = "window/geometry";
 constexpr const char* ColumnsKey = "window/columns";
 constexpr const char* SplitKey = "window/split";
+constexpr const char* WidthsKey = "window/widths";
 constexpr const char* ProjectsKey = "window/projects";
 constexpr const char* CurrentKey = "window/current";
 
@@ -29,6 +30,7 @@ TWindowLayout TWindowLayout::Read() {
   return {.Geometry = settings.value(GeometryKey).toByteArray(),
           .Columns = settings.value(ColumnsKey).toByteArray(),
           .Split = settings.value(SplitKey).toByteArray(),
+          .Widths = settings.value(WidthsKey).toByteArray(),
           .Projects = settings.value(ProjectsKey).toStringList(),
           .Current = settings.value(CurrentKey, -1).toInt()};
 }
@@ -41,6 +43,7 @@ void TWindowLayout::Write() const {
   settings.setValue(GeometryKey, Geometry);
   settings.setValue(ColumnsKey, Columns);
   settings.setValue(SplitKey, Split);
+  settings.setValue(WidthsKey, Widths);
   settings.setValue(ProjectsKey, Projects);
   settings.setValue(CurrentKey, Current);
 }

@@ -13,6 +13,7 @@ struct TWindowLayout {
   QByteArray Geometry;
   QByteArray Columns;   ///< of the file lists
   QByteArray Split;     ///< between the tabs and the deploy panel
+  QByteArray Widths;    ///< of the tabs and what stands beside them
   QStringList Projects; ///< full paths, in the order of the tabs
   int Current = -1;     ///< of them
 
