@@ -147,8 +147,8 @@ room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desk
 # Plug-ins of IDEs: the rooms of the window once more, for the Qt of the IDE.
 room(workbench/ide/view SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
   workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
-  workbench/desktop/dialogs/profiles workbench/desktop/interaction workbench/desktop/projects
-  workbench/desktop/text workbench/platforms workbench/project workbench/project/build_import
+  workbench/desktop/dialogs/profiles workbench/desktop/interaction workbench/desktop/notices
+  workbench/desktop/projects workbench/desktop/text workbench/platforms workbench/project workbench/project/build_import
   workbench/services workbench/session workbench/settings)
 room(workbench/ide/kdevelop SEES workbench/desktop/text workbench/ide/view)
 room(workbench/ide/kate SEES workbench/desktop/text workbench/ide/view)

@@ -6,6 +6,7 @@
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/interaction/list_commands.h"
 #include "workbench/desktop/interaction/served_session.h"
+#include "workbench/desktop/notices/project_notices.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/projects/recovery_question.h"
 #include "workbench/desktop/text/error_text.h"
@@ -61,7 +62,8 @@ TProjectLists::TProjectLists(QWidget* parent)
                         .Window = *this,
                         .Say = [this](const QString& text) { emit Notice(text); },
                         .Deployed = [this](const TDeployReport& report) { Deployed(report); }})),
-      FCommands(new TListCommands(FSession, *this, TKeyReach::List)) {
+      FCommands(new TListCommands(FSession, *this, TKeyReach::List)),
+      FNotices(new TProjectNotices(*FProjects, *this)) {
   FTabs->tabBar()->hide(); // the IDE says which project is in front
   FPanel->hide();
   FBackground.Allow(FPanel);
@@ -262,6 +264,7 @@ void TProjectLists::ShowState() {
   if (!IsBusy()) {
     FProjects->EndSteps();
     FProjects->ShowModified();
+    FNotices->Update();
   }
   emit StateChanged();
 }

@@ -23,6 +23,7 @@ namespace workbench {
 
 class TDeployPanel;
 class TListCommands;
+class TProjectNotices;
 class TServedSession;
 struct TDeployReport;
 
@@ -91,6 +92,7 @@ private:
   std::unique_ptr<TProjectTabs> FProjects;
   std::unique_ptr<TServedSession> FServed;
   TListCommands* FCommands;
+  TProjectNotices* FNotices;
   TProjectWatcher FWatcher;
   QTimer FState;
   QTimer FPoll;
