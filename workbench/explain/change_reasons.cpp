@@ -6,6 +6,7 @@
 namespace workbench {
 namespace {
 
+using deployment::TReconcileOutcome;
 using deployment::TReconcileReason;
 
 // Keeps the decisions in order.
@@ -25,8 +26,8 @@ std::string KeyOfEntry(std::string_view className, std::string_view localName) {
 }
 
 bool IsAboutClass(const TReconcileReason& reason) {
-  return reason.Outcome == deployment::TReconcileOutcome::Skipped ||
-         reason.Outcome == deployment::TReconcileOutcome::Removed;
+  return reason.Outcome == TReconcileOutcome::Skipped ||
+         reason.Outcome == TReconcileOutcome::Removed;
 }
 
 } // namespace
@@ -45,21 +46,29 @@ TChangeReasons::TChangeReasons(deployment::IProjectDeployment& deployment,
   }
 }
 
-std::vector<std::string> TChangeReasons::Sentences(const std::string& key) const {
+// The reconcile that told the reasons found what was done before it.
+std::vector<std::string> TChangeReasons::Sentences(const std::string& key,
+                                                   TReconcileOutcome happened) const {
   std::vector<std::string> sentences;
   const auto found = FByKey.find(key);
   if (found == FByKey.end())
     return sentences;
   sentences.reserve(found->second.size());
-  for (const std::size_t place : found->second)
-    sentences.push_back(ReasonSentence(FJournal[place]));
+  for (const std::size_t place : found->second) {
+    TReconcileReason reason = FJournal[place];
+    if (reason.Outcome == TReconcileOutcome::Kept || reason.Outcome == TReconcileOutcome::Updated)
+      reason.Outcome = happened;
+    sentences.push_back(ReasonSentence(reason));
+  }
   return sentences;
 }
 
-std::vector<std::string> TChangeReasons::Of(const TChangedEntry& entry) const {
-  std::vector<std::string> sentences = Sentences(KeyOfEntry(entry.ClassName, entry.LocalName));
+std::vector<std::string> TChangeReasons::Of(const TChangedEntry& entry,
+                                            TReconcileOutcome happened) const {
+  std::vector<std::string> sentences =
+      Sentences(KeyOfEntry(entry.ClassName, entry.LocalName), happened);
   if (sentences.empty())
-    sentences = Sentences(KeyOfEntry(entry.ClassName, {}));
+    sentences = Sentences(KeyOfEntry(entry.ClassName, {}), happened);
   if (sentences.empty())
     sentences.emplace_back("no step of a reconcile for this target asks for it");
   return sentences;

@@ -22,12 +22,14 @@ public:
   TChangeReasons(deployment::IProjectDeployment& deployment,
                  const deployment::TDeploymentTarget& target);
 
-  /// Sentences without a full stop, at least one; for an entry that went, what the steps say about
-  /// its class.
-  std::vector<std::string> Of(const TChangedEntry& entry) const;
+  /// Sentences without a full stop, at least one, for an entry to which this happened; for one that
+  /// went, what the steps say about its class.
+  std::vector<std::string> Of(const TChangedEntry& entry,
+                              deployment::TReconcileOutcome happened) const;
 
 private:
-  std::vector<std::string> Sentences(const std::string& key) const;
+  std::vector<std::string> Sentences(const std::string& key,
+                                     deployment::TReconcileOutcome happened) const;
 
   std::vector<deployment::TReconcileReason> FJournal;
   std::unordered_map<std::string, std::vector<std::size_t>> FByKey; ///< places in the journal

@@ -60,8 +60,8 @@ TEST_F(TWindowNotices, OpeningTellsWhatTheReconcileOfTheFirstTargetDid) {
   ASSERT_EQ(rows.size(), 3U);
   EXPECT_EQ(rows.front(),
             "Added|packages\\Win64\\TideTables.vpk|DependencyPackage|Debug, Win64|the step "
-            "\"packages\" adds it as \"DependencyPackage\": the list of runtime packages names "
-            "\"TideTables\"");
+            "\"runtime packages\" adds it as \"DependencyPackage\": the list of runtime packages "
+            "names \"TideTables.vpk\"");
 }
 
 TEST_F(TWindowNotices, UndoTakesTheReconcileOfTheFirstTargetBack) {
@@ -82,7 +82,7 @@ TEST_F(TWindowNotices, AChoiceOfTargetTellsAlsoWhatItTookFromOthersAndWhy) {
   EXPECT_EQ(StripText(), "Reconciled for Android – Debug: 11 added, 2 removed");
   const std::vector<std::string> rows = Difference();
   ASSERT_EQ(rows.size(), 13U);
-  EXPECT_EQ(rows.front().substr(0, 62),
+  EXPECT_EQ(rows.front().substr(0, 61),
             "Removed|Win64\\Debug\\TideLogger.vcp|DebugSymbols|Debug, Win64|");
   EXPECT_TRUE(HasRow(rows, "the option \"RemoteDebugSymbols\" is \"false\"; it is switched off"));
   PressInStrip("Undo");
@@ -124,8 +124,8 @@ TEST_F(TWindowNotices, AListOfAnOlderVersionIsNamed) {
                         std::filesystem::copy_options::recursive);
   ASSERT_TRUE(Window().Open(FRoot / "sky" / "SkyChart.vproj"));
   Settle();
-  EXPECT_EQ(StripText("upgrade"), "The file holds a list of an older version, 1. It is shown as "
-                                  "one of today's; the next save writes it so.");
+  EXPECT_EQ(StripText("upgrade"), "The file holds a list of an older version. It is shown as one "
+                                  "of today's; the next save writes it so.");
   Choose("Save");
   Choose("Close");
   ASSERT_TRUE(Window().Open(FRoot / "sky" / "SkyChart.vproj"));
@@ -145,14 +145,14 @@ TEST_F(TWindowNotices, EachStepOfUndoNamesWhatItDidAndWhere) {
   Choose("Select All");
   EXPECT_EQ(undoName(), "Undo: Remote Path of levels.dat (Win64 – Debug)");
   PressButton("tbUncheckSelection");
-  EXPECT_NE(undoName().find(" files (Win64 – Debug)"), std::string::npos) << undoName();
+  EXPECT_NE(undoName().find(" file(s) (Win64 – Debug)"), std::string::npos) << undoName();
   Click(Row("levels.dat", LocalName));
   ClickCheck(Row("levels.dat"));
   Settle();
   EXPECT_EQ(undoName(), "Undo: Tick levels.dat (Win64 – Debug)");
   AnswerNext("Yes");
   PressButton("tbDeleteFile");
-  EXPECT_EQ(undoName(), "Undo: Delete: levels.dat (Win64 – Debug)");
+  EXPECT_EQ(undoName(), "Undo: Delete Selected Files: levels.dat (Win64 – Debug)");
 }
 
 } // namespace

@@ -19,7 +19,7 @@ TEST_F(TWindowUndo, TakesEditsBackOneByOneAndDoesThemAgain) {
             "Undo: Untick levels.dat (Win64 – Debug)");
   PressButton("tbUncheckAll");
   EXPECT_EQ(Menu("Undo")->text().remove('&').toStdString(),
-            "Undo: Uncheck All Items: 7 files (Win64 – Debug)");
+            "Undo: Uncheck All Items: 7 file(s) (Win64 – Debug)");
   Choose("Undo");
   EXPECT_TRUE(IsChecked(Row("stations.json")));
   EXPECT_FALSE(IsChecked(Row("levels.dat")));

@@ -10,6 +10,9 @@
 #include <QVBoxLayout>
 
 namespace workbench {
+
+using deployment::TReconcileOutcome;
+
 namespace {
 
 constexpr int ReasonColumn = 4;
@@ -23,11 +26,11 @@ QString Joined(const std::vector<std::string>& sentences) {
 }
 
 void AppendRows(std::vector<TDifferenceRow>& rows, const std::vector<TChangedEntry>& entries,
-                const QString& change, const TChangeReasons& reasons) {
+                const QString& change, TReconcileOutcome happened, const TChangeReasons& reasons) {
   rows.reserve(rows.size() + entries.size());
   for (const TChangedEntry& entry : entries)
     rows.push_back({change, ToQString(entry.LocalName), ToQString(entry.ClassName),
-                    ToQString(entry.Target), Joined(reasons.Of(entry))});
+                    ToQString(entry.Target), Joined(reasons.Of(entry, happened))});
 }
 
 } // namespace
@@ -35,9 +38,12 @@ void AppendRows(std::vector<TDifferenceRow>& rows, const std::vector<TChangedEnt
 std::vector<TDifferenceRow> DifferenceRows(const TTargetChanges& changes,
                                            const TChangeReasons& reasons) {
   std::vector<TDifferenceRow> rows;
-  AppendRows(rows, changes.Removed, TDifferenceDialog::tr("Removed"), reasons);
-  AppendRows(rows, changes.Added, TDifferenceDialog::tr("Added"), reasons);
-  AppendRows(rows, changes.Modified, TDifferenceDialog::tr("Changed"), reasons);
+  AppendRows(rows, changes.Removed, TDifferenceDialog::tr("Removed"), TReconcileOutcome::Removed,
+             reasons);
+  AppendRows(rows, changes.Added, TDifferenceDialog::tr("Added"), TReconcileOutcome::Added,
+             reasons);
+  AppendRows(rows, changes.Modified, TDifferenceDialog::tr("Changed"), TReconcileOutcome::Updated,
+             reasons);
   return rows;
 }
 

@@ -60,9 +60,8 @@ void TProjectNotices::Opened(TOpenProject& project) {
   FShown.push_back({&project, box});
   if (project.WasUpgraded())
     box->Show(UpgradeSubject,
-              {tr("The file holds a list of an older version, %1. It is shown as one of today's; "
-                  "the next save writes it so.")
-                   .arg(project.SectionVersionRead()),
+              {tr("The file holds a list of an older version. It is shown as one of today's; the "
+                  "next save writes it so."),
                {}});
 }
 
