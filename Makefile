@@ -10,8 +10,8 @@ SOURCES = $(shell git ls-files '*.h' '*.cpp')
 # Of "make fuzz": how long inputs are made up for each target.
 SECONDS ?= 30
 
-.PHONY: all install deb dist chroot-round manual run test faults faults-sample fuzz tsan bench lint dependencies test-dependencies \
-	bench-dependencies lint-dependencies sanitize-dependencies package-dependencies \
+.PHONY: all install deb dist chroot-round manual run test ide-plugins ide-test faults faults-sample fuzz tsan bench lint dependencies test-dependencies \
+	bench-dependencies ide-dependencies ide-test-dependencies lint-dependencies sanitize-dependencies package-dependencies \
 	manual-dependencies clean
 
 all: dependencies
@@ -27,7 +27,8 @@ install: all
 	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix "$(PREFIX)" --strip
 
 # The Debian packages, into build-deb; the archive for build servers, into build-dist.
-deb: package-dependencies
+# DEB_BUILD_PROFILES=pkg.deployment-manager.noide leaves the plug-ins of IDEs out.
+deb: package-dependencies $(if $(findstring noide,$(DEB_BUILD_PROFILES)),,ide-dependencies)
 	packaging/build_deb.sh $(BUILD)-deb
 dist: dependencies
 	packaging/build_dist.sh $(BUILD)-dist
@@ -47,6 +48,17 @@ test: test-dependencies
 		$(UNITY)
 	cmake --build $(BUILD) -j $(JOBS)
 	ctest --test-dir $(BUILD) -j $(JOBS) --output-on-failure
+
+# The plug-ins for KDevelop and Kate, and their tests in the real IDEs, whose pictures are left in
+# build-ide/ide-pictures.
+IDE_OPTIONS = -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DDEPLOYMENT_IDE_PLUGINS=ON $(UNITY)
+ide-plugins: ide-dependencies
+	cmake -S . -B $(BUILD)-ide $(IDE_OPTIONS) -DBUILD_TESTING=OFF
+	cmake --build $(BUILD)-ide -j $(JOBS) --target ide_plugins
+ide-test: ide-test-dependencies
+	cmake -S . -B $(BUILD)-ide $(IDE_OPTIONS) -DBUILD_TESTING=ON
+	cmake --build $(BUILD)-ide -j $(JOBS) --target ide_plugins
+	ctest --test-dir $(BUILD)-ide -R '^Ide\.' --output-on-failure
 
 # Every system call of every scenario fails or kills the program once; the sample hits 600 of them.
 FAULTS = $(BUILD)/bin/fault_runner --programs $(BUILD)/bin --root $(CURDIR) --jobs $(JOBS)
@@ -93,6 +105,10 @@ bench-dependencies:
 	@tools/install_dependencies.sh build bench
 sanitize-dependencies:
 	@tools/install_dependencies.sh build sanitize
+ide-dependencies:
+	@tools/install_dependencies.sh build ide
+ide-test-dependencies:
+	@tools/install_dependencies.sh build test ide ide-test
 package-dependencies:
 	@tools/install_dependencies.sh build package
 manual-dependencies:

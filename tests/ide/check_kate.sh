@@ -33,8 +33,7 @@ document=$(find "$project" -name '*.json' | head -1)
 start_ide kate --startanon "$document"
 
 echo "without its module"
-click menu Deployment
-click item "Show List"
+command_of_menu "Show List"
 until_holds says deploymentMessage "there is no such file: the installation is not complete"
 says deploymentMessage "$module"
 picture kate-without-module
@@ -58,6 +57,6 @@ click check levels.dat
 until_holds is_ticked levels.dat 0
 [ "$before" = "$(cat "$list")" ]
 click command deployment_save
-until_holds counts "$list" "<Enabled>false</Enabled>" 2
+until_holds is_off "$list" 'data\levels.dat'
 test -f "$project/TideLogger.deployproj"
 picture kate-saved

@@ -58,8 +58,12 @@ END
 start_ide kdevelop -s probe
 
 # The menu shows the list, whatever KDevelop's own views do meanwhile.
-click menu Deployment
-click item "Show List"
+show_list() {
+  command_of_menu "Show List"
+  sleep 1
+  [ "$(ask widget projectChooser)" != none ]
+}
+until_holds show_list
 choose gauge
 await check stations.json >/dev/null
 picture kdevelop-list
@@ -79,8 +83,7 @@ click command deployment_save
 until_holds lacks_text "$list" "<Enabled>false</Enabled>"
 
 echo "deployed from the menu"
-click menu Deployment
-click item Deploy
+command_of_menu Deploy
 until_holds cmp -s "$gauge/Linux64/Debug/windgauge" "$work/box/WindGauge/bin/windgauge"
 picture kdevelop-deployed
 
@@ -95,4 +98,4 @@ has_text "$work/fresh/fresh.vproj" '<RemoteDir>share\fresh\</RemoteDir>'
 picture kdevelop-from-build
 
 echo "closed in peace"
-kill "-$ide_group"
+kill -- "-$ide_group"

@@ -31,7 +31,7 @@ export XDG_CONFIG_HOME=$HOME/.config XDG_DATA_HOME=$HOME/.local/share XDG_STATE_
 export XDG_CACHE_HOME=$HOME/.cache
 unset WAYLAND_DISPLAY ZELK
 export QT_QPA_PLATFORM=xcb QT_PLUGIN_PATH=${IDE_PLUGINS:-$build/plugins}
-export QT_QPA_GENERIC_PLUGINS=ideprobe IDE_PROBE=$work/probe
+export QT_QPA_GENERIC_PLUGINS=ideprobe IDE_PROBE=$work/probe IDE_PROBED=$ide
 
 # A screen whose number is free.
 exec 3>"$work/display"
@@ -44,7 +44,13 @@ for _ in $(seq 100); do
 done
 DISPLAY=:$(cat "$work/display")
 export DISPLAY
-openbox --sm-disable >/dev/null 2>&1 &
+# Windows have the whole screen, so that everything is seen.
+cat >"$work/openbox.xml" <<END
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <applications><application type="normal"><maximized>yes</maximized></application></applications>
+</openbox_config>
+END
+openbox --sm-disable --config-file "$work/openbox.xml" >/dev/null 2>&1 &
 started+=($!)
 
 start_ide() {
@@ -84,12 +90,33 @@ await() {
   return 1
 }
 
-# A real click, where the control is.
+# A real click, where the control is when it has come to rest.
 click() {
-  local x y rest
-  read -r x y rest <<<"$(await "$@")"
-  [ -n "$y" ]
+  local x y rest answer before=
+  answer=$(await "$@")
+  while [ "$answer" != "$before" ]; do
+    before=$answer
+    sleep 0.3
+    answer=$(await "$@")
+  done
+  read -r x y rest <<<"$answer"
   xdotool mousemove "$x" "$y" click 1
+}
+
+# A command of the menu. Menus close when their window moves, as it does while it comes up.
+command_of_menu() {
+  local i
+  for i in $(seq 10); do
+    click menu Deployment
+    sleep 0.5
+    if [ "$(ask item "$1")" != none ]; then
+      click item "$1"
+      return 0
+    fi
+    xdotool key Escape
+  done
+  echo "the menu has no \"$1\"" >&2
+  return 1
 }
 
 # Waits until the command succeeds, 20 seconds at most.
@@ -113,7 +140,11 @@ is_ticked() {
 }
 
 has_text() { grep -qF -- "$2" "$1" 2>/dev/null; }
-counts() { [ "$(grep -cF -- "$2" "$1")" = "$3" ]; }
+# Whether the entry of a file is taken off somewhere.
+is_off() {
+  awk -v name="LocalName=\"${2//\\/\\\\}\"" 'index($0, name) { inside = 1 } inside && /<Enabled>false/ { off = 1 }
+    /<\/DeployFile>/ { inside = 0 } END { exit !off }' "$1"
+}
 lacks_text() { [ -f "$1" ] && ! has_text "$1" "$2"; }
 says() { ask text "$1" | grep -qF -- "$2"; }
 

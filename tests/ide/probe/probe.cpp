@@ -4,6 +4,7 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -79,8 +80,9 @@ QString FindText(const QString& name) {
   return label ? label->text() : None;
 }
 
-// The check box of the row in which the text stands, and whether it is ticked.
-QString FindCheck(const QTreeView& view, const QString& text) {
+// The check box of the row in which the text stands, and whether it is ticked. The row is brought
+// into sight.
+QString FindCheck(QTreeView& view, const QString& text) {
   const QAbstractItemModel& model = *view.model();
   for (int row = 0; row < model.rowCount(); ++row) {
     const QModelIndex box = model.index(row, 0);
@@ -89,6 +91,7 @@ QString FindCheck(const QTreeView& view, const QString& text) {
       isWanted = isWanted || model.index(row, column).data().toString().contains(text);
     if (!isWanted || !box.data(Qt::CheckStateRole).isValid())
       continue;
+    view.scrollTo(box);
     QStyleOptionViewItem option;
     option.initFrom(view.viewport());
     option.rect = view.visualRect(box);
@@ -102,12 +105,14 @@ QString FindCheck(const QTreeView& view, const QString& text) {
 }
 
 QString FindCheck(const QString& text) {
-  QString place = None;
-  FindVisible<QTreeView>([&](const QTreeView& each) {
-    place = each.model() ? FindCheck(each, text) : None;
-    return place != None;
-  });
-  return place;
+  for (QWidget* widget : QApplication::allWidgets()) {
+    auto* view = qobject_cast<QTreeView*>(widget);
+    const QString place =
+        view && view->isVisible() && view->model() ? FindCheck(*view, text) : None;
+    if (place != None)
+      return place;
+  }
+  return None;
 }
 
 QString Answer(const QString& question) {
@@ -153,10 +158,10 @@ void TProbe::Look() {
 }
 
 QObject* TProbePlugin::create(const QString& /*name*/, const QString& /*specification*/) {
-  const QString directory = qEnvironmentVariable("IDE_PROBE");
-  return directory.isEmpty() || !qobject_cast<QApplication*>(QCoreApplication::instance())
-             ? nullptr
-             : new TProbe(directory);
+  // Programs that the IDE starts have it in their environment too.
+  const bool isIde = QFileInfo(QCoreApplication::applicationFilePath()).fileName() ==
+                     qEnvironmentVariable("IDE_PROBED");
+  return isIde ? new TProbe(qEnvironmentVariable("IDE_PROBE")) : nullptr;
 }
 
 } // namespace workbench::testing

@@ -24,8 +24,8 @@ private:
   QTimer FTimer;
 };
 
-/// Qt loads it into whatever program runs with QT_QPA_GENERIC_PLUGINS=ideprobe; the directory
-/// stands in IDE_PROBE.
+/// Qt loads it into whatever program runs with QT_QPA_GENERIC_PLUGINS=ideprobe. It works in the one
+/// that IDE_PROBED names; the directory stands in IDE_PROBE.
 class TProbePlugin final : public QGenericPlugin {
   Q_OBJECT
   Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "probe.json")

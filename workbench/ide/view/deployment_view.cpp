@@ -26,6 +26,12 @@ namespace workbench {
 namespace fs = std::filesystem;
 namespace view_button = deployment::view_button;
 
+namespace {
+
+constexpr int IconSize = 16; // as in the tool bar of the list
+
+} // namespace
+
 TDeploymentView::TDeploymentView(QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("deploymentView"));
   setWindowTitle(tr("Deployment Manager"));
@@ -86,6 +92,7 @@ void TDeploymentView::MakeCommands() {
 // The list has a tool bar of its own, with what is done to its files.
 void TDeploymentView::MakeBar() {
   FBar = new QToolBar(this);
+  FBar->setIconSize(QSize(IconSize, IconSize));
   FChooser = new QComboBox(FBar);
   FChooser->setObjectName(QStringLiteral("projectChooser"));
   FChooser->setAccessibleName(tr("Project"));
