@@ -194,6 +194,11 @@ TFaultTable RunCampaign(const TCampaignOptions& options) {
       for (const TFaultResult& result : RunLyingServer(programs, sample, job, options.Jobs))
         std::fputs(Line(result).c_str(), results);
     });
+  if (isWanted(CutLineName))
+    run(CutLineName, [&](unsigned job, std::FILE* results) {
+      for (const TFaultResult& result : RunCutLines(programs, sample, job, options.Jobs))
+        std::fputs(Line(result).c_str(), results);
+    });
   if (isWanted(PowerCutName)) {
     const std::string why = WhyNoPowerCut();
     if (!why.empty()) {

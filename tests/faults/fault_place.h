@@ -36,6 +36,8 @@ public:
   /// A run of deploymgr in the place, with the data that ship; of another program.
   TProgramStart Deploymgr(std::vector<std::string> arguments) const;
   TProgramStart Probe(std::vector<std::string> arguments) const;
+  /// A run of any program in the place.
+  TProgramStart Of(std::vector<std::string> command) const { return Start(std::move(command)); }
   const TPrograms& Programs() const { return FPrograms; }
   /// Further variables of runs, such as "PATH=...".
   void SetVariables(std::vector<std::string> variables) { FVariables = std::move(variables); }

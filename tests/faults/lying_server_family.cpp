@@ -13,7 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t FileCount = 4;
+constexpr std::size_t LieFiles = 4;
+constexpr std::size_t CutFiles = 24; // their deploy is some two hundred requests
 constexpr std::size_t MostLies = 1000; // of a whole run
 constexpr const char* RealServer = "/usr/lib/openssh/sftp-server";
 
@@ -30,10 +31,10 @@ struct TScene {
 
 class TLyingPlace {
 public:
-  explicit TLyingPlace(const TPrograms& programs) : FPlace(programs) {
-    FPlace.Write("demo.vproj", SampleProjectText(FileCount));
+  TLyingPlace(const TPrograms& programs, std::size_t files) : FPlace(programs), FCount(files) {
+    FPlace.Write("demo.vproj", SampleProjectText(FCount));
     FPlace.Write("target/keep", "not ours");
-    for (std::size_t i = 1; i <= FileCount; ++i)
+    for (std::size_t i = 1; i <= FCount; ++i)
       FPlace.Write("files/f" + std::to_string(i) + ".dat", "old " + std::to_string(i));
     SetLie("none", 0, true);
     FPlace.SetVariables({"PATH=" + FPlace.Path("home/bin").string() + ":/usr/bin:/bin"});
@@ -41,12 +42,14 @@ public:
                     "--path", FPlace.Path("target").string()});
     FPlace.Prepare({"export", "demo.vproj"});
     FPlace.Prepare(DeployArguments());
-    for (std::size_t i = 1; i < FileCount; ++i)
+    for (std::size_t i = 1; i < FCount; ++i)
       FPlace.Write("files/f" + std::to_string(i) + ".dat",
                    "new " + std::to_string(i) + std::string(i * 1000, 'n'));
     fs::remove(FPlace.Path(OnTarget(1)));
     FPlace.Keep();
     FBefore = FPlace.State();
+    for (std::size_t i = 1; i <= FCount; ++i)
+      FNewHashes.push_back(HashOf("files/f" + std::to_string(i) + ".dat"));
   }
 
   std::uint64_t RequestsOf(const TScene& scene) {
@@ -73,7 +76,24 @@ public:
     return result;
   }
 
+  /// The line is cut behind a request, for good.
+  TFaultResult Cut(std::uint64_t at) {
+    TFaultResult result = Try({}, *FindLie("hang-up"), at);
+    result.Fault = "the line ends behind request " + std::to_string(at);
+    if (result.Broken.empty())
+      result.Broken = CheckUndo().value_or("");
+    return result;
+  }
+
 private:
+  // Told by a program that is not ours.
+  std::string HashOf(const std::string& name) const {
+    const TRunEnd end = RunPlainly(FPlace.Of({"/usr/bin/sha256sum", FPlace.Path(name).string()}));
+    const std::string hash = end.Output.substr(0, end.Output.find(' '));
+    if (hash.size() != 64)
+      throw std::runtime_error("sha256sum does not tell the hash of " + name);
+    return hash;
+  }
   static std::vector<std::string> DeployArguments() {
     return {"deploy", "demo.vproj", "--yes", "--overwrite-changed"};
   }
@@ -117,7 +137,7 @@ private:
     if (!now.contains("target/keep"))
       return "a file that is not ours is gone";
     bool isComplete = true;
-    for (std::size_t i = 1; i <= FileCount; ++i) {
+    for (std::size_t i = 1; i <= FCount; ++i) {
       const auto file = now.find(OnTarget(i));
       const bool isNew = file != now.end() && file->second == New(i);
       isComplete = isComplete && isNew;
@@ -128,7 +148,42 @@ private:
     }
     if (end.Status == 0 && !isComplete)
       return "it says that all went well, and the target is not complete";
+    if (TBroken broken = CheckRecord(now))
+      return broken;
     return CheckNextDeploy();
+  }
+
+  // What the record says of a file is there, or was there before.
+  TBroken CheckRecord(const TTreeState& now) const {
+    const auto record = now.find("target/.deployment-manager/demo/record.json");
+    for (std::size_t i = 1; record != now.end() && i <= FCount; ++i) {
+      const auto file = now.find(OnTarget(i));
+      const bool isNew = file != now.end() && file->second == New(i);
+      const bool isUnchanged = Old(i) == New(i);
+      if (!isNew && !isUnchanged && record->second.find(FNewHashes[i - 1]) != std::string::npos)
+        return "the record has the new " + OnTarget(i) + ", which is not there";
+    }
+    return std::nullopt;
+  }
+
+  // The deploy that completed and the one that was cut are taken back, one after the other.
+  TBroken CheckUndo() const {
+    for (int back = 1; back <= 2; ++back) {
+      const TRunEnd end = RunPlainly(FPlace.Deploymgr({"undo", "demo.vproj", "--yes"}));
+      if (end.Status != 0)
+        return "undo " + std::to_string(back) + " ends with " + std::to_string(end.Status) + ": " +
+               end.Errors;
+      const TTreeState now = FPlace.State();
+      for (std::size_t i = 1; i <= FCount; ++i) {
+        const auto file = now.find(OnTarget(i));
+        if (file != now.end() && file->second != New(i) && file->second != Old(i))
+          return "undo leaves " + OnTarget(i) + " neither old nor new";
+        // The second one may take back the very first deploy, where the cut one did nothing.
+        if (file == now.end() && !Old(i).empty() && back == 1)
+          return "undo takes " + OnTarget(i) + ", which was there before both deploys";
+      }
+    }
+    return std::nullopt;
   }
 
   TBroken CheckNextDeploy() const {
@@ -136,7 +191,7 @@ private:
     const TRunEnd again = DeployAgain(FPlace, DeployArguments());
     if (again.Status != 0)
       return "the next deploy ends with " + std::to_string(again.Status) + ": " + again.Errors;
-    for (std::size_t i = 1; i <= FileCount; ++i) {
+    for (std::size_t i = 1; i <= FCount; ++i) {
       if (FPlace.Read(OnTarget(i)) != New(i))
         return "the next deploy does not complete " + OnTarget(i);
     }
@@ -164,7 +219,9 @@ private:
   }
 
   TFaultPlace FPlace;
+  std::size_t FCount;
   TTreeState FBefore;
+  std::vector<std::string> FNewHashes; // SHA-256 of the new files
 };
 
 } // namespace
@@ -174,7 +231,7 @@ std::vector<TFaultResult> RunLyingServer(const TPrograms& programs, std::size_t 
   std::vector<TFaultResult> results;
   if (!fs::exists(RealServer))
     return results;
-  TLyingPlace place(programs);
+  TLyingPlace place(programs, LieFiles);
   struct TTry {
     TScene Scene;
     const TLie* Lie;
@@ -193,6 +250,19 @@ std::vector<TFaultResult> RunLyingServer(const TPrograms& programs, std::size_t 
     const TTry& chosen = all[i * all.size() / most];
     results.push_back(place.Try(chosen.Scene, *chosen.Lie, chosen.At));
   }
+  return results;
+}
+
+std::vector<TFaultResult> RunCutLines(const TPrograms& programs, std::size_t sample, unsigned job,
+                                      unsigned jobs) {
+  std::vector<TFaultResult> results;
+  if (!fs::exists(RealServer))
+    return results;
+  TLyingPlace place(programs, CutFiles);
+  const std::uint64_t last = place.RequestsOf({});
+  const std::uint64_t most = sample == 0 ? last : std::min<std::uint64_t>(last, sample);
+  for (std::uint64_t i = job; i < most; i += jobs)
+    results.push_back(place.Cut(1 + i * last / most));
   return results;
 }
 

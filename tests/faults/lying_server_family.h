@@ -15,4 +15,11 @@ inline constexpr const char* LyingServerName = "a server that lies, packet by pa
 std::vector<TFaultResult> RunLyingServer(const TPrograms& programs, std::size_t sample,
                                          unsigned job, unsigned jobs);
 
+inline constexpr const char* CutLineName = "a line that is cut, packet by packet";
+
+/// Every `jobs`-th place of a deploy where its line can be cut, and what deploys and undo make of
+/// what was left; with a sample so many in all.
+std::vector<TFaultResult> RunCutLines(const TPrograms& programs, std::size_t sample, unsigned job,
+                                      unsigned jobs);
+
 } // namespace faults

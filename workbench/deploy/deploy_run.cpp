@@ -252,6 +252,8 @@ bool TDeployRun::Lock() {
     return forget(error.what());
   }
   FStore->RemoveUnfinished(*FConnection);
+  FUndo.emplace(FStore->Directory());
+  FUndo->RemoveUnfinished(*FConnection);
   const TRecordReading now = FStore->Read(*FConnection);
   if (now.State == TRecordState::Damaged && FReading.State != TRecordState::Damaged)
     throw THeldTarget{TDeployEnd::Refused,
@@ -273,8 +275,8 @@ bool TDeployRun::Lock() {
 void TDeployRun::KeepBefore(const TRecordedRun& run) {
   if (FTerms.Options.NoUndo)
     return;
-  const std::string problem = KeepForUndo(*FConnection, TUndoStore(FStore->Directory()), FPlan,
-                                          FReading.Record, run, FTerms.Options.Undo);
+  const std::string problem =
+      KeepForUndo(*FConnection, *FUndo, FPlan, FReading.Record, run, FTerms.Options.Undo);
   if (!problem.empty())
     FReport.Warnings.push_back("this deploy cannot be taken back: " + problem);
 }

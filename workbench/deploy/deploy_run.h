@@ -7,6 +7,7 @@
 #include "workbench/deploy/plan_file.h"
 #include "workbench/deploy/record/record_store.h"
 #include "workbench/deploy/record/target_lock.h"
+#include "workbench/deploy/record/undo_store.h"
 
 #include <filesystem>
 #include <future>
@@ -70,6 +71,7 @@ private:
   std::shared_ptr<IRemoteConnection> FConnection;
   std::optional<TRecordStore> FStore; // nothing where no record is kept
   std::optional<TTargetLock> FLock;
+  std::optional<TUndoStore> FUndo;         // while the target is locked
   std::future<TRecordReading> FRecordRead; // while the record is taken apart
   TRecordReading FReading;
   TDeployPlan FPlan;

@@ -133,7 +133,7 @@ std::string TDestinations::WriteProblem(const TProfile& profile) const {
       continue;
     const TRemoteName name{directory.Path == "/" ? "" : directory.Path,
                            TUnfinishedNames().Next({})};
-    const TRemoteCreation made = connection->CreateFile(name, {});
+    const TRemoteCreation made = connection->CreateFile(name, {}, std::chrono::system_clock::now());
     return made.Result == TRemoteCreation::TResult::Made ? connection->Remove(name) : made.Problem;
   }
   return root + " is not there and cannot be made";

@@ -130,9 +130,9 @@ void TUndoKeeping::FindNewDirectories() {
 
 } // namespace
 
-std::string KeepForUndo(IRemoteConnection& connection, const TUndoStore& store,
-                        const TDeployPlan& plan, const TTargetRecord& record,
-                        const TRecordedRun& run, const TUndoLimits& limits) {
+std::string KeepForUndo(IRemoteConnection& connection, TUndoStore& store, const TDeployPlan& plan,
+                        const TTargetRecord& record, const TRecordedRun& run,
+                        const TUndoLimits& limits) {
   TUndoKeeping keeping(connection, plan, record);
   keeping.Collect();
   if (keeping.Manifest.Files.empty() || limits.Runs == 0)

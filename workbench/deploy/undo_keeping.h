@@ -12,8 +12,8 @@ namespace workbench {
 /// Keeps what the plan is about to replace or remove, and drops what was kept of the oldest runs.
 /// Returns why the deploy cannot be taken back; empty when it can, or changes nothing. Throws
 /// TConnectionError.
-std::string KeepForUndo(IRemoteConnection& connection, const TUndoStore& store,
-                        const TDeployPlan& plan, const TTargetRecord& record,
-                        const TRecordedRun& run, const TUndoLimits& limits);
+std::string KeepForUndo(IRemoteConnection& connection, TUndoStore& store, const TDeployPlan& plan,
+                        const TTargetRecord& record, const TRecordedRun& run,
+                        const TUndoLimits& limits);
 
 } // namespace workbench

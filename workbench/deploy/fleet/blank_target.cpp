@@ -45,7 +45,8 @@ TRemoteContent TBlankTarget::ReadFile(const TRemoteName& /*name*/, std::uint64_t
   return {};
 }
 
-TRemoteCreation TBlankTarget::CreateFile(const TRemoteName& /*name*/, std::string_view /*text*/) {
+TRemoteCreation TBlankTarget::CreateFile(const TRemoteName& /*name*/, std::string_view /*text*/,
+                                         deployment::TFileTime /*time*/) {
   return {TRemoteCreation::TResult::Failed, Nothing};
 }
 

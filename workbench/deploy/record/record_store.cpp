@@ -121,7 +121,6 @@ void TRecordStore::RemoveUnfinished(IRemoteConnection& connection) const {
       TSendRequest{.LocalFile = {}, .Target = {FDirectory, std::string(RecordName)}},
       TSendRequest{.LocalFile = {}, .Target = {TUndoStore(FDirectory).Directory(), {}}}};
   connection.RemoveUnfinished(places);
-  TUndoStore(FDirectory).RemoveUnfinished(connection);
 }
 
 std::string TRecordStore::SetAside(IRemoteConnection& connection) const {

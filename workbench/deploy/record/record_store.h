@@ -35,8 +35,8 @@ public:
   std::string Write(IRemoteConnection& connection, const TTargetRecord& record) const;
   /// Keeps a damaged record under another name; the reason when that failed.
   std::string SetAside(IRemoteConnection& connection) const;
-  /// Removes what deploys that ended badly left unfinished beside the record and beside what is
-  /// kept for undo. While the target is locked. Throws TConnectionError.
+  /// Removes files that deploys which ended badly left unfinished beside the record and beside what
+  /// is kept for undo. While the target is locked. Throws TConnectionError.
   void RemoveUnfinished(IRemoteConnection& connection) const;
 
 private:

@@ -90,10 +90,11 @@ std::optional<TLockHolder> TTargetLock::Take(IRemoteConnection& connection, cons
                                              bool breakIt) {
   std::string problem;
   for (int attempt = 0; attempt < Attempts; ++attempt) {
-    const TRemoteCreation made = connection.CreateFile(Name(), LockText(self));
+    // The clocks of two machines may differ.
+    const TRemoteCreation made =
+        connection.CreateFile(Name(), LockText(self), std::chrono::system_clock::now());
     if (made.Result == TRemoteCreation::TResult::Made) {
       FIsTaken = true;
-      Refresh(connection); // the clocks of two machines may differ
       return std::nullopt;
     }
     problem = made.Problem;

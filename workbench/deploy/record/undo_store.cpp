@@ -51,12 +51,14 @@ TRemoteName TUndoStore::KeptName(const std::string& run, const std::string& kept
 // The index names the run first, so that whoever comes after a bad end can sweep it; it offers the
 // run when what is kept is complete.
 std::string TUndoStore::Keep(IRemoteConnection& connection, const TUndoManifest& manifest,
-                             std::span<const TRemoteName> targets, std::uint64_t bytes) const {
+                             std::span<const TRemoteName> targets, std::uint64_t bytes) {
   const std::string& run = manifest.Run.Id;
-  std::string problem = connection.MakeDirectories(std::array{FDirectory}).front();
+  TUndoIndex index = Index(connection);
+  std::string problem;
+  if (index.Runs.empty())
+    problem = connection.MakeDirectories(std::array{FDirectory}).front();
   if (!problem.empty())
     return problem;
-  TUndoIndex index = ReadIndex(connection);
   index.Unfinished.push_back(run);
   problem = WriteIndex(connection, index);
   if (problem.empty())
@@ -67,7 +69,7 @@ std::string TUndoStore::Keep(IRemoteConnection& connection, const TUndoManifest&
     problem = WriteIndex(connection, index);
   }
   if (!problem.empty())
-    RemoveRuns(connection, ReadIndex(connection), {run});
+    RemoveRuns(connection, {run});
   return problem;
 }
 
@@ -87,9 +89,8 @@ std::string TUndoStore::Fill(IRemoteConnection& connection, const TUndoManifest&
   return problem.empty() && !copies.empty() ? FirstOf(connection.Keep(copies)) : problem;
 }
 
-void TUndoStore::Trim(IRemoteConnection& connection, std::uint64_t runs,
-                      std::uint64_t bytes) const {
-  TUndoIndex index = ReadIndex(connection);
+void TUndoStore::Trim(IRemoteConnection& connection, std::uint64_t runs, std::uint64_t bytes) {
+  const TUndoIndex& index = Index(connection);
   std::size_t left = 0;
   for (std::uint64_t sum = 0; left < index.Runs.size() && left < runs; ++left) {
     const std::uint64_t more = index.Runs[left].Bytes;
@@ -103,28 +104,28 @@ void TUndoStore::Trim(IRemoteConnection& connection, std::uint64_t runs,
   gone.reserve(index.Runs.size() - left);
   for (std::size_t i = left; i < index.Runs.size(); ++i)
     gone.push_back(index.Runs[i].Id);
-  RemoveRuns(connection, std::move(index), gone);
+  RemoveRuns(connection, gone);
 }
 
-void TUndoStore::Drop(IRemoteConnection& connection, const std::string& run) const {
-  RemoveRuns(connection, ReadIndex(connection), {run});
+void TUndoStore::Drop(IRemoteConnection& connection, const std::string& run) {
+  RemoveRuns(connection, {run});
 }
 
-void TUndoStore::RemoveUnfinished(IRemoteConnection& connection) const {
-  const TUndoIndex index = ReadIndex(connection);
-  if (index.Unfinished.empty())
+void TUndoStore::RemoveUnfinished(IRemoteConnection& connection) {
+  const std::vector<std::string> unfinished = Index(connection).Unfinished;
+  if (unfinished.empty())
     return;
   std::vector<TSendRequest> places;
-  places.reserve(index.Unfinished.size());
-  for (const std::string& run : index.Unfinished)
+  places.reserve(unfinished.size());
+  for (const std::string& run : unfinished)
     places.push_back({.LocalFile = {}, .Target = {DirectoryOf(run), {}}});
   connection.RemoveUnfinished(places);
-  RemoveRuns(connection, index, index.Unfinished);
+  RemoveRuns(connection, unfinished);
 }
 
 // Runs leave the index before their files go, and are named there until these are gone.
-void TUndoStore::RemoveRuns(IRemoteConnection& connection, TUndoIndex index,
-                            const std::vector<std::string>& runs) const {
+void TUndoStore::RemoveRuns(IRemoteConnection& connection, const std::vector<std::string>& runs) {
+  TUndoIndex index = Index(connection);
   const auto isNamed = [](const std::vector<std::string>& names, const std::string& run) {
     return std::ranges::find(names, run) != names.end();
   };
@@ -158,8 +159,20 @@ void TUndoStore::RemoveFiles(IRemoteConnection& connection, const std::string& r
   connection.RemoveEmptyDirectories(directory);
 }
 
-std::string TUndoStore::WriteIndex(IRemoteConnection& connection, const TUndoIndex& index) const {
-  return PutText(connection, {FDirectory, std::string(IndexName)}, UndoIndexText(index));
+const TUndoIndex& TUndoStore::Index(IRemoteConnection& connection) {
+  if (!FIndex)
+    FIndex = ReadIndex(connection);
+  return *FIndex;
+}
+
+std::string TUndoStore::WriteIndex(IRemoteConnection& connection, TUndoIndex index) {
+  std::string problem =
+      PutText(connection, {FDirectory, std::string(IndexName)}, UndoIndexText(index));
+  if (problem.empty())
+    FIndex = std::move(index);
+  else
+    FIndex.reset();
+  return problem;
 }
 
 } // namespace workbench

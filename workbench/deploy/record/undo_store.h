@@ -12,8 +12,8 @@
 
 namespace workbench {
 
-/// The directory "undo" beside a record. Used while the target is locked. Every call may throw
-/// TConnectionError.
+/// The directory "undo" beside a record. What changes it is called while the target is locked; then
+/// nobody else does, so that the index is read once. Every call may throw TConnectionError.
 class TUndoStore {
 public:
   /// `directory` is the resolved one of the record.
@@ -30,24 +30,25 @@ public:
   /// Keeps what the manifest names before it is changed, `targets` being its files as they were
   /// resolved. Returns why that failed; nothing is kept then.
   std::string Keep(IRemoteConnection& connection, const TUndoManifest& manifest,
-                   std::span<const TRemoteName> targets, std::uint64_t bytes) const;
+                   std::span<const TRemoteName> targets, std::uint64_t bytes);
   /// Removes the oldest runs until no more than so many are left, and no more than so many bytes.
-  void Trim(IRemoteConnection& connection, std::uint64_t runs, std::uint64_t bytes) const;
+  void Trim(IRemoteConnection& connection, std::uint64_t runs, std::uint64_t bytes);
   /// Removes what was kept of a run.
-  void Drop(IRemoteConnection& connection, const std::string& run) const;
+  void Drop(IRemoteConnection& connection, const std::string& run);
   /// Removes what bad ends left of runs that were being kept or removed.
-  void RemoveUnfinished(IRemoteConnection& connection) const;
+  void RemoveUnfinished(IRemoteConnection& connection);
 
 private:
   std::string DirectoryOf(const std::string& run) const { return FDirectory + "/" + run; }
   std::string Fill(IRemoteConnection& connection, const TUndoManifest& manifest,
                    std::span<const TRemoteName> targets) const;
   void RemoveFiles(IRemoteConnection& connection, const std::string& run) const;
-  void RemoveRuns(IRemoteConnection& connection, TUndoIndex index,
-                  const std::vector<std::string>& runs) const;
-  std::string WriteIndex(IRemoteConnection& connection, const TUndoIndex& index) const;
+  void RemoveRuns(IRemoteConnection& connection, const std::vector<std::string>& runs);
+  const TUndoIndex& Index(IRemoteConnection& connection);
+  std::string WriteIndex(IRemoteConnection& connection, TUndoIndex index);
 
   std::string FDirectory;
+  std::optional<TUndoIndex> FIndex; // as it is there
 };
 
 } // namespace workbench

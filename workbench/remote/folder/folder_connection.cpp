@@ -266,7 +266,8 @@ TFileDescriptor TFolderConnection::OpenFile(const TRemoteName& name) {
   return file;
 }
 
-TRemoteCreation TFolderConnection::CreateFile(const TRemoteName& name, std::string_view text) {
+TRemoteCreation TFolderConnection::CreateFile(const TRemoteName& name, std::string_view text,
+                                              deployment::TFileTime time) {
   using TResult = TRemoteCreation::TResult;
   try {
     const TFileDescriptor file(::openat(FDirectories.Open(name.Directory), name.Name.c_str(),
@@ -277,6 +278,7 @@ TRemoteCreation TFolderConnection::CreateFile(const TRemoteName& name, std::stri
     if (!file.IsOpen())
       ThrowSystemError("making it");
     WriteAll(file.Get(), text);
+    static_cast<void>(SetTime(name, time));
     return {TResult::Made};
   } catch (const std::system_error& error) {
     return {TResult::Failed, error.what()};

@@ -36,7 +36,8 @@ public:
   void Send(ISendJob& job) override;
   std::vector<std::string> Hashes(std::span<const TRemoteName> names) override;
   TRemoteContent ReadFile(const TRemoteName& name, std::uint64_t limit) override;
-  TRemoteCreation CreateFile(const TRemoteName& name, std::string_view text) override;
+  TRemoteCreation CreateFile(const TRemoteName& name, std::string_view text,
+                             deployment::TFileTime time) override;
   std::string Rename(const TRemoteName& name, const std::string& newName) override;
   std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
   std::string SetMode(const TRemoteName& name, unsigned mode) override;

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <deque>
 #include <string>
+#include <type_traits>
 
 namespace workbench {
 
@@ -128,7 +129,7 @@ private:
   TSftpRequest FBegun; // and not posted yet
 };
 
-/// Runs a question with a single answer and hands its content to `take`.
+/// Runs what was posted and hands the answers to `take`, with their cookies where it wants these.
 template <class TTake>
 void AskOnce(TSftpChannel& channel, TTake take) {
   class TOne final : public ISftpExchange {
@@ -136,7 +137,12 @@ void AskOnce(TSftpChannel& channel, TTake take) {
     explicit TOne(TTake& take) : FTake(take) {}
     bool PostNext(TSftpChannel&) override { return false; }
     bool MayBeStopped() const override { return false; }
-    void OnReply(TSftpChannel&, std::uint64_t, const TSftpReply& reply) override { FTake(reply); }
+    void OnReply(TSftpChannel&, std::uint64_t cookie, const TSftpReply& reply) override {
+      if constexpr (std::is_invocable_v<TTake&, const TSftpReply&, std::uint64_t>)
+        FTake(reply, cookie);
+      else
+        FTake(reply);
+    }
 
   private:
     TTake& FTake;

@@ -29,6 +29,11 @@ bool IsOnDrive(const std::string& path) {
   return path.size() > 1 && path[1] == ':';
 }
 
+std::uint32_t StampOf(deployment::TFileTime time) {
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(time.time_since_epoch()).count();
+  return static_cast<std::uint32_t>(std::clamp<std::int64_t>(seconds, 0, UINT32_MAX));
+}
+
 } // namespace
 
 TSftpConnection::TSftpConnection(TSftpMachine machine, std::shared_ptr<TMachineFacts> facts,
@@ -197,7 +202,8 @@ TRemoteContent TSftpConnection::ReadFile(const TRemoteName& name, std::uint64_t 
   return ReadWholeFile(FChannel, name.Path(), limit);
 }
 
-TRemoteCreation TSftpConnection::CreateFile(const TRemoteName& name, std::string_view text) {
+TRemoteCreation TSftpConnection::CreateFile(const TRemoteName& name, std::string_view text,
+                                            deployment::TFileTime time) {
   using TResult = TRemoteCreation::TResult;
   constexpr std::uint32_t Rights = 0644;
   std::string handle;
@@ -217,18 +223,25 @@ TRemoteCreation TSftpConnection::CreateFile(const TRemoteName& name, std::string
   if (handle.empty())
     return {status == TSftpStatus::Failure ? TResult::Exists : TResult::Failed,
             "making it: " + SftpStatusText(status)};
+  enum { Writing, Stamping, Closing };
   TSftpWriter& writing = FChannel.Begin(TSftpPacket::Write);
   writing.Text(handle);
   writing.LongNumber(0);
   writing.Text(text);
-  FChannel.Post(0);
-  const std::string problem = Problem("writing it");
-  FChannel.Post(TSftpPacket::Close, handle, 0);
-  Answer();
-  if (problem.empty())
+  FChannel.Post(Writing);
+  TSftpWriter& stamping = FChannel.Begin(TSftpPacket::FSetStat);
+  stamping.Text(handle);
+  stamping.Attributes({.Accessed = StampOf(time), .Modified = StampOf(time)});
+  FChannel.Post(Stamping);
+  FChannel.Post(TSftpPacket::Close, handle, Closing);
+  AskOnce(FChannel, [&status](const TSftpReply& reply, std::uint64_t cookie) {
+    if (cookie == Writing)
+      status = reply.Status();
+  });
+  if (status == TSftpStatus::Ok)
     return {TResult::Made};
   Remove(name);
-  return {TResult::Failed, problem};
+  return {TResult::Failed, "writing it: " + SftpStatusText(status)};
 }
 
 std::string TSftpConnection::Rename(const TRemoteName& name, const std::string& newName) {
@@ -288,8 +301,7 @@ TSftpStatus TSftpConnection::Answer() {
 }
 
 std::string TSftpConnection::SetTime(const TRemoteName& name, deployment::TFileTime time) {
-  const auto seconds = std::chrono::floor<std::chrono::seconds>(time.time_since_epoch()).count();
-  const auto stamp = static_cast<std::uint32_t>(std::clamp<std::int64_t>(seconds, 0, UINT32_MAX));
+  const std::uint32_t stamp = StampOf(time);
   TSftpWriter& writer = FChannel.Begin(TSftpPacket::SetStat);
   writer.Text(name.Path());
   writer.Attributes({.Accessed = stamp, .Modified = stamp});

@@ -78,11 +78,12 @@ private:
   std::size_t FNext = 0;
 };
 
-// Makes directories in their order, and looks at those that were not made: they may be there.
+// Makes directories in their order and looks at each at once: one that was not made may be there.
 class TSftpPaths::TMaking final : public ISftpExchange {
 public:
   explicit TMaking(std::vector<std::string> paths)
-      : FPaths(std::move(paths)), Problems(FPaths.size()), IsNew(FPaths.size(), false) {}
+      : FPaths(std::move(paths)), FFound(FPaths.size()), Problems(FPaths.size()),
+        IsNew(FPaths.size(), false) {}
 
   bool PostNext(TSftpChannel& channel) override {
     if (FNext == FPaths.size())
@@ -90,31 +91,31 @@ public:
     TSftpWriter& writer = channel.Begin(TSftpPacket::MakeDirectory);
     writer.Text(FPaths[FNext]);
     writer.Attributes({});
-    channel.Post(FNext++);
+    channel.Post(FNext);
+    channel.Post(TSftpPacket::Stat, FPaths[FNext], FNext + FPaths.size());
+    ++FNext;
     return true;
   }
 
-  void OnReply(TSftpChannel& channel, std::uint64_t cookie, const TSftpReply& reply) override {
-    if (cookie >= FPaths.size()) {
-      const auto attributes = AttributesOf(reply);
-      std::string& problem = Problems[cookie - FPaths.size()];
-      if (attributes && KindOf(*attributes) == sftp_kind::Directory)
-        problem.clear();
-      else if (attributes)
-        problem = Visible(FPaths[cookie - FPaths.size()]) + " is there and is no directory";
-      return;
+  void OnReply(TSftpChannel&, std::uint64_t cookie, const TSftpReply& reply) override {
+    if (cookie < FPaths.size()) {
+      IsNew[cookie] = reply.Status() == TSftpStatus::Ok;
+      if (!IsNew[cookie])
+        Problems[cookie] = "making the directory " + Visible(FPaths[cookie]) + ": " +
+                           SftpStatusText(reply.Status());
+    } else if (const auto attributes = AttributesOf(reply)) {
+      FFound[cookie - FPaths.size()] = KindOf(*attributes);
     }
-    if (reply.Status() == TSftpStatus::Ok) {
-      IsNew[cookie] = true;
-      return;
-    }
-    Problems[cookie] =
-        "making the directory " + Visible(FPaths[cookie]) + ": " + SftpStatusText(reply.Status());
-    channel.Post(TSftpPacket::Stat, FPaths[cookie], cookie + FPaths.size());
+    const std::size_t index = cookie % FPaths.size();
+    if (const auto found = FFound[index]; found && !IsNew[index])
+      Problems[index] = *found == sftp_kind::Directory
+                            ? std::string()
+                            : Visible(FPaths[index]) + " is there and is no directory";
   }
 
 private:
   const std::vector<std::string> FPaths;
+  std::vector<std::optional<std::uint32_t>> FFound; // what is there
   std::size_t FNext = 0;
 
 public:

@@ -83,7 +83,7 @@ private:
   static void RenamedAgain(TSftpChannel& channel, TFile& file, TSftpStatus status);
   static void BringBack(TSftpChannel& channel, TFile& file);
   static void PutBack(TFile& file, TSftpStatus status);
-  static void Looked(TSftpChannel& channel, TFile& file, const TSftpReply& reply);
+  void Looked(TSftpChannel& channel, TFile& file, const TSftpReply& reply);
   static std::string WhatIsWrong(const TFile& file, const TSftpReply& reply);
   void WhenAnswered(TSftpChannel& channel, TFile& file);
   void TakeBack(TSftpChannel& channel, TFile& file);

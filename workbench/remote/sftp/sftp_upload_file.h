@@ -28,9 +28,10 @@ struct TSftpUpload::TFile {
   bool WasMade = false;  // the unfinished file is there
   bool IsWhole = false;  // all requests that make it whole are out
   bool IsRenamed = false;
-  std::string Aside;        // the name of what stood under the final one, while it makes room
-  bool WriteFailed = false; // for a reason that the server does not tell
-  bool CanStay = false;     // a later run can go on with it
+  bool IsLookedAtAgain = false; // in its place, after a first look that did not see it there
+  std::string Aside;            // the name of what stood under the final one, while it makes room
+  bool WriteFailed = false;     // for a reason that the server does not tell
+  bool CanStay = false;         // a later run can go on with it
   unsigned Attempts = 0;
   std::unique_ptr<TSHA256> Digest; // of what is sent; none when a part was there already
   TSendOutcome Outcome = {};

@@ -16,6 +16,8 @@ void TSftpUpload::PostRename(TSftpChannel& channel, TFile& file) const {
   writer.Text(file.Path(file.Name));
   writer.Text(file.Path(file.Request->Target.Name));
   Post(channel, file, TStep::Rename);
+  // A server takes requests in their order; one that does not is asked again.
+  PostLook(channel, file);
 }
 
 void TSftpUpload::PostPlainRename(TSftpChannel& channel, TFile& file, const std::string& from,
@@ -34,7 +36,9 @@ void TSftpUpload::PostLook(TSftpChannel& channel, TFile& file) {
 void TSftpUpload::Renamed(TSftpChannel& channel, TFile& file, TSftpStatus status) {
   if (status == TSftpStatus::Ok) {
     file.WasMade = false;
-    return PostLook(channel, file);
+    if (!FLimits.HasPosixRename)
+      PostLook(channel, file);
+    return;
   }
   if (FLimits.HasPosixRename) {
     file.Outcome.Problem = "putting it in place: " + SftpStatusText(status);
@@ -65,8 +69,14 @@ void TSftpUpload::PutBack(TFile& file, TSftpStatus status) {
 
 // What a server says of its own deeds is compared with what is there.
 void TSftpUpload::Looked(TSftpChannel& channel, TFile& file, const TSftpReply& reply) {
-  if (file.Outcome.Problem.empty())
-    file.Outcome.Problem = WhatIsWrong(file, reply);
+  if (file.Outcome.Problem.empty()) {
+    std::string problem = WhatIsWrong(file, reply);
+    if (!problem.empty() && file.IsRenamed && FLimits.HasPosixRename && !file.IsLookedAtAgain) {
+      file.IsLookedAtAgain = true;
+      return PostLook(channel, file);
+    }
+    file.Outcome.Problem = std::move(problem);
+  }
   if (!file.IsRenamed || file.Aside.empty())
     return;
   if (!file.Outcome.Problem.empty())

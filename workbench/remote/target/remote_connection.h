@@ -152,8 +152,10 @@ public:
   virtual std::vector<std::string> Hashes(std::span<const TRemoteName> names) = 0;
   /// Reads a plain file of at most that many bytes. Links are not followed.
   virtual TRemoteContent ReadFile(const TRemoteName& name, std::uint64_t limit) = 0;
-  /// Makes a file that is not there yet, at once for all who try.
-  virtual TRemoteCreation CreateFile(const TRemoteName& name, std::string_view text) = 0;
+  /// Makes a file that is not there yet, at once for all who try, and gives it that time stamp
+  /// where it can.
+  virtual TRemoteCreation CreateFile(const TRemoteName& name, std::string_view text,
+                                     deployment::TFileTime time) = 0;
   /// Gives a file another name in its directory, replacing what stands there; the reason when that
   /// failed.
   virtual std::string Rename(const TRemoteName& name, const std::string& newName) = 0;

@@ -43,6 +43,7 @@ protected:
     index.Unfinished.push_back(run);
     WriteText(At("record/undo/index.json"), UndoIndexText(index));
     WriteText(At("record/undo/" + run + "/.deploymgr-0-1-0-0-.part"), "half");
+    Store = TUndoStore(At("record").string()); // of the run that comes next
   }
 
 private:
@@ -50,7 +51,7 @@ private:
 
 protected:
   TFolderConnection Connection{FPlace.Path()};
-  const TUndoStore Store{(FPlace.Path() / "record").string()};
+  TUndoStore Store{(FPlace.Path() / "record").string()};
 };
 
 using TNames = std::vector<std::string>;

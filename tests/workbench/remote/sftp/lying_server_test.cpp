@@ -97,6 +97,11 @@ TEST_F(LyingServer, CannotPretendToHaveRenamed) {
   EXPECT_EQ(Deploy("rename-nothing"), "looking at it on the target: no such file or directory");
 }
 
+TEST_F(LyingServer, IsAskedAgainWhenItLooksAtAFileBeforeItRenamesIt) {
+  EXPECT_EQ(Deploy("early-look"), "");
+  EXPECT_EQ(There(), "new content");
+}
+
 TEST_F(LyingServer, CannotGiveAHandleOrNothingForBytes) {
   const std::vector<TRemoteName> names{{Place.Target().string(), "a"}};
   const auto hash = [&](const char* lie) -> std::string {

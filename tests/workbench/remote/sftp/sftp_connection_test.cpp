@@ -205,11 +205,13 @@ TEST_F(SftpConnection, ReadsAFileUpToALimit) {
 
 TEST_F(SftpConnection, MakesAFileOnce) {
   using TResult = TRemoteCreation::TResult;
+  const deployment::TFileTime At{std::chrono::seconds(1'000'000)};
   const auto connection = Connect();
   const TRemoteName name{Place.Target().string(), "lock"};
-  EXPECT_EQ(connection->CreateFile(name, "mine").Result, TResult::Made);
-  EXPECT_EQ(Connect()->CreateFile(name, "theirs").Result, TResult::Exists);
+  EXPECT_EQ(connection->CreateFile(name, "mine", At).Result, TResult::Made);
+  EXPECT_EQ(Connect()->CreateFile(name, "theirs", At).Result, TResult::Exists);
   EXPECT_EQ(Place.Read(Place.Target("lock")), "mine");
+  EXPECT_EQ(connection->Examine({&name, 1})[0].Modified, At);
   EXPECT_EQ(connection->Rename(name, "other"), "");
   EXPECT_EQ(Place.Read(Place.Target("other")), "mine");
   EXPECT_EQ(connection->SetMode({name.Directory, "other"}, 0640), "");

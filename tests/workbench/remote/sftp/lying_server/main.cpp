@@ -207,6 +207,9 @@ private:
       as(TSftpPacket::Attributes, Number(0x80000000) + Number(0xffffffff));
     } else if (FLie == "many-names" && request.Kind == TSftpPacket::RealPath) {
       as(TSftpPacket::Name, Number(0xffffffff) + Text("/x") + Text("") + Number(0));
+    } else if (FLie == "early-look" && isLook && !FHasLooked) {
+      FHasLooked = true; // as if it had been looked at before the rename
+      packet = Status(id, 2);
     } else if (FLie == "well-but-nothing" && isLook) {
       packet = Status(id, 0);
     }
@@ -225,6 +228,7 @@ private:
   std::mutex FOutput;
   int FRenames = 0;
   bool FSaidPaths = false;
+  bool FHasLooked = false;
 };
 
 } // namespace
