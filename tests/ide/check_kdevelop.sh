@@ -41,6 +41,7 @@ END
 gauge=$work/wind-gauge
 cp -r "$source_tree/examples/wind-gauge" "$gauge"
 list=$gauge/WindGauge.vproj
+sed -i 's|<ProjectExtensions>|<Import Project="absent.props"/>\n  <ProjectExtensions>|' "$list"
 write_project "$gauge" gauge
 mkdir "$work/fresh"
 write_project "$work/fresh" fresh
@@ -86,6 +87,13 @@ echo "deployed from the menu"
 command_of_menu Deploy
 until_holds cmp -s "$gauge/Linux64/Debug/windgauge" "$work/box/WindGauge/bin/windgauge"
 picture kdevelop-deployed
+
+echo "what is wrong with the list stands among the problems"
+click button Problems
+click tab Deployment
+await row absent.props >/dev/null
+picture kdevelop-problems
+until_holds show_list
 
 echo "a project without a list gets one of its build"
 choose fresh

@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QStyle>
 #include <QStyleOptionViewItem>
+#include <QTabBar>
 #include <QToolButton>
 #include <QTreeView>
 #include <functional>
@@ -74,6 +75,31 @@ QString FindItem(const QString& text) {
   return None;
 }
 
+QString FindTab(const QString& text) {
+  for (QWidget* widget : QApplication::allWidgets()) {
+    const auto* bar = qobject_cast<QTabBar*>(widget);
+    for (int i = 0; bar && bar->isVisible() && i < bar->count(); ++i) {
+      if (Plain(bar->tabText(i)).startsWith(text))
+        return PlaceOf(*bar, bar->tabRect(i));
+    }
+  }
+  return None;
+}
+
+// A row of a list in which the text stands.
+QString FindRow(const QString& text) {
+  for (QWidget* widget : QApplication::allWidgets()) {
+    const auto* view = qobject_cast<QTreeView*>(widget);
+    const QAbstractItemModel* model = view && view->isVisible() ? view->model() : nullptr;
+    const QModelIndexList found =
+        model ? model->match(model->index(0, 0), Qt::DisplayRole, text, 1, Qt::MatchContains)
+              : QModelIndexList();
+    if (!found.isEmpty())
+      return PlaceOf(*view->viewport(), view->visualRect(found.front()));
+  }
+  return None;
+}
+
 QString FindText(const QString& name) {
   const auto* label =
       FindVisible<QLabel>([&name](const QLabel& each) { return each.objectName() == name; });
@@ -130,6 +156,10 @@ QString Answer(const QString& question) {
     return FindItem<QMenu>(what);
   if (kind == QLatin1String("text"))
     return FindText(what);
+  if (kind == QLatin1String("tab"))
+    return FindTab(what);
+  if (kind == QLatin1String("row"))
+    return FindRow(what);
   if (kind == QLatin1String("check"))
     return FindCheck(what);
   return QStringLiteral("unknown question");
