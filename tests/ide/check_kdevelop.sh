@@ -48,7 +48,7 @@ write_project "$work/fresh" fresh
 
 write_profile
 
-session=$XDG_DATA_HOME/kdevelop/sessions/{11111111-2222-3333-4444-555555555555}
+session="$XDG_DATA_HOME/kdevelop/sessions/{11111111-2222-3333-4444-555555555555}"
 mkdir -p "$session" "$XDG_CONFIG_HOME"
 cat >"$session/sessionrc" <<END
 SessionName=probe
@@ -72,7 +72,7 @@ picture kdevelop-list
 echo "a box is clicked: the list on disk changes with the save, not before"
 click check stations.json
 until_holds is_ticked stations.json 0
-! has_text "$list" "<Enabled>false</Enabled>"
+lacks_text "$list" "<Enabled>false</Enabled>"
 click command deployment_save
 until_holds has_text "$list" "<Enabled>false</Enabled>"
 until_holds test -f "$gauge/WindGauge.deployproj"

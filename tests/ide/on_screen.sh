@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034,SC2154
 # For the tests of plug-ins: a screen, a home and an IDE of their own, and hands. Sourced.
 # Expects $build, the build directory; leaves pictures in $pictures.
 set -euo pipefail

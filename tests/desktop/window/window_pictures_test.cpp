@@ -3,9 +3,9 @@
 #include "tests/desktop/support/pictures.h"
 #include "tests/desktop/window/window_fixture.h"
 #include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/interaction/connection_questions.h"
 #include "workbench/desktop/projects/recovery_question.h"
 #include "workbench/desktop/window/appearance.h"
-#include "workbench/desktop/interaction/connection_questions.h"
 
 #include <QLabel>
 #include <QPushButton>
