@@ -122,8 +122,9 @@ room(workbench/desktop/dialogs/profiles SEES ${FOUNDATION} workbench/desktop/con
 room(workbench/desktop/dialogs/settings SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/dialogs/forms workbench/desktop/text workbench/platforms workbench/services
   workbench/session workbench/settings workbench/text)
-room(workbench/desktop/dialogs/deploy SEES ${FOUNDATION} workbench/deploy
-  workbench/desktop/controls workbench/desktop/dialogs/forms workbench/desktop/text workbench/text)
+room(workbench/desktop/deploy SEES ${FOUNDATION} workbench/deploy workbench/deploy/plan
+  workbench/deploy/record workbench/desktop/controls workbench/desktop/dialogs/forms
+  workbench/desktop/text workbench/files workbench/remote/target workbench/text)
 room(workbench/desktop/projects SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/dialogs/forms workbench/desktop/text workbench/explain workbench/history
   workbench/list workbench/project workbench/services workbench/session workbench/text)
@@ -131,12 +132,12 @@ room(workbench/desktop/notices SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/dialogs/forms workbench/desktop/projects workbench/desktop/text
   workbench/explain workbench/history workbench/session workbench/text)
 room(workbench/desktop/interaction SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
-  workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/deploy workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/projects workbench/desktop/text
   workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services
   workbench/session workbench/settings workbench/text)
 room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
-  workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/deploy workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings
   workbench/desktop/interaction workbench/desktop/notices workbench/desktop/projects
   workbench/desktop/text
@@ -146,7 +147,7 @@ room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desk
 
 # Plug-ins of IDEs: the rooms of the window once more, for the Qt of the IDE.
 room(workbench/ide/view SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
-  workbench/desktop/dialogs/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/deploy workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/interaction workbench/desktop/notices
   workbench/desktop/projects workbench/desktop/text workbench/platforms workbench/project workbench/project/build_import
   workbench/services workbench/session workbench/settings)

@@ -21,7 +21,6 @@ using deployment::TDeployOperation;
 
 constexpr std::size_t SmallestBatch = 32;
 constexpr std::size_t LargestBatch = 256;
-constexpr std::string_view Interrupted = "the run was interrupted";
 
 class TExecutor {
 public:
@@ -43,7 +42,7 @@ public:
     }
     // What is not done yet was never begun, or begun on a line that broke.
     for (std::size_t i = 0; i < FPlan.Files.size(); ++i)
-      Finish(i, FLost.empty() ? std::string(Interrupted) : FLost);
+      Finish(i, FLost.empty() ? std::string(InterruptedReason) : FLost);
     FReport.Message = FLost;
   }
 
@@ -141,7 +140,7 @@ public:
     for (const TSendRequest& request : FBatch)
       FOut.insert(request.Index);
     for (const std::size_t index : FOut)
-      FExecutor.Finish(index, FExecutor.IsCancelled() ? std::string(Interrupted) : reason);
+      FExecutor.Finish(index, FExecutor.IsCancelled() ? std::string(InterruptedReason) : reason);
   }
 
 private:
@@ -175,7 +174,8 @@ void TExecutor::FinishWhatNeedsNoCopy() {
                        file.There.Kind == TRemoteKind::File ? file.There.Size : 0});
       continue;
     }
-    const std::string problem = IsCancelled() ? std::string(Interrupted) : FinishWithoutCopy(file);
+    const std::string problem =
+        IsCancelled() ? std::string(InterruptedReason) : FinishWithoutCopy(file);
     if (problem.empty() && !file.Steps.empty())
       FToFinish.push_back(i);
     else
@@ -288,7 +288,7 @@ void TExecutor::PrepareDirectories() {
 void TExecutor::MakeLinks() {
   for (const std::size_t index : FLinks) {
     const TPlannedFile& file = FPlan.Files[index];
-    FileSent(index, {.Problem = IsCancelled() ? std::string(Interrupted)
+    FileSent(index, {.Problem = IsCancelled() ? std::string(InterruptedReason)
                                               : FConnection.MakeLink(file.Target, file.Link),
                      .Size = file.Local.Size,
                      .Mode = file.Mode,
@@ -384,7 +384,7 @@ std::string TExecutor::RunStep(const TPlannedFile& file, const TAfterStep& step)
   const std::string start =
       file.Action == TDeployAction::Copied ? "was copied, but " : "is there, but ";
   if (IsCancelled())
-    return start + std::string(Interrupted);
+    return start + std::string(InterruptedReason);
   const std::string problem =
       RunAfterStep(file, step, FExecution.Places, FConnection, FHear, FExecution.Cancelled);
   return problem.empty() ? problem : start + problem;

@@ -4,15 +4,17 @@
 #include "workbench/deploy/plan/deploy_plan.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace workbench {
 
 /// How a run ended.
 enum class TDeployEnd {
-  NotStarted,
+  NotStarted,      ///< nothing was done, since nobody said that it may begin
   Done,            ///< no file failed
   Unexpected,      ///< others changed the target: rows were refused, or all of it was
   Failed,          ///< some did
@@ -22,6 +24,9 @@ enum class TDeployEnd {
   NoSourceConsent, ///< files from beyond the project's tree may not be sent; nothing was done
   Interrupted,
 };
+
+/// Why a file failed that an interrupted run left undone.
+inline constexpr std::string_view InterruptedReason = "the run was interrupted";
 
 /// What happened to one file, or would happen.
 struct TDeployRow {
@@ -34,6 +39,15 @@ struct TDeployRow {
   bool ByHash = false;     ///< hashes told the state
   std::string Reason = {}; ///< why it was refused
   std::string Link = {};   ///< what it stores as a symbolic link; empty for what is none
+  std::filesystem::path LocalFile = {}; ///< full path on this machine; empty for what is removed
+  std::uint64_t SizeHere = 0;           ///< of the file on this machine
+  std::uint64_t SizeThere = 0;          ///< of what stood on the target when it was looked at
+  deployment::TFileTime TimeThere = {}; ///< of that
+
+  /// True for a file that the run had not come to, or was at, when it was interrupted.
+  bool IsInterrupted() const {
+    return Action == TDeployAction::Failed && Error == InterruptedReason;
+  }
 };
 
 /// A command that still has to succeed on the target.

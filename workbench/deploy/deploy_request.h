@@ -3,6 +3,7 @@
 
 #include "package/host/api/codemgr.h"
 #include "package/host/api/deployment_target.h"
+#include "workbench/deploy/plan/row_choices.h"
 
 #include <atomic>
 #include <cstdint>
@@ -13,6 +14,7 @@
 namespace workbench {
 
 class TSharedWork;
+struct TDeployReport;
 
 /// The largest number of connections that a deploy takes.
 inline constexpr unsigned MostJobs = 64;
@@ -35,7 +37,8 @@ struct TDeployOptions {
   bool Compress = false;         ///< compress what travels to another machine
   bool BreakLock = false;        ///< go on though somebody else deploys there
   TUndoLimits Undo = {};
-  unsigned Jobs = 0; ///< connections; 0: as many as suit the machine
+  TRowChoices Choices = {}; ///< about single files
+  unsigned Jobs = 0;        ///< connections; 0: as many as suit the machine
 };
 
 /// Does work that takes long while the caller waits: runs it once, returns when it is done and
@@ -54,11 +57,15 @@ using TMayRun =
 /// May these files of this machine, full paths from beyond the project's tree, be sent?
 using TMaySend = std::function<bool(const std::vector<std::string>& files)>;
 
+/// Is this plan, which nothing hinders, to be carried out? The rows say what would be done.
+using TMayBegin = std::function<bool(const TDeployReport& planned)>;
+
 /// How a run goes on, whatever it carries out. Everything that it names must live as long.
 struct TRunTerms {
   TDeployOptions Options = {};
-  TMayRun MayRun = nullptr;   ///< empty: commands may not run
-  TMaySend MaySend = nullptr; ///< empty: nothing from beyond the project's tree is sent
+  TMayBegin MayBegin = nullptr; ///< asked before all else; empty: yes
+  TMayRun MayRun = nullptr;     ///< empty: commands may not run
+  TMaySend MaySend = nullptr;   ///< empty: nothing from beyond the project's tree is sent
   TBackground Background = RunInForeground;
   /// Something else than 0, such as the number of a signal, interrupts the run; null: nothing does.
   const std::atomic<int>* Cancelled = nullptr;
@@ -70,14 +77,15 @@ struct TDeployRequest {
   deployment::ICustomProject& Project;
   deployment::TDeploymentTarget Target;
   TDeployOptions Options = {};
-  TMayRun MayRun = nullptr;   ///< empty: commands may not run
-  TMaySend MaySend = nullptr; ///< empty: nothing from beyond the project's tree is sent
+  TMayBegin MayBegin = nullptr; ///< asked before all else; empty: yes
+  TMayRun MayRun = nullptr;     ///< empty: commands may not run
+  TMaySend MaySend = nullptr;   ///< empty: nothing from beyond the project's tree is sent
   TBackground Background = RunInForeground;
   /// Something else than 0, such as the number of a signal, interrupts the deploy; null: nothing
   /// does.
   const std::atomic<int>* Cancelled = nullptr;
 
-  TRunTerms Terms() const { return {Options, MayRun, MaySend, Background, Cancelled}; }
+  TRunTerms Terms() const { return {Options, MayBegin, MayRun, MaySend, Background, Cancelled}; }
 };
 
 } // namespace workbench

@@ -14,7 +14,11 @@ std::vector<TDeployRow> RowsOf(const TDeployPlan& plan) {
                     .State = file.State,
                     .ByHash = file.ByHash,
                     .Reason = file.Action == TDeployAction::Refused ? file.Reason : std::string(),
-                    .Link = file.Link});
+                    .Link = file.Link,
+                    .LocalFile = file.File.LocalFile,
+                    .SizeHere = file.Local.Size,
+                    .SizeThere = file.There.Size,
+                    .TimeThere = file.There.Modified});
   return rows;
 }
 

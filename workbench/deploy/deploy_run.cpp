@@ -63,8 +63,10 @@ TDeployRun::~TDeployRun() {
 
 void TDeployRun::Run() {
   try {
-    FTerms.Background([this] { FFacts.Given ? TakePlan() : MakePlan(); });
-    Describe();
+    FTerms.Background([this] {
+      FFacts.Given ? TakePlan() : MakePlan();
+      Describe();
+    });
     if (!MayExecute())
       return;
     FObserver.Planned(FReport.Rows);
@@ -92,6 +94,7 @@ TPlanOptions TDeployRun::PlanOptions() const {
       .Prune = wanted.Prune,
       .HashAll = wanted.HashAll,
       .AfterDeploy = FFacts.Destination.Profile ? FFacts.Destination.Profile->AfterDeploy : "",
+      .Choices = wanted.Choices,
       .KeepLinks = FFacts.Destination.Profile.has_value(),
       .SourceRoots = FFacts.SourceRoots,
       .RootName = FFacts.Destination.Profile ? FFacts.RootName : "",
@@ -202,6 +205,8 @@ bool TDeployRun::MayExecute() {
     FReport.End = TDeployEnd::Refused;
   else if (FTerms.Options.DryRun)
     FReport.End = End();
+  else if (FTerms.MayBegin && !FTerms.MayBegin(FReport))
+    FReport.End = TDeployEnd::NotStarted;
   else if (!FPlan.Commands.empty() && !(FTerms.MayRun && FTerms.MayRun(FPlan.Commands, place)))
     FReport.End = TDeployEnd::NoConsent;
   else if (!FPlan.Outside.empty() && !(FTerms.MaySend && FTerms.MaySend(FPlan.Outside)))

@@ -203,7 +203,7 @@ void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::st
       .Target = {std::string(configuration), std::string(platform)},
       .Background = [this](const auto& work) { FInteraction->RunInBackground(work); }};
   const TDeployReport report = FInteraction->Deploy(FDeploys, request);
-  if (!final)
+  if (!final || report.End == TDeployEnd::NotStarted)
     return;
   const auto profile = FindProfile(GetTargetProfileName(project, platform, *this));
   Tell(

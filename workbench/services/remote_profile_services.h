@@ -97,8 +97,8 @@ public:
   GetLocalFileTime(const deployment::IOTARemoteProfile& profile,
                    std::string_view localName) override;
   bool Connect(const deployment::IOTARemoteProfile& profile, std::string& message) override;
-  /// Deploys with the usual options, through the interaction. `final` deploys are told to the
-  /// listeners.
+  /// Deploys with the usual options, through the interaction. `final` deploys that were not only
+  /// planned are told to the listeners.
   void Deploy(deployment::ICustomProject& project, std::string_view platform,
               std::string_view configuration, bool final) override;
   int AddNotifier(std::shared_ptr<deployment::IOTARemoteProfileNotifier> notifier) override;

@@ -6,9 +6,11 @@
 #include "tests/desktop/support/dialog_script.h"
 #include "tests/desktop/support/pictures.h"
 #include "tests/workbench/session/session_fixture.h"
+#include "workbench/deploy/deploy_observer.h"
 #include "workbench/desktop/controls/qt_dialogs.h"
-#include "workbench/desktop/dialogs/deploy/consent_dialog.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/consent_dialog.h"
+#include "workbench/desktop/deploy/deploy_page.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/dialogs/profiles/profile_edit_dialog.h"
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
@@ -141,8 +143,10 @@ TEST_P(TDialogPictures, OfADeploy) {
   std::atomic<int> cancelled = 0;
   TDeployReport report;
   TDeployPanel panel;
+  TDeployPage& page = panel.Page();
   panel.resize(900, 400);
-  panel.Begin(cancelled);
+  page.Begin({"/home/eva/demo.vproj", {"Debug", "Win32"}}, cancelled);
+  panel.show();
   std::vector<TDeployRow> rows;
   rows.reserve(30);
   for (int i = 0; i < 30; ++i)
@@ -150,18 +154,19 @@ TEST_P(TDialogPictures, OfADeploy) {
                     .RemoteFile = "/mnt/share/data/levels" + std::to_string(i) + ".dat",
                     .Action = i % 5 == 0 ? TDeployAction::Unchanged : TDeployAction::Copied,
                     .Bytes = i % 5 == 0 ? 0U : 1500000U});
-  panel.Planned(rows);
+  page.Observer().Planned(rows);
   for (std::size_t i = 0; i < 12; ++i)
-    panel.RowDone(i, rows[i]);
-  panel.BytesSent(12000000);
+    page.Observer().RowDone(i, rows[i]);
+  page.Observer().BytesSent(12000000);
   QTest::qWait(250);
   Keep(panel, "deploy-running");
   rows[3].Action = TDeployAction::Failed;
   rows[3].Error = "Permission denied";
-  panel.CommandSaid("resources: 12 files packed");
+  page.Observer().CommandSaid("resources: 12 files packed");
   report.Rows = rows;
   report.End = TDeployEnd::Failed;
-  panel.End(report, /*dryRun=*/false);
+  report.WasCarriedOut = true;
+  page.End(report);
   QApplication::processEvents();
   Keep(panel, "deploy-failed");
 }

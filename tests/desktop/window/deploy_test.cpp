@@ -1,44 +1,22 @@
-#include "tests/desktop/window/window_fixture.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "tests/desktop/window/deploy_fixture.h"
 
 #include <QElapsedTimer>
-#include <QLabel>
-#include <QPushButton>
 
 namespace workbench {
 namespace {
 
 using namespace deployment::file_column;
 
-using testing::Child;
 using testing::FindButton;
-using testing::OnNextDialog;
 
-class TWindowDeploy : public testing::TWindowTest {
-protected:
-  void SetUp() override {
-    TWindowTest::SetUp();
-    std::filesystem::create_directory(FRoot / "target");
-    Host().RemoteProfiles().AddProfile(
-        {.Name = "bench", .Platform = "Win64", .Path = (FRoot / "target").string()});
-  }
-  void Assign() { Project().AssignProfile("Win64", "bench", false); }
-  // Waits for what runs in the background and comes back to the event loop.
-  void Connect() {
-    PressButton("tbConnect");
-    ASSERT_TRUE(
-        QTest::qWaitFor([this] { return Cell(0, RemoteStatus) != "Not Connected"; }, 10000));
-  }
-  std::string Summary() { return Child<QLabel>(Window().Panel(), "summary").text().toStdString(); }
-};
+using TWindowDeploy = testing::TDeployWindowTest;
 
 TEST_F(TWindowDeploy, BringsTheFilesThereAndShowsTheirState) {
   OpenExample();
   Assign();
   Connect();
   EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteStatus), "Not Found");
-  PressButton("tbDeploy");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
+  Deploy();
   EXPECT_TRUE(Window().Panel().isVisible());
   EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteStatus), "Same");
   EXPECT_TRUE(std::filesystem::exists(FRoot / "target" / "TideLogger" / "data" / "levels.dat"));
@@ -67,7 +45,7 @@ TEST_F(TWindowDeploy, TheDefaultProfileServesAProjectThatNamesNone) {
   OpenExample();
   Connect();
   EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteStatus), "Not Found");
-  PressButton("tbDeploy");
+  Deploy();
   EXPECT_EQ(Cell(Row("levels.dat").row(), RemoteStatus), "Same");
 }
 
@@ -106,8 +84,8 @@ TEST_F(TWindowDeploy, WhatCannotLandIsNamedBeforeAnythingIsCopied) {
   Assign();
   const auto base = FRoot / "target" / "TideLogger";
   std::filesystem::create_directories(base / "data" / "levels.dat");
-  PressButton("tbDeploy");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
+  Plan();
+  EXPECT_FALSE(Window().Panel().IsAsking());
   EXPECT_NE(Summary().find("Nothing was copied."), std::string::npos) << Summary();
   EXPECT_NE(Summary().find("which is a directory on the target"), std::string::npos);
   EXPECT_FALSE(std::filesystem::exists(base / "TideLogger.dll"));
@@ -136,6 +114,7 @@ TEST_F(TWindowDeploy, TheWindowStaysOpenWhileADeployRuns) {
     checked = IsChecked(Row("levels.dat")) == before ? 1 : 2;
     FindButton(Window().Panel(), "Cancel")->click();
   });
+  Plan();
   probe.start(0);
   PressButton("tbDeploy");
   ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
@@ -190,7 +169,7 @@ TEST_F(TWindowDeploy, ADeployOfTenThousandFilesLeavesTheWindowResponsive) {
   qint64 largest = 0;
   {
     THeartbeat heartbeat;
-    PressButton("tbDeploy");
+    Deploy();
     QTest::qWait(50);
     largest = heartbeat.Largest();
   }

@@ -2,7 +2,7 @@
 // documents and for people to look at.
 #include "tests/desktop/support/pictures.h"
 #include "tests/desktop/window/window_fixture.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/interaction/connection_questions.h"
 #include "workbench/desktop/projects/recovery_question.h"
 #include "workbench/desktop/window/appearance.h"
@@ -65,6 +65,7 @@ TEST_P(TWindowPictures, OfStatesOnATarget) {
   OpenExample();
   Project().AssignProfile("Win64", "lab-pc", false);
   PressButton("tbDeploy");
+  PressButton("tbDeploy");
   std::filesystem::remove(FRoot / "target" / "TideLogger" / "TideTables.de");
   std::filesystem::last_write_time(FRoot / "tide" / "data" / "levels.dat",
                                    std::filesystem::file_time_type::clock::now());
@@ -98,9 +99,34 @@ TEST_P(TWindowPictures, OfADeployThatRuns) {
     Keep(Window(), "deploying");
     testing::FindButton(Window().Panel(), "Cancel")->click();
   });
+  PressButton("tbDeploy");
   probe.start(5);
   PressButton("tbDeploy");
   EXPECT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 30000));
+}
+
+TEST_P(TWindowPictures, OfAPlanWithAConflictAndOfAFailure) {
+  std::filesystem::create_directory(FRoot / "target");
+  Host().RemoteProfiles().AddProfile(
+      {.Name = "lab-pc", .Platform = "Win64", .Path = (FRoot / "target").string()});
+  OpenExample();
+  Window().resize(1180, 700);
+  Project().AssignProfile("Win64", "lab-pc", false);
+  PressButton("tbDeploy");
+  PressButton("tbDeploy");
+  Write(FRoot / "target" / "TideLogger" / "data" / "levels.dat", "a hotfix on the target\n");
+  for (const char* name : {"levels.dat", "calm-day.txt"})
+    Write(FRoot / "tide" / "data" / name, "our own change\n");
+  PressButton("tbDeploy");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Window().Panel().IsAsking(); }, 20000));
+  Settle();
+  Keep(Window(), "plan");
+  std::filesystem::remove(FRoot / "tide" / "data" / "calm-day.txt");
+  PressButton("tbDeploy");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
+  Settle();
+  EXPECT_FALSE(Window().Panel().IsAsking());
+  Keep(Window(), "deploy-results");
 }
 
 TEST_P(TWindowPictures, OfMessages) {

@@ -51,6 +51,7 @@ public:
     if (mayGoOn) {
       CompareWithTarget(remote);
       FindLeftOvers(*FConnection, *FRecord, FOptions, FPlan);
+      ApplyChoices(FOptions.Choices, FPlan);
       PlanAfterDeploy();
     }
     return std::move(FPlan);

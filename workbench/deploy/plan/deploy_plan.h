@@ -3,6 +3,7 @@
 
 #include "workbench/deploy/plan/after_steps.h"
 #include "workbench/deploy/plan/deploy_files.h"
+#include "workbench/deploy/plan/row_choices.h"
 #include "workbench/deploy/record/file_state.h"
 #include "workbench/deploy/record/target_record.h"
 #include "workbench/remote/target/remote_connection.h"
@@ -37,6 +38,7 @@ struct TPlanOptions {
   bool Prune = false;            ///< remove what was deployed and is not in the list any more
   bool HashAll = false;          ///< tell the hash of every file here
   std::string AfterDeploy = {};  ///< command for the target when all files are in place
+  TRowChoices Choices = {};      ///< about single files
   bool KeepLinks = false;        ///< links stay links where the target knows them
   /// Directories of this machine whose files need no consent; see TSourceRoots.
   std::vector<std::filesystem::path> SourceRoots = {};

@@ -96,25 +96,24 @@ void DecideStates(IRemoteConnection& connection, const TTargetRecord& record,
   }
 }
 
-void Prune(TDeployPlan& plan) {
-  for (const TLeftOver& leftOver : plan.LeftOvers) {
-    TPlannedFile& file = plan.Files.emplace_back();
-    file.File.LocalName = leftOver.LocalName;
-    file.File.Operation = TDeployOperation::Remove;
-    file.Target = leftOver.Target;
-    file.RecordPath = leftOver.RecordPath;
-    file.There = leftOver.There;
-    file.State = leftOver.State;
-    file.Action = TDeployAction::Removed;
-    if (leftOver.State == TFileState::LeftOverChanged) {
-      file.Action = TDeployAction::Refused;
-      file.Reason = "it is not in the list any more, and was changed on the target since it was "
-                    "deployed";
-    }
-  }
-}
-
 } // namespace
+
+TPlannedFile RemovalOf(const TLeftOver& leftOver) {
+  TPlannedFile file;
+  file.File.LocalName = leftOver.LocalName;
+  file.File.Operation = TDeployOperation::Remove;
+  file.Target = leftOver.Target;
+  file.RecordPath = leftOver.RecordPath;
+  file.There = leftOver.There;
+  file.State = leftOver.State;
+  file.Action = TDeployAction::Removed;
+  if (leftOver.State == TFileState::LeftOverChanged) {
+    file.Action = TDeployAction::Refused;
+    file.Reason = "it is not in the list any more, and was changed on the target since it was "
+                  "deployed";
+  }
+  return file;
+}
 
 std::optional<TContent> ContentOf(const TRemoteStatus& remote) {
   if (remote.Kind == TRemoteKind::None)
@@ -170,8 +169,10 @@ void FindLeftOvers(IRemoteConnection& connection, const TTargetRecord& record,
   DecideStates(connection, record,
                {.Resolution = connection.TimeResolution(), .TrustTimes = !options.Checksum},
                Resolved(connection, std::move(candidates), plan.Forgotten), plan);
-  if (options.Prune)
-    Prune(plan);
+  if (!options.Prune)
+    return;
+  for (const TLeftOver& leftOver : plan.LeftOvers)
+    plan.Files.push_back(RemovalOf(leftOver));
 }
 
 } // namespace workbench

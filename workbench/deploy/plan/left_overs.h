@@ -30,6 +30,9 @@ void ReadLinksThere(IRemoteConnection& connection, const std::vector<TRemoteName
                     const std::vector<TRemoteStatus>& answers,
                     const std::vector<TContent*>& contents);
 
+/// The row of a plan that removes the file, or that refuses to where others changed it.
+TPlannedFile RemovalOf(const TLeftOver& leftOver);
+
 /// Finds the files of the record that are not in the plan, though they were deployed to the same
 /// platform and configuration, and removes them by the plan where the options say so. Throws
 /// TConnectionError.

@@ -3,10 +3,9 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QWidget>
 #include <functional>
 #include <vector>
-
-class QWidget;
 
 namespace workbench {
 

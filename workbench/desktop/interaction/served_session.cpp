@@ -1,18 +1,17 @@
 #include "workbench/desktop/interaction/served_session.h"
 
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/dialogs/deploy/consent_dialog.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/consent_dialog.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/interaction/connection_questions.h"
+#include "workbench/desktop/interaction/window_deploys.h"
 #include "workbench/desktop/interaction/window_interaction.h"
 #include "workbench/desktop/projects/project_tabs.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
 #include "workbench/settings/command_consent.h"
-#include "workbench/settings/number_setting.h"
 #include "workbench/settings/source_consent.h"
 #include "workbench/text/visible_text.h"
 
@@ -28,27 +27,23 @@ QString LostConnectionText(const std::string& profile, const std::string& reason
       .arg(ToQString(Visible(profile)), ToQString(Visible(reason)));
 }
 
-TUndoLimits UndoLimitsOf(const TSettings& settings) {
-  const TUndoLimits usual;
-  return {NumberSetting(settings, "undo-runs", usual.Runs),
-          NumberSetting(settings, "undo-bytes", usual.Bytes)};
-}
-
 } // namespace
 
 TServedSession::TServedSession(TSession& session, TServingParts parts)
     : FSession(session), FParts(std::move(parts)),
-      FQuestions(std::make_shared<TConnectionQuestions>(FParts.Window)) {
+      FQuestions(std::make_shared<TConnectionQuestions>(FParts.Window)),
+      FDeploys(std::make_unique<TWindowDeploys>(
+          FParts.Projects, FParts.Tabs, FParts.Panel, FSession,
+          TWindowDeploys::TConsents{
+              .MayRun = [this](const auto& commands,
+                               const std::string& place) { return MayRun(commands, place); },
+              .MaySend = [this](const auto& files) { return MaySend(files); }})) {
   FSession.SetEditorArea(&FParts.Tabs);
   FSession.SetModalForms(&FParts.Forms);
   FSession.RemoteProfiles().SetInteraction(std::make_shared<TWindowInteraction>(
-      TWindowParts{.Panel = FParts.Panel,
+      TWindowParts{.Deploys = FDeploys->Flow(),
                    .Background = FParts.Background,
                    .Questions = FQuestions,
-                   .MayRun = [this](const auto& commands,
-                                    const std::string& place) { return MayRun(commands, place); },
-                   .MaySend = [this](const auto& files) { return MaySend(files); },
-                   .UndoLimits = [this] { return UndoLimitsOf(FSession.Settings()); },
                    .CreateProfile =
                        [this](auto& project, std::string_view platform) {
                          return CreateProfile(project, platform);

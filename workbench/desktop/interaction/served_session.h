@@ -22,6 +22,7 @@ class TModalDialogs;
 class TOpenProject;
 class TProjectTabs;
 class TSession;
+class TWindowDeploys;
 struct TDeployReport;
 
 /// What serves the session. Everything must outlive the TServedSession.
@@ -47,6 +48,8 @@ public:
   TServedSession(const TServedSession&) = delete;
   TServedSession& operator=(const TServedSession&) = delete;
 
+  TWindowDeploys& Deploys() { return *FDeploys; }
+
 private:
   TOpenProject* CurrentProject() const;
   bool MayRun(const std::vector<std::string>& commands, const std::string& place);
@@ -56,6 +59,7 @@ private:
   TSession& FSession;
   const TServingParts FParts;
   std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too
+  std::unique_ptr<TWindowDeploys> FDeploys;
 };
 
 } // namespace workbench

@@ -1,10 +1,8 @@
 #include "workbench/desktop/interaction/window_interaction.h"
 
 #include "workbench/desktop/controls/background_work.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/deploy_flow.h"
 #include "workbench/desktop/interaction/connection_questions.h"
-
-#include <atomic>
 
 namespace workbench {
 
@@ -29,24 +27,10 @@ void TWindowInteraction::RunInBackground(const std::function<void()>& work) {
 
 TDeployReport TWindowInteraction::Deploy(const TDeployService& service,
                                          const TDeployRequest& request) {
-  std::atomic<int> cancelled = 0;
-  TDeployRequest completed = request;
-  completed.MayRun = FParts.MayRun;
-  completed.MaySend = FParts.MaySend;
-  completed.Options.Undo = FParts.UndoLimits();
-  completed.Cancelled = &cancelled;
-  // The panel is told of the end also when the deploy could not even begin.
-  struct TShown {
-    ~TShown() { Panel.End(Report, /*dryRun=*/false); }
-    TDeployPanel& Panel;
-    TDeployReport Report = {};
-  };
-  TShown shown{FParts.Panel};
-  FParts.Panel.Begin(cancelled);
-  shown.Report = service.Deploy(completed, FParts.Panel);
+  TDeployReport report = FParts.Deploys.Deploy(service, request);
   if (FParts.Deployed)
-    FParts.Deployed(shown.Report);
-  return shown.Report;
+    FParts.Deployed(report);
+  return report;
 }
 
 void TWindowInteraction::ConnectionLost(const std::string& profile, const std::string& reason) {

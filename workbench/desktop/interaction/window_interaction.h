@@ -12,16 +12,13 @@ namespace workbench {
 
 class TBackgroundWork;
 class TConnectionQuestions;
-class TDeployPanel;
+class TDeployFlow;
 
 /// What a window does for the services.
 struct TWindowParts {
-  TDeployPanel& Panel;         ///< shows deploys
+  TDeployFlow& Deploys;
   TBackgroundWork& Background; ///< does what takes long
   std::shared_ptr<TConnectionQuestions> Questions;
-  TMayRun MayRun;
-  TMaySend MaySend;
-  std::function<TUndoLimits()> UndoLimits; ///< as the settings say
   std::function<bool(deployment::ICustomProject&, std::string_view platform)> CreateProfile;
   std::function<void(const std::string& profile, const std::string& reason)> ConnectionLost;
   std::function<void(const TDeployReport&)> Deployed = {}; ///< hears of each end; may be empty

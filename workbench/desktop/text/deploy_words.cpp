@@ -103,6 +103,32 @@ QString ActionWord(TDeployAction action) {
   return {};
 }
 
+QString StateWord(TFileState state) {
+  switch (state) {
+  case TFileState::Same:
+    return TDeployWords::tr("same");
+  case TFileState::New:
+    return TDeployWords::tr("new");
+  case TFileState::Changed:
+    return TDeployWords::tr("changed here");
+  case TFileState::Unrecorded:
+    return TDeployWords::tr("unknown there");
+  case TFileState::ChangedThere:
+    return TDeployWords::tr("changed there");
+  case TFileState::Conflict:
+    return TDeployWords::tr("changed here and there");
+  case TFileState::GoneThere:
+    return TDeployWords::tr("gone there");
+  case TFileState::LeftOver:
+    return TDeployWords::tr("not in the list");
+  case TFileState::LeftOverChanged:
+    return TDeployWords::tr("not in the list, changed there");
+  case TFileState::MissingHere:
+    return TDeployWords::tr("missing here");
+  }
+  return {};
+}
+
 QString SizeText(std::uint64_t bytes) {
   return QLocale().formattedDataSize(static_cast<qint64>(bytes), 1);
 }
@@ -110,8 +136,12 @@ QString SizeText(std::uint64_t bytes) {
 QString DeployCounts(const std::vector<TDeployRow>& rows) {
   std::array<std::size_t, DeployActionCount> counts{};
   std::uint64_t bytes = 0;
+  std::size_t cancelled = 0;
   for (const TDeployRow& row : rows) {
-    ++counts[static_cast<std::size_t>(row.Action)];
+    if (row.IsInterrupted())
+      ++cancelled;
+    else
+      ++counts[static_cast<std::size_t>(row.Action)];
     bytes += row.Action == TDeployAction::Copied ? row.Bytes : 0;
   }
   QStringList parts;
@@ -120,6 +150,8 @@ QString DeployCounts(const std::vector<TDeployRow>& rows) {
     if (counts[i] > 0 || action == TDeployAction::Copied)
       parts += QStringLiteral("%1 %2").arg(counts[i]).arg(ActionWord(action));
   }
+  if (cancelled > 0)
+    parts += TDeployWords::tr("%1 cancelled").arg(cancelled);
   return QStringLiteral("%1 (%2)").arg(parts.join(QStringLiteral(", ")), SizeText(bytes));
 }
 
@@ -140,8 +172,7 @@ QString DeploySummary(const TDeployReport& report, bool dryRun) {
                             "be sent without your consent. They are:") +
            Lines(report.Outside);
   case TDeployEnd::Interrupted:
-    return TDeployWords::tr("Interrupted: %1. Deploy again to go on.")
-        .arg(DeployCounts(report.Rows));
+    return TDeployWords::tr("Cancelled: %1. Deploy again to go on.").arg(DeployCounts(report.Rows));
   case TDeployEnd::Unexpected:
     if (!report.Problems.empty())
       return TDeployWords::tr("Nothing was copied. Mend this first:") + Lines(report.Problems);

@@ -12,6 +12,9 @@ namespace workbench {
 /// Such as "copied"; the words of the command line stay as they are for scripts.
 QString ActionWord(TDeployAction action);
 
+/// Such as "changed here"; how the file here, the one there and what was deployed last stand.
+QString StateWord(TFileState state);
+
 /// Such as "3.2 MiB", with the user's decimal point.
 QString SizeText(std::uint64_t bytes);
 

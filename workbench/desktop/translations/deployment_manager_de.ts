@@ -374,10 +374,6 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <translation>Es wurde nichts kopiert: Befehle des Projekts dürfen nicht ohne Ihre Zustimmung laufen. Es sind:</translation>
     </message>
     <message>
-        <source>Interrupted: %1. Deploy again to go on.</source>
-        <translation>Unterbrochen: %1. Verteilen Sie noch einmal, um fortzufahren.</translation>
-    </message>
-    <message>
         <source>Would be: %1.</source>
         <translation>Es würden: %1.</translation>
     </message>
@@ -388,6 +384,54 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     <message>
         <source>Mend the cause, then deploy again: what is on the target already stays.</source>
         <translation>Beheben Sie die Ursache und verteilen Sie dann noch einmal: Was schon auf dem Zielgerät ist, bleibt.</translation>
+    </message>
+    <message>
+        <source>same</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>changed here</source>
+        <translation>hier geändert</translation>
+    </message>
+    <message>
+        <source>unknown there</source>
+        <translation>dort unbekannt</translation>
+    </message>
+    <message>
+        <source>changed there</source>
+        <translation>dort geändert</translation>
+    </message>
+    <message>
+        <source>changed here and there</source>
+        <translation>hier und dort geändert</translation>
+    </message>
+    <message>
+        <source>gone there</source>
+        <translation>dort weg</translation>
+    </message>
+    <message>
+        <source>not in the list</source>
+        <translation>nicht in der Liste</translation>
+    </message>
+    <message>
+        <source>not in the list, changed there</source>
+        <translation>nicht in der Liste, dort geändert</translation>
+    </message>
+    <message>
+        <source>missing here</source>
+        <translation>fehlt hier</translation>
+    </message>
+    <message>
+        <source>%1 cancelled</source>
+        <translation>%1 abgebrochen</translation>
+    </message>
+    <message>
+        <source>Cancelled: %1. Deploy again to go on.</source>
+        <translation>Abgebrochen: %1. Verteilen Sie noch einmal, um fortzufahren.</translation>
     </message>
 </context>
 <context>
@@ -434,6 +478,125 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     <message>
         <source>Reconcile for %1</source>
         <translation>Abgleich für %1</translation>
+    </message>
+</context>
+<context>
+    <name>TRowWords</name>
+    <message>
+        <source>copy over theirs</source>
+        <translation>deren überschreiben</translation>
+    </message>
+    <message>
+        <source>keep theirs</source>
+        <translation>deren behalten</translation>
+    </message>
+    <message>
+        <source>remove</source>
+        <translation>entfernen</translation>
+    </message>
+    <message>
+        <source>leave there</source>
+        <translation>dort lassen</translation>
+    </message>
+    <message>
+        <source>leave out</source>
+        <translation>auslassen</translation>
+    </message>
+    <message>
+        <source>conflict: choose</source>
+        <translation>Konflikt: wählen</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>nicht angerührt</translation>
+    </message>
+    <message>
+        <source>cannot be copied</source>
+        <translation>nicht kopierbar</translation>
+    </message>
+    <message>
+        <source>copy</source>
+        <translation>kopieren</translation>
+    </message>
+    <message>
+        <source>set rights</source>
+        <translation>Rechte setzen</translation>
+    </message>
+    <message>
+        <source>keep</source>
+        <translation>behalten</translation>
+    </message>
+    <message>
+        <source>skip</source>
+        <translation>überspringen</translation>
+    </message>
+    <message>
+        <source>same</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>waiting</source>
+        <translation>wartet</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>abgebrochen</translation>
+    </message>
+    <message>
+        <source>Conflicts</source>
+        <translation>Konflikte</translation>
+    </message>
+    <message>
+        <source>Left alone</source>
+        <translation>Nicht angerührt</translation>
+    </message>
+    <message>
+        <source>Cannot be copied</source>
+        <translation>Nicht kopierbar</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>To copy</source>
+        <translation>Zu kopieren</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Rights alone</source>
+        <translation>Nur Rechte</translation>
+    </message>
+    <message>
+        <source>To remove</source>
+        <translation>Zu entfernen</translation>
+    </message>
+    <message>
+        <source>Removed</source>
+        <translation>Entfernt</translation>
+    </message>
+    <message>
+        <source>Not in the list any more</source>
+        <translation>Nicht mehr in der Liste</translation>
+    </message>
+    <message>
+        <source>Kept</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Skipped</source>
+        <translation>Übersprungen</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Same</source>
+        <translation>Gleich</translation>
     </message>
 </context>
 <context>
@@ -560,61 +723,50 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     </message>
 </context>
 <context>
-    <name>workbench::TDeployLogModel</name>
+    <name>workbench::TDeployPage</name>
     <message>
-        <source>waiting</source>
-        <translation>wartet</translation>
-    </message>
-    <message>
-        <source>File</source>
-        <translation>Datei</translation>
-    </message>
-    <message>
-        <source>Result</source>
-        <translation>Ergebnis</translation>
-    </message>
-    <message>
-        <source>Size</source>
-        <translation>Größe</translation>
-    </message>
-    <message>
-        <source>On the target</source>
-        <translation>Auf dem Zielgerät</translation>
-    </message>
-    <message>
-        <source>Reason</source>
-        <translation>Grund</translation>
-    </message>
-</context>
-<context>
-    <name>workbench::TDeployPanel</name>
-    <message>
-        <source>Deploy</source>
-        <translation>Verteilen</translation>
+        <source>What is deployed where to</source>
+        <translation>Was wohin verteilt wird</translation>
     </message>
     <message>
         <source>State of the deploy</source>
         <translation>Stand der Verteilung</translation>
     </message>
     <message>
-        <source>Progress</source>
-        <translation>Fortschritt</translation>
-    </message>
-    <message>
-        <source>Files, bytes, rate and time left</source>
-        <translation>Dateien, Bytes, Geschwindigkeit und Restzeit</translation>
-    </message>
-    <message>
         <source>Output of the commands</source>
         <translation>Ausgabe der Befehle</translation>
     </message>
     <message>
-        <source>Files of the deploy</source>
-        <translation>Dateien der Verteilung</translation>
+        <source>Deploying…</source>
+        <translation>Verteile…</translation>
     </message>
     <message>
-        <source>Show &amp;failed files only</source>
-        <translation>Nur &amp;fehlgeschlagene zeigen</translation>
+        <source>&amp;Show:</source>
+        <translation>&amp;Zeigen:</translation>
+    </message>
+    <message>
+        <source>Which rows are shown</source>
+        <translation>Welche Zeilen gezeigt werden</translation>
+    </message>
+    <message>
+        <source>Take &amp;Ours</source>
+        <translation>&amp;Unsere nehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Theirs</source>
+        <translation>&amp;Deren behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Go to Entry</source>
+        <translation>Zum &amp;Eintrag</translation>
+    </message>
+    <message>
+        <source>Ret&amp;ry</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Files of the deploy</source>
+        <translation>Dateien der Verteilung</translation>
     </message>
     <message>
         <source>Copy as &amp;Text</source>
@@ -625,28 +777,64 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <translation>&amp;Abbrechen</translation>
     </message>
     <message>
+        <source>&amp;Deploy</source>
+        <translation>&amp;Verteilen</translation>
+    </message>
+    <message>
         <source>C&amp;lose</source>
         <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>%1 for %2 – %3</source>
+        <translation>%1 für %2 – %3</translation>
     </message>
     <message>
         <source>Comparing with the target…</source>
         <translation>Vergleiche mit dem Zielgerät…</translation>
     </message>
     <message>
-        <source>Deploying…</source>
-        <translation>Verteile…</translation>
-    </message>
-    <message>
-        <source>%1 of %2 files, %3 of %4, %5/s</source>
-        <translation>%1 von %2 Dateien, %3 von %4, %5/s</translation>
-    </message>
-    <message>
-        <source>, %1 left</source>
-        <translation>, noch %1</translation>
-    </message>
-    <message>
         <source>Cancelling…</source>
         <translation>Breche ab…</translation>
+    </message>
+    <message>
+        <source>All (%1)</source>
+        <translation>Alle (%1)</translation>
+    </message>
+    <message>
+        <source>Files changed since this plan was looked at. Nothing was copied.</source>
+        <translation>Dateien haben sich geändert, seit dieser Plan angesehen wurde. Es wurde nichts kopiert.</translation>
+    </message>
+    <message>
+        <source>Changed by others on the target: %1 without a choice, which will be left alone.</source>
+        <translation>Von anderen auf dem Zielgerät geändert: %1 ohne Entscheidung; sie werden nicht angerührt.</translation>
+    </message>
+    <message>
+        <source>There is nothing to copy.</source>
+        <translation>Es gibt nichts zu kopieren.</translation>
+    </message>
+    <message>
+        <source>To copy: %1 (%2).</source>
+        <translation>Zu kopieren: %1 (%2).</translation>
+    </message>
+    <message>
+        <source>To remove: %1.</source>
+        <translation>Zu entfernen: %1.</translation>
+    </message>
+    <message>
+        <source>Left out: %1.</source>
+        <translation>Ausgelassen: %1.</translation>
+    </message>
+    <message>
+        <source>The same: %1.</source>
+        <translation>Gleich: %1.</translation>
+    </message>
+    <message>
+        <source>Commands that run: %1.</source>
+        <translation>Befehle, die laufen: %1.</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
     </message>
     <message>
         <source>Failed File</source>
@@ -667,6 +855,44 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDeployPanel</name>
+    <message>
+        <source>Deploy</source>
+        <translation>Verteilen</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDeployRowsModel</name>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Aktion</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>On the target</source>
+        <translation>Auf dem Zielgerät</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
     </message>
 </context>
 <context>
@@ -959,6 +1185,53 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>The project names the remote profile %1 for %2, and there is none of that name. Make it with Tools, Remote Profiles, or assign another one to the project.</source>
         <translation>Das Projekt nennt für %2 das Profil %1, das es nicht gibt. Legen Sie es unter Extras, Profile an, oder weisen Sie dem Projekt ein anderes zu.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TOptionsButton</name>
+    <message>
+        <source>&amp;Options</source>
+        <translation>&amp;Optionen</translation>
+    </message>
+    <message>
+        <source>How the deploy decides</source>
+        <translation>Wie die Verteilung entscheidet</translation>
+    </message>
+    <message>
+        <source>Compare by &amp;Content</source>
+        <translation>Nach &amp;Inhalt vergleichen</translation>
+    </message>
+    <message>
+        <source>Size and time are not trusted.</source>
+        <translation>Größe und Zeit wird nicht getraut.</translation>
+    </message>
+    <message>
+        <source>Copy Also What Is the &amp;Same</source>
+        <translation>Auch &amp;Gleiches kopieren</translation>
+    </message>
+    <message>
+        <source>What others changed on the target is not overwritten by that.</source>
+        <translation>Was andere auf dem Zielgerät geändert haben, wird dadurch nicht überschrieben.</translation>
+    </message>
+    <message>
+        <source>Skip &amp;Missing Files</source>
+        <translation>&amp;Fehlende Dateien überspringen</translation>
+    </message>
+    <message>
+        <source>Unless they are required.</source>
+        <translation>Sofern sie nicht erforderlich sind.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove What Is Not in the List Any More</source>
+        <translation>&amp;Entfernen, was nicht mehr in der Liste steht</translation>
+    </message>
+    <message>
+        <source>Files that were deployed earlier and that nobody changed since.</source>
+        <translation>Früher verteilte Dateien, die seither niemand geändert hat.</translation>
+    </message>
+    <message>
+        <source>Send Files from &amp;Beyond the Project without a Question</source>
+        <translation>Dateien von &amp;außerhalb des Projekts ohne Frage senden</translation>
     </message>
 </context>
 <context>
@@ -1313,6 +1586,25 @@ Nichts ist verloren: Die Änderungen sind noch hier. Räumen Sie aus dem Weg, wa
     <message>
         <source>%1 was renamed to %2.</source>
         <translation>%1 wurde in %2 umbenannt.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TRunProgress</name>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Files, bytes, rate and time left</source>
+        <translation>Dateien, Bytes, Geschwindigkeit und Restzeit</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files, %3 of %4, %5/s</source>
+        <translation>%1 von %2 Dateien, %3 von %4, %5/s</translation>
+    </message>
+    <message>
+        <source>, %1 left</source>
+        <translation>, noch %1</translation>
     </message>
 </context>
 <context>

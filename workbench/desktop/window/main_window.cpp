@@ -2,10 +2,11 @@
 
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/interaction/list_commands.h"
 #include "workbench/desktop/interaction/served_session.h"
+#include "workbench/desktop/interaction/window_deploys.h"
 #include "workbench/desktop/notices/project_notices.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/projects/recovery_question.h"
@@ -81,7 +82,10 @@ void TMainWindow::WatchState() {
   connect(&FWatcher, &TProjectWatcher::FilesChanged, this, &TMainWindow::CheckDisk);
   WatchFiles();
   connect(FProjects.get(), &TProjectTabs::Notice, FStatus, &TWindowStatus::Say);
-  connect(FListCommands, &TListCommands::Done, this, &TMainWindow::FocusListSoon);
+  connect(FListCommands, &TListCommands::Done, this, [this] {
+    if (!FServed->Deploys().FocusPlan())
+      FocusListSoon();
+  });
 }
 
 void TMainWindow::WatchFiles() {

@@ -2,7 +2,7 @@
 
 #include "workbench/deploy/deploy_report.h"
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/dialogs/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/interaction/list_commands.h"
 #include "workbench/desktop/interaction/served_session.h"

@@ -1,5 +1,5 @@
 #include "tests/desktop/support/dialog_script.h"
-#include "workbench/desktop/dialogs/deploy/consent_dialog.h"
+#include "workbench/desktop/deploy/consent_dialog.h"
 
 #include <QPlainTextEdit>
 

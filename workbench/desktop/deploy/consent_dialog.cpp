@@ -1,4 +1,4 @@
-#include "workbench/desktop/dialogs/deploy/consent_dialog.h"
+#include "workbench/desktop/deploy/consent_dialog.h"
 
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/text/visible_text.h"

@@ -1,0 +1,76 @@
+#include "tests/workbench/session/session_fixture.h"
+#include "workbench/deploy/deploy_service.h"
+#include "workbench/services/remote_profile_services.h"
+
+namespace workbench {
+namespace {
+
+// A project with one file, deployed to a folder.
+class DeployService : public testing::TSessionTest {
+protected:
+  void SetUp() override {
+    TSessionTest::SetUp();
+    std::filesystem::create_directories(FRoot / "place");
+    Host().RemoteProfiles().AddProfile({.Name = "place",
+                                        .Platform = "Win32",
+                                        .Path = (FRoot / "place").string(),
+                                        .IsDefault = true});
+    Write(FFile.parent_path() / "levels.dat", "levels");
+    FOpen = &OpenText(testing::ProjectWith(""));
+    FOpen->Deployment().AddFile("Debug", "Win32", "levels.dat")->SetEnabled("Win32", true);
+  }
+  TDeployReport Deploy(const TMayBegin& mayBegin, const TRowChoices& choices = {}) {
+    TSilentObserver nobody;
+    TDeployRequest request{.Project = FOpen->Project(), .Target = {"Debug", "Win32"}};
+    request.MayBegin = mayBegin;
+    request.Options.Choices = choices;
+    return Host().RemoteProfiles().Deploys().Deploy(request, nobody);
+  }
+  bool IsThere() const {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(FRoot / "place"))
+      if (entry.path().filename() == "levels.dat")
+        return true;
+    return false;
+  }
+
+  TOpenProject* FOpen = nullptr;
+};
+
+TEST_F(DeployService, ShowsThePlanBeforeItBeginsAndDoesNothingWithoutAYes) {
+  std::vector<TDeployRow> planned;
+  const TDeployReport report = Deploy([&](const TDeployReport& plan) {
+    planned = plan.Rows;
+    return false;
+  });
+  EXPECT_EQ(report.End, TDeployEnd::NotStarted);
+  EXPECT_FALSE(report.WasCarriedOut);
+  ASSERT_EQ(planned.size(), 1U);
+  EXPECT_EQ(planned[0].LocalName, "levels.dat");
+  EXPECT_EQ(planned[0].Action, TDeployAction::Copied);
+  EXPECT_EQ(planned[0].LocalFile, FFile.parent_path() / "levels.dat");
+  EXPECT_EQ(planned[0].SizeHere, 6U);
+  EXPECT_FALSE(IsThere());
+}
+
+TEST_F(DeployService, BeginsAfterAYes) {
+  const TDeployReport report = Deploy([](const TDeployReport&) { return true; });
+  EXPECT_EQ(report.End, TDeployEnd::Done);
+  EXPECT_TRUE(report.WasCarriedOut);
+  EXPECT_TRUE(IsThere());
+}
+
+TEST_F(DeployService, LeavesOutWhatWasDecidedSo) {
+  std::string file;
+  Deploy([&](const TDeployReport& plan) {
+    file = plan.Rows.at(0).RemoteFile;
+    return false;
+  });
+  const TDeployReport report = Deploy(nullptr, {{file, {}}});
+  EXPECT_EQ(report.End, TDeployEnd::Done);
+  ASSERT_EQ(report.Rows.size(), 1U);
+  EXPECT_EQ(report.Rows[0].Action, TDeployAction::Skipped);
+  EXPECT_FALSE(IsThere());
+}
+
+} // namespace
+} // namespace workbench
