@@ -83,8 +83,9 @@ until_holds is_ticked stations.json 2
 click command deployment_save
 until_holds lacks_text "$list" "<Enabled>false</Enabled>"
 
-echo "deployed from the menu"
+echo "deployed from the menu, when the plan was seen"
 command_of_menu Deploy
+click widget deploy # the plan is shown first
 until_holds cmp -s "$gauge/Linux64/Debug/windgauge" "$work/box/WindGauge/bin/windgauge"
 picture kdevelop-deployed
 

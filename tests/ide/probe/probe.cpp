@@ -41,8 +41,8 @@ TWidget* FindVisible(const std::function<bool(const TWidget&)>& isWanted) {
 }
 
 QString FindWidget(const QString& name) {
-  const auto* widget =
-      FindVisible<QWidget>([&name](const QWidget& each) { return each.objectName() == name; });
+  const auto* widget = FindVisible<QWidget>(
+      [&name](const QWidget& each) { return each.isEnabled() && each.objectName() == name; });
   return widget ? PlaceOf(*widget, widget->rect()) : None;
 }
 
