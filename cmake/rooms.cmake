@@ -35,14 +35,16 @@ room(workbench/process SEES package/common workbench/files)
 room(workbench/archive SEES package/common workbench/files workbench/text)
 room(workbench/codecs SEES package/common workbench/archive workbench/files workbench/text)
 room(workbench/xml SEES ${FOUNDATION} workbench/files workbench/text)
-room(workbench/msbuild SEES ${FOUNDATION} workbench/files workbench/text workbench/xml)
+room(workbench/msbuild/values SEES ${FOUNDATION} workbench/files workbench/text workbench/xml)
+room(workbench/msbuild SEES ${FOUNDATION} workbench/files workbench/msbuild/values workbench/text
+  workbench/xml)
 room(workbench/platforms SEES ${FOUNDATION} workbench/files workbench/text)
-room(workbench/project SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
-  workbench/text workbench/xml)
+room(workbench/project SEES ${FOUNDATION} workbench/files workbench/msbuild
+  workbench/msbuild/values workbench/platforms workbench/text workbench/xml)
 room(workbench/project/build_import SEES ${FOUNDATION} workbench/files workbench/json
   workbench/process workbench/project workbench/text)
-room(workbench/project/cpp SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
-  workbench/project workbench/text workbench/xml)
+room(workbench/project/cpp SEES ${FOUNDATION} workbench/files workbench/msbuild
+  workbench/msbuild/values workbench/platforms workbench/project workbench/text workbench/xml)
 room(workbench/controls SEES ${FOUNDATION})
 room(workbench/list SEES ${FOUNDATION} workbench/json workbench/text)
 
@@ -86,7 +88,7 @@ room(workbench/explain SEES ${FOUNDATION} workbench/files workbench/json workben
 
 # deploymgr, the command line.
 room(workbench/cli/context SEES ${FOUNDATION} workbench/files workbench/json workbench/msbuild
-  workbench/platforms workbench/process workbench/project workbench/project/cpp
+  workbench/msbuild/values workbench/platforms workbench/process workbench/project workbench/project/cpp
   workbench/remote/ssh workbench/services workbench/session workbench/text)
 room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/explain
   workbench/files workbench/json
@@ -94,8 +96,12 @@ room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/ex
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
   workbench/deploy workbench/deploy/fleet workbench/deploy/record workbench/files workbench/json workbench/services workbench/session
   workbench/text)
+room(workbench/cli/targets SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
+  workbench/cli/view workbench/deploy workbench/deploy/plan workbench/files
+  workbench/remote/profile workbench/remote/target workbench/services workbench/session
+  workbench/settings workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
-  workbench/archive workbench/cli/view workbench/controls workbench/deploy workbench/deploy/fleet
+  workbench/archive workbench/cli/targets workbench/cli/view workbench/controls workbench/deploy workbench/deploy/fleet
   workbench/explain workbench/deploy/plan workbench/deploy/record workbench/files
   workbench/json workbench/list workbench/platforms workbench/project
   workbench/project/build_import workbench/project/cpp workbench/remote/profile
@@ -107,12 +113,22 @@ room(workbench/cli/completion SEES ${FOUNDATION} workbench/cli/context workbench
   workbench/services workbench/session workbench/settings)
 room(workbench/cli SEES ${FOUNDATION} workbench/cli/commands workbench/cli/completion
   workbench/cli/context workbench/cli/reference workbench/files
-  workbench/msbuild workbench/services workbench/session workbench/text)
+  workbench/msbuild workbench/msbuild/values workbench/services workbench/session workbench/text)
 room(workbench/askpass SEES workbench/remote/ssh)
 
 # deployment-manager, the window.
 room(workbench/desktop/text SEES ${FOUNDATION} workbench/deploy workbench/text)
 room(workbench/desktop/controls SEES ${FOUNDATION} workbench/controls workbench/desktop/text)
+room(workbench/desktop/list SEES ${FOUNDATION} workbench/controls workbench/desktop/controls
+  workbench/desktop/text)
+room(workbench/desktop/target SEES ${FOUNDATION} workbench/controls workbench/deploy
+  workbench/deploy/plan workbench/deploy/record workbench/desktop/controls workbench/desktop/list
+  workbench/desktop/text workbench/remote/profile workbench/remote/target workbench/services
+  workbench/session workbench/text)
+room(workbench/desktop/details SEES ${FOUNDATION} workbench/controls workbench/deploy
+  workbench/deploy/record workbench/desktop/controls workbench/desktop/list workbench/desktop/text
+  workbench/files workbench/remote/profile workbench/remote/target workbench/services
+  workbench/session workbench/text)
 room(workbench/desktop/dialogs/forms SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/text)
 room(workbench/desktop/dialogs/profiles SEES ${FOUNDATION} workbench/desktop/controls
@@ -129,18 +145,24 @@ room(workbench/desktop/projects SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/dialogs/forms workbench/desktop/text workbench/explain workbench/history
   workbench/list workbench/project workbench/services workbench/session workbench/text)
 room(workbench/desktop/notices SEES ${FOUNDATION} workbench/desktop/controls
-  workbench/desktop/dialogs/forms workbench/desktop/projects workbench/desktop/text
-  workbench/explain workbench/history workbench/session workbench/text)
-room(workbench/desktop/interaction SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
-  workbench/desktop/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/dialogs/forms workbench/desktop/dialogs/profiles workbench/desktop/projects
+  workbench/desktop/text workbench/explain workbench/files workbench/history
+  workbench/remote/profile workbench/services workbench/session workbench/settings
+  workbench/text)
+room(workbench/desktop/interaction SEES ${FOUNDATION} workbench/deploy workbench/deploy/record
+  workbench/desktop/controls workbench/desktop/deploy workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/projects workbench/desktop/text
   workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services
   workbench/session workbench/settings workbench/text)
+room(workbench/desktop/welcome SEES ${FOUNDATION} workbench/desktop/controls
+  workbench/desktop/dialogs/forms workbench/desktop/text workbench/platforms workbench/project
+  workbench/project/build_import workbench/session workbench/text)
 room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
-  workbench/desktop/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/deploy workbench/desktop/details workbench/desktop/dialogs/forms
   workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings
-  workbench/desktop/interaction workbench/desktop/notices workbench/desktop/projects
-  workbench/desktop/text
+  workbench/desktop/interaction workbench/desktop/list workbench/desktop/notices
+  workbench/desktop/projects workbench/desktop/target workbench/desktop/text
+  workbench/desktop/welcome
   workbench/files workbench/history workbench/platforms workbench/project workbench/project/cpp
   workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services workbench/session
   workbench/settings workbench/text)

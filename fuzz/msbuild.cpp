@@ -4,10 +4,10 @@
 #include "package/common/errors.h"
 #include "package/common/text_trim.h"
 #include "workbench/msbuild/msbuild_condition.h"
-#include "workbench/msbuild/msbuild_escapes.h"
 #include "workbench/msbuild/msbuild_evaluation.h"
 #include "workbench/msbuild/msbuild_includes.h"
 #include "workbench/msbuild/msbuild_wildcards.h"
+#include "workbench/msbuild/values/msbuild_escapes.h"
 #include "workbench/text/utf8.h"
 #include "workbench/xml/xml_reader.h"
 

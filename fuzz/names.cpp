@@ -3,7 +3,7 @@
 #include "fuzz/fuzz_input.h"
 #include "package/common/delimited_list.h"
 #include "package/common/path_text.h"
-#include "workbench/msbuild/project_paths.h"
+#include "workbench/msbuild/values/project_paths.h"
 #include "workbench/process/shell.h"
 #include "workbench/remote/ssh/known_hosts.h"
 #include "workbench/remote/target/remote_path.h"

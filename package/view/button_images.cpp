@@ -7,14 +7,14 @@ namespace {
 
 #define SVG_OPEN "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 16 16\" fill=\"none\" "
 #define SVG_LINE "stroke-width=\"1.5\" stroke-linecap=\"round\" stroke-linejoin=\"round\">"
-#define SVG_GRAY SVG_OPEN "stroke=\"#7f8a96\" " SVG_LINE
+#define SVG_GRAY SVG_OPEN "stroke=\"#7b8693\" " SVG_LINE
 #define SVG_END "</svg>"
 #define SHEET "<path d=\"M3 1.75h6l3 3v4M3 1.75v12.5h4\"/>"
 #define BOX "<path d=\"M2.75 2.75h10.5v10.5h-10.5z\"/>"
 #define TWO_BOXES "<path d=\"M5 1.75h9.25v9.25M1.75 5h9.25v9.25h-9.25z\"/>"
-#define CHECK(d) "<path stroke=\"#2f9e58\" stroke-width=\"2\" d=\"" d "\"/>"
-#define CROSS(d) "<path stroke=\"#d9534f\" stroke-width=\"2\" d=\"" d "\"/>"
-#define BLUE(d) "<path stroke=\"#3d8bd4\" d=\"" d "\"/>"
+#define CHECK(d) "<path stroke=\"#2d9754\" stroke-width=\"2\" d=\"" d "\"/>"
+#define CROSS(d) "<path stroke=\"#db5c58\" stroke-width=\"2\" d=\"" d "\"/>"
+#define BLUE(d) "<path stroke=\"#3a89d3\" d=\"" d "\"/>"
 
 constexpr std::array<std::string_view, 14> Images{
     // 0: a sheet with a plus: add files
@@ -25,9 +25,9 @@ constexpr std::array<std::string_view, 14> Images{
     SVG_GRAY
     "<path d=\"M2 4.5l5-2.75 5 2.75v4M2 4.5v5.5l5 2.75M2 4.5l5 2.75 5-2.75M7 7.25v5.5\"/>" CHECK(
         "M12 9.5v5M9.5 12h5") SVG_END,
-    // 3: an arrow onto a device: deploy
-    SVG_GRAY "<path d=\"M1.75 10v4.25h12.5v-4.25\"/>" BLUE("M8 1.75v8.5M4.75 7.25l3.25 3.25 "
-                                                           "3.25-3.25") SVG_END,
+    // 3: an arrow that leaves for a device: deploy
+    SVG_GRAY "<path d=\"M1.75 10v4.25h12.5v-4.25\"/>" BLUE("M8 10.75v-8.5M4.75 5.25l3.25-3.25 "
+                                                           "3.25 3.25") SVG_END,
     // 4: two arrows in a circle: reconcile
     SVG_GRAY BLUE("M13.5 6.5a5.75 5.75 0 0 0-10.5-1.5M3 1.75v3.25h3.25M2.5 9.5a5.75 5.75 0 0 0 "
                   "10.5 1.5M13 14.25v-3.25h-3.25") SVG_END,
@@ -36,10 +36,10 @@ constexpr std::array<std::string_view, 14> Images{
         "M11 4.75h1a2.25 2.25 0 0 1 2.25 2.25v2a2.25 2.25 0 0 1-2.25 2.25h-1z") SVG_END,
     // 6: three dots: choose
     SVG_OPEN
-    "stroke=\"none\"><g fill=\"#7f8a96\"><circle cx=\"3\" cy=\"8\" r=\"1.5\"/>"
+    "stroke=\"none\"><g fill=\"#7b8693\"><circle cx=\"3\" cy=\"8\" r=\"1.5\"/>"
     "<circle cx=\"8\" cy=\"8\" r=\"1.5\"/><circle cx=\"13\" cy=\"8\" r=\"1.5\"/></g>" SVG_END,
     // 7: an arrow that turns back: revert
-    SVG_GRAY "<path stroke=\"#d8862b\" d=\"M5.5 2l-3.25 3.25 3.25 3.25M2.5 5.25h6.5a4.25 4.25 0 0 "
+    SVG_GRAY "<path stroke=\"#be7423\" d=\"M5.5 2l-3.25 3.25 3.25 3.25M2.5 5.25h6.5a4.25 4.25 0 0 "
              "1 0 8.5h-5\"/>" SVG_END,
     // 8: ticked boxes: check all
     SVG_GRAY TWO_BOXES CHECK("M4 9.5l2 2 3.5-4") SVG_END,

@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t LieFiles = 4;
-constexpr std::size_t CutFiles = 24; // their deploy is some two hundred requests
+constexpr std::size_t CutFiles = 24;   // their deploy is some two hundred requests
 constexpr std::size_t MostLies = 1000; // of a whole run
 constexpr const char* RealServer = "/usr/lib/openssh/sftp-server";
 

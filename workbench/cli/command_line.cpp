@@ -8,7 +8,7 @@
 #include "workbench/cli/context/failure_report.h"
 #include "workbench/cli/context/terminal_interaction.h"
 #include "workbench/files/file_descriptor.h"
-#include "workbench/msbuild/property_names.h"
+#include "workbench/msbuild/values/property_names.h"
 #include "workbench/services/remote_profile_services.h"
 
 #include <algorithm>

@@ -7,6 +7,7 @@
 #include "workbench/deploy/shared_work.h"
 #include "workbench/deploy/undo_keeping.h"
 #include "workbench/files/runtime_directory.h"
+#include "workbench/files/sha256.h"
 #include "workbench/files/user_name.h"
 #include "workbench/remote/target/file_times.h"
 
@@ -28,6 +29,17 @@ struct THeldTarget {
 
 std::string HolderText(const TLockHolder& holder) {
   return "somebody else deploys there: " + holder.Text() + "; --break-lock goes on all the same";
+}
+
+// By which a record is known again; nothing for one that could not be read.
+std::optional<std::string> MarkOf(const TRemoteContent& content) {
+  if (!content.Problem.empty())
+    return std::nullopt;
+  if (!content.IsThere)
+    return std::string();
+  TSHA256 digest;
+  digest.Add(content.Text);
+  return digest.Text();
 }
 
 TRecordedRun NewRun(const std::filesystem::path& projectFile, TSharedWork* shared) {
@@ -155,7 +167,8 @@ void TDeployRun::BeginRecord() {
     if (const auto holder = FLock->Holder(*FConnection))
       throw THeldTarget{TDeployEnd::Refused, {HolderText(*holder)}};
   }
-  FRecordRead = std::async(std::launch::async, [content = FStore->ReadContent(*FConnection)] {
+  FRecordRead = std::async(std::launch::async, [this, content = FStore->ReadContent(*FConnection)] {
+    FRecordMark = MarkOf(content);
     return TRecordStore::ReadingOf(content);
   });
 }
@@ -259,7 +272,10 @@ bool TDeployRun::Lock() {
   FStore->RemoveUnfinished(*FConnection);
   FUndo.emplace(FStore->Directory());
   FUndo->RemoveUnfinished(*FConnection);
-  const TRecordReading now = FStore->Read(*FConnection);
+  const TRemoteContent content = FStore->ReadContent(*FConnection);
+  if (FReading.State != TRecordState::Damaged && FRecordMark && MarkOf(content) == FRecordMark)
+    return true;
+  const TRecordReading now = TRecordStore::ReadingOf(content);
   if (now.State == TRecordState::Damaged && FReading.State != TRecordState::Damaged)
     throw THeldTarget{TDeployEnd::Refused,
                       {"the record on the target cannot be read any more: " + now.Problem}};
@@ -302,13 +318,18 @@ void TDeployRun::Execute() {
     RunAfterDeploy();
     return;
   }
-  TTargetRecord record = FReading.Record;
-  record.Project = FFacts.ProjectFile.stem().string();
-  record.Platform = FFacts.Target.Platform;
-  record.Configuration = FFacts.Target.Configuration;
   const TRecordedRun run = NewRun(FFacts.ProjectFile, FTerms.Shared);
   KeepBefore(run);
-  TRecordKeeper keeper(*FStore, *FLock, FReading.Record, record, run, FConnect);
+  // There may be a hundred thousand files in it: it is handed on, not copied.
+  TTargetRecord record = std::move(FReading.Record);
+  const std::string project = FFacts.ProjectFile.stem().string();
+  const deployment::TDeploymentTarget& target = FFacts.Target;
+  const bool isWritten = record.Project == project && record.Platform == target.Platform &&
+                         record.Configuration == target.Configuration;
+  record.Project = project;
+  record.Platform = target.Platform;
+  record.Configuration = target.Configuration;
+  TRecordKeeper keeper(*FStore, *FLock, std::move(record), isWritten, run, FConnect);
   execution.Keeper = &keeper;
   if (!FPlan.AfterDeploy.empty())
     keeper.OweAfterDeploy(FPlan.AfterDeploy);
@@ -324,7 +345,7 @@ void TDeployRun::Execute() {
     // The report says already that the connection broke.
     FReport.Warnings.push_back("the target cannot remember the end of this deploy");
   }
-  const TTargetRecord left = keeper.Record();
+  const TTargetRecord& left = keeper.Record();
   CollectOwed(left);
   if (!left.Runs.empty())
     FReport.LastRun = left.Runs.front();

@@ -71,6 +71,7 @@ private:
   std::shared_ptr<IRemoteConnection> FConnection;
   std::optional<TRecordStore> FStore; // nothing where no record is kept
   std::optional<TTargetLock> FLock;
+  std::optional<std::string> FRecordMark;  // of the record when it was read first
   std::optional<TUndoStore> FUndo;         // while the target is locked
   std::future<TRecordReading> FRecordRead; // while the record is taken apart
   TRecordReading FReading;

@@ -19,10 +19,10 @@ namespace workbench {
 /// record is written every two seconds, and the lock refreshed, through a connection of its own.
 class TRecordKeeper {
 public:
-  /// `before` is the record on the target, `record` what it is to begin with; `run` is added to it
-  /// when something is changed. The store and the lock must outlive the object.
-  TRecordKeeper(const TRecordStore& store, const TTargetLock& lock, TTargetRecord before,
-                TTargetRecord record, TRecordedRun run, TConnect connect);
+  /// `record` is what to begin with; `isWritten` when the one on the target says the same. `run` is
+  /// added to it when something is changed. The store and the lock must outlive the object.
+  TRecordKeeper(const TRecordStore& store, const TTargetLock& lock, TTargetRecord record,
+                bool isWritten, TRecordedRun run, TConnect connect);
   ~TRecordKeeper();
   TRecordKeeper(const TRecordKeeper&) = delete;
   TRecordKeeper& operator=(const TRecordKeeper&) = delete;
@@ -47,21 +47,23 @@ public:
   /// Writes the record for the last time, when it is another one than before. Returns why it could
   /// not be written; empty when it was, or did not have to be.
   std::string End(IRemoteConnection& connection, bool interrupted);
-  /// The record as it is now.
-  TTargetRecord Record() const;
+  /// The record as it ended.
+  const TTargetRecord& Record() const { return FRecord; }
 
 private:
   void Work();
-  bool HasChanges() const { return FRecord != FBefore; }
+  bool HasChanges() const { return FChanges > 0; }
   TTargetRecord Current(TRunResult result) const;
+  void AddRun(TTargetRecord& record, TRunResult result) const;
 
   const TRecordStore& FStore;
   const TTargetLock& FLock;
-  const TTargetRecord FBefore;
   TRecordedRun FRun;
   const TConnect FConnect;
   mutable std::mutex FMutex; // of what stands below
   TTargetRecord FRecord;
+  std::uint64_t FChanges = 0; // since it was read from the target
+  bool FOwes = false;         // something that the target does not know of
   std::condition_variable FWake;
   bool FIsOver = false;
   std::thread FThread;

@@ -224,6 +224,8 @@ void TUndoRun::TakeBack(const std::string& run, std::vector<TUndoItem>& items) {
         }
       }
     }
+    if (FRequest.Progress)
+      FRequest.Progress(end, items.size());
     const auto now = std::chrono::steady_clock::now();
     if (now - refreshed >= LockInterval) {
       FLock.Refresh(*FConnection);

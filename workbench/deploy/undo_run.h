@@ -42,6 +42,8 @@ struct TUndoRequest {
   bool BreakLock = false; ///< go on though somebody else deploys there
   /// Is asked, with what would be done, before anything is; empty: yes.
   std::function<bool(const TUndoReport& planned)> MayUndo = nullptr;
+  /// Hears how many of the files of a run were dealt with, now and then, on the thread that undoes.
+  std::function<void(std::size_t done, std::size_t files)> Progress = nullptr;
   /// As for a deploy.
   const std::atomic<int>* Cancelled = nullptr;
 };

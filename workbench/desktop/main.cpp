@@ -170,7 +170,6 @@ void WaitForScreen(const QWidget& window) {
 int Draw(const TArguments& arguments) {
   TSession session(TSessionOptions{ToPathText(arguments.Root)});
   TMainWindow window(session);
-  session.SetModalForms(nullptr); // forms stay unshown
   if (arguments.Size.isValid())
     window.resize(arguments.Size);
   window.show();

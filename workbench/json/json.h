@@ -3,6 +3,7 @@
 
 #include <concepts>
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <limits>
 #include <string>
@@ -141,5 +142,22 @@ bool IsStorableJson(const TJson& value);
 /// Reads a text. Throws TInputError, with the line, for what is no JSON, a number beyond all
 /// ranges, a member that an object has twice and values nested deeper than 200 levels.
 TJson ParseJson(std::string_view text);
+
+/// Gives the next item of a large object or array, the name being that of a member; false when
+/// there is none.
+using TNextJsonItem = std::function<bool(TJsonMember& item)>;
+/// Takes a member of a large object. It has to refuse a name that it had before.
+using TTakeJsonMember = std::function<void(std::string name, const TJson& value)>;
+
+/// The text of an object that has an object, or array, of these items as its last member; it is
+/// never there as a whole value.
+std::string JsonTextWithObject(const TJson& object, std::string_view name,
+                               const TNextJsonItem& next, int indent);
+std::string JsonTextWithArray(const TJson& object, std::string_view name, const TNextJsonItem& next,
+                              int indent);
+
+/// Reads a text, and hands over the members of the object `large` at its root as they come; that
+/// object is empty in what is returned. Throws as above, and what `take` throws.
+TJson ParseJson(std::string_view text, std::string_view large, const TTakeJsonMember& take);
 
 } // namespace workbench

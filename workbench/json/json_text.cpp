@@ -35,6 +35,8 @@ unsigned LineOf(std::string_view text, std::size_t offset) {
 class TBuilder {
 public:
   explicit TBuilder(std::string_view text) : FText(text) {}
+  TBuilder(std::string_view text, std::string_view large, const TTakeJsonMember& take)
+      : FText(text), FLarge(large), FTakeMember(&take) {}
 
   TJson Result() { return std::move(FResult); }
 
@@ -80,9 +82,16 @@ private:
       FResult = std::move(value);
     else if (FOpen.back().Value.IsArray())
       FOpen.back().Value.Append(std::move(value));
+    else if (IsInLarge())
+      (*FTakeMember)(std::move(FOpen.back().Name), value);
     else
       FOpen.back().Value.Add(std::move(FOpen.back().Name), std::move(value));
     return true;
+  }
+
+  bool IsInLarge() const {
+    return FTakeMember && FOpen.size() == 2 && FOpen.front().Value.IsObject() &&
+           FOpen.front().Name == FLarge;
   }
 
   bool Open(TJson value) {
@@ -100,16 +109,31 @@ private:
   }
 
   static void RequireDifferentNames(const TJson& object) {
+    constexpr std::size_t Few = 16; // are compared in less time than they are sorted
+    const TJson::TObject& members = object.AsObject();
+    if (members.size() <= Few) {
+      for (std::size_t i = 1; i < members.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+          if (members[i].Name == members[j].Name)
+            RefuseTwice(members[i].Name);
+      return;
+    }
     std::vector<std::string_view> names;
-    for (const TJsonMember& member : object.AsObject())
+    names.reserve(members.size());
+    for (const TJsonMember& member : members)
       names.push_back(member.Name);
     std::ranges::sort(names);
     const auto twice = std::ranges::adjacent_find(names);
     if (twice != names.end())
-      throw deployment::TInputError("it has the member \"" + std::string(*twice) + "\" twice");
+      RefuseTwice(*twice);
+  }
+  [[noreturn]] static void RefuseTwice(std::string_view name) {
+    throw deployment::TInputError("it has the member \"" + std::string(name) + "\" twice");
   }
 
   std::string_view FText;
+  std::string_view FLarge; // the member of the root whose members are handed over
+  const TTakeJsonMember* FTakeMember = nullptr;
   std::vector<TOpen> FOpen;
   TJson FResult;
 };
@@ -123,6 +147,38 @@ public:
 
   void Write(const TJson& value) {
     std::visit([this](const auto& content) { WriteContent(content); }, value.FValue);
+  }
+
+  void WriteWithItems(const TJson& object, std::string_view name, bool isObject,
+                      const TNextJsonItem& next) {
+    FText += '{';
+    ++FLevel;
+    for (const TJsonMember& member : object.AsObject()) {
+      BreakLine();
+      WriteMember(member);
+      FText += ',';
+    }
+    BreakLine();
+    WriteName(std::string(name));
+    FText += isObject ? '{' : '[';
+    ++FLevel;
+    bool hasItems = false;
+    for (TJsonMember item; next(item); hasItems = true) {
+      if (hasItems)
+        FText += ',';
+      BreakLine();
+      if (isObject)
+        WriteMember(item);
+      else
+        Write(item.Value);
+    }
+    --FLevel;
+    if (hasItems)
+      BreakLine();
+    FText += isObject ? '}' : ']';
+    --FLevel;
+    BreakLine();
+    FText += '}';
   }
 
 private:
@@ -141,11 +197,15 @@ private:
     WriteItems('[', items, ']', [this](const TJson& item) { Write(item); });
   }
   void WriteContent(const TJson::TObject& members) {
-    WriteItems('{', members, '}', [this](const TJsonMember& member) {
-      WriteContent(member.Name);
-      FText += FIndent < 0 ? ":" : ": ";
-      Write(member.Value);
-    });
+    WriteItems('{', members, '}', [this](const TJsonMember& member) { WriteMember(member); });
+  }
+  void WriteMember(const TJsonMember& member) {
+    WriteName(member.Name);
+    Write(member.Value);
+  }
+  void WriteName(const std::string& name) {
+    WriteContent(name);
+    FText += FIndent < 0 ? ":" : ": ";
   }
 
   template <class TItems, class TWriteItem>
@@ -182,6 +242,20 @@ std::string JsonText(const TJson& value, int indent) {
   return text;
 }
 
+std::string JsonTextWithObject(const TJson& object, std::string_view name,
+                               const TNextJsonItem& next, int indent) {
+  std::string text;
+  TJsonTextWriter(text, indent).WriteWithItems(object, name, true, next);
+  return text;
+}
+
+std::string JsonTextWithArray(const TJson& object, std::string_view name, const TNextJsonItem& next,
+                              int indent) {
+  std::string text;
+  TJsonTextWriter(text, indent).WriteWithItems(object, name, false, next);
+  return text;
+}
+
 bool IsStorableJson(const TJson& value) {
   if (value.IsText())
     return IsUtf8(value.AsText());
@@ -194,6 +268,12 @@ bool IsStorableJson(const TJson& value) {
 
 TJson ParseJson(std::string_view text) {
   TBuilder builder(text);
+  TLibraryJson::sax_parse(text, &builder);
+  return builder.Result();
+}
+
+TJson ParseJson(std::string_view text, std::string_view large, const TTakeJsonMember& take) {
+  TBuilder builder(text, large, take);
   TLibraryJson::sax_parse(text, &builder);
   return builder.Result();
 }

@@ -1,7 +1,7 @@
 #include "workbench/msbuild/environment.h"
 
 #include "workbench/msbuild/msbuild_properties.h"
-#include "workbench/msbuild/property_names.h"
+#include "workbench/msbuild/values/property_names.h"
 
 #include <string_view>
 #include <unistd.h>

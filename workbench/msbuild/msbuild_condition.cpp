@@ -2,8 +2,8 @@
 
 #include "package/common/case_fold.h"
 #include "package/common/path_text.h"
-#include "workbench/msbuild/condition_tokens.h"
-#include "workbench/msbuild/condition_values.h"
+#include "workbench/msbuild/values/condition_tokens.h"
+#include "workbench/msbuild/values/condition_values.h"
 #include "workbench/xml/short_text.h"
 
 #include <algorithm>

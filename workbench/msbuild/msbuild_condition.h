@@ -2,7 +2,7 @@
 #pragma once
 
 #include "package/common/errors.h"
-#include "workbench/msbuild/unknown_value.h"
+#include "workbench/msbuild/values/unknown_value.h"
 
 #include <string>
 #include <string_view>

@@ -3,9 +3,9 @@
 #include "package/common/case_fold.h"
 #include "package/host/api/xmlutils.h"
 #include "workbench/msbuild/msbuild_condition.h"
-#include "workbench/msbuild/msbuild_escapes.h"
 #include "workbench/msbuild/msbuild_evaluation_scopes.h"
-#include "workbench/msbuild/project_paths.h"
+#include "workbench/msbuild/values/msbuild_escapes.h"
+#include "workbench/msbuild/values/project_paths.h"
 
 #include <system_error>
 

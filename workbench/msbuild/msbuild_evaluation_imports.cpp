@@ -3,11 +3,11 @@
 #include "package/common/case_fold.h"
 #include "package/common/path_text.h"
 #include "package/host/api/xmlutils.h"
-#include "workbench/msbuild/msbuild_escapes.h"
 #include "workbench/msbuild/msbuild_evaluation.h"
 #include "workbench/msbuild/msbuild_evaluation_scopes.h"
 #include "workbench/msbuild/msbuild_includes.h"
-#include "workbench/msbuild/project_paths.h"
+#include "workbench/msbuild/values/msbuild_escapes.h"
+#include "workbench/msbuild/values/project_paths.h"
 #include "workbench/xml/short_text.h"
 
 #include <system_error>

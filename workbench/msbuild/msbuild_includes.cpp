@@ -1,9 +1,9 @@
 #include "workbench/msbuild/msbuild_includes.h"
 
 #include "package/common/text_trim.h"
-#include "workbench/msbuild/condition_tokens.h"
 #include "workbench/msbuild/msbuild_properties.h"
-#include "workbench/msbuild/property_names.h"
+#include "workbench/msbuild/values/condition_tokens.h"
+#include "workbench/msbuild/values/property_names.h"
 
 namespace workbench {
 std::vector<std::string_view> SplitIncludes(std::string_view escaped) {

@@ -1,9 +1,9 @@
 #include "workbench/msbuild/msbuild_properties.h"
 
-#include "workbench/msbuild/condition_tokens.h"
-#include "workbench/msbuild/msbuild_escapes.h"
 #include "workbench/msbuild/property_expression.h"
-#include "workbench/msbuild/property_names.h"
+#include "workbench/msbuild/values/condition_tokens.h"
+#include "workbench/msbuild/values/msbuild_escapes.h"
+#include "workbench/msbuild/values/property_names.h"
 #include "workbench/xml/short_text.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 #include "package/common/case_fold.h"
 #include "package/host/api/xml.h"
 #include "workbench/msbuild/property_functions.h"
-#include "workbench/msbuild/unknown_value.h"
+#include "workbench/msbuild/values/unknown_value.h"
 
 #include <cstddef>
 #include <filesystem>

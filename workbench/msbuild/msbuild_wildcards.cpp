@@ -2,8 +2,8 @@
 
 #include "package/common/case_fold.h"
 #include "workbench/msbuild/directory_cache.h"
-#include "workbench/msbuild/msbuild_escapes.h"
-#include "workbench/msbuild/project_paths.h"
+#include "workbench/msbuild/values/msbuild_escapes.h"
+#include "workbench/msbuild/values/project_paths.h"
 #include "workbench/xml/short_text.h"
 
 #include <algorithm>

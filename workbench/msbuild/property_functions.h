@@ -3,7 +3,7 @@
 #pragma once
 
 #include "workbench/msbuild/environment.h"
-#include "workbench/msbuild/property_value.h"
+#include "workbench/msbuild/values/property_value.h"
 
 #include <cstddef>
 #include <filesystem>

@@ -1,7 +1,7 @@
 // Property functions of paths and of files that are there.
 #include "package/common/path_text.h"
-#include "workbench/msbuild/project_paths.h"
 #include "workbench/msbuild/property_functions.h"
+#include "workbench/msbuild/values/project_paths.h"
 
 #include <array>
 #include <system_error>

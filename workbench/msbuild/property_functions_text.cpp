@@ -1,8 +1,8 @@
 // Property functions of texts and of lists of texts.
 #include "package/common/case_fold.h"
 #include "package/common/delimited_list.h"
-#include "workbench/msbuild/msbuild_escapes.h"
 #include "workbench/msbuild/property_functions.h"
+#include "workbench/msbuild/values/msbuild_escapes.h"
 #include "workbench/text/utf8.h"
 
 #include <algorithm>

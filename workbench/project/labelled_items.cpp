@@ -1,6 +1,6 @@
 #include "workbench/project/labelled_items.h"
 
-#include "workbench/msbuild/msbuild_escapes.h"
+#include "workbench/msbuild/values/msbuild_escapes.h"
 #include "workbench/xml/xml_text.h"
 #include "workbench/xml/xml_writer.h"
 

@@ -2,7 +2,7 @@
 
 #include "package/common/case_fold.h"
 #include "workbench/msbuild/msbuild_evaluation.h"
-#include "workbench/msbuild/property_names.h"
+#include "workbench/msbuild/values/property_names.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "workbench/msbuild/item_definitions.h"
-#include "workbench/msbuild/unknown_value.h"
+#include "workbench/msbuild/values/unknown_value.h"
 
 #include <map>
 #include <set>

@@ -3,7 +3,7 @@
 #include "package/common/case_fold.h"
 #include "package/common/convert.h"
 #include "package/common/path_text.h"
-#include "workbench/msbuild/project_paths.h"
+#include "workbench/msbuild/values/project_paths.h"
 #include "workbench/project/own_dialect.h"
 
 #include <algorithm>

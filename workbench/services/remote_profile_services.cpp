@@ -5,6 +5,7 @@
 #include "workbench/remote/target/file_times.h"
 #include "workbench/services/user_interaction.h"
 
+#include <atomic>
 #include <utility>
 
 namespace workbench {
@@ -186,14 +187,62 @@ std::optional<TFileTime> TRemoteProfileServices::GetLocalFileTime(const IOTARemo
   return time && queries ? Truncated(*time, queries->TimeResolution()) : time;
 }
 
-bool TRemoteProfileServices::Connect(const IOTARemoteProfile& profile, std::string& message) {
+// Known to the services as long as it runs.
+class TRemoteProfileServices::TAttempt {
+public:
+  TAttempt(TRemoteProfileServices& services, std::string profile)
+      : FServices(services), FProfile(std::move(profile)) {
+    const std::lock_guard lock(FServices.FAttemptsMutex);
+    FServices.FAttempts.push_back(this);
+  }
+  ~TAttempt() {
+    const std::lock_guard lock(FServices.FAttemptsMutex);
+    std::erase(FServices.FAttempts, this);
+  }
+  TAttempt(const TAttempt&) = delete;
+  TAttempt& operator=(const TAttempt&) = delete;
+
+  const std::string& Profile() const { return FProfile; }
+  void Cancel() { FCancelled = 1; }
+  const std::atomic<int>& Cancelled() const { return FCancelled; }
+
+private:
+  TRemoteProfileServices& FServices;
+  const std::string FProfile;
+  std::atomic<int> FCancelled = 0;
+};
+
+bool TRemoteProfileServices::Reach(const IOTARemoteProfile& profile, std::string& reason) {
+  const TAttempt attempt(*this, profile.GetName());
   try {
-    FConnections.Open(ProfileOf(profile));
+    FConnections.Open(ProfileOf(profile), &attempt.Cancelled());
     return true;
   } catch (const TConnectionError& error) {
-    message = error.what();
+    reason = attempt.Cancelled() != 0 ? std::string() : error.what();
     return false;
   }
+}
+
+void TRemoteProfileServices::CancelConnect(const std::string& profile) {
+  const std::lock_guard lock(FAttemptsMutex);
+  for (TAttempt* attempt : FAttempts) {
+    if (attempt->Profile() == profile)
+      attempt->Cancel();
+  }
+}
+
+bool TRemoteProfileServices::Connect(const IOTARemoteProfile& profile, std::string& message) {
+  std::string reason;
+  if (Reach(profile, reason))
+    return true;
+  message.clear();
+  if (reason.empty())
+    return false; // somebody gave it up
+  message = "There is no connection to " + TDestination{.Profile = ProfileOf(profile)}.Text() +
+            ": " + reason +
+            ".\n\nSee that the machine runs and can be reached from here, and that the profile is "
+            "right: Tools, Remote Profiles shows and tests it. Then connect again.";
+  return false;
 }
 
 void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::string_view platform,

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -51,7 +52,7 @@ struct TRemoteHost {
   std::function<std::vector<std::filesystem::path>()> UserDirectories;
 };
 
-/// Used on the main thread but for Connect, which any thread may call.
+/// Used on the main thread but for Connect and Reach, which any thread may call.
 class TRemoteProfileServices final : public deployment::IOTARemoteProfileServices {
 public:
   TRemoteProfileServices(const std::filesystem::path& profilesFile, const TRemoteHost& host);
@@ -96,7 +97,12 @@ public:
   std::optional<deployment::TFileTime>
   GetLocalFileTime(const deployment::IOTARemoteProfile& profile,
                    std::string_view localName) override;
+  /// The message names the profile and its machine, and says what to do next.
   bool Connect(const deployment::IOTARemoteProfile& profile, std::string& message) override;
+  /// Ends the attempts to connect to the profile of that name; they fail and say nothing.
+  void CancelConnect(const std::string& profile);
+  /// The same for callers that name the profile themselves: the message is the reason alone.
+  bool Reach(const deployment::IOTARemoteProfile& profile, std::string& reason);
   /// Deploys with the usual options, through the interaction. `final` deploys that were not only
   /// planned are told to the listeners.
   void Deploy(deployment::ICustomProject& project, std::string_view platform,
@@ -113,6 +119,8 @@ private:
   template <class TTell>
   void Tell(TTell tell) const;
 
+  class TAttempt;
+
   TProfileStore FProfiles;
   TRemoteHost FHost;
   TConnections FConnections;
@@ -122,6 +130,8 @@ private:
   std::unordered_map<std::string, std::unique_ptr<TRemoteQueries>>
       FQueries; // by profile, while they run
   std::vector<std::shared_ptr<deployment::IOTARemoteProfileNotifier>> FNotifiers;
+  std::mutex FAttemptsMutex;
+  std::vector<TAttempt*> FAttempts; // to connect, that run
 };
 
 } // namespace workbench

@@ -2,6 +2,7 @@
 
 #include "package/common/convert.h"
 #include "workbench/settings/consent_texts.h"
+#include "workbench/settings/flag_setting.h"
 
 #include <algorithm>
 #include <array>
@@ -23,7 +24,7 @@ struct TKnownSetting {
 constexpr std::string_view PlatformPlaceholder = "PLATFORM";
 constexpr std::string_view ProjectPlaceholder = "PROJECT";
 
-constexpr std::array<TKnownSetting, 14> Settings{{
+constexpr std::array<TKnownSetting, 15> Settings{{
     {"library-path.", PlatformPlaceholder},
     {"toolchain-path.", PlatformPlaceholder},
     {"toolchain-osx-directory", ""},
@@ -34,6 +35,7 @@ constexpr std::array<TKnownSetting, 14> Settings{{
     {"product-name", ""},
     {"language", ""},
     {"DeploymentManager.ShowFeaturedFormAuto", "", "", TValueKind::Boolean},
+    {DeployUnaskedSetting, "", "", TValueKind::Boolean},
     {"undo-runs", "", "", TValueKind::Number},
     {"undo-bytes", "", "", TValueKind::Number},
     {AllowedCommandsPrefix, ProjectPlaceholder},

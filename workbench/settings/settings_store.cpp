@@ -40,6 +40,10 @@ std::filesystem::path UserSettingsFile() {
 TSettings::TSettings(std::filesystem::path file, TWarningHandler warn)
     : FFile(std::move(file)), FWarn(std::move(warn)), FValues(ReadSettingsFile(FFile)) {}
 
+void TSettings::ReadAnew() {
+  FValues = ReadSettingsFile(FFile);
+}
+
 std::optional<std::string> TSettings::Get(std::string_view key) const {
   const auto found = FValues.find(key);
   const auto* text = found == FValues.end() ? nullptr : std::get_if<std::string>(&found->second);

@@ -32,6 +32,10 @@ public:
 
   const std::filesystem::path& File() const { return FFile; }
 
+  /// Takes over what other programs wrote. Throws TInputError when the file is damaged; what was
+  /// known stays then.
+  void ReadAnew();
+
   /// The text under a key such as "library-path.Win32"; nothing when unset.
   std::optional<std::string> Get(std::string_view key) const;
   /// All keys with their texts, sorted by key. Histories are not among them.

@@ -3,7 +3,7 @@
 #include "workbench/list/packed_record.h"
 
 #include <QComboBox>
-#include <QTimer>
+#include <QTreeView>
 #include <algorithm>
 #include <array>
 #include <random>
@@ -116,24 +116,19 @@ TEST_F(TWindowModified, TheReconcileCommandMakesWhatWasComputedTheUsers) {
   EXPECT_FALSE(HasStar()) << "there is nothing to bring in line any more";
 }
 
-TEST_F(TWindowModified, OptionalFilesThatWereAnsweredAreTheUsers) {
-  Host().Settings().WriteBool(deployment::FeaturedSettingsSection, deployment::ShowFeaturedFormAuto,
-                              true);
+TEST_F(TWindowModified, OptionalFilesThatWereChosenAreTheUsers) {
   std::filesystem::copy(std::filesystem::current_path() / "examples" / "sky-chart", FRoot / "sky",
                         std::filesystem::copy_options::recursive);
-  QTimer answers;
-  int answered = 0;
-  QObject::connect(&answers, &QTimer::timeout, &answers, [&answered] {
-    if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-      ++answered;
-      dialog->reject();
-    }
-  });
-  answers.start(20);
   ASSERT_TRUE(Window().Open(FRoot / "sky" / "SkyChart.vproj"));
   Settle();
-  answers.stop();
-  ASSERT_GT(answered, 0) << "the example must be one that is asked about";
+  EXPECT_FALSE(HasStar());
+  testing::OnNextDialog([](QDialog& dialog) {
+    auto* tree = dialog.findChild<QTreeView*>();
+    ASSERT_NE(tree, nullptr);
+    testing::ClickCheckBox(*tree, tree->model()->index(0, 0));
+    testing::Press(dialog, "OK");
+  });
+  PressButton("tbAddFeature");
   EXPECT_TRUE(HasStar());
 }
 

@@ -75,6 +75,57 @@ TEST_F(TWindowHands, ATargetAndAnotherTabTakeTheTextThatIsBeingTyped) {
   EXPECT_EQ(PathCell(), "second\\");
 }
 
+TEST_F(TWindowHands, UndoTakesTheTextThatIsBeingTypedBack) {
+  OpenExample();
+  const std::string before = PathCell();
+  Type("typed\\");
+  Choose("Undo");
+  EXPECT_EQ(PathCell(), before);
+  EXPECT_FALSE(View().Delegate().IsEditing());
+  Choose("Redo");
+  EXPECT_EQ(PathCell(), "typed\\");
+}
+
+TEST_F(TWindowHands, TheKeyForTheNextTabTakesTheTextThatIsBeingTyped) {
+  OpenExample();
+  std::filesystem::copy(FRoot / "tide", FRoot / "other", std::filesystem::copy_options::recursive);
+  Window().Open(FRoot / "other" / "TideLogger.vproj");
+  Settle();
+  Type("next\\");
+  QTest::keyClick(&Window().Tabs(), Qt::Key_Tab, Qt::ControlModifier);
+  Settle();
+  EXPECT_EQ(Window().Tabs().currentIndex(), 0);
+  Window().Tabs().setCurrentIndex(1);
+  EXPECT_EQ(PathCell(), "next\\");
+}
+
+TEST_F(TWindowHands, DialogsStandInTheMiddleOfTheWindowAndEnterAnswersThem) {
+  OpenExample();
+  Window().resize(700, 560); // all of it is on the screen
+  Window().move(60, 120);
+  Settle();
+  const QPoint middle = Window().frameGeometry().center();
+  const auto look = [&](const char* name, bool isCentred = true) {
+    OnNextDialog([&middle, name, isCentred](QDialog& dialog) {
+      const QPoint off = dialog.frameGeometry().center() - middle;
+      EXPECT_TRUE(!isCentred || off.manhattanLength() <= 4)
+          << name << " " << off.x() << " " << off.y();
+      QTest::keyClick(&dialog, Qt::Key_Return);
+      EXPECT_FALSE(dialog.isVisible()) << name << " ignores Enter";
+    });
+  };
+  look("optional files");
+  PressButton("tbAddFeature");
+  look("revert", /*isCentred=*/false); // that form wants the middle of the screen
+  PressButton("tbRevert");
+  look("settings");
+  Choose("Settings");
+  look("profiles");
+  Choose("Remote Profiles");
+  look("about");
+  Choose("About");
+}
+
 TEST_F(TWindowHands, ReloadAsksAboutTheTextThatIsBeingTyped) {
   OpenExample();
   Saved();

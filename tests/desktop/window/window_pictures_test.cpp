@@ -127,6 +127,10 @@ TEST_P(TWindowPictures, OfAPlanWithAConflictAndOfAFailure) {
   Settle();
   EXPECT_FALSE(Window().Panel().IsAsking());
   Keep(Window(), "deploy-results");
+  Choose("Deploy History");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
+  Settle();
+  Keep(Window(), "history");
 }
 
 TEST_P(TWindowPictures, OfMessages) {

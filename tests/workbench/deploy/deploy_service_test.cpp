@@ -72,5 +72,21 @@ TEST_F(DeployService, LeavesOutWhatWasDecidedSo) {
   EXPECT_FALSE(IsThere());
 }
 
+TEST_F(DeployService, TellsHowFarTakingBackHasCome) {
+  Deploy(nullptr);
+  ASSERT_TRUE(IsThere());
+  std::vector<std::size_t> told;
+  TUndoRequest request;
+  request.Progress = [&](std::size_t done, std::size_t files) {
+    told.push_back(done);
+    told.push_back(files);
+  };
+  const TUndoReport report =
+      Host().RemoteProfiles().Deploys().Undo(FOpen->Project(), {"Debug", "Win32"}, request);
+  EXPECT_EQ(report.End, TDeployEnd::Done);
+  EXPECT_EQ(told, (std::vector<std::size_t>{1, 1}));
+  EXPECT_FALSE(IsThere());
+}
+
 } // namespace
 } // namespace workbench

@@ -114,6 +114,53 @@ TEST(Json, GivesWhatIsAbsentItsDefault) {
   EXPECT_TRUE(value.BooleanOr("a", true));
 }
 
+// Gives three members.
+TNextJsonItem ThreeItems(std::size_t& given) {
+  return [&given](TJsonMember& item) {
+    if (given == 3)
+      return false;
+    item = {"name " + std::to_string(given), TJson{{"number", given}}};
+    ++given;
+    return true;
+  };
+}
+
+TEST(Json, WritesTheItemsOfALargeMemberAsIfTheyWereOneValue) {
+  const TJson head{{"format", 1}};
+  for (const int indent : {-1, 0, 2}) {
+    TJson object = head;
+    TJson array = head;
+    TJson members = TJson::Object();
+    TJson items = TJson::Array();
+    for (std::size_t i = 0; i < 3; ++i) {
+      members.Add("name " + std::to_string(i), TJson{{"number", i}});
+      items.Append(TJson{{"number", i}});
+    }
+    object.Add("large", members);
+    array.Add("large", items);
+    std::size_t given = 0;
+    EXPECT_EQ(JsonTextWithObject(head, "large", ThreeItems(given), indent),
+              JsonText(object, indent));
+    given = 0;
+    EXPECT_EQ(JsonTextWithArray(head, "large", ThreeItems(given), indent), JsonText(array, indent));
+    given = 3;
+    EXPECT_EQ(ParseJson(JsonTextWithObject(head, "large", ThreeItems(given), indent)),
+              (TJson{{"format", 1}, {"large", TJson::Object()}}));
+  }
+}
+
+TEST(Json, HandsOverTheMembersOfALargeObjectOneByOne) {
+  std::string taken;
+  const TTakeJsonMember take = [&taken](const std::string& name, const TJson& value) {
+    taken += name + "=" + JsonText(value, -1) + ";";
+  };
+  const std::string text =
+      R"({"a":{"large":{"x":1}},"large":{"b":{"c":[1,{"d":2}]},"e":3},"f":["large"]})";
+  EXPECT_EQ(ParseJson(text, "large", take),
+            ParseJson(R"({"a":{"large":{"x":1}},"large":{},"f":["large"]})"));
+  EXPECT_EQ(taken, R"(b={"c":[1,{"d":2}]};e=3;)");
+}
+
 TEST(Json, IsStorableWhenAllTextsAreUTF8) {
   EXPECT_TRUE(IsStorableJson(Sample()));
   EXPECT_FALSE(IsStorableJson({{"a", {{"b", "\xff"}}}}));

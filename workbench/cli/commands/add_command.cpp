@@ -2,7 +2,6 @@
 #include "package/common/delimited_list.h"
 #include "package/host/api/default_deployment.h"
 #include "workbench/cli/commands/commands.h"
-#include "workbench/cli/commands/source_permission.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/name_hint.h"
 #include "workbench/cli/context/project_argument.h"
@@ -10,6 +9,7 @@
 #include "workbench/cli/context/text_check.h"
 #include "workbench/cli/entries/change_report.h"
 #include "workbench/cli/entries/file_arguments.h"
+#include "workbench/cli/targets/source_permission.h"
 #include "workbench/project/project_settings.h"
 #include "workbench/session/entry_adder.h"
 

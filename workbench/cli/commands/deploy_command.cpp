@@ -1,11 +1,11 @@
 // deploymgr deploy: brings the files of a target to where they belong.
 #include "workbench/cli/commands/commands.h"
-#include "workbench/cli/commands/deploy_conduct.h"
-#include "workbench/cli/commands/deploy_targets.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
 #include "workbench/cli/context/solution_run.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/targets/deploy_conduct.h"
+#include "workbench/cli/targets/deploy_targets.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deploy_progress.h"
 #include "workbench/cli/view/deployment_view.h"

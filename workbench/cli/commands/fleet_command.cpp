@@ -1,9 +1,9 @@
 // deploymgr fleet: the files of a target for many machines, by way of Ansible.
 #include "workbench/cli/commands/commands.h"
-#include "workbench/cli/commands/deploy_conduct.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/targets/deploy_conduct.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/cli/view/fleet_results.h"
 #include "workbench/deploy/fleet/fleet_export.h"

@@ -1,9 +1,9 @@
 // deploymgr history: the deploys that a target remembers.
 #include "workbench/cli/commands/commands.h"
-#include "workbench/cli/commands/target_options.h"
-#include "workbench/cli/commands/targets_run.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/targets/target_options.h"
+#include "workbench/cli/targets/targets_run.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/services/remote_profile_services.h"
 

@@ -1,11 +1,11 @@
 // deploymgr list and deploymgr status: the rows of the Deployment Manager.
 #include "workbench/cli/commands/commands.h"
-#include "workbench/cli/commands/status_targets.h"
-#include "workbench/cli/commands/target_options.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/solution_run.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/terminal_interaction.h"
+#include "workbench/cli/targets/status_targets.h"
+#include "workbench/cli/targets/target_options.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/cli/view/known_states.h"
 #include "workbench/cli/view/list_json.h"

@@ -1,6 +1,7 @@
 #include "workbench/cli/commands/new_from_build.h"
 
 #include "workbench/cli/entries/build_changes.h"
+#include "workbench/cli/targets/source_permission.h"
 #include "workbench/files/save_error.h"
 #include "workbench/project/build_import/build_directory.h"
 

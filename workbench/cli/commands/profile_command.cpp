@@ -297,7 +297,7 @@ private:
     Require(context, FName);
     TRemoteProfileServices& services = context.Session.RemoteProfiles();
     std::string message;
-    if (!services.Connect(*services.FindProfile(FName), message))
+    if (!services.Reach(*services.FindProfile(FName), message))
       throw TExitError(exit_status::NoConnection,
                        "the profile \"" + FName + "\" has no connection: " + message);
     const std::string problem =

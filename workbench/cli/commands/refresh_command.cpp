@@ -1,11 +1,11 @@
 // deploymgr refresh: brings a project that was made from a build in line with it.
 #include "workbench/cli/commands/commands.h"
-#include "workbench/cli/commands/source_permission.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/options.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/entries/build_changes.h"
 #include "workbench/cli/entries/change_report.h"
+#include "workbench/cli/targets/source_permission.h"
 #include "workbench/project/build_import/build_directory.h"
 #include "workbench/session/build_refresh.h"
 

@@ -1,10 +1,10 @@
 // deploymgr undo: takes back what the last deploy did.
 #include "workbench/cli/commands/commands.h"
-#include "workbench/cli/commands/target_options.h"
-#include "workbench/cli/commands/targets_run.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/interrupt_watch.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/targets/target_options.h"
+#include "workbench/cli/targets/targets_run.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/services/remote_profile_services.h"
 

@@ -1,9 +1,9 @@
 // deploymgr verify: is the target exactly what the list and its record say?
 #include "workbench/cli/commands/commands.h"
-#include "workbench/cli/commands/target_options.h"
-#include "workbench/cli/commands/targets_run.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/cli/context/target.h"
+#include "workbench/cli/targets/target_options.h"
+#include "workbench/cli/targets/targets_run.h"
 #include "workbench/cli/view/deploy_json.h"
 #include "workbench/cli/view/deployment_view.h"
 #include "workbench/services/remote_profile_services.h"

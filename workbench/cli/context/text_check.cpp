@@ -3,7 +3,7 @@
 #include "package/common/errors.h"
 #include "workbench/cli/context/command.h"
 #include "workbench/msbuild/msbuild_condition.h"
-#include "workbench/msbuild/msbuild_escapes.h"
+#include "workbench/msbuild/values/msbuild_escapes.h"
 #include "workbench/project/project_settings.h"
 #include "workbench/project/project_text.h"
 #include "workbench/services/variable_references.h"

@@ -74,7 +74,7 @@ std::string ModeText(unsigned mode) {
   return text.data();
 }
 
-TRecordedFile RecordedFileOf(const TJson& value, const TTargetRecord& record) {
+TRecordedFile RecordedFileOf(const TJson& value) {
   return {.LocalName = value.Text("localName"),
           .Class = value.Text("class"),
           .Size = value.Number<std::uint64_t>("size"),
@@ -84,8 +84,8 @@ TRecordedFile RecordedFileOf(const TJson& value, const TTargetRecord& record) {
           .Mode = ModeFromText(value.Text("mode")),
           .Link = LinkOf(value),
           .Run = value.Text("run"),
-          .Platform = value.TextOr("platform", record.Platform),
-          .Configuration = value.TextOr("configuration", record.Configuration)};
+          .Platform = value.TextOr("platform", {}),
+          .Configuration = value.TextOr("configuration", {})};
 }
 
 TJson RecordedFileJson(const TRecordedFile& file, const TTargetRecord& record) {

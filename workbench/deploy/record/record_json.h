@@ -24,8 +24,9 @@ unsigned ModeFromText(const std::string& text);
 
 /// A file of the record's own target does not name it.
 TJson RecordedFileJson(const TRecordedFile& file, const TTargetRecord& record);
-/// A file that names no target is one of the record's. Throws TInputError.
-TRecordedFile RecordedFileOf(const TJson& value, const TTargetRecord& record);
+/// One that names no target, being of the record's own, has no platform and no configuration.
+/// Throws TInputError.
+TRecordedFile RecordedFileOf(const TJson& value);
 
 TJson RunJson(const TRecordedRun& run);
 /// Throws TInputError.

@@ -4,13 +4,51 @@
 #include "workbench/deploy/record/record_json.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace workbench {
 namespace {
 
 constexpr std::uint64_t Format = 1;
 
-TTargetRecord RecordOf(const TJson& document) {
+// The files of a record, as its text is read. Its format counts more than they do, and may come
+// behind them.
+class TFilesReading {
+public:
+  void Take(std::string path, const TJson& file) {
+    if (FProblem)
+      return;
+    try {
+      CheckRecordedPath(path);
+      const std::string name = path;
+      if (!FFiles.emplace(std::move(path), RecordedFileOf(file)).second)
+        throw deployment::TInputError("it has the member \"" + name + "\" twice");
+    } catch (const deployment::TInputError& error) {
+      FProblem = error;
+    }
+  }
+
+  /// Throws TInputError for the first file that is none. Files name their target only when the
+  /// record does not.
+  void PutInto(TTargetRecord& record) {
+    if (FProblem)
+      throw deployment::TInputError(*FProblem);
+    for (auto& [path, file] : FFiles) {
+      if (file.Platform.empty())
+        file.Platform = record.Platform;
+      if (file.Configuration.empty())
+        file.Configuration = record.Configuration;
+    }
+    record.Files = std::move(FFiles);
+  }
+
+private:
+  decltype(TTargetRecord::Files) FFiles;
+  std::optional<deployment::TInputError> FProblem;
+};
+
+TTargetRecord RecordOf(const TJson& document, TFilesReading& files) {
   TTargetRecord record{.Project = document.Text("project"),
                        .Platform = document.Text("platform"),
                        .Configuration = document.Text("configuration")};
@@ -18,10 +56,8 @@ TTargetRecord RecordOf(const TJson& document) {
     record.Runs.push_back(RecordedRunOf(run));
   if (record.Runs.size() > MostRuns)
     record.Runs.resize(MostRuns);
-  for (const auto& [path, file] : document.At("files").AsObject("files")) {
-    CheckRecordedPath(path);
-    record.Files.emplace_hint(record.Files.end(), path, RecordedFileOf(file, record));
-  }
+  document.At("files").AsObject("files");
+  files.PutInto(record);
   if (const TJson* owed = document.Find("owed")) {
     for (const auto& [path, steps] : owed->AsObject("owed")) {
       CheckRecordedPath(path);
@@ -36,11 +72,14 @@ TTargetRecord RecordOf(const TJson& document) {
 
 TRecordReading ParseRecord(std::string_view text) {
   try {
-    const TJson document = ParseJson(text);
+    TFilesReading files;
+    const TJson document = ParseJson(text, "files", [&files](std::string path, const TJson& file) {
+      files.Take(std::move(path), file);
+    });
     const auto format = document.Number<std::uint64_t>("format", Format);
     if (format > Format)
       return {.State = TRecordState::Newer};
-    return {.State = TRecordState::Read, .Record = RecordOf(document)};
+    return {.State = TRecordState::Read, .Record = RecordOf(document, files)};
   } catch (const deployment::TInputError& error) {
     return {.State = TRecordState::Damaged, .Problem = error.what()};
   }
@@ -50,15 +89,11 @@ std::string RecordText(const TTargetRecord& record) {
   TJson runs = TJson::Array();
   for (std::size_t i = 0; i < std::min(record.Runs.size(), MostRuns); ++i)
     runs.Append(RunJson(record.Runs[i]));
-  TJson files = TJson::Object();
-  for (const auto& [path, file] : record.Files)
-    files.Add(path, RecordedFileJson(file, record));
   TJson document{{"format", Format},
                  {"project", record.Project},
                  {"platform", record.Platform},
                  {"configuration", record.Configuration},
-                 {"runs", std::move(runs)},
-                 {"files", std::move(files)}};
+                 {"runs", std::move(runs)}};
   if (!record.Owed.empty()) {
     TJson owed = TJson::Object();
     for (const auto& [path, steps] : record.Owed)
@@ -67,7 +102,16 @@ std::string RecordText(const TTargetRecord& record) {
   }
   if (!record.OwedAfterDeploy.empty())
     document.Add("owedAfterDeploy", record.OwedAfterDeploy);
-  return JsonText(document, 1) + "\n";
+  auto file = record.Files.begin();
+  const TNextJsonItem next = [&](TJsonMember& item) {
+    if (file == record.Files.end())
+      return false;
+    item.Name = file->first;
+    item.Value = RecordedFileJson(file->second, record);
+    ++file;
+    return true;
+  };
+  return JsonTextWithObject(document, "files", next, 1) + "\n";
 }
 
 } // namespace workbench

@@ -76,7 +76,7 @@ TUndoFile UndoFileOf(const TJson& value) {
   if (!isWhole)
     throw deployment::TInputError("\"" + file.Path + "\" lacks what it is taken back by");
   if (const TJson* recorded = value.Find("recorded"))
-    file.Recorded = RecordedFileOf(*recorded, {});
+    file.Recorded = RecordedFileOf(*recorded);
   file.Owed = value.TextsOr("owed", {});
   return file;
 }
@@ -95,15 +95,17 @@ bool IsRunId(std::string_view text) {
 }
 
 std::string UndoManifestText(const TUndoManifest& manifest) {
-  TJson files = TJson::Array();
-  for (const TUndoFile& file : manifest.Files)
-    files.Append(UndoFileJson(file));
-  return JsonText({{"format", UndoFormat},
-                   {"run", RunJson(manifest.Run)},
-                   {"files", std::move(files)},
-                   {"directories", manifest.Directories}},
-                  0) +
-         "\n";
+  const TJson document{{"format", UndoFormat},
+                       {"run", RunJson(manifest.Run)},
+                       {"directories", manifest.Directories}};
+  auto file = manifest.Files.begin();
+  const TNextJsonItem next = [&](TJsonMember& item) {
+    if (file == manifest.Files.end())
+      return false;
+    item.Value = UndoFileJson(*file++);
+    return true;
+  };
+  return JsonTextWithArray(document, "files", next, 0) + "\n";
 }
 
 TUndoManifest ParseUndoManifest(std::string_view text) {

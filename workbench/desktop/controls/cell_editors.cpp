@@ -1,11 +1,13 @@
 #include "workbench/desktop/controls/cell_editors.h"
 
+#include "workbench/desktop/text/package_texts.h"
 #include "workbench/desktop/text/qt_text.h"
 
 #include <QAction>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QLineEdit>
+#include <algorithm>
 
 namespace workbench {
 
@@ -55,15 +57,27 @@ QWidget* TComboCellEditor::MakeWidget(QWidget* parent) {
   combo->setEditable(true);
   combo->setInsertPolicy(QComboBox::NoInsert);
   for (const std::string& item : FItems)
-    combo->addItem(ToQString(item));
+    combo->addItem(Shown(item));
   return combo;
 }
 
-QString TComboCellEditor::WidgetText(const QWidget& widget) const {
-  return static_cast<const QComboBox&>(widget).currentText();
+// A history holds what the user typed; other items are words of the program.
+QString TComboCellEditor::Shown(const std::string& item) const {
+  return FTaken ? ToQString(item) : PackageText(item);
 }
 
-void TComboCellEditor::SetWidgetText(QWidget& widget, const QString& text) {
+QString TComboCellEditor::WidgetText(const QWidget& widget) const {
+  QString text = static_cast<const QComboBox&>(widget).currentText();
+  for (const std::string& item : FItems) {
+    if (Shown(item) == text)
+      return ToQString(item);
+  }
+  return text;
+}
+
+void TComboCellEditor::SetWidgetText(QWidget& widget, const QString& stored) {
+  const auto known = std::ranges::find(FItems, stored.toStdString());
+  const QString text = known == FItems.end() ? stored : Shown(*known);
   auto& combo = static_cast<QComboBox&>(widget);
   combo.setCurrentIndex(combo.findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive));
   combo.setEditText(text);

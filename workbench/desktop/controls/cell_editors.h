@@ -83,6 +83,8 @@ protected:
   void SetWidgetText(QWidget& widget, const QString& text) override;
 
 private:
+  QString Shown(const std::string& item) const;
+
   std::vector<std::string> FItems;
   deployment::TEditorValidator FValidate;
   TTaken FTaken;

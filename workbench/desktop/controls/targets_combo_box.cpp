@@ -3,10 +3,10 @@
 #include "package/host/api/platformapi.h"
 #include "package/host/api/platforms.h"
 #include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/controls/wheel_guard.h"
 #include "workbench/desktop/text/qt_text.h"
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <algorithm>
 #include <utility>
 
@@ -18,7 +18,7 @@ TTargetsComboBox::TTargetsComboBox(QWidget* parent) : FBox(new QComboBox(parent)
       QCoreApplication::translate("TTargetsComboBox", "Target: platform and configuration"));
   FBox->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   FBox->setFocusPolicy(Qt::TabFocus); // a choice by mouse leaves the focus in the list
-  FBox->installEventFilter(this);
+  FBox->installEventFilter(new TWheelGuard(FBox));
   connect(FBox, QOverload<int>::of(&QComboBox::activated), this, &TTargetsComboBox::Activated);
 }
 
@@ -78,15 +78,7 @@ void TTargetsComboBox::Show() {
   const auto selected = std::find(FTargets.begin(), FTargets.end(), FSelected);
   FBox->setCurrentIndex(selected == FTargets.end() ? -1
                                                    : static_cast<int>(selected - FTargets.begin()));
-}
-
-// The wheel would change the target, and reconcile, where somebody only meant to scroll.
-bool TTargetsComboBox::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == FAlive.data() && event->type() == QEvent::Wheel) {
-    event->ignore();
-    return true;
-  }
-  return QObject::eventFilter(watched, event);
+  emit Changed();
 }
 
 void TTargetsComboBox::Activated(int row) {

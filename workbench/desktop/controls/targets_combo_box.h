@@ -37,17 +37,19 @@ public:
   void SetOnChange(std::function<void()> handler) override { FOnChange = std::move(handler); }
 
   QComboBox& Box() { return *FBox; }
+  /// The lines of the list.
+  const std::vector<TTarget>& Listed() const { return FTargets; }
+  const TTarget& Selected() const { return FSelected; }
   /// As if the user chose it; a target that the list does not have is added to it.
   void Choose(std::string_view configuration, std::string_view platform);
   /// Asked before the user's choice counts; false keeps the target. Empty: every choice counts.
   void SetMayChange(std::function<bool()> mayChange) { FMayChange = std::move(mayChange); }
 
 signals:
+  /// The list or the target is another one.
+  void Changed();
   /// The target was chosen, and the form has done what it does about that.
   void Chosen();
-
-protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   std::vector<TTarget> Targets() const;

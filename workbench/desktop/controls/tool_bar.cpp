@@ -1,5 +1,6 @@
 #include "workbench/desktop/controls/tool_bar.h"
 
+#include "package/host/api/view_buttons.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
 #include "workbench/desktop/text/package_texts.h"
@@ -8,13 +9,22 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QToolBar>
+#include <QToolButton>
 #include <QWidget>
+#include <algorithm>
 
 namespace workbench {
 namespace {
 
 constexpr int IconSize = 16; // of the package's images
 constexpr int UpdateInterval = 500;
+
+// What is used daily has its name beside its image.
+bool HasText(std::string_view button) {
+  namespace view_button = deployment::view_button;
+  return button == view_button::Reconcile || button == view_button::AddFiles ||
+         button == view_button::Deploy || button == view_button::Connect;
+}
 
 } // namespace
 
@@ -57,8 +67,13 @@ void TToolButton::Press() {
       FAction->setChecked(!FAction->isChecked());
     return;
   }
-  if (FButton.OnExecute)
-    Guarded(FButton.OnExecute);
+  if (!FButton.OnExecute)
+    return;
+  const QPointer<TToolButton> self(this); // a command may close the project
+  FIsRunning = true;
+  Guarded(FButton.OnExecute);
+  if (self)
+    FIsRunning = false;
 }
 
 TToolBar::TToolBar(deployment::TImageList images, std::function<bool()> isBusy, QWidget* parent)
@@ -90,6 +105,11 @@ deployment::IToolButton& TToolBar::AddButton(deployment::TToolButton button) {
   action->setStatusTip(hint);
   action->setCheckable(button.Style == deployment::TToolButtonStyle::Check);
   FBar->addAction(action);
+  if (HasText(button.Name)) {
+    action->setIconText(PackageText(button.Caption));
+    if (auto* shown = qobject_cast<QToolButton*>(FBar->widgetForAction(action)))
+      shown->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  }
   FButtons.push_back(std::make_unique<TToolButton>(std::move(button), action, FMayStart));
   connect(action, &QAction::triggered, this, [this, action] {
     UpdateSoon();
@@ -112,6 +132,12 @@ QAction* TToolBar::Find(std::string_view name) const {
       return button->Action();
   }
   return nullptr;
+}
+
+bool TToolBar::IsRunning(std::string_view name) const {
+  return std::ranges::any_of(FButtons, [name](const auto& button) {
+    return button->Description().Name == name && button->IsRunning();
+  });
 }
 
 void TToolBar::Update() {

@@ -30,6 +30,8 @@ public:
 
   QAction* Action() const { return FAction; }
   const deployment::TToolButton& Description() const { return FButton; }
+  /// True while the form does the command.
+  bool IsRunning() const { return FIsRunning; }
   /// Lets the form bring the button up to date.
   void Update();
 
@@ -39,6 +41,7 @@ private:
   const deployment::TToolButton FButton;
   const std::function<bool()>& FMayStart;
   QPointer<QAction> FAction;
+  bool FIsRunning = false;
 };
 
 /// Buttons are brought up to date when something happened, and now and then, but not in the middle
@@ -60,6 +63,8 @@ public:
   QList<QAction*> Actions() const;
   /// The command of the button of that name; null when there is none.
   QAction* Find(std::string_view name) const;
+  /// True while the form does the command of the button of that name.
+  bool IsRunning(std::string_view name) const;
   /// Lets the form bring all buttons up to date, when the event loop comes round.
   void UpdateSoon() { FSoon.start(); }
   /// Asked before each command; false and the command is not given.

@@ -1,5 +1,6 @@
 #include "workbench/desktop/controls/tree_delegate.h"
 
+#include "package/host/api/file_columns.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/text/qt_text.h"
 
@@ -54,6 +55,15 @@ void TTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->setPen(option.palette.color(QPalette::Midlight));
   painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
   painter->setPen(before);
+}
+
+// Both ends of a path say something; of a name the first letters do.
+void TTreeDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  namespace file_column = deployment::file_column;
+  QStyledItemDelegate::initStyleOption(option, index);
+  const bool isPath =
+      index.column() == file_column::LocalPath || index.column() == file_column::RemotePath;
+  option->textElideMode = isPath ? Qt::ElideMiddle : Qt::ElideRight;
 }
 
 // Air above and below the text, so that rows of small fonts are hit with ease.

@@ -37,6 +37,9 @@ public:
   void destroyEditor(QWidget* editor, const QModelIndex& index) const override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
 private:
   // The editor that is open. Qt asks a constant delegate to open it.
   struct TEdit {

@@ -130,7 +130,8 @@ void TTreeView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void TTreeView::keyPressEvent(QKeyEvent* event) {
   const bool isPlain = event->modifiers() == Qt::NoModifier;
-  if (state() != EditingState && isPlain && currentIndex().isValid()) {
+  if (state() != EditingState && isPlain && currentIndex().isValid() &&
+      !TTreeModel::IsHeading(currentIndex())) {
     switch (event->key()) {
     case Qt::Key_F2:
       EditNear(currentIndex());
@@ -231,11 +232,16 @@ bool TTreeView::ShowCutText(const QHelpEvent& event) {
   const QModelIndex index = indexAt(event.pos());
   const QRect cell = visualRect(index);
   const QStyleOptionViewItem option = RowOption();
-  if (!index.isValid() || FDelegate->sizeHint(option, index).width() <= cell.width()) {
+  const bool isCut = index.isValid() && FDelegate->sizeHint(option, index).width() > cell.width();
+  QString text = isCut ? FDelegate->displayText(index.data(), locale()) : QString();
+  const QString more = index.data(Qt::ToolTipRole).toString();
+  if (!more.isEmpty())
+    text += (text.isEmpty() ? QString() : QStringLiteral("\n")) + more;
+  if (text.isEmpty()) {
     QToolTip::hideText();
     return true;
   }
-  const QString text = FDelegate->displayText(index.data(), locale()).toHtmlEscaped();
+  text = text.toHtmlEscaped();
   QToolTip::showText(event.globalPos(), "<p style='white-space:pre-wrap'>" + text + "</p>",
                      viewport(), cell, std::numeric_limits<int>::max());
   return true;

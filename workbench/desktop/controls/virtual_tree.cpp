@@ -39,6 +39,12 @@ TVirtualTree::TVirtualTree(const deployment::TTreeOptions& options,
   connect(&FModel, &TTreeModel::dataChanged, this, &TVirtualTree::StateChanged);
   connect(FView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &TVirtualTree::Selected);
+  connect(FView, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
+    if (TTreeModel::IsHeading(index))
+      FCollapsed.insert(index.data().toString());
+  });
+  connect(FView, &QTreeView::expanded, this,
+          [this](const QModelIndex& index) { FCollapsed.remove(index.data().toString()); });
   connect(FView, &TTreeView::HeaderClicked, this, [this](int column, Qt::MouseButton button) {
     Guarded([&] { Nodes().ClickHeader(column, FromQt(button)); });
     Flush();
@@ -72,6 +78,8 @@ void TVirtualTree::Flush() {
     FModel.Flush();
     FShowsSelection = false;
     FView->setRootIsDecorated(FModel.HasLevels());
+    ShowHeadings();
+    DeselectHidden();
     FSelectionChanged = true;
     GoTo(place);
   } else {
@@ -80,6 +88,37 @@ void TVirtualTree::Flush() {
   if (std::exchange(FSelectionChanged, false))
     ShowSelection();
   emit StateChanged();
+}
+
+void TVirtualTree::SetArrangement(TArrangeRows arrange) {
+  FModel.SetArrangement(std::move(arrange));
+}
+
+// All at once: a view lays its rows out anew for each heading that is opened by itself.
+void TVirtualTree::ShowHeadings() {
+  const int count = FModel.HeadingCount();
+  if (count == 0)
+    return;
+  for (int row = 0; row < count; ++row)
+    FView->setFirstColumnSpanned(row, {}, true);
+  const QSet<QString> collapsed = FCollapsed;
+  FView->expandAll();
+  FCollapsed = collapsed;
+  for (int row = 0; row < count && !collapsed.isEmpty(); ++row) {
+    const QModelIndex heading = FModel.index(row, 0);
+    if (collapsed.contains(heading.data().toString()))
+      FView->collapse(heading);
+  }
+}
+
+// A command for the selected rows must not reach what nobody sees.
+void TVirtualTree::DeselectHidden() {
+  if (!FModel.IsArranged())
+    return;
+  for (const TNodeId node : Nodes().GetSelected()) {
+    if (!FModel.IndexOf(node).isValid())
+      Nodes().SetSelected(node, false);
+  }
 }
 
 TVirtualTree::TPlace TVirtualTree::CurrentPlace() const {
@@ -92,10 +131,14 @@ TVirtualTree::TPlace TVirtualTree::CurrentPlace() const {
 
 void TVirtualTree::GoTo(const TPlace& place) {
   QModelIndex index = FModel.IndexOf(place.Node, place.Column);
-  if (!index.isValid() && place.Row >= 0)
+  if (!index.isValid() && place.Row >= 0 && FModel.HeadingCount() == 0)
     index = FModel.index(std::min(place.Row, FModel.rowCount() - 1), place.Column);
   if (!index.isValid() && FModel.rowCount() > 0)
-    index = FModel.index(0, 0);
+    index = FModel.HeadingCount() > 0 ? FModel.index(0, 0, FModel.index(0, 0)) : FModel.index(0, 0);
+  // A view opens what stands above its current row.
+  const QModelIndex above = index.parent();
+  if (above.isValid() && TTreeModel::IsHeading(above) && !FView->isExpanded(above))
+    index = above;
   FView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
   FView->verticalScrollBar()->setValue(place.Scroll);
 }
@@ -190,7 +233,8 @@ void TVirtualTree::DeleteNode(TNodeId node) {
 }
 
 std::vector<TNodeId> TVirtualTree::GetChildren(TNodeId parent) const {
-  return Nodes().GetChildren(parent);
+  std::vector<TNodeId> children = Nodes().GetChildren(parent);
+  return parent == 0 ? FModel.Arranged(children) : children;
 }
 
 TCheckState TVirtualTree::GetCheckState(TNodeId node) const {

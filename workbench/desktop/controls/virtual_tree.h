@@ -5,6 +5,7 @@
 #include "workbench/desktop/controls/tree_view.h"
 
 #include <QPointer>
+#include <QSet>
 #include <QTimer>
 
 namespace workbench {
@@ -27,6 +28,9 @@ public:
   TTreeModel& Model() { return FModel; }
   /// Shows at once what waits.
   void Flush();
+  /// Which rows show, and below which headings. Rows that do not show are not selected, and to the
+  /// form they are not there when it asks for all.
+  void SetArrangement(TArrangeRows arrange);
 
   void SetColumns(const std::vector<deployment::TTreeColumn>& columns) override;
   void SetNotice(std::string_view text) override;
@@ -68,12 +72,15 @@ private:
   void FlushSoon();
   TPlace CurrentPlace() const;
   void GoTo(const TPlace& place);
+  void DeselectHidden();
+  void ShowHeadings();
   void ShowSelection();
   void Selected(const QItemSelection& selected, const QItemSelection& deselected);
 
   TTreeModel FModel;
   QPointer<TTreeView> FView;
   QTimer FTimer;
+  QSet<QString> FCollapsed; // headings whose rows are folded away
   int FUpdates = 0;
   bool FWasCleared = false;       // nodes of the views are others now
   bool FSelectionChanged = false; // by the form

@@ -33,7 +33,7 @@ struct TShownRun {
 TDeployReport TDeployFlow::Deploy(const TDeployService& service, const TDeployRequest& request) {
   TDeployPage& page = FPanel.Page();
   const TDeployKey key{ToMachinePath(request.Project.GetProjectFileName()), request.Target};
-  const bool isConfirmed = !FPlansOnly && FPanel.isVisible() && page.IsConfirmed(key);
+  const bool isConfirmed = !FPlansOnly && page.isVisible() && page.IsConfirmed(key);
   bool isAsked = false; // the plan was made, and nobody said yes to it
   std::atomic<int> cancelled = 0;
   TDeployRequest completed = request;
@@ -54,7 +54,7 @@ TDeployReport TDeployFlow::Deploy(const TDeployService& service, const TDeployRe
   };
   TShownRun shown{page};
   page.Begin(key, cancelled);
-  FPanel.show();
+  FPanel.ShowPage();
   shown.Report = service.Deploy(completed, page.Observer());
   if (isAsked && isConfirmed) {
     // The rows of this plan have the choices in them, which are to be seen as choices.

@@ -102,8 +102,12 @@ QWidget* TDeployPage::MakeTools() {
   layout->addSpacing(12);
   FTake = AddButton(*row, tr("Take &Ours"), "takeOurs");
   FKeep = AddButton(*row, tr("&Keep Theirs"), "keepTheirs");
-  FGoTo = AddButton(*row, tr("&Go to Entry"), "goToEntry");
+  FDifference = AddButton(*row, tr("Show Di&fference…"), "difference");
   FRetry = AddButton(*row, tr("Ret&ry"), "retry");
+  FSkip = AddButton(*row, tr("S&kip"), "skip");
+  FNewProfile = AddButton(*row, tr("&New Profile…"), "newProfile");
+  FProfiles = AddButton(*row, tr("Remote &Profiles…"), "profiles");
+  FGoTo = AddButton(*row, tr("&Go to Entry"), "goToEntry");
   layout->addStretch();
   FOptions = new TOptionsButton(row);
   layout->addWidget(FOptions);
@@ -114,6 +118,11 @@ QWidget* TDeployPage::MakeTools() {
     emit DeployWanted();
     FIsRetry = false;
   });
+  connect(FSkip, &QPushButton::clicked, this, &TDeployPage::SkipSelected);
+  connect(FNewProfile, &QPushButton::clicked, this, &TDeployPage::NewProfileWanted);
+  connect(FProfiles, &QPushButton::clicked, this, &TDeployPage::ProfilesWanted);
+  connect(FDifference, &QPushButton::clicked, this,
+          [this] { emit DifferenceWanted(FModel->Row(FView->currentIndex().row()).Row); });
   connect(FGoTo, &QPushButton::clicked, this, [this] {
     const std::vector<int> rows = SelectedRows();
     if (!rows.empty())
@@ -218,7 +227,11 @@ void TDeployPage::End(TDeployReport report) {
 }
 
 void TDeployPage::Withdraw() {
+  if (!FIsAsking)
+    return;
   FIsAsking = false;
+  FModel->Lock();
+  FSummaryText = tr("The target changed since this plan was made. Deploy makes it anew.");
   ShowPhase();
 }
 

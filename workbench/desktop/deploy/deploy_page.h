@@ -72,6 +72,11 @@ signals:
   void CloseWanted();
   /// The user wants to see the entry of this local name in the list.
   void EntryWanted(const QString& localName);
+  /// Theirs and ours are to be shown.
+  void DifferenceWanted(const TDeployRow& row);
+  /// A profile for the target is to be made, or to be looked at.
+  void NewProfileWanted();
+  void ProfilesWanted();
 
 private:
   QWidget* MakeTools();
@@ -84,6 +89,7 @@ private:
   void UpdateRowButtons();
   std::vector<int> SelectedRows() const;
   void TickSelected(bool on);
+  void SkipSelected();
   void Explain(const QModelIndex& index);
   void Cancel();
   QString TargetText() const;
@@ -98,7 +104,11 @@ private:
   TOptionsButton* FOptions = nullptr;
   QPushButton* FTake = nullptr;
   QPushButton* FKeep = nullptr;
+  QPushButton* FDifference = nullptr;
   QPushButton* FRetry = nullptr;
+  QPushButton* FSkip = nullptr;
+  QPushButton* FNewProfile = nullptr;
+  QPushButton* FProfiles = nullptr;
   QPushButton* FGoTo = nullptr;
   QPushButton* FCancel = nullptr;
   QPushButton* FDeploy = nullptr;

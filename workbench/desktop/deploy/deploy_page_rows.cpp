@@ -1,5 +1,6 @@
 // What the page says about its rows, and what is done to those that are selected.
 #include "workbench/desktop/deploy/deploy_page.h"
+#include "workbench/desktop/deploy/difference_dialog.h"
 #include "workbench/desktop/deploy/options_button.h"
 #include "workbench/desktop/text/deploy_words.h"
 #include "workbench/desktop/text/qt_text.h"
@@ -24,6 +25,11 @@ std::size_t CountOf(const TDeployRowsModel::TTotals& totals, TRowKind kind) {
   return totals.Counts[static_cast<std::size_t>(kind)];
 }
 
+// Links have no lines, and what is large is no reading for a person.
+bool CanCompare(const TDeployRow& row) {
+  return row.Link.empty() && std::max(row.SizeHere, row.SizeThere) <= LargestCompared;
+}
+
 } // namespace
 
 void TDeployPage::ShowPhase() {
@@ -40,6 +46,11 @@ void TDeployPage::ShowPhase() {
   FKeep->setVisible(hasConflicts);
   FRetry->setVisible(hasEnded && (CountOf(totals, TRowKind::Failed) > 0 ||
                                   CountOf(totals, TRowKind::Cancelled) > 0));
+  FDifference->setVisible(hasConflicts);
+  FSkip->setVisible(hasEnded && CountOf(totals, TRowKind::Failed) > 0);
+  const bool lacksConnection = !isRunning && !FIsAsking && FReport.End == TDeployEnd::NoConnection;
+  FNewProfile->setVisible(lacksConnection);
+  FProfiles->setVisible(lacksConnection);
   FGoTo->setVisible(!isRunning && FModel->Count() > 0);
   FFilter->setEnabled(!isRunning);
   FillFilter();
@@ -111,6 +122,8 @@ void TDeployPage::UpdateRowButtons() {
                           HasTick(FModel->Row(current.row()));
   FTake->setEnabled(isConflict);
   FKeep->setEnabled(isConflict);
+  FDifference->setEnabled(isConflict && CanCompare(FModel->Row(current.row()).Row));
+  FSkip->setEnabled(hasRow && KindOf(FModel->Row(current.row()).Row) == TRowKind::Failed);
   FGoTo->setEnabled(hasRow);
 }
 
@@ -122,6 +135,17 @@ void TDeployPage::TickSelected(bool on) {
                  [this](int row) { return KindOf(FModel->Row(row).Row) != TRowKind::Conflict; }),
              rows.end());
   FModel->SetTicks(rows, on);
+}
+
+// A file that is skipped is left out when the run is repeated.
+void TDeployPage::SkipSelected() {
+  const std::vector<int> rows = SelectedRows();
+  for (const int row : rows) {
+    if (KindOf(FModel->Row(row).Row) == TRowKind::Failed)
+      FChoices[FModel->Row(row).Row.RemoteFile] = {};
+  }
+  FModel->Skip(rows);
+  FRetry->setFocus();
 }
 
 void TDeployPage::Explain(const QModelIndex& index) {

@@ -1,27 +1,52 @@
 #include "workbench/desktop/deploy/deploy_panel.h"
 
 #include "workbench/desktop/deploy/deploy_page.h"
+#include "workbench/desktop/deploy/history_page.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 namespace workbench {
 
-TDeployPanel::TDeployPanel(QWidget* parent) : QWidget(parent), FPage(new TDeployPage(this)) {
+TDeployPanel::TDeployPanel(QWidget* parent)
+    : QWidget(parent), FTabs(new QTabWidget(this)), FPage(new TDeployPage(FTabs)),
+      FHistory(new THistoryPage(FTabs)) {
   setWindowTitle(tr("Deploy"));
+  FTabs->setDocumentMode(true);
+  FTabs->setAccessibleName(tr("Deploy and its history"));
+  FTabs->tabBar()->setAccessibleName(FTabs->accessibleName());
+  FTabs->addTab(FPage, tr("Deploy"));
+  FTabs->addTab(FHistory, tr("History"));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
-  layout->addWidget(FPage);
+  layout->addWidget(FTabs);
   connect(FPage, &TDeployPage::CloseWanted, this, &QWidget::close);
+  connect(FHistory, &THistoryPage::CloseWanted, this, &QWidget::close);
+  connect(FTabs, &QTabWidget::tabBarClicked, this, [this](int index) {
+    if (FTabs->widget(index) == FHistory && !IsRunning())
+      emit HistoryShown();
+  });
+}
+
+void TDeployPanel::ShowPage() {
+  FTabs->setCurrentWidget(FPage);
+  show();
+}
+
+void TDeployPanel::ShowHistory() {
+  FTabs->setCurrentWidget(FHistory);
+  show();
 }
 
 bool TDeployPanel::IsRunning() const {
-  return FPage->IsRunning();
+  return FPage->IsRunning() || FHistory->IsRunning();
 }
 
 bool TDeployPanel::IsAsking() const {
-  return isVisible() && FPage->IsAsking();
+  return FPage->isVisible() && FPage->IsAsking();
 }
 
 void TDeployPanel::keyPressEvent(QKeyEvent* event) {

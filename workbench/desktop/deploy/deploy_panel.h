@@ -1,11 +1,14 @@
-// The panel below the list: what a deploy will do, does and did.
+// The panel below the list: what a deploy will do, does and did, and the deploys before it.
 #pragma once
 
 #include <QWidget>
 
+class QTabWidget;
+
 namespace workbench {
 
 class TDeployPage;
+class THistoryPage;
 
 class TDeployPanel final : public QWidget {
   Q_OBJECT
@@ -14,22 +17,30 @@ public:
   explicit TDeployPanel(QWidget* parent = nullptr);
 
   TDeployPage& Page() { return *FPage; }
+  THistoryPage& History() { return *FHistory; }
+  /// Brings a page forward, and the panel with it.
+  void ShowPage();
+  void ShowHistory();
+  /// True while a plan is made or carried out, and while deploys are taken back.
   bool IsRunning() const;
   /// True while a plan is shown and waits to be confirmed.
   bool IsAsking() const;
 
 signals:
+  /// The user turned to the history.
+  void HistoryShown();
   /// The user put the panel away.
   void Closed();
 
 protected:
-  /// A panel whose run goes on stays. One that is put away asks nothing any more, and shows the
-  /// same when it comes back.
+  /// A panel whose run goes on stays. One that comes back shows what it showed.
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
+  QTabWidget* FTabs;
   TDeployPage* FPage;
+  THistoryPage* FHistory;
 };
 
 } // namespace workbench

@@ -103,12 +103,13 @@ void TDeployRowsModel::SetFilter(std::optional<TRowKind> kind) {
 void TDeployRowsModel::Finish(std::vector<TChange> changes) {
   std::size_t first = FShown.size();
   std::size_t last = 0;
-  for (auto& [number, value] : changes) {
+  for (TChange& change : changes) {
+    const std::size_t number = change.first;
     if (number >= FRows.size())
       continue;
     FDoneCount += FRows[number].IsDone ? 0 : 1;
     FRows[number].IsDone = true;
-    FRows[number].Row = std::move(value);
+    FRows[number].Row = std::move(change.second);
     if (FPlaces[number] < FShown.size()) {
       first = std::min(first, FPlaces[number]);
       last = std::max(last, FPlaces[number]);
@@ -142,6 +143,16 @@ void TDeployRowsModel::SetTicks(const std::vector<int>& rows, bool on) {
   const auto [first, last] = std::minmax_element(rows.begin(), rows.end());
   emit dataChanged(index(*first, 0), index(*last, ColumnCount - 1));
   emit TicksChanged();
+}
+
+void TDeployRowsModel::Skip(const std::vector<int>& rows) {
+  for (const int row : rows) {
+    TPanelRow& skipped = FRows[FShown[static_cast<std::size_t>(row)]];
+    if (FPhase != TPhase::Ended || KindOf(skipped.Row) != TRowKind::Failed)
+      continue;
+    skipped.Choice = TRowChoice::TKind::Leave;
+    emit dataChanged(index(row, 0), index(row, ColumnCount - 1));
+  }
 }
 
 TRowChoices TDeployRowsModel::Choices() const {

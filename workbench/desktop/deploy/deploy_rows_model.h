@@ -60,6 +60,9 @@ public:
   /// Ticks or unticks rows that are shown; those without a box stay.
   void SetTicks(const std::vector<int>& rows, bool on);
 
+  /// Says of rows that failed, of those that are shown, that they are left out the next time.
+  void Skip(const std::vector<int>& rows);
+
   /// What was decided about the plan that is shown.
   TRowChoices Choices() const;
   /// True when the rows do nothing that the shown plan, as it is ticked, does not; of a run that

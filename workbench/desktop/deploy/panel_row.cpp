@@ -158,6 +158,8 @@ QString PlanWord(const TPanelRow& row) {
 QString ResultWord(const TPanelRow& row) {
   if (!row.IsDone)
     return TRowWords::tr("waiting");
+  if (row.Choice)
+    return TRowWords::tr("failed; left out next time");
   return row.Row.IsInterrupted() ? TRowWords::tr("cancelled") : ActionWord(row.Row.Action);
 }
 

@@ -34,10 +34,11 @@ public:
   // False when there are too many edits.
   bool Run() {
     const int most = std::min(MostEdits, Size(FTheirs) + Size(FOurs));
-    std::vector<int> reached(static_cast<std::size_t>(2 * most + 3), 0);
+    std::vector<int> reached(2 * static_cast<std::size_t>(most) + 3, 0);
     for (int edits = 0; edits <= most; ++edits) {
       for (int diagonal = -edits; diagonal <= edits; diagonal += 2) {
-        const std::size_t at = static_cast<std::size_t>(diagonal + most + 1);
+        const int place = diagonal + most + 1;
+        const auto at = static_cast<std::size_t>(place);
         int x = IsDown(reached, at, diagonal, edits) ? reached[at + 1] : reached[at - 1] + 1;
         while (x < Size(FTheirs) && x - diagonal < Size(FOurs) && x - diagonal >= 0 &&
                Line(FTheirs, x) == Line(FOurs, x - diagonal))

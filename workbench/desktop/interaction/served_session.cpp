@@ -6,6 +6,7 @@
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/interaction/connection_questions.h"
 #include "workbench/desktop/interaction/window_deploys.h"
+#include "workbench/desktop/interaction/window_history.h"
 #include "workbench/desktop/interaction/window_interaction.h"
 #include "workbench/desktop/projects/project_tabs.h"
 #include "workbench/desktop/text/qt_text.h"
@@ -33,26 +34,31 @@ TServedSession::TServedSession(TSession& session, TServingParts parts)
     : FSession(session), FParts(std::move(parts)),
       FQuestions(std::make_shared<TConnectionQuestions>(FParts.Window)),
       FDeploys(std::make_unique<TWindowDeploys>(
-          FParts.Projects, FParts.Tabs, FParts.Panel, FSession,
-          TWindowDeploys::TConsents{
+          Front(), FParts.Window, FParts.Panel, FParts.Background, FSession,
+          TWindowDeploys::TAnswers{
               .MayRun = [this](const auto& commands,
                                const std::string& place) { return MayRun(commands, place); },
-              .MaySend = [this](const auto& files) { return MaySend(files); }})) {
+              .MaySend = [this](const auto& files) { return MaySend(files); },
+              .CreateProfile =
+                  [this](const auto& project, std::string_view platform) {
+                    return CreateProfile(project, platform);
+                  },
+              .ShowProfiles = [this] { ShowProfiles(); }})),
+      FHistory(
+          std::make_unique<TWindowHistory>(Front(), FParts.Panel, FParts.Background, FSession)) {
   FSession.SetEditorArea(&FParts.Tabs);
   FSession.SetModalForms(&FParts.Forms);
-  FSession.RemoteProfiles().SetInteraction(std::make_shared<TWindowInteraction>(
-      TWindowParts{.Deploys = FDeploys->Flow(),
-                   .Background = FParts.Background,
-                   .Questions = FQuestions,
-                   .CreateProfile =
-                       [this](auto& project, std::string_view platform) {
-                         return CreateProfile(project, platform);
-                       },
-                   .ConnectionLost =
-                       [this](const std::string& profile, const std::string& reason) {
-                         FParts.Say(LostConnectionText(profile, reason));
-                       },
-                   .Deployed = FParts.Deployed}));
+  FSession.RemoteProfiles().SetInteraction(std::make_shared<TWindowInteraction>(TWindowParts{
+      .Deploys = FDeploys->Flow(),
+      .Background = FParts.Background,
+      .Questions = FQuestions,
+      .CreateProfile =
+          [this](const auto& project, std::string_view platform) {
+            return CreateProfile(project, platform);
+          },
+      .ConnectionLost = [this](const std::string& profile,
+                               const std::string& reason) { ShowLostConnection(profile, reason); },
+      .Deployed = FParts.Deployed}));
 }
 
 TServedSession::~TServedSession() {
@@ -63,13 +69,22 @@ TServedSession::~TServedSession() {
   FSession.RemoteProfiles().SetInteraction(nullptr);
 }
 
-TOpenProject* TServedSession::CurrentProject() const {
-  return FParts.Projects.ProjectAt(FParts.Tabs.currentIndex());
+void TServedSession::ShowLostConnection(const std::string& profile,
+                                        const std::string& reason) const {
+  if (FParts.ConnectionLost)
+    FParts.ConnectionLost(profile, Visible(reason));
+  FParts.Say(LostConnectionText(profile, reason));
+}
+
+void TServedSession::ShowProfiles() {
+  TProfileManagerDialog(FSession, Front().Project(), &FParts.Window).exec();
+  if (TProjectEdits* edits = FParts.Projects.EditsAt(FParts.Tabs.currentIndex()))
+    edits->FileWritten(); // a profile may have been assigned
 }
 
 // A command is asked for as long as the user has not said yes to exactly this one.
 bool TServedSession::MayRun(const std::vector<std::string>& commands, const std::string& place) {
-  const TOpenProject* project = CurrentProject();
+  const TOpenProject* project = Front().Project();
   if (!project)
     return false;
   TSettings& settings = FSession.Settings();
@@ -82,7 +97,7 @@ bool TServedSession::MayRun(const std::vector<std::string>& commands, const std:
 }
 
 bool TServedSession::MaySend(const std::vector<std::string>& files) {
-  const TOpenProject* project = CurrentProject();
+  const TOpenProject* project = Front().Project();
   if (!project)
     return false;
   TSettings& settings = FSession.Settings();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "package/host/api/toolsapi.h"
+#include "workbench/desktop/interaction/front_list.h"
 
 #include <QString>
 #include <functional>
@@ -19,10 +20,10 @@ class TConnectionQuestions;
 class TDeployPanel;
 class TEditorTabs;
 class TModalDialogs;
-class TOpenProject;
 class TProjectTabs;
 class TSession;
 class TWindowDeploys;
+class TWindowHistory;
 struct TDeployReport;
 
 /// What serves the session. Everything must outlive the TServedSession.
@@ -35,6 +36,8 @@ struct TServingParts {
   QWidget& Window; ///< dialogs stand before it
   /// Says a sentence that needs no answer.
   std::function<void(const QString&)> Say;
+  /// Hears that the files of a profile could not be asked about, and why; may be empty.
+  std::function<void(const std::string& profile, const std::string& reason)> ConnectionLost = {};
   /// Hears of the end of each deploy; may be empty.
   std::function<void(const TDeployReport&)> Deployed = {};
 };
@@ -49,9 +52,13 @@ public:
   TServedSession& operator=(const TServedSession&) = delete;
 
   TWindowDeploys& Deploys() { return *FDeploys; }
+  TWindowHistory& History() { return *FHistory; }
+  /// Lets the user edit the profiles, and assign one to the project in front.
+  void ShowProfiles();
 
 private:
-  TOpenProject* CurrentProject() const;
+  TFrontList Front() const { return {FParts.Projects, FParts.Tabs}; }
+  void ShowLostConnection(const std::string& profile, const std::string& reason) const;
   bool MayRun(const std::vector<std::string>& commands, const std::string& place);
   bool MaySend(const std::vector<std::string>& files);
   bool CreateProfile(const deployment::ICustomProject& project, std::string_view platform);
@@ -60,6 +67,7 @@ private:
   const TServingParts FParts;
   std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too
   std::unique_ptr<TWindowDeploys> FDeploys;
+  std::unique_ptr<TWindowHistory> FHistory;
 };
 
 } // namespace workbench

@@ -3,31 +3,35 @@
 #pragma once
 
 #include "workbench/desktop/deploy/deploy_flow.h"
+#include "workbench/desktop/interaction/front_list.h"
 
 #include <QObject>
 #include <QString>
+#include <functional>
+#include <string_view>
 
 namespace workbench {
 
+class TBackgroundWork;
 class TDeployPanel;
-class TEditorTabs;
-class TFormControls;
-class TProjectTabs;
 class TSession;
 
 class TWindowDeploys final : public QObject {
   Q_OBJECT
 
 public:
-  /// The consents that are asked for.
-  struct TConsents {
+  /// What the user is asked and shown.
+  struct TAnswers {
     TMayRun MayRun;
     TMaySend MaySend;
+    std::function<bool(const deployment::ICustomProject&, std::string_view platform)> CreateProfile;
+    std::function<void()> ShowProfiles;
   };
 
   /// Everything must outlive the object.
-  TWindowDeploys(TProjectTabs& projects, TEditorTabs& tabs, TDeployPanel& panel, TSession& session,
-                 TConsents consents);
+  /// Everything must outlive the object. Dialogs stand before the window.
+  TWindowDeploys(const TFrontList& front, QWidget& window, TDeployPanel& panel,
+                 TBackgroundWork& background, TSession& session, TAnswers answers);
 
   TDeployFlow& Flow() { return FFlow; }
   /// Makes the plan of the list in front and shows it.
@@ -36,17 +40,21 @@ public:
   bool FocusPlan();
 
 private:
-  TFormControls* CurrentControls() const;
   bool IsOpen() const;
   bool BringForward();
   void Deploy();
   void ProjectsChanged();
   void PressDeploy();
   void GoToEntry(const QString& localName);
+  void ShowDifferenceOf(const TDeployRow& row);
+  void MakeProfile();
 
-  TProjectTabs& FProjects;
-  TEditorTabs& FTabs;
+  const TFrontList FFront;
+  QWidget& FWindow;
   TDeployPanel& FPanel;
+  TBackgroundWork& FBackground;
+  TSession& FSession;
+  const TAnswers FAnswers;
   TDeployFlow FFlow;
 };
 

@@ -1,9 +1,12 @@
 #include "workbench/desktop/notices/project_notices.h"
 
+#include "package/host/api/view_buttons.h"
 #include "workbench/desktop/notices/difference_dialog.h"
+#include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/projects/project_tabs.h"
 #include "workbench/explain/change_reasons.h"
 #include "workbench/session/session.h"
+#include "workbench/settings/settings_store.h"
 
 #include <QStringList>
 #include <algorithm>
@@ -13,6 +16,9 @@ namespace {
 
 constexpr const char* ReconcileSubject = "reconcile";
 constexpr const char* UpgradeSubject = "upgrade";
+constexpr const char* FeaturesSubject = "features";
+// Projects for which the person said no; the project itself keeps nothing of it.
+constexpr const char* DeclinedHistory = "declined-optional-files";
 
 // "3 added, 1 removed"
 QString CountsOf(const TTargetChanges& changes) {
@@ -26,18 +32,26 @@ QString CountsOf(const TTargetChanges& changes) {
   return counts.join(QStringLiteral(", "));
 }
 
+std::string NameInHistory(const TOpenProject& project) {
+  return CanonicalPath(project.GivenFileName()).string();
+}
+
 QString UndoText() {
   return TProjectNotices::tr("&Undo");
 }
 
 } // namespace
 
-TProjectNotices::TProjectNotices(TProjectTabs& projects, QWidget& window)
-    : QObject(&window), FProjects(projects), FWindow(window) {
+TProjectNotices::TProjectNotices(TProjectTabs& projects, TSettings& settings, QWidget& window)
+    : QObject(&window), FProjects(projects), FSettings(settings), FWindow(window) {
   connect(&projects, &TProjectTabs::Opened, this,
           [this](TOpenProject* project) { Opened(*project); });
   connect(&projects, &TProjectTabs::Reconciled, this,
           [this](TOpenProject* project, const TReconciled& done) { Reconciled(*project, done); });
+  connect(&projects, &TProjectTabs::FeaturesOffered, this,
+          [this](TOpenProject* project, const QStringList& titles) {
+            FeaturesOffered(*project, titles);
+          });
 }
 
 TProjectNotices::TShown* TProjectNotices::Find(const TOpenProject& project) {
@@ -80,6 +94,36 @@ void TProjectNotices::Reconciled(TOpenProject& project, const TReconciled& done)
        {{tr("&Show"), [this, &project, done] { ShowDifference(project, done); }},
         {UndoText(), [this, &project, step = done.Step] { FProjects.UndoStep(project, step); }}}});
   Update();
+}
+
+void TProjectNotices::FeaturesOffered(TOpenProject& project, const QStringList& titles) {
+  TShown* shown = Find(project);
+  const std::vector<std::string> declined = FSettings.ReadHistory(DeclinedHistory);
+  if (!shown || std::ranges::find(declined, NameInHistory(project)) != declined.end())
+    return;
+  shown->Box->Show(FeaturesSubject,
+                   {tr("Optional files of the installation fit this project: %1. They are left "
+                       "out unless you choose some.")
+                        .arg(titles.join(QStringLiteral(", "))),
+                    {{tr("&Choose…"), [this, &project] { ChooseFeatures(project); }},
+                     {tr("&Not Now"), [this, &project] { DeclineFeatures(project); }}}});
+}
+
+// The command asks for the files of all features, so that afterwards nothing is left to be asked.
+void TProjectNotices::ChooseFeatures(TOpenProject& project) {
+  const TFormControls* controls = FProjects.ControlsOf(project);
+  QAction* add =
+      controls ? controls->ToolBar()->Find(deployment::view_button::AddFeature) : nullptr;
+  if (!add || !add->isEnabled())
+    return;
+  DeclineFeatures(project);
+  add->trigger();
+}
+
+void TProjectNotices::DeclineFeatures(const TOpenProject& project) {
+  FSettings.AddToHistory(DeclinedHistory, NameInHistory(project));
+  if (TNoticeBox* box = BoxOf(project))
+    box->Remove(FeaturesSubject);
 }
 
 void TProjectNotices::ShowDifference(TOpenProject& project, const TReconciled& done) {

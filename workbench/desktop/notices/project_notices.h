@@ -1,5 +1,5 @@
 // What is said above the rows of each open project: what a reconcile changed, that the list was of
-// an older version.
+// an older version, which optional files fit.
 #pragma once
 
 #include "workbench/desktop/notices/notice_box.h"
@@ -7,19 +7,21 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 #include <cstdint>
 #include <vector>
 
 namespace workbench {
 
 class TProjectTabs;
+class TSettings;
 
 class TProjectNotices final : public QObject {
   Q_OBJECT
 
 public:
-  /// The projects must outlive the object. Dialogs stand before the window.
-  TProjectNotices(TProjectTabs& projects, QWidget& window);
+  /// Projects and settings must outlive the object. Dialogs stand before the window.
+  TProjectNotices(TProjectTabs& projects, TSettings& settings, QWidget& window);
 
   /// Brings the strips in line with the steps that can be undone.
   void Update();
@@ -35,10 +37,14 @@ private:
 
   void Opened(TOpenProject& project);
   void Reconciled(TOpenProject& project, const TReconciled& done);
+  void FeaturesOffered(TOpenProject& project, const QStringList& titles);
+  void ChooseFeatures(TOpenProject& project);
+  void DeclineFeatures(const TOpenProject& project);
   void ShowDifference(TOpenProject& project, const TReconciled& done);
   TShown* Find(const TOpenProject& project);
 
   TProjectTabs& FProjects;
+  TSettings& FSettings;
   QWidget& FWindow;
   std::vector<TShown> FShown;
 };

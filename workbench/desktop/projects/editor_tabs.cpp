@@ -2,6 +2,7 @@
 
 #include "workbench/desktop/text/qt_text.h"
 
+#include <QKeyEvent>
 #include <QTabBar>
 #include <algorithm>
 #include <utility>
@@ -20,6 +21,21 @@ TEditorTabs::TEditorTabs(deployment::ISettingsStore& settings, std::function<boo
   setTabsClosable(true);
   setMovable(true);
   tabBar()->setAccessibleName(tr("Open projects"));
+  tabBar()->installEventFilter(this);
+}
+
+// Of a widget of tabs these are the keys that go to the next one or the one before.
+void TEditorTabs::keyPressEvent(QKeyEvent* event) {
+  if (!FMayLeave || FMayLeave())
+    QTabWidget::keyPressEvent(event);
+}
+
+bool TEditorTabs::eventFilter(QObject* watched, QEvent* event) {
+  const bool leaves = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel ||
+                      event->type() == QEvent::KeyPress;
+  if (watched == tabBar() && leaves && FMayLeave && !FMayLeave())
+    return true;
+  return QTabWidget::eventFilter(watched, event);
 }
 
 std::unique_ptr<deployment::IControls>

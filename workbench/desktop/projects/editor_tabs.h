@@ -7,6 +7,7 @@
 #include <QTabWidget>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace workbench {
@@ -29,9 +30,16 @@ public:
   /// Shows behind the caption that there is something to save.
   void SetModified(int index, bool modified);
 
+  /// Asked before the user leaves a tab; false keeps it in front. Empty: it may always be left.
+  void SetMayLeave(std::function<bool()> mayLeave) { FMayLeave = std::move(mayLeave); }
+
 signals:
   /// A view came.
   void Added(TFormControls* controls);
+
+protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   struct TTab {
@@ -41,6 +49,7 @@ private:
 
   deployment::ISettingsStore& FSettings;
   std::function<bool()> FIsBusy;
+  std::function<bool()> FMayLeave;
   std::vector<TTab> FTabs; // in no order
 };
 

@@ -48,7 +48,13 @@ struct TBusyCursor {
 
 TProjectTabs::TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background,
                            TModalDialogs& forms, QWidget& window)
-    : FSession(session), FTabs(tabs), FBackground(background), FForms(forms), FWindow(window) {}
+    : FSession(session), FTabs(tabs), FBackground(background), FForms(forms), FWindow(window) {
+  FForms.SetOffers([this](const deployment::IFeatureFileForm& form) { return Offers(form); });
+}
+
+TProjectTabs::~TProjectTabs() {
+  FForms.SetOffers(nullptr);
+}
 
 TProjectTabs::TProjectTab* TProjectTabs::TabAt(int index) {
   const TFormControls* controls = FTabs.ControlsAt(index);
@@ -177,6 +183,7 @@ void TProjectTabs::Show(TOpenProject& project, int index,
   emit Opened(&project);
   if (reconciled)
     emit Reconciled(&project, *reconciled);
+  TellOffered(project);
   ShowModified();
   emit Changed();
 }

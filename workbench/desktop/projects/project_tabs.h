@@ -7,6 +7,7 @@
 #include "workbench/session/session.h"
 
 #include <QObject>
+#include <QStringList>
 #include <cstddef>
 #include <exception>
 #include <filesystem>
@@ -32,6 +33,7 @@ public:
   /// Everything must outlive the object. Dialogs stand before the window.
   TProjectTabs(TSession& session, TEditorTabs& tabs, TBackgroundWork& background,
                TModalDialogs& forms, QWidget& window);
+  ~TProjectTabs() override;
 
   /// Brings a project forward that is open already. False when it cannot be opened.
   bool Open(const std::filesystem::path& file);
@@ -83,6 +85,13 @@ public:
   /// Why the list of the target that the project shows is what it is. Takes long for long lists;
   /// throws TInputError when the target cannot be computed.
   std::unique_ptr<TChangeReasons> ReasonsOf(TOpenProject& project);
+  /// Why the entry is in that list, in sentences without a full stop; the list stays as it is.
+  /// Otherwise as ReasonsOf.
+  std::vector<std::string> Explain(TOpenProject& project,
+                                   const deployment::IProjectDeploymentFile& entry);
+  /// Does work on the project that takes long, while its rows stay as they are and the window goes
+  /// on painting. Passes on what it throws.
+  void Work(const TOpenProject& project, const std::function<void()>& work);
   /// Opens the project and does the edits to it that an earlier run left behind. False when that
   /// fails, which is said.
   bool Recover(const TRecoverable& recoverable);
@@ -97,6 +106,8 @@ signals:
   /// A reconcile changed the list of the project, as the package does by itself when a project is
   /// opened or another target is chosen.
   void Reconciled(TOpenProject* project, const TReconciled& done);
+  /// Optional files fit the project; nobody was asked yet. The titles are those of the features.
+  void FeaturesOffered(TOpenProject* project, const QStringList& titles);
   /// Something happened that the user should know and need not answer.
   void Notice(const QString& text);
 
@@ -111,6 +122,8 @@ private:
   TProjectTab* TabAt(int index);
   const TProjectTab* TabOf(const TOpenProject& project) const;
   void EndStep(const TProjectTab& tab);
+  bool Offers(const deployment::IFeatureFileForm& form);
+  void TellOffered(TOpenProject& project);
   bool FinishEditing(int index);
   TOpenProject& Read(const std::filesystem::path& file,
                      const std::shared_ptr<const TSolution>& solution = nullptr);
@@ -119,6 +132,7 @@ private:
   TProjectTab MakeView(TOpenProject& project, const deployment::TDeploymentTarget& target);
   void Show(TOpenProject& project, int index, const deployment::TDeploymentTarget& target);
   bool Write(const TProjectTab& tab, bool force);
+  struct TNoForms;
   void RunWith(const TProjectTab& tab, const std::function<void()>& work);
   void ShowSaveError(const std::exception& error);
   bool MayClose(int index);
@@ -134,6 +148,7 @@ private:
   TModalDialogs& FForms;
   QWidget& FWindow;
   std::vector<TProjectTab> FProjects; // in no order
+  QStringList FOffered;               // titles of features, until the project is told of
   std::size_t FAnswers = 0;           // of forms, that belong to steps which are over
 };
 

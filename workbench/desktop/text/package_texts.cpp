@@ -43,6 +43,7 @@ constexpr const char* Context = "Package";
     QT_TRANSLATE_NOOP("Package", "Delete Selected Files"),
     QT_TRANSLATE_NOOP("Package", "Add Featured Files"),
     QT_TRANSLATE_NOOP("Package", "Deploy"),
+    QT_TRANSLATE_NOOP("Package", "Connect"),
     QT_TRANSLATE_NOOP("Package", "Connect to Remote Machine"),
     QT_TRANSLATE_NOOP("Package", "Revert to Default"),
     QT_TRANSLATE_NOOP("Package", "Check All Items"),
@@ -51,6 +52,14 @@ constexpr const char* Context = "Package";
     QT_TRANSLATE_NOOP("Package", "Uncheck Selected Items"),
     QT_TRANSLATE_NOOP("Package", "Change Remote Path for Selected Items"),
     QT_TRANSLATE_NOOP("Package", "Change Overwrite value for selected items"),
+    QT_TRANSLATE_NOOP("Package", "Always"),
+    QT_TRANSLATE_NOOP("Package", "Never"),
+    QT_TRANSLATE_NOOP("Package", "Same"),
+    QT_TRANSLATE_NOOP("Package", "Newer"),
+    QT_TRANSLATE_NOOP("Package", "Older"),
+    QT_TRANSLATE_NOOP("Package", "Not Found"),
+    QT_TRANSLATE_NOOP("Package", "Not Connected"),
+    QT_TRANSLATE_NOOP("Package", "Unknown"),
 };
 
 // Those with names in them; "%s" stands for a name.

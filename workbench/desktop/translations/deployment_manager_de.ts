@@ -177,6 +177,42 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <source>The active platform is &quot;%s&quot;. Would you like to set the &quot;%s&quot; platform as the active platform?</source>
         <translation>Die aktive Plattform ist „%s“. Soll „%s“ zur aktiven Plattform werden?</translation>
     </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Always</source>
+        <translation>Immer</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>Same</source>
+        <translation>Gleich</translation>
+    </message>
+    <message>
+        <source>Newer</source>
+        <translation>Neuer</translation>
+    </message>
+    <message>
+        <source>Older</source>
+        <translation>Älter</translation>
+    </message>
+    <message>
+        <source>Not Found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Not Connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
 </context>
 <context>
     <name>RecoveryQuestion</name>
@@ -466,18 +502,86 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     </message>
 </context>
 <context>
+    <name>TDifferenceDialog</name>
+    <message>
+        <source>Theirs and Ours</source>
+        <translation>Deren und unsere Fassung</translation>
+    </message>
+    <message>
+        <source>− theirs: %1
++ ours: %2</source>
+        <translation>− deren: %1
++ unsere: %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Lines that differ</source>
+        <translation>Zeilen, die sich unterscheiden</translation>
+    </message>
+    <message>
+        <source>The files are no text. Theirs has %1 bytes, ours %2.</source>
+        <translation>Die Dateien sind kein Text. Deren hat %1 Bytes, unsere %2.</translation>
+    </message>
+    <message>
+        <source>The lines are the same.</source>
+        <translation>Die Zeilen sind gleich.</translation>
+    </message>
+    <message>
+        <source>There are more.</source>
+        <translation>Es gibt weitere.</translation>
+    </message>
+</context>
+<context>
     <name>TProjectEdits</name>
     <message>
         <source>Recovered Edits</source>
         <translation>Wiederhergestellte Änderungen</translation>
     </message>
     <message>
-        <source>Edit</source>
-        <translation>Bearbeitung</translation>
-    </message>
-    <message>
         <source>Reconcile for %1</source>
         <translation>Abgleich für %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s)</source>
+        <translation>
+            <numerusform>%n Datei</numerusform>
+            <numerusform>%n Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Tick %1</source>
+        <translation>%1 auswählen</translation>
+    </message>
+    <message>
+        <source>Untick %1</source>
+        <translation>%1 abwählen</translation>
+    </message>
+    <message>
+        <source>Remote Path of %1</source>
+        <translation>Zielpfad von %1</translation>
+    </message>
+    <message>
+        <source>Remote Name of %1</source>
+        <translation>Zielname von %1</translation>
+    </message>
+    <message>
+        <source>Overwrite of %1</source>
+        <translation>Überschreiben von %1</translation>
+    </message>
+    <message>
+        <source>Platforms of %1</source>
+        <translation>Plattformen von %1</translation>
+    </message>
+    <message>
+        <source>Edit %1</source>
+        <translation>%1 bearbeiten</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -598,6 +702,10 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
         <source>Same</source>
         <translation>Gleich</translation>
     </message>
+    <message>
+        <source>failed; left out next time</source>
+        <translation>fehlgeschlagen; nächstes Mal ausgelassen</translation>
+    </message>
 </context>
 <context>
     <name>TTargetsComboBox</name>
@@ -619,6 +727,33 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     <message>
         <source>Commands</source>
         <translation>Befehle</translation>
+    </message>
+</context>
+<context>
+    <name>TUndoWords</name>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>No connection: %1.</source>
+        <translation>Keine Verbindung: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was taken back: %1.</source>
+        <translation>Es wurde nichts zurückgenommen: %1.</translation>
+    </message>
+    <message>
+        <source>Cancelled: %1 restored, %2 removed.</source>
+        <translation>Abgebrochen: %1 wiederhergestellt, %2 entfernt.</translation>
+    </message>
+    <message>
+        <source>Taken back: %1 restored, %2 removed.</source>
+        <translation>Zurückgenommen: %1 wiederhergestellt, %2 entfernt.</translation>
+    </message>
+    <message>
+        <source>Left as they are: %1.</source>
+        <translation>Belassen: %1.</translation>
     </message>
 </context>
 <context>
@@ -856,12 +991,40 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>Show Di&amp;fference…</source>
+        <translation>Unter&amp;schied zeigen…</translation>
+    </message>
+    <message>
+        <source>S&amp;kip</source>
+        <translation>Ü&amp;berspringen</translation>
+    </message>
+    <message>
+        <source>&amp;New Profile…</source>
+        <translation>&amp;Neues Profil…</translation>
+    </message>
+    <message>
+        <source>Remote &amp;Profiles…</source>
+        <translation>&amp;Profile…</translation>
+    </message>
+    <message>
+        <source>The target changed since this plan was made. Deploy makes it anew.</source>
+        <translation>Das Zielgerät hat sich geändert, seit dieser Plan entstand. Verteilen macht ihn neu.</translation>
+    </message>
 </context>
 <context>
     <name>workbench::TDeployPanel</name>
     <message>
         <source>Deploy</source>
         <translation>Verteilen</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Deploy and its history</source>
+        <translation>Verteilung und ihr Verlauf</translation>
     </message>
 </context>
 <context>
@@ -985,6 +1148,73 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <source>General</source>
         <translation>Allgemein</translation>
     </message>
+    <message>
+        <source>&amp;Deploy without asking when nothing conflicts</source>
+        <translation>&amp;Verteilen, ohne zu fragen, wenn nichts in Konflikt steht</translation>
+    </message>
+    <message>
+        <source>Else the plan is shown first.</source>
+        <translation>Sonst wird der Plan zuerst gezeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::THistoryPage</name>
+    <message>
+        <source>State of the history</source>
+        <translation>Stand des Verlaufs</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Deploys that the target remembers</source>
+        <translation>Verteilungen, an die sich das Zielgerät erinnert</translation>
+    </message>
+    <message>
+        <source>&amp;Take Back…</source>
+        <translation>&amp;Zurücknehmen…</translation>
+    </message>
+    <message>
+        <source>&amp;Read Again</source>
+        <translation>&amp;Neu lesen</translation>
+    </message>
+    <message>
+        <source>Deploys of %1 for %2 – %3</source>
+        <translation>Verteilungen von %1 für %2 – %3</translation>
+    </message>
+    <message>
+        <source>Take Back</source>
+        <translation>Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Take back the deploy of %1 by %2?</source>
+        <translation>Die Verteilung vom %1 von %2 zurücknehmen?</translation>
+    </message>
+    <message>
+        <source>Take back the deploy of %1 by %2, and the newer ones, %3 in all?</source>
+        <translation>Die Verteilung vom %1 von %2 und die neueren zurücknehmen, insgesamt %3?</translation>
+    </message>
+    <message>
+        <source>What was replaced or removed comes back, and what was new goes. A file that somebody changed since stays as it is. Commands that ran are not taken back.</source>
+        <translation>Was ersetzt oder entfernt wurde, kommt zurück; was neu war, verschwindet. Eine Datei, die seither jemand geändert hat, bleibt, wie sie ist. Befehle, die liefen, werden nicht zurückgenommen.</translation>
+    </message>
+    <message>
+        <source>&amp;Take Back</source>
+        <translation>&amp;Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>Close &amp;Panel</source>
+        <translation>Bereich &amp;schließen</translation>
+    </message>
 </context>
 <context>
     <name>workbench::TMainWindow</name>
@@ -999,10 +1229,6 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>Add Files</source>
         <translation>Dateien hinzufügen</translation>
-    </message>
-    <message>
-        <source>%1 is a directory; drop its files.</source>
-        <translation>%1 ist ein Verzeichnis; ziehen Sie seine Dateien hierher.</translation>
     </message>
     <message>
         <source>A deploy is running; cancel it first.</source>
@@ -1111,6 +1337,46 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>Save Project As</source>
         <translation>Projekt speichern unter</translation>
+    </message>
+    <message>
+        <source>&amp;New…</source>
+        <translation>&amp;Neu…</translation>
+    </message>
+    <message>
+        <source>&amp;User Guide</source>
+        <translation>&amp;Handbuch</translation>
+    </message>
+    <message>
+        <source>Show P&amp;lan of Deploy</source>
+        <translation>P&amp;lan der Verteilung zeigen</translation>
+    </message>
+    <message>
+        <source>Show &amp;Results of Deploy</source>
+        <translation>&amp;Ergebnisse der Verteilung zeigen</translation>
+    </message>
+    <message>
+        <source>Deploy &amp;History</source>
+        <translation>&amp;Verlauf der Verteilungen</translation>
+    </message>
+    <message>
+        <source>No connection to the files of %1: %2</source>
+        <translation>Keine Verbindung zu den Dateien von %1: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Details</source>
+        <translation>&amp;Einzelheiten</translation>
+    </message>
+    <message>
+        <source>&amp;Targets…</source>
+        <translation>&amp;Ziele …</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>%1 hinzufügen</translation>
     </message>
 </context>
 <context>
@@ -1608,6 +1874,53 @@ Nichts ist verloren: Die Änderungen sind noch hier. Räumen Sie aus dem Weg, wa
     </message>
 </context>
 <context>
+    <name>workbench::TRunsModel</name>
+    <message>
+        <source>%1 on %2</source>
+        <translation>%1 auf %2</translation>
+    </message>
+    <message>
+        <source>taken back</source>
+        <translation>zurückgenommen</translation>
+    </message>
+    <message>
+        <source>done</source>
+        <translation>fertig</translation>
+    </message>
+    <message>
+        <source>partly</source>
+        <translation>teilweise</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wann</translation>
+    </message>
+    <message>
+        <source>By</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Removed</source>
+        <translation>Entfernt</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Revision</source>
+        <translation>Revision</translation>
+    </message>
+</context>
+<context>
     <name>workbench::TSdkEditDialog</name>
     <message>
         <source>&amp;Default kit of the platform</source>
@@ -1832,6 +2145,849 @@ Eine Projektdatei kann auch hierher gezogen werden.</translation>
     <message>
         <source>&amp;Open Project…</source>
         <translation>Projekt ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>&amp;New Project…</source>
+        <translation>&amp;Neues Projekt…</translation>
+    </message>
+    <message>
+        <source>&amp;User Guide</source>
+        <translation>&amp;Handbuch</translation>
+    </message>
+    <message>
+        <source>Recent projects</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Examples</source>
+        <translation>Beispiele</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TProjectNotices</name>
+    <message numerus="yes">
+        <source>%n added</source>
+        <translation>
+            <numerusform>%n hinzugefügt</numerusform>
+            <numerusform>%n hinzugefügt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n changed</source>
+        <translation>
+            <numerusform>%n geändert</numerusform>
+            <numerusform>%n geändert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed</source>
+        <translation>
+            <numerusform>%n entfernt</numerusform>
+            <numerusform>%n entfernt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>The file holds a list of an older version. It is shown as one of today&apos;s; the next save writes it so.</source>
+        <translation>Die Datei enthält eine Liste einer älteren Version. Sie wird als heutige gezeigt; das nächste Speichern schreibt sie so.</translation>
+    </message>
+    <message>
+        <source>Reconciled for %1: %2</source>
+        <translation>Abgeglichen für %1: %2</translation>
+    </message>
+    <message>
+        <source>Reconciled for %1</source>
+        <translation>Abgeglichen für %1</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>&amp;Zeigen</translation>
+    </message>
+    <message>
+        <source>Other steps were done since; undo them first.</source>
+        <translation>Danach kamen weitere Schritte; machen Sie diese zuerst rückgängig.</translation>
+    </message>
+    <message>
+        <source>Optional files of the installation fit this project: %1. They are left out unless you choose some.</source>
+        <translation>Zu diesem Projekt passen optionale Dateien der Installation: %1. Sie bleiben weg, wenn Sie keine wählen.</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Wählen…</translation>
+    </message>
+    <message>
+        <source>&amp;Not Now</source>
+        <translation>&amp;Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>The file holds a list of an older version. It is shown as one of today's; the next save writes it so.</source>
+        <translation>Die Datei enthält eine Liste einer älteren Fassung. Sie wird als heutige gezeigt; das nächste Speichern schreibt sie so.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TNoticeStrip</name>
+    <message>
+        <source>Close the notice</source>
+        <translation>Hinweis schließen</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDifferenceDialog</name>
+    <message>
+        <source>Removed</source>
+        <translation>Entfernt</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>Hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>Klasse</translation>
+    </message>
+    <message>
+        <source>For</source>
+        <translation>Für</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Warum</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TMissingNotices</name>
+    <message>
+        <source>The project goes to %1 by the remote profile %2, which is not on this machine.</source>
+        <translation>Das Projekt geht für %1 über das Remote-Profil %2, das es auf diesem Rechner nicht gibt.</translation>
+    </message>
+    <message>
+        <source>Use the &amp;Folder %1</source>
+        <translation>&amp;Ordner %1 nehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Make It…</source>
+        <translation>&amp;Anlegen…</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose Another…</source>
+        <translation>Anderes &amp;wählen…</translation>
+    </message>
+    <message>
+        <source>%1, which a build of the project makes, is not there: build it first, or the deploy goes without it.</source>
+        <translation>%1, das Ergebnis eines Builds, ist nicht da: Erstellen Sie es zuerst, sonst geht das Deployment ohne es.</translation>
+    </message>
+    <message>
+        <source>&amp;Go to Row</source>
+        <translation>&amp;Zur Zeile</translation>
+    </message>
+</context>
+<context>
+    <name>ExampleProjects</name>
+    <message>
+        <source>A library with its data for Windows, macOS and Android</source>
+        <translation>Eine Bibliothek mit ihren Daten für Windows, macOS und Android</translation>
+    </message>
+    <message>
+        <source>A program with artwork and optional files for six platforms</source>
+        <translation>Ein Programm mit Bildern und optionalen Dateien für sechs Plattformen</translation>
+    </message>
+    <message>
+        <source>A service for two kinds of Linux machine</source>
+        <translation>Ein Dienst für zwei Arten von Linux-Rechnern</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TGuideDialog</name>
+    <message>
+        <source>User Guide</source>
+        <translation>Handbuch</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TNewProjectDialog</name>
+    <message>
+        <source>New Project</source>
+        <translation>Neues Projekt</translation>
+    </message>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen…</translation>
+    </message>
+    <message>
+        <source>Browse: %1</source>
+        <translation>Durchsuchen: %1</translation>
+    </message>
+    <message>
+        <source>Project &amp;file</source>
+        <translation>Projekt&amp;datei</translation>
+    </message>
+    <message>
+        <source>&amp;Empty, for these platforms</source>
+        <translation>&amp;Leer, für diese Plattformen</translation>
+    </message>
+    <message>
+        <source>From the install rules of a &amp;build directory</source>
+        <translation>Aus den Installationsregeln eines &amp;Build-Verzeichnisses</translation>
+    </message>
+    <message>
+        <source>Platforms</source>
+        <translation>Plattformen</translation>
+    </message>
+    <message>
+        <source>&amp;Kind of program</source>
+        <translation>&amp;Art des Programms</translation>
+    </message>
+    <message>
+        <source>&amp;Platforms</source>
+        <translation>&amp;Plattformen</translation>
+    </message>
+    <message>
+        <source>&amp;Configurations</source>
+        <translation>&amp;Konfigurationen</translation>
+    </message>
+    <message>
+        <source>Build &amp;directory</source>
+        <translation>Build-&amp;Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Of CMake or Meson; CMake may be run to tell what it installs.</source>
+        <translation>Von CMake oder Meson; CMake wird vielleicht ausgeführt, damit es sagt, was es installiert.</translation>
+    </message>
+    <message>
+        <source>It builds &amp;for</source>
+        <translation>Es baut &amp;für</translation>
+    </message>
+    <message>
+        <source>&amp;Make Project</source>
+        <translation>Projekt &amp;anlegen</translation>
+    </message>
+    <message>
+        <source>Projects (*.vproj)</source>
+        <translation>Projekte (*.vproj)</translation>
+    </message>
+    <message>
+        <source>Build Directory</source>
+        <translation>Build-Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Name the file of the project, with its directory.</source>
+        <translation>Nennen Sie die Datei des Projekts mit ihrem Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>The name of a project cannot hold &quot;\&quot;.</source>
+        <translation>Der Name eines Projekts kann kein „\“ enthalten.</translation>
+    </message>
+    <message>
+        <source>%1 exists already.</source>
+        <translation>%1 gibt es schon.</translation>
+    </message>
+    <message>
+        <source>There is no directory %1.</source>
+        <translation>Es gibt kein Verzeichnis %1.</translation>
+    </message>
+    <message>
+        <source>Name the build directory.</source>
+        <translation>Nennen Sie das Build-Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>Tick a platform.</source>
+        <translation>Wählen Sie eine Plattform aus.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TWindowHistory</name>
+    <message>
+        <source>Choose a single platform: each has a history of its own.</source>
+        <translation>Wählen Sie eine einzelne Plattform: jede hat ihren eigenen Verlauf.</translation>
+    </message>
+    <message>
+        <source>The target keeps no record of deploys.</source>
+        <translation>Das Zielgerät merkt sich keine Verteilungen.</translation>
+    </message>
+    <message>
+        <source>Reading the record of the target…</source>
+        <translation>Lese, was sich das Zielgerät gemerkt hat…</translation>
+    </message>
+    <message>
+        <source>No connection to %1: %2</source>
+        <translation>Keine Verbindung zu %1: %2</translation>
+    </message>
+    <message>
+        <source>Taking back…</source>
+        <translation>Nehme zurück…</translation>
+    </message>
+    <message>
+        <source>The record on the target is of a newer version of this program.</source>
+        <translation>Was sich das Zielgerät gemerkt hat, stammt von einer neueren Version dieses Programms.</translation>
+    </message>
+    <message>
+        <source>The record on the target is damaged: %1.</source>
+        <translation>Was sich das Zielgerät gemerkt hat, ist beschädigt: %1.</translation>
+    </message>
+    <message>
+        <source>The target remembers no deploys of this project yet.</source>
+        <translation>Das Zielgerät erinnert sich noch an keine Verteilung dieses Projekts.</translation>
+    </message>
+</context>
+<context>
+    <name>RowState</name>
+    <message>
+        <source>same</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>to copy</source>
+        <translation>zu kopieren</translation>
+    </message>
+    <message>
+        <source>changed there</source>
+        <translation>dort geändert</translation>
+    </message>
+    <message>
+        <source>kept</source>
+        <translation>bleibt</translation>
+    </message>
+    <message>
+        <source>missing here</source>
+        <translation>fehlt hier</translation>
+    </message>
+    <message>
+        <source>switched off</source>
+        <translation>abgewählt</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>The target has this very file.</source>
+        <translation>Das Ziel hat genau diese Datei.</translation>
+    </message>
+    <message>
+        <source>The target has no such file or an older one: a deploy copies it.</source>
+        <translation>Das Ziel hat keine solche Datei oder eine ältere: eine Verteilung kopiert sie.</translation>
+    </message>
+    <message>
+        <source>The file on the target is newer than the one here.</source>
+        <translation>Die Datei auf dem Ziel ist neuer als die hier.</translation>
+    </message>
+    <message>
+        <source>The target has another file, and Overwrite is off: a deploy leaves it.</source>
+        <translation>Das Ziel hat eine andere Datei, und Überschreiben ist aus: eine Verteilung lässt sie stehen.</translation>
+    </message>
+    <message>
+        <source>There is no such file on this machine, so it cannot be deployed.</source>
+        <translation>Auf diesem Rechner gibt es keine solche Datei, darum kann sie nicht verteilt werden.</translation>
+    </message>
+    <message>
+        <source>The box is not ticked: a deploy leaves the file out.</source>
+        <translation>Das Kästchen ist nicht angehakt: eine Verteilung lässt die Datei aus.</translation>
+    </message>
+    <message>
+        <source>The target was not asked, or could not tell. Connect to learn the state.</source>
+        <translation>Das Ziel wurde nicht gefragt oder wusste es nicht. Verbinden Sie sich, um den Stand zu erfahren.</translation>
+    </message>
+</context>
+<context>
+    <name>TTargetBar</name>
+    <message>
+        <source>answers of just now</source>
+        <translation>Antworten von eben</translation>
+    </message>
+    <message numerus="yes">
+        <source>answers %n minute(s) old</source>
+        <translation>
+            <numerusform>Antworten %n Minute alt</numerusform>
+            <numerusform>Antworten %n Minuten alt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Connecting to %1 …</source>
+        <translation>Verbindung mit %1 wird aufgenommen …</translation>
+    </message>
+    <message>
+        <source>Connected since %1, %2</source>
+        <translation>Verbunden seit %1, %2</translation>
+    </message>
+    <message>
+        <source>Connection lost: %1</source>
+        <translation>Verbindung verloren: %1</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TTargetBar</name>
+    <message>
+        <source>Platform</source>
+        <translation>Plattform</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Konfiguration</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>Profiles…</source>
+        <translation>Profile …</translation>
+    </message>
+    <message>
+        <source>Make a profile, or assign one to the project</source>
+        <translation>Ein Profil anlegen oder dem Projekt eines zuweisen</translation>
+    </message>
+    <message>
+        <source>All Platforms</source>
+        <translation>Alle Plattformen</translation>
+    </message>
+    <message>
+        <source>Profile %1: %2</source>
+        <translation>Profil %1: %2</translation>
+    </message>
+    <message>
+        <source>The profile %1 is not on this machine.</source>
+        <translation>Das Profil %1 gibt es auf diesem Rechner nicht.</translation>
+    </message>
+    <message>
+        <source>Choose one platform to see where its files go.</source>
+        <translation>Wählen Sie eine Plattform, um zu sehen, wohin ihre Dateien gehen.</translation>
+    </message>
+    <message>
+        <source>No profile says where the files go.</source>
+        <translation>Kein Profil sagt, wohin die Dateien gehen.</translation>
+    </message>
+    <message>
+        <source>The files are put together beside the program; no profile is needed.</source>
+        <translation>Die Dateien werden neben dem Programm zusammengestellt; ein Profil ist nicht nötig.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Gives the attempt up</source>
+        <translation>Gibt den Versuch auf</translation>
+    </message>
+    <message>
+        <source>Lets the machine go (F8)</source>
+        <translation>Trennt die Verbindung (F8)</translation>
+    </message>
+    <message>
+        <source>Compares the files with those on the machine (F8)</source>
+        <translation>Vergleicht die Dateien mit denen auf dem Rechner (F8)</translation>
+    </message>
+    <message>
+        <source>There is no machine for all platforms at once: choose one platform.</source>
+        <translation>Für alle Plattformen zugleich gibt es keinen Rechner: wählen Sie eine Plattform.</translation>
+    </message>
+    <message>
+        <source>There is nowhere to connect to: the platform has no profile.</source>
+        <translation>Es gibt kein Ziel für eine Verbindung: die Plattform hat kein Profil.</translation>
+    </message>
+    <message>
+        <source>Files for this platform go to no machine.</source>
+        <translation>Dateien dieser Plattform gehen auf keinen Rechner.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TStateChips</name>
+    <message>
+        <source>States of the files</source>
+        <translation>Stand der Dateien</translation>
+    </message>
+    <message>
+        <source>Click to see these files alone, and again to see all.</source>
+        <translation>Ein Klick zeigt nur diese Dateien, ein zweiter wieder alle.</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TRowList</name>
+    <message>
+        <source>(beside the project)</source>
+        <translation>(neben dem Projekt)</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TFilterBar</name>
+    <message>
+        <source>Class</source>
+        <translation>Klasse</translation>
+    </message>
+    <message>
+        <source>Group by</source>
+        <translation>Gruppieren</translation>
+    </message>
+    <message>
+        <source>No groups</source>
+        <translation>Keine Gruppen</translation>
+    </message>
+    <message>
+        <source>By folder</source>
+        <translation>Nach Ordner</translation>
+    </message>
+    <message>
+        <source>By class</source>
+        <translation>Nach Klasse</translation>
+    </message>
+    <message>
+        <source>By state</source>
+        <translation>Nach Stand</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Filter: words of paths, names, classes or states (Ctrl+F)</source>
+        <translation>Filter: Wörter aus Pfad, Name, Klasse oder Stand (Strg+F)</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
+    </message>
+    <message>
+        <source>Choose the columns of the list</source>
+        <translation>Spalten der Liste wählen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n file(s)</source>
+        <translation>
+            <numerusform>%1 von %n Datei</numerusform>
+            <numerusform>%1 von %n Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All classes</source>
+        <translation>Alle Klassen</translation>
+    </message>
+</context>
+<context>
+    <name>TPlatformMatrix</name>
+    <message>
+        <source>copy</source>
+        <translation>kopieren</translation>
+    </message>
+    <message>
+        <source>copy, executable</source>
+        <translation>kopieren, ausführbar</translation>
+    </message>
+    <message>
+        <source>unpack</source>
+        <translation>auspacken</translation>
+    </message>
+    <message>
+        <source>run</source>
+        <translation>ausführen</translation>
+    </message>
+    <message>
+        <source>run and remove</source>
+        <translation>ausführen und entfernen</translation>
+    </message>
+    <message>
+        <source>remove</source>
+        <translation>entfernen</translation>
+    </message>
+    <message>
+        <source>as the class says</source>
+        <translation>wie die Klasse</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TPlatformMatrix</name>
+    <message>
+        <source>(different)</source>
+        <translation>(verschieden)</translation>
+    </message>
+    <message>
+        <source>%1
+The entry leaves it open, so its class or the project says it.</source>
+        <translation>%1
+Der Eintrag lässt es offen; es gilt, was Klasse oder Projekt sagen.</translation>
+    </message>
+    <message>
+        <source>Deployed</source>
+        <translation>Verteilt</translation>
+    </message>
+    <message>
+        <source>Directory</source>
+        <translation>Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Operation</source>
+        <translation>Vorgang</translation>
+    </message>
+    <message>
+        <source>Commands here</source>
+        <translation>Befehle hier</translation>
+    </message>
+    <message>
+        <source>Commands there</source>
+        <translation>Befehle dort</translation>
+    </message>
+    <message>
+        <source>%1 for %2</source>
+        <translation>%1 für %2</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TDetailsPane</name>
+    <message>
+        <source>Compare &amp;contents</source>
+        <translation>&amp;Inhalte vergleichen</translation>
+    </message>
+    <message>
+        <source>&amp;Why is it here?</source>
+        <translation>&amp;Warum steht sie hier?</translation>
+    </message>
+    <message>
+        <source>&amp;Required</source>
+        <translation>E&amp;rforderlich</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>What is known of the selected files</source>
+        <translation>Was über die ausgewählten Dateien bekannt ist</translation>
+    </message>
+    <message>
+        <source>What the selected files say about each platform</source>
+        <translation>Was für die ausgewählten Dateien je Plattform gilt</translation>
+    </message>
+    <message>
+        <source>no condition</source>
+        <translation>keine Bedingung</translation>
+    </message>
+    <message>
+        <source>Reads the file here and the one on the target, and the record of the last deploy</source>
+        <translation>Liest die Datei hier und die auf dem Ziel sowie das Protokoll der letzten Verteilung</translation>
+    </message>
+    <message>
+        <source>Goes through the rules of the target once more</source>
+        <translation>Geht die Regeln des Ziels noch einmal durch</translation>
+    </message>
+    <message>
+        <source>C&amp;ondition:</source>
+        <translation>&amp;Bedingung:</translation>
+    </message>
+    <message>
+        <source>(no profile)</source>
+        <translation>(kein Profil)</translation>
+    </message>
+    <message>
+        <source>Select files to see where they come from, where they go and why.</source>
+        <translation>Wählen Sie Dateien aus, um zu sehen, woher sie kommen, wohin sie gehen und warum.</translation>
+    </message>
+    <message>
+        <source>(different)</source>
+        <translation>(verschieden)</translation>
+    </message>
+    <message>
+        <source>Condition</source>
+        <translation>Bedingung</translation>
+    </message>
+    <message>
+        <source>Required</source>
+        <translation>Erforderlich</translation>
+    </message>
+</context>
+<context>
+    <name>TDetails</name>
+    <message>
+        <source>no such file</source>
+        <translation>keine solche Datei</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>%1, %2, content %3</source>
+        <translation>%1, %2, Inhalt %3</translation>
+    </message>
+    <message>
+        <source>Both contents are the same.</source>
+        <translation>Beide Inhalte sind gleich.</translation>
+    </message>
+    <message>
+        <source>The contents differ.</source>
+        <translation>Die Inhalte sind verschieden.</translation>
+    </message>
+    <message>
+        <source>Both were changed since the last deploy.</source>
+        <translation>Beide wurden seit der letzten Verteilung geändert.</translation>
+    </message>
+    <message>
+        <source>The one on the target was changed since the last deploy.</source>
+        <translation>Die auf dem Ziel wurde seit der letzten Verteilung geändert.</translation>
+    </message>
+    <message>
+        <source>The one here was changed since the last deploy.</source>
+        <translation>Die hier wurde seit der letzten Verteilung geändert.</translation>
+    </message>
+    <message>
+        <source>Here</source>
+        <translation>Hier</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>Deployed</source>
+        <translation>Verteilt</translation>
+    </message>
+    <message>
+        <source>no deploy remembers it</source>
+        <translation>keine Verteilung kennt sie</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>Klasse</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Konfiguration</translation>
+    </message>
+    <message>
+        <source>Local file</source>
+        <translation>Lokale Datei</translation>
+    </message>
+    <message>
+        <source>There is no such file now.</source>
+        <translation>Es gibt sie zurzeit nicht.</translation>
+    </message>
+    <message>
+        <source>Lands at</source>
+        <translation>Kommt nach</translation>
+    </message>
+    <message>
+        <source>Choose one platform to see it.</source>
+        <translation>Wählen Sie eine Plattform, um es zu sehen.</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Why it is in the list</source>
+        <translation>Warum sie in der Liste steht</translation>
+    </message>
+    <message>
+        <source>(different)</source>
+        <translation>(verschieden)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files are selected</source>
+        <translation>
+            <numerusform>%n Datei ist ausgewählt</numerusform>
+            <numerusform>%n Dateien sind ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Select fewer of them to see and edit what they share.</source>
+        <translation>Wählen Sie weniger aus, um zu sehen und zu ändern, was sie gemeinsam haben.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of them are missing here</source>
+        <translation>
+            <numerusform>%n davon fehlt hier</numerusform>
+            <numerusform>%n davon fehlen hier</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TTargetsModel</name>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TTargetsDialog</name>
+    <message>
+        <source>&amp;Compare</source>
+        <translation>&amp;Vergleichen</translation>
+    </message>
+    <message>
+        <source>Only what &amp;differs</source>
+        <translation>Nur &amp;Unterschiede</translation>
+    </message>
+    <message>
+        <source>Targets of %1, %2</source>
+        <translation>Ziele für %1, %2</translation>
+    </message>
+    <message>
+        <source>Profiles</source>
+        <translation>Profile</translation>
+    </message>
+    <message>
+        <source>Group of profiles</source>
+        <translation>Gruppe von Profilen</translation>
+    </message>
+    <message>
+        <source>All profiles</source>
+        <translation>Alle Profile</translation>
+    </message>
+    <message>
+        <source>Files on each target</source>
+        <translation>Dateien auf jedem Ziel</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>There is no profile for this platform. Make one with Tools, Remote Profiles.</source>
+        <translation>Für diese Plattform gibt es kein Profil. Legen Sie eines an: Extras, Profile.</translation>
+    </message>
+    <message>
+        <source>Asks every ticked target; nothing is copied</source>
+        <translation>Fragt jedes angehakte Ziel; nichts wird kopiert</translation>
+    </message>
+    <message>
+        <source>Tick the targets that are to be asked.</source>
+        <translation>Haken Sie die Ziele an, die gefragt werden sollen.</translation>
+    </message>
+    <message>
+        <source>Comparing…</source>
+        <translation>Vergleich läuft …</translation>
     </message>
 </context>
 <context>

@@ -10,20 +10,54 @@ namespace workbench {
 
 TLegibleStyle::TLegibleStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
+// A frame stands between what is in the control and what is around it, and is seen on both.
+void TLegibleStyle::DrawFrame(const QStyleOption& option, QPainter& painter, TShape shape) {
+  const QPalette& palette = option.palette;
+  const bool hasFocus = (option.state & State_HasFocus) != 0;
+  QColor color = palette.color(hasFocus ? QPalette::Highlight : QPalette::Mid);
+  for (const auto role : {QPalette::Base, QPalette::Window})
+    color = WithContrast(color, palette.color(QPalette::Text), palette.color(role), FrameContrast);
+  constexpr qreal Half = 0.5;
+  constexpr qreal Radius = 2;
+  const QRectF rect = QRectF(option.rect).adjusted(Half, Half, -Half, -Half);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing, shape != TShape::Box);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(color);
+  if (shape == TShape::Box)
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+  else if (shape == TShape::Round)
+    painter.drawEllipse(rect);
+  else
+    painter.drawRoundedRect(rect, Radius, Radius);
+  painter.restore();
+}
+
 void TLegibleStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                   QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);
-  if (element != PE_IndicatorCheckBox || !option || !painter)
+  if (!option || !painter)
     return;
-  const QPalette& palette = option->palette;
-  const QColor background = palette.color(QPalette::Base);
-  painter->save();
-  painter->setRenderHint(QPainter::Antialiasing, false);
-  painter->setBrush(Qt::NoBrush);
-  painter->setPen(WithContrast(palette.color(QPalette::Mid), palette.color(QPalette::Text),
-                               background, FrameContrast));
-  painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
-  painter->restore();
+  const bool isEnabled = (option->state & State_Enabled) != 0;
+  if (element == PE_IndicatorCheckBox)
+    DrawFrame(*option, *painter, TShape::Box);
+  else if (!isEnabled)
+    return;
+  else if (element == PE_IndicatorRadioButton)
+    DrawFrame(*option, *painter, TShape::Round);
+  else if (element == PE_FrameLineEdit || element == PE_PanelButtonCommand)
+    DrawFrame(*option, *painter, TShape::Field);
+}
+
+void TLegibleStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                       QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  if (!option || !painter || !(option->state & State_Enabled))
+    return;
+  const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+  const bool isFramedBox = control == CC_ComboBox && box && box->frame;
+  if (isFramedBox || control == CC_SpinBox)
+    DrawFrame(*option, *painter, TShape::Field);
 }
 
 } // namespace workbench

@@ -5,7 +5,8 @@
 
 namespace workbench {
 
-/// Draws the frames of boxes so that they are seen on light and on dark, ticked or not.
+/// Draws the frames of boxes, fields and buttons so that they are seen on light and on dark, ticked
+/// or not.
 class TLegibleStyle final : public QProxyStyle {
   Q_OBJECT
 
@@ -14,6 +15,13 @@ public:
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                          QPainter* painter, const QWidget* widget) const override;
+
+private:
+  enum class TShape { Box, Round, Field };
+
+  static void DrawFrame(const QStyleOption& option, QPainter& painter, TShape shape);
 };
 
 } // namespace workbench

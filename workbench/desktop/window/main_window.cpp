@@ -3,16 +3,20 @@
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/svg_icon.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
+#include "workbench/desktop/details/details_pane.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
 #include "workbench/desktop/interaction/list_commands.h"
 #include "workbench/desktop/interaction/served_session.h"
 #include "workbench/desktop/interaction/window_deploys.h"
+#include "workbench/desktop/notices/missing_notices.h"
 #include "workbench/desktop/notices/project_notices.h"
+#include "workbench/desktop/projects/added_rows.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/projects/recovery_question.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
-#include "workbench/desktop/window/welcome_page.h"
+#include "workbench/desktop/welcome/welcome_page.h"
+#include "workbench/desktop/window/project_panes.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/desktop/window/window_panes.h"
 #include "workbench/desktop/window/window_status.h"
@@ -25,6 +29,7 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QMimeData>
+#include <QScreen>
 #include <QStackedWidget>
 #include <chrono>
 #include <string_view>
@@ -34,6 +39,7 @@ namespace {
 
 constexpr std::chrono::milliseconds RefreshInterval(500);
 constexpr QSize FirstSize(1180, 680);
+constexpr QSize WideSize(1480, 760); // all columns, and the details beside them
 
 constexpr std::string_view WindowImage = R"(<svg xmlns="http://www.w3.org/2000/svg"
  viewBox="0 0 32 32"><rect x="3" y="13" width="26" height="16" rx="3" fill="#4a6fa5"/>
@@ -57,10 +63,14 @@ TMainWindow::TMainWindow(TSession& session)
                               .Background = FBackground,
                               .Panel = *FPanel,
                               .Window = *this,
-                              .Say = [this](const QString& text) { FStatus->Say(text); }});
+                              .Say = [this](const QString& text) { FStatus->Say(text); },
+                              .ConnectionLost =
+                                  [this](const std::string& profile, const std::string& reason) {
+                                    FProjectPanes->ConnectionLost(profile, reason);
+                                  }});
   WatchState();
   if (FLayout.Geometry.isEmpty() || !restoreGeometry(FLayout.Geometry))
-    resize(FirstSize);
+    resize(WideSize.boundedTo(screen()->availableSize()).expandedTo(FirstSize));
   ShowState();
 }
 
@@ -68,6 +78,7 @@ TMainWindow::~TMainWindow() {
   FPoll.stop();
   FState.stop();
   FTabs->disconnect(this);
+  FProjectPanes->Show(nullptr, nullptr);
   FProjects.reset(); // edits that were not saved stay in their journals
   FServed.reset();
 }
@@ -82,6 +93,7 @@ void TMainWindow::WatchState() {
   connect(&FWatcher, &TProjectWatcher::FilesChanged, this, &TMainWindow::CheckDisk);
   WatchFiles();
   connect(FProjects.get(), &TProjectTabs::Notice, FStatus, &TWindowStatus::Say);
+  connect(FProjectPanes, &TProjectPanes::ProfilesWanted, this, [this] { FServed->ShowProfiles(); });
   connect(FListCommands, &TListCommands::Done, this, [this] {
     if (!FServed->Deploys().FocusPlan())
       FocusListSoon();
@@ -90,9 +102,11 @@ void TMainWindow::WatchState() {
 
 void TMainWindow::WatchFiles() {
   std::vector<std::filesystem::path> files = FProjects->Files();
-  const std::filesystem::path& profiles = FSession.RemoteProfiles().Profiles().File();
-  if (!profiles.empty())
-    files.push_back(profiles);
+  for (const std::filesystem::path& file :
+       {FSession.RemoteProfiles().Profiles().File(), FSession.Settings().File()}) {
+    if (!file.empty())
+      files.push_back(file);
+  }
   FWatcher.Watch(files);
 }
 
@@ -100,8 +114,12 @@ void TMainWindow::WatchFiles() {
 void TMainWindow::CheckDisk() {
   if (FBackground.IsBusy() || QApplication::activeModalWidget())
     return;
-  Guarded([this] { FSession.RemoteProfiles().ReadProfilesAnew(); });
+  Guarded([this] {
+    FSession.RemoteProfiles().ReadProfilesAnew();
+    FSession.Settings().ReadAnew();
+  });
   FProjects->CheckDisk();
+  FMissing->Look(CurrentProject());
 }
 
 void TMainWindow::MakePages() {
@@ -109,22 +127,25 @@ void TMainWindow::MakePages() {
   FTabs = new TEditorTabs(
       FSession.Settings(), [this] { return FBackground.IsBusy(); }, this);
   FProjects = std::make_unique<TProjectTabs>(FSession, *FTabs, FBackground, *FModalForms, *this);
-  FNotices = new TProjectNotices(*FProjects, *this);
+  FNotices = new TProjectNotices(*FProjects, FSession.Settings(), *this);
+  FMissing = new TMissingNotices(
+      FSession, *FProjects, *FNotices, [this] { FServed->ShowProfiles(); }, *this);
   FPanel = new TDeployPanel(this);
   FPanel->hide();
   FBackground.Allow(FPanel);
-  FWelcome = new TWelcomePage(this);
-  connect(FWelcome, &TWelcomePage::OpenWanted, this, &TMainWindow::AskForProject);
+  MakeWelcome();
   FPages = new QStackedWidget(this);
   FPages->addWidget(FWelcome);
   FPages->addWidget(FTabs);
   FPanes = new TWindowPanes(FPages, this);
+  FProjectPanes = new TProjectPanes(FSession, *FProjects, *this);
+  FPanes->AddBeside(&FProjectPanes->Details());
   FPanes->AddBelow(FPanel);
   FPanes->Restore(FLayout.Split, FLayout.Widths);
   setCentralWidget(FPanes);
   connect(FTabs, &QTabWidget::tabCloseRequested, this,
           [this](int index) { FProjects->Close(index); });
-  connect(FTabs, &QTabWidget::tabBarClicked, this, [this] { FProjects->CommitEditors(); });
+  FTabs->SetMayLeave([this] { return FProjects->CommitEditors(); });
   connect(FTabs, &QTabWidget::currentChanged, this, &TMainWindow::ShowPage);
   connect(FProjects.get(), &TProjectTabs::Opened, this,
           [this](TOpenProject* project) { Opened(*project); });
@@ -175,6 +196,7 @@ void TMainWindow::Opened(TOpenProject& project) {
   if (!controls || !controls->Tree())
     return;
   FListCommands->Attach(project, *controls);
+  FProjectPanes->Attach(project, *controls);
   TTreeView& view = controls->Tree()->View();
   view.setAccessibleName(tr("Files of %1").arg(PathToQString(project.GivenFileName().stem())));
   if (!FLayout.Columns.isEmpty()) {
@@ -188,7 +210,11 @@ void TMainWindow::Opened(TOpenProject& project) {
 void TMainWindow::ShowPage() {
   FPages->setCurrentWidget(FTabs->count() > 0 ? static_cast<QWidget*>(FTabs)
                                               : static_cast<QWidget*>(FWelcome));
+  if (FTabs->count() == 0)
+    ShowRecent();
+  FMissing->Look(CurrentProject());
   emit ProjectShown(CurrentProject(), CurrentControls());
+  FProjectPanes->Show(CurrentProject(), CurrentControls());
   FocusListSoon();
   ShowState();
 }
@@ -208,6 +234,7 @@ void TMainWindow::ShowState() {
                        FProjects->EndSteps();
                        FProjects->ShowModified();
                        FNotices->Update();
+                       FMissing->Update(CurrentProject());
                        FMenus->Update();
                        FStatus->Update();
                      });
@@ -215,14 +242,27 @@ void TMainWindow::ShowState() {
     FPoll.stop();
 }
 
-// Files of projects are opened, others are added to the list in front.
+void TMainWindow::AddDroppedFolder(const std::filesystem::path& folder) {
+  TOpenProject* project = CurrentProject();
+  TFormControls* controls = CurrentControls();
+  auto* newRows = controls ? controls->findChild<TNewRows*>() : nullptr;
+  if (!project || !newRows)
+    return;
+  newRows->Begin();
+  FProjects->Edit(*project, tr("Add %1").arg(PathToQString(folder.filename())),
+                  [&] { AddFolder(*project, *controls, FSession.Platforms(), folder); });
+  newRows->Select();
+}
+
+// Files of projects are opened, others are added to the list in front, folders with what is in
+// them.
 void TMainWindow::AddDropped(const QStringList& files) {
   std::vector<std::string> added;
   for (const QString& file : files) {
     const std::filesystem::path path = ToPathText(file);
     if (std::error_code ignored; std::filesystem::is_directory(path, ignored))
-      return ShowError(tr("Add Files"), tr("%1 is a directory; drop its files.").arg(file), this);
-    if (IsProjectFile(path) || IsSolutionName(path))
+      AddDroppedFolder(path);
+    else if (IsProjectFile(path) || IsSolutionName(path))
       Open(path);
     else
       added.push_back(path.string());

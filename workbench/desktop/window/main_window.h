@@ -21,9 +21,11 @@ namespace workbench {
 
 class TDeployPanel;
 class TListCommands;
+class TMissingNotices;
 class TModalDialogs;
 class TServedSession;
 class TProjectNotices;
+class TProjectPanes;
 class TWelcomePage;
 class TWindowPanes;
 class TWindowMenus;
@@ -68,6 +70,7 @@ protected:
 
 private:
   void MakePages();
+  void MakeWelcome();
   void MakeMenus();
   std::vector<TWindowCommand> FileCommands();
   std::vector<TWindowCommand> EditCommands();
@@ -82,12 +85,16 @@ private:
   void ShowPage();
   void FocusListSoon();
   void AskForProject();
+  void NewProject();
+  void ShowRecent();
+  void ShowGuide();
   void SaveAs();
   void Step(void (TEditHistory::*step)());
   void Copy();
   void SelectAll();
   void AddDropped(const QStringList& files);
-  void ShowProfiles();
+  void AddDroppedFolder(const std::filesystem::path& folder);
+  void ShowTargets();
   void ShowAbout();
   void KeepLayout() const;
 
@@ -102,7 +109,9 @@ private:
   TWindowMenus* FMenus = nullptr;
   TWindowStatus* FStatus = nullptr;
   TProjectNotices* FNotices = nullptr;
+  TMissingNotices* FMissing = nullptr;
   TListCommands* FListCommands = nullptr;
+  TProjectPanes* FProjectPanes = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
   std::unique_ptr<TServedSession> FServed;

@@ -1,11 +1,24 @@
 // The table of the window's commands and what stands behind them.
-#include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
+#include "package/host/api/platforms.h"
+#include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/deploy/deploy_panel.h"
+#include "workbench/desktop/details/details_pane.h"
 #include "workbench/desktop/dialogs/settings/settings_dialog.h"
+#include "workbench/desktop/interaction/served_session.h"
+#include "workbench/desktop/interaction/window_deploys.h"
+#include "workbench/desktop/interaction/window_history.h"
 #include "workbench/desktop/projects/project_names.h"
+#include "workbench/desktop/projects/shown_target.h"
+#include "workbench/desktop/target/targets_dialog.h"
 #include "workbench/desktop/text/qt_text.h"
+#include "workbench/desktop/welcome/guide_dialog.h"
+#include "workbench/desktop/welcome/new_project_dialog.h"
+#include "workbench/desktop/welcome/welcome_page.h"
 #include "workbench/desktop/window/main_window.h"
+#include "workbench/desktop/window/project_panes.h"
 #include "workbench/desktop/window/row_text.h"
 #include "workbench/desktop/window/window_menus.h"
+#include "workbench/project/project_settings.h"
 #include "workbench/session/session.h"
 
 #include <QApplication>
@@ -30,12 +43,17 @@ void TMainWindow::MakeMenus() {
   FMenus->AddMenu(tr("&Edit"), EditCommands());
   FMenus->AddDeploymentMenu();
   FMenus->AddMenu(tr("&Tools"), ToolsCommands());
-  FMenus->AddMenu(tr("&Help"), {{tr("&About"), {}, [this] { ShowAbout(); }}});
+  std::vector<TWindowCommand> help;
+  if (!FindGuide(FSession.Root()).empty())
+    help.push_back({tr("&User Guide"), QKeySequence::HelpContents, [this] { ShowGuide(); }});
+  help.push_back({tr("&About"), {}, [this] { ShowAbout(); }});
+  FMenus->AddMenu(tr("&Help"), help);
 }
 
 std::vector<TWindowCommand> TMainWindow::FileCommands() {
   const auto current = [this] { return FTabs->currentIndex(); };
   return {
+      {tr("&New…"), QKeySequence::New, [this] { NewProject(); }},
       {tr("&Open…"), QKeySequence::Open, [this] { AskForProject(); }, TCommandKind::Open},
       {},
       {tr("&Save"), QKeySequence::Save, [=, this] { FProjects->Save(current()); },
@@ -59,12 +77,28 @@ std::vector<TWindowCommand> TMainWindow::EditCommands() {
       {},
       {tr("&Copy Rows"), QKeySequence::Copy, [this] { Copy(); }, TCommandKind::Project},
       {tr("Select &All"), QKeySequence::SelectAll, [this] { SelectAll(); }, TCommandKind::Project},
+      {},
+      {tr("&Find"), QKeySequence::Find,
+       [this] {
+         if (TFormControls* controls = CurrentControls())
+           TProjectPanes::FocusFilter(*controls);
+       },
+       TCommandKind::Project},
+      {tr("&Details"), Qt::CTRL | Qt::Key_D, [this] { FProjectPanes->SwitchDetails(); },
+       TCommandKind::Project},
   };
 }
 
 std::vector<TWindowCommand> TMainWindow::ToolsCommands() {
   return {
-      {tr("Remote &Profiles…"), Qt::CTRL | Qt::Key_P, [this] { ShowProfiles(); }},
+      {tr("Show P&lan of Deploy"), Qt::SHIFT | Qt::Key_F9, [this] { FServed->Deploys().Plan(); },
+       TCommandKind::Project},
+      {tr("Show &Results of Deploy"), {}, [this] { FPanel->ShowPage(); }, TCommandKind::Project},
+      {tr("Deploy &History"), Qt::CTRL | Qt::Key_H, [this] { FServed->History().Show(); },
+       TCommandKind::Project},
+      {},
+      {tr("Remote &Profiles…"), Qt::CTRL | Qt::Key_P, [this] { FServed->ShowProfiles(); }},
+      {tr("&Targets…"), {}, [this] { ShowTargets(); }, TCommandKind::Project},
       {tr("&Settings…"), QKeySequence::Preferences,
        [this] { TSettingsDialog(FSession, this).exec(); }},
   };
@@ -76,6 +110,37 @@ void TMainWindow::AskForProject() {
                                     OpenFileFilter(), nullptr, QFileDialog::HideNameFilterDetails);
   for (const QString& file : files)
     Open(ToPathText(file));
+}
+
+void TMainWindow::NewProject() {
+  TNewProjectDialog dialog(FSession, this);
+  if (dialog.exec() == QDialog::Accepted)
+    Open(dialog.File());
+}
+
+void TMainWindow::MakeWelcome() {
+  const bool hasGuide = !FindGuide(FSession.Root()).empty();
+  FWelcome = new TWelcomePage(FindExamples(FSession.Root()), hasGuide, this);
+  connect(FWelcome, &TWelcomePage::OpenWanted, this, &TMainWindow::AskForProject);
+  connect(FWelcome, &TWelcomePage::NewWanted, this, &TMainWindow::NewProject);
+  connect(FWelcome, &TWelcomePage::GuideWanted, this, &TMainWindow::ShowGuide);
+  connect(FWelcome, &TWelcomePage::RecentWanted, this,
+          [this](const QString& file) { Open(ToPathText(file)); });
+  connect(FWelcome, &TWelcomePage::ExampleWanted, this, [this](const TExampleProject& example) {
+    Guarded([&] { Open(WritableExample(example)); });
+  });
+  ShowRecent();
+}
+
+void TMainWindow::ShowRecent() {
+  QStringList files;
+  for (const std::string& file : FSession.Settings().ReadHistory(RecentProjects))
+    files += PathToQString(file);
+  FWelcome->SetRecent(files);
+}
+
+void TMainWindow::ShowGuide() {
+  (new TGuideDialog(FindGuide(FSession.Root()), this))->show();
 }
 
 void TMainWindow::SaveAs() {
@@ -115,10 +180,18 @@ void TMainWindow::SelectAll() {
     controls->Tree()->View().selectAll();
 }
 
-void TMainWindow::ShowProfiles() {
-  TProfileManagerDialog(FSession, CurrentProject(), this).exec();
-  if (TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex()))
-    edits->FileWritten(); // a profile may have been assigned
+void TMainWindow::ShowTargets() {
+  TOpenProject* project = CurrentProject();
+  const TFormControls* controls = CurrentControls();
+  if (!project || !controls || !FProjects->CommitEditors())
+    return;
+  deployment::TDeploymentTarget target = ShownTarget(*controls);
+  if (target.Platform == deployment::sAllPlatforms)
+    target.Platform = project->Settings().ActivePlatform();
+  TTargetsDialog(
+      FSession, *project, target,
+      [this, project](const std::function<void()>& work) { FProjects->Work(*project, work); }, this)
+      .exec();
 }
 
 void TMainWindow::ShowAbout() {

@@ -103,13 +103,18 @@ void TWindowMenus::Update() {
   UpdateUndo();
 }
 
+// The name of a file may hold what menus take for a mnemonic.
+QString TWindowMenus::StepText(const std::string& name) {
+  return ToQString(name).replace(u'&', QStringLiteral("&&"));
+}
+
 void TWindowMenus::UpdateUndo() {
   TProjectEdits* edits = FProjects.EditsAt(FTabs.currentIndex());
   FUndo->setEnabled(edits && edits->History().CanUndo());
   FRedo->setEnabled(edits && edits->History().CanRedo());
-  FUndo->setText(FUndo->isEnabled() ? tr("&Undo: %1").arg(ToQString(edits->History().UndoName()))
+  FUndo->setText(FUndo->isEnabled() ? tr("&Undo: %1").arg(StepText(edits->History().UndoName()))
                                     : tr("&Undo"));
-  FRedo->setText(FRedo->isEnabled() ? tr("&Redo: %1").arg(ToQString(edits->History().RedoName()))
+  FRedo->setText(FRedo->isEnabled() ? tr("&Redo: %1").arg(StepText(edits->History().RedoName()))
                                     : tr("&Redo"));
 }
 

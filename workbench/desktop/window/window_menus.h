@@ -6,6 +6,7 @@
 #include <QString>
 #include <filesystem>
 #include <functional>
+#include <string>
 #include <vector>
 
 class QAction;
@@ -61,6 +62,7 @@ private:
   void FillRecent();
   void FillDeployment();
   void UpdateUndo();
+  static QString StepText(const std::string& name);
 
   QMainWindow& FWindow;
   TProjectTabs& FProjects;

@@ -47,7 +47,7 @@ void TWindowStatus::UpdateCounts() {
   QString text;
   if (controls && controls->Tree()) {
     const int selected = static_cast<int>(controls->Tree()->SelectedCount());
-    text = tr("%n file(s)", nullptr, controls->Tree()->Model().rowCount());
+    text = tr("%n file(s)", nullptr, controls->Tree()->Model().ShownCount());
     if (selected > 0)
       text += tr(", %n selected", nullptr, selected);
   }

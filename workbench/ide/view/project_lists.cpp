@@ -3,7 +3,6 @@
 #include "workbench/deploy/deploy_report.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
-#include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/interaction/list_commands.h"
 #include "workbench/desktop/interaction/served_session.h"
 #include "workbench/desktop/notices/project_notices.h"
@@ -63,7 +62,7 @@ TProjectLists::TProjectLists(QWidget* parent)
                         .Say = [this](const QString& text) { emit Notice(text); },
                         .Deployed = [this](const TDeployReport& report) { Deployed(report); }})),
       FCommands(new TListCommands(FSession, *this, TKeyReach::List)),
-      FNotices(new TProjectNotices(*FProjects, *this)) {
+      FNotices(new TProjectNotices(*FProjects, FSession.Settings(), *this)) {
   FTabs->tabBar()->hide(); // the IDE says which project is in front
   FPanel->hide();
   FBackground.Allow(FPanel);
@@ -168,9 +167,7 @@ bool TProjectLists::CanRedo() {
 }
 
 void TProjectLists::ShowProfiles() {
-  TProfileManagerDialog(FSession, CurrentProject(), this).exec();
-  if (TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex()))
-    edits->FileWritten(); // a profile may have been assigned
+  FServed->ShowProfiles();
 }
 
 void TProjectLists::Press(std::string_view button) {

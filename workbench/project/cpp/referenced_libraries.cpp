@@ -2,7 +2,7 @@
 
 #include "package/common/case_fold.h"
 #include "workbench/files/machine_path.h"
-#include "workbench/msbuild/project_paths.h"
+#include "workbench/msbuild/values/project_paths.h"
 #include "workbench/xml/short_text.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "package/common/case_fold.h"
 #include "package/common/errors.h"
 #include "workbench/files/file_reader.h"
-#include "workbench/msbuild/project_paths.h"
+#include "workbench/msbuild/values/project_paths.h"
 #include "workbench/xml/short_text.h"
 
 #include <algorithm>

@@ -18,7 +18,8 @@ class RowChoices : public ::testing::Test {
 protected:
   void SetUp() override {
     FFiles = {FPlace.File("a", "a", "deployed"), FPlace.File("b", "b", "12345")};
-    TRemotePlace::Write(FPlace.Target("a"), "a hotfix");
+    TRemotePlace::Write(FPlace.Target("a"),
+                        "a longer hotfix"); // seen by its size, whatever its time
     TRemotePlace::Write(FPlace.Target("c"), "left over");
     Record("a", "deployed");
     Record("c", "left over");

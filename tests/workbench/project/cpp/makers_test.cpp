@@ -1,7 +1,7 @@
 // What an MSBuild engine says about projects of other makers, and what we say.
 #include "package/common/case_fold.h"
 #include "workbench/json/json.h"
-#include "workbench/msbuild/project_paths.h"
+#include "workbench/msbuild/values/project_paths.h"
 #include "workbench/project/cpp/cpp_dialect.h"
 #include "workbench/project/import_loader.h"
 #include "workbench/xml/xml_reader.h"

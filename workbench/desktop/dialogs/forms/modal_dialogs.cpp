@@ -9,6 +9,8 @@ namespace workbench {
 using deployment::TModalResult;
 
 TModalResult TModalDialogs::ShowFeatureFiles(deployment::IFeatureFileForm& form) {
+  if (FOffers && FOffers(form))
+    return TModalResult::None;
   TFeatureFileDialog dialog(form, FParent);
   ++FAnswerCount;
   return dialog.exec() == QDialog::Accepted ? TModalResult::OK : TModalResult::Cancel;

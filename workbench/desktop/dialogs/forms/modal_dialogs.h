@@ -4,6 +4,8 @@
 #include "package/host/api/forms.h"
 
 #include <cstddef>
+#include <functional>
+#include <utility>
 
 class QWidget;
 
@@ -19,12 +21,19 @@ public:
   deployment::TModalResult ShowSelectPlatforms(deployment::ISelectForm& form) override;
   deployment::TModalResult ShowRevertToDefault(deployment::IRevertToDefaultForm& form) override;
 
+  /// Asked before a form that offers optional files is shown. True: it is offered in another way,
+  /// and nobody has answered yet. Empty: every form is shown.
+  void SetOffers(std::function<bool(const deployment::IFeatureFileForm&)> offers) {
+    FOffers = std::move(offers);
+  }
+
   /// How many forms that ask for optional files were answered so far; a form that was closed
   /// counts, since the package keeps that answer too.
   std::size_t AnswerCount() const { return FAnswerCount; }
 
 private:
   QWidget* FParent;
+  std::function<bool(const deployment::IFeatureFileForm&)> FOffers;
   std::size_t FAnswerCount = 0;
 };
 

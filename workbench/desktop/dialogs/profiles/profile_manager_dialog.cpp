@@ -88,7 +88,6 @@ void TProfileManagerDialog::MakeTable() {
 QPushButton* TProfileManagerDialog::AddButton(QVBoxLayout& column, const QString& text,
                                               void (TProfileManagerDialog::*run)()) {
   auto* button = new QPushButton(text, this);
-  button->setAutoDefault(false);
   connect(button, &QPushButton::clicked, this, run);
   column.addWidget(button);
   return button;
@@ -104,7 +103,8 @@ QVBoxLayout* TProfileManagerDialog::MakeButtons() {
   FTest = AddButton(*column, tr("&Test"), &TProfileManagerDialog::Test);
   FAssign = AddButton(*column, tr("A&ssign to Project"), &TProfileManagerDialog::Assign);
   column->addStretch();
-  AddButton(*column, tr("&Close"), &TProfileManagerDialog::reject);
+  // Enter presses the button that has the focus, and closes from the table.
+  AddButton(*column, tr("&Close"), &TProfileManagerDialog::reject)->setDefault(true);
   return column;
 }
 
@@ -255,7 +255,7 @@ void TProfileManagerDialog::Test() {
       std::string message;
       bool connected = false;
       try {
-        connected = services.Connect(*asked, message);
+        connected = services.Reach(*asked, message);
       } catch (const std::exception& error) {
         message = error.what();
       }
@@ -298,8 +298,9 @@ void TProfileManagerDialog::Assign() {
 }
 
 bool CreateAndAssignProfile(TSession& session, TOpenProject& project, std::string_view platform,
-                            QWidget* parent) {
+                            QWidget* parent, std::string_view name) {
   TProfile start;
+  start.Name = name;
   start.Platform = platform;
   TProfileEditDialog dialog(
       PlatformNames(session), start,

@@ -72,8 +72,8 @@ private:
 };
 
 /// Lets the user make a profile for a platform and assigns it to the project; false when the user
-/// gives up or the project cannot take it, which is said then.
+/// gives up or the project cannot take it, which is said then. `name` stands in the form at first.
 bool CreateAndAssignProfile(TSession& session, TOpenProject& project, std::string_view platform,
-                            QWidget* parent);
+                            QWidget* parent, std::string_view name = {});
 
 } // namespace workbench

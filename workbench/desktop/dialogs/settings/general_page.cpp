@@ -2,6 +2,7 @@
 
 #include "package/common/convert.h"
 #include "workbench/desktop/text/qt_text.h"
+#include "workbench/settings/flag_setting.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -24,7 +25,8 @@ TGeneralPage::TGeneralPage(TSettingsEdit& settings, QWidget* parent)
     : TSettingsPage(parent), FSettings(settings), FProductName(new QLineEdit(this)),
       FLanguage(new QComboBox(this)),
       FShowFeatured(
-          new QCheckBox(tr("Offer &featured files when a file of the project needs them"), this)) {
+          new QCheckBox(tr("Offer &featured files when a file of the project needs them"), this)),
+      FDeployUnasked(new QCheckBox(tr("&Deploy without asking when nothing conflicts"), this)) {
   FProductName->setObjectName(QStringLiteral("productName"));
   FProductName->setText(ToQString(settings.Get(ProductName)));
   FProductName->setPlaceholderText(QStringLiteral("Deployment Manager"));
@@ -41,11 +43,16 @@ TGeneralPage::TGeneralPage(TSettingsEdit& settings, QWidget* parent)
   FLanguage->setCurrentIndex(FLanguage->findData(language));
   FShowFeatured->setObjectName(QStringLiteral("showFeatured"));
   FShowFeatured->setChecked(IsOn(settings.Get(ShowFeatured)));
+  FDeployUnasked->setObjectName(QStringLiteral("deployUnasked"));
+  FDeployUnasked->setToolTip(tr("Else the plan is shown first."));
+  FDeployUnasked->setChecked(
+      deployment::TextToBoolean(settings.Get(DeployUnaskedSetting)).value_or(false));
   auto* form = new QFormLayout(this);
   form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
   form->addRow(tr("&Product name:"), FProductName);
   form->addRow(tr("&Language:"), FLanguage);
   form->addRow(FShowFeatured);
+  form->addRow(FDeployUnasked);
 }
 
 QString TGeneralPage::Title() const {
@@ -58,6 +65,11 @@ void TGeneralPage::Collect() {
   FSettings.Set(LanguageSetting, ToStdString(FLanguage->currentData().toString()));
   if (FShowFeatured->isChecked() != IsOn(FSettings.Get(ShowFeatured)))
     FSettings.Set(ShowFeatured, std::string(deployment::BooleanToText(FShowFeatured->isChecked())));
+  const bool wasUnasked =
+      deployment::TextToBoolean(FSettings.Get(DeployUnaskedSetting)).value_or(false);
+  if (FDeployUnasked->isChecked() != wasUnasked)
+    FSettings.Set(DeployUnaskedSetting,
+                  std::string(deployment::BooleanToText(FDeployUnasked->isChecked())));
 }
 
 } // namespace workbench

@@ -26,6 +26,7 @@ private:
   QLineEdit* FProductName;
   QComboBox* FLanguage;
   QCheckBox* FShowFeatured;
+  QCheckBox* FDeployUnasked;
 };
 
 } // namespace workbench
