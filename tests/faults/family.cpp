@@ -11,11 +11,7 @@ std::vector<int> IFamily::Errors() const {
 }
 
 TRunEnd DeployAgain(const TFaultPlace& place, std::vector<std::string> arguments) {
-  TRunEnd end = RunPlainly(place.Deploymgr(arguments));
-  if (end.Status != 0 && end.Errors.find("--break-lock") != std::string::npos) {
-    arguments.emplace_back("--break-lock");
-    end = RunPlainly(place.Deploymgr(arguments));
-  }
+  const TRunEnd end = RunPlainly(place.Deploymgr(arguments));
   const TTreeState now = place.State();
   const bool hasTemporaries = std::ranges::any_of(now, [](const auto& file) {
     return file.first.starts_with("target/") && IsTemporaryName(file.first);

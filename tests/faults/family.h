@@ -45,9 +45,8 @@ TFamilies JournalFamilies();
 /// Deploys to a folder, and to a machine whose client is hit.
 TFamilies DeployFamilies();
 
-/// Deploys once more, as a user would: where the message says that --break-lock helps, since the
-/// holder of a lock died before it could say who it is, with that; and where something unfinished
-/// stands on the target though nothing was left to do, which sweeps nothing, with --force.
+/// Deploys once more, as a user would: where something unfinished stands on the target though
+/// nothing was left to do, which sweeps nothing, with --force.
 TRunEnd DeployAgain(const TFaultPlace& place, std::vector<std::string> arguments);
 
 /// What holds of every run: it ends, it does not crash, and one that fails says why, naming a file.

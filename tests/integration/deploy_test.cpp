@@ -295,7 +295,8 @@ TEST(Deploy, LeavesNoHalfFileWhenItIsKilled) {
     }
   }
   EXPECT_GT(killed, 0U);
-  ASSERT_EQ(place.Deploy({"--force"}).Status, 0);
+  const TRun last = place.Deploy({"--force"});
+  ASSERT_EQ(last.Status, 0) << last.Errors;
   EXPECT_EQ(place.FilesOfTarget(), 40U);
 }
 

@@ -1,11 +1,11 @@
 #include "workbench/files/runtime_directory.h"
 
+#include "workbench/files/ended_process.h"
 #include "workbench/files/file_descriptor.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -40,7 +40,7 @@ void RemoveAbandoned(const std::filesystem::path& directory) {
     pid_t process = 0;
     const char* last = name.data() + std::min(end, name.size());
     if (end != std::string::npos && std::from_chars(name.data(), last, process).ptr == last &&
-        process > 0 && ::kill(process, 0) != 0 && errno == ESRCH)
+        HasProcessEnded(process))
       std::filesystem::remove_all(entry.path(), ignored);
   }
 }

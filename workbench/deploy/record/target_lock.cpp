@@ -2,14 +2,13 @@
 
 #include "package/common/errors.h"
 #include "workbench/deploy/record/record_place.h"
+#include "workbench/files/ended_process.h"
 #include "workbench/files/user_name.h"
 #include "workbench/json/json.h"
 #include "workbench/remote/target/unfinished_names.h"
 #include "workbench/text/visible_text.h"
 
 #include <array>
-#include <cerrno>
-#include <csignal>
 #include <limits>
 #include <stdexcept>
 #include <unistd.h>
@@ -19,7 +18,8 @@ namespace {
 
 constexpr std::uint64_t LargestLock = 4096;
 constexpr int Attempts = 3;
-// A lock says whose it is right after it is made; one that does not was given up at once.
+// Where a file cannot appear whole, a lock says whose it is right after it is made; one that does
+// not was given up at once.
 constexpr std::chrono::seconds EmptyLockAge(5);
 
 std::string LockText(const TLockHolder& holder) {
@@ -48,7 +48,7 @@ TLockHolder HolderOf(const std::string& text) {
 
 bool IsGone(const TLockHolder& holder) {
   return !holder.MachineMark.empty() && holder.MachineMark == ThisMachineMark() &&
-         holder.Process > 0 && ::kill(static_cast<pid_t>(holder.Process), 0) != 0 && errno == ESRCH;
+         HasProcessEnded(holder.Process);
 }
 
 } // namespace

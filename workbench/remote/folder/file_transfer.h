@@ -34,6 +34,8 @@ public:
 
   /// Puts a symbolic link in place under the name. Throws std::system_error.
   void MakeLink(int directory, const std::string& name, const std::string& text);
+  /// A name for an unfinished file that no file has.
+  std::string NextName();
 
 private:
   // A file that is whole and has not got its name.
@@ -43,7 +45,6 @@ private:
     std::unique_ptr<TUnfinishedFile> Target = nullptr;
   };
 
-  std::string NextName();
   const TSharedDirectory& Shared(int directory, const std::string& path);
   void Copy(int directory, TWaiting& file, ISendJob& job);
   std::uint64_t CopyBytes(int source, TUnfinishedFile& target, std::uint64_t size, ISendJob& job,

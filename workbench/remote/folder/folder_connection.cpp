@@ -3,6 +3,7 @@
 #include "workbench/files/file_reader.h"
 #include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
+#include "workbench/remote/folder/file_creation.h"
 #include "workbench/remote/folder/unfinished_file.h"
 #include "workbench/remote/target/file_times.h"
 
@@ -21,6 +22,12 @@ namespace workbench {
 namespace {
 
 constexpr unsigned MostUsualConnections = 4; // more only get in each other's way
+
+timespec TimeSpec(deployment::TFileTime time) {
+  const auto since = time.time_since_epoch();
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(since);
+  return {seconds.count(), (since - seconds).count()};
+}
 
 // Tells the unfinished files of one connection from those of every other.
 std::string RandomText() {
@@ -268,20 +275,11 @@ TFileDescriptor TFolderConnection::OpenFile(const TRemoteName& name) {
 
 TRemoteCreation TFolderConnection::CreateFile(const TRemoteName& name, std::string_view text,
                                               deployment::TFileTime time) {
-  using TResult = TRemoteCreation::TResult;
   try {
-    const TFileDescriptor file(::openat(FDirectories.Open(name.Directory), name.Name.c_str(),
-                                        O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                                        0644));
-    if (!file.IsOpen() && errno == EEXIST)
-      return {TResult::Exists, "it is there already"};
-    if (!file.IsOpen())
-      ThrowSystemError("making it");
-    WriteAll(file.Get(), text);
-    static_cast<void>(SetTime(name, time));
-    return {TResult::Made};
+    const int directory = FDirectories.Open(name.Directory);
+    return CreateFileIn(directory, {name.Name, FTransfer.NextName()}, text, TimeSpec(time));
   } catch (const std::system_error& error) {
-    return {TResult::Failed, error.what()};
+    return {TRemoteCreation::TResult::Failed, error.what()};
   }
 }
 
@@ -308,9 +306,7 @@ std::string TFolderConnection::SetMode(const TRemoteName& name, unsigned mode) {
 }
 
 std::string TFolderConnection::SetTime(const TRemoteName& name, deployment::TFileTime time) {
-  const auto since = time.time_since_epoch();
-  const auto seconds = std::chrono::floor<std::chrono::seconds>(since);
-  const timespec times[2] = {{0, UTIME_OMIT}, {seconds.count(), (since - seconds).count()}};
+  const timespec times[2] = {{0, UTIME_OMIT}, TimeSpec(time)};
   try {
     if (::utimensat(FDirectories.Open(name.Directory), name.Name.c_str(), times,
                     AT_SYMLINK_NOFOLLOW) != 0)

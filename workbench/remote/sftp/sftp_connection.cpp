@@ -4,6 +4,7 @@
 #include "workbench/files/sha256.h"
 #include "workbench/process/command_runner.h"
 #include "workbench/remote/sftp/remote_checksums.h"
+#include "workbench/remote/sftp/sftp_creation.h"
 #include "workbench/remote/sftp/sftp_examination.h"
 #include "workbench/remote/sftp/sftp_links.h"
 #include "workbench/remote/sftp/sftp_listing.h"
@@ -27,11 +28,6 @@ constexpr std::chrono::hours ForeignAge(24);
 
 bool IsOnDrive(const std::string& path) {
   return path.size() > 1 && path[1] == ':';
-}
-
-std::uint32_t StampOf(deployment::TFileTime time) {
-  const auto seconds = std::chrono::floor<std::chrono::seconds>(time.time_since_epoch()).count();
-  return static_cast<std::uint32_t>(std::clamp<std::int64_t>(seconds, 0, UINT32_MAX));
 }
 
 } // namespace
@@ -204,44 +200,7 @@ TRemoteContent TSftpConnection::ReadFile(const TRemoteName& name, std::uint64_t 
 
 TRemoteCreation TSftpConnection::CreateFile(const TRemoteName& name, std::string_view text,
                                             deployment::TFileTime time) {
-  using TResult = TRemoteCreation::TResult;
-  constexpr std::uint32_t Rights = 0644;
-  std::string handle;
-  TSftpStatus status = TSftpStatus::Ok;
-  TSftpWriter& opening = FChannel.Begin(TSftpPacket::Open);
-  opening.Text(name.Path());
-  opening.Number(sftp_open::Write | sftp_open::Create | sftp_open::Exclusive);
-  opening.Attributes({.Mode = Rights});
-  FChannel.Post(0);
-  AskOnce(FChannel, [&](const TSftpReply& reply) {
-    status = reply.Status();
-    TSftpParser content = reply.Content;
-    if (reply.Kind == TSftpPacket::Handle)
-      handle = content.Text();
-  });
-  // The protocol has no word for a file that is there.
-  if (handle.empty())
-    return {status == TSftpStatus::Failure ? TResult::Exists : TResult::Failed,
-            "making it: " + SftpStatusText(status)};
-  enum { Writing, Stamping, Closing };
-  TSftpWriter& writing = FChannel.Begin(TSftpPacket::Write);
-  writing.Text(handle);
-  writing.LongNumber(0);
-  writing.Text(text);
-  FChannel.Post(Writing);
-  TSftpWriter& stamping = FChannel.Begin(TSftpPacket::FSetStat);
-  stamping.Text(handle);
-  stamping.Attributes({.Accessed = StampOf(time), .Modified = StampOf(time)});
-  FChannel.Post(Stamping);
-  FChannel.Post(TSftpPacket::Close, handle, Closing);
-  AskOnce(FChannel, [&status](const TSftpReply& reply, std::uint64_t cookie) {
-    if (cookie == Writing)
-      status = reply.Status();
-  });
-  if (status == TSftpStatus::Ok)
-    return {TResult::Made};
-  Remove(name);
-  return {TResult::Failed, "writing it: " + SftpStatusText(status)};
+  return CreateRemoteFile(FChannel, name, FNames.Next({}), text, time);
 }
 
 std::string TSftpConnection::Rename(const TRemoteName& name, const std::string& newName) {
@@ -301,7 +260,7 @@ TSftpStatus TSftpConnection::Answer() {
 }
 
 std::string TSftpConnection::SetTime(const TRemoteName& name, deployment::TFileTime time) {
-  const std::uint32_t stamp = StampOf(time);
+  const std::uint32_t stamp = SftpTime(time);
   TSftpWriter& writer = FChannel.Begin(TSftpPacket::SetStat);
   writer.Text(name.Path());
   writer.Attributes({.Accessed = stamp, .Modified = stamp});

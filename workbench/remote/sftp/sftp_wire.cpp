@@ -1,5 +1,8 @@
 #include "workbench/remote/sftp/sftp_wire.h"
 
+#include <algorithm>
+#include <chrono>
+
 namespace workbench {
 namespace {
 
@@ -121,6 +124,11 @@ TSftpStatus TSftpReply::Status() const {
     return TSftpStatus::BadMessage;
   TSftpParser content = Content;
   return static_cast<TSftpStatus>(content.Number());
+}
+
+std::uint32_t SftpTime(deployment::TFileTime time) {
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(time.time_since_epoch()).count();
+  return static_cast<std::uint32_t>(std::clamp<std::int64_t>(seconds, 0, UINT32_MAX));
 }
 
 std::string SftpStatusText(TSftpStatus status) {

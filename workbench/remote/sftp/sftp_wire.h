@@ -2,6 +2,7 @@
 // apart. What comes from a server is checked before it is used.
 #pragma once
 
+#include "package/host/api/platformapi.h"
 #include "workbench/process/byte_buffer.h"
 
 #include <cstdint>
@@ -134,6 +135,9 @@ struct TSftpReply {
   /// The status when the reply is one, else BadMessage.
   TSftpStatus Status() const;
 };
+
+/// A time stamp as the protocol has it: whole seconds since 1970, the nearest that can be said.
+std::uint32_t SftpTime(deployment::TFileTime time);
 
 /// Words for a status that is not Ok, as in "cannot be made: no such file or directory".
 std::string SftpStatusText(TSftpStatus status);

@@ -1,10 +1,10 @@
 #include "workbench/remote/target/unfinished_names.h"
 
+#include "workbench/files/ended_process.h"
 #include "workbench/remote/target/remote_path.h"
 
 #include <array>
 #include <charconv>
-#include <csignal>
 #include <cstdio>
 #include <fstream>
 #include <random>
@@ -92,8 +92,7 @@ std::optional<TUnfinishedName> ParseUnfinishedName(std::string_view name) {
 }
 
 bool IsAbandoned(const TUnfinishedName& name) {
-  return name.Machine == ThisMachineMark() && ::kill(static_cast<pid_t>(name.Process), 0) != 0 &&
-         errno == ESRCH;
+  return name.Machine == ThisMachineMark() && HasProcessEnded(name.Process);
 }
 
 } // namespace workbench

@@ -38,5 +38,21 @@ TEST(TargetLock, OfADeadHolderIsTakenOverAndWhatItLeftIsRemoved) {
   EXPECT_FALSE(std::filesystem::exists(part));
 }
 
+TEST(TargetLock, OfADeadHolderThatNobodyAskedForItsEndIsTakenOver) {
+  const testing::TTemporaryDirectory place;
+  const std::string directory = place.Path().string();
+  TFolderConnection connection(place.Path());
+  const pid_t process = ::fork();
+  if (process == 0)
+    ::_exit(0);
+  siginfo_t end = {};
+  ASSERT_EQ(::waitid(P_PID, static_cast<id_t>(process), &end, WEXITED | WNOWAIT), 0);
+  TLockHolder dead = ThisHolder("2026-11-22T00:31:21Z");
+  dead.Process = process;
+  ASSERT_FALSE(TTargetLock(directory).Take(connection, dead, false));
+  EXPECT_FALSE(TTargetLock(directory).Take(connection, ThisHolder("2026-11-22T00:31:22Z"), false));
+  ::waitpid(process, nullptr, 0);
+}
+
 } // namespace
 } // namespace workbench

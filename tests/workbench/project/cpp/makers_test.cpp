@@ -1,5 +1,6 @@
 // What an MSBuild engine says about projects of other makers, and what we say.
 #include "package/common/case_fold.h"
+#include "tests/support/sanitized.h"
 #include "workbench/json/json.h"
 #include "workbench/msbuild/values/project_paths.h"
 #include "workbench/project/cpp/cpp_dialect.h"
@@ -62,9 +63,18 @@ TEST_F(Makers, GetTheOutputsThatABuildMakes) {
   std::map<std::string, TShare> shares;
   const std::string text{std::istreambuf_iterator<char>(list), {}};
   const TJson expectations = ParseJson(text);
+  // The rows of a project follow each other, so that each is opened once; a sanitizer sees the same
+  // code in a part of the projects.
+  const std::size_t step = testing_support::IsSanitized ? 8 : 1;
+  std::size_t projects = 0;
+  std::string last;
   for (const TJson& expectation : expectations.AsArray()) {
     const TJson::TArray& row = expectation.AsArray();
     const std::string project = row[0].AsText();
+    projects += project == last ? 0 : 1;
+    last = project;
+    if (projects % step != 0)
+      continue;
     const std::string target = row[1].AsText() + "|" + row[2].AsText();
     TShare& share = shares[project.substr(0, project.find('/'))];
     const std::string expected = row[4].IsNull() ? "" : row[4].AsText();

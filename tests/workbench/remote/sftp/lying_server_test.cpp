@@ -71,6 +71,21 @@ protected:
 
 const std::string NoSense = "the machine's answer makes no sense: ";
 
+TEST_F(LyingServer, IsNotBelievedThatAFileHasItsSecondName) {
+  using TResult = TRemoteCreation::TResult;
+  const TRemoteName name{Place.Target().string(), "lock"};
+  const TRemoteCreation pretended = Connect("link-nothing")->CreateFile(name, "mine", {});
+  EXPECT_EQ(pretended.Result, TResult::Failed);
+  EXPECT_EQ(pretended.Problem, "making it: the machine says that it is there, and it is not");
+  // Without second names it is made all the same.
+  EXPECT_EQ(Connect("no-second-names")->CreateFile(name, "mine", {}).Result, TResult::Made);
+  EXPECT_EQ(Connect("no-second-names")->CreateFile(name, "theirs", {}).Result, TResult::Exists);
+  EXPECT_EQ(Place.Read(Place.Target("lock")), "mine");
+  EXPECT_EQ(Connect("write-nothing")->CreateFile({name.Directory, "other"}, "", {}).Result,
+            TResult::Made);
+  EXPECT_EQ(Unfinished(), std::vector<std::string>());
+}
+
 TEST_F(LyingServer, IsNotBelievedWhenItAnswersAWriteWithSomethingElse) {
   for (const char* kind : {"2", "102", "103", "104", "105", "201", "250"}) {
     EXPECT_EQ(Deploy(std::string("kind:") + kind),

@@ -219,6 +219,29 @@ TEST_F(SftpConnection, MakesAFileOnce) {
             0640U);
 }
 
+TEST_F(SftpConnection, MakesAFileOnceWhereTheServerRefusesSecondNames) {
+  using TResult = TRemoteCreation::TResult;
+  TSftpMachine machine = Machine();
+  machine.Sftp = Program({SftpServer, "-P", "hardlink"});
+  TSftpConnection connection(machine, Facts);
+  const TRemoteName name{Place.Target().string(), "lock"};
+  EXPECT_EQ(connection.CreateFile(name, "mine", {}).Result, TResult::Made);
+  EXPECT_EQ(connection.CreateFile(name, "theirs", {}).Result, TResult::Exists);
+  EXPECT_EQ(Place.Read(Place.Target("lock")), "mine");
+}
+
+TEST_F(SftpConnection, MakesNoFileWithoutItsTextWhenTheServerDies) {
+  TSftpMachine machine = Machine();
+  // The first byte that is written ends the server.
+  machine.Sftp =
+      Program({"/bin/sh", "-c", std::string("ulimit -c 0; ulimit -f 0; exec ") + SftpServer});
+  TSftpConnection connection(machine, Facts);
+  const TRemoteName name{Place.Target().string(), "lock"};
+  EXPECT_THROW(connection.CreateFile(name, "mine", {}), TConnectionError);
+  EXPECT_FALSE(std::filesystem::exists(Place.Target("lock")));
+  EXPECT_EQ(Unfinished().size(), 1U);
+}
+
 TEST_F(SftpConnection, FindsOutWhatRunsCommands) {
   EXPECT_EQ(Connect()->Shell(), TShell::Posix);
   TSftpMachine machine = Machine();

@@ -1,10 +1,12 @@
 """The record, what is kept to take runs back, the lock, and what is done behind a copy."""
+import errno
 import json
 import os
 import socket
 import stat
 import time
 import unittest
+from unittest import mock
 
 from machine import TIME, MachineTest, entry, link, part, sha256
 
@@ -209,6 +211,40 @@ class Locks(MachineTest):
         os.waitpid(gone, 0)
         self.lock(process=gone, machineMark=part('names').machine_mark())
         self.deploy(self.file('a', 'one'))
+
+    def test_one_of_a_process_that_nobody_asked_for_its_end_is_taken_over_at_once(self):
+        gone = os.fork()
+        if not gone:
+            os._exit(0)
+        os.waitid(os.P_PID, gone, os.WEXITED | os.WNOWAIT)
+        self.lock(process=gone, machineMark=part('names').machine_mark())
+        self.deploy(self.file('a', 'one'))
+        os.waitpid(gone, 0)
+
+    def test_it_appears_with_its_text_or_not_at_all(self):
+        killed = os.fork()
+        if not killed:
+            # It ends in front of the first byte that it writes there.
+            with mock.patch('os.write', lambda *_args: os._exit(9)):
+                self.deploy(self.file('a', 'one'))
+            os._exit(0)
+        self.assertEqual(os.WEXITSTATUS(os.waitpid(killed, 0)[1]), 9)
+        self.assertEqual(len(os.listdir(self.path(PLACE))), 1)
+        self.assertFalse(os.path.exists(self.path(PLACE + 'lock')))
+        self.deploy(self.file('a', 'one'))
+
+    def test_without_second_names_it_is_made_all_the_same(self):
+        def refuse(*_args, **_more):
+            raise OSError(errno.EPERM, 'no')
+        with mock.patch('os.link', refuse):
+            self.deploy(self.file('a', 'one'), no_undo=True)
+            self.assertEqual(self.read('demo/a'), 'one')
+            self.lock()
+            self.refused_of('a', 'two')
+
+    def refused_of(self, name, content):
+        with self.assertRaises(part('run').Refused):
+            self.deploy(self.file(name, content), no_undo=True)
 
     def test_one_of_a_process_that_lives_here_is_respected(self):
         self.lock(process=os.getpid(), machineMark=part('names').machine_mark(),

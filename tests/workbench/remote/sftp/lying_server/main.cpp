@@ -85,6 +85,8 @@ public:
       }
       if (IsDenied(request))
         Answer(Status(id, 3));
+      else if (FLie == "no-second-names" && IsSecondName(request))
+        Answer(Status(id, 4));
       else if (IsPretended(request))
         Answer(Status(id, 0));
       else if (!IsSwallowed(request))
@@ -128,6 +130,7 @@ private:
   static bool IsRename(const TRequest& request) {
     return request.Kind == TSftpPacket::Rename || request.Name.starts_with("posix-rename");
   }
+  static bool IsSecondName(const TRequest& request) { return request.Name.starts_with("hardlink"); }
   static std::string Status(const std::string& id, std::uint32_t code) {
     return std::string(1, static_cast<char>(TSftpPacket::Status)) + id + Number(code) + Text("") +
            Text("");
@@ -147,7 +150,8 @@ private:
     if (FLie.starts_with(start) && IsRename(request))
       return FLie.substr(start.size()) == std::to_string(++FRenames);
     return (FLie == "write-nothing" && request.Kind == TSftpPacket::Write) ||
-           (FLie == "rename-nothing" && IsRename(request));
+           (FLie == "rename-nothing" && IsRename(request)) ||
+           (FLie == "link-nothing" && IsSecondName(request));
   }
   bool IsSwallowed(const TRequest& request) const {
     return (FLie == "silent-stat" && IsLook(request)) ||

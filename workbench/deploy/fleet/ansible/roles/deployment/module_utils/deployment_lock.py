@@ -3,6 +3,7 @@ from __future__ import absolute_import, division, print_function
 
 __metaclass__ = type
 
+import errno
 import os
 import socket
 import time
@@ -14,9 +15,11 @@ from ansible.module_utils.deployment_record import (
 LOCK_NAME = 'lock'
 LARGEST_LOCK = 4096
 STALE_AGE = 60       # seconds without a sign of life
-EMPTY_AGE = 5        # a lock says whose it is right after it is made
+EMPTY_AGE = 5        # where it cannot appear whole, it says whose it is right after it is made
 REFRESH_INTERVAL = 10
 MOST_PROCESSES = 0x7fffffff
+# What a file system says that gives no file a second name.
+NO_SECOND_NAMES = (errno.EPERM, errno.EOPNOTSUPP, errno.ENOSYS, errno.EMLINK, errno.EINVAL)
 
 
 class LockedError(Exception):
@@ -44,7 +47,17 @@ def _is_gone(holder):
         return True
     except (OSError, OverflowError):
         pass
-    return False
+    return _is_dead(holder['process'])
+
+
+def _is_dead(process):
+    """True for one that is in the table only because nobody asked for its end."""
+    try:
+        with open('/proc/%d/stat' % process, 'rb') as file:
+            state = file.read().rpartition(b')')[2].split()[:1]
+    except OSError:
+        return False
+    return state in ([b'Z'], [b'X'])
 
 
 def _text(holder):
@@ -104,6 +117,25 @@ class Lock:
 
     def _make(self, text):
         directory = self._tree.handle(self._directory)
+        file = self._tree.begin(self._directory)
+        try:
+            file.write(text)
+            file.stamp(0o644)
+            # It appears with all of its text, so that a run that is killed leaves none without.
+            file.appear_as(LOCK_NAME)
+        except FileExistsError:
+            raise
+        except OSError as error:
+            if error.errno not in NO_SECOND_NAMES:
+                raise
+            self._make_empty_first(directory, text)
+        finally:
+            file.close()
+        # A handle of its own: it is refreshed beside the work.
+        self._handle = os.dup(directory)
+
+    @staticmethod
+    def _make_empty_first(directory, text):
         handle = os.open(LOCK_NAME, os.O_WRONLY | os.O_CREAT | os.O_EXCL | os.O_NOFOLLOW
                          | os.O_CLOEXEC, 0o644, dir_fd=directory)
         try:
@@ -113,8 +145,6 @@ class Lock:
             raise
         finally:
             os.close(handle)
-        # A handle of its own: it is refreshed beside the work.
-        self._handle = os.dup(directory)
 
     def refresh(self):
         """Says that the holder lives."""
