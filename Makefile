@@ -14,9 +14,13 @@ SECONDS ?= 30
 	bench-dependencies ide-dependencies ide-test-dependencies lint-dependencies sanitize-dependencies package-dependencies \
 	manual-dependencies clean
 
-all: dependencies
+# With IDE=1 "all" and "test" build the plug-ins for IDEs too, and test them in the real IDEs.
+IDE ?=
+PLUGINS = -DDEPLOYMENT_IDE_PLUGINS=$(if $(IDE),ON,OFF)
+
+all: $(if $(IDE),ide-dependencies,dependencies)
 	@cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-		-DBUILD_TESTING=OFF -DDEPLOYMENT_BENCH=OFF $(UNITY) > $(BUILD).log 2>&1 \
+		-DBUILD_TESTING=OFF -DDEPLOYMENT_BENCH=OFF $(PLUGINS) $(UNITY) > $(BUILD).log 2>&1 \
 		|| { cat $(BUILD).log; rm -f $(BUILD).log; exit 1; }
 	@rm -f $(BUILD).log
 	@cmake --build $(BUILD) -j $(JOBS)
@@ -43,9 +47,9 @@ manual: manual-dependencies
 run: all
 	@tools/tour.sh $(BUILD)/bin
 
-test: test-dependencies
+test: $(if $(IDE),ide-test-dependencies,test-dependencies)
 	cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBUILD_TESTING=ON \
-		$(UNITY)
+		$(PLUGINS) $(UNITY)
 	cmake --build $(BUILD) -j $(JOBS)
 	ctest --test-dir $(BUILD) -j $(JOBS) --output-on-failure
 
