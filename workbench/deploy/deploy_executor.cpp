@@ -1,5 +1,6 @@
 #include "workbench/deploy/deploy_executor.h"
 
+#include "workbench/deploy/changes_in_place.h"
 #include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/record_keeper.h"
 #include "workbench/deploy/step_runner.h"
@@ -75,7 +76,7 @@ private:
 
   void Announce();
   void FinishWhatNeedsNoCopy();
-  std::string FinishWithoutCopy(const TPlannedFile& file);
+  void FinishTogether(std::span<const std::size_t> indexes);
   void Remember(const TPlannedFile& file, const TSendOutcome& outcome, bool wasCopied);
   void RememberFound(const TPlannedFile& file);
   void RunLocalCommands();
@@ -167,41 +168,40 @@ void TExecutor::Announce() {
 }
 
 void TExecutor::FinishWhatNeedsNoCopy() {
+  std::vector<std::size_t> others;
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
     const TPlannedFile& file = FPlan.Files[i];
-    if (file.Action == TDeployAction::Copied) {
+    if (file.Action == TDeployAction::Copied)
       FWork.push_back({file.File.LocalFile, file.Target, file.File.Executable, i,
                        file.There.Kind == TRemoteKind::File ? file.There.Size : 0});
-      continue;
-    }
-    const std::string problem =
-        IsCancelled() ? std::string(InterruptedReason) : FinishWithoutCopy(file);
-    if (problem.empty() && !file.Steps.empty())
-      FToFinish.push_back(i);
     else
-      Finish(i, problem);
+      others.push_back(i);
+  }
+  for (std::span<const std::size_t> rest(others); !rest.empty();) {
+    FinishTogether(rest.first(std::min(LargestBatch, rest.size())));
+    rest = rest.subspan(std::min(LargestBatch, rest.size()));
   }
 }
 
-std::string TExecutor::FinishWithoutCopy(const TPlannedFile& file) {
-  std::string problem;
-  if (file.Action == TDeployAction::Failed)
-    return file.Reason;
-  if (file.Action == TDeployAction::Removed) {
-    problem = FConnection.Remove(file.Target);
-    if (problem.empty() && FExecution.Keeper)
+// A target far away is asked once for all of them.
+void TExecutor::FinishTogether(std::span<const std::size_t> indexes) {
+  const std::vector<std::string> problems =
+      IsCancelled() ? std::vector(indexes.size(), std::string(InterruptedReason))
+                    : ChangeInPlace(FConnection, FPlan, indexes);
+  for (std::size_t i = 0; i < indexes.size(); ++i) {
+    const TPlannedFile& file = FPlan.Files[indexes[i]];
+    const std::string& problem = file.Action == TDeployAction::Failed ? file.Reason : problems[i];
+    if (problem.empty() && file.Action == TDeployAction::Removed && FExecution.Keeper)
       FExecution.Keeper->Forget(file.RecordPath, /*wasRemoved=*/true);
-    return problem;
+    const bool isKnown =
+        file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode;
+    if (problem.empty() && file.State == TFileState::Same && isKnown)
+      RememberFound(file);
+    if (problem.empty() && file.Action != TDeployAction::Removed && !file.Steps.empty())
+      FToFinish.push_back(indexes[i]);
+    else
+      Finish(indexes[i], problem);
   }
-  if (file.Action == TDeployAction::Mode)
-    problem = FConnection.SetMode(file.Target, file.Mode);
-  if (problem.empty() && file.TimeDiffers)
-    problem = FConnection.SetTime(file.Target, file.Local.Time);
-  const bool isKnown =
-      file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode;
-  if (problem.empty() && file.State == TFileState::Same && isKnown)
-    RememberFound(file);
-  return problem;
 }
 
 // A file found to be the same is recorded as if it had been copied.

@@ -3,6 +3,7 @@
 
 #include "package/host/api/codemgr.h"
 #include "package/host/api/deployment_target.h"
+#include "workbench/deploy/plan/deploy_files.h"
 #include "workbench/deploy/plan/row_choices.h"
 
 #include <atomic>
@@ -84,6 +85,7 @@ struct TDeployRequest {
   /// Something else than 0, such as the number of a signal, interrupts the deploy; null: nothing
   /// does.
   const std::atomic<int>* Cancelled = nullptr;
+  TPause Pause = nullptr; ///< called while the list is read; empty: nothing waits
 
   TRunTerms Terms() const { return {Options, MayBegin, MayRun, MaySend, Background, Cancelled}; }
 };

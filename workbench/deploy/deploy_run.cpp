@@ -334,6 +334,7 @@ void TDeployRun::Execute() {
   if (!FPlan.AfterDeploy.empty())
     keeper.OweAfterDeploy(FPlan.AfterDeploy);
   ExecuteDeployPlan(FPlan, execution, FReport);
+  FPlan.Files = {}; // the rows say what came of them; the record needs the room
   try {
     if (RunAfterDeploy())
       keeper.OweAfterDeploy({});

@@ -42,7 +42,8 @@ std::optional<TPlanFile> PlanOf(const TRunTerms& terms, TRunFacts facts, TDeploy
 
 TDeploySubject TDeployService::SubjectOf(deployment::ICustomProject& project,
                                          const deployment::TDeploymentTarget& target,
-                                         const TDestination& destination) const {
+                                         const TDestination& destination,
+                                         const TPause& pause) const {
   TDeploySubject subject{.Target = target,
                          .ProjectFile = ToMachinePath(project.GetProjectFileName())};
   auto* deployment = project.GetProjectDeployment();
@@ -53,14 +54,14 @@ TDeploySubject TDeployService::SubjectOf(deployment::ICustomProject& project,
   subject.HasDeployment = true;
   subject.SourceRoots = FUserDirectories();
   subject.SourceRoots.push_back(SourceTreeOf(subject.ProjectFile));
-  subject.Files = CollectDeployFiles(project, *deployment, target, FServices, base);
+  subject.Files = CollectDeployFiles(project, *deployment, target, FServices, base, pause);
   subject.RootName = deployment->GetRemoteBaseDir(target.Platform);
   return subject;
 }
 
 TDeploySubject TDeployService::SubjectOf(deployment::ICustomProject& project,
                                          const deployment::TDeploymentTarget& target) const {
-  return SubjectOf(project, target, {.Profile = TProfile()});
+  return SubjectOf(project, target, {.Profile = TProfile()}, nullptr);
 }
 
 TRunFacts TDeployService::FactsOf(TDeploySubject subject, TDestination destination,
@@ -78,7 +79,13 @@ TRunFacts TDeployService::FactsOf(TDeploySubject subject, TDestination destinati
 
 TRunFacts TDeployService::FactsOf(const TDeployRequest& request) const {
   TDestination destination = FDestinations.Find(request.Project, request.Target);
-  TDeploySubject subject = SubjectOf(request.Project, request.Target, destination);
+  const auto pause = [&request] {
+    if (request.Pause)
+      request.Pause();
+    if (request.Cancelled && *request.Cancelled != 0)
+      throw TConnectionError(std::string(InterruptedReason));
+  };
+  TDeploySubject subject = SubjectOf(request.Project, request.Target, destination, pause);
   return FactsOf(std::move(subject), std::move(destination), request.Options);
 }
 

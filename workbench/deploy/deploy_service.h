@@ -77,7 +77,7 @@ public:
 private:
   TDeploySubject SubjectOf(deployment::ICustomProject& project,
                            const deployment::TDeploymentTarget& target,
-                           const TDestination& destination) const;
+                           const TDestination& destination, const TPause& pause) const;
   TRunFacts FactsOf(TDeploySubject subject, TDestination destination,
                     const TDeployOptions& options) const;
   TUndoReport Undo(const TDestination& destination, const std::string* rootName,

@@ -1,12 +1,17 @@
 #include "workbench/deploy/record_keeper.h"
 
+#include <algorithm>
 #include <chrono>
+#include <system_error>
 #include <utility>
 
 namespace workbench {
 namespace {
 
+using TClock = std::chrono::steady_clock;
+
 constexpr std::chrono::seconds WriteInterval(2);
+constexpr int WorkShare = 10; // the text is made in at most a tenth of the time
 
 } // namespace
 
@@ -30,19 +35,22 @@ TRecordKeeper::~TRecordKeeper() {
 void TRecordKeeper::Work() {
   std::shared_ptr<IRemoteConnection> connection;
   std::uint64_t written = 0; // how many changes the target has
-  auto refreshed = std::chrono::steady_clock::now();
+  auto refreshed = TClock::now();
+  std::chrono::nanoseconds pause = WriteInterval;
   std::unique_lock lock(FMutex);
-  while (!FWake.wait_for(lock, WriteInterval, [this] { return FIsOver; })) {
+  while (!FWake.wait_for(lock, pause, [this] { return FIsOver; })) {
+    const auto begun = TClock::now();
     const std::uint64_t changes = FChanges;
-    const TTargetRecord current =
-        changes != written ? Current(TRunResult::Partly) : TTargetRecord();
+    const std::unique_ptr<TSentText> text = changes != written ? TextSoFar() : nullptr;
     lock.unlock();
+    // The deploy waits while the text is made, and is not to spend its time with that.
+    pause = std::max<std::chrono::nanoseconds>(WriteInterval, (TClock::now() - begun) * WorkShare);
     try {
       if (!connection)
         connection = FConnect();
-      if (changes != written && FStore.Write(*connection, current).empty())
+      if (text && FStore.Write(*connection, *text).empty())
         written = changes;
-      const auto now = std::chrono::steady_clock::now();
+      const auto now = TClock::now();
       if (now - refreshed >= LockInterval) {
         FLock.Refresh(*connection);
         refreshed = now;
@@ -54,28 +62,38 @@ void TRecordKeeper::Work() {
   }
 }
 
-TTargetRecord TRecordKeeper::Current(TRunResult result) const {
-  TTargetRecord record = FRecord;
-  AddRun(record, result);
-  return record;
+// The record as it is now, without a copy of it: there may be a hundred thousand files in it.
+// Nothing where this machine has no room for it, since the last writing will say so.
+std::unique_ptr<TSentText> TRecordKeeper::TextSoFar() const {
+  try {
+    return std::make_unique<TSentText>([this](const TTakeText& take) {
+      WriteRecord(FRecord, RunsWith(TRunResult::Partly), take);
+    });
+  } catch (const std::system_error&) {
+    return nullptr;
+  }
 }
 
-void TRecordKeeper::AddRun(TTargetRecord& record, TRunResult result) const {
-  TRecordedRun run = FRun;
-  run.Result = result;
-  if (run.Copied + run.Removed + run.Failed > 0)
-    record.Runs.insert(record.Runs.begin(), std::move(run));
-  if (record.Runs.size() > MostRuns)
-    record.Runs.resize(MostRuns);
+std::vector<TRecordedRun> TRecordKeeper::RunsWith(TRunResult result) const {
+  std::vector<TRecordedRun> runs;
+  runs.reserve(FRecord.Runs.size() + 1);
+  if (FRun.Copied + FRun.Removed + FRun.Failed > 0) {
+    runs.push_back(FRun);
+    runs.back().Result = result;
+  }
+  runs.insert(runs.end(), FRecord.Runs.begin(), FRecord.Runs.end());
+  runs.resize(std::min(runs.size(), MostRuns));
+  return runs;
 }
 
 void TRecordKeeper::Begin(IRemoteConnection& connection) {
   std::unique_lock lock(FMutex);
   if (!FOwes)
     return;
-  const TTargetRecord current = Current(TRunResult::Partly);
+  const std::unique_ptr<TSentText> text = TextSoFar();
   lock.unlock();
-  FStore.Write(connection, current);
+  if (text)
+    FStore.Write(connection, *text);
 }
 
 void TRecordKeeper::Put(const std::string& path, TRecordedFile file, bool wasCopied) {
@@ -141,8 +159,8 @@ std::string TRecordKeeper::End(IRemoteConnection& connection, bool interrupted) 
   const bool isDone = FRun.Failed == 0 && !interrupted;
   const bool isChanged = FRun.Copied + FRun.Removed > 0 || HasChanges();
   if (isChanged)
-    AddRun(FRecord, isDone ? TRunResult::Done : TRunResult::Partly);
-  return isChanged ? FStore.Write(connection, FRecord) : std::string();
+    FRecord.Runs = RunsWith(isDone ? TRunResult::Done : TRunResult::Partly);
+  return isChanged ? FStore.Write(connection, FRecord, FRecord.Runs) : std::string();
 }
 
 } // namespace workbench

@@ -53,8 +53,8 @@ public:
 private:
   void Work();
   bool HasChanges() const { return FChanges > 0; }
-  TTargetRecord Current(TRunResult result) const;
-  void AddRun(TTargetRecord& record, TRunResult result) const;
+  std::vector<TRecordedRun> RunsWith(TRunResult result) const;
+  std::unique_ptr<TSentText> TextSoFar() const;
 
   const TRecordStore& FStore;
   const TTargetLock& FLock;

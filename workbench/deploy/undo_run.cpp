@@ -256,36 +256,48 @@ void TUndoRun::TakeBackSome(const std::string& run, std::span<TUndoItem> items) 
   }
   const auto take = [](const std::vector<std::string>& problems,
                        const std::vector<TUndoItem*>& done) {
-    for (std::size_t i = 0; i < done.size(); ++i) {
-      if (problems[i].empty())
-        continue;
-      done[i]->Action = TUndoAction::Failed;
-      done[i]->Reason = problems[i];
-    }
+    for (std::size_t i = 0; i < done.size(); ++i)
+      FailFor(*done[i], problems[i]);
   };
   FConnection->MakeDirectories(directories); // what fails is told by the files that go there
   take(FConnection->RemoveAll(removed), ofRemoved);
   take(FConnection->Move(moves), ofMoves);
+  StampBack(items);
   for (TUndoItem& item : items)
-    TakeBackOne(item);
+    MakeLinkBack(item);
 }
 
-void TUndoRun::TakeBackOne(TUndoItem& item) {
-  std::string problem;
-  if (item.Action != TUndoAction::Restored)
-    return;
-  if (item.File.Kind == TUndoKind::Link)
-    problem = FConnection->MakeLink(item.Target, item.File.Link);
-  if (item.File.Kind == TUndoKind::Touch) {
-    problem = FConnection->KeepsModes() ? FConnection->SetMode(item.Target, item.File.Mode) : "";
-    if (problem.empty())
-      problem = FConnection->SetTime(
-          item.Target, deployment::TFileTime(std::chrono::seconds(item.File.Before->Time)));
+// Those of which a deploy changed rights and time alone.
+void TUndoRun::StampBack(std::span<TUndoItem> items) {
+  std::vector<TRemoteStamp> stamps;
+  std::vector<TUndoItem*> ofStamps;
+  for (TUndoItem& item : items) {
+    if (item.Action != TUndoAction::Restored || item.File.Kind != TUndoKind::Touch)
+      continue;
+    TRemoteStamp& stamp = stamps.emplace_back();
+    stamp.Name = item.Target;
+    stamp.Time = deployment::TFileTime(std::chrono::seconds(item.File.Before->Time));
+    if (FConnection->KeepsModes())
+      stamp.Mode = item.File.Mode;
+    ofStamps.push_back(&item);
   }
+  if (stamps.empty())
+    return;
+  const std::vector<std::string> problems = FConnection->Stamp(stamps);
+  for (std::size_t i = 0; i < stamps.size(); ++i)
+    FailFor(*ofStamps[i], problems[i]);
+}
+
+void TUndoRun::FailFor(TUndoItem& item, const std::string& problem) {
   if (problem.empty())
     return;
   item.Action = TUndoAction::Failed;
   item.Reason = problem;
+}
+
+void TUndoRun::MakeLinkBack(TUndoItem& item) {
+  if (item.Action == TUndoAction::Restored && item.File.Kind == TUndoKind::Link)
+    FailFor(item, FConnection->MakeLink(item.Target, item.File.Link));
 }
 
 void TUndoRun::SetResult(const std::string& run, TRunResult result) {
@@ -295,7 +307,7 @@ void TUndoRun::SetResult(const std::string& run, TRunResult result) {
 }
 
 void TUndoRun::WriteRecord(const TTargetRecord& record) {
-  const std::string problem = FStore.Write(*FConnection, record);
+  const std::string problem = FStore.Write(*FConnection, record, record.Runs);
   if (!problem.empty())
     FReport.Warnings.push_back("the target cannot remember what was taken back: " + problem);
 }

@@ -72,7 +72,9 @@ private:
   void Execute(const TUndoManifest& manifest);
   void TakeBack(const std::string& run, std::vector<TUndoItem>& items);
   void TakeBackSome(const std::string& run, std::span<TUndoItem> items);
-  void TakeBackOne(TUndoItem& item);
+  void StampBack(std::span<TUndoItem> items);
+  static void FailFor(TUndoItem& item, const std::string& problem);
+  void MakeLinkBack(TUndoItem& item);
   void WriteRecord(const TTargetRecord& record);
   void SetResult(const std::string& run, TRunResult result);
   void AddRows(const std::vector<TUndoItem>& items);

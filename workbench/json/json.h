@@ -149,12 +149,16 @@ using TNextJsonItem = std::function<bool(TJsonMember& item)>;
 /// Takes a member of a large object. It has to refuse a name that it had before.
 using TTakeJsonMember = std::function<void(std::string name, const TJson& value)>;
 
-/// The text of an object that has an object, or array, of these items as its last member; it is
-/// never there as a whole value.
-std::string JsonTextWithObject(const TJson& object, std::string_view name,
-                               const TNextJsonItem& next, int indent);
-std::string JsonTextWithArray(const TJson& object, std::string_view name, const TNextJsonItem& next,
-                              int indent);
+/// Takes the next piece of a text.
+using TTakeText = std::function<void(std::string_view piece)>;
+
+/// What a large member of an object consists of.
+enum class TJsonItems { Members, Values };
+
+/// Hands over the text of an object that has an object, or array, of these items as its last
+/// member, piece by piece; neither the value nor the text is ever there as a whole.
+void WriteJsonWithItems(const TJson& object, std::string_view name, TJsonItems kind,
+                        const TNextJsonItem& next, int indent, const TTakeText& take);
 
 /// Reads a text, and hands over the members of the object `large` at its root as they come; that
 /// object is empty in what is returned. Throws as above, and what `take` throws.

@@ -149,8 +149,9 @@ public:
     std::visit([this](const auto& content) { WriteContent(content); }, value.FValue);
   }
 
-  void WriteWithItems(const TJson& object, std::string_view name, bool isObject,
-                      const TNextJsonItem& next) {
+  void WriteWithItems(const TJson& object, std::string_view name, TJsonItems kind,
+                      const TNextJsonItem& next, const TTakeText& take) {
+    const bool isObject = kind == TJsonItems::Members;
     FText += '{';
     ++FLevel;
     for (const TJsonMember& member : object.AsObject()) {
@@ -171,6 +172,8 @@ public:
         WriteMember(item);
       else
         Write(item.Value);
+      if (FText.size() >= PieceSize)
+        HandOver(take);
     }
     --FLevel;
     if (hasItems)
@@ -179,9 +182,17 @@ public:
     --FLevel;
     BreakLine();
     FText += '}';
+    HandOver(take);
   }
 
 private:
+  static constexpr std::size_t PieceSize = std::size_t(64) * 1024;
+
+  void HandOver(const TTakeText& take) {
+    take(FText);
+    FText.clear();
+  }
+
   void WriteContent(std::monostate) { FText += "null"; }
   void WriteContent(bool value) { FText += value ? "true" : "false"; }
   void WriteContent(std::int64_t value) { FText += std::to_string(value); }
@@ -242,18 +253,10 @@ std::string JsonText(const TJson& value, int indent) {
   return text;
 }
 
-std::string JsonTextWithObject(const TJson& object, std::string_view name,
-                               const TNextJsonItem& next, int indent) {
+void WriteJsonWithItems(const TJson& object, std::string_view name, TJsonItems kind,
+                        const TNextJsonItem& next, int indent, const TTakeText& take) {
   std::string text;
-  TJsonTextWriter(text, indent).WriteWithItems(object, name, true, next);
-  return text;
-}
-
-std::string JsonTextWithArray(const TJson& object, std::string_view name, const TNextJsonItem& next,
-                              int indent) {
-  std::string text;
-  TJsonTextWriter(text, indent).WriteWithItems(object, name, false, next);
-  return text;
+  TJsonTextWriter(text, indent).WriteWithItems(object, name, kind, next, take);
 }
 
 bool IsStorableJson(const TJson& value) {

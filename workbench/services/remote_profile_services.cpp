@@ -250,7 +250,8 @@ void TRemoteProfileServices::Deploy(deployment::ICustomProject& project, std::st
   const TDeployRequest request{
       .Project = project,
       .Target = {std::string(configuration), std::string(platform)},
-      .Background = [this](const auto& work) { FInteraction->RunInBackground(work); }};
+      .Background = [this](const auto& work) { FInteraction->RunInBackground(work); },
+      .Pause = [this] { FInteraction->Pause(); }};
   const TDeployReport report = FInteraction->Deploy(FDeploys, request);
   if (!final || report.End == TDeployEnd::NotStarted)
     return;

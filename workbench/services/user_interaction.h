@@ -26,6 +26,8 @@ public:
   }
   /// Does work that takes long while the caller waits, as TBackground does.
   virtual void RunInBackground(const std::function<void()>& work) { work(); }
+  /// Lets the user's events have a turn amid work that only the calling thread can do.
+  virtual void Pause() {}
   /// A deploy was asked for in the view: completes the request, lets the service carry it out and
   /// shows what comes of it.
   virtual TDeployReport Deploy(const TDeployService& service, const TDeployRequest& request);

@@ -67,6 +67,23 @@ TEST_F(TDetailsTest, StandBesideAListAndNotBesideTheFirstPage) {
   EXPECT_FALSE(isShown());
 }
 
+TEST_F(TDetailsTest, AreHiddenAtTheNextStartWhenTheyWereHidden) {
+  const auto isShown = [this] {
+    return Window().findChild<TDetailsPane*>()->isVisibleTo(&Window());
+  };
+  OpenExample();
+  QTest::keyClick(&Window(), Qt::Key_D, Qt::ControlModifier);
+  EXPECT_TRUE(Window().close());
+  Vanish();
+  SetUpAgain();
+  Window().Restore();
+  Settle();
+  ASSERT_EQ(Window().Tabs().count(), 1);
+  EXPECT_FALSE(isShown());
+  QTest::keyClick(&Window(), Qt::Key_D, Qt::ControlModifier);
+  EXPECT_TRUE(isShown());
+}
+
 TEST_F(TDetailsTest, SayWhereAFileIsAndWhereItLands) {
   std::filesystem::create_directory(FRoot / "target");
   Host().RemoteProfiles().AddProfile(

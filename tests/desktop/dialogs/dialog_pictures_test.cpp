@@ -1,5 +1,5 @@
 // Paints every dialog in light and in dark colours. DIALOG_PICTURES=DIRECTORY keeps the pictures,
-// for people to look at; DIALOG_TRANSLATION=FILE.qm shows them in another language.
+// for people to look at.
 #include "package/view/revert_to_default_form.h"
 #include "package/view/select_form.h"
 #include "tests/desktop/dialogs/forms/two_features.h"
@@ -15,13 +15,12 @@
 #include "workbench/desktop/dialogs/profiles/profile_edit_dialog.h"
 #include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/dialogs/settings/settings_dialog.h"
+#include "workbench/desktop/window/legible_style.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/settings/command_consent.h"
 
 #include <QPalette>
-#include <QStyleFactory>
 #include <QTabWidget>
-#include <QTranslator>
 
 namespace workbench {
 namespace {
@@ -43,11 +42,9 @@ class TDialogPictures : public testing::TSessionTest, public ::testing::WithPara
 protected:
   void SetUp() override {
     TSessionTest::SetUp();
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new TLegibleStyle);
     if (GetParam())
       QApplication::setPalette(DarkPalette());
-    if (FTranslator.load(qEnvironmentVariable("DIALOG_TRANSLATION")))
-      QApplication::installTranslator(&FTranslator);
     for (const auto& [key, text] : {std::pair{"sdk.ndk-r21.platform", "Android"},
                                     {"sdk.ndk-r21.ndk-base-path", "/opt/ndk"},
                                     {"sdk-default.Android", "ndk-r21"},
@@ -79,8 +76,6 @@ protected:
       Keep(dialog, name);
     });
   }
-
-  QTranslator FTranslator;
 };
 
 TEST_P(TDialogPictures, OfTheFormsOfThePackage) {
@@ -110,7 +105,8 @@ TEST_P(TDialogPictures, OfQuestions) {
   std::string value = ".\\";
   dialogs.InputBox("Remote Path", "Enter the new Remote Path", value);
   KeepNext("consent");
-  AskConsent({"make resources", "strip bin/demo \xE2\x80\xAE"}, "profile share", nullptr);
+  AskConsent({"make resources", "strip bin/demo \xE2\x80\xAE"}, "profile share (/mnt/share)",
+             nullptr);
 }
 
 TEST_P(TDialogPictures, OfProfiles) {

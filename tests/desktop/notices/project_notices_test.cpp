@@ -3,6 +3,7 @@
 #include "workbench/desktop/notices/difference_dialog.h"
 #include "workbench/desktop/notices/project_notices.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -109,6 +110,24 @@ TEST_F(TWindowNotices, ATargetThatChangesNothingSaysNothing) {
   Choose("Close");
   OpenExample();
   EXPECT_EQ(Strip(), nullptr);
+}
+
+TEST_F(TWindowNotices, AStripAndItsButtonsAreReadOut) {
+  OpenExample();
+  ASSERT_NE(Strip(), nullptr);
+  const auto interfaceOf = [](QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget);
+  };
+  EXPECT_EQ(interfaceOf(Strip())->text(QAccessible::Name).toStdString(),
+            "Reconciled for Win64 – Debug: 3 added");
+  std::vector<std::string> names;
+  for (QAbstractButton* button : Strip()->findChildren<QAbstractButton*>()) {
+    EXPECT_EQ(interfaceOf(button)->role(), QAccessible::Button);
+    names.push_back(interfaceOf(button)->text(QAccessible::Name).toStdString());
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"Show", "Undo", "Close the notice"}));
+  const QAccessibleInterface* text = interfaceOf(Strip()->findChildren<QLabel*>().front());
+  EXPECT_EQ(text->role(), QAccessible::StaticText);
 }
 
 TEST_F(TWindowNotices, AStripCanBeClosedAndNeedsNoAnswer) {

@@ -3,7 +3,9 @@
 
 #include <QApplication>
 #include <QByteArray>
+#include <QLocale>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 namespace {
 
@@ -20,6 +22,15 @@ void SetEnvironment(const QTemporaryDir& home) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+// Pictures may be wanted in German: the file with its translations is named for that.
+void Translate(QTranslator& translator) {
+  const QString file = qEnvironmentVariable("PICTURE_TRANSLATION");
+  if (file.isEmpty() || !translator.load(file))
+    return;
+  QLocale::setDefault(QLocale(QLocale::German));
+  QApplication::installTranslator(&translator);
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -29,5 +40,7 @@ int main(int argc, char* argv[]) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("Deployment Manager");
   QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
+  QTranslator translator;
+  Translate(translator);
   return RUN_ALL_TESTS();
 }

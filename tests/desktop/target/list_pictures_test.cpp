@@ -2,9 +2,12 @@
 // the pictures, for documents and for people to look at.
 #include "tests/desktop/support/pictures.h"
 #include "tests/desktop/target/deploy_now.h"
+#include "workbench/desktop/target/targets_dialog.h"
+#include "workbench/desktop/text/package_texts.h"
 #include "workbench/desktop/window/appearance.h"
 
 #include <QComboBox>
+#include <QPushButton>
 
 namespace workbench {
 namespace {
@@ -38,9 +41,11 @@ protected:
     std::filesystem::last_write_time(FRoot / "target" / "TideLogger" / "data" / "levels.dat",
                                      std::filesystem::file_time_type::clock::now() +
                                          std::chrono::hours(1));
+    Window().Panel().close();
     ClickCheck(Row("TideTables.vcp"));
     PressButton("tbConnect");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return Cell(0, RemoteStatus) == "Same"; }, 10000));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return Cell(0, RemoteStatus) == PackageText("Same").toStdString(); }, 10000));
   }
 };
 
@@ -58,6 +63,24 @@ TEST_P(TListPictures, OfTheTargetBarAndTheDetailsOfAFile) {
   emit grouping.activated(3);
   Settle();
   Keep("grouped");
+}
+
+TEST_P(TListPictures, OfTheTableOfTargets) {
+  Connect();
+  for (const char* name : {"field-1", "field-2"}) {
+    std::filesystem::create_directory(FRoot / name);
+    Host().RemoteProfiles().AddProfile(
+        {.Name = name, .Platform = "Win64", .Path = (FRoot / name).string()});
+  }
+  std::filesystem::copy(FRoot / "target", FRoot / "field-1",
+                        std::filesystem::copy_options::recursive);
+  TTargetsDialog targets(
+      Host(), Project(), {"Debug", "Win64"}, [](const auto& work) { work(); }, &Window());
+  targets.show();
+  Child<QPushButton>(targets, "compareTargets").click();
+  Settle();
+  testing::KeepPicture(targets, GetParam() == TAppearance::Dark ? "targets-dark" : "targets",
+                       "LIST_PICTURES");
 }
 
 INSTANTIATE_TEST_SUITE_P(Colours, TListPictures,

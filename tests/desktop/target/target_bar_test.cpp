@@ -131,6 +131,26 @@ TEST_F(TTargetBarTest, ConnectsAndLetsGo) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return Connect().text() == "Disconnect"; }, 5000));
 }
 
+TEST_F(TTargetBarTest, AnAttemptIsGivenUpByTheSameButton) {
+  // A machine that takes everything and never answers.
+  Host().RemoteProfiles().AddProfile({.Name = "silent",
+                                      .Platform = "Win64",
+                                      .Kind = TProfileKind::Ssh,
+                                      .Path = "/srv/app",
+                                      .Host = "silent.invalid",
+                                      .SshOptions = {"ProxyCommand=cat >/dev/null"}});
+  OpenExample();
+  Project().AssignProfile("Win64", "silent", false);
+  PressButton("tbConnect");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Connect().text() == "Cancel"; }, 5000));
+  EXPECT_EQ(Connection(), "Connecting to silent …");
+  QTest::mouseClick(&Connect(), Qt::LeftButton);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Connect().text() == "Connect"; }, 10000));
+  EXPECT_EQ(Connection(), "Not connected");
+  EXPECT_FALSE(Button("tbConnect")->isChecked());
+  EXPECT_FALSE(QApplication::activeModalWidget());
+}
+
 TEST_F(TTargetBarTest, SaysThatTheMachineWasLost) {
   Deployed();
   std::filesystem::remove_all(FRoot / "target");

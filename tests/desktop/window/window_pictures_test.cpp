@@ -3,8 +3,12 @@
 #include "tests/desktop/support/pictures.h"
 #include "tests/desktop/window/window_fixture.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
+#include "workbench/desktop/deploy/difference_dialog.h"
 #include "workbench/desktop/interaction/connection_questions.h"
+#include "workbench/desktop/notices/notice_strip.h"
 #include "workbench/desktop/projects/recovery_question.h"
+#include "workbench/desktop/text/package_texts.h"
+#include "workbench/desktop/welcome/new_project_dialog.h"
 #include "workbench/desktop/window/appearance.h"
 
 #include <QLabel>
@@ -71,7 +75,8 @@ TEST_P(TWindowPictures, OfStatesOnATarget) {
                                    std::filesystem::file_time_type::clock::now());
   Window().Panel().close();
   PressButton("tbConnect");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return Cell(0, RemoteStatus) == "Same"; }, 10000));
+  ASSERT_TRUE(QTest::qWaitFor(
+      [this] { return Cell(0, RemoteStatus) == PackageText("Same").toStdString(); }, 10000));
   Keep(Window(), "connected");
 }
 
@@ -97,7 +102,7 @@ TEST_P(TWindowPictures, OfADeployThatRuns) {
       return;
     isKept = true;
     Keep(Window(), "deploying");
-    testing::FindButton(Window().Panel(), "Cancel")->click();
+    Child<QPushButton>(Window().Panel(), "cancel").click();
   });
   PressButton("tbDeploy");
   probe.start(5);
@@ -127,10 +132,32 @@ TEST_P(TWindowPictures, OfAPlanWithAConflictAndOfAFailure) {
   Settle();
   EXPECT_FALSE(Window().Panel().IsAsking());
   Keep(Window(), "deploy-results");
-  Choose("Deploy History");
+  QTest::keyClick(&Window(), Qt::Key_H, Qt::ControlModifier);
   ASSERT_TRUE(QTest::qWaitFor([this] { return !Window().Panel().IsRunning(); }, 20000));
   Settle();
   Keep(Window(), "history");
+}
+
+TEST_P(TWindowPictures, OfWhatAReconcileDidAndOfDifferences) {
+  Window().resize(1180, 480);
+  OpenExample();
+  Keep(Window(), "strip");
+  KeepNextDialog("reconciled");
+  QTest::mouseClick(Window().findChild<TNoticeStrip*>()->findChild<QPushButton*>(), Qt::LeftButton);
+  KeepNextDialog("difference");
+  ShowDifference({.LocalName = "data\\levels.dat",
+                  .RemoteFile = "/srv/tide/data/levels.dat",
+                  .LocalFile = "/home/eva/tide/data/levels.dat"},
+                 {.Theirs = "low 0.4\nmean 1.9\nhigh 3.1\n",
+                  .Ours = "low 0.4\nmean 2.0\nhigh 3.1\nspring 3.6\n"},
+                 &Window());
+}
+
+TEST_P(TWindowPictures, OfTheFirstHour) {
+  TNewProjectDialog made(Host(), &Window());
+  made.show();
+  QApplication::processEvents();
+  Keep(made, "new-project");
 }
 
 TEST_P(TWindowPictures, OfMessages) {

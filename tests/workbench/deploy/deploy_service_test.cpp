@@ -72,6 +72,30 @@ TEST_F(DeployService, LeavesOutWhatWasDecidedSo) {
   EXPECT_FALSE(IsThere());
 }
 
+TEST_F(DeployService, PausesWhileALongListIsReadAndHearsCancelThere) {
+  for (int i = 0; i < 600; ++i)
+    FOpen->Deployment().AddFile("Debug", "Win32", std::to_string(i) + ".dat");
+  TSilentObserver nobody;
+  std::atomic<int> cancelled = 0;
+  int pauses = 0;
+  TDeployRequest request{.Project = FOpen->Project(), .Target = {"Debug", "Win32"}};
+  request.MayBegin = [](const TDeployReport&) { return false; };
+  request.Cancelled = &cancelled;
+  request.Pause = [&] { ++pauses; };
+  const TDeployService& service = Host().RemoteProfiles().Deploys();
+  EXPECT_EQ(service.Deploy(request, nobody).End, TDeployEnd::NotStarted);
+  EXPECT_EQ(pauses, 2);
+  request.Pause = [&] {
+    ++pauses;
+    cancelled = 2;
+  };
+  const TDeployReport report = service.Deploy(request, nobody);
+  EXPECT_EQ(report.End, TDeployEnd::Interrupted);
+  EXPECT_EQ(report.Signal, 2);
+  EXPECT_TRUE(report.Rows.empty());
+  EXPECT_EQ(pauses, 3);
+}
+
 TEST_F(DeployService, TellsHowFarTakingBackHasCome) {
   Deploy(nullptr);
   ASSERT_TRUE(IsThere());

@@ -139,14 +139,36 @@ TEST(Json, WritesTheItemsOfALargeMemberAsIfTheyWereOneValue) {
     object.Add("large", members);
     array.Add("large", items);
     std::size_t given = 0;
-    EXPECT_EQ(JsonTextWithObject(head, "large", ThreeItems(given), indent),
-              JsonText(object, indent));
+    const auto written = [&](TJsonItems kind) {
+      std::string text;
+      WriteJsonWithItems(head, "large", kind, ThreeItems(given), indent,
+                         [&text](std::string_view piece) { text += piece; });
+      return text;
+    };
+    EXPECT_EQ(written(TJsonItems::Members), JsonText(object, indent));
     given = 0;
-    EXPECT_EQ(JsonTextWithArray(head, "large", ThreeItems(given), indent), JsonText(array, indent));
+    EXPECT_EQ(written(TJsonItems::Values), JsonText(array, indent));
     given = 3;
-    EXPECT_EQ(ParseJson(JsonTextWithObject(head, "large", ThreeItems(given), indent)),
+    EXPECT_EQ(ParseJson(written(TJsonItems::Members)),
               (TJson{{"format", 1}, {"large", TJson::Object()}}));
   }
+}
+
+TEST(Json, WritesALargeMemberInPieces) {
+  std::size_t left = 10'000;
+  const TNextJsonItem next = [&left](TJsonMember& item) {
+    item.Value = TJson("forty characters of a text that is plain");
+    return left-- > 0;
+  };
+  std::size_t largest = 0;
+  std::string text;
+  WriteJsonWithItems(TJson{{"format", 1}}, "large", TJsonItems::Values, next, -1,
+                     [&](std::string_view piece) {
+                       largest = std::max(largest, piece.size());
+                       text += piece;
+                     });
+  EXPECT_LT(largest, 70'000U);
+  EXPECT_EQ(ParseJson(text).Array("large").size(), 10'000U);
 }
 
 TEST(Json, HandsOverTheMembersOfALargeObjectOneByOne) {

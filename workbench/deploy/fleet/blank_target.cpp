@@ -54,12 +54,8 @@ std::string TBlankTarget::Rename(const TRemoteName& /*name*/, const std::string&
   return Nothing;
 }
 
-std::string TBlankTarget::SetTime(const TRemoteName& /*name*/, deployment::TFileTime /*time*/) {
-  return Nothing;
-}
-
-std::string TBlankTarget::SetMode(const TRemoteName& /*name*/, unsigned /*mode*/) {
-  return Nothing;
+std::vector<std::string> TBlankTarget::Stamp(std::span<const TRemoteStamp> stamps) {
+  return NothingFor(stamps.size());
 }
 
 std::string TBlankTarget::Remove(const TRemoteName& /*name*/) {

@@ -9,7 +9,7 @@
 namespace workbench {
 
 /// Nothing is there, everything is inside, and nothing can be put there.
-class TBlankTarget final : public IRemoteConnection {
+class TBlankTarget : public IRemoteConnection {
 public:
   /// `root` is the path of the profile.
   explicit TBlankTarget(std::string root);
@@ -28,8 +28,7 @@ public:
   TRemoteCreation CreateFile(const TRemoteName& name, std::string_view text,
                              deployment::TFileTime time) override;
   std::string Rename(const TRemoteName& name, const std::string& newName) override;
-  std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
-  std::string SetMode(const TRemoteName& name, unsigned mode) override;
+  std::vector<std::string> Stamp(std::span<const TRemoteStamp> stamps) override;
   std::string Remove(const TRemoteName& name) override;
   std::vector<std::string> RemoveAll(std::span<const TRemoteName> names) override;
   std::vector<std::string> Keep(std::span<const TRemoteCopy> copies) override;

@@ -4,10 +4,15 @@
 #include "package/host/api/target_entries.h"
 #include "workbench/files/machine_path.h"
 
+#include <cstddef>
+
 namespace workbench {
 namespace {
 
 using deployment::TDeployOperation;
+
+// A few milliseconds of work.
+constexpr std::size_t EntriesBetweenPauses = 250;
 
 bool IsExecutable(const deployment::IProjectDeploymentFile& file, TDeployOperation operation) {
   return operation == TDeployOperation::CopyExecutable || operation == TDeployOperation::Run ||
@@ -47,13 +52,16 @@ std::vector<TDeployFile> CollectDeployFiles(deployment::ICustomProject& project,
                                             deployment::IProjectDeployment& deployment,
                                             const deployment::TDeploymentTarget& target,
                                             const deployment::TEntryPathServices& services,
-                                            deployment::TRemoteBase base) {
+                                            deployment::TRemoteBase base, const TPause& pause) {
   deployment::TTargetEntries entries(project, target);
   const deployment::TEntryPaths paths(project, deployment, target, services, base);
   std::vector<TDeployFile> files;
+  std::size_t looked = 0;
   for (const auto& file : deployment.GetFiles()) {
     if (entries.IsDeployed(*file))
       files.push_back(Read(*file, deployment, target.Platform, paths));
+    if (pause && ++looked % EntriesBetweenPauses == 0)
+      pause();
   }
   return files;
 }

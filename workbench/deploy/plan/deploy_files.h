@@ -6,6 +6,7 @@
 #include "package/host/api/entry_paths.h"
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,11 +26,18 @@ struct TDeployFile {
   deployment::TCommandList RemoteCommands = {};
 };
 
+/// Gives the calling thread to what waits there, such as the events of a window. What it throws
+/// ends the work.
+using TPause = std::function<void()>;
+
 /// The entries that a deploy to the target takes, in order. `base` is what remote paths begin with.
+/// The project may be asked on its own thread alone, so `pause` is called every few hundred
+/// entries; the list must stay as it is meanwhile.
 std::vector<TDeployFile> CollectDeployFiles(deployment::ICustomProject& project,
                                             deployment::IProjectDeployment& deployment,
                                             const deployment::TDeploymentTarget& target,
                                             const deployment::TEntryPathServices& services,
-                                            deployment::TRemoteBase base);
+                                            deployment::TRemoteBase base,
+                                            const TPause& pause = nullptr);
 
 } // namespace workbench

@@ -2,71 +2,11 @@
 
 #include "workbench/deploy/record/record_place.h"
 #include "workbench/deploy/record/undo_store.h"
-#include "workbench/files/file_descriptor.h"
-#include "workbench/files/runtime_directory.h"
 
 #include <array>
-#include <cstdlib>
-#include <filesystem>
-#include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
-#include <utility>
 
 namespace workbench {
-namespace {
-
-constexpr mode_t RecordMode = 0644;
-
-// A file of this machine that goes with the object.
-class TTemporaryFile {
-public:
-  explicit TTemporaryFile(std::string_view text) {
-    std::string name = (RuntimeDirectory() / "record-XXXXXX").string();
-    const TFileDescriptor file(::mkstemp(name.data()));
-    if (!file.IsOpen())
-      ThrowSystemError("making a temporary file");
-    FName = name;
-    while (!text.empty()) {
-      const ssize_t count = ::write(file.Get(), text.data(), text.size());
-      if (count < 0 && errno != EINTR)
-        ThrowSystemError("writing a temporary file");
-      text.remove_prefix(count > 0 ? static_cast<std::size_t>(count) : 0);
-    }
-    static_cast<void>(::fchmod(file.Get(), RecordMode));
-  }
-  ~TTemporaryFile() { ::unlink(FName.c_str()); }
-  TTemporaryFile(const TTemporaryFile&) = delete;
-  TTemporaryFile& operator=(const TTemporaryFile&) = delete;
-
-  const std::filesystem::path& Name() const { return FName; }
-
-private:
-  std::filesystem::path FName;
-};
-
-class TOneFile final : public ISendJob {
-public:
-  explicit TOneFile(TSendRequest request) : FRequest(std::move(request)) {}
-
-  bool IsCancelled() const override { return false; } // short, and it ends what was begun
-  const TSendRequest* Next() override {
-    return std::exchange(FIsTaken, true) ? nullptr : &FRequest;
-  }
-  void BytesSent(std::uint64_t /*count*/) override {}
-  void FileDone(const TSendRequest& /*request*/, const TSendOutcome& outcome) override {
-    Problem = outcome.Problem;
-  }
-
-  std::string Problem = "it was not sent";
-
-private:
-  TSendRequest FRequest;
-  bool FIsTaken = false;
-};
-
-} // namespace
-
 TRecordStore::TRecordStore(IRemoteConnection& connection, std::string_view root) {
   const std::array<std::string, 1> wanted{RecordDirectoryOf(root)};
   const TRemoteDirectory found = connection.Resolve(wanted).front();
@@ -101,19 +41,18 @@ std::string TRecordStore::MakeDirectory(IRemoteConnection& connection) {
   return FProblem;
 }
 
-std::string PutText(IRemoteConnection& connection, const TRemoteName& name, std::string_view text) {
+std::string TRecordStore::Write(IRemoteConnection& connection, const TTargetRecord& record,
+                                const std::vector<TRecordedRun>& runs) const {
   try {
-    const TTemporaryFile file(text);
-    TOneFile job({.LocalFile = file.Name(), .Target = name});
-    connection.Send(job);
-    return job.Problem;
+    return Write(connection,
+                 TSentText([&](const TTakeText& take) { WriteRecord(record, runs, take); }));
   } catch (const std::system_error& error) {
     return error.what();
   }
 }
 
-std::string TRecordStore::Write(IRemoteConnection& connection, const TTargetRecord& record) const {
-  return PutText(connection, {FDirectory, std::string(RecordName)}, RecordText(record));
+std::string TRecordStore::Write(IRemoteConnection& connection, const TSentText& record) const {
+  return PutText(connection, {FDirectory, std::string(RecordName)}, record);
 }
 
 void TRecordStore::RemoveUnfinished(IRemoteConnection& connection) const {

@@ -1,6 +1,7 @@
 // Reads and writes the record of a project on a target.
 #pragma once
 
+#include "workbench/deploy/record/sent_text.h"
 #include "workbench/deploy/record/target_record.h"
 #include "workbench/remote/target/remote_connection.h"
 
@@ -8,10 +9,6 @@
 #include <string_view>
 
 namespace workbench {
-
-/// Puts a file with that text in place whole, in a directory that is there; the reason when that
-/// failed. Throws TConnectionError.
-std::string PutText(IRemoteConnection& connection, const TRemoteName& name, std::string_view text);
 
 /// The place of one project's record. Connections that are handed in lead to one target; several
 /// may be used in turn. Every call may throw TConnectionError.
@@ -31,8 +28,12 @@ public:
   static TRecordReading ReadingOf(const TRemoteContent& content);
   /// Makes the directory; the reason when that failed.
   std::string MakeDirectory(IRemoteConnection& connection);
-  /// Puts the record in place whole; the reason when that failed.
-  std::string Write(IRemoteConnection& connection, const TTargetRecord& record) const;
+  /// Puts the record in place whole, with these runs in the stead of its own; the reason when that
+  /// failed.
+  std::string Write(IRemoteConnection& connection, const TTargetRecord& record,
+                    const std::vector<TRecordedRun>& runs) const;
+  /// The same of a record that was written before.
+  std::string Write(IRemoteConnection& connection, const TSentText& record) const;
   /// Keeps a damaged record under another name; the reason when that failed.
   std::string SetAside(IRemoteConnection& connection) const;
   /// Removes files that deploys which ended badly left unfinished beside the record and beside what

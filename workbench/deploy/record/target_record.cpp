@@ -86,9 +86,16 @@ TRecordReading ParseRecord(std::string_view text) {
 }
 
 std::string RecordText(const TTargetRecord& record) {
+  std::string text;
+  WriteRecord(record, record.Runs, [&text](std::string_view piece) { text += piece; });
+  return text;
+}
+
+void WriteRecord(const TTargetRecord& record, const std::vector<TRecordedRun>& recordedRuns,
+                 const TTakeText& take) {
   TJson runs = TJson::Array();
-  for (std::size_t i = 0; i < std::min(record.Runs.size(), MostRuns); ++i)
-    runs.Append(RunJson(record.Runs[i]));
+  for (std::size_t i = 0; i < std::min(recordedRuns.size(), MostRuns); ++i)
+    runs.Append(RunJson(recordedRuns[i]));
   TJson document{{"format", Format},
                  {"project", record.Project},
                  {"platform", record.Platform},
@@ -111,7 +118,8 @@ std::string RecordText(const TTargetRecord& record) {
     ++file;
     return true;
   };
-  return JsonTextWithObject(document, "files", next, 1) + "\n";
+  WriteJsonWithItems(document, "files", TJsonItems::Members, next, 1, take);
+  take("\n");
 }
 
 } // namespace workbench

@@ -2,6 +2,8 @@
 // that are still to be run.
 #pragma once
 
+#include "workbench/json/json.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <ctime>
@@ -93,5 +95,8 @@ struct TRecordReading {
 TRecordReading ParseRecord(std::string_view text);
 
 std::string RecordText(const TTargetRecord& record);
+/// Hands over the text of the record piece by piece, with these runs in the stead of its own.
+void WriteRecord(const TTargetRecord& record, const std::vector<TRecordedRun>& runs,
+                 const TTakeText& take);
 
 } // namespace workbench

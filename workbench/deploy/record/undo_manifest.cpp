@@ -95,17 +95,32 @@ bool IsRunId(std::string_view text) {
 }
 
 std::string UndoManifestText(const TUndoManifest& manifest) {
-  const TJson document{{"format", UndoFormat},
-                       {"run", RunJson(manifest.Run)},
-                       {"directories", manifest.Directories}};
+  std::string text;
   auto file = manifest.Files.begin();
-  const TNextJsonItem next = [&](TJsonMember& item) {
+  const TNextUndoFile next = [&](TUndoFile& item) {
     if (file == manifest.Files.end())
       return false;
-    item.Value = UndoFileJson(*file++);
+    item = *file++;
     return true;
   };
-  return JsonTextWithArray(document, "files", next, 0) + "\n";
+  WriteUndoManifest(manifest.Run, manifest.Directories, next,
+                    [&text](std::string_view piece) { text += piece; });
+  return text;
+}
+
+void WriteUndoManifest(const TRecordedRun& run, const std::vector<std::string>& directories,
+                       const TNextUndoFile& next, const TTakeText& take) {
+  const TJson document{{"format", UndoFormat}, {"run", RunJson(run)}, {"directories", directories}};
+  TUndoFile file;
+  const TNextJsonItem nextItem = [&](TJsonMember& item) {
+    file = {};
+    if (!next(file))
+      return false;
+    item.Value = UndoFileJson(file);
+    return true;
+  };
+  WriteJsonWithItems(document, "files", TJsonItems::Values, nextItem, 0, take);
+  take("\n");
 }
 
 TUndoManifest ParseUndoManifest(std::string_view text) {

@@ -4,6 +4,7 @@
 #include "workbench/deploy/record/target_record.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -62,6 +63,11 @@ struct TUndoIndex {
 bool IsRunId(std::string_view text);
 
 std::string UndoManifestText(const TUndoManifest& manifest);
+/// Makes the next file of a manifest that is never there as a whole; false when there is none.
+using TNextUndoFile = std::function<bool(TUndoFile& file)>;
+/// Hands over the text of a manifest piece by piece.
+void WriteUndoManifest(const TRecordedRun& run, const std::vector<std::string>& directories,
+                       const TNextUndoFile& next, const TTakeText& take);
 /// Every name is checked as names of the list are. Throws TInputError.
 TUndoManifest ParseUndoManifest(std::string_view text);
 

@@ -1,10 +1,11 @@
 #include "workbench/deploy/record/undo_store.h"
 
 #include "package/common/errors.h"
-#include "workbench/deploy/record/record_store.h"
+#include "workbench/deploy/record/sent_text.h"
 
 #include <algorithm>
 #include <array>
+#include <system_error>
 
 namespace workbench {
 namespace {
@@ -50,9 +51,8 @@ TRemoteName TUndoStore::KeptName(const std::string& run, const std::string& kept
 
 // The index names the run first, so that whoever comes after a bad end can sweep it; it offers the
 // run when what is kept is complete.
-std::string TUndoStore::Keep(IRemoteConnection& connection, const TUndoManifest& manifest,
-                             std::span<const TRemoteName> targets, std::uint64_t bytes) {
-  const std::string& run = manifest.Run.Id;
+std::string TUndoStore::Keep(IRemoteConnection& connection, const TKeptRun& request) {
+  const std::string& run = request.Run;
   TUndoIndex index = Index(connection);
   std::string problem;
   if (index.Runs.empty())
@@ -62,10 +62,10 @@ std::string TUndoStore::Keep(IRemoteConnection& connection, const TUndoManifest&
   index.Unfinished.push_back(run);
   problem = WriteIndex(connection, index);
   if (problem.empty())
-    problem = Fill(connection, manifest, targets);
+    problem = Fill(connection, request);
   if (problem.empty()) {
     std::erase(index.Unfinished, run);
-    index.Runs.insert(index.Runs.begin(), {run, bytes});
+    index.Runs.insert(index.Runs.begin(), {run, request.Bytes});
     problem = WriteIndex(connection, index);
   }
   if (!problem.empty())
@@ -73,19 +73,21 @@ std::string TUndoStore::Keep(IRemoteConnection& connection, const TUndoManifest&
   return problem;
 }
 
-std::string TUndoStore::Fill(IRemoteConnection& connection, const TUndoManifest& manifest,
-                             std::span<const TRemoteName> targets) const {
-  const std::string& run = manifest.Run.Id;
-  const std::array<std::string, 1> directory{DirectoryOf(run)};
-  std::string problem = connection.MakeDirectories(directory).front();
-  if (problem.empty())
-    problem =
-        PutText(connection, {directory[0], std::string(ManifestName)}, UndoManifestText(manifest));
-  std::vector<TRemoteCopy> copies;
-  for (std::size_t i = 0; i < targets.size(); ++i) {
-    if (!manifest.Files[i].Kept.empty())
-      copies.push_back({targets[i], KeptName(run, manifest.Files[i].Kept)});
+std::string TUndoStore::Fill(IRemoteConnection& connection, const TKeptRun& request) const {
+  const std::string directory = DirectoryOf(request.Run);
+  std::string problem = connection.MakeDirectories({&directory, 1}).front();
+  if (!problem.empty())
+    return problem;
+  try {
+    problem = PutText(connection, {directory, std::string(ManifestName)},
+                      TSentText(request.WriteManifest));
+  } catch (const std::system_error& error) {
+    return error.what();
   }
+  std::vector<TRemoteCopy> copies;
+  copies.reserve(request.Files.size());
+  for (const auto& [target, kept] : request.Files)
+    copies.push_back({target, KeptName(request.Run, kept)});
   return problem.empty() && !copies.empty() ? FirstOf(connection.Keep(copies)) : problem;
 }
 

@@ -5,12 +5,21 @@
 #include "workbench/remote/target/remote_connection.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
-#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace workbench {
+
+/// What is to be kept of a run.
+struct TKeptRun {
+  std::string Run = {};                                          ///< its id
+  std::uint64_t Bytes = 0;                                       ///< of the files
+  std::function<void(const TTakeText& take)> WriteManifest = {}; ///< hands its text over
+  std::vector<std::pair<TRemoteName, std::string>> Files = {};   ///< resolved, and how each is kept
+};
 
 /// The directory "undo" beside a record. What changes it is called while the target is locked; then
 /// nobody else does, so that the index is read once. Every call may throw TConnectionError.
@@ -27,10 +36,8 @@ public:
   /// Where the kept file of a run is.
   TRemoteName KeptName(const std::string& run, const std::string& kept) const;
 
-  /// Keeps what the manifest names before it is changed, `targets` being its files as they were
-  /// resolved. Returns why that failed; nothing is kept then.
-  std::string Keep(IRemoteConnection& connection, const TUndoManifest& manifest,
-                   std::span<const TRemoteName> targets, std::uint64_t bytes);
+  /// Keeps what a run is about to change. Returns why that failed; nothing is kept then.
+  std::string Keep(IRemoteConnection& connection, const TKeptRun& request);
   /// Removes the oldest runs until no more than so many are left, and no more than so many bytes.
   void Trim(IRemoteConnection& connection, std::uint64_t runs, std::uint64_t bytes);
   /// Removes what was kept of a run.
@@ -40,8 +47,7 @@ public:
 
 private:
   std::string DirectoryOf(const std::string& run) const { return FDirectory + "/" + run; }
-  std::string Fill(IRemoteConnection& connection, const TUndoManifest& manifest,
-                   std::span<const TRemoteName> targets) const;
+  std::string Fill(IRemoteConnection& connection, const TKeptRun& request) const;
   void RemoveFiles(IRemoteConnection& connection, const std::string& run) const;
   void RemoveRuns(IRemoteConnection& connection, const std::vector<std::string>& runs);
   const TUndoIndex& Index(IRemoteConnection& connection);

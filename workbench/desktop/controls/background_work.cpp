@@ -88,6 +88,13 @@ void TBackgroundWork::Run(const std::function<void()>& work) {
     std::rethrow_exception(error);
 }
 
+void TBackgroundWork::Pause() {
+  if (QThread::currentThread() != thread())
+    return;
+  const TBusy busy(*this);
+  QCoreApplication::processEvents();
+}
+
 bool TBackgroundWork::MayReceive(const QObject& receiver) const {
   const auto* widget = qobject_cast<const QWidget*>(&receiver);
   if (!widget || (widget != &FWindow && !FWindow.isAncestorOf(widget)))

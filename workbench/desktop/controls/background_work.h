@@ -24,6 +24,9 @@ public:
   /// Returns when the work is done, and passes on what it throws. On another thread than the
   /// window's it just runs.
   void Run(const std::function<void()>& work);
+  /// Deals with the events that wait, amid work that only the window's thread can do. On another
+  /// thread it does nothing.
+  void Pause();
   bool IsBusy() const { return FDepth > 0; }
 
 signals:

@@ -1,5 +1,6 @@
 #include "workbench/desktop/controls/qt_dialogs.h"
 
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/package_texts.h"
 #include "workbench/desktop/text/qt_text.h"
 
@@ -40,6 +41,13 @@ QPushButton* EscapeButton(const QMessageBox& box) {
   return nullptr;
 }
 
+// A question of the package, or what the host had to say.
+QString MessageText(const std::string& text) {
+  const QString plain = ToQString(text);
+  const QString asked = PackageText(text);
+  return asked == plain ? EngineLines(plain) : asked;
+}
+
 bool HaveDirectories(const QStringList& files) {
   return std::all_of(files.begin(), files.end(),
                      [](const QString& file) { return QFileInfo(file).absoluteDir().exists(); });
@@ -51,7 +59,7 @@ TMessageAnswer TDialogs::ShowMessage(const deployment::TMessageBox& message) {
   QMessageBox box(FParent);
   box.setWindowTitle(QCoreApplication::applicationName());
   box.setTextFormat(Qt::PlainText);
-  box.setText(PackageText(message.Text));
+  box.setText(MessageText(message.Text));
   box.setIcon(message.Buttons.size() > 1 ? QMessageBox::Question : QMessageBox::Information);
   for (const TMessageAnswer answer : message.Buttons) {
     const auto* text = std::find_if(ButtonTexts.begin(), ButtonTexts.end(),

@@ -1,7 +1,7 @@
 #include "workbench/desktop/controls/virtual_tree.h"
 
 #include "workbench/desktop/controls/guarded.h"
-#include "workbench/desktop/text/qt_text.h"
+#include "workbench/desktop/text/engine_text.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -195,7 +195,7 @@ void TVirtualTree::SetNotice(std::string_view text) {
   if (Nodes().Notice() == text)
     return;
   Nodes().SetNotice(text);
-  emit NoticeChanged(ToQString(text));
+  emit NoticeChanged(EngineText(text));
 }
 
 // The form may let the event loop run meanwhile, when half of the rows are there.

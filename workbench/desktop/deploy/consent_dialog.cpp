@@ -1,7 +1,7 @@
 #include "workbench/desktop/deploy/consent_dialog.h"
 
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
-#include "workbench/text/visible_text.h"
 
 #include <QCoreApplication>
 #include <QDialog>
@@ -43,7 +43,7 @@ public:
             .Question = tr("The project wants to run these commands when it is deployed to "
                            "%1. Run only what you trust. May they run, now and whenever "
                            "they are the same there?")
-                            .arg(ToQString(place)),
+                            .arg(EngineText(place)),
             .ListName = tr("Commands"),
             .Yes = tr("&Run Them"),
             .No = tr("&Do Not Run")};
@@ -76,7 +76,7 @@ private:
     list->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     for (const std::string& each : listed)
-      list->appendPlainText(ToQString(Visible(each)));
+      list->appendPlainText(EngineText(each));
     list->moveCursor(QTextCursor::Start);
     const QFontMetrics metrics(list->font());
     list->setMinimumSize(metrics.averageCharWidth() * 60, metrics.lineSpacing() * 8);

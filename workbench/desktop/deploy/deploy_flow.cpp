@@ -47,6 +47,8 @@ TDeployReport TDeployFlow::Deploy(const TDeployService& service, const TDeployRe
     completed.MaySend = [](const auto&) { return true; };
   completed.Cancelled = &cancelled;
   completed.MayBegin = [&](const TDeployReport& planned) {
+    if (cancelled != 0)
+      return false;
     const bool begins = isConfirmed ? page.Rows().Confirms(planned.Rows)
                                     : !FPlansOnly && FTerms.GoesUnasked() && !HasConflicts(planned);
     isAsked = !begins;
@@ -62,6 +64,12 @@ TDeployReport TDeployFlow::Deploy(const TDeployService& service, const TDeployRe
     completed.MayBegin = [](const TDeployReport&) { return false; };
     shown.Report = service.Deploy(completed, page.Observer());
     isAsked = shown.Report.End == TDeployEnd::NotStarted;
+  }
+  // A plan that was made to its end all the same is not what was asked for any more.
+  if (cancelled != 0 && !isAsked && shown.Report.End == TDeployEnd::NotStarted) {
+    shown.Report.End = TDeployEnd::Interrupted;
+    shown.Report.Signal = cancelled;
+    shown.Report.Rows.clear();
   }
   TDeployReport told;
   told.End = shown.Report.End;

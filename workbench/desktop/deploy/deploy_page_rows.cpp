@@ -3,6 +3,7 @@
 #include "workbench/desktop/deploy/difference_dialog.h"
 #include "workbench/desktop/deploy/options_button.h"
 #include "workbench/desktop/text/deploy_words.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/text/visible_text.h"
 
@@ -99,7 +100,7 @@ void TDeployPage::ShowSummary() {
     parts += tr("Commands that run: %1.").arg(FReport.Planned.size());
   QString text = parts.join(QLatin1Char(' '));
   for (std::size_t i = 0; i < std::min(FReport.Warnings.size(), WarningsShown); ++i)
-    text += QStringLiteral("\n• ") + ToQString(Visible(FReport.Warnings[i]));
+    text += QStringLiteral("\n• ") + EngineText(FReport.Warnings[i]);
   if (FReport.Warnings.size() > WarningsShown)
     text += QLatin1Char('\n') + tr("and %1 more").arg(FReport.Warnings.size() - WarningsShown);
   FSummary->setText(text);
@@ -157,8 +158,8 @@ void TDeployPage::Explain(const QModelIndex& index) {
   box.setWindowTitle(tr("Failed File"));
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  box.setText(tr("%1 was not deployed: %2")
-                  .arg(ToQString(Visible(row.LocalName)), ToQString(Visible(row.Error))));
+  box.setText(
+      tr("%1 was not deployed: %2").arg(ToQString(Visible(row.LocalName)), EngineText(row.Error)));
   box.setInformativeText(
       tr("It belongs to %1.\n\n%2").arg(ToQString(Visible(row.RemoteFile)), FailureAdvice(row)));
   box.addButton(QMessageBox::Ok)->setText(tr("OK"));

@@ -1,6 +1,7 @@
 #include "workbench/desktop/deploy/deploy_rows_model.h"
 
 #include "workbench/desktop/text/deploy_words.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/text/visible_text.h"
 
@@ -277,7 +278,7 @@ QString TDeployRowsModel::Text(const TPanelRow& row, int column) const {
   case Target:
     return ToQString(Visible(file.RemoteFile));
   case Reason:
-    return ToQString(Visible(file.Error.empty() ? file.Reason : file.Error));
+    return EngineText(file.Error.empty() ? file.Reason : file.Error);
   default:
     return {};
   }

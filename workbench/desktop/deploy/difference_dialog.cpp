@@ -2,6 +2,7 @@
 
 #include "package/common/errors.h"
 #include "workbench/desktop/deploy/text_difference.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/files/file_reader.h"
 #include "workbench/text/visible_text.h"
@@ -80,7 +81,7 @@ private:
     FText->setLineWrapMode(QPlainTextEdit::NoWrap);
     FText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     if (!sides.Problem.empty())
-      FText->setPlainText(ToQString(Visible(sides.Problem)));
+      FText->setPlainText(EngineText(sides.Problem));
     else if (!IsText(sides.Theirs) || !IsText(sides.Ours))
       FText->setPlainText(tr("The files are no text. Theirs has %1 bytes, ours %2.")
                               .arg(sides.Theirs.size())

@@ -15,9 +15,9 @@ inline constexpr std::uint64_t LargestCompared = std::uint64_t(1024) * 1024;
 
 /// Both contents of a file, or why they cannot be shown.
 struct TFileSides {
-  std::string Theirs;
-  std::string Ours;
-  std::string Problem; ///< in the language of the engine; empty when both are there
+  std::string Theirs = {};
+  std::string Ours = {};
+  std::string Problem = {}; ///< in the language of the engine; empty when both are there
 };
 
 /// Reads both sides of a row, no more than LargestCompared of each. Throws TConnectionError.

@@ -1,5 +1,6 @@
 // How taking back deploys ended, in words for people.
 #include "workbench/desktop/deploy/history_page.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/text/visible_text.h"
 
@@ -26,7 +27,7 @@ QString StayedText(const TUndoReport& report) {
       continue;
     ++named;
     text += QStringLiteral("\n• %1: %2")
-                .arg(ToQString(Visible(row.RemoteFile)), ToQString(Visible(row.Reason)));
+                .arg(ToQString(Visible(row.RemoteFile)), EngineText(row.Reason));
   }
   if (count > named)
     text += QLatin1Char('\n') + TUndoWords::tr("and %1 more").arg(count - named);
@@ -38,9 +39,9 @@ QString StayedText(const TUndoReport& report) {
 QString UndoSummary(const TUndoReport& report) {
   QStringList problems;
   for (const std::string& problem : report.Problems)
-    problems += ToQString(Visible(problem));
+    problems += EngineText(problem);
   if (report.End == TDeployEnd::NoConnection)
-    return TUndoWords::tr("No connection: %1.").arg(ToQString(Visible(report.Message)));
+    return TUndoWords::tr("No connection: %1.").arg(EngineText(report.Message));
   if (!problems.isEmpty() && report.Rows.empty())
     return TUndoWords::tr("Nothing was taken back: %1.").arg(problems.join(QStringLiteral("; ")));
   std::array<std::size_t, UndoActionCount> counts{};

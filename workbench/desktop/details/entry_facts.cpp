@@ -2,6 +2,7 @@
 
 #include "workbench/desktop/text/class_words.h"
 #include "workbench/desktop/text/deploy_words.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 
 #include <QCoreApplication>
@@ -60,7 +61,7 @@ QString Verdict(const TBothSides& sides) {
 QString SidesText(const TBothSides& sides) {
   QString text = Row(TDetails::tr("Here"), SideText(sides.Here));
   if (!sides.Problem.empty())
-    return text + Row(TDetails::tr("Target"), Escaped(ToQString(sides.Problem)));
+    return text + Row(TDetails::tr("Target"), Escaped(EngineText(sides.Problem)));
   text += Row(TDetails::tr("Target"), SideText(sides.There));
   text += Row(TDetails::tr("Deployed"),
               sides.Deployed ? SideText(sides.Deployed) : TDetails::tr("no deploy remembers it"));

@@ -9,6 +9,7 @@
 #include "workbench/desktop/interaction/window_history.h"
 #include "workbench/desktop/interaction/window_interaction.h"
 #include "workbench/desktop/projects/project_tabs.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
@@ -25,7 +26,7 @@ namespace {
 QString LostConnectionText(const std::string& profile, const std::string& reason) {
   return QCoreApplication::translate("workbench::TMainWindow",
                                      "No connection to the files of %1: %2")
-      .arg(ToQString(Visible(profile)), ToQString(Visible(reason)));
+      .arg(ToQString(Visible(profile)), EngineText(reason));
 }
 
 } // namespace
@@ -72,7 +73,7 @@ TServedSession::~TServedSession() {
 void TServedSession::ShowLostConnection(const std::string& profile,
                                         const std::string& reason) const {
   if (FParts.ConnectionLost)
-    FParts.ConnectionLost(profile, Visible(reason));
+    FParts.ConnectionLost(profile, reason);
   FParts.Say(LostConnectionText(profile, reason));
 }
 

@@ -6,6 +6,7 @@
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/deploy/history_page.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/services/remote_profile_services.h"
 #include "workbench/session/session.h"
@@ -27,7 +28,7 @@ struct TShownWork {
 };
 
 QString Sentence(const std::exception& error) {
-  return ToQString(Visible(error.what())) + QLatin1Char('.');
+  return EngineText(error.what()) + QLatin1Char('.');
 }
 
 void Add(TUndoReport next, TUndoReport& all) {
@@ -119,7 +120,7 @@ QString TWindowHistory::ReadRuns(const std::atomic<int>& cancelled) {
   if (reading.State == TRecordState::Newer)
     return tr("The record on the target is of a newer version of this program.");
   if (reading.State == TRecordState::Damaged)
-    return tr("The record on the target is damaged: %1.").arg(ToQString(Visible(reading.Problem)));
+    return tr("The record on the target is damaged: %1.").arg(EngineText(reading.Problem));
   return isEmpty ? tr("The target remembers no deploys of this project yet.") : QString();
 }
 

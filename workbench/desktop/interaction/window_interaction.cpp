@@ -25,6 +25,10 @@ void TWindowInteraction::RunInBackground(const std::function<void()>& work) {
   FParts.Background.Run(work);
 }
 
+void TWindowInteraction::Pause() {
+  FParts.Background.Pause();
+}
+
 TDeployReport TWindowInteraction::Deploy(const TDeployService& service,
                                          const TDeployRequest& request) {
   TDeployReport report = FParts.Deploys.Deploy(service, request);

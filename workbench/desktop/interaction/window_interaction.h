@@ -32,6 +32,7 @@ public:
   TPrompts Prompts() const override;
   bool CreateProfile(deployment::ICustomProject& project, std::string_view platform) override;
   void RunInBackground(const std::function<void()>& work) override;
+  void Pause() override;
   TDeployReport Deploy(const TDeployService& service, const TDeployRequest& request) override;
   void ConnectionLost(const std::string& profile, const std::string& reason) override;
 

@@ -2,6 +2,7 @@
 
 #include "workbench/desktop/dialogs/forms/dialog_place.h"
 #include "workbench/desktop/dialogs/forms/row_table.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/explain/change_reasons.h"
 
@@ -21,7 +22,7 @@ constexpr QSize DialogSize(940, 420);
 QString Joined(const std::vector<std::string>& sentences) {
   QStringList texts;
   for (const std::string& sentence : sentences)
-    texts += ToQString(sentence);
+    texts += EngineText(sentence);
   return texts.join(QStringLiteral("; "));
 }
 

@@ -2,6 +2,7 @@
 
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/projects/project_tabs.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 
@@ -69,7 +70,7 @@ void OfferRecovery(TProjectTabs& projects, QWidget* parent, const std::filesyste
   const TRecoverySearch search = FindRecoverable();
   for (const std::string& problem : search.Problems) {
     if (project.empty())
-      ShowError(Tr("Unsaved Edits"), ToQString(problem), parent);
+      ShowError(Tr("Unsaved Edits"), EngineText(problem), parent);
   }
   for (const TRecoverable& recoverable : search.Found) {
     if (!project.empty() && !IsOfProject(recoverable, project))

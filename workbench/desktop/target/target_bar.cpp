@@ -7,6 +7,7 @@
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/controls/wheel_guard.h"
 #include "workbench/desktop/target/state_chips.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/remote/profile/profile_entry.h"
 #include "workbench/services/remote_profile_services.h"
@@ -237,7 +238,7 @@ void TTargetBar::Press() {
 void TTargetBar::ConnectionLost(const std::string& profile, const std::string& reason) {
   if (profile != ProfileName())
     return;
-  FWatch.Lose(ToQString(reason));
+  FWatch.Lose(EngineText(reason));
   FSoon.start();
 }
 

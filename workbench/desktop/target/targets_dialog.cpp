@@ -2,6 +2,7 @@
 
 #include "workbench/deploy/parallel_runs.h"
 #include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/remote/profile/profile_entry.h"
 #include "workbench/services/remote_profile_services.h"
@@ -49,7 +50,7 @@ std::vector<TTargetAnswer> AskTargets(const TDeployService& deploys, const TDepl
                          std::rethrow_exception(error);
                      } catch (const std::exception& reason) {
                        answers[i] = {.Profile = ToQString(profiles[i].Name),
-                                     .Problem = QString::fromUtf8(reason.what())};
+                                     .Problem = EngineText(reason.what())};
                      }
                    },
                .Cancelled = cancelled});

@@ -2,8 +2,8 @@
 
 #include "workbench/desktop/list/row_state.h"
 #include "workbench/desktop/text/deploy_words.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
-#include "workbench/text/visible_text.h"
 
 #include <algorithm>
 #include <utility>
@@ -34,9 +34,9 @@ TRowState SignOf(TFileState state) {
 TTargetAnswer AnswerOfPlan(const QString& profile, const TDeployReport& report) {
   TTargetAnswer answer{.Profile = profile};
   if (report.End == TDeployEnd::NoConnection)
-    answer.Problem = ToQString(Visible(report.Message));
+    answer.Problem = EngineText(report.Message);
   else if (report.End == TDeployEnd::Refused && !report.Problems.empty())
-    answer.Problem = ToQString(Visible(report.Problems.front()));
+    answer.Problem = EngineText(report.Problems.front());
   for (const TDeployRow& row : report.Rows) {
     if (row.State)
       answer.States[row.LocalName] = *row.State;

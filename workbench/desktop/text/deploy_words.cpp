@@ -1,7 +1,7 @@
 #include "workbench/desktop/text/deploy_words.h"
 
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
-#include "workbench/text/visible_text.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -60,7 +60,7 @@ QString Lines(const std::vector<std::string>& texts) {
   const std::size_t shown = std::min(texts.size(), LinesShown);
   QString lines;
   for (std::size_t i = 0; i < shown; ++i)
-    lines += QStringLiteral("\n\u2022 ") + ToQString(Visible(texts[i]));
+    lines += QStringLiteral("\n\u2022 ") + EngineText(texts[i]);
   if (shown < texts.size())
     lines += QLatin1Char('\n') + TDeployWords::tr("and %1 more").arg(texts.size() - shown);
   return lines;
@@ -70,10 +70,10 @@ QString FailedText(const TDeployReport& report) {
   const auto failed =
       std::count_if(report.Rows.begin(), report.Rows.end(),
                     [](const TDeployRow& row) { return row.Action == TDeployAction::Failed; });
-  const QString start = report.Message.empty()
-                            ? TDeployWords::tr("Files that failed: %1.").arg(failed)
-                            : TDeployWords::tr("The connection was lost: %1.")
-                                  .arg(ToQString(Visible(report.Message)));
+  const QString start =
+      report.Message.empty()
+          ? TDeployWords::tr("Files that failed: %1.").arg(failed)
+          : TDeployWords::tr("The connection was lost: %1.").arg(EngineText(report.Message));
   return start + QLatin1Char(' ') +
          TDeployWords::tr("In all: %1. Deploy again to repeat what failed.")
              .arg(DeployCounts(report.Rows));
@@ -162,7 +162,7 @@ QString DeploySummary(const TDeployReport& report, bool dryRun) {
   case TDeployEnd::Refused:
     return TDeployWords::tr("Nothing was copied. Mend this first:") + Lines(report.Problems);
   case TDeployEnd::NoConnection:
-    return TDeployWords::tr("No connection: %1.").arg(ToQString(Visible(report.Message)));
+    return TDeployWords::tr("No connection: %1.").arg(EngineText(report.Message));
   case TDeployEnd::NoConsent:
     return TDeployWords::tr("Nothing was copied: commands of the project may not run without your "
                             "consent. They are:") +

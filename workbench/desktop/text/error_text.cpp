@@ -1,6 +1,7 @@
 #include "workbench/desktop/text/error_text.h"
 
 #include "package/common/errors.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/text/visible_text.h"
 
@@ -12,7 +13,7 @@
 namespace workbench {
 
 QString ErrorText(const std::exception& error) {
-  QString text = ToQString(Visible(error.what()));
+  QString text = EngineText(error.what());
   const auto* input = dynamic_cast<const deployment::TInputError*>(&error);
   if (!input || input->Place().File.empty())
     return text;

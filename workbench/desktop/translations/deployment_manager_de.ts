@@ -2,6 +2,1853 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>Engine</name>
+    <message>
+        <source>the step &quot;runtime packages&quot; %1: %2</source>
+        <translation>der Schritt „Laufzeitpakete“ %1: %2</translation>
+    </message>
+    <message>
+        <source>the step &quot;project output&quot; %1: %2</source>
+        <translation>der Schritt „Projektausgabe“ %1: %2</translation>
+    </message>
+    <message>
+        <source>the step &quot;debug symbols&quot; %1: %2</source>
+        <translation>der Schritt „Debugsymbole“ %1: %2</translation>
+    </message>
+    <message>
+        <source>the step &quot;OS X defaults&quot; %1: %2</source>
+        <translation>der Schritt „Vorgaben für OS X“ %1: %2</translation>
+    </message>
+    <message>
+        <source>the step &quot;iOS defaults&quot; %1: %2</source>
+        <translation>der Schritt „Vorgaben für iOS“ %1: %2</translation>
+    </message>
+    <message>
+        <source>the step &quot;Android defaults&quot; %1: %2</source>
+        <translation>der Schritt „Vorgaben für Android“ %1: %2</translation>
+    </message>
+    <message>
+        <source>the step &quot;artwork&quot; %1: %2</source>
+        <translation>der Schritt „Bilder“ %1: %2</translation>
+    </message>
+    <message>
+        <source>the step &quot;project files&quot; %1: %2</source>
+        <translation>der Schritt „Projektdateien“ %1: %2</translation>
+    </message>
+    <message>
+        <source>somebody else deploys there: %1 on %2 (process %3), since %4; --break-lock goes on all the same</source>
+        <translation>jemand anderes verteilt gerade dorthin: %1 auf %2 (Prozess %3), seit %4; --break-lock macht trotzdem weiter</translation>
+    </message>
+    <message>
+        <source>somebody else deploys there: %1 on %2, since %3; --break-lock goes on all the same</source>
+        <translation>jemand anderes verteilt gerade dorthin: %1 auf %2, seit %3; --break-lock macht trotzdem weiter</translation>
+    </message>
+    <message>
+        <source>somebody on a machine that it does not name</source>
+        <translation>jemand auf einem Rechner, der nicht genannt ist</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keins</translation>
+    </message>
+    <message>
+        <source>the name of the profile is empty</source>
+        <translation>der Name des Profils fehlt</translation>
+    </message>
+    <message>
+        <source>the name of the group is empty</source>
+        <translation>der Name der Gruppe fehlt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a group</source>
+        <translation>„%1“ kann nicht der Name einer Gruppe sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a profile: a comma stands between names</source>
+        <translation>„%1“ kann nicht der Name eines Profils sein: ein Komma steht zwischen Namen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a group: a comma stands between names</source>
+        <translation>„%1“ kann nicht der Name einer Gruppe sein: ein Komma steht zwischen Namen</translation>
+    </message>
+    <message>
+        <source>adds it</source>
+        <translation>nimmt sie auf</translation>
+    </message>
+    <message>
+        <source>adds it as &quot;%1&quot;</source>
+        <translation>nimmt sie als „%1“ auf</translation>
+    </message>
+    <message>
+        <source>adds it of class &quot;%1&quot;</source>
+        <translation>nimmt sie der Klasse „%1“ auf</translation>
+    </message>
+    <message>
+        <source>brings it up to date</source>
+        <translation>bringt sie auf den neuesten Stand</translation>
+    </message>
+    <message>
+        <source>brings it up to date as &quot;%1&quot;</source>
+        <translation>bringt sie als „%1“ auf den neuesten Stand</translation>
+    </message>
+    <message>
+        <source>keeps it</source>
+        <translation>behält sie</translation>
+    </message>
+    <message>
+        <source>keeps it as &quot;%1&quot;</source>
+        <translation>behält sie als „%1“</translation>
+    </message>
+    <message>
+        <source>removes it</source>
+        <translation>nimmt sie heraus</translation>
+    </message>
+    <message>
+        <source>removes it as &quot;%1&quot;</source>
+        <translation>nimmt sie als „%1“ heraus</translation>
+    </message>
+    <message>
+        <source>makes no entry</source>
+        <translation>legt keinen Eintrag an</translation>
+    </message>
+    <message>
+        <source>makes no entry of class &quot;%1&quot;</source>
+        <translation>legt keinen Eintrag der Klasse „%1“ an</translation>
+    </message>
+    <message>
+        <source>does not run</source>
+        <translation>läuft nicht</translation>
+    </message>
+    <message>
+        <source>it names nothing</source>
+        <translation>sie nennt nichts</translation>
+    </message>
+    <message>
+        <source>the IDE ships it</source>
+        <translation>die IDE liefert sie mit</translation>
+    </message>
+    <message>
+        <source>it is switched off</source>
+        <translation>sie ist ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>es gibt diese Datei nicht</translation>
+    </message>
+    <message>
+        <source>it is not named there any more</source>
+        <translation>sie wird dort nicht mehr genannt</translation>
+    </message>
+    <message>
+        <source>the project builds this file itself</source>
+        <translation>das Projekt erzeugt diese Datei selbst</translation>
+    </message>
+    <message>
+        <source>it was built for something else</source>
+        <translation>sie wurde für etwas anderes gebaut</translation>
+    </message>
+    <message>
+        <source>it was not found anywhere</source>
+        <translation>sie wurde nirgends gefunden</translation>
+    </message>
+    <message>
+        <source>the host cannot be asked</source>
+        <translation>die Umgebung kann nicht gefragt werden</translation>
+    </message>
+    <message>
+        <source>the step does not work for this kind of program</source>
+        <translation>der Schritt gilt nicht für diese Art von Programm</translation>
+    </message>
+    <message>
+        <source>the step does not work for this platform</source>
+        <translation>der Schritt gilt nicht für diese Plattform</translation>
+    </message>
+    <message>
+        <source>files of this extension are not deployed</source>
+        <translation>Dateien dieser Endung werden nicht verteilt</translation>
+    </message>
+    <message>
+        <source>such devices do not show it</source>
+        <translation>solche Geräte zeigen sie nicht</translation>
+    </message>
+    <message>
+        <source>one file has one entry</source>
+        <translation>eine Datei hat einen Eintrag</translation>
+    </message>
+    <message>
+        <source>no step has anything to do</source>
+        <translation>kein Schritt hat etwas zu tun</translation>
+    </message>
+    <message>
+        <source>the target is &quot;%1&quot;</source>
+        <translation>das Ziel ist „%1“</translation>
+    </message>
+    <message>
+        <source>the target is &quot;%1&quot;, the program is of kind &quot;%2&quot;</source>
+        <translation>das Ziel ist „%1“, das Programm ist von der Art „%2“</translation>
+    </message>
+    <message>
+        <source>a build makes &quot;%1&quot;</source>
+        <translation>ein Build erzeugt „%1“</translation>
+    </message>
+    <message>
+        <source>it belongs beside the output &quot;%1&quot;</source>
+        <translation>sie gehört neben die Ausgabe „%1“</translation>
+    </message>
+    <message>
+        <source>the list of runtime packages</source>
+        <translation>die Liste der Laufzeitpakete</translation>
+    </message>
+    <message>
+        <source>the list of runtime packages names &quot;%1&quot;</source>
+        <translation>die Liste der Laufzeitpakete nennt „%1“</translation>
+    </message>
+    <message>
+        <source>the symbol files of &quot;%1&quot; have the extension &quot;%2&quot;</source>
+        <translation>die Symboldateien von „%1“ haben die Endung „%2“</translation>
+    </message>
+    <message>
+        <source>the option &quot;%1&quot; is &quot;%2&quot;</source>
+        <translation>die Option „%1“ ist „%2“</translation>
+    </message>
+    <message>
+        <source>the development kit of the platform</source>
+        <translation>das Entwicklungspaket der Plattform</translation>
+    </message>
+    <message>
+        <source>the development kit &quot;%1&quot; names &quot;%2&quot;</source>
+        <translation>das Entwicklungspaket „%1“ nennt „%2“</translation>
+    </message>
+    <message>
+        <source>the IDE ships it; the option &quot;%1&quot; is &quot;%2&quot;</source>
+        <translation>die IDE liefert sie mit; die Option „%1“ ist „%2“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a file of the name, but &quot;%2&quot;</source>
+        <translation>„%1“ ist eine Datei dieses Namens, aber „%2“</translation>
+    </message>
+    <message>
+        <source>it belongs to &quot;%1&quot;, in the language &quot;%2&quot;</source>
+        <translation>sie gehört zu „%1“, in der Sprache „%2“</translation>
+    </message>
+    <message>
+        <source>it belongs to the project</source>
+        <translation>sie gehört zum Projekt</translation>
+    </message>
+    <message>
+        <source>the file is the entry of class &quot;%1&quot;</source>
+        <translation>die Datei ist der Eintrag der Klasse „%1“</translation>
+    </message>
+    <message>
+        <source>no step of a reconcile for this target asks for it</source>
+        <translation>kein Schritt des Abgleichs für dieses Ziel verlangt sie</translation>
+    </message>
+    <message>
+        <source>the build installs it: %1</source>
+        <translation>der Build installiert sie: %1</translation>
+    </message>
+    <message>
+        <source>the build installed it when the list was made; which rule that was it does not tell now: %1</source>
+        <translation>der Build installierte sie, als die Liste entstand; welche Regel das war, sagt er jetzt nicht: %1</translation>
+    </message>
+    <message>
+        <source>it is switched off for %1, so a deploy leaves it out</source>
+        <translation>sie ist für %1 ausgeschaltet, daher lässt eine Verteilung sie aus</translation>
+    </message>
+    <message>
+        <source>builds take it under the condition %1</source>
+        <translation>Builds nehmen sie unter der Bedingung %1</translation>
+    </message>
+    <message>
+        <source>there is no such file now: %1</source>
+        <translation>es gibt diese Datei jetzt nicht: %1</translation>
+    </message>
+    <message>
+        <source>it was added by hand</source>
+        <translation>sie wurde von Hand hinzugefügt</translation>
+    </message>
+    <message>
+        <source>a reconcile has nothing to say about all platforms at once; ask for one of them</source>
+        <translation>ein Abgleich sagt nichts über alle Plattformen zugleich; fragen Sie nach einer von ihnen</translation>
+    </message>
+    <message>
+        <source>no step of a reconcile works for &quot;Base&quot;: what stands there was put there</source>
+        <translation>kein Schritt des Abgleichs gilt für „Base“: was dort steht, wurde dort eingetragen</translation>
+    </message>
+    <message>
+        <source>the project cannot be reconciled here, so the list is what was saved</source>
+        <translation>das Projekt lässt sich hier nicht abgleichen, daher ist die Liste die gespeicherte</translation>
+    </message>
+    <message>
+        <source>no step of a reconcile asks for it any more; what put it there leaves it in</source>
+        <translation>kein Schritt des Abgleichs verlangt sie noch; was sie eingetragen hat, lässt sie stehen</translation>
+    </message>
+    <message>
+        <source>it is an entry of &quot;%1&quot;, which every configuration inherits from</source>
+        <translation>sie ist ein Eintrag von „%1“, wovon jede Konfiguration erbt</translation>
+    </message>
+    <message>
+        <source>it is an entry of &quot;%1&quot;, which &quot;%2&quot; inherits from</source>
+        <translation>sie ist ein Eintrag von „%1“, wovon „%2“ erbt</translation>
+    </message>
+    <message>
+        <source>it is an entry of &quot;%1&quot;, which inherits from &quot;%2&quot;: it is shown here and deployed there</source>
+        <translation>sie ist ein Eintrag von „%1“, das von „%2“ erbt: hier wird sie gezeigt, dort verteilt</translation>
+    </message>
+    <message>
+        <source>no platform has it; &quot;deploymgr add -p all&quot; puts it on the list of every one</source>
+        <translation>keine Plattform hat sie; „deploymgr add -p all“ setzt sie auf die Liste jeder Plattform</translation>
+    </message>
+    <message>
+        <source>no step of a reconcile works for &quot;Base&quot;; &quot;deploymgr add -c Base&quot; puts it on the list of every configuration</source>
+        <translation>kein Schritt des Abgleichs gilt für „Base“; „deploymgr add -c Base“ setzt sie auf die Liste jeder Konfiguration</translation>
+    </message>
+    <message>
+        <source>the project cannot be reconciled here</source>
+        <translation>das Projekt lässt sich hier nicht abgleichen</translation>
+    </message>
+    <message>
+        <source>no step of a reconcile asks for it; &quot;deploymgr add&quot; puts it on the list</source>
+        <translation>kein Schritt des Abgleichs verlangt sie; „deploymgr add“ setzt sie auf die Liste</translation>
+    </message>
+    <message>
+        <source>ran, but cannot be removed: %1</source>
+        <translation>lief, kann aber nicht entfernt werden: %1</translation>
+    </message>
+    <message>
+        <source>was copied, but %1</source>
+        <translation>wurde kopiert, aber %1</translation>
+    </message>
+    <message>
+        <source>is there, but %1</source>
+        <translation>ist da, aber %1</translation>
+    </message>
+    <message>
+        <source>the run was interrupted</source>
+        <translation>der Lauf wurde unterbrochen</translation>
+    </message>
+    <message>
+        <source>somebody else deploys there: %1; --break-lock goes on all the same</source>
+        <translation>jemand anderes verteilt gerade dorthin: %1; --break-lock macht trotzdem weiter</translation>
+    </message>
+    <message>
+        <source>the record on the target is of a newer version of this program</source>
+        <translation>die Aufzeichnung auf dem Ziel stammt von einer neueren Version dieses Programms</translation>
+    </message>
+    <message>
+        <source>the target cannot remember deploys: %1</source>
+        <translation>das Ziel kann sich Verteilungen nicht merken: %1</translation>
+    </message>
+    <message>
+        <source>the record on the target is damaged and counts as none: %1</source>
+        <translation>die Aufzeichnung auf dem Ziel ist beschädigt und gilt als keine: %1</translation>
+    </message>
+    <message>
+        <source>the target cannot remember this deploy: %1</source>
+        <translation>das Ziel kann sich diese Verteilung nicht merken: %1</translation>
+    </message>
+    <message>
+        <source>the record on the target cannot be read any more: %1</source>
+        <translation>die Aufzeichnung auf dem Ziel kann nicht mehr gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>the record on the target could not be read: %1; deploy again</source>
+        <translation>die Aufzeichnung auf dem Ziel konnte nicht gelesen werden: %1; verteilen Sie noch einmal</translation>
+    </message>
+    <message>
+        <source>somebody else deployed there meanwhile; deploy again</source>
+        <translation>jemand anderes hat inzwischen dorthin verteilt; verteilen Sie noch einmal</translation>
+    </message>
+    <message>
+        <source>this deploy cannot be taken back: %1</source>
+        <translation>diese Verteilung kann nicht zurückgenommen werden: %1</translation>
+    </message>
+    <message>
+        <source>the target cannot remember the end of this deploy</source>
+        <translation>das Ziel kann sich das Ende dieser Verteilung nicht merken</translation>
+    </message>
+    <message>
+        <source>the command after the deploy, &quot;%1&quot;, was not run, since not all files are in place</source>
+        <translation>der Befehl nach der Verteilung, „%1“, lief nicht, da nicht alle Dateien an ihrem Platz sind</translation>
+    </message>
+    <message>
+        <source>the command after the deploy, &quot;%1&quot;, was not run to its end: %2</source>
+        <translation>der Befehl nach der Verteilung, „%1“, lief nicht zu Ende: %2</translation>
+    </message>
+    <message>
+        <source>the command after the deploy, &quot;%1&quot;, %2</source>
+        <translation>der Befehl nach der Verteilung, „%1“, %2</translation>
+    </message>
+    <message>
+        <source>there is no profile &quot;%1&quot; of the platform &quot;%2&quot; any more</source>
+        <translation>es gibt kein Profil „%1“ der Plattform „%2“ mehr</translation>
+    </message>
+    <message>
+        <source>the target keeps no record of deploys, so that none can be taken back</source>
+        <translation>das Ziel zeichnet Verteilungen nicht auf, daher kann keine zurückgenommen werden</translation>
+    </message>
+    <message>
+        <source>profile %1 (%2)</source>
+        <translation>Profil %1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 was %2 and is %3</source>
+        <translation>%1 war %2 und ist %3</translation>
+    </message>
+    <message>
+        <source>the profile</source>
+        <translation>das Profil</translation>
+    </message>
+    <message>
+        <source>the place of the profile &quot;%1&quot;</source>
+        <translation>der Ort des Profils „%1“</translation>
+    </message>
+    <message>
+        <source>the machine that the folder is on</source>
+        <translation>der Rechner, auf dem der Ordner liegt</translation>
+    </message>
+    <message>
+        <source>the host key of the target</source>
+        <translation>der Host-Schlüssel des Ziels</translation>
+    </message>
+    <message>
+        <source>the project assigns no profile to the platform &quot;%1&quot;, and the platform has no default one</source>
+        <translation>das Projekt ordnet der Plattform „%1“ kein Profil zu, und die Plattform hat kein Standardprofil</translation>
+    </message>
+    <message>
+        <source>there is no profile &quot;%1&quot;</source>
+        <translation>es gibt kein Profil „%1“</translation>
+    </message>
+    <message>
+        <source>the profile &quot;%1&quot; is one of the platform &quot;%2&quot;, not of &quot;%3&quot;</source>
+        <translation>das Profil „%1“ gehört zur Plattform „%2“, nicht zu „%3“</translation>
+    </message>
+    <message>
+        <source>%1 is not there and cannot be made</source>
+        <translation>%1 ist nicht da und kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>it is no plan: %1</source>
+        <translation>es ist kein Plan: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no time</source>
+        <translation>„%1“ ist keine Zeit</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no kind of a file</source>
+        <translation>„%1“ ist keine Art von Datei</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no path of a file</source>
+        <translation>„%1“ ist kein Pfad einer Datei</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no action</source>
+        <translation>„%1“ ist keine Aktion</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no state</source>
+        <translation>„%1“ ist kein Zustand</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is nothing that is done with a file</source>
+        <translation>„%1“ ist nichts, was mit einer Datei getan wird</translation>
+    </message>
+    <message>
+        <source>it has no digest</source>
+        <translation>ihm fehlt die Prüfsumme</translation>
+    </message>
+    <message>
+        <source>its digest is another one: it was changed</source>
+        <translation>seine Prüfsumme ist eine andere: es wurde geändert</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be run: the machine runs no commands</source>
+        <translation>„%1“ kann nicht laufen: der Rechner führt keine Befehle aus</translation>
+    </message>
+    <message>
+        <source>cannot be run: the machine runs no commands</source>
+        <translation>kann nicht laufen: der Rechner führt keine Befehle aus</translation>
+    </message>
+    <message>
+        <source>cannot be said to %1</source>
+        <translation>lässt sich %1 nicht sagen</translation>
+    </message>
+    <message>
+        <source>the local command &quot;%1&quot; %2</source>
+        <translation>der lokale Befehl „%1“ %2</translation>
+    </message>
+    <message>
+        <source>what it replaces has %1 bytes, and no more than %2 are kept</source>
+        <translation>was sie ersetzt, hat %1 Bytes, und mehr als %2 werden nicht behalten</translation>
+    </message>
+    <message>
+        <source>its directory leads out of the profile&apos;s path now</source>
+        <translation>ihr Verzeichnis führt jetzt aus dem Pfad des Profils hinaus</translation>
+    </message>
+    <message>
+        <source>it cannot be examined: %1</source>
+        <translation>sie kann nicht untersucht werden: %1</translation>
+    </message>
+    <message>
+        <source>it was changed on the target since</source>
+        <translation>sie wurde seitdem auf dem Ziel geändert</translation>
+    </message>
+    <message>
+        <source>it was removed from the target since</source>
+        <translation>sie wurde seitdem vom Ziel entfernt</translation>
+    </message>
+    <message>
+        <source>what was kept of it is gone</source>
+        <translation>was von ihr behalten wurde, ist weg</translation>
+    </message>
+    <message>
+        <source>the target remembers no deploys: %1</source>
+        <translation>das Ziel merkt sich keine Verteilungen: %1</translation>
+    </message>
+    <message>
+        <source>the target remembers no deploys</source>
+        <translation>das Ziel merkt sich keine Verteilungen</translation>
+    </message>
+    <message>
+        <source>the record on the target is damaged: %1</source>
+        <translation>die Aufzeichnung auf dem Ziel ist beschädigt: %1</translation>
+    </message>
+    <message>
+        <source>the target remembers no run &quot;%1&quot;; history lists those that it remembers</source>
+        <translation>das Ziel merkt sich keinen Lauf „%1“; der Verlauf zeigt die gemerkten</translation>
+    </message>
+    <message>
+        <source>it has no name of a run</source>
+        <translation>es hat keinen Namen eines Laufs</translation>
+    </message>
+    <message>
+        <source>the run %1 cannot be taken back: %2</source>
+        <translation>der Lauf %1 kann nicht zurückgenommen werden: %2</translation>
+    </message>
+    <message>
+        <source>somebody else deployed there meanwhile; try again</source>
+        <translation>jemand anderes hat inzwischen dorthin verteilt; versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the target cannot remember what was taken back: %1</source>
+        <translation>das Ziel kann sich nicht merken, was zurückgenommen wurde: %1</translation>
+    </message>
+    <message>
+        <source>making a directory to unpack it here</source>
+        <translation>Anlegen eines Verzeichnisses zum Auspacken</translation>
+    </message>
+    <message>
+        <source>cannot be unpacked: it changed since it was copied</source>
+        <translation>kann nicht ausgepackt werden: sie hat sich seit dem Kopieren geändert</translation>
+    </message>
+    <message>
+        <source>cannot be unpacked: %1</source>
+        <translation>kann nicht ausgepackt werden: %1</translation>
+    </message>
+    <message>
+        <source>was unpacked in part: %1</source>
+        <translation>wurde nur zum Teil ausgepackt: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; in it %2</source>
+        <translation>„%1“ darin %2</translation>
+    </message>
+    <message>
+        <source>has a name that the target cannot hold: it %1</source>
+        <translation>hat einen Namen, den das Ziel nicht haben kann: er %1</translation>
+    </message>
+    <message>
+        <source>is a link, and the target has none</source>
+        <translation>ist eine Verknüpfung, und das Ziel kennt keine</translation>
+    </message>
+    <message>
+        <source>has the name of &quot;%1&quot; for the target</source>
+        <translation>hat für das Ziel den Namen von „%1“</translation>
+    </message>
+    <message>
+        <source>cannot go there: %1</source>
+        <translation>kann dort nicht hin: %1</translation>
+    </message>
+    <message>
+        <source>a link of the target stands on the way</source>
+        <translation>eine Verknüpfung des Ziels steht im Weg</translation>
+    </message>
+    <message>
+        <source>a directory has its name</source>
+        <translation>ein Verzeichnis trägt ihren Namen</translation>
+    </message>
+    <message>
+        <source>leads to where deploys keep what they remember</source>
+        <translation>führt dorthin, wo Verteilungen ablegen, was sie sich merken</translation>
+    </message>
+    <message>
+        <source>has the place of the archive itself</source>
+        <translation>hat den Platz des Archivs selbst</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: it lands on %2, and so does &quot;%3&quot;</source>
+        <translation>„%1“: sie landet auf %2, ebenso wie „%3“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: it lands on %2, which is a directory for &quot;%3&quot;</source>
+        <translation>„%1“: sie landet auf %2, was ein Verzeichnis für „%3“ ist</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: %2</source>
+        <translation>„%1“: %2</translation>
+    </message>
+    <message>
+        <source>it cannot go to &quot;%1&quot;: %2</source>
+        <translation>sie kann nicht nach „%1“: %2</translation>
+    </message>
+    <message>
+        <source>its remote path &quot;%1&quot; leads to where deploys keep what they remember</source>
+        <translation>ihr Zielpfad „%1“ führt dorthin, wo Verteilungen ablegen, was sie sich merken</translation>
+    </message>
+    <message>
+        <source>its path on the target is longer than %1 bytes</source>
+        <translation>ihr Pfad auf dem Ziel ist länger als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>it cannot be removed from &quot;%1&quot;, which is not below the project&apos;s directory on the target</source>
+        <translation>sie kann nicht von „%1“ entfernt werden, was nicht unter dem Verzeichnis des Projekts auf dem Ziel liegt</translation>
+    </message>
+    <message>
+        <source>%1 cannot be examined: %2</source>
+        <translation>%1 kann nicht untersucht werden: %2</translation>
+    </message>
+    <message>
+        <source>it lands on %1, which is a directory on the target</source>
+        <translation>sie landet auf %1, was auf dem Ziel ein Verzeichnis ist</translation>
+    </message>
+    <message>
+        <source>%1 is newer than &quot;%2&quot;, which is copied over it</source>
+        <translation>%1 ist neuer als „%2“, womit sie überschrieben wird</translation>
+    </message>
+    <message>
+        <source>it was changed on the target since it was deployed, and here, too</source>
+        <translation>sie wurde seit der Verteilung auf dem Ziel geändert, und hier auch</translation>
+    </message>
+    <message>
+        <source>it was changed on the target since it was deployed</source>
+        <translation>sie wurde seit der Verteilung auf dem Ziel geändert</translation>
+    </message>
+    <message>
+        <source>it was changed on the target again since the plan was looked at</source>
+        <translation>sie wurde auf dem Ziel noch einmal geändert, seit der Plan angesehen wurde</translation>
+    </message>
+    <message>
+        <source>it is not in the list any more, and was changed on the target since it was deployed</source>
+        <translation>sie steht nicht mehr auf der Liste und wurde seit der Verteilung auf dem Ziel geändert</translation>
+    </message>
+    <message>
+        <source>on this machine: %1</source>
+        <translation>auf diesem Rechner: %1</translation>
+    </message>
+    <message>
+        <source>on the target: %1</source>
+        <translation>auf dem Ziel: %1</translation>
+    </message>
+    <message>
+        <source>unreadable here</source>
+        <translation>hier nicht lesbar</translation>
+    </message>
+    <message>
+        <source>unreadable there</source>
+        <translation>dort nicht lesbar</translation>
+    </message>
+    <message>
+        <source>the local file %1 is missing</source>
+        <translation>die lokale Datei %1 fehlt</translation>
+    </message>
+    <message>
+        <source>the local file %1 is missing, and it is required</source>
+        <translation>die lokale Datei %1 fehlt, und sie ist erforderlich</translation>
+    </message>
+    <message>
+        <source>the local file %1 cannot be examined: %2</source>
+        <translation>die lokale Datei %1 kann nicht untersucht werden: %2</translation>
+    </message>
+    <message>
+        <source>%1, and it is required</source>
+        <translation>%1, und sie ist erforderlich</translation>
+    </message>
+    <message>
+        <source>the local file %1 was missing and is there now</source>
+        <translation>die lokale Datei %1 fehlte und ist jetzt da</translation>
+    </message>
+    <message>
+        <source>the local file %1 is no link</source>
+        <translation>die lokale Datei %1 ist keine Verknüpfung</translation>
+    </message>
+    <message>
+        <source>the local file %1 has other rights</source>
+        <translation>die lokale Datei %1 hat andere Rechte</translation>
+    </message>
+    <message>
+        <source>the local file %1 has another content</source>
+        <translation>die lokale Datei %1 hat einen anderen Inhalt</translation>
+    </message>
+    <message>
+        <source>its directory is another one now</source>
+        <translation>ihr Verzeichnis ist jetzt ein anderes</translation>
+    </message>
+    <message>
+        <source>deploys keep there what they remember</source>
+        <translation>dort legen Verteilungen ab, was sie sich merken</translation>
+    </message>
+    <message>
+        <source>%1 was not on the target and is there now</source>
+        <translation>%1 war nicht auf dem Ziel und ist jetzt da</translation>
+    </message>
+    <message>
+        <source>%1 was on the target and is not there now</source>
+        <translation>%1 war auf dem Ziel und ist jetzt nicht mehr da</translation>
+    </message>
+    <message>
+        <source>%1 is something else on the target now</source>
+        <translation>%1 ist auf dem Ziel jetzt etwas anderes</translation>
+    </message>
+    <message>
+        <source>%1 has other rights on the target now</source>
+        <translation>%1 hat auf dem Ziel jetzt andere Rechte</translation>
+    </message>
+    <message>
+        <source>%1 has another content on the target now</source>
+        <translation>%1 hat auf dem Ziel jetzt einen anderen Inhalt</translation>
+    </message>
+    <message>
+        <source>%1 was changed on the target</source>
+        <translation>%1 wurde auf dem Ziel geändert</translation>
+    </message>
+    <message>
+        <source>%1: other commands are still to be run than were then</source>
+        <translation>%1: es müssen noch andere Befehle laufen als damals</translation>
+    </message>
+    <message>
+        <source>the command &quot;%1&quot; is not to be run any more</source>
+        <translation>der Befehl „%1“ muss nicht mehr laufen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no text of a link</source>
+        <translation>„%1“ ist kein Text einer Verknüpfung</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no hash</source>
+        <translation>„%1“ ist keine Prüfsumme</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no mode</source>
+        <translation>„%1“ ist keine Angabe von Rechten</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no result of a run</source>
+        <translation>„%1“ ist kein Ergebnis eines Laufs</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no run</source>
+        <translation>„%1“ ist kein Lauf</translation>
+    </message>
+    <message>
+        <source>making a temporary file</source>
+        <translation>Anlegen einer temporären Datei</translation>
+    </message>
+    <message>
+        <source>writing a temporary file</source>
+        <translation>Schreiben einer temporären Datei</translation>
+    </message>
+    <message>
+        <source>it was not sent</source>
+        <translation>sie wurde nicht gesendet</translation>
+    </message>
+    <message>
+        <source>%1 leads out of the profile&apos;s path</source>
+        <translation>%1 führt aus dem Pfad des Profils hinaus</translation>
+    </message>
+    <message>
+        <source>a machine that it does not name</source>
+        <translation>einem Rechner, den es nicht nennt</translation>
+    </message>
+    <message>
+        <source>the target cannot be locked: %1</source>
+        <translation>das Ziel kann nicht gesperrt werden: %1</translation>
+    </message>
+    <message>
+        <source>it has the member &quot;%1&quot; twice</source>
+        <translation>es hat das Element „%1“ zweimal</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no name of a kept file</source>
+        <translation>„%1“ ist kein Name einer behaltenen Datei</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no way to take a file back</source>
+        <translation>„%1“ ist keine Art, eine Datei zurückzunehmen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; lacks what it is taken back by</source>
+        <translation>„%1“ fehlt, womit sie zurückgenommen wird</translation>
+    </message>
+    <message>
+        <source>it is of a newer version of this program</source>
+        <translation>es stammt von einer neueren Version dieses Programms</translation>
+    </message>
+    <message>
+        <source>nothing was kept of it</source>
+        <translation>davon wurde nichts behalten</translation>
+    </message>
+    <message>
+        <source>%1 is gone</source>
+        <translation>%1 ist weg</translation>
+    </message>
+    <message>
+        <source>the files are too large to be compared</source>
+        <translation>die Dateien sind zu groß für einen Vergleich</translation>
+    </message>
+    <message>
+        <source>is a link that leads out: %1</source>
+        <translation>ist eine Verknüpfung, die hinausführt: %1</translation>
+    </message>
+    <message>
+        <source>has an absolute name</source>
+        <translation>hat einen absoluten Namen</translation>
+    </message>
+    <message>
+        <source>has a name with a drive</source>
+        <translation>hat einen Namen mit einem Laufwerk</translation>
+    </message>
+    <message>
+        <source>leads out of the directory that it is unpacked into</source>
+        <translation>führt aus dem Verzeichnis hinaus, in das es ausgepackt wird</translation>
+    </message>
+    <message>
+        <source>has a name that is too long or too deep</source>
+        <translation>hat einen Namen, der zu lang oder zu tief ist</translation>
+    </message>
+    <message>
+        <source>is below %1, which is no directory</source>
+        <translation>liegt unter %1, was kein Verzeichnis ist</translation>
+    </message>
+    <message>
+        <source>reading it: it is %1</source>
+        <translation>Lesen: es ist %1</translation>
+    </message>
+    <message>
+        <source>reading it: it is no plain file</source>
+        <translation>Lesen: es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>reading it</source>
+        <translation>Lesen</translation>
+    </message>
+    <message>
+        <source>it changed while it was copied</source>
+        <translation>sie änderte sich, während sie kopiert wurde</translation>
+    </message>
+    <message>
+        <source>making a link beside it</source>
+        <translation>Anlegen einer Verknüpfung daneben</translation>
+    </message>
+    <message>
+        <source>putting it in place</source>
+        <translation>Einsetzen an ihren Platz</translation>
+    </message>
+    <message>
+        <source>opening the directory</source>
+        <translation>Öffnen des Verzeichnisses</translation>
+    </message>
+    <message>
+        <source>reading the link</source>
+        <translation>Lesen der Verknüpfung</translation>
+    </message>
+    <message>
+        <source>%1 is %2, not a directory</source>
+        <translation>%1 ist %2, kein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>%1 is %2, not a file</source>
+        <translation>%1 ist %2, keine Datei</translation>
+    </message>
+    <message>
+        <source>%1 cannot be reached: %2</source>
+        <translation>%1 ist nicht erreichbar: %2</translation>
+    </message>
+    <message>
+        <source>the user has no home directory</source>
+        <translation>der Benutzer hat kein Heimatverzeichnis</translation>
+    </message>
+    <message>
+        <source>%1 cannot be followed: %2</source>
+        <translation>%1 kann nicht verfolgt werden: %2</translation>
+    </message>
+    <message>
+        <source>examining it</source>
+        <translation>Untersuchen</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 bytes</source>
+        <translation>sie ist größer als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>it is there already</source>
+        <translation>sie ist schon da</translation>
+    </message>
+    <message>
+        <source>making it</source>
+        <translation>Anlegen</translation>
+    </message>
+    <message>
+        <source>renaming it</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>setting its rights</source>
+        <translation>Setzen der Rechte</translation>
+    </message>
+    <message>
+        <source>setting the time stamp</source>
+        <translation>Setzen der Zeit</translation>
+    </message>
+    <message>
+        <source>removing it</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>opening its directory</source>
+        <translation>Öffnen ihres Verzeichnisses</translation>
+    </message>
+    <message>
+        <source>copying it</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>copying its rights and time</source>
+        <translation>Kopieren von Rechten und Zeit</translation>
+    </message>
+    <message>
+        <source>linking it</source>
+        <translation>Verknüpfen</translation>
+    </message>
+    <message>
+        <source>moving it</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>making a temporary file beside it</source>
+        <translation>Anlegen einer temporären Datei daneben</translation>
+    </message>
+    <message>
+        <source>bringing it to the disk</source>
+        <translation>Schreiben auf die Platte</translation>
+    </message>
+    <message>
+        <source>closing it</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>writing it</source>
+        <translation>Schreiben</translation>
+    </message>
+    <message>
+        <source>a file</source>
+        <translation>eine Datei</translation>
+    </message>
+    <message>
+        <source>a directory</source>
+        <translation>ein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>a device</source>
+        <translation>ein Gerät</translation>
+    </message>
+    <message>
+        <source>a pipe</source>
+        <translation>eine Pipe</translation>
+    </message>
+    <message>
+        <source>a socket</source>
+        <translation>ein Socket</translation>
+    </message>
+    <message>
+        <source>a symbolic link</source>
+        <translation>eine symbolische Verknüpfung</translation>
+    </message>
+    <message>
+        <source>the machine of the profile &quot;%1&quot; offers no host key</source>
+        <translation>der Rechner des Profils „%1“ bietet keinen Host-Schlüssel an</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a profile</source>
+        <translation>„%1“ kann nicht der Name eines Profils sein</translation>
+    </message>
+    <message>
+        <source>the profile &quot;%1&quot; names no platform</source>
+        <translation>das Profil „%1“ nennt keine Plattform</translation>
+    </message>
+    <message>
+        <source>the path of the profile &quot;%1&quot; is empty</source>
+        <translation>der Pfad des Profils „%1“ fehlt</translation>
+    </message>
+    <message>
+        <source>the path of the profile &quot;%1&quot; is not a full path: %2</source>
+        <translation>der Pfad des Profils „%1“ ist kein vollständiger Pfad: %2</translation>
+    </message>
+    <message>
+        <source>the path of the profile &quot;%1&quot; is the root of the file system</source>
+        <translation>der Pfad des Profils „%1“ ist die Wurzel des Dateisystems</translation>
+    </message>
+    <message>
+        <source>the path of the profile &quot;%1&quot; climbs with &quot;..&quot;: %2</source>
+        <translation>der Pfad des Profils „%1“ steigt mit „..“ auf: %2</translation>
+    </message>
+    <message>
+        <source>%1; none was added yet</source>
+        <translation>%1; es wurde noch keins angelegt</translation>
+    </message>
+    <message>
+        <source>%1; known are: %2</source>
+        <translation>%1; bekannt sind: %2</translation>
+    </message>
+    <message>
+        <source>%1; there are none of that platform</source>
+        <translation>%1; für diese Plattform gibt es keins</translation>
+    </message>
+    <message>
+        <source>there is no group &quot;%1&quot;</source>
+        <translation>es gibt keine Gruppe „%1“</translation>
+    </message>
+    <message>
+        <source>the group &quot;%1&quot; has no profiles</source>
+        <translation>die Gruppe „%1“ hat keine Profile</translation>
+    </message>
+    <message>
+        <source>the profiles &quot;%1&quot; and &quot;%2&quot; lead to the same place</source>
+        <translation>die Profile „%1“ und „%2“ führen an denselben Ort</translation>
+    </message>
+    <message>
+        <source>%1, which the group &quot;%2&quot; names</source>
+        <translation>%1, das die Gruppe „%2“ nennt</translation>
+    </message>
+    <message>
+        <source>the profile &quot;%1&quot;, which the group &quot;%2&quot; names, is one of the platform &quot;%3&quot;, not of &quot;%4&quot;</source>
+        <translation>das Profil „%1“, das die Gruppe „%2“ nennt, gehört zur Plattform „%3“, nicht zu „%4“</translation>
+    </message>
+    <message>
+        <source>%1 is no directory and cannot be made one</source>
+        <translation>%1 ist kein Verzeichnis und kann keins werden</translation>
+    </message>
+    <message>
+        <source>the group &quot;%1&quot; has a profile twice</source>
+        <translation>die Gruppe „%1“ hat ein Profil zweimal</translation>
+    </message>
+    <message>
+        <source>it has two profiles &quot;%1&quot;</source>
+        <translation>es gibt zwei Profile „%1“</translation>
+    </message>
+    <message>
+        <source>it has two groups &quot;%1&quot;</source>
+        <translation>es gibt zwei Gruppen „%1“</translation>
+    </message>
+    <message>
+        <source>there is a profile &quot;%1&quot; already</source>
+        <translation>es gibt schon ein Profil „%1“</translation>
+    </message>
+    <message>
+        <source>the group &quot;%1&quot; has no profile &quot;%2&quot;</source>
+        <translation>die Gruppe „%1“ hat kein Profil „%2“</translation>
+    </message>
+    <message>
+        <source>all is well, but what was asked for is not there</source>
+        <translation>alles sei gut, aber das Gefragte fehlt</translation>
+    </message>
+    <message>
+        <source>a packet ends late</source>
+        <translation>ein Paket endet zu spät</translation>
+    </message>
+    <message>
+        <source>a packet ends early</source>
+        <translation>ein Paket endet zu früh</translation>
+    </message>
+    <message>
+        <source>a wrong number of names</source>
+        <translation>eine falsche Zahl von Namen</translation>
+    </message>
+    <message>
+        <source>an answer of kind %1 to a request of kind %2</source>
+        <translation>eine Antwort der Art %1 auf eine Frage der Art %2</translation>
+    </message>
+    <message>
+        <source>a handle of %1 bytes</source>
+        <translation>ein Griff von %1 Bytes</translation>
+    </message>
+    <message>
+        <source>no bytes, and not the end of the file</source>
+        <translation>keine Bytes, und nicht das Ende der Datei</translation>
+    </message>
+    <message>
+        <source>more bytes than were asked for</source>
+        <translation>mehr Bytes als verlangt</translation>
+    </message>
+    <message>
+        <source>the machine ended the conversation before it began</source>
+        <translation>der Rechner beendete das Gespräch, bevor es begann</translation>
+    </message>
+    <message>
+        <source>the machine&apos;s greeting makes no sense: %1</source>
+        <translation>die Begrüßung des Rechners ergibt keinen Sinn: %1</translation>
+    </message>
+    <message>
+        <source>the machine does not speak version 3 of the file transfer protocol</source>
+        <translation>der Rechner spricht nicht Version 3 des Dateiübertragungsprotokolls</translation>
+    </message>
+    <message>
+        <source>the connection was lost: the machine had not answered for %1 seconds</source>
+        <translation>die Verbindung ging verloren: der Rechner hatte %1 Sekunden lang nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>the connection was lost: %1</source>
+        <translation>die Verbindung ging verloren: %1</translation>
+    </message>
+    <message>
+        <source>the connection was lost</source>
+        <translation>die Verbindung ging verloren</translation>
+    </message>
+    <message>
+        <source>waiting for the machine: %1</source>
+        <translation>Warten auf den Rechner: %1</translation>
+    </message>
+    <message>
+        <source>the machine has not answered for %1 seconds</source>
+        <translation>der Rechner hat %1 Sekunden lang nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>the machine does not speak the file transfer protocol; perhaps its start-up files print text</source>
+        <translation>der Rechner spricht das Dateiübertragungsprotokoll nicht; vielleicht geben seine Startdateien Text aus</translation>
+    </message>
+    <message>
+        <source>the machine answers what it was not asked</source>
+        <translation>der Rechner antwortet, was er nicht gefragt wurde</translation>
+    </message>
+    <message>
+        <source>the machine&apos;s answer makes no sense: %1</source>
+        <translation>die Antwort des Rechners ergibt keinen Sinn: %1</translation>
+    </message>
+    <message>
+        <source>%1; what stood there has the name %2 now</source>
+        <translation>%1; was dort stand, heißt jetzt %2</translation>
+    </message>
+    <message>
+        <source>has a NUL character</source>
+        <translation>hat ein NUL-Zeichen</translation>
+    </message>
+    <message>
+        <source>cannot be run: the machine has no shell that is known</source>
+        <translation>kann nicht laufen: der Rechner hat keine bekannte Shell</translation>
+    </message>
+    <message>
+        <source>cannot be run: %1 cannot be named in a command of %2</source>
+        <translation>kann nicht laufen: %1 lässt sich in einem Befehl für %2 nicht nennen</translation>
+    </message>
+    <message>
+        <source>the machine says that it is there, and it is not</source>
+        <translation>der Rechner sagt, sie sei da, und sie ist es nicht</translation>
+    </message>
+    <message>
+        <source>the server knows no hard links</source>
+        <translation>der Server kennt keine harten Verknüpfungen</translation>
+    </message>
+    <message>
+        <source>the server gives no answer</source>
+        <translation>der Server gibt keine Antwort</translation>
+    </message>
+    <message>
+        <source>making the directory %1</source>
+        <translation>Anlegen des Verzeichnisses %1</translation>
+    </message>
+    <message>
+        <source>making the directory</source>
+        <translation>Anlegen des Verzeichnisses</translation>
+    </message>
+    <message>
+        <source>%1 is there and is no directory</source>
+        <translation>%1 ist da und kein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>the machine does not tell where &quot;%1&quot; is</source>
+        <translation>der Rechner sagt nicht, wo „%1“ ist</translation>
+    </message>
+    <message>
+        <source>%1 is a link that cannot be followed</source>
+        <translation>%1 ist eine Verknüpfung, der nicht zu folgen ist</translation>
+    </message>
+    <message>
+        <source>%1 is a file, not a directory</source>
+        <translation>%1 ist eine Datei, kein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>%1; the disk of the target is full</source>
+        <translation>%1; die Platte des Ziels ist voll</translation>
+    </message>
+    <message>
+        <source>the server gives no handle</source>
+        <translation>der Server gibt keinen Griff</translation>
+    </message>
+    <message>
+        <source>looking at it on the target</source>
+        <translation>Ansehen auf dem Ziel</translation>
+    </message>
+    <message>
+        <source>the server does not say how long it is</source>
+        <translation>der Server sagt nicht, wie lang sie ist</translation>
+    </message>
+    <message>
+        <source>the target has %1 of its %2 bytes</source>
+        <translation>das Ziel hat %1 von ihren %2 Bytes</translation>
+    </message>
+    <message>
+        <source>the file ends early</source>
+        <translation>die Datei endet zu früh</translation>
+    </message>
+    <message>
+        <source>no such file or directory</source>
+        <translation>Datei oder Verzeichnis nicht gefunden</translation>
+    </message>
+    <message>
+        <source>permission denied</source>
+        <translation>Zugriff verweigert</translation>
+    </message>
+    <message>
+        <source>the server reports a failure</source>
+        <translation>der Server meldet einen Fehler</translation>
+    </message>
+    <message>
+        <source>the server does not understand</source>
+        <translation>der Server versteht nicht</translation>
+    </message>
+    <message>
+        <source>the server cannot do this</source>
+        <translation>der Server kann das nicht</translation>
+    </message>
+    <message>
+        <source>the server reports error %1</source>
+        <translation>der Server meldet Fehler %1</translation>
+    </message>
+    <message>
+        <source>making a socket for questions</source>
+        <translation>Anlegen eines Sockets für Fragen</translation>
+    </message>
+    <message>
+        <source>making a socket</source>
+        <translation>Anlegen eines Sockets</translation>
+    </message>
+    <message>
+        <source>the host key of %1 (%2) was revoked in %3, line %4</source>
+        <translation>der Host-Schlüssel von %1 (%2) wurde in %3, Zeile %4, widerrufen</translation>
+    </message>
+    <message>
+        <source>the host key of %1 has changed, so this may be another machine: known is %2, offered is %3. If the change is right, remove line %4 of %5: %6</source>
+        <translation>der Host-Schlüssel von %1 hat sich geändert, dies kann also ein anderer Rechner sein: bekannt ist %2, angeboten wird %3. Ist die Änderung richtig, so entfernen Sie Zeile %4 von %5: %6</translation>
+    </message>
+    <message>
+        <source>the host key of %1 is not known: %2; it was not accepted</source>
+        <translation>der Host-Schlüssel von %1 ist nicht bekannt: %2; er wurde nicht angenommen</translation>
+    </message>
+    <message>
+        <source>the host key of %1 is not known: %2; nobody can be asked here whether it is the right one: accept it once at a terminal</source>
+        <translation>der Host-Schlüssel von %1 ist nicht bekannt: %2; hier kann niemand gefragt werden, ob es der richtige ist: nehmen Sie ihn einmal in einem Terminal an</translation>
+    </message>
+    <message>
+        <source>the SSH client cannot be run: %1</source>
+        <translation>der SSH-Client kann nicht gestartet werden: %1</translation>
+    </message>
+    <message>
+        <source>the host key cannot be kept: ssh-keygen did not hash it</source>
+        <translation>der Host-Schlüssel kann nicht behalten werden: ssh-keygen hat ihn nicht verschlüsselt</translation>
+    </message>
+    <message>
+        <source>opening it</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be run: %2</source>
+        <translation>%1 kann nicht laufen: %2</translation>
+    </message>
+    <message>
+        <source>the SSH client does not say where it keeps host keys</source>
+        <translation>der SSH-Client sagt nicht, wo er Host-Schlüssel aufbewahrt</translation>
+    </message>
+    <message>
+        <source>the host key cannot be kept: the configuration of the SSH client names no file for it</source>
+        <translation>der Host-Schlüssel kann nicht behalten werden: die Konfiguration des SSH-Clients nennt keine Datei dafür</translation>
+    </message>
+    <message>
+        <source>making its directory</source>
+        <translation>Anlegen ihres Verzeichnisses</translation>
+    </message>
+    <message>
+        <source>the host key cannot be kept in %1: %2</source>
+        <translation>der Host-Schlüssel kann nicht in %1 behalten werden: %2</translation>
+    </message>
+    <message>
+        <source>ssh-keygen cannot read a host key of type &quot;%1&quot;</source>
+        <translation>ssh-keygen kann keinen Host-Schlüssel vom Typ „%1“ lesen</translation>
+    </message>
+    <message>
+        <source>the profile &quot;%1&quot;: %2</source>
+        <translation>das Profil „%1“: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no option of the form KEY=VALUE</source>
+        <translation>„%1“ ist keine Option der Form SCHLÜSSEL=WERT</translation>
+    </message>
+    <message>
+        <source>the option %1 is set by the connection itself</source>
+        <translation>die Option %1 setzt die Verbindung selbst</translation>
+    </message>
+    <message>
+        <source>%1 is %2 seconds, and can be 1 to %3</source>
+        <translation>%1 ist %2 Sekunden und kann 1 bis %3 sein</translation>
+    </message>
+    <message>
+        <source>no host is given</source>
+        <translation>es ist kein Rechner angegeben</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a host</source>
+        <translation>„%1“ kann kein Rechner sein</translation>
+    </message>
+    <message>
+        <source>%1 cannot be a port; ports are 1 to 65535</source>
+        <translation>%1 kann kein Port sein; Ports sind 1 bis 65535</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a user</source>
+        <translation>„%1“ kann kein Benutzer sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the file of a key</source>
+        <translation>„%1“ kann nicht die Datei eines Schlüssels sein</translation>
+    </message>
+    <message>
+        <source>the time-out of a connection</source>
+        <translation>die Wartezeit einer Verbindung</translation>
+    </message>
+    <message>
+        <source>the time between two signs of life</source>
+        <translation>die Zeit zwischen zwei Lebenszeichen</translation>
+    </message>
+    <message>
+        <source>there are no profiles of kind &quot;%1&quot;; known are: %2</source>
+        <translation>es gibt keine Profile der Art „%1“; bekannt sind: %2</translation>
+    </message>
+    <message>
+        <source>has a character that names of Windows cannot have</source>
+        <translation>hat ein Zeichen, das Namen unter Windows nicht haben können</translation>
+    </message>
+    <message>
+        <source>ends in a dot or a blank, which Windows drops</source>
+        <translation>endet mit einem Punkt oder Leerzeichen, das Windows weglässt</translation>
+    </message>
+    <message>
+        <source>is the name of a device of Windows</source>
+        <translation>ist der Name eines Geräts von Windows</translation>
+    </message>
+    <message>
+        <source>is longer than %1 bytes</source>
+        <translation>ist länger als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>is kept for files that are not whole yet</source>
+        <translation>ist Dateien vorbehalten, die noch nicht vollständig sind</translation>
+    </message>
+    <message>
+        <source>its remote path &quot;%1&quot; %2</source>
+        <translation>ihr Zielpfad „%1“ %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; in its remote path %2</source>
+        <translation>„%1“ in ihrem Zielpfad %2</translation>
+    </message>
+    <message>
+        <source>leaves the path of the profile</source>
+        <translation>verlässt den Pfad des Profils</translation>
+    </message>
+    <message>
+        <source>begins with &quot;~&quot;, which stands for a home directory</source>
+        <translation>beginnt mit „~“, was für ein Heimatverzeichnis steht</translation>
+    </message>
+    <message>
+        <source>begins with a drive, which the target does not have</source>
+        <translation>beginnt mit einem Laufwerk, das das Ziel nicht hat</translation>
+    </message>
+    <message>
+        <source>names a drive, which the target does not have</source>
+        <translation>nennt ein Laufwerk, das das Ziel nicht hat</translation>
+    </message>
+    <message>
+        <source>names the home directory of another user</source>
+        <translation>nennt das Heimatverzeichnis eines anderen Benutzers</translation>
+    </message>
+    <message>
+        <source>climbs above the directory where it begins</source>
+        <translation>steigt über das Verzeichnis auf, in dem er beginnt</translation>
+    </message>
+    <message>
+        <source>names no file</source>
+        <translation>nennt keine Datei</translation>
+    </message>
+    <message>
+        <source>it leads to %1, which is outside the path of the profile</source>
+        <translation>sie führt nach %1, was außerhalb des Pfads des Profils liegt</translation>
+    </message>
+    <message>
+        <source>examining the temporary file</source>
+        <translation>Untersuchen der temporären Datei</translation>
+    </message>
+    <message>
+        <source>the file has another %1 than before</source>
+        <translation>die Datei hat eine andere Zuordnung als zuvor: %1</translation>
+    </message>
+    <message>
+        <source>owner and group</source>
+        <translation>Besitzer und Gruppe</translation>
+    </message>
+    <message>
+        <source>owner</source>
+        <translation>Besitzer</translation>
+    </message>
+    <message>
+        <source>the file&apos;s attribute &quot;%1&quot; was not kept</source>
+        <translation>das Attribut „%1“ der Datei blieb nicht erhalten</translation>
+    </message>
+    <message>
+        <source>setting the rights of the temporary file</source>
+        <translation>Setzen der Rechte der temporären Datei</translation>
+    </message>
+    <message>
+        <source>reading the old content</source>
+        <translation>Lesen des alten Inhalts</translation>
+    </message>
+    <message>
+        <source>writing the copy</source>
+        <translation>Schreiben der Kopie</translation>
+    </message>
+    <message>
+        <source>making the copy</source>
+        <translation>Anlegen der Kopie</translation>
+    </message>
+    <message>
+        <source>bringing the copy to the disk</source>
+        <translation>Schreiben der Kopie auf die Platte</translation>
+    </message>
+    <message>
+        <source>finding the user&apos;s state directory</source>
+        <translation>Suchen des Zustandsverzeichnisses des Benutzers</translation>
+    </message>
+    <message>
+        <source>finding a free name</source>
+        <translation>Suchen eines freien Namens</translation>
+    </message>
+    <message>
+        <source>%1 second</source>
+        <translation>%1 Sekunde</translation>
+    </message>
+    <message>
+        <source>%1 seconds</source>
+        <translation>%1 Sekunden</translation>
+    </message>
+    <message>
+        <source>%1 cannot be locked: %2; nothing was written</source>
+        <translation>%1 kann nicht gesperrt werden: %2; es wurde nichts geschrieben</translation>
+    </message>
+    <message>
+        <source>%1 is in use by another run; waited %2; nothing was written</source>
+        <translation>%1 wird von einem anderen Lauf benutzt; gewartet: %2; es wurde nichts geschrieben</translation>
+    </message>
+    <message>
+        <source>the %1 cannot be read: %2</source>
+        <translation>nicht lesbar (%1): %2</translation>
+    </message>
+    <message>
+        <source>the path names %1, not %2</source>
+        <translation>der Pfad nennt %1, nicht %2</translation>
+    </message>
+    <message>
+        <source>the %1 has %2 bytes; at most %3 are read</source>
+        <translation>%1: %2 Bytes; höchstens %3 werden gelesen</translation>
+    </message>
+    <message>
+        <source>the %1 was changed by another program each time it was read</source>
+        <translation>%1: wurde bei jedem Lesen von einem anderen Programm geändert</translation>
+    </message>
+    <message>
+        <source>project file</source>
+        <translation>Projektdatei</translation>
+    </message>
+    <message>
+        <source>a project file</source>
+        <translation>eine Projektdatei</translation>
+    </message>
+    <message>
+        <source>following the symbolic link</source>
+        <translation>Folgen der symbolischen Verknüpfung</translation>
+    </message>
+    <message>
+        <source>%1 is %2; nothing was written</source>
+        <translation>%1 ist %2; es wurde nichts geschrieben</translation>
+    </message>
+    <message>
+        <source>%1 was removed since it was read; nothing was written (--force-save writes it anew)</source>
+        <translation>%1 wurde entfernt, seit es gelesen wurde; es wurde nichts geschrieben (--force-save schreibt es neu)</translation>
+    </message>
+    <message>
+        <source>%1 exists already; nothing was written</source>
+        <translation>%1 gibt es schon; es wurde nichts geschrieben</translation>
+    </message>
+    <message>
+        <source>%1 changed on disk since it was read; nothing was written (--force-save overwrites it)</source>
+        <translation>%1 hat sich auf der Platte geändert, seit es gelesen wurde; es wurde nichts geschrieben (--force-save überschreibt es)</translation>
+    </message>
+    <message>
+        <source>locking the new content</source>
+        <translation>Sperren des neuen Inhalts</translation>
+    </message>
+    <message>
+        <source>the old content of %1 was not kept as a backup: %2</source>
+        <translation>der alte Inhalt von %1 wurde nicht als Sicherung behalten: %2</translation>
+    </message>
+    <message>
+        <source>%1 has further names; they keep the old content</source>
+        <translation>%1 hat weitere Namen; sie behalten den alten Inhalt</translation>
+    </message>
+    <message>
+        <source>bringing its directory to the disk</source>
+        <translation>Schreiben des Verzeichnisses auf die Platte</translation>
+    </message>
+    <message>
+        <source>%1 was written but may be lost if the machine stops now: %2; the new content is in place</source>
+        <translation>%1 wurde geschrieben, kann aber verloren gehen, wenn der Rechner jetzt ausfällt: %2; der neue Inhalt ist an seinem Platz</translation>
+    </message>
+    <message>
+        <source>%1 was not written: %2; the old content is in place</source>
+        <translation>%1 wurde nicht geschrieben: %2; der alte Inhalt ist an seinem Platz</translation>
+    </message>
+    <message>
+        <source>%1 was not written: %2; no file was made</source>
+        <translation>%1 wurde nicht geschrieben: %2; es entstand keine Datei</translation>
+    </message>
+    <message>
+        <source>no reason was given</source>
+        <translation>es wurde kein Grund genannt</translation>
+    </message>
+    <message>
+        <source>there is no such file: the installation is not complete</source>
+        <translation>es gibt diese Datei nicht: die Installation ist nicht vollständig</translation>
+    </message>
+    <message>
+        <source>the module cannot be loaded: %1</source>
+        <translation>das Modul kann nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>the module is of another version: %1</source>
+        <translation>das Modul ist von einer anderen Version: %1</translation>
+    </message>
+    <message>
+        <source>universal Mach-O</source>
+        <translation>universelles Mach-O</translation>
+    </message>
+    <message>
+        <source>no program</source>
+        <translation>kein Programm</translation>
+    </message>
+    <message>
+        <source>making a private directory</source>
+        <translation>Anlegen eines privaten Verzeichnisses</translation>
+    </message>
+    <message>
+        <source>writing the new content</source>
+        <translation>Schreiben des neuen Inhalts</translation>
+    </message>
+    <message>
+        <source>reading the content on disk</source>
+        <translation>Lesen des Inhalts auf der Platte</translation>
+    </message>
+    <message>
+        <source>examining the content on disk</source>
+        <translation>Untersuchen des Inhalts auf der Platte</translation>
+    </message>
+    <message>
+        <source>bringing the new content to the disk</source>
+        <translation>Schreiben des neuen Inhalts auf die Platte</translation>
+    </message>
+    <message>
+        <source>closing the temporary file</source>
+        <translation>Schließen der temporären Datei</translation>
+    </message>
+    <message>
+        <source>reading the new content back</source>
+        <translation>Zurücklesen des neuen Inhalts</translation>
+    </message>
+    <message>
+        <source>comparing the new content with what reached the disk</source>
+        <translation>Vergleichen des neuen Inhalts mit dem auf der Platte</translation>
+    </message>
+    <message>
+        <source>putting the new content in place</source>
+        <translation>Einsetzen des neuen Inhalts</translation>
+    </message>
+    <message>
+        <source>making a pipe</source>
+        <translation>Anlegen einer Pipe</translation>
+    </message>
+    <message>
+        <source>setting up a pipe</source>
+        <translation>Einrichten einer Pipe</translation>
+    </message>
+    <message>
+        <source>starting %1</source>
+        <translation>Starten von %1</translation>
+    </message>
+    <message>
+        <source>cannot be run: %1</source>
+        <translation>kann nicht laufen: %1</translation>
+    </message>
+    <message>
+        <source>was interrupted</source>
+        <translation>wurde unterbrochen</translation>
+    </message>
+    <message>
+        <source>was ended by signal %1</source>
+        <translation>wurde durch Signal %1 beendet</translation>
+    </message>
+    <message>
+        <source>ended with status %1</source>
+        <translation>endete mit Status %1</translation>
+    </message>
+    <message>
+        <source>no known shell</source>
+        <translation>keine bekannte Shell</translation>
+    </message>
+    <message>
+        <source>a POSIX shell</source>
+        <translation>eine POSIX-Shell</translation>
+    </message>
+    <message>
+        <source>There is no connection to %1: %2.
+
+See that the machine runs and can be reached from here, and that the profile is right: Tools, Remote Profiles shows and tests it. Then connect again.</source>
+        <translation>Es gibt keine Verbindung zu %1: %2.
+
+Sehen Sie nach, ob der Rechner läuft und von hier erreichbar ist und ob das Profil stimmt: Extras, Ferne Profile zeigt und prüft es. Verbinden Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>the project was not saved: %1</source>
+        <translation>das Projekt wurde nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>the project is saved, but not its side file: %1</source>
+        <translation>das Projekt ist gespeichert, aber seine Nebendatei nicht: %1</translation>
+    </message>
+    <message>
+        <source>the project is as it should be, but its side file is out of date: %1</source>
+        <translation>das Projekt ist, wie es sein soll, aber seine Nebendatei ist veraltet: %1</translation>
+    </message>
+    <message>
+        <source>the side file was out of date and was written anew</source>
+        <translation>die Nebendatei war veraltet und wurde neu geschrieben</translation>
+    </message>
+    <message>
+        <source>%1 (the last content that was replaced here is kept as %2)</source>
+        <translation>%1 (der zuletzt ersetzte Inhalt liegt als %2)</translation>
+    </message>
+    <message>
+        <source>a project of that name is open</source>
+        <translation>ein Projekt dieses Namens ist offen</translation>
+    </message>
+    <message>
+        <source>the name of the project file is empty</source>
+        <translation>der Name der Projektdatei fehlt</translation>
+    </message>
+    <message>
+        <source>not well-formed XML: %1</source>
+        <translation>kein wohlgeformtes XML: %1</translation>
+    </message>
+    <message>
+        <source>no element found</source>
+        <translation>kein Element gefunden</translation>
+    </message>
+    <message>
+        <source>mismatched tag</source>
+        <translation>schließendes Element passt nicht</translation>
+    </message>
+    <message>
+        <source>not well-formed (invalid token)</source>
+        <translation>ungültiges Zeichen</translation>
+    </message>
+    <message>
+        <source>unclosed token</source>
+        <translation>nicht abgeschlossenes Element</translation>
+    </message>
+    <message>
+        <source>junk after document element</source>
+        <translation>Text hinter dem Wurzelelement</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>the file holds nothing but zero bytes</source>
+        <translation>die Datei enthält nichts als Nullbytes</translation>
+    </message>
+    <message>
+        <source>the root element is &quot;%1&quot;, so this is not an MSBuild project</source>
+        <translation>das Wurzelelement ist „%1“, daher ist dies kein MSBuild-Projekt</translation>
+    </message>
+    <message>
+        <source>the option &quot;%1&quot; is &quot;%2&quot;, which is no Boolean (true or false)</source>
+        <translation>die Option „%1“ ist „%2“, was kein Wahrheitswert ist (true oder false)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a directory; &quot;--tree %2&quot; adds all its files</source>
+        <translation>„%1“ ist ein Verzeichnis; „--tree %2“ fügt alle seine Dateien hinzu</translation>
+    </message>
+    <message>
+        <source>the directory &quot;%1&quot; cannot be read: %2</source>
+        <translation>das Verzeichnis „%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>the directory &quot;%1&quot; has no file in it</source>
+        <translation>das Verzeichnis „%1“ enthält keine Datei</translation>
+    </message>
+    <message>
+        <source>there is no directory &quot;%1&quot;</source>
+        <translation>es gibt kein Verzeichnis „%1“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a file, no directory</source>
+        <translation>„%1“ ist eine Datei, kein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>the recovery journal is in use by another run</source>
+        <translation>das Protokoll der Änderungen wird von einem anderen Lauf benutzt</translation>
+    </message>
+    <message>
+        <source>the recovery journal cannot be understood: %1</source>
+        <translation>das Protokoll der Änderungen ist nicht zu verstehen: %1</translation>
+    </message>
+    <message>
+        <source>unsaved edits of %1 would be lost if the program ended now: their journal could not be written (%2)</source>
+        <translation>ungespeicherte Änderungen an %1 gingen verloren, wenn das Programm jetzt endete: ihr Protokoll konnte nicht geschrieben werden (%2)</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>Datei oder Verzeichnis nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Zugriff verweigert</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>Vorgang nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>kein Platz mehr auf dem Gerät</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>Plattenkontingent überschritten</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>das Dateisystem ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>ist ein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>ist kein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>File exists</source>
+        <translation>die Datei gibt es schon</translation>
+    </message>
+    <message>
+        <source>File name too long</source>
+        <translation>der Dateiname ist zu lang</translation>
+    </message>
+    <message>
+        <source>File too large</source>
+        <translation>die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>Too many levels of symbolic links</source>
+        <translation>zu viele symbolische Verknüpfungen</translation>
+    </message>
+    <message>
+        <source>Directory not empty</source>
+        <translation>das Verzeichnis ist nicht leer</translation>
+    </message>
+    <message>
+        <source>Text file busy</source>
+        <translation>das Programm läuft gerade</translation>
+    </message>
+    <message>
+        <source>Device or resource busy</source>
+        <translation>das Gerät ist belegt</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>zu viele offene Dateien</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Ein-/Ausgabefehler</translation>
+    </message>
+    <message>
+        <source>Invalid argument</source>
+        <translation>ungültiges Argument</translation>
+    </message>
+    <message>
+        <source>Broken pipe</source>
+        <translation>die Gegenseite hat geschlossen</translation>
+    </message>
+    <message>
+        <source>Connection refused</source>
+        <translation>Verbindung abgelehnt</translation>
+    </message>
+    <message>
+        <source>Connection reset by peer</source>
+        <translation>die Gegenseite hat die Verbindung abgebrochen</translation>
+    </message>
+    <message>
+        <source>Connection timed out</source>
+        <translation>Zeitüberschreitung der Verbindung</translation>
+    </message>
+    <message>
+        <source>No route to host</source>
+        <translation>der Rechner ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>Resource temporarily unavailable</source>
+        <translation>vorübergehend nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Cannot allocate memory</source>
+        <translation>der Speicher reicht nicht</translation>
+    </message>
+    <message>
+        <source>Stale file handle</source>
+        <translation>die Datei ist nicht mehr dieselbe</translation>
+    </message>
+</context>
+<context>
     <name>ErrorText</name>
     <message>
         <source>OK</source>

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QStyleOption>
+#include <algorithm>
 
 namespace workbench {
 
@@ -58,6 +59,23 @@ void TLegibleStyle::drawComplexControl(ComplexControl control, const QStyleOptio
   const bool isFramedBox = control == CC_ComboBox && box && box->frame;
   if (isFramedBox || control == CC_SpinBox)
     DrawFrame(*option, *painter, TShape::Field);
+}
+
+QSize TLegibleStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                      const QSize& contents, const QWidget* widget) const {
+  constexpr int BetweenBoxes = 4;
+  constexpr int ArrowWidth = 8;
+  QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  if (type == CT_ItemViewItem) {
+    const int box = pixelMetric(PM_IndicatorHeight, option, widget);
+    size.setHeight(std::max(size.height(), box + BetweenBoxes));
+  }
+  const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+  // The text stands in the middle, so that the other side gets as much.
+  if (type == CT_ToolButton && button && (button->features & QStyleOptionToolButton::HasMenu) &&
+      !(button->features & QStyleOptionToolButton::MenuButtonPopup))
+    size.rwidth() += 2 * ArrowWidth;
+  return size;
 }
 
 } // namespace workbench

@@ -6,7 +6,7 @@
 namespace workbench {
 
 /// Draws the frames of boxes, fields and buttons so that they are seen on light and on dark, ticked
-/// or not.
+/// or not, and keeps boxes in rows apart and arrows of menus off their text.
 class TLegibleStyle final : public QProxyStyle {
   Q_OBJECT
 
@@ -17,6 +17,9 @@ public:
                      const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget) const override;
+
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override;
 
 private:
   enum class TShape { Box, Round, Field };

@@ -138,7 +138,7 @@ void TMainWindow::MakePages() {
   FPages->addWidget(FWelcome);
   FPages->addWidget(FTabs);
   FPanes = new TWindowPanes(FPages, this);
-  FProjectPanes = new TProjectPanes(FSession, *FProjects, *this);
+  FProjectPanes = new TProjectPanes(FSession, *FProjects, FLayout.HasDetails, *this);
   FPanes->AddBeside(&FProjectPanes->Details());
   FPanes->AddBelow(FPanel);
   FPanes->Restore(FLayout.Split, FLayout.Widths);
@@ -297,6 +297,7 @@ void TMainWindow::KeepLayout() const {
   layout.Geometry = saveGeometry();
   layout.Split = FPanes->Heights();
   layout.Widths = FPanes->Widths();
+  layout.HasDetails = FProjectPanes->WantsDetails();
   layout.Columns = FLayout.Columns;
   if (const TFormControls* controls = CurrentControls(); controls && controls->Tree())
     layout.Columns = controls->Tree()->View().header()->saveState();

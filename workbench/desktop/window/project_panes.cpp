@@ -7,7 +7,7 @@
 #include "workbench/desktop/projects/added_rows.h"
 #include "workbench/desktop/projects/project_tabs.h"
 #include "workbench/desktop/target/target_bar.h"
-#include "workbench/desktop/text/qt_text.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/session/session.h"
 
 #include <algorithm>
@@ -24,16 +24,18 @@ TDetailsHost DetailsHost(TProjectTabs& projects) {
           [&projects](TOpenProject& project, const auto& entry) {
             QStringList sentences;
             for (const std::string& reason : projects.Explain(project, entry))
-              sentences += ToQString(reason);
+              sentences += EngineText(reason);
             return sentences;
           }};
 }
 
 } // namespace
 
-TProjectPanes::TProjectPanes(TSession& session, TProjectTabs& projects, QWidget& window)
+TProjectPanes::TProjectPanes(TSession& session, TProjectTabs& projects, bool wantsDetails,
+                             QWidget& window)
     : QObject(&window), FSession(session),
-      FDetails(new TDetailsPane(session, DetailsHost(projects), &window)) {
+      FDetails(new TDetailsPane(session, DetailsHost(projects), &window)),
+      FWantsDetails(wantsDetails) {
   FDetails->hide();
 }
 

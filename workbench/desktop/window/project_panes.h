@@ -21,13 +21,15 @@ class TProjectPanes final : public QObject {
 
 public:
   /// Session and projects must outlive the object. The window that it belongs to places the
-  /// details.
-  TProjectPanes(TSession& session, TProjectTabs& projects, QWidget& window);
+  /// details, which are shown when they are wanted.
+  TProjectPanes(TSession& session, TProjectTabs& projects, bool wantsDetails, QWidget& window);
 
   /// Beside the lists, for the one in front; hidden while there is none.
   TDetailsPane& Details() { return *FDetails; }
   /// Shows the details, or hides them.
   void SwitchDetails();
+  /// Do they stand beside lists?
+  bool WantsDetails() const { return FWantsDetails; }
   /// This list is in front now; null: none is.
   void Show(TOpenProject* project, TFormControls* controls);
 
@@ -51,7 +53,7 @@ private:
 
   TSession& FSession;
   TDetailsPane* FDetails;
-  bool FWantsDetails = true;
+  bool FWantsDetails;
   std::vector<TPanes> FPanes; // of open projects
 };
 

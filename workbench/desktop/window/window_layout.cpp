@@ -12,6 +12,7 @@ constexpr const char* GeometryKey = "window/geometry";
 constexpr const char* ColumnsKey = "window/columns";
 constexpr const char* SplitKey = "window/split";
 constexpr const char* WidthsKey = "window/widths";
+constexpr const char* DetailsKey = "window/details";
 constexpr const char* ProjectsKey = "window/projects";
 constexpr const char* CurrentKey = "window/current";
 
@@ -31,6 +32,7 @@ TWindowLayout TWindowLayout::Read() {
           .Columns = settings.value(ColumnsKey).toByteArray(),
           .Split = settings.value(SplitKey).toByteArray(),
           .Widths = settings.value(WidthsKey).toByteArray(),
+          .HasDetails = settings.value(DetailsKey, true).toBool(),
           .Projects = settings.value(ProjectsKey).toStringList(),
           .Current = settings.value(CurrentKey, -1).toInt()};
 }
@@ -44,6 +46,7 @@ void TWindowLayout::Write() const {
   settings.setValue(ColumnsKey, Columns);
   settings.setValue(SplitKey, Split);
   settings.setValue(WidthsKey, Widths);
+  settings.setValue(DetailsKey, HasDetails);
   settings.setValue(ProjectsKey, Projects);
   settings.setValue(CurrentKey, Current);
 }

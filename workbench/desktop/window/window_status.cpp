@@ -2,6 +2,7 @@
 
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/projects/project_tabs.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/qt_text.h"
 
 #include <QApplication>
@@ -66,7 +67,7 @@ void TWindowStatus::UpdateProblem() {
   const TProjectEdits* edits = FProjects.EditsAt(FTabs.currentIndex());
   const QString problem = edits ? edits->Problem() : QString();
   if (!problem.isEmpty() && problem != FProblem)
-    Say(problem);
+    Say(EngineText(problem.toStdString()));
   FProblem = problem;
 }
 
@@ -79,7 +80,7 @@ void TWindowStatus::ShowWarnings() {
     QString place = ToQString(warning.File);
     if (warning.Line > 0)
       place += QStringLiteral(":%1").arg(warning.Line);
-    lines += (place.isEmpty() ? QString() : place + ": ") + ToQString(warning.Text);
+    lines += (place.isEmpty() ? QString() : place + ": ") + EngineText(warning.Text);
   }
   QMessageBox box(QMessageBox::Warning, tr("Warnings"), lines.join(QStringLiteral("\n\n")),
                   QMessageBox::Ok, &FWindow);

@@ -294,27 +294,29 @@ std::string TFolderConnection::Rename(const TRemoteName& name, const std::string
   return {};
 }
 
-std::string TFolderConnection::SetMode(const TRemoteName& name, unsigned mode) {
-  try {
-    const TFileDescriptor file = OpenFile(name);
-    if (::fchmod(file.Get(), mode) != 0)
-      ThrowSystemError("setting its rights");
-  } catch (const std::system_error& error) {
-    return error.what();
+std::vector<std::string> TFolderConnection::Stamp(std::span<const TRemoteStamp> stamps) {
+  std::vector<std::string> problems;
+  problems.reserve(stamps.size());
+  for (const TRemoteStamp& stamp : stamps) {
+    try {
+      StampOne(stamp);
+      problems.emplace_back();
+    } catch (const std::system_error& error) {
+      problems.emplace_back(error.what());
+    }
   }
-  return {};
+  return problems;
 }
 
-std::string TFolderConnection::SetTime(const TRemoteName& name, deployment::TFileTime time) {
-  const timespec times[2] = {{0, UTIME_OMIT}, TimeSpec(time)};
-  try {
-    if (::utimensat(FDirectories.Open(name.Directory), name.Name.c_str(), times,
-                    AT_SYMLINK_NOFOLLOW) != 0)
-      ThrowSystemError("setting the time stamp");
-  } catch (const std::system_error& error) {
-    return error.what();
-  }
-  return {};
+void TFolderConnection::StampOne(const TRemoteStamp& stamp) {
+  if (stamp.Mode && ::fchmod(OpenFile(stamp.Name).Get(), *stamp.Mode) != 0)
+    ThrowSystemError("setting its rights");
+  if (!stamp.Time)
+    return;
+  const timespec times[2] = {{0, UTIME_OMIT}, TimeSpec(*stamp.Time)};
+  if (::utimensat(FDirectories.Open(stamp.Name.Directory), stamp.Name.Name.c_str(), times,
+                  AT_SYMLINK_NOFOLLOW) != 0)
+    ThrowSystemError("setting the time stamp");
 }
 
 std::string TFolderConnection::Remove(const TRemoteName& name) {

@@ -39,8 +39,7 @@ public:
   TRemoteCreation CreateFile(const TRemoteName& name, std::string_view text,
                              deployment::TFileTime time) override;
   std::string Rename(const TRemoteName& name, const std::string& newName) override;
-  std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
-  std::string SetMode(const TRemoteName& name, unsigned mode) override;
+  std::vector<std::string> Stamp(std::span<const TRemoteStamp> stamps) override;
   std::string Remove(const TRemoteName& name) override;
   std::vector<std::string> RemoveAll(std::span<const TRemoteName> names) override;
   std::vector<std::string> Keep(std::span<const TRemoteCopy> copies) override {
@@ -60,6 +59,7 @@ public:
                          const THearLine& hear, const std::atomic<int>& cancelled) override;
 
 private:
+  void StampOne(const TRemoteStamp& stamp);
   TRemoteDirectory ResolveOne(const std::string& directory) const;
   TRemoteStatus ExamineOne(const TRemoteName& name);
   TFileDescriptor OpenFile(const TRemoteName& name);

@@ -237,14 +237,6 @@ std::string TSftpConnection::Rename(const TRemoteName& name, const std::string& 
   return problem;
 }
 
-std::string TSftpConnection::SetMode(const TRemoteName& name, unsigned mode) {
-  TSftpWriter& writer = FChannel.Begin(TSftpPacket::SetStat);
-  writer.Text(name.Path());
-  writer.Attributes({.Mode = mode});
-  FChannel.Post(0);
-  return Problem("setting its rights");
-}
-
 // Why the one request that was posted failed.
 std::string TSftpConnection::Problem(std::string_view action) {
   const TSftpStatus status = Answer();
@@ -257,15 +249,6 @@ TSftpStatus TSftpConnection::Answer() {
   TSftpStatus status = TSftpStatus::Ok;
   AskOnce(FChannel, [&status](const TSftpReply& reply) { status = reply.Status(); });
   return status;
-}
-
-std::string TSftpConnection::SetTime(const TRemoteName& name, deployment::TFileTime time) {
-  const std::uint32_t stamp = SftpTime(time);
-  TSftpWriter& writer = FChannel.Begin(TSftpPacket::SetStat);
-  writer.Text(name.Path());
-  writer.Attributes({.Accessed = stamp, .Modified = stamp});
-  FChannel.Post(0);
-  return Problem("setting the time stamp");
 }
 
 std::string TSftpConnection::Remove(const TRemoteName& name) {

@@ -73,8 +73,9 @@ public:
   TRemoteCreation CreateFile(const TRemoteName& name, std::string_view text,
                              deployment::TFileTime time) override;
   std::string Rename(const TRemoteName& name, const std::string& newName) override;
-  std::string SetTime(const TRemoteName& name, deployment::TFileTime time) override;
-  std::string SetMode(const TRemoteName& name, unsigned mode) override;
+  std::vector<std::string> Stamp(std::span<const TRemoteStamp> stamps) override {
+    return StampRemoteFiles(FChannel, stamps);
+  }
   std::string Remove(const TRemoteName& name) override;
   std::vector<std::string> RemoveAll(std::span<const TRemoteName> names) override {
     return RemoveRemoteFiles(FChannel, names);

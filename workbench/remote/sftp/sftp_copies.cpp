@@ -134,6 +134,44 @@ std::vector<std::string> MoveRemoteFiles(TSftpChannel& channel,
   return problems;
 }
 
+// Rights and time are asked for apart, so that the answer says which of them was refused.
+std::vector<std::string> StampRemoteFiles(TSftpChannel& channel,
+                                          std::span<const TRemoteStamp> stamps) {
+  struct TQuestion {
+    std::size_t Index;
+    bool IsMode;
+  };
+  std::vector<TQuestion> questions;
+  questions.reserve(stamps.size());
+  for (std::size_t i = 0; i < stamps.size(); ++i) {
+    if (stamps[i].Mode)
+      questions.push_back({i, true});
+    if (stamps[i].Time)
+      questions.push_back({i, false});
+  }
+  const std::vector<TSftpStatus> answers =
+      AskStatuses(channel, questions.size(), [&](TSftpChannel& to, std::size_t i) {
+        const TRemoteStamp& stamp = stamps[questions[i].Index];
+        TSftpAttributes attributes;
+        if (questions[i].IsMode)
+          attributes.Mode = stamp.Mode;
+        else
+          attributes.Accessed = attributes.Modified = SftpTime(*stamp.Time);
+        TSftpWriter& writer = to.Begin(TSftpPacket::SetStat);
+        writer.Text(stamp.Name.Path());
+        writer.Attributes(attributes);
+        to.Post(i);
+      });
+  std::vector<std::string> problems(stamps.size());
+  for (std::size_t i = 0; i < answers.size(); ++i) {
+    std::string& problem = problems[questions[i].Index];
+    if (problem.empty())
+      problem = CopyProblemOf(answers[i], questions[i].IsMode ? "setting its rights"
+                                                              : "setting the time stamp");
+  }
+  return problems;
+}
+
 std::vector<std::string> RemoveRemoteFiles(TSftpChannel& channel,
                                            std::span<const TRemoteName> names) {
   const std::vector<TSftpStatus> answers =

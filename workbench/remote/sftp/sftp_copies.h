@@ -1,4 +1,4 @@
-// Second names, other names and empty directories on an SFTP server, many in one go.
+// Second names, other names, rights, times and empty directories on an SFTP server, many in one go.
 #pragma once
 
 #include "workbench/process/process_run.h"
@@ -15,6 +15,8 @@ namespace workbench {
 std::vector<std::string> KeepRemoteFiles(TSftpChannel& channel, const TRemoteExec& exec,
                                          std::span<const TRemoteCopy> copies);
 std::vector<std::string> MoveRemoteFiles(TSftpChannel& channel, std::span<const TRemoteCopy> moves);
+std::vector<std::string> StampRemoteFiles(TSftpChannel& channel,
+                                          std::span<const TRemoteStamp> stamps);
 std::vector<std::string> RemoveRemoteFiles(TSftpChannel& channel,
                                            std::span<const TRemoteName> names);
 void RemoveEmptyRemoteDirectories(TSftpChannel& channel, std::span<const std::string> directories);

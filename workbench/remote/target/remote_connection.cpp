@@ -21,4 +21,14 @@ std::vector<std::string> DirectoriesOf(std::span<const TSendRequest> files) {
   return directories;
 }
 
+std::string IRemoteConnection::SetTime(const TRemoteName& name, deployment::TFileTime time) {
+  const TRemoteStamp stamp{.Name = name, .Time = time};
+  return Stamp({&stamp, 1}).front();
+}
+
+std::string IRemoteConnection::SetMode(const TRemoteName& name, unsigned mode) {
+  const TRemoteStamp stamp{.Name = name, .Mode = mode};
+  return Stamp({&stamp, 1}).front();
+}
+
 } // namespace workbench

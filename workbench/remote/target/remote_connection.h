@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -80,6 +81,13 @@ struct TRemoteCreation {
 struct TRemoteCopy {
   TRemoteName From;
   TRemoteName To;
+};
+
+/// Rights and time stamp that a file is to have; what is not told stays.
+struct TRemoteStamp {
+  TRemoteName Name;
+  std::optional<unsigned> Mode = {}; ///< rights, such as 0644
+  std::optional<deployment::TFileTime> Time = {};
 };
 
 /// A file to be sent.
@@ -159,10 +167,11 @@ public:
   /// Gives a file another name in its directory, replacing what stands there; the reason when that
   /// failed.
   virtual std::string Rename(const TRemoteName& name, const std::string& newName) = 0;
-  /// Gives a file that is in place a time stamp; the reason when that failed.
-  virtual std::string SetTime(const TRemoteName& name, deployment::TFileTime time) = 0;
-  /// Gives a file that is in place its rights; the reason when that failed.
-  virtual std::string SetMode(const TRemoteName& name, unsigned mode) = 0;
+  /// Gives files that are in place what is told of each; the reason for each that failed.
+  virtual std::vector<std::string> Stamp(std::span<const TRemoteStamp> stamps) = 0;
+  /// The same for the time, or the rights, of one file.
+  std::string SetTime(const TRemoteName& name, deployment::TFileTime time);
+  std::string SetMode(const TRemoteName& name, unsigned mode);
   /// Removes a file; the reason when that failed.
   virtual std::string Remove(const TRemoteName& name) = 0;
   /// Removes files; the reason for each that failed, and nothing for one that is not there.

@@ -26,8 +26,14 @@ protected:
                               .Put = {{4, 18}},
                               .Before = {{5, 19}},
                               .Mode = 0640});
-    const std::vector<TRemoteName> targets{{FPlace.Path().string(), "a"}};
-    return Store.Keep(Connection, manifest, targets, 10);
+    return KeepAll(manifest, {FPlace.Path().string(), "a"});
+  }
+  // The one file of the manifest is kept as "1".
+  std::string KeepAll(const TUndoManifest& manifest, const TRemoteName& target) {
+    TKeptRun request{.Run = manifest.Run.Id, .Bytes = 10};
+    request.WriteManifest = [&](const TTakeText& take) { take(UndoManifestText(manifest)); };
+    request.Files.emplace_back(target, "1");
+    return Store.Keep(Connection, request);
   }
   std::vector<std::string> Runs() {
     std::vector<std::string> runs;
@@ -110,8 +116,7 @@ TEST_F(UndoStore, KeepsNothingWhenAFileCannotBeKept) {
   TUndoManifest manifest;
   manifest.Run.Id = "run-2";
   manifest.Files.push_back({.Kind = TUndoKind::Restore, .Path = "gone", .Kept = "1"});
-  const std::vector<TRemoteName> targets{{At("").string(), "gone"}};
-  EXPECT_NE(Store.Keep(Connection, manifest, targets, 10), "");
+  EXPECT_NE(KeepAll(manifest, {At("").string(), "gone"}), "");
   EXPECT_EQ(Runs(), TNames{"run-1"});
   EXPECT_FALSE(fs::exists(At("record/undo/run-2")));
   EXPECT_TRUE(Store.ReadIndex(Connection).Unfinished.empty());

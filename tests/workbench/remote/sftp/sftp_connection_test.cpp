@@ -170,6 +170,26 @@ TEST_F(SftpConnection, SetsTimesAndRemovesFiles) {
   EXPECT_EQ(connection->SetTime(name, time), "setting the time stamp: no such file or directory");
 }
 
+TEST_F(SftpConnection, StampsManyFilesAndSaysWhichWereRefused) {
+  Place.Write(Place.Target("a"), "x");
+  Place.Write(Place.Target("b"), "x");
+  const auto connection = Connect();
+  const std::string root = Place.Target().string();
+  const deployment::TFileTime time(std::chrono::seconds(1600000000));
+  const std::vector<TRemoteStamp> stamps{{.Name = {root, "a"}, .Mode = 0711, .Time = time},
+                                         {.Name = {root, "gone"}, .Mode = 0600, .Time = time},
+                                         {.Name = {root, "gone"}, .Time = time},
+                                         {.Name = {root, "b"}, .Mode = 0600}};
+  EXPECT_EQ(connection->Stamp(stamps),
+            (std::vector<std::string>{"", "setting its rights: no such file or directory",
+                                      "setting the time stamp: no such file or directory", ""}));
+  const auto found = connection->Examine(std::vector<TRemoteName>{{root, "a"}, {root, "b"}});
+  EXPECT_EQ(found[0].Mode, 0711U);
+  EXPECT_EQ(found[0].Modified, time);
+  EXPECT_EQ(found[1].Mode, 0600U);
+  EXPECT_NE(found[1].Modified, time);
+}
+
 TEST_F(SftpConnection, HashesFilesThereAndWithoutAShellByReading) {
   std::vector<TRemoteName> names;
   std::vector<std::string> expected;

@@ -15,6 +15,8 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <vector>
 
 namespace workbench {
 
@@ -24,20 +26,19 @@ TProfileEditDialog::TProfileEditDialog(const QStringList& platforms, const TProf
       FPlatform(new QComboBox(this)), FKind(new QComboBox(this)), FPages(new QStackedWidget(this)),
       FDefault(new QCheckBox(tr("&Default profile of the platform"), this)),
       FAllowOutside(new QCheckBox(tr("&Allow directories beyond the profile's"), this)),
-      FProblem(new QLabel(this)) {
+      FForm(new QFormLayout), FProblem(new QLabel(this)) {
   setWindowTitle(start.Name.empty() ? tr("New Profile") : tr("Profile"));
+  FForm->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+  FForm->addRow(tr("&Name:"), FName);
+  FForm->addRow(tr("&Platform:"), FPlatform);
+  FForm->addRow(tr("&Kind:"), FKind);
   MakeFields(platforms);
   FProblem->setObjectName(QStringLiteral("problem"));
   FProblem->setTextFormat(Qt::PlainText);
   FProblem->setWordWrap(true);
   FProblem->hide();
   auto* layout = new QVBoxLayout(this);
-  auto* form = new QFormLayout;
-  form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-  form->addRow(tr("&Name:"), FName);
-  form->addRow(tr("&Platform:"), FPlatform);
-  form->addRow(tr("&Kind:"), FKind);
-  layout->addLayout(form);
+  layout->addLayout(FForm);
   layout->addWidget(FPages);
   layout->addWidget(FDefault);
   layout->addWidget(FAllowOutside);
@@ -93,9 +94,27 @@ void TProfileEditDialog::ShowKind(int index) {
     FPages->widget(page)->setSizePolicy(QSizePolicy::Preferred,
                                         isShown ? QSizePolicy::Preferred : QSizePolicy::Ignored);
   }
+  AlignLabels();
   FProblem->hide();
   if (isVisible())
     adjustSize();
+}
+
+// The fields of the page stand in one column with those above it.
+void TProfileEditDialog::AlignLabels() {
+  int widest = 0;
+  std::vector<QWidget*> labels;
+  for (const QFormLayout* form : {FForm, FPages->currentWidget()->findChild<QFormLayout*>()}) {
+    for (int row = 0; form && row < form->rowCount(); ++row) {
+      const QLayoutItem* item = form->itemAt(row, QFormLayout::LabelRole);
+      if (!item || !item->widget())
+        continue;
+      labels.push_back(item->widget());
+      widest = std::max(widest, item->widget()->sizeHint().width());
+    }
+  }
+  for (QWidget* label : labels)
+    label->setMinimumWidth(widest);
 }
 
 TProfile TProfileEditDialog::Entered() const {

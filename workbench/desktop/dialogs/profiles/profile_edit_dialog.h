@@ -9,6 +9,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QStackedWidget;
@@ -39,6 +40,7 @@ private:
   void MakeFields(const QStringList& platforms);
   QWidget* MakeButtons();
   void ShowKind(int index);
+  void AlignLabels();
   TProfilePage& Page() const;
   bool HasAllFields();
   TProfile Entered() const;
@@ -52,6 +54,7 @@ private:
   QStackedWidget* FPages;
   QCheckBox* FDefault;
   QCheckBox* FAllowOutside;
+  QFormLayout* FForm; // above the pages
   QLabel* FProblem;
 };
 

@@ -2,6 +2,7 @@
 
 #include "workbench/desktop/dialogs/forms/row_table.h"
 #include "workbench/desktop/dialogs/profiles/profile_edit_dialog.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/platforms/platform_table.h"
@@ -271,7 +272,7 @@ void TProfileManagerDialog::TestDone(const QString& name, bool connected,
   FIsTesting = false;
   ShowState();
   Say(connected ? tr("%1: the connection works.").arg(name)
-                : tr("%1: no connection: %2").arg(name, Shown(message)));
+                : tr("%1: no connection: %2").arg(name, EngineText(message)));
   if (FWantsToLeave)
     done(FResult);
 }

@@ -4,11 +4,11 @@
 #include "workbench/desktop/dialogs/settings/general_page.h"
 #include "workbench/desktop/dialogs/settings/paths_page.h"
 #include "workbench/desktop/dialogs/settings/sdk_page.h"
+#include "workbench/desktop/text/engine_text.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/platforms/platform_table.h"
 #include "workbench/session/session.h"
-#include "workbench/text/visible_text.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>
@@ -51,7 +51,7 @@ void TSettingsDialog::accept() {
     return QDialog::accept();
   QString text = tr("Not every setting could be written:");
   for (const std::string& problem : problems)
-    text += QLatin1Char('\n') + ToQString(Visible(problem));
+    text += QLatin1Char('\n') + EngineText(problem);
   ShowError(tr("Settings"), text, this);
 }
 
