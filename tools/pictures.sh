@@ -51,7 +51,9 @@ paint german PICTURE_TRANSLATION="$german"
 if [ $guide = yes ]; then
   for file in "$tree"/docs/images/*.png; do
     name=$(basename "$file")
-    for picture in "$place/plain/$name" "$place/plain/${name%.png}-light.png"; do
+    painted=${name/profile-ssh/profile-mac-mini}
+    painted=${painted/#connected/details}
+    for picture in "$place/plain/$painted" "$place/plain/${painted%.png}-light.png"; do
       if [ -f "$picture" ]; then cp "$picture" "$file"; fi
     done
   done

@@ -28,7 +28,7 @@ namespace {
 constexpr int LinesKept = 10000;
 constexpr int OutputLines = 6;
 // Widths of the columns in characters; the last one takes the rest.
-constexpr std::array<int, TDeployRowsModel::Reason> ColumnWidths{30, 21, 14, 22, 28};
+constexpr std::array<int, TDeployRowsModel::Reason> ColumnWidths{29, 25, 14, 26, 24};
 
 QLabel* MakeLabel(const char* name, const QString& accessible, QWidget* parent) {
   auto* label = new QLabel(parent);

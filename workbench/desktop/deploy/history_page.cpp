@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::chrono::milliseconds LookInterval(100);
 // Widths of the columns in characters; the last one takes the rest.
-constexpr std::array<int, TRunsModel::Revision> RunColumnWidths{24, 28, 14, 10, 10, 14};
+constexpr std::array<int, TRunsModel::Revision> RunColumnWidths{24, 28, 14, 10, 10, 17};
 
 } // namespace
 

@@ -7,6 +7,7 @@
 #include "workbench/explain/change_reasons.h"
 
 #include <QDialogButtonBox>
+#include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -93,7 +94,8 @@ TDifferenceDialog::TDifferenceDialog(const QString& title, std::vector<TDifferen
   FTable->setModel(new TDifferenceModel(std::move(rows), FTable));
   FTable->setAccessibleName(title);
   SetUpRowTable(*FTable, ReasonColumn);
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+  auto* buttons = new QDialogButtonBox(this);
+  buttons->addButton(QDialogButtonBox::Close)->setText(tr("Close"));
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(FTable, 1);

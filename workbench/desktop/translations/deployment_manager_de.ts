@@ -4084,6 +4084,10 @@ Eine Projektdatei kann auch hierher gezogen werden.</translation>
 <context>
     <name>workbench::TDifferenceDialog</name>
     <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
         <source>Removed</source>
         <translation>Entfernt</translation>
     </message>
@@ -4161,12 +4165,20 @@ Eine Projektdatei kann auch hierher gezogen werden.</translation>
 <context>
     <name>workbench::TGuideDialog</name>
     <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
         <source>User Guide</source>
         <translation>Handbuch</translation>
     </message>
 </context>
 <context>
     <name>workbench::TNewProjectDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
     <message>
         <source>New Project</source>
         <translation>Neues Projekt</translation>

@@ -4,6 +4,7 @@
 
 #include <QDialogButtonBox>
 #include <QFile>
+#include <QPushButton>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -26,7 +27,8 @@ TGuideDialog::TGuideDialog(const std::filesystem::path& file, QWidget* parent) :
   QFile source(PathToQString(file));
   if (source.open(QIODevice::ReadOnly))
     text->setMarkdown(QString::fromUtf8(source.readAll()));
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+  auto* buttons = new QDialogButtonBox(this);
+  buttons->addButton(QDialogButtonBox::Close)->setText(tr("Close"));
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(text, 1);

@@ -113,7 +113,8 @@ void TNewProjectDialog::MakeFields() {
   FProblem = new QLabel(this);
   FProblem->setTextFormat(Qt::PlainText);
   FProblem->setWordWrap(true);
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+  auto* buttons = new QDialogButtonBox(this);
+  buttons->addButton(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
   buttons->addButton(tr("&Make Project"), QDialogButtonBox::AcceptRole)->setDefault(true);
   connect(buttons, &QDialogButtonBox::accepted, this, &TNewProjectDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
