@@ -27,9 +27,9 @@ constexpr std::array Joints{QLatin1String("; "), QLatin1String(": "), QLatin1Str
 // A sentence with places for other texts in it.
 struct TPattern {
   const char* Source;
-  QStringList Pieces;        ///< around the places
-  std::vector<bool> IsName;  ///< by place
-  TQtSize LetterCount = 0; ///< of the pieces: the pattern that says most is tried first
+  QStringList Pieces;       ///< around the places
+  std::vector<bool> IsName; ///< by place
+  TQtSize LetterCount = 0;  ///< of the pieces: the pattern that says most is tried first
 };
 
 struct TTables {
