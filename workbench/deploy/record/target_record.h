@@ -2,11 +2,10 @@
 // that are still to be run.
 #pragma once
 
-#include "workbench/json/json.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <ctime>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -97,6 +96,6 @@ TRecordReading ParseRecord(std::string_view text);
 std::string RecordText(const TTargetRecord& record);
 /// Hands over the text of the record piece by piece, with these runs in the stead of its own.
 void WriteRecord(const TTargetRecord& record, const std::vector<TRecordedRun>& runs,
-                 const TTakeText& take);
+                 const std::function<void(std::string_view)>& take);
 
 } // namespace workbench

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/deploy/record/target_record.h"
+#include "workbench/json/json.h"
 
 #include <cstdint>
 #include <functional>
