@@ -10,13 +10,17 @@ SOURCES = $(shell git ls-files '*.h' '*.cpp')
 # Of "make fuzz": how long inputs are made up for each target.
 SECONDS ?= 30
 
-.PHONY: all install deb dist chroot-round manual run test faults faults-sample fuzz tsan bench lint dependencies test-dependencies \
-	bench-dependencies lint-dependencies sanitize-dependencies package-dependencies \
+.PHONY: all install deb dist chroot-round manual run test ide-plugins ide-test faults faults-sample fuzz tsan bench lint dependencies test-dependencies \
+	bench-dependencies ide-dependencies ide-test-dependencies lint-dependencies sanitize-dependencies package-dependencies \
 	manual-dependencies clean
 
-all: dependencies
+# With IDE=1 "all" and "test" build the plug-ins for IDEs too, and test them in the real IDEs.
+IDE ?=
+PLUGINS = -DDEPLOYMENT_IDE_PLUGINS=$(if $(IDE),ON,OFF)
+
+all: $(if $(IDE),ide-dependencies,dependencies)
 	@cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-		-DBUILD_TESTING=OFF -DDEPLOYMENT_BENCH=OFF $(UNITY) > $(BUILD).log 2>&1 \
+		-DBUILD_TESTING=OFF -DDEPLOYMENT_BENCH=OFF $(PLUGINS) $(UNITY) > $(BUILD).log 2>&1 \
 		|| { cat $(BUILD).log; rm -f $(BUILD).log; exit 1; }
 	@rm -f $(BUILD).log
 	@cmake --build $(BUILD) -j $(JOBS)
@@ -27,7 +31,8 @@ install: all
 	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix "$(PREFIX)" --strip
 
 # The Debian packages, into build-deb; the archive for build servers, into build-dist.
-deb: package-dependencies
+# DEB_BUILD_PROFILES=pkg.deployment-manager.noide leaves the plug-ins of IDEs out.
+deb: package-dependencies $(if $(findstring noide,$(DEB_BUILD_PROFILES)),,ide-dependencies)
 	packaging/build_deb.sh $(BUILD)-deb
 dist: dependencies
 	packaging/build_dist.sh $(BUILD)-dist
@@ -42,11 +47,22 @@ manual: manual-dependencies
 run: all
 	@tools/tour.sh $(BUILD)/bin
 
-test: test-dependencies
+test: $(if $(IDE),ide-test-dependencies,test-dependencies)
 	cmake -S . -B $(BUILD) -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBUILD_TESTING=ON \
-		$(UNITY)
+		$(PLUGINS) $(UNITY)
 	cmake --build $(BUILD) -j $(JOBS)
 	ctest --test-dir $(BUILD) -j $(JOBS) --output-on-failure
+
+# The plug-ins for KDevelop and Kate, and their tests in the real IDEs, whose pictures are left in
+# build-ide/ide-pictures.
+IDE_OPTIONS = -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DDEPLOYMENT_IDE_PLUGINS=ON $(UNITY)
+ide-plugins: ide-dependencies
+	cmake -S . -B $(BUILD)-ide $(IDE_OPTIONS) -DBUILD_TESTING=OFF
+	cmake --build $(BUILD)-ide -j $(JOBS) --target ide_plugins
+ide-test: ide-test-dependencies
+	cmake -S . -B $(BUILD)-ide $(IDE_OPTIONS) -DBUILD_TESTING=ON
+	cmake --build $(BUILD)-ide -j $(JOBS) --target ide_plugins
+	ctest --test-dir $(BUILD)-ide -R '^Ide\.' --output-on-failure
 
 # Every system call of every scenario fails or kills the program once; the sample hits 600 of them.
 FAULTS = $(BUILD)/bin/fault_runner --programs $(BUILD)/bin --root $(CURDIR) --jobs $(JOBS)
@@ -93,6 +109,10 @@ bench-dependencies:
 	@tools/install_dependencies.sh build bench
 sanitize-dependencies:
 	@tools/install_dependencies.sh build sanitize
+ide-dependencies:
+	@tools/install_dependencies.sh build ide
+ide-test-dependencies:
+	@tools/install_dependencies.sh build test ide ide-test
 package-dependencies:
 	@tools/install_dependencies.sh build package
 manual-dependencies:

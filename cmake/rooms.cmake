@@ -77,7 +77,7 @@ room(workbench/settings SEES ${FOUNDATION} workbench/files workbench/json workbe
 room(workbench/services SEES ${FOUNDATION} workbench/deploy workbench/files workbench/msbuild
   workbench/platforms workbench/project workbench/project/cpp workbench/remote/profile
   workbench/remote/ssh workbench/remote/target workbench/settings workbench/text workbench/xml)
-room(workbench/session SEES ${FOUNDATION} workbench/files workbench/msbuild workbench/platforms
+room(workbench/session SEES ${FOUNDATION} workbench/deploy/plan workbench/files workbench/msbuild workbench/platforms
   workbench/project workbench/project/build_import workbench/project/cpp workbench/services
   workbench/settings workbench/text workbench/xml)
 room(workbench/history SEES ${FOUNDATION} workbench/files workbench/json workbench/list
@@ -98,8 +98,8 @@ room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/contr
   workbench/text)
 room(workbench/cli/targets SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/cli/view workbench/deploy workbench/deploy/plan workbench/files
-  workbench/remote/profile workbench/remote/target workbench/services workbench/settings
-  workbench/text)
+  workbench/remote/profile workbench/remote/target workbench/services workbench/session
+  workbench/settings workbench/text)
 room(workbench/cli/commands SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/archive workbench/cli/targets workbench/cli/view workbench/controls workbench/deploy workbench/deploy/fleet
   workbench/explain workbench/deploy/plan workbench/deploy/record workbench/files
@@ -149,16 +149,32 @@ room(workbench/desktop/notices SEES ${FOUNDATION} workbench/desktop/controls
   workbench/desktop/text workbench/explain workbench/files workbench/history
   workbench/remote/profile workbench/services workbench/session workbench/settings
   workbench/text)
+room(workbench/desktop/interaction SEES ${FOUNDATION} workbench/deploy workbench/deploy/record
+  workbench/desktop/controls workbench/desktop/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/dialogs/profiles workbench/desktop/projects workbench/desktop/text
+  workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services
+  workbench/session workbench/settings workbench/text)
 room(workbench/desktop/welcome SEES ${FOUNDATION} workbench/desktop/controls
-  workbench/desktop/dialogs/forms workbench/desktop/text workbench/platforms
+  workbench/desktop/dialogs/forms workbench/desktop/text workbench/platforms workbench/project
   workbench/project/build_import workbench/session workbench/text)
 room(workbench/desktop/window SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
   workbench/desktop/deploy workbench/desktop/details workbench/desktop/dialogs/forms
-  workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings workbench/desktop/list
-  workbench/desktop/notices workbench/desktop/projects workbench/desktop/target
-  workbench/desktop/text workbench/desktop/welcome
+  workbench/desktop/dialogs/profiles workbench/desktop/dialogs/settings
+  workbench/desktop/interaction workbench/desktop/list workbench/desktop/notices
+  workbench/desktop/projects workbench/desktop/target workbench/desktop/text
+  workbench/desktop/welcome
   workbench/files workbench/history workbench/platforms workbench/project workbench/project/cpp
   workbench/remote/profile workbench/remote/ssh workbench/remote/target workbench/services workbench/session
   workbench/settings workbench/text)
+
+# Plug-ins of IDEs: the rooms of the window once more, for the Qt of the IDE.
+room(workbench/ide/view SEES ${FOUNDATION} workbench/deploy workbench/desktop/controls
+  workbench/desktop/deploy workbench/desktop/dialogs/forms
+  workbench/desktop/dialogs/profiles workbench/desktop/interaction workbench/desktop/notices
+  workbench/desktop/projects workbench/desktop/text workbench/platforms workbench/project workbench/project/build_import
+  workbench/services workbench/session workbench/settings)
+room(workbench/ide/kdevelop SEES workbench/desktop/text workbench/ide/view)
+room(workbench/ide/kate SEES workbench/desktop/text workbench/ide/view)
+
 room(workbench/desktop SEES ${FOUNDATION} workbench/desktop/controls workbench/desktop/text
   workbench/desktop/window workbench/project workbench/session)

@@ -64,14 +64,29 @@ inside sh -euc '
   find lab -type f | sort | head -5'
 
 say "The window and what hosts need"
-inside sh -c 'apt-get -qq -y --no-install-recommends install /debs/*.deb >/log 2>&1 || { cat /log; exit 1; }'
+inside sh -c 'apt-get -qq -y --no-install-recommends install /debs/deployment-manager_*.deb \
+  /debs/libdeployment-package-dev_*.deb >/log 2>&1 || { cat /log; exit 1; }'
 inside deployment-manager --version
 inside env QT_QPA_PLATFORM=offscreen deployment-manager --screenshot /root/window.png \
   /root/tide-logger/TideLogger.vproj
 inside sh -c 'test -s /root/window.png && test -f /usr/lib/cmake/DeploymentPackage/DeploymentPackageConfig.cmake'
 
+if compgen -G "$debs/kdevelop-deployment-manager_*.deb" >/dev/null; then
+  say "The plug-ins, with the IDEs that they are for"
+  inside sh -c 'apt-get -qq -y --no-install-recommends install /debs/kdevelop-deployment-manager_*.deb \
+    /debs/kate-deployment-manager_*.deb >/log 2>&1 || { cat /log; exit 1; }'
+  # Each stands where its IDE looks, and what it is linked to is there.
+  inside sh -euc '
+    for plugin in kdevplatform/*/kdevdeploymentmanager.so ktexteditor/katedeploymentmanager.so; do
+      file=$(ls /usr/lib/*/qt5/plugins/$plugin)
+      if ldd "$file" | grep "not found"; then exit 1; fi
+      echo "$file"
+    done'
+fi
+
 say "Purged"
-inside sh -c 'apt-get -qq -y purge deploymgr deployment-manager libdeployment-package-dev >/dev/null 2>&1
+inside sh -c 'dpkg-query -W -f "\${Package}\n" "*deploymgr" "*deployment-manager" libdeployment-package-dev 2>/dev/null |
+  xargs apt-get -qq -y purge >/dev/null 2>&1
   apt-get -qq -y --purge autoremove >/dev/null 2>&1'
 inside find / -xdev \( -path /proc -o -path /debs -o -path /log -o -path /tmp -o -path /var -o -path /root \) -prune \
   -o \( -type f -o -type l \) -print | LC_ALL=C sort >"$work/after"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing for the given purposes: build, test, bench, lint,
-# package, manual, sanitize.
+# package, manual, sanitize; ide for the plug-ins, ide-test for their tests.
 # Says nothing when everything is there. Elsewhere than on Debian it only says what is needed.
 set -eu
 
@@ -13,6 +13,9 @@ for purpose in "$@"; do
       openssh-server python3 strace) ;;
     bench) packages+=(hyperfine jq libbenchmark-dev libpugixml-dev openssh-client openssh-server rsync) ;;
     lint) packages+=(ansible-lint clang-14 clang-format-14 clang-tidy-14 clang-tools-14) ;;
+    ide) packages+=(kdevelop-dev libkf5texteditor-dev libqt5svg5-dev qtbase5-dev qttools5-dev qttools5-dev-tools) ;;
+    ide-test) packages+=(breeze-icon-theme dbus dbus-x11 git imagemagick kate kdevelop libqt5sql5-sqlite openbox
+      xdotool xvfb) ;;
     package) packages+=(debhelper dpkg-dev fakeroot lintian mmdebstrap) ;;
     manual) packages+=(pandoc python3) ;;
     sanitize) packages+=(clang-14 libclang-rt-14-dev) ;;

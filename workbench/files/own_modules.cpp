@@ -1,7 +1,7 @@
 #include "workbench/files/own_modules.h"
 
 #include "package/common/errors.h"
-#include "workbench/files/machine_path.h"
+#include "workbench/files/own_program.h"
 
 #include <dlfcn.h>
 #include <string>
@@ -19,7 +19,7 @@ std::string ReasonOfLoader() {
 } // namespace
 
 std::filesystem::path OwnModuleFile(std::string_view name) {
-  const std::filesystem::path directory = RunningProgram().parent_path();
+  const std::filesystem::path directory = OwnProgram().parent_path();
   std::filesystem::path beside = directory / name;
   const std::filesystem::path prefix = (directory / "..").lexically_normal();
   std::error_code ignored;

@@ -5,6 +5,7 @@
 #include "package/common/path_text.h"
 #include "package/host/api/repositoryfile.h"
 #include "workbench/files/machine_path.h"
+#include "workbench/files/own_program.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -62,7 +63,7 @@ std::filesystem::path FindRoot(const std::filesystem::path& option) {
     return FullPath(option);
   if (const std::string_view variable = Environment("ZELK"); !variable.empty())
     return FullPath(ToMachinePath(variable));
-  const std::filesystem::path program = RunningProgram().parent_path();
+  const std::filesystem::path program = OwnProgram().parent_path();
   const std::filesystem::path installed = program / "../share/deployment-manager";
   const std::filesystem::path built = program / "../.."; // the source tree above the build
   return FullPath(!IsRoot(installed) && IsRoot(built) ? built / "" : installed);

@@ -64,5 +64,30 @@ TEST(BackgroundWork, KeepsInputFromTheWindowButNotFromWhatIsAllowed) {
   EXPECT_EQ(edit->text(), "abc");
 }
 
+TEST(BackgroundWork, OfAPartOfAWindowLeavesTheRestOfItAlone) {
+  QWidget window;
+  auto* layout = new QVBoxLayout(&window);
+  auto* part = new QWidget(&window);
+  auto* own = new QLineEdit(part);
+  auto* foreign = new QLineEdit(&window);
+  layout->addWidget(part);
+  layout->addWidget(foreign);
+  window.show();
+  static_cast<void>(QTest::qWaitForWindowExposed(&window));
+  TBackgroundWork background(*part);
+  std::atomic<bool> wasTyped = false;
+  QTimer::singleShot(0, &window, [&] {
+    QTest::keyClicks(own, "abc");
+    QTest::keyClicks(foreign, "abc");
+    wasTyped = true;
+  });
+  background.Run([&wasTyped] {
+    for (int i = 0; i < 500 && !wasTyped; ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  });
+  EXPECT_EQ(own->text(), "");
+  EXPECT_EQ(foreign->text(), "abc");
+}
+
 } // namespace
 } // namespace workbench

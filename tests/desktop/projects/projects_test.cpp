@@ -1,5 +1,6 @@
 #include "tests/desktop/window/window_fixture.h"
 #include "workbench/desktop/projects/project_names.h"
+#include "workbench/desktop/projects/recovery_question.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -250,6 +251,29 @@ TEST_F(TWindowProjects, RecentOnesAreListed) {
   ASSERT_NE(recent, nullptr);
   emit recent->aboutToShow();
   EXPECT_EQ(recent->actions().front()->text().toStdString(), FProject.string());
+}
+
+TEST_F(TWindowProjects, LeftWithoutAQuestionIsOfferedItsEditsWhenItComesBack) {
+  OpenExample();
+  ClickCheck(Row("levels.dat"));
+  Window().Projects().Leave(0);
+  EXPECT_EQ(Window().Tabs().count(), 0);
+  Window().Open(OtherProject());
+  OfferRecovery(Window().Projects(), &Window(),
+                FRoot / "other" / "TideLogger.vproj"); // asks nobody
+  Window().Open(FProject);
+  EXPECT_TRUE(IsChecked(Row("levels.dat")));
+  AnswerNext("Recover");
+  OfferRecovery(Window().Projects(), &Window(), FProject);
+  EXPECT_FALSE(IsChecked(Row("levels.dat")));
+  EXPECT_TRUE(Window().Projects().IsModified(Window().Tabs().currentIndex()));
+}
+
+TEST_F(TWindowProjects, LeftWithNothingToSaveLeavesNothingBehind) {
+  OpenExample();
+  Window().Projects().Leave(0);
+  EXPECT_EQ(Window().Tabs().count(), 0);
+  EXPECT_TRUE(FindRecoverable().Found.empty());
 }
 
 } // namespace

@@ -4,12 +4,12 @@
 #include "tests/desktop/window/window_fixture.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/deploy/difference_dialog.h"
+#include "workbench/desktop/interaction/connection_questions.h"
 #include "workbench/desktop/notices/notice_strip.h"
 #include "workbench/desktop/projects/recovery_question.h"
 #include "workbench/desktop/text/package_texts.h"
 #include "workbench/desktop/welcome/new_project_dialog.h"
 #include "workbench/desktop/window/appearance.h"
-#include "workbench/desktop/window/connection_questions.h"
 
 #include <QLabel>
 #include <QPushButton>

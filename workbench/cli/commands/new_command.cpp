@@ -8,7 +8,7 @@
 #include "workbench/cli/context/target.h"
 #include "workbench/cli/context/text_check.h"
 #include "workbench/files/save_error.h"
-#include "workbench/session/project_text.h"
+#include "workbench/project/project_text.h"
 
 #include <algorithm>
 
@@ -71,7 +71,7 @@ public:
       file += ".vproj";
     context.Session.CheckInstallation();
     if (FFromBuild->IsGiven()) {
-      NewFromBuild(context, file, BuildValues(context), {FBuild, FComponents}, FDryRun);
+      NewFromBuild(context, file, BuildSource(context), FDryRun);
       return exit_status::Done;
     }
     if (!FComponents.empty())
@@ -91,8 +91,7 @@ public:
   }
 
 private:
-  // What a project from a build is made of besides its install rules.
-  TProjectValues BuildValues(TCommandContext& context) const {
+  TBuildSource BuildSource(TCommandContext& context) const {
     if (FBuild.empty())
       throw TUsageError("the name of the build directory is empty");
     for (const IOption* option : FNotFromBuild) {
@@ -107,9 +106,10 @@ private:
       throw TUsageError("a build is for one platform, not for all");
     for (const std::string& component : FComponents)
       CheckStorable("--component", component);
-    TProjectValues values = ValuesForBuild(platform);
-    values.ActiveConfiguration = context.Options.Configuration;
-    return values;
+    return {.Directory = FBuild,
+            .Components = FComponents,
+            .Platform = platform,
+            .Configuration = context.Options.Configuration};
   }
 
   // The common options choose what is active in the new project.

@@ -1,11 +1,9 @@
 #include "workbench/cli/commands/new_from_build.h"
 
-#include "workbench/cli/context/text_check.h"
 #include "workbench/cli/entries/build_changes.h"
 #include "workbench/cli/targets/source_permission.h"
 #include "workbench/files/save_error.h"
 #include "workbench/project/build_import/build_directory.h"
-#include "workbench/session/build_refresh.h"
 
 #include <algorithm>
 
@@ -43,32 +41,25 @@ void Report(TCommandContext& context, const fs::path& file, const TInstallPlan& 
 
 } // namespace
 
-void NewFromBuild(TCommandContext& context, const fs::path& file, TProjectValues values,
-                  const TBuildSource& source, bool dryRun) {
+void NewFromBuild(TCommandContext& context, const fs::path& file, const TBuildSource& source,
+                  bool dryRun) {
   std::error_code ignored;
   if (fs::exists(file, ignored))
     throw TSaveError("\"" + file.string() + "\" exists already; nothing " +
                          (dryRun ? "would be written" : "was written"),
                      file);
   const TInstallPlan plan = ReadBuildDirectory(source.Directory, source.Components, !dryRun);
-  values.Configurations = plan.Configurations;
-  for (const std::string& configuration : values.Configurations)
-    CheckName("configuration", configuration);
-  if (values.ActiveConfiguration.empty())
-    values.ActiveConfiguration = values.Configurations.front();
-  if (std::ranges::find(values.Configurations, values.ActiveConfiguration) ==
-      values.Configurations.end())
-    throw TUsageError("the build makes no configuration \"" + values.ActiveConfiguration + "\"");
-  const fs::path directory = fs::absolute(file).lexically_normal().parent_path();
-  const std::string platform = values.Platforms.front();
-  if (dryRun)
-    return Report(context, file, plan, WouldAdd(context, directory, platform, plan), dryRun);
-  TBuildRefresh done;
-  const TOpenProject& project =
-      CreateFromBuild(context.Session, file, std::move(values), source, plan, done);
-  const std::vector<TEntryChange> changes = BuildChanges(context, project, platform, done);
-  AllowAddedSources(context, project, changes);
-  Report(context, file, plan, changes, dryRun);
+  CheckBuildConfigurations(plan);
+  if (!source.Configuration.empty() &&
+      std::ranges::find(plan.Configurations, source.Configuration) == plan.Configurations.end())
+    throw TUsageError("the build makes no configuration \"" + source.Configuration + "\"");
+  if (dryRun) {
+    const fs::path directory = fs::absolute(file).lexically_normal().parent_path();
+    return Report(context, file, plan, WouldAdd(context, directory, source.Platform, plan), dryRun);
+  }
+  const TMadeProject made = CreateFromBuild(context.Session, file, source, plan);
+  Report(context, file, plan, BuildChanges(context, made.Project, source.Platform, made.Done),
+         dryRun);
 }
 
 } // namespace workbench

@@ -5,6 +5,7 @@
 #include "workbench/msbuild/msbuild_condition.h"
 #include "workbench/msbuild/values/msbuild_escapes.h"
 #include "workbench/project/project_settings.h"
+#include "workbench/project/project_text.h"
 #include "workbench/services/variable_references.h"
 #include "workbench/text/storable_text.h"
 
@@ -52,8 +53,7 @@ void CheckStorable(const std::string& what, std::string_view text) {
 }
 
 void CheckName(const std::string& what, const std::string& name) {
-  constexpr std::string_view Reserved = "'\"`;|<>&$%@*?()";
-  if (name.empty() || !IsStorable(name) || name.find_first_of(Reserved) != std::string::npos)
+  if (!IsProjectName(name))
     throw TUsageError(what + " \"" + name + "\" holds characters that a project cannot hold there");
 }
 

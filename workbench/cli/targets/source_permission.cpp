@@ -1,28 +1,17 @@
 #include "workbench/cli/targets/source_permission.h"
 
-#include "workbench/deploy/plan/source_roots.h"
-#include "workbench/files/machine_path.h"
-#include "workbench/settings/source_consent.h"
-
-#include <filesystem>
+#include "workbench/session/project_from_build.h"
 
 namespace workbench {
 
 void AllowAddedSources(TCommandContext& context, const TOpenProject& project,
                        const std::vector<TEntryChange>& changes) {
-  const std::filesystem::path projectFile = std::filesystem::absolute(project.GivenFileName());
-  TSourceRoots roots({SourceTreeOf(projectFile)});
-  std::vector<std::string> outside;
+  std::vector<std::string> added;
   for (const TEntryChange& change : changes) {
-    if (change.Action != "added" || change.LocalName.find("$(") != std::string::npos)
-      continue;
-    const std::filesystem::path file =
-        (projectFile.parent_path() / ToMachinePath(change.LocalName)).lexically_normal();
-    if (!roots.Holds(file))
-      outside.push_back(file.string());
+    if (change.Action == "added")
+      added.push_back(change.LocalName);
   }
-  if (!outside.empty())
-    AllowSources(context.Session.Settings(), projectFile, outside);
+  AllowListedSources(context.Session, project, added);
 }
 
 } // namespace workbench

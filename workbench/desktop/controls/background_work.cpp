@@ -97,7 +97,7 @@ void TBackgroundWork::Pause() {
 
 bool TBackgroundWork::MayReceive(const QObject& receiver) const {
   const auto* widget = qobject_cast<const QWidget*>(&receiver);
-  if (!widget || widget->window() != &FWindow)
+  if (!widget || (widget != &FWindow && !FWindow.isAncestorOf(widget)))
     return true;
   return std::any_of(FAllowed.begin(), FAllowed.end(), [widget](const QPointer<QWidget>& allowed) {
     return allowed && (allowed == widget || allowed->isAncestorOf(widget));

@@ -10,7 +10,8 @@
 namespace workbench {
 
 /// While work runs, mouse and keys reach the window's allowed widgets and its dialogs only, so that
-/// nothing can be started twice or changed under the work.
+/// nothing can be started twice or changed under the work. What is not the window's goes on: the
+/// window may be a part of a foreign one.
 class TBackgroundWork final : public QObject {
   Q_OBJECT
 

@@ -35,7 +35,7 @@ QWidget* TButtonCellEditor::MakeWidget(QWidget* parent) {
   QAction* action = edit->addAction(FIcon, QLineEdit::TrailingPosition);
   action->setToolTip(QCoreApplication::translate("TButtonCellEditor", "Choose (F4)"));
   action->setText(action->toolTip());
-  action->setShortcuts({QKeySequence(Qt::Key_F4), QKeySequence(Qt::ALT | Qt::Key_Down)});
+  action->setShortcuts({QKeySequence(Qt::Key_F4), QKeySequence(QStringLiteral("Alt+Down"))});
   action->setShortcutContext(Qt::WidgetShortcut);
   QObject::connect(action, &QAction::triggered, edit, [this] {
     if (FOnPress)

@@ -1,5 +1,7 @@
 #include "workbench/desktop/controls/svg_icon.h"
 
+#include "workbench/desktop/text/qt_text.h"
+
 #include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
@@ -41,7 +43,7 @@ private:
 } // namespace
 
 QIcon SvgIcon(std::string_view svg) {
-  return QIcon(new TSvgIconEngine(QByteArray(svg.data(), static_cast<qsizetype>(svg.size()))));
+  return QIcon(new TSvgIconEngine(QByteArray(svg.data(), static_cast<TQtSize>(svg.size()))));
 }
 
 } // namespace workbench

@@ -19,7 +19,7 @@ TTargetsComboBox::TTargetsComboBox(QWidget* parent) : FBox(new QComboBox(parent)
   FBox->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   FBox->setFocusPolicy(Qt::TabFocus); // a choice by mouse leaves the focus in the list
   FBox->installEventFilter(new TWheelGuard(FBox));
-  connect(FBox, &QComboBox::activated, this, &TTargetsComboBox::Activated);
+  connect(FBox, QOverload<int>::of(&QComboBox::activated), this, &TTargetsComboBox::Activated);
 }
 
 TTargetsComboBox::~TTargetsComboBox() {

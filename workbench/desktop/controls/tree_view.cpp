@@ -78,11 +78,20 @@ void TTreeView::SetWidths(const std::vector<deployment::TTreeColumn>& columns) {
     header()->resizeSection(static_cast<int>(i), columns[i].Width);
 }
 
+QStyleOptionViewItem TTreeView::RowOption() const {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+  return viewOptions();
+#else
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  return option;
+#endif
+}
+
 QRect TTreeView::CheckBoxOf(const QModelIndex& index) const {
   if (!(index.flags() & Qt::ItemIsUserCheckable))
     return {};
-  QStyleOptionViewItem option;
-  initViewItemOption(&option);
+  QStyleOptionViewItem option = RowOption();
   option.rect = visualRect(index);
   option.features |= QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
   return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
@@ -222,8 +231,7 @@ bool TTreeView::viewportEvent(QEvent* event) {
 bool TTreeView::ShowCutText(const QHelpEvent& event) {
   const QModelIndex index = indexAt(event.pos());
   const QRect cell = visualRect(index);
-  QStyleOptionViewItem option;
-  initViewItemOption(&option);
+  const QStyleOptionViewItem option = RowOption();
   const bool isCut = index.isValid() && FDelegate->sizeHint(option, index).width() > cell.width();
   QString text = isCut ? FDelegate->displayText(index.data(), locale()) : QString();
   const QString more = index.data(Qt::ToolTipRole).toString();

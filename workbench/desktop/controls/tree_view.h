@@ -42,6 +42,7 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+  QStyleOptionViewItem RowOption() const;
   QRect CheckBoxOf(const QModelIndex& index) const;
   void SetPalette();
   bool ShowCutText(const QHelpEvent& event);

@@ -294,6 +294,15 @@ bool TProjectTabs::Close(int index) {
   return true;
 }
 
+void TProjectTabs::Leave(int index) {
+  const TProjectTab* tab = TabAt(index);
+  if (!tab)
+    return;
+  FinishEditing(index);
+  Shut(*tab->Project, /*dropEdits=*/!IsModified(index));
+  emit Changed();
+}
+
 bool TProjectTabs::MayCloseAll() {
   for (int i = 0; i < FTabs.count(); ++i) {
     if (!MayClose(i))

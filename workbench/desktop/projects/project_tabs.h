@@ -48,6 +48,9 @@ public:
   bool SaveAll();
   /// Asks what to do with changes; false when the user wants the project to stay.
   bool Close(int index);
+  /// Closes without a question; edits that were not saved can be had back when the project is
+  /// opened again.
+  void Leave(int index);
   /// Asks for all projects with changes; false when the user wants to stay.
   bool MayCloseAll();
   /// Closes all without a question.

@@ -1,5 +1,9 @@
 #include "workbench/desktop/projects/recovery_question.h"
 
+#include "workbench/desktop/controls/guarded.h"
+#include "workbench/desktop/projects/project_tabs.h"
+#include "workbench/desktop/text/engine_text.h"
+#include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 
 #include <QCoreApplication>
@@ -60,6 +64,28 @@ TRecoveryAnswer AskRecovery(const TRecoverable& recoverable, QWidget* parent) {
   if (recover && box.clickedButton() == recover)
     return TRecoveryAnswer::Recover;
   return box.clickedButton() == discard ? TRecoveryAnswer::Discard : TRecoveryAnswer::Later;
+}
+
+void OfferRecovery(TProjectTabs& projects, QWidget* parent, const std::filesystem::path& project) {
+  const TRecoverySearch search = FindRecoverable();
+  for (const std::string& problem : search.Problems) {
+    if (project.empty())
+      ShowError(Tr("Unsaved Edits"), EngineText(problem), parent);
+  }
+  for (const TRecoverable& recoverable : search.Found) {
+    if (!project.empty() && !IsOfProject(recoverable, project))
+      continue;
+    switch (AskRecovery(recoverable, parent)) {
+    case TRecoveryAnswer::Recover:
+      projects.Recover(recoverable);
+      break;
+    case TRecoveryAnswer::Discard:
+      Guarded([&] { Discard(recoverable); });
+      break;
+    case TRecoveryAnswer::Later:
+      break;
+    }
+  }
 }
 
 } // namespace workbench

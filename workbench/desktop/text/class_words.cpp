@@ -6,11 +6,11 @@ namespace workbench {
 namespace {
 
 // "iOS" and "iPhone" are one word each.
-bool IsBrandPrefix(const QString& name, qsizetype start, qsizetype end) {
+bool IsBrandPrefix(const QString& name, TQtSize start, TQtSize end) {
   return end == start + 1 && name[start] == u'i';
 }
 
-bool IsWordStart(const QString& name, qsizetype start, qsizetype at) {
+bool IsWordStart(const QString& name, TQtSize start, TQtSize at) {
   const QChar before = name[at - 1];
   const QChar here = name[at];
   // "57x57" and "X86" are one word each.
@@ -29,8 +29,8 @@ bool IsWordStart(const QString& name, qsizetype start, qsizetype at) {
 QString ClassWords(std::string_view className) {
   const QString name = ToQString(className);
   QString words;
-  qsizetype start = 0;
-  for (qsizetype at = 0; at < name.size(); ++at) {
+  TQtSize start = 0;
+  for (TQtSize at = 0; at < name.size(); ++at) {
     const bool isGap = name[at] == u'_' || name[at] == u' ';
     if (isGap || (at > start && IsWordStart(name, start, at))) {
       if (!words.isEmpty() && !words.endsWith(u' '))

@@ -27,9 +27,9 @@ constexpr std::array Joints{QLatin1String("; "), QLatin1String(": "), QLatin1Str
 // A sentence with places for other texts in it.
 struct TPattern {
   const char* Source;
-  QStringList Pieces;        ///< around the places
-  std::vector<bool> IsName;  ///< by place
-  qsizetype LetterCount = 0; ///< of the pieces: the pattern that says most is tried first
+  QStringList Pieces;       ///< around the places
+  std::vector<bool> IsName; ///< by place
+  TQtSize LetterCount = 0;  ///< of the pieces: the pattern that says most is tried first
 };
 
 struct TTables {
@@ -43,7 +43,7 @@ TPattern PatternOf(const char* source) {
   QString rest = QString::fromUtf8(source);
   for (int place = 1;; ++place) {
     const QString mark = QStringLiteral("%%1").arg(place);
-    const qsizetype at = rest.indexOf(mark);
+    const TQtSize at = rest.indexOf(mark);
     pattern.Pieces += rest.left(at);
     pattern.LetterCount += pattern.Pieces.back().size();
     if (at < 0)
@@ -84,12 +84,12 @@ std::optional<QStringList> PlacesIn(const QString& text, const TPattern& pattern
   const QString& last = pattern.Pieces.back();
   if (!text.startsWith(pattern.Pieces.front()) || !text.endsWith(last))
     return std::nullopt;
-  const qsizetype end = text.size() - last.size();
-  qsizetype at = pattern.Pieces.front().size();
+  const TQtSize end = text.size() - last.size();
+  TQtSize at = pattern.Pieces.front().size();
   QStringList places;
-  for (qsizetype i = 1; i + 1 < pattern.Pieces.size(); ++i) {
+  for (TQtSize i = 1; i + 1 < pattern.Pieces.size(); ++i) {
     const QString& piece = pattern.Pieces[i];
-    const qsizetype found = text.indexOf(piece, at);
+    const TQtSize found = text.indexOf(piece, at);
     if (found < 0 || found + piece.size() > end)
       return std::nullopt;
     places += text.mid(at, found - at);
@@ -104,7 +104,7 @@ std::optional<QStringList> PlacesIn(const QString& text, const TPattern& pattern
 // One after the other, so that a name which looks like a place is left alone.
 QString WithPlaces(const QString& sentence, const QStringList& places) {
   QString text;
-  for (qsizetype i = 0; i < sentence.size(); ++i) {
+  for (TQtSize i = 0; i < sentence.size(); ++i) {
     const int place = sentence[i] == QLatin1Char('%') && i + 1 < sentence.size()
                           ? sentence[i + 1].digitValue()
                           : -1;
@@ -125,7 +125,7 @@ std::optional<QString> AsPattern(const QString& text, int level) {
     auto places = PlacesIn(text, pattern);
     if (!places)
       continue;
-    for (qsizetype i = 0; i < places->size(); ++i) {
+    for (TQtSize i = 0; i < places->size(); ++i) {
       if (!pattern.IsName[static_cast<std::size_t>(i)])
         (*places)[i] = Translated((*places)[i], level + 1);
     }
@@ -143,7 +143,7 @@ QString Translated(const QString& text, int level) {
   if (const auto sentence = AsPattern(text, level))
     return *sentence;
   for (const QLatin1String& joint : Joints) {
-    if (const qsizetype at = text.indexOf(joint); at >= 0)
+    if (const TQtSize at = text.indexOf(joint); at >= 0)
       return Translated(text.left(at), level + 1) + joint +
              Translated(text.mid(at + joint.size()), level + 1);
   }

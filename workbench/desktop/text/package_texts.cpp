@@ -88,7 +88,7 @@ QStringList NamesIn(const QString& text, const QString& question) {
 QString WithNames(const QString& question, const QStringList& names) {
   const QStringList pieces = question.split(Name);
   QString text = pieces.front();
-  for (qsizetype i = 1; i < pieces.size(); ++i)
+  for (TQtSize i = 1; i < pieces.size(); ++i)
     text += names.value(i - 1) + pieces[i];
   return text;
 }

@@ -9,8 +9,11 @@
 
 namespace workbench {
 
+/// What the Qt that is built with counts letters and bytes in.
+using TQtSize = decltype(QString().size());
+
 inline QString ToQString(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  return QString::fromUtf8(text.data(), static_cast<TQtSize>(text.size()));
 }
 
 inline std::string ToStdString(const QString& text) {

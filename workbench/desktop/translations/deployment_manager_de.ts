@@ -4849,4 +4849,128 @@ Der Eintrag lässt es offen; es gilt, was Klasse oder Projekt sagen.</translatio
         <translation>Vergleich läuft …</translation>
     </message>
 </context>
+<context>
+    <name>workbench::TDeploymentView</name>
+    <message>
+        <source>Deployment Manager</source>
+        <translation>Deployment Manager</translation>
+    </message>
+    <message>
+        <source>Deployment</source>
+        <translation>Verteilung</translation>
+    </message>
+    <message>
+        <source>Show &amp;List</source>
+        <translation>&amp;Liste zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Deploy</source>
+        <translation>&amp;Verteilen</translation>
+    </message>
+    <message>
+        <source>&amp;Reconcile</source>
+        <translation>&amp;Abgleichen</translation>
+    </message>
+    <message>
+        <source>&amp;Save List</source>
+        <translation>Liste &amp;speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Undo in List</source>
+        <translation>In der Liste &amp;rückgängig</translation>
+    </message>
+    <message>
+        <source>R&amp;edo in List</source>
+        <translation>In der Liste &amp;wiederholen</translation>
+    </message>
+    <message>
+        <source>Remote &amp;Profiles…</source>
+        <translation>&amp;Profile …</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Try &amp;Again</source>
+        <translation>&amp;Noch einmal</translation>
+    </message>
+    <message>
+        <source>The Deployment Manager cannot be started.
+
+%1
+
+This plug-in and the package &quot;deploymgr&quot; go together in one version.</source>
+        <translation>Der Deployment Manager kann nicht gestartet werden.
+
+%1
+
+Dieses Plug-in und das Paket „deploymgr“ gehören in derselben Version zusammen.</translation>
+    </message>
+    <message>
+        <source>Open a project to see which of its files go to which platform.</source>
+        <translation>Öffnen Sie ein Projekt, um zu sehen, welche seiner Dateien auf welche Plattform gehen.</translation>
+    </message>
+    <message>
+        <source>%1 is not open.</source>
+        <translation>%1 ist nicht offen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n problem(s)</source>
+        <translation>
+            <numerusform>%n Problem</numerusform>
+            <numerusform>%n Probleme</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Problems</source>
+        <translation>Probleme</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TNewListPage</name>
+    <message>
+        <source>&amp;Make the List</source>
+        <translation>&amp;Liste anlegen</translation>
+    </message>
+    <message>
+        <source>Choose the build directory</source>
+        <translation>Build-Verzeichnis wählen</translation>
+    </message>
+    <message>
+        <source>&amp;Build directory:</source>
+        <translation>&amp;Build-Verzeichnis:</translation>
+    </message>
+    <message>
+        <source>&amp;Platform:</source>
+        <translation>&amp;Plattform:</translation>
+    </message>
+    <message>
+        <source>%1 has no deployment list yet. It can be made of what the install rules of its build (CMake or Meson) install; it is kept in %2.</source>
+        <translation>%1 hat noch keine Verteilungsliste. Sie kann aus dem entstehen, was die Installationsregeln des Builds (CMake oder Meson) installieren; sie steht dann in %2.</translation>
+    </message>
+    <message>
+        <source>Build Directory</source>
+        <translation>Build-Verzeichnis</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TProjectLists</name>
+    <message>
+        <source>Deployment List</source>
+        <translation>Verteilungsliste</translation>
+    </message>
+    <message>
+        <source>The list was not made.
+
+%1</source>
+        <translation>Die Liste wurde nicht angelegt.
+
+%1</translation>
+    </message>
+    <message>
+        <source>Files of %1</source>
+        <translation>Dateien von %1</translation>
+    </message>
+</context>
 </TS>

@@ -72,4 +72,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>workbench::TDeploymentView</name>
+    <message numerus="yes">
+        <source>%n problem(s)</source>
+        <translation>
+            <numerusform>%n problem</numerusform>
+            <numerusform>%n problems</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

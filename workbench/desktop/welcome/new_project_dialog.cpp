@@ -6,7 +6,8 @@
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/platforms/platform_table.h"
 #include "workbench/project/build_import/build_directory.h"
-#include "workbench/session/new_from_build.h"
+#include "workbench/project/project_text.h"
+#include "workbench/session/project_from_build.h"
 #include "workbench/session/session.h"
 
 #include <QComboBox>
@@ -224,14 +225,11 @@ void TNewProjectDialog::MakeEmpty() {
 
 // The build's tool may be run, which takes its time.
 void TNewProjectDialog::MakeFromBuild() {
-  const TBuildSource source{ToPathText(FBuild->text().trimmed()), {}};
+  const TBuildSource source{.Directory = ToPathText(FBuild->text().trimmed()),
+                            .Platform = ToStdString(FBuildPlatform->currentText())};
   TInstallPlan plan;
   FBackground.Run([&] { plan = ReadBuildDirectory(source.Directory, {}, /*mayRun=*/true); });
-  TProjectValues values = ValuesForBuild(ToStdString(FBuildPlatform->currentText()));
-  values.Configurations = plan.Configurations;
-  values.ActiveConfiguration = values.Configurations.front();
-  TBuildRefresh done;
-  FSession.Close(CreateFromBuild(FSession, FFile, std::move(values), source, plan, done));
+  FSession.Close(CreateFromBuild(FSession, FFile, source, plan).Project);
 }
 
 } // namespace workbench

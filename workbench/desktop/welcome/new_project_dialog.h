@@ -2,7 +2,6 @@
 #pragma once
 
 #include "workbench/desktop/controls/background_work.h"
-#include "workbench/session/project_text.h"
 
 #include <QDialog>
 #include <QStringList>

@@ -5,17 +5,18 @@
 #include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/details/details_pane.h"
 #include "workbench/desktop/dialogs/forms/modal_dialogs.h"
+#include "workbench/desktop/interaction/list_commands.h"
+#include "workbench/desktop/interaction/served_session.h"
+#include "workbench/desktop/interaction/window_deploys.h"
 #include "workbench/desktop/notices/missing_notices.h"
 #include "workbench/desktop/notices/project_notices.h"
 #include "workbench/desktop/projects/added_rows.h"
 #include "workbench/desktop/projects/project_names.h"
+#include "workbench/desktop/projects/recovery_question.h"
 #include "workbench/desktop/text/error_text.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/welcome/welcome_page.h"
-#include "workbench/desktop/window/connection_questions.h"
-#include "workbench/desktop/window/list_commands.h"
 #include "workbench/desktop/window/project_panes.h"
-#include "workbench/desktop/window/window_deploys.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/desktop/window/window_panes.h"
 #include "workbench/desktop/window/window_status.h"
@@ -55,7 +56,18 @@ TMainWindow::TMainWindow(TSession& session)
   MakeMenus();
   FStatus = new TWindowStatus(*this, *FProjects, *FTabs);
   FListCommands = new TListCommands(FSession, *this);
-  ServeSession();
+  FServed = std::make_unique<TServedSession>(
+      FSession, TServingParts{.Tabs = *FTabs,
+                              .Projects = *FProjects,
+                              .Forms = *FModalForms,
+                              .Background = FBackground,
+                              .Panel = *FPanel,
+                              .Window = *this,
+                              .Say = [this](const QString& text) { FStatus->Say(text); },
+                              .ConnectionLost =
+                                  [this](const std::string& profile, const std::string& reason) {
+                                    FProjectPanes->ConnectionLost(profile, reason);
+                                  }});
   WatchState();
   if (FLayout.Geometry.isEmpty() || !restoreGeometry(FLayout.Geometry))
     resize(WideSize.boundedTo(screen()->availableSize()).expandedTo(FirstSize));
@@ -68,11 +80,7 @@ TMainWindow::~TMainWindow() {
   FTabs->disconnect(this);
   FProjectPanes->Show(nullptr, nullptr);
   FProjects.reset(); // edits that were not saved stay in their journals
-  FSession.CloseViews();
-  FSession.SetEditorArea(nullptr);
-  FSession.SetModalForms(nullptr);
-  FQuestions->Close();
-  FSession.RemoteProfiles().SetInteraction(nullptr);
+  FServed.reset();
 }
 
 void TMainWindow::WatchState() {
@@ -85,9 +93,9 @@ void TMainWindow::WatchState() {
   connect(&FWatcher, &TProjectWatcher::FilesChanged, this, &TMainWindow::CheckDisk);
   WatchFiles();
   connect(FProjects.get(), &TProjectTabs::Notice, FStatus, &TWindowStatus::Say);
-  connect(FProjectPanes, &TProjectPanes::ProfilesWanted, this, &TMainWindow::ShowProfiles);
+  connect(FProjectPanes, &TProjectPanes::ProfilesWanted, this, [this] { FServed->ShowProfiles(); });
   connect(FListCommands, &TListCommands::Done, this, [this] {
-    if (!FDeploys->FocusPlan())
+    if (!FServed->Deploys().FocusPlan())
       FocusListSoon();
   });
 }
@@ -121,7 +129,7 @@ void TMainWindow::MakePages() {
   FProjects = std::make_unique<TProjectTabs>(FSession, *FTabs, FBackground, *FModalForms, *this);
   FNotices = new TProjectNotices(*FProjects, FSession.Settings(), *this);
   FMissing = new TMissingNotices(
-      FSession, *FProjects, *FNotices, [this] { ShowProfiles(); }, *this);
+      FSession, *FProjects, *FNotices, [this] { FServed->ShowProfiles(); }, *this);
   FPanel = new TDeployPanel(this);
   FPanel->hide();
   FBackground.Allow(FPanel);
@@ -177,6 +185,10 @@ void TMainWindow::Restore() {
   }
   if (FLayout.Current >= 0)
     FTabs->setCurrentIndex(FLayout.Current);
+}
+
+void TMainWindow::OfferRecovery() {
+  workbench::OfferRecovery(*FProjects, this);
 }
 
 void TMainWindow::Opened(TOpenProject& project) {

@@ -19,16 +19,14 @@ class QStackedWidget;
 
 namespace workbench {
 
-class TConnectionQuestions;
 class TDeployPanel;
 class TListCommands;
 class TMissingNotices;
 class TModalDialogs;
+class TServedSession;
 class TProjectNotices;
 class TProjectPanes;
 class TWelcomePage;
-class TWindowDeploys;
-class TWindowHistory;
 class TWindowPanes;
 class TWindowMenus;
 class TWindowStatus;
@@ -77,7 +75,6 @@ private:
   std::vector<TWindowCommand> FileCommands();
   std::vector<TWindowCommand> EditCommands();
   std::vector<TWindowCommand> ToolsCommands();
-  void ServeSession();
   void WatchState();
   void WatchFiles();
   void CheckDisk();
@@ -97,13 +94,8 @@ private:
   void SelectAll();
   void AddDropped(const QStringList& files);
   void AddDroppedFolder(const std::filesystem::path& folder);
-  void ShowProfiles();
   void ShowTargets();
   void ShowAbout();
-  bool MayRun(const std::vector<std::string>& commands, const std::string& place);
-  bool MaySend(const std::vector<std::string>& files);
-  void ShowLostConnection(const std::string& profile, const std::string& reason);
-  bool CreateProfile(const deployment::ICustomProject& project, std::string_view platform);
   void KeepLayout() const;
 
   TSession& FSession;
@@ -120,11 +112,9 @@ private:
   TMissingNotices* FMissing = nullptr;
   TListCommands* FListCommands = nullptr;
   TProjectPanes* FProjectPanes = nullptr;
-  TWindowDeploys* FDeploys = nullptr;
-  TWindowHistory* FHistory = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
-  std::shared_ptr<TConnectionQuestions> FQuestions; // threads hold it too
+  std::unique_ptr<TServedSession> FServed;
   TProjectWatcher FWatcher;
   QTimer FState;
   QTimer FPoll;

@@ -3,8 +3,10 @@
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/details/details_pane.h"
-#include "workbench/desktop/dialogs/profiles/profile_manager_dialog.h"
 #include "workbench/desktop/dialogs/settings/settings_dialog.h"
+#include "workbench/desktop/interaction/served_session.h"
+#include "workbench/desktop/interaction/window_deploys.h"
+#include "workbench/desktop/interaction/window_history.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/projects/shown_target.h"
 #include "workbench/desktop/target/targets_dialog.h"
@@ -15,8 +17,6 @@
 #include "workbench/desktop/window/main_window.h"
 #include "workbench/desktop/window/project_panes.h"
 #include "workbench/desktop/window/row_text.h"
-#include "workbench/desktop/window/window_deploys.h"
-#include "workbench/desktop/window/window_history.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/project/project_settings.h"
 #include "workbench/session/session.h"
@@ -91,13 +91,13 @@ std::vector<TWindowCommand> TMainWindow::EditCommands() {
 
 std::vector<TWindowCommand> TMainWindow::ToolsCommands() {
   return {
-      {tr("Show P&lan of Deploy"), Qt::SHIFT | Qt::Key_F9, [this] { FDeploys->Plan(); },
+      {tr("Show P&lan of Deploy"), Qt::SHIFT | Qt::Key_F9, [this] { FServed->Deploys().Plan(); },
        TCommandKind::Project},
       {tr("Show &Results of Deploy"), {}, [this] { FPanel->ShowPage(); }, TCommandKind::Project},
-      {tr("Deploy &History"), Qt::CTRL | Qt::Key_H, [this] { FHistory->Show(); },
+      {tr("Deploy &History"), Qt::CTRL | Qt::Key_H, [this] { FServed->History().Show(); },
        TCommandKind::Project},
       {},
-      {tr("Remote &Profiles…"), Qt::CTRL | Qt::Key_P, [this] { ShowProfiles(); }},
+      {tr("Remote &Profiles…"), Qt::CTRL | Qt::Key_P, [this] { FServed->ShowProfiles(); }},
       {tr("&Targets…"), {}, [this] { ShowTargets(); }, TCommandKind::Project},
       {tr("&Settings…"), QKeySequence::Preferences,
        [this] { TSettingsDialog(FSession, this).exec(); }},
@@ -178,12 +178,6 @@ void TMainWindow::Copy() {
 void TMainWindow::SelectAll() {
   if (const TFormControls* controls = CurrentControls(); controls && controls->Tree())
     controls->Tree()->View().selectAll();
-}
-
-void TMainWindow::ShowProfiles() {
-  TProfileManagerDialog(FSession, CurrentProject(), this).exec();
-  if (TProjectEdits* edits = FProjects->EditsAt(FTabs->currentIndex()))
-    edits->FileWritten(); // a profile may have been assigned
 }
 
 void TMainWindow::ShowTargets() {

@@ -1,6 +1,6 @@
 #include "workbench/remote/ssh/askpass.h"
 
-#include "workbench/files/machine_path.h"
+#include "workbench/files/own_program.h"
 #include "workbench/text/visible_text.h"
 
 #include <array>
@@ -83,7 +83,7 @@ void Wipe(std::string& secret) {
 }
 
 std::filesystem::path AskpassProgram() {
-  const std::filesystem::path directory = RunningProgram().parent_path();
+  const std::filesystem::path directory = OwnProgram().parent_path();
   for (const auto& path : {directory / ProgramName, directory / InstalledDirectory / ProgramName}) {
     if (::access(path.c_str(), X_OK) == 0)
       return path;

@@ -65,7 +65,8 @@ void TProfileEditDialog::MakeFields(const QStringList& platforms) {
   }
   FKind->setCurrentIndex(FKind->findData(static_cast<int>(FProfile.Kind)));
   ShowKind(FKind->currentIndex());
-  connect(FKind, &QComboBox::currentIndexChanged, this, &TProfileEditDialog::ShowKind);
+  connect(FKind, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+          &TProfileEditDialog::ShowKind);
   FDefault->setObjectName(QStringLiteral("default"));
   FDefault->setChecked(FProfile.IsDefault);
   FAllowOutside->setObjectName(QStringLiteral("allowOutside"));
