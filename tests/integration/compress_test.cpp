@@ -36,11 +36,12 @@ TEST(Compress, IsToldToTheClientByTheOption) {
   NEEDS_SSH_SERVER();
   const TCompressPlace place;
   EXPECT_FALSE(place.Compresses({"deploy", "demo.vproj"}));
+  // Of another size each: they are written in one second.
   place.Write("a.dat", "another");
   EXPECT_TRUE(place.Compresses({"deploy", "demo.vproj", "--compress", "--jobs", "2"}));
-  place.Write("a.dat", "a third");
+  place.Write("a.dat", "a third one");
   EXPECT_TRUE(place.Compresses({"deploy", "demo.vproj", "--compress", "--to-profile", "box"}));
-  EXPECT_EQ(place.Read("target/demo/a.dat"), "a third");
+  EXPECT_EQ(place.Read("target/demo/a.dat"), "a third one");
 }
 
 TEST(Compress, IsToldToTheClientByTheProfile) {

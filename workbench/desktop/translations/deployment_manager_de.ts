@@ -692,6 +692,10 @@
         <translation>die lokale Datei %1 hat einen anderen Inhalt</translation>
     </message>
     <message>
+        <source>the local file %1 leads elsewhere</source>
+        <translation>die lokale Datei %1 führt anderswohin</translation>
+    </message>
+    <message>
         <source>its directory is another one now</source>
         <translation>ihr Verzeichnis ist jetzt ein anderes</translation>
     </message>
@@ -718,6 +722,10 @@
     <message>
         <source>%1 has another content on the target now</source>
         <translation>%1 hat auf dem Ziel jetzt einen anderen Inhalt</translation>
+    </message>
+    <message>
+        <source>%1 leads elsewhere on the target now</source>
+        <translation>%1 führt auf dem Ziel jetzt anderswohin</translation>
     </message>
     <message>
         <source>%1 was changed on the target</source>
