@@ -106,7 +106,7 @@ void TProfileEditDialog::AlignLabels() {
   std::vector<QWidget*> labels;
   for (const QFormLayout* form : {FForm, FPages->currentWidget()->findChild<QFormLayout*>()}) {
     for (int row = 0; form && row < form->rowCount(); ++row) {
-      const QLayoutItem* item = form->itemAt(row, QFormLayout::LabelRole);
+      QLayoutItem* item = form->itemAt(row, QFormLayout::LabelRole);
       if (!item || !item->widget())
         continue;
       labels.push_back(item->widget());
