@@ -21,7 +21,12 @@ clean_up() {
     kill -- "$id" 2>/dev/null || true
   done
   wait 2>/dev/null || true
-  rm -rf "$work"
+  # Services that the IDE started write to its home for a moment after it is gone.
+  local attempt
+  for attempt in $(seq 20); do
+    rm -rf "$work" 2>/dev/null && break
+    sleep 0.1
+  done
   exit $status
 }
 trap clean_up EXIT
