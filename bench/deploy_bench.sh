@@ -34,7 +34,7 @@ head -c 4096 /dev/urandom > block
 } > demo.vproj
 "$program" profile add box -p Win32 --path target --default > /dev/null
 
-hyperfine -N --warmup 1 --runs 10 --export-json new.json --prepare 'rm -rf target/demo copy' \
+hyperfine -N --warmup 1 --runs 10 --export-json new.json --prepare 'rm -rf target copy; mkdir target' \
   "$program deploy demo.vproj --quiet" 'cp -r --preserve=timestamps files copy' > /dev/null
 hyperfine -N --warmup 1 --runs 10 --export-json same.json \
   "$program deploy demo.vproj --quiet" 'rsync --dry-run -a files/ copy/' > /dev/null
