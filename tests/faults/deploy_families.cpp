@@ -156,7 +156,7 @@ private:
   }
 
   TBroken CheckNext(const TFaultPlace& place) const {
-    const TRunEnd again = DeployAgain(place, DeployArguments());
+    const TRunEnd again = DeployAgain(place, DeployArguments(), FDeploying.IsOverSsh);
     const TTreeState now = place.State();
     if (again.Status != 0)
       return "the next deploy ends with " + std::to_string(again.Status) + ": " + again.Errors;

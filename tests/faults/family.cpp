@@ -10,8 +10,13 @@ std::vector<int> IFamily::Errors() const {
   return {EIO, ENOSPC, EACCES, EINTR};
 }
 
-TRunEnd DeployAgain(const TFaultPlace& place, std::vector<std::string> arguments) {
-  const TRunEnd end = RunPlainly(place.Deploymgr(arguments));
+TRunEnd DeployAgain(const TFaultPlace& place, std::vector<std::string> arguments,
+                    bool mayBreakLock) {
+  TRunEnd end = RunPlainly(place.Deploymgr(arguments));
+  if (mayBreakLock && end.Status != 0 && end.Errors.find("--break-lock") != std::string::npos) {
+    arguments.emplace_back("--break-lock");
+    end = RunPlainly(place.Deploymgr(arguments));
+  }
   const TTreeState now = place.State();
   const bool hasTemporaries = std::ranges::any_of(now, [](const auto& file) {
     return file.first.starts_with("target/") && IsTemporaryName(file.first);

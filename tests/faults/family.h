@@ -46,8 +46,10 @@ TFamilies JournalFamilies();
 TFamilies DeployFamilies();
 
 /// Deploys once more, as a user would: where something unfinished stands on the target though
-/// nothing was left to do, which sweeps nothing, with --force.
-TRunEnd DeployAgain(const TFaultPlace& place, std::vector<std::string> arguments);
+/// nothing was left to do, which sweeps nothing, with --force. A machine may keep a lock that does
+/// not name its holder; where `mayBreakLock` is set, --break-lock is what the message says.
+TRunEnd DeployAgain(const TFaultPlace& place, std::vector<std::string> arguments,
+                    bool mayBreakLock);
 
 /// What holds of every run: it ends, it does not crash, and one that fails says why, naming a file.
 TBroken CheckManners(const TRunEnd& end);

@@ -188,7 +188,7 @@ private:
 
   TBroken CheckNextDeploy() const {
     SetLie("none", 0, true);
-    const TRunEnd again = DeployAgain(FPlace, DeployArguments());
+    const TRunEnd again = DeployAgain(FPlace, DeployArguments(), /*mayBreakLock=*/true);
     if (again.Status != 0)
       return "the next deploy ends with " + std::to_string(again.Status) + ": " + again.Errors;
     for (std::size_t i = 1; i <= FCount; ++i) {

@@ -69,8 +69,20 @@ std::string TUndoStore::Keep(IRemoteConnection& connection, const TKeptRun& requ
     problem = WriteIndex(connection, index);
   }
   if (!problem.empty())
-    RemoveRuns(connection, {run});
+    GiveUp(connection, run);
   return problem;
+}
+
+// What cannot be removed now, such as a file that this run left unfinished, is swept by the next
+// one, which has to know of it.
+void TUndoStore::GiveUp(IRemoteConnection& connection, const std::string& run) {
+  RemoveRuns(connection, {run});
+  const std::string directory = DirectoryOf(run);
+  if (!connection.Resolve({&directory, 1}).front().Exists)
+    return;
+  TUndoIndex index = Index(connection);
+  index.Unfinished.push_back(run);
+  WriteIndex(connection, std::move(index));
 }
 
 std::string TUndoStore::Fill(IRemoteConnection& connection, const TKeptRun& request) const {

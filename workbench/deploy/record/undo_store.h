@@ -50,6 +50,7 @@ private:
   std::string Fill(IRemoteConnection& connection, const TKeptRun& request) const;
   void RemoveFiles(IRemoteConnection& connection, const std::string& run) const;
   void RemoveRuns(IRemoteConnection& connection, const std::vector<std::string>& runs);
+  void GiveUp(IRemoteConnection& connection, const std::string& run);
   const TUndoIndex& Index(IRemoteConnection& connection);
   std::string WriteIndex(IRemoteConnection& connection, TUndoIndex index);
 

@@ -111,6 +111,21 @@ TEST_F(UndoStore, RemovesTheOldestRunsAboveItsLimits) {
   EXPECT_TRUE(Store.ReadIndex(Connection).Unfinished.empty());
 }
 
+TEST_F(UndoStore, NamesARunThatItCannotRemoveForTheNextOneToSweep) {
+  ASSERT_EQ(Keep("run-1"), "");
+  WriteText(At("record/undo/run-2/.deploymgr-0-1-0-0-.part"), "half");
+  TUndoManifest manifest;
+  manifest.Run.Id = "run-2";
+  manifest.Files.push_back({.Kind = TUndoKind::Restore, .Path = "gone", .Kept = "1"});
+  EXPECT_NE(KeepAll(manifest, {At("").string(), "gone"}), "");
+  EXPECT_EQ(Runs(), TNames{"run-1"});
+  EXPECT_EQ(Store.ReadIndex(Connection).Unfinished, TNames{"run-2"});
+  TUndoStore next(At("record").string());
+  next.RemoveUnfinished(Connection);
+  EXPECT_FALSE(fs::exists(At("record/undo/run-2")));
+  EXPECT_TRUE(next.ReadIndex(Connection).Unfinished.empty());
+}
+
 TEST_F(UndoStore, KeepsNothingWhenAFileCannotBeKept) {
   ASSERT_EQ(Keep("run-1"), "");
   TUndoManifest manifest;
