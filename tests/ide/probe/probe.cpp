@@ -187,7 +187,7 @@ void TProbe::Look() {
   answer.rename(FDirectory.filePath(QStringLiteral("answer")));
 }
 
-QObject* TProbePlugin::create(const QString& /*name*/, const QString& /*specification*/) {
+QObject* TProbePlugin::create(const QString& /*name*/, const QString& /*options*/) {
   // Programs that the IDE starts have it in their environment too.
   const bool isIde = QFileInfo(QCoreApplication::applicationFilePath()).fileName() ==
                      qEnvironmentVariable("IDE_PROBED");

@@ -31,7 +31,7 @@ class TProbePlugin final : public QGenericPlugin {
   Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "probe.json")
 
 public:
-  QObject* create(const QString& name, const QString& specification) override;
+  QObject* create(const QString& name, const QString& options) override;
 };
 
 } // namespace workbench::testing
