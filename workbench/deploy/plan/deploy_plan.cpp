@@ -355,36 +355,6 @@ std::string TPlanner::RecordPathOf(const std::string& directory, const std::stri
 
 } // namespace
 
-std::vector<std::string> CommandsOf(const std::vector<TDeployFile>& files,
-                                    const TPlaceRules& places, const std::string& afterDeploy) {
-  std::vector<std::string> commands;
-  for (const TDeployFile& file : files) {
-    for (const std::string& command : file.LocalCommands)
-      commands.push_back("on this machine: " + command);
-    for (const TAfterStep& step : AfterStepsOf(file)) {
-      const TRemoteName place = FindTargetPlace(file.RemoteName, places).Name;
-      const bool hasNameAlone = step.Kind == TAfterStep::TKind::Command || place.Directory.empty();
-      commands.push_back("on the target: " + step.Text(hasNameAlone ? place.Name : place.Path()));
-    }
-  }
-  if (!afterDeploy.empty())
-    commands.push_back("on the target: " + afterDeploy);
-  return commands;
-}
-
-std::vector<std::string> LinkTextsOf(const TDeployPlan& plan) {
-  std::vector<TLinkCandidate> candidates;
-  candidates.reserve(plan.Files.size());
-  for (const TPlannedFile& file : plan.Files) {
-    const bool isCopied = file.File.Operation == TDeployOperation::Copy ||
-                          file.File.Operation == TDeployOperation::CopyExecutable;
-    candidates.push_back(
-        {file.File.LocalFile, file.Target,
-         isCopied && !file.RecordPath.empty() && file.State != TFileState::MissingHere});
-  }
-  return LinkTexts(candidates);
-}
-
 TDeployPlan MakeDeployPlan(std::vector<TDeployFile> files, const TPlanOptions& options,
                            const std::function<IRemoteConnection&()>& connect,
                            const std::function<const TTargetRecord&()>& readRecord) {
