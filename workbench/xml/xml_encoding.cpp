@@ -68,9 +68,12 @@ bool IsTrailingHalf(char32_t unit) {
 
 TXmlEncoding DetectEncoding(std::string_view bytes, std::string_view declared) {
   const std::string_view head = bytes.substr(0, 2);
-  if (head == "\xFF\xFE"sv || head == "<\0"sv)
+  // Without a mark a zero beside the first character tells it, as it does the parser: a blank may
+  // stand in front of the first element.
+  const bool isWide = head.size() == 2 && head[0] != head[1];
+  if (head == "\xFF\xFE"sv || (isWide && head[1] == '\0'))
     return TXmlEncoding::Utf16LittleEndian;
-  if (head == "\xFE\xFF"sv || head == "\0<"sv)
+  if (head == "\xFE\xFF"sv || (isWide && head[0] == '\0'))
     return TXmlEncoding::Utf16BigEndian;
   if (deployment::SameText(declared, "iso-8859-1"))
     return TXmlEncoding::Latin1;

@@ -31,6 +31,8 @@ TEST(XmlEncoding, IsFoundByByteOrderMarkThenByZerosThenByDeclaration) {
   EXPECT_EQ(DetectEncoding("\xFE\xFF\0<"sv, "utf-16"), TXmlEncoding::Utf16BigEndian);
   EXPECT_EQ(DetectEncoding("<\0?\0"sv, ""), TXmlEncoding::Utf16LittleEndian);
   EXPECT_EQ(DetectEncoding("\0<\0?"sv, ""), TXmlEncoding::Utf16BigEndian);
+  EXPECT_EQ(DetectEncoding("\n\0<\0"sv, ""), TXmlEncoding::Utf16LittleEndian);
+  EXPECT_EQ(DetectEncoding("\0 \0<"sv, ""), TXmlEncoding::Utf16BigEndian);
   EXPECT_EQ(DetectEncoding("<?xml", "ISO-8859-1"), TXmlEncoding::Latin1);
   EXPECT_EQ(DetectEncoding("<?xml", "us-ascii"), TXmlEncoding::Ascii);
   EXPECT_EQ(DetectEncoding("<?xml", "UTF-8"), TXmlEncoding::Utf8);
