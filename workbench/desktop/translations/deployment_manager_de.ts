@@ -3406,7 +3406,7 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     </message>
     <message>
         <source>missing here</source>
-        <translation>fehlt hier</translation>
+        <translation>hier fehlend</translation>
     </message>
     <message>
         <source>%1 cancelled</source>
@@ -3783,6 +3783,14 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>Log In</source>
         <translation>Anmelden</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -5423,7 +5431,7 @@ Eine Projektdatei kann auch hierher gezogen werden.</translation>
     </message>
     <message>
         <source>missing here</source>
-        <translation>fehlt hier</translation>
+        <translation>hier fehlend</translation>
     </message>
     <message>
         <source>switched off</source>
