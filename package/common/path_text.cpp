@@ -25,6 +25,18 @@ std::size_t RootLength(std::string_view path) {
   return !path.empty() && IsPathDelimiter(path[0]) ? 1 : 0;
 }
 
+// True when no part has to be left out or taken together with another one.
+bool IsCanonical(std::string_view path) {
+  for (std::string_view rest = path.substr(RootLength(path)); !rest.empty();) {
+    const std::size_t end = std::min(rest.find(PathDelimiter), rest.size());
+    const std::string_view part = rest.substr(0, end);
+    if (part.empty() || part == "." || part == "..")
+      return false;
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return path.find('/') == std::string_view::npos;
+}
+
 std::size_t NameStart(std::string_view path) {
   for (std::size_t i = path.size(); i > 0; --i) {
     if (IsPathDelimiter(path[i - 1]) || (path[i - 1] == ':' && i == 2 && HasDrive(path)))
@@ -76,7 +88,10 @@ std::string Combine(std::string_view directory, std::string_view path) {
   return WithTrailingDelimiter(directory).append(path);
 }
 
+// Lists of files are full of paths that are canonical as they stand.
 std::string CanonicalizePath(std::string_view path) {
+  if (IsCanonical(path))
+    return std::string(path);
   const std::size_t rootLength = RootLength(path);
   std::string result(path.substr(0, rootLength));
   std::replace(result.begin(), result.end(), '/', PathDelimiter);

@@ -2,7 +2,6 @@
 // the pictures, for documents and for people to look at.
 #include "tests/desktop/support/pictures.h"
 #include "tests/desktop/target/deploy_now.h"
-#include "workbench/desktop/target/targets_dialog.h"
 #include "workbench/desktop/text/package_texts.h"
 #include "workbench/desktop/window/appearance.h"
 
@@ -74,13 +73,10 @@ TEST_P(TListPictures, OfTheTableOfTargets) {
   }
   std::filesystem::copy(FRoot / "target", FRoot / "field-1",
                         std::filesystem::copy_options::recursive);
-  TTargetsDialog targets(
-      Host(), Project(), {"Debug", "Win64"}, [](const auto& work) { work(); }, &Window());
-  targets.show();
-  Child<QPushButton>(targets, "compareTargets").click();
-  Settle();
-  testing::KeepPicture(targets, GetParam() == TAppearance::Dark ? "targets-dark" : "targets",
-                       "LIST_PICTURES");
+  Window().resize(1480, 760);
+  Choose(TMainWindow::tr("Compare &Targets").remove('&'));
+  QTest::mouseClick(&Child<QPushButton>(Window(), "compareTargets"), Qt::LeftButton);
+  Keep("targets");
 }
 
 INSTANTIATE_TEST_SUITE_P(Colours, TListPictures,

@@ -4,11 +4,13 @@
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/remote/profile/profile_store.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QWheelEvent>
+#include <QWindow>
 
 namespace workbench {
 namespace {
@@ -97,6 +99,58 @@ TEST_F(TWindowHands, TheKeyForTheNextTabTakesTheTextThatIsBeingTyped) {
   EXPECT_EQ(Window().Tabs().currentIndex(), 0);
   Window().Tabs().setCurrentIndex(1);
   EXPECT_EQ(PathCell(), "next\\");
+}
+
+// As the desktop sends them: commands of menus with the same keys hear of them, too.
+TEST_F(TWindowHands, KeysForTextReachTheTextThatIsBeingTyped) {
+  OpenExample();
+  Type("typed\\");
+  auto& combo = *View().viewport()->findChild<QComboBox*>();
+  QLineEdit& text = *combo.lineEdit();
+  const auto press = [this](int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+    QTest::keyClick(Window().windowHandle(), static_cast<Qt::Key>(key), modifiers);
+  };
+  QApplication::clipboard()->clear();
+  press(Qt::Key_A);
+  ASSERT_TRUE(View().Delegate().IsEditing());
+  EXPECT_EQ(View().selectionModel()->selectedRows().size(), 1);
+  EXPECT_EQ(text.selectedText(), "typed\\");
+  press(Qt::Key_C);
+  EXPECT_EQ(QApplication::clipboard()->text(), "typed\\");
+  press(Qt::Key_X);
+  EXPECT_EQ(text.text(), "");
+  press(Qt::Key_V);
+  press(Qt::Key_V);
+  EXPECT_EQ(text.text(), "typed\\typed\\");
+  press(Qt::Key_Z);
+  EXPECT_EQ(text.text(), "typed\\");
+  press(Qt::Key_Home, {});
+  EXPECT_EQ(text.cursorPosition(), 0);
+  press(Qt::Key_Delete, {});
+  EXPECT_EQ(text.text(), "yped\\");
+  press(Qt::Key_End, {});
+  EXPECT_EQ(text.cursorPosition(), 5);
+  EXPECT_TRUE(View().Delegate().IsEditing());
+  EXPECT_TRUE(Row("levels.dat").isValid());
+  press(Qt::Key_Return, {});
+  EXPECT_EQ(PathCell(), "yped\\");
+  press(Qt::Key_A);
+  EXPECT_EQ(View().selectionModel()->selectedRows().size(), View().model()->rowCount());
+}
+
+TEST_F(TWindowHands, KeysForTextReachACellThatIsChosenFrom) {
+  OpenExample();
+  Click(Row("levels.dat", Platforms));
+  QTest::keyClick(&View(), Qt::Key_F2);
+  auto* text = View().viewport()->findChild<QLineEdit*>();
+  ASSERT_NE(text, nullptr);
+  text->deselect();
+  QTest::keyClick(Window().windowHandle(), Qt::Key_A, Qt::ControlModifier);
+  ASSERT_TRUE(View().Delegate().IsEditing());
+  EXPECT_EQ(View().selectionModel()->selectedRows().size(), 1);
+  EXPECT_EQ(text->selectedText(), text->text());
+  QTest::keyClick(Window().windowHandle(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), text->text());
 }
 
 TEST_F(TWindowHands, DialogsStandInTheMiddleOfTheWindowAndEnterAnswersThem) {

@@ -28,6 +28,8 @@ TDeployPanel::TDeployPanel(QWidget* parent)
   connect(FTabs, &QTabWidget::tabBarClicked, this, [this](int index) {
     if (FTabs->widget(index) == FHistory && !IsRunning())
       emit HistoryShown();
+    else if (FTabs->widget(index) != FPage)
+      emit PageTurned();
   });
 }
 
@@ -38,6 +40,15 @@ void TDeployPanel::ShowPage() {
 
 void TDeployPanel::ShowHistory() {
   FTabs->setCurrentWidget(FHistory);
+  show();
+}
+
+void TDeployPanel::Add(QWidget* page, const QString& title) {
+  FTabs->addTab(page, title);
+}
+
+void TDeployPanel::Show(QWidget& page) {
+  FTabs->setCurrentWidget(&page);
   show();
 }
 

@@ -21,6 +21,10 @@ public:
   /// Brings a page forward, and the panel with it.
   void ShowPage();
   void ShowHistory();
+  /// A page of others, behind the two. Its owner is the panel from now on.
+  void Add(QWidget* page, const QString& title);
+  /// Brings a page that was added forward, and the panel with it.
+  void Show(QWidget& page);
   /// True while a plan is made or carried out, and while deploys are taken back.
   bool IsRunning() const;
   /// True while a plan is shown and waits to be confirmed.
@@ -29,6 +33,8 @@ public:
 signals:
   /// The user turned to the history.
   void HistoryShown();
+  /// The user turned to a page that was added.
+  void PageTurned();
   /// The user put the panel away.
   void Closed();
 

@@ -1,6 +1,5 @@
 #include "workbench/desktop/interaction/window_deploys.h"
 
-#include "package/host/api/file_columns.h"
 #include "package/host/api/view_buttons.h"
 #include "workbench/desktop/controls/background_work.h"
 #include "workbench/desktop/controls/form_controls.h"
@@ -8,6 +7,7 @@
 #include "workbench/desktop/deploy/deploy_page.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/deploy/difference_dialog.h"
+#include "workbench/desktop/interaction/entry_row.h"
 #include "workbench/desktop/projects/editor_tabs.h"
 #include "workbench/desktop/projects/project_names.h"
 #include "workbench/desktop/projects/project_tabs.h"
@@ -18,7 +18,6 @@
 #include "workbench/settings/settings_store.h"
 
 #include <QAction>
-#include <QItemSelectionModel>
 #include <QTimer>
 #include <algorithm>
 #include <filesystem>
@@ -32,22 +31,6 @@ TUndoLimits UndoLimitsOf(const TSettings& settings) {
   const TUndoLimits usual;
   return {NumberSetting(settings, "undo-runs", usual.Runs),
           NumberSetting(settings, "undo-bytes", usual.Bytes)};
-}
-
-// The list has directory and name of an entry in columns of their own.
-QModelIndex FindEntry(const QAbstractItemModel& model, const QString& localName) {
-  const QModelIndexList found =
-      model.match(model.index(0, deployment::file_column::LocalName), Qt::DisplayRole,
-                  localName.mid(localName.lastIndexOf(QLatin1Char('\\')) + 1), -1,
-                  Qt::MatchExactly | Qt::MatchCaseSensitive);
-  for (const QModelIndex& index : found) {
-    QString path = index.siblingAtColumn(deployment::file_column::LocalPath).data().toString();
-    if (!path.isEmpty() && !path.endsWith(QLatin1Char('\\')))
-      path += QLatin1Char('\\');
-    if (path + index.data().toString() == localName)
-      return index;
-  }
-  return found.isEmpty() ? QModelIndex() : found.front();
 }
 
 } // namespace
@@ -147,16 +130,8 @@ void TWindowDeploys::MakeProfile() {
 void TWindowDeploys::GoToEntry(const QString& localName) {
   if (!BringForward())
     return;
-  TFormControls* controls = FFront.Controls();
-  if (!controls || !controls->Tree())
-    return;
-  TTreeView& view = controls->Tree()->View();
-  const QModelIndex found = FindEntry(*view.model(), localName);
-  if (!found.isValid())
-    return;
-  view.setCurrentIndex(found);
-  view.scrollTo(found, QAbstractItemView::PositionAtCenter);
-  view.setFocus();
+  if (const TFormControls* controls = FFront.Controls())
+    workbench::GoToEntry(*controls, localName);
 }
 
 } // namespace workbench

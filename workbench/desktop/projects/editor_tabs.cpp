@@ -24,9 +24,12 @@ TEditorTabs::TEditorTabs(deployment::ISettingsStore& settings, std::function<boo
   tabBar()->installEventFilter(this);
 }
 
-// Of a widget of tabs these are the keys that go to the next one or the one before.
+// Keys that nobody below wanted come here too, such as Ctrl by itself; only those that go to the
+// next tab or the one before end what is being typed.
 void TEditorTabs::keyPressEvent(QKeyEvent* event) {
-  if (!FMayLeave || FMayLeave())
+  const bool leaves = event->modifiers().testFlag(Qt::ControlModifier) &&
+                      (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab);
+  if (!leaves || !FMayLeave || FMayLeave())
     QTabWidget::keyPressEvent(event);
 }
 

@@ -55,7 +55,8 @@ std::optional<TReconciled> TProjectEdits::EndStep(const TFormCommand& command,
 }
 
 // The package says when the user edited something. Where the listeners heard nothing of it, a
-// record was made with default values.
+// record was made with default values. Looking at a target makes none, so that a long list is not
+// read through once more behind each plan and deploy.
 void TProjectEdits::EndEdit(const TFormCommand& command, const QString& target, bool wasEdited) {
   const bool looks =
       command.Button == view_button::Deploy || command.Button == view_button::Connect;
@@ -64,7 +65,8 @@ void TProjectEdits::EndEdit(const TFormCommand& command, const QString& target, 
         [&](const TListChange& change) { return StepName(command, target, change).toStdString(); },
         look, looks ? TStepKind::Computed : TStepKind::Edit);
   };
-  if (!end(command.Text.isEmpty() ? TLook::Notified : TLook::Everywhere) && wasEdited)
+  const bool listens = looks || command.Text.isEmpty();
+  if (!end(listens ? TLook::Notified : TLook::Everywhere) && wasEdited)
     end(TLook::Everywhere);
 }
 

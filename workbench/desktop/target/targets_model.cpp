@@ -37,6 +37,8 @@ TTargetAnswer AnswerOfPlan(const QString& profile, const TDeployReport& report) 
     answer.Problem = EngineText(report.Message);
   else if (report.End == TDeployEnd::Refused && !report.Problems.empty())
     answer.Problem = EngineText(report.Problems.front());
+  else if (report.End == TDeployEnd::Interrupted)
+    answer.Problem = TTargetsModel::tr("was stopped");
   for (const TDeployRow& row : report.Rows) {
     if (row.State)
       answer.States[row.LocalName] = *row.State;

@@ -3226,8 +3226,8 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
         <translation>&amp;Einzelheiten</translation>
     </message>
     <message>
-        <source>&amp;Targets…</source>
-        <translation>&amp;Ziele …</translation>
+        <source>Compare &amp;Targets</source>
+        <translation>&amp;Ziele vergleichen</translation>
     </message>
     <message>
         <source>Add %1</source>
@@ -4805,9 +4805,24 @@ Der Eintrag lässt es offen; es gilt, was Klasse oder Projekt sagen.</translatio
         <source>File</source>
         <translation>Datei</translation>
     </message>
+    <message>
+        <source>was not asked</source>
+        <translation>wurde nicht gefragt</translation>
+    </message>
+    <message>
+        <source>was stopped</source>
+        <translation>wurde angehalten</translation>
+    </message>
 </context>
 <context>
-    <name>workbench::TTargetsDialog</name>
+    <name>workbench::TTargetsTab</name>
+    <message>
+        <source>Targets</source>
+        <translation>Ziele</translation>
+    </message>
+</context>
+<context>
+    <name>workbench::TTargetsPage</name>
     <message>
         <source>&amp;Compare</source>
         <translation>&amp;Vergleichen</translation>
@@ -4855,6 +4870,22 @@ Der Eintrag lässt es offen; es gilt, was Klasse oder Projekt sagen.</translatio
     <message>
         <source>Comparing…</source>
         <translation>Vergleich läuft …</translation>
+    </message>
+    <message>
+        <source>State of the targets</source>
+        <translation>Stand der Ziele</translation>
+    </message>
+    <message>
+        <source>Targets</source>
+        <translation>Ziele</translation>
+    </message>
+    <message>
+        <source>, as of %1</source>
+        <translation>, Stand %1</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>A&amp;nhalten</translation>
     </message>
 </context>
 <context>

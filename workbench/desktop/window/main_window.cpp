@@ -17,6 +17,7 @@
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/welcome/welcome_page.h"
 #include "workbench/desktop/window/project_panes.h"
+#include "workbench/desktop/window/targets_tab.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/desktop/window/window_panes.h"
 #include "workbench/desktop/window/window_status.h"
@@ -133,6 +134,7 @@ void TMainWindow::MakePages() {
   FPanel = new TDeployPanel(this);
   FPanel->hide();
   FBackground.Allow(FPanel);
+  FTargets = new TTargetsTab(FSession, {*FProjects, *FTabs}, *FPanel, FBackground);
   MakeWelcome();
   FPages = new QStackedWidget(this);
   FPages->addWidget(FWelcome);
@@ -237,6 +239,7 @@ void TMainWindow::ShowState() {
                        FMissing->Update(CurrentProject());
                        FMenus->Update();
                        FStatus->Update();
+                       FTargets->Update();
                      });
   if (!shown)
     FPoll.stop();

@@ -26,6 +26,7 @@ class TModalDialogs;
 class TServedSession;
 class TProjectNotices;
 class TProjectPanes;
+class TTargetsTab;
 class TWelcomePage;
 class TWindowPanes;
 class TWindowMenus;
@@ -94,7 +95,6 @@ private:
   void SelectAll();
   void AddDropped(const QStringList& files);
   void AddDroppedFolder(const std::filesystem::path& folder);
-  void ShowTargets();
   void ShowAbout();
   void KeepLayout() const;
 
@@ -112,6 +112,7 @@ private:
   TMissingNotices* FMissing = nullptr;
   TListCommands* FListCommands = nullptr;
   TProjectPanes* FProjectPanes = nullptr;
+  TTargetsTab* FTargets = nullptr;
   std::unique_ptr<TModalDialogs> FModalForms;
   std::unique_ptr<TProjectTabs> FProjects;
   std::unique_ptr<TServedSession> FServed;

@@ -1,5 +1,4 @@
 // The table of the window's commands and what stands behind them.
-#include "package/host/api/platforms.h"
 #include "workbench/desktop/controls/guarded.h"
 #include "workbench/desktop/deploy/deploy_panel.h"
 #include "workbench/desktop/details/details_pane.h"
@@ -8,8 +7,6 @@
 #include "workbench/desktop/interaction/window_deploys.h"
 #include "workbench/desktop/interaction/window_history.h"
 #include "workbench/desktop/projects/project_names.h"
-#include "workbench/desktop/projects/shown_target.h"
-#include "workbench/desktop/target/targets_dialog.h"
 #include "workbench/desktop/text/qt_text.h"
 #include "workbench/desktop/welcome/guide_dialog.h"
 #include "workbench/desktop/welcome/new_project_dialog.h"
@@ -17,6 +14,7 @@
 #include "workbench/desktop/window/main_window.h"
 #include "workbench/desktop/window/project_panes.h"
 #include "workbench/desktop/window/row_text.h"
+#include "workbench/desktop/window/targets_tab.h"
 #include "workbench/desktop/window/window_menus.h"
 #include "workbench/project/project_settings.h"
 #include "workbench/session/session.h"
@@ -98,7 +96,8 @@ std::vector<TWindowCommand> TMainWindow::ToolsCommands() {
        TCommandKind::Project},
       {},
       {tr("Remote &Profiles…"), Qt::CTRL | Qt::Key_P, [this] { FServed->ShowProfiles(); }},
-      {tr("&Targets…"), {}, [this] { ShowTargets(); }, TCommandKind::Project},
+      {tr("Compare &Targets"), Qt::CTRL | Qt::Key_T, [this] { FTargets->Show(); },
+       TCommandKind::Project},
       {tr("&Settings…"), QKeySequence::Preferences,
        [this] { TSettingsDialog(FSession, this).exec(); }},
   };
@@ -178,20 +177,6 @@ void TMainWindow::Copy() {
 void TMainWindow::SelectAll() {
   if (const TFormControls* controls = CurrentControls(); controls && controls->Tree())
     controls->Tree()->View().selectAll();
-}
-
-void TMainWindow::ShowTargets() {
-  TOpenProject* project = CurrentProject();
-  const TFormControls* controls = CurrentControls();
-  if (!project || !controls || !FProjects->CommitEditors())
-    return;
-  deployment::TDeploymentTarget target = ShownTarget(*controls);
-  if (target.Platform == deployment::sAllPlatforms)
-    target.Platform = project->Settings().ActivePlatform();
-  TTargetsDialog(
-      FSession, *project, target,
-      [this, project](const std::function<void()>& work) { FProjects->Work(*project, work); }, this)
-      .exec();
 }
 
 void TMainWindow::ShowAbout() {
