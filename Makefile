@@ -10,7 +10,7 @@ SOURCES = $(shell git ls-files '*.h' '*.cpp')
 # Of "make fuzz": how long inputs are made up for each target.
 SECONDS ?= 30
 
-.PHONY: all install deb dist chroot-round manual run test ide-plugins ide-test faults faults-sample fuzz tsan bench lint dependencies test-dependencies \
+.PHONY: all install deb dist chroot-round manual recordings run test ide-plugins ide-test faults faults-sample fuzz tsan bench lint dependencies test-dependencies \
 	bench-dependencies ide-dependencies ide-test-dependencies lint-dependencies sanitize-dependencies package-dependencies \
 	manual-dependencies clean
 
@@ -43,6 +43,11 @@ chroot-round: deb dist
 # The pages of docs as one manual to read in a browser: build/manual/index.html
 manual: manual-dependencies
 	packaging/build_manual.py . $(BUILD)/manual
+
+# What the completions offer, recorded from the shells themselves for the guide.
+recordings: all
+	@tools/install_dependencies.sh recording
+	tools/record_completions.py $(BUILD)/bin
 
 run: all
 	@tools/tour.sh $(BUILD)/bin

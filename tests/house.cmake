@@ -9,6 +9,14 @@ add_test(NAME House.WrongIncludesAreRefused
 add_test(NAME House.DocumentsNameEveryRoomAndFilesThatExist
   COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR}
           -P ${CMAKE_CURRENT_SOURCE_DIR}/house/check_documents.cmake)
+if(DEPLOYMENT_PACKAGE_ONLY)
+  set(versioned_program "")
+else()
+  set(versioned_program -DPROGRAM=$<TARGET_FILE:deploymgr>)
+endif()
+add_test(NAME House.EverythingTellsTheSameVersion
+  COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR} -DVERSION=${PROJECT_VERSION} ${versioned_program}
+          -P ${CMAKE_CURRENT_SOURCE_DIR}/house/check_versions.cmake)
 
 # Sanitizers bring libraries and symbols of their own.
 if(NOT DEPLOYMENT_SANITIZE)

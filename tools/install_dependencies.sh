@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing for the given purposes: build, test, bench, lint,
-# package, manual, sanitize; ide for the plug-ins, ide-test for their tests.
+# package, manual, recording, sanitize; ide for the plug-ins, ide-test for their tests.
 # Says nothing when everything is there. Elsewhere than on Debian it only says what is needed.
 set -eu
 
@@ -18,6 +18,7 @@ for purpose in "$@"; do
       xdotool xvfb) ;;
     package) packages+=(debhelper dpkg-dev fakeroot lintian mmdebstrap) ;;
     manual) packages+=(pandoc python3) ;;
+    recording) packages+=(bash fish python3 python3-pyte zsh) ;;
     sanitize) packages+=(clang-14 libclang-rt-14-dev) ;;
     *)
       echo "install_dependencies.sh: unknown purpose \"$purpose\"" >&2

@@ -15,9 +15,8 @@ constexpr int WorkShare = 10; // the text is made in at most a tenth of the time
 
 } // namespace
 
-TRecordKeeper::TRecordKeeper(const TRecordStore& store, const TTargetLock& lock,
-                             TTargetRecord record, bool isWritten, TRecordedRun run,
-                             TConnect connect)
+TRecordKeeper::TRecordKeeper(const TRecordStore& store, TTargetLock& lock, TTargetRecord record,
+                             bool isWritten, TRecordedRun run, TConnect connect)
     : FStore(store), FLock(lock), FRun(std::move(run)), FConnect(std::move(connect)),
       FRecord(std::move(record)), FChanges(isWritten ? 0 : 1), FThread([this] { Work(); }) {}
 

@@ -21,8 +21,8 @@ class TRecordKeeper {
 public:
   /// `record` is what to begin with; `isWritten` when the one on the target says the same. `run` is
   /// added to it when something is changed. The store and the lock must outlive the object.
-  TRecordKeeper(const TRecordStore& store, const TTargetLock& lock, TTargetRecord record,
-                bool isWritten, TRecordedRun run, TConnect connect);
+  TRecordKeeper(const TRecordStore& store, TTargetLock& lock, TTargetRecord record, bool isWritten,
+                TRecordedRun run, TConnect connect);
   ~TRecordKeeper();
   TRecordKeeper(const TRecordKeeper&) = delete;
   TRecordKeeper& operator=(const TRecordKeeper&) = delete;
@@ -57,7 +57,7 @@ private:
   std::unique_ptr<TSentText> TextSoFar() const;
 
   const TRecordStore& FStore;
-  const TTargetLock& FLock;
+  TTargetLock& FLock;
   TRecordedRun FRun;
   const TConnect FConnect;
   mutable std::mutex FMutex; // of what stands below

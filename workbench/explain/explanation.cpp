@@ -42,7 +42,7 @@ bool IsAbout(const TReconcileReason& reason, const std::string& name) {
 
 // A name without a directory may be meant for any directory.
 bool HasFileName(const TReconcileReason& reason, const std::string& name) {
-  return deployment::DirectoryPart(name).empty() && !reason.LocalName.empty() &&
+  return !reason.LocalName.empty() &&
          SameFileName(deployment::FileNamePart(reason.LocalName), name);
 }
 

@@ -134,7 +134,8 @@ void TXmlTreeBuilder::StartRecorded(TByteRange tag, const TXmlName& name,
 
 void TXmlTreeBuilder::End(std::uint32_t end) {
   const TFrame frame = FFrames.back();
-  if (frame.HasChildren)
+  // What stands between comments of a section without entries is layout, too.
+  if (frame.HasChildren || IsSection(frame))
     DropBlankRun();
   const std::string_view text = std::string_view(FText).substr(frame.TextStart);
   while (!FPrefixes.empty() && FPrefixes.back().Level == FFrames.size()) {
@@ -151,6 +152,11 @@ void TXmlTreeBuilder::End(std::uint32_t end) {
   FText.resize(frame.TextStart);
   if (!FFrames.empty())
     FFrames.back().RunStart = FText.size();
+}
+
+bool TXmlTreeBuilder::IsSection(const TFrame& frame) const {
+  const TXmlElement* section = FSection ? FSection->Element : FContentOf;
+  return frame.Element && frame.Element == section;
 }
 
 void TXmlTreeBuilder::EndElement(const TFrame& frame, std::string_view text, std::uint32_t end) {

@@ -71,6 +71,7 @@ private:
 
   std::size_t CheckLimits(TByteRange tag, std::string_view name, const char* const* attributes);
   bool IsInsideSectionChild() const;
+  bool IsSection(const TFrame& frame) const;
   void StartElement(TByteRange tag, const TXmlName& name, const char* const* attributes,
                     std::size_t count);
   void StartRecorded(TByteRange tag, const TXmlName& name, const char* const* attributes,

@@ -96,6 +96,48 @@ TEST_F(DeployService, PausesWhileALongListIsReadAndHearsCancelThere) {
   EXPECT_EQ(pauses, 3);
 }
 
+TEST_F(DeployService, RefusesWhenSomebodyDeployedBetweenThePlanAndTheLock) {
+  const TDeployReport report = Deploy([&](const TDeployReport&) {
+    EXPECT_EQ(Deploy(nullptr).End, TDeployEnd::Done);
+    return true;
+  });
+  EXPECT_EQ(report.End, TDeployEnd::Refused);
+  EXPECT_EQ(report.Problems,
+            std::vector<std::string>{"somebody else deployed there meanwhile; deploy again"});
+  EXPECT_EQ(Deploy(nullptr).End, TDeployEnd::Done); // the lock was taken back
+}
+
+TEST_F(DeployService, TakesNothingBackWhenSomebodyDeployedBetweenTheQuestionAndTheLock) {
+  Deploy(nullptr);
+  TUndoRequest request;
+  request.MayUndo = [&](const TUndoReport&) {
+    Write(FFile.parent_path() / "levels.dat", "levels of another size");
+    EXPECT_EQ(Deploy(nullptr).End, TDeployEnd::Done);
+    return true;
+  };
+  const TUndoReport report =
+      Host().RemoteProfiles().Deploys().Undo(FOpen->Project(), {"Debug", "Win32"}, request);
+  EXPECT_EQ(report.End, TDeployEnd::Refused);
+  EXPECT_EQ(report.Problems,
+            std::vector<std::string>{"somebody else deployed there meanwhile; try again"});
+  EXPECT_TRUE(IsThere());
+}
+
+TEST_F(DeployService, ForetellsOfEachRunWhatTheNewerOnesLeaveToIt) {
+  std::vector<std::string> runs;
+  for (const char* content : {"1", "22", "333"}) {
+    Write(FFile.parent_path() / "levels.dat", content);
+    runs.push_back(Deploy(nullptr).LastRun.value().Id);
+  }
+  const TUndoRequest request{.To = runs[0], .DryRun = true};
+  const TUndoReport report =
+      Host().RemoteProfiles().Deploys().Undo(FOpen->Project(), {"Debug", "Win32"}, request);
+  EXPECT_EQ(report.End, TDeployEnd::Done);
+  ASSERT_EQ(report.Rows.size(), 2U);
+  for (const TUndoRow& row : report.Rows)
+    EXPECT_EQ(row.Action, TUndoAction::Restored) << row.Reason;
+}
+
 TEST_F(DeployService, TellsHowFarTakingBackHasCome) {
   Deploy(nullptr);
   ASSERT_TRUE(IsThere());

@@ -125,6 +125,17 @@ TEST(ProjectDocument, ForgetsTheLargeSectionAndReadsItAgain) {
   document.ForgetLargeSection();
 }
 
+TEST(ProjectDocument, FindsNoTextInASectionOfCommentsAlone) {
+  const std::string text =
+      "<Project><ProjectExtensions><Deployment Version=\"2\">\n  <!-- head -->\n"
+      "  <?keep?>\n</Deployment></ProjectExtensions></Project>";
+  TProjectDocument document(text, "demo.vproj", "Deployment");
+  EXPECT_EQ(document.FindSection("Deployment")->Text(), "");
+  document.ForgetLargeSection();
+  EXPECT_EQ(TSectionModel::ReadFrom(*document.FindSection("Deployment")), testing::ModelOf(text));
+  EXPECT_EQ(document.FindSection("Deployment")->Text(), "");
+}
+
 TEST(ProjectDocument, BorrowsUnchangedBytesInsteadOfCopyingThem) {
   std::string text = "<Project><ProjectExtensions><Deployment Version=\"2\">";
   for (int i = 0; i < 1000; ++i)

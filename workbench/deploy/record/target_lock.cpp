@@ -17,10 +17,14 @@ namespace workbench {
 namespace {
 
 constexpr std::uint64_t LargestLock = 4096;
-constexpr int Attempts = 3;
+constexpr int Attempts = 10; // others may take it and give it back meanwhile
 // Where a file cannot appear whole, a lock says whose it is right after it is made; one that does
 // not was given up at once.
 constexpr std::chrono::seconds EmptyLockAge(5);
+// Of the lock that allows to remove another one. So many ends in a row, each while a stale lock is
+// taken over, leave names of this length, and no further ones are made.
+constexpr std::string_view TakeoverSuffix = "-takeover";
+constexpr std::size_t LongestLockName = LockName.size() + 3 * TakeoverSuffix.size();
 
 std::string LockText(const TLockHolder& holder) {
   return JsonText({{"by", holder.By},
@@ -72,53 +76,97 @@ TRemoteName TTargetLock::Name() const {
   return {FDirectory, std::string(LockName)};
 }
 
-std::optional<TLockHolder> TTargetLock::Holder(IRemoteConnection& connection) const {
-  const TRemoteName name = Name();
+TTargetLock::TFound TTargetLock::Find(IRemoteConnection& connection,
+                                      const TRemoteName& name) const {
   const TRemoteStatus status = connection.Examine({&name, 1}).front();
   if (status.Kind == TRemoteKind::None && status.Problem.empty())
-    return std::nullopt;
+    return {};
+  TFound found{.IsThere = true};
   const std::string text = connection.ReadFile(name, LargestLock).Text;
   TLockHolder holder = HolderOf(text);
-  const auto age = std::chrono::system_clock::now() - status.Modified;
+  const auto age = FNow() - status.Modified;
   const bool isStale = age > (text.empty() ? EmptyLockAge : StaleLockAge) || IsGone(holder);
-  if (status.Kind == TRemoteKind::File && isStale)
-    return std::nullopt;
-  return holder;
+  if (status.Kind != TRemoteKind::File || !isStale)
+    found.Living = std::move(holder);
+  return found;
+}
+
+std::optional<TLockHolder> TTargetLock::Holder(IRemoteConnection& connection) const {
+  return Find(connection, Name()).Living;
 }
 
 std::optional<TLockHolder> TTargetLock::Take(IRemoteConnection& connection, const TLockHolder& self,
                                              bool breakIt) {
+  FText = LockText(self);
+  if (auto holder = TakeName(connection, Name(), breakIt))
+    return holder;
+  FRefreshed = FNow();
+  FIsTaken = true;
+  return std::nullopt;
+}
+
+std::optional<TLockHolder> TTargetLock::TakeName(IRemoteConnection& connection,
+                                                 const TRemoteName& name, bool breakIt) const {
   std::string problem;
   for (int attempt = 0; attempt < Attempts; ++attempt) {
     // The clocks of two machines may differ.
-    const TRemoteCreation made =
-        connection.CreateFile(Name(), LockText(self), std::chrono::system_clock::now());
-    if (made.Result == TRemoteCreation::TResult::Made) {
-      FIsTaken = true;
+    const TRemoteCreation made = connection.CreateFile(name, FText, FNow());
+    if (made.Result == TRemoteCreation::TResult::Made)
       return std::nullopt;
-    }
     problem = made.Problem;
     if (made.Result == TRemoteCreation::TResult::Failed)
       break;
-    if (auto holder = Holder(connection); holder && !breakIt)
+    TFound found = Find(connection, name);
+    if (!found.IsThere)
+      continue; // it was taken back
+    if (found.Living && !breakIt)
+      return std::move(found.Living);
+    if (auto holder = RemoveStale(connection, name, breakIt))
       return holder;
-    connection.Remove(Name());
-    // A holder that died may have been writing beside its lock.
-    connection.RemoveUnfinished(std::array{TSendRequest{.LocalFile = {}, .Target = Name()}});
   }
   throw std::runtime_error("the target cannot be locked: " + problem);
 }
 
-void TTargetLock::Refresh(IRemoteConnection& connection) const {
-  if (FIsTaken)
-    connection.SetTime(Name(), std::chrono::system_clock::now());
+// Two who find the same stale lock must not both remove it: the second would remove the lock that
+// the first has made since. Whoever removes one has a lock on that, which may go stale as well.
+std::optional<TLockHolder> TTargetLock::RemoveStale(IRemoteConnection& connection,
+                                                    const TRemoteName& name, bool breakIt) const {
+  const TRemoteName right{name.Directory, name.Name + std::string(TakeoverSuffix)};
+  const bool isGuarded = right.Name.size() <= LongestLockName;
+  if (isGuarded) {
+    if (auto holder = TakeName(connection, right, /*breakIt=*/false))
+      return holder;
+  }
+  const TFound found = Find(connection, name);
+  if (found.IsThere && (breakIt || !found.Living)) {
+    connection.Remove(name);
+    // A holder that died may have been writing beside its lock.
+    connection.RemoveUnfinished(std::array{TSendRequest{.LocalFile = {}, .Target = name}});
+  }
+  if (isGuarded)
+    connection.Remove(right);
+  return std::nullopt;
+}
+
+// One that was not refreshed for long, as on a machine that slept, may be somebody else's by now.
+bool TTargetLock::IsOurs(IRemoteConnection& connection) const {
+  return FNow() - FRefreshed <= StaleLockAge ||
+         connection.ReadFile(Name(), LargestLock).Text == FText;
+}
+
+void TTargetLock::Refresh(IRemoteConnection& connection) {
+  if (!FIsTaken || !IsOurs(connection))
+    return;
+  FRefreshed = FNow();
+  connection.SetTime(Name(), FRefreshed);
 }
 
 void TTargetLock::Release(IRemoteConnection& connection) {
   if (!FIsTaken)
     return;
   FIsTaken = false;
-  connection.Remove(Name());
+  if (IsOurs(connection))
+    connection.Remove(Name());
 }
 
 } // namespace workbench

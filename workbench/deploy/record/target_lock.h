@@ -4,6 +4,7 @@
 #include "workbench/remote/target/remote_connection.h"
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -33,24 +34,43 @@ inline constexpr std::chrono::seconds LockInterval(10);
 /// needs a connection.
 class TTargetLock {
 public:
-  explicit TTargetLock(std::string directory) : FDirectory(std::move(directory)) {}
+  using TNow = std::function<std::chrono::system_clock::time_point()>;
 
-  /// Takes the lock; the holder when somebody else has it, unless `breakIt` is set. Throws
-  /// TConnectionError, and std::runtime_error with the reason where no lock can be made.
+  explicit TTargetLock(std::string directory, TNow now = &std::chrono::system_clock::now)
+      : FDirectory(std::move(directory)), FNow(std::move(now)) {}
+
+  /// Takes the lock; the holder when somebody else has it, unless `breakIt` is set. Of all who find
+  /// one that is stale, one alone takes it over. Throws TConnectionError, and std::runtime_error
+  /// with the reason where no lock can be made.
   std::optional<TLockHolder> Take(IRemoteConnection& connection, const TLockHolder& self,
                                   bool breakIt);
   /// The living holder of the lock, when that is somebody else; nothing when it can be taken.
   std::optional<TLockHolder> Holder(IRemoteConnection& connection) const;
   /// Says that the holder lives.
-  void Refresh(IRemoteConnection& connection) const;
-  /// Takes the lock back; nothing happens when it is not taken.
+  void Refresh(IRemoteConnection& connection);
+  /// Takes the lock back; nothing happens when it is not taken, or is somebody else's by now.
   void Release(IRemoteConnection& connection);
   bool IsTaken() const { return FIsTaken; }
 
 private:
+  // What stands under the name of a lock.
+  struct TFound {
+    bool IsThere = false;
+    std::optional<TLockHolder> Living = {};
+  };
+
   TRemoteName Name() const;
+  TFound Find(IRemoteConnection& connection, const TRemoteName& name) const;
+  std::optional<TLockHolder> TakeName(IRemoteConnection& connection, const TRemoteName& name,
+                                      bool breakIt) const;
+  std::optional<TLockHolder> RemoveStale(IRemoteConnection& connection, const TRemoteName& name,
+                                         bool breakIt) const;
+  bool IsOurs(IRemoteConnection& connection) const;
 
   std::string FDirectory;
+  TNow FNow;
+  std::string FText; // of our lock
+  std::chrono::system_clock::time_point FRefreshed = {};
   bool FIsTaken = false;
 };
 

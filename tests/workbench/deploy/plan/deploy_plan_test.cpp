@@ -133,6 +133,28 @@ TEST(DeployPlan, RemovesWhatIsThere) {
   EXPECT_EQ(place.Plan({file}).Files[0].Action, TDeployAction::Removed);
 }
 
+TEST(DeployPlan, KnowsARecordedFileInAnyCaseWhereTheTargetIgnoresIt) {
+  TRemotePlace place;
+  const std::vector<TDeployFile> files{place.File("a", "demo\\x.dat", "here")};
+  TRemotePlace::Write(place.Target("demo/x.dat"), "a hotfix of somebody");
+  place.Record.Files["DEMO/X.DAT"] = {.LocalName = "a", .Size = 4, .Hash = std::string(64, 'a')};
+  const TPlannedFile known = place.Plan(files, IgnoringCase).Files.at(0);
+  EXPECT_EQ(known.State, TFileState::Conflict);
+  EXPECT_EQ(known.Action, TDeployAction::Refused);
+  EXPECT_EQ(place.Plan(files).Files.at(0).State, TFileState::Unrecorded);
+}
+
+TEST(DeployPlan, RemovesInAnyCaseOfTheProjectsDirectoryWhereTheTargetIgnoresIt) {
+  const TRemotePlace place;
+  TRemotePlace::Write(place.Target("DEMO/x"), "x");
+  TDeployFile file = place.File("a", "DEMO\\x");
+  file.Operation = TDeployOperation::Remove;
+  TPlanOptions options{.RootName = "demo"};
+  EXPECT_EQ(place.Plan({file}, options).Problems.size(), 1U);
+  options.Places = IgnoringCase.Places;
+  EXPECT_EQ(place.Plan({file}, options).Problems, TTexts());
+}
+
 TEST(DeployPlan, ListsWhatWouldRun) {
   const TRemotePlace place;
   TDeployFile file = place.File("a", "a");

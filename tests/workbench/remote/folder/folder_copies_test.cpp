@@ -55,6 +55,18 @@ TEST(FolderCopies, KeepAFileByACopyWhereThereAreNoHardLinks) {
   fs::remove_all(elsewhere);
 }
 
+TEST(FolderCopies, MoveOntoASecondNameOfTheSameFileAndKeepTheNewNameOnly) {
+  const testing::TTemporaryDirectory place;
+  TRemotePlace::Write(place.Path() / "a", "content");
+  fs::create_hard_link(place.Path() / "a", place.Path() / "kept");
+  TDirectoryHandles directories;
+  const std::string root = place.Path().string();
+  const TRemoteCopy move{{root, "kept"}, {root, "a"}};
+  EXPECT_EQ(MoveFiles(directories, {&move, 1}), std::vector<std::string>{""});
+  EXPECT_EQ(TRemotePlace::Read(place.Path() / "a"), "content");
+  EXPECT_FALSE(fs::exists(place.Path() / "kept"));
+}
+
 TEST(FolderCopies, MoveOverWhatIsThereAndRemoveEmptyDirectoriesOnly) {
   const testing::TTemporaryDirectory place;
   fs::create_directories(place.Path() / "full/empty/deep");

@@ -264,6 +264,84 @@ class Locks(MachineTest):
         self.assertFalse(self.deploy(self.file('a', 'one'), check=True).changed)
 
 
+class Takeovers(MachineTest):
+    """Two who deploy, and a lock that somebody left behind."""
+
+    def setUp(self):
+        super().setUp()
+        self.leave('lock')
+        self.eva, self.tom = self.lock(), self.lock()
+
+    def leave(self, name):
+        self.write(PLACE + name, '{"by":"ada","machine":"far","process":0,"since":"yesterday"}')
+        os.utime(self.path(PLACE + name), (time.time() - 120, time.time() - 120))
+
+    def lock(self):
+        return part('lock').Lock(part('tree').Tree(self.root), self.path(PLACE).rstrip('/'))
+
+    def names(self):
+        return sorted(os.listdir(self.path(PLACE)))
+
+    def while_eva_removes(self, what):
+        """Eva takes the lock; `what` happens in the moment in which she removes the stale one."""
+        tree = part('tree').Tree
+        remove, happened = tree.remove, []
+
+        def meanwhile(self_, directory, name):
+            if name == 'lock' and not happened:
+                happened.append(True)
+                what()
+            remove(self_, directory, name)
+        with mock.patch.object(tree, 'remove', meanwhile):
+            self.eva.take('eva', False)
+        self.assertTrue(happened)
+
+    def refused(self, action):
+        with self.assertRaises(part('lock').LockedError) as caught:
+            action()
+        return str(caught.exception)
+
+    def test_nobody_is_let_in_while_a_stale_one_is_removed(self):
+        told = []
+        self.while_eva_removes(
+            lambda: told.append(self.refused(lambda: self.tom.take('tom', False))))
+        self.assertIn('eva on ', told[0])
+        self.assertEqual(self.names(), ['lock'])
+        self.assertIn('"by":"eva"', self.read(PLACE + 'lock').replace(' ', ''))
+
+    def test_one_who_saw_it_stale_leaves_the_new_one_alone(self):
+        make, happened = part('lock').Lock._make, []
+
+        def meanwhile(self_, name):
+            if name == 'lock-takeover' and not happened:
+                happened.append(True)
+                self.tom.take('tom', False)
+            make(self_, name)
+        with mock.patch.object(part('lock').Lock, '_make', meanwhile):
+            self.assertIn('tom on ', self.refused(lambda: self.eva.take('eva', False)))
+        self.assertTrue(happened)
+        self.assertEqual(self.names(), ['lock'])
+
+    def test_takeovers_that_were_cut_off_are_taken_over_too(self):
+        for name in ('lock-takeover', 'lock-takeover-takeover', 'lock-takeover-takeover-takeover'):
+            self.leave(name)
+        self.eva.take('eva', False)
+        self.assertEqual(self.names(), ['lock'])
+
+    def test_one_who_wakes_up_leaves_the_new_holder_its_lock(self):
+        self.eva.take('eva', False)
+        self.tom.take('tom', True)
+        os.utime(self.path(PLACE + 'lock'), (1000, 1000))
+        self.eva.refresh()
+        self.assertEqual(os.stat(self.path(PLACE + 'lock')).st_mtime, 1000)
+        self.eva.release()
+        self.assertEqual(self.names(), ['lock'])
+        self.tom.refresh()
+        self.assertGreater(os.stat(self.path(PLACE + 'lock')).st_mtime, 1000)
+        self.tom.release()
+        self.assertEqual(self.names(), [])
+
+
 class Steps(MachineTest):
 
     def test_commands_run_where_the_file_is_when_it_was_copied(self):

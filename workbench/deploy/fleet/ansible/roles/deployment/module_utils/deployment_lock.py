@@ -18,6 +18,11 @@ STALE_AGE = 60       # seconds without a sign of life
 EMPTY_AGE = 5        # where it cannot appear whole, it says whose it is right after it is made
 REFRESH_INTERVAL = 10
 MOST_PROCESSES = 0x7fffffff
+# Of the lock that allows to remove another one. So many ends in a row, each while a stale lock is taken
+# over, leave names of this length, and no further ones are made.
+TAKEOVER_SUFFIX = '-takeover'
+LONGEST_NAME = len(LOCK_NAME) + 3 * len(TAKEOVER_SUFFIX)
+ATTEMPTS = 10        # others may take it and give it back meanwhile
 # What a file system says that gives no file a second name.
 NO_SECOND_NAMES = (errno.EPERM, errno.EOPNOTSUPP, errno.ENOSYS, errno.EMLINK, errno.EINVAL)
 
@@ -76,90 +81,129 @@ class Lock:
         self._tree = tree
         self._directory = directory
         self._handle = -1
+        self._text = b''
 
     def check(self):
         """Raises LockedError when somebody who lives has it."""
-        holder = self._holder()
+        self._refuse(self._find(LOCK_NAME)[1])
+
+    @staticmethod
+    def _refuse(holder):
         if holder:
             raise LockedError('somebody else deploys there: ' + holder)
 
-    def _holder(self):
+    def _find(self, name):
+        """The bytes of a lock, nothing when it is not there, and who has it when they live."""
         try:
-            status = self._tree.examine(self._directory, LOCK_NAME)
+            status = self._tree.examine(self._directory, name)
             if status is None:
-                return ''
-            data = self._tree.read(self._directory, LOCK_NAME, LARGEST_LOCK) or b''
+                return None, ''
+            data = self._tree.read(self._directory, name, LARGEST_LOCK) or b''
         except FileNotFoundError:
-            return ''
+            return None, ''
         except OSError:
-            return _text(_holder_of(b''))
+            return b'', _text(_holder_of(b''))
         holder = _holder_of(data)
         age = time.time() - status.st_mtime
         if age > (STALE_AGE if data else EMPTY_AGE) or _is_gone(holder):
-            return ''
-        return _text(holder)
+            return data, ''
+        return data, _text(holder)
 
     def take(self, by, break_it):
-        """Takes it. Raises LockedError, and OSError where no lock can be made."""
-        text = json_bytes({'by': by, 'machine': socket.gethostname(),
-                           'machineMark': machine_mark(), 'process': os.getpid(),
-                           'since': utc_text()}, None)
-        for attempt in range(3):
+        """Takes it. Raises LockedError, and OSError where no lock can be made. Of all who find one that
+        is stale, one alone takes it over."""
+        self._text = json_bytes({'by': by, 'machine': socket.gethostname(),
+                                 'machineMark': machine_mark(), 'process': os.getpid(),
+                                 'since': utc_text()}, None)
+        self._take_name(LOCK_NAME, break_it)
+        # A handle of its own: it is refreshed beside the work.
+        self._handle = os.dup(self._tree.handle(self._directory))
+
+    def _take_name(self, name, break_it):
+        for attempt in range(ATTEMPTS):
             try:
-                self._make(text)
+                self._make(name)
                 return
             except FileExistsError:
+                data, holder = self._find(name)
                 if not break_it:
-                    self.check()
-                if attempt == 2:
+                    self._refuse(holder)
+                if attempt == ATTEMPTS - 1:
                     raise
-                self._tree.remove(self._directory, LOCK_NAME)
+                if data is not None:
+                    self._remove_stale(name, break_it)
 
-    def _make(self, text):
+    def _remove_stale(self, name, break_it):
+        """Two who find the same stale lock must not both remove it: the second would remove the one that
+        the first has made since. Whoever removes one has a lock on that, which may go stale as well."""
+        right = name + TAKEOVER_SUFFIX
+        guarded = len(right) <= LONGEST_NAME
+        if guarded:
+            self._take_name(right, False)
+        data, holder = self._find(name)
+        if data is not None and (break_it or not holder):
+            self._tree.remove(self._directory, name)
+        if guarded:
+            self._tree.remove(self._directory, right)
+
+    def _make(self, name):
         directory = self._tree.handle(self._directory)
         file = self._tree.begin(self._directory)
         try:
-            file.write(text)
+            file.write(self._text)
             file.stamp(0o644)
             # It appears with all of its text, so that a run that is killed leaves none without.
-            file.appear_as(LOCK_NAME)
+            file.appear_as(name)
         except FileExistsError:
             raise
         except OSError as error:
             if error.errno not in NO_SECOND_NAMES:
                 raise
-            self._make_empty_first(directory, text)
+            self._make_empty_first(directory, name, self._text)
         finally:
             file.close()
-        # A handle of its own: it is refreshed beside the work.
-        self._handle = os.dup(directory)
 
     @staticmethod
-    def _make_empty_first(directory, text):
-        handle = os.open(LOCK_NAME, os.O_WRONLY | os.O_CREAT | os.O_EXCL | os.O_NOFOLLOW
+    def _make_empty_first(directory, name, text):
+        handle = os.open(name, os.O_WRONLY | os.O_CREAT | os.O_EXCL | os.O_NOFOLLOW
                          | os.O_CLOEXEC, 0o644, dir_fd=directory)
         try:
             os.write(handle, text)
         except OSError:
-            os.unlink(LOCK_NAME, dir_fd=directory)
+            os.unlink(name, dir_fd=directory)
             raise
         finally:
             os.close(handle)
 
+    def _is_ours(self):
+        """False when it was taken over, as on a machine that slept."""
+        try:
+            file = os.open(LOCK_NAME, os.O_RDONLY | os.O_NONBLOCK | os.O_NOFOLLOW | os.O_CLOEXEC,
+                           dir_fd=self._handle)
+        except OSError:
+            return False
+        try:
+            return os.read(file, LARGEST_LOCK) == self._text
+        except OSError:
+            return False
+        finally:
+            os.close(file)
+
     def refresh(self):
         """Says that the holder lives."""
-        if self._handle >= 0:
+        if self._handle >= 0 and self._is_ours():
             try:
                 os.utime(LOCK_NAME, dir_fd=self._handle, follow_symlinks=False)
             except (OSError, NotImplementedError):
                 pass
 
     def release(self):
-        """Takes it back, when it is taken."""
+        """Takes it back, when it is taken and is not somebody else's by now."""
         if self._handle < 0:
             return
         try:
-            os.unlink(LOCK_NAME, dir_fd=self._handle)
+            if self._is_ours():
+                os.unlink(LOCK_NAME, dir_fd=self._handle)
         except OSError:
             pass
         os.close(self._handle)
