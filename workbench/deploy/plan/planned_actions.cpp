@@ -1,4 +1,4 @@
-// What plans say of their actions.
+// What plans say of their actions, commands and links.
 #include "workbench/deploy/plan/deploy_plan.h"
 #include "workbench/deploy/plan/link_texts.h"
 
