@@ -3,9 +3,8 @@
 #include "workbench/deploy/changes_in_place.h"
 #include "workbench/deploy/deploy_request.h"
 #include "workbench/deploy/record_keeper.h"
+#include "workbench/deploy/remembered_files.h"
 #include "workbench/deploy/step_runner.h"
-#include "workbench/files/sha256.h"
-#include "workbench/remote/target/file_times.h"
 
 #include <algorithm>
 #include <mutex>
@@ -77,8 +76,6 @@ private:
   void Announce();
   void FinishWhatNeedsNoCopy();
   void FinishTogether(std::span<const std::size_t> indexes);
-  void Remember(const TPlannedFile& file, const TSendOutcome& outcome, bool wasCopied);
-  void RememberFound(const TPlannedFile& file);
   void RunLocalCommands();
   void RemoveUnfinished();
   void PrepareDirectories();
@@ -195,54 +192,14 @@ void TExecutor::FinishTogether(std::span<const std::size_t> indexes) {
       FExecution.Keeper->Forget(file.RecordPath, /*wasRemoved=*/true);
     const bool isKnown =
         file.Action == TDeployAction::Unchanged || file.Action == TDeployAction::Mode;
-    if (problem.empty() && file.State == TFileState::Same && isKnown)
-      RememberFound(file);
+    if (problem.empty() && file.State == TFileState::Same && isKnown &&
+        RememberFound(FExecution, file))
+      FDoubtful.push_back({.LocalFile = file.File.LocalFile, .Target = file.Target});
     if (problem.empty() && file.Action != TDeployAction::Removed && !file.Steps.empty())
       FToFinish.push_back(indexes[i]);
     else
       Finish(indexes[i], problem);
   }
-}
-
-// A file found to be the same is recorded as if it had been copied.
-void TExecutor::RememberFound(const TPlannedFile& file) {
-  if (!FExecution.Keeper || file.RecordPath.empty())
-    return;
-  TSendOutcome found{.Size = file.Local.Size,
-                     .Time = WholeSeconds(file.Local.Time),
-                     .Mode = file.Mode,
-                     .Hash = file.Local.Hash};
-  const auto known = FExecution.Keeper->Find(file.RecordPath);
-  const bool wasKnown = known && known->Size == found.Size && known->Time == found.Time;
-  if (found.Hash.empty() && wasKnown)
-    found.Hash = known->Hash;
-  if (!wasKnown)
-    FDoubtful.push_back({.LocalFile = file.File.LocalFile, .Target = file.Target});
-  Remember(file, found, /*wasCopied=*/false);
-}
-
-void TExecutor::Remember(const TPlannedFile& file, const TSendOutcome& outcome, bool wasCopied) {
-  if (!FExecution.Keeper || file.RecordPath.empty() ||
-      file.File.Operation == TDeployOperation::RunAndRemove)
-    return;
-  std::string hash = outcome.Hash;
-  if (hash.empty())
-    hash = FileSHA256(file.File.LocalFile).value_or("");
-  if (hash.empty())
-    return; // gone since
-  const auto known = FExecution.Keeper->Find(file.RecordPath);
-  FExecution.Keeper->Put(file.RecordPath,
-                         {.LocalName = file.File.LocalName,
-                          .Class = file.File.Class,
-                          .Size = outcome.Size,
-                          .Time = std::max<std::int64_t>(outcome.Time, 0),
-                          .Hash = std::move(hash),
-                          .Mode = outcome.Mode,
-                          .Link = file.Link,
-                          .Run = known ? known->Run : std::string(),
-                          .Platform = FExecution.Target.Platform,
-                          .Configuration = FExecution.Target.Configuration},
-                         wasCopied);
 }
 
 void TExecutor::RunLocalCommands() {
@@ -343,7 +300,7 @@ std::span<const TSendRequest> TExecutor::TakeBatch() {
 void TExecutor::FileSent(std::size_t index, const TSendOutcome& outcome) {
   const TPlannedFile& file = FPlan.Files[index];
   if (outcome.Problem.empty())
-    Remember(file, outcome, /*wasCopied=*/true);
+    RememberSent(FExecution, file, outcome);
   {
     const std::lock_guard lock(FMutex);
     Row(index).Bytes = outcome.Bytes;

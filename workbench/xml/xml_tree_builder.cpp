@@ -28,6 +28,7 @@ TXmlTreeBuilder::TXmlTreeBuilder(TXmlElement& contentOf)
     : FTree(contentOf.Tree()), FSection(nullptr), FContentOf(&contentOf) {}
 
 void TXmlTreeBuilder::Start(TByteRange tag, std::string_view name, const char* const* attributes) {
+  FTagStart = tag.Start;
   const std::size_t count = CheckLimits(tag, name, attributes);
   const TXmlName& kept = Intern(name);
   if (FFrames.empty() && FContentOf) {
@@ -217,10 +218,20 @@ const TXmlName& TXmlTreeBuilder::Intern(std::string_view name) {
   const std::size_t slot = (name.size() * 7 + first * 3 + last) % FNameCache.size();
   if (FNameCache[slot] && FNameCache[slot]->Text == name)
     return *FNameCache[slot];
+  CheckName(name);
   FNameCache[slot] = &FTree.InternName(name);
   if (name.find(':') != std::string_view::npos)
     FSeesPrefixes = true;
   return *FNameCache[slot];
+}
+
+// The parser refuses these letters in names of UTF-8 and lets them pass in other encodings, so that
+// what is written of them could not be read again.
+void TXmlTreeBuilder::CheckName(std::string_view name) const {
+  for (const std::string_view letter : {"\u00AA", "\u00B5", "\u00BA"}) {
+    if (name.find(letter) != std::string_view::npos)
+      Fail(FTagStart, "not well-formed XML: not well-formed (invalid token)");
+  }
 }
 
 void TXmlTreeBuilder::Fail(std::uint32_t offset, const std::string& text) const {

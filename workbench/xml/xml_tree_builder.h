@@ -72,6 +72,7 @@ private:
   std::size_t CheckLimits(TByteRange tag, std::string_view name, const char* const* attributes);
   bool IsInsideSectionChild() const;
   bool IsSection(const TFrame& frame) const;
+  void CheckName(std::string_view name) const;
   void StartElement(TByteRange tag, const TXmlName& name, const char* const* attributes,
                     std::size_t count);
   void StartRecorded(TByteRange tag, const TXmlName& name, const char* const* attributes,
@@ -96,6 +97,7 @@ private:
   std::vector<TPrefix> FPrefixes;                               // the innermost last
   std::unordered_map<std::string_view, unsigned> FPrefixCounts; // how often each is declared
   bool FSeesPrefixes = false;
+  std::uint32_t FTagStart = 0; // of the element that is read
   std::array<const TXmlName*, 64> FNameCache{};
 };
 

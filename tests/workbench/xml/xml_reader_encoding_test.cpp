@@ -44,6 +44,22 @@ TEST(XmlReaderEncoding, IsLatin1OrAsciiByItsDeclaration) {
   EXPECT_EQ(ascii->Root().Text(), Umlaut);
 }
 
+TEST(XmlReaderEncoding, ChangesNothingAboutTheLettersOfNames) {
+  constexpr std::string_view Refused =
+      "demo.vproj:1: not well-formed XML: not well-formed (invalid token)";
+  for (const std::string letter : {"\xC2\xAA", "\xC2\xB5", "\xC2\xBA"}) {
+    for (const std::string& text : {"<a " + letter + "='1'/>", "<a><b" + letter + "/></a>"}) {
+      EXPECT_EQ(ReadError(text), Refused);
+      EXPECT_EQ(ReadError(Utf16(text, TXmlEncoding::Utf16LittleEndian)), Refused);
+    }
+    EXPECT_EQ(
+        ReadError("<?xml version=\"1.0\" encoding=\"iso-8859-1\"?><" + letter.substr(1) + "/>"),
+        Refused);
+  }
+  EXPECT_EQ(Describe(Read(Utf16("<a>\xC2\xBA</a>", TXmlEncoding::Utf16LittleEndian))->Root()),
+            "a\"\xC2\xBA\"");
+}
+
 TEST(XmlReaderEncoding, ThatIsNotKnownIsRefused) {
   EXPECT_EQ(ReadError("<?xml version=\"1.0\" encoding=\"x-klingon\"?><a/>"),
             "demo.vproj:1: not well-formed XML: unknown encoding (the file declares "
