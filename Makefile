@@ -85,11 +85,10 @@ fuzz: sanitize-dependencies
 	FUZZ_OPTIONS='$(FUZZ_OPTIONS)' fuzz/run.sh build-asan-ubsan/bin $(SECONDS)
 
 # What runs on several threads, deploys and connections, under ThreadSanitizer.
-THREADED_TESTS = Deploy*:Unpacking*:Folder*:Sftp*:*Server.*:Undo*:*Record*:TargetLock*:Ssh*:Askpass*:MainThread*:ProcessRun*
 tsan: sanitize-dependencies
 	cmake --preset tsan
-	cmake --build --preset tsan -j $(JOBS) --target workbench_tests
-	build-tsan/bin/workbench_tests --gtest_brief=1 --gtest_filter='$(THREADED_TESTS)'
+	cmake --build --preset tsan -j $(JOBS) --target threaded_tests
+	build-tsan/bin/threaded_tests --gtest_brief=1
 
 bench: bench-dependencies
 	cmake -S . -B $(BUILD)-release -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=Release \

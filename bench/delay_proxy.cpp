@@ -1,6 +1,8 @@
 // Passes bytes between two ports of this machine, each after a delay, as a far machine would get
-// them; how many there are at a time is not limited.
-// Usage: delay_proxy TARGET-PORT MILLISECONDS. Prints the port on which it listens.
+// them; how many there are at a time is not limited, unless a rate is given: megabits a second, in
+// each direction. Usage: delay_proxy TARGET-PORT MILLISECONDS [MEGABITS]. Prints the port on which
+// it listens.
+#include <algorithm>
 #include <arpa/inet.h>
 #include <chrono>
 #include <condition_variable>
@@ -20,16 +22,27 @@ namespace {
 using TClock = std::chrono::steady_clock;
 
 constexpr std::size_t BlockSize = std::size_t(256) * 1024;
+constexpr std::size_t SlowBlockSize = std::size_t(16) * 1024; // a few milliseconds of a line
+
+// How a line carries bytes.
+struct TLineKind {
+  TClock::duration Delay = {};
+  double BytesPerSecond = 0; // 0: as many as there are
+};
 
 // What is on its way in one direction.
 class TLine {
 public:
-  explicit TLine(TClock::duration delay) : FDelay(delay) {}
+  explicit TLine(const TLineKind& kind) : FKind(kind) {}
 
   // An empty block ends it.
   void Put(std::string block) {
     const std::lock_guard lock(FMutex);
-    FBlocks.push_back({TClock::now() + FDelay, std::move(block)});
+    FFree = std::max(FFree, TClock::now());
+    if (FKind.BytesPerSecond > 0)
+      FFree += std::chrono::duration_cast<TClock::duration>(
+          std::chrono::duration<double>(static_cast<double>(block.size()) / FKind.BytesPerSecond));
+    FBlocks.push_back({FFree + FKind.Delay, std::move(block)});
     FArrived.notify_one();
   }
   std::string Take() {
@@ -48,7 +61,8 @@ private:
     std::string Bytes;
   };
 
-  const TClock::duration FDelay;
+  const TLineKind FKind;
+  TClock::time_point FFree = {}; // when what was put is on its way
   std::mutex FMutex;
   std::condition_variable FArrived;
   std::deque<TBlock> FBlocks;
@@ -72,14 +86,14 @@ void SendAll(int to, const std::string& block) {
 }
 
 // Passes on until `from` ends.
-void Pass(int from, int to, TClock::duration delay) {
-  TLine line(delay);
+void Pass(int from, int to, const TLineKind& kind) {
+  TLine line(kind);
   std::thread sender([&] {
     for (std::string block = line.Take(); !block.empty(); block = line.Take())
       SendAll(to, block);
     ::shutdown(to, SHUT_WR);
   });
-  std::string block(BlockSize, '\0');
+  std::string block(kind.BytesPerSecond > 0 ? SlowBlockSize : BlockSize, '\0');
   ssize_t count = 0;
   while ((count = ::recv(from, block.data(), block.size(), 0)) > 0)
     line.Put(block.substr(0, static_cast<std::size_t>(count)));
@@ -87,15 +101,15 @@ void Pass(int from, int to, TClock::duration delay) {
   sender.join();
 }
 
-void Serve(int client, unsigned targetPort, TClock::duration delay) {
+void Serve(int client, unsigned targetPort, TLineKind kind) {
   const int target = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
   const sockaddr_in address = Loopback(targetPort);
   const int on = 1;
   for (const int end : {client, target})
     static_cast<void>(::setsockopt(end, IPPROTO_TCP, TCP_NODELAY, &on, sizeof(on)));
   if (::connect(target, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0) {
-    std::thread back([&] { Pass(target, client, delay); });
-    Pass(client, target, delay);
+    std::thread back([&] { Pass(target, client, kind); });
+    Pass(client, target, kind);
     back.join();
   }
   ::close(target);
@@ -105,12 +119,14 @@ void Serve(int client, unsigned targetPort, TClock::duration delay) {
 } // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::fputs("usage: delay_proxy TARGET-PORT MILLISECONDS\n", stderr);
+  if (argc != 3 && argc != 4) {
+    std::fputs("usage: delay_proxy TARGET-PORT MILLISECONDS [MEGABITS]\n", stderr);
     return 2;
   }
   const auto targetPort = static_cast<unsigned>(std::strtoul(argv[1], nullptr, 10));
-  const std::chrono::milliseconds delay(std::strtoul(argv[2], nullptr, 10));
+  constexpr double BytesPerMegabit = 125000;
+  const TLineKind kind{std::chrono::milliseconds(std::strtoul(argv[2], nullptr, 10)),
+                       argc == 4 ? std::strtod(argv[3], nullptr) * BytesPerMegabit : 0};
   const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
   sockaddr_in address = Loopback(0);
   auto* general = reinterpret_cast<sockaddr*>(&address);
@@ -125,6 +141,6 @@ int main(int argc, char** argv) {
   while (true) {
     const int client = ::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
     if (client >= 0)
-      std::thread(Serve, client, targetPort, delay).detach();
+      std::thread(Serve, client, targetPort, kind).detach();
   }
 }

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# From the start of the program to the first picture of an example, beside a bare window; and the
-# first paint of long lists. Give the directory of the built programs.
+# From the start of the program to the first picture of an example, beside a bare window; the first
+# paint of long lists beside that of a bare view; their filters and groups; and the plan of one.
+# Give the directory of the built programs.
 set -euo pipefail
 bin=${1:-build-release/bin}
 tree=$(cd "$(dirname "$0")/.." && pwd)
@@ -12,3 +13,5 @@ hyperfine --warmup 3 --runs 20 \
   --command-name "deployment-manager with an example" \
   "$bin/deployment-manager --screenshot $place/ours.png $tree/examples/sky-chart/SkyChart.vproj"
 "$bin/window_bench"
+"$bin/list_bench"
+"$bin/plan_bench"

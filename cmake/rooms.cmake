@@ -94,8 +94,8 @@ room(workbench/cli/entries SEES ${FOUNDATION} workbench/cli/context workbench/ex
   workbench/files workbench/json
   workbench/list workbench/project/build_import workbench/session workbench/text)
 room(workbench/cli/view SEES ${FOUNDATION} workbench/cli/context workbench/controls
-  workbench/deploy workbench/deploy/fleet workbench/deploy/record workbench/files workbench/json workbench/services workbench/session
-  workbench/text)
+  workbench/deploy workbench/deploy/fleet workbench/deploy/record workbench/files workbench/json workbench/remote/target workbench/services
+  workbench/session workbench/text)
 room(workbench/cli/targets SEES ${FOUNDATION} workbench/cli/context workbench/cli/entries
   workbench/cli/view workbench/deploy workbench/deploy/plan workbench/files
   workbench/remote/profile workbench/remote/target workbench/services workbench/session

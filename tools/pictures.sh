@@ -20,6 +20,7 @@ if [ ! -f "$build/CMakeCache.txt" ] || ! grep -q '^BUILD_TESTING:.*=ON' "$build/
 fi
 cmake --build "$build" -j "$(nproc)" --target "${programs[@]}" deployment-manager > /dev/null
 german=$(find "$build/workbench/desktop" -name deployment_manager_de.qm | head -n 1)
+english=${german/_de.qm/_en.qm}
 
 # paint KIND [VARIABLE=VALUE...]: one picture of everything
 paint() {
@@ -33,8 +34,8 @@ paint() {
   done
 }
 
-paint plain
-paint double QT_SCALE_FACTOR=2
+paint plain PICTURE_TRANSLATION="$english"
+paint double QT_SCALE_FACTOR=2 PICTURE_TRANSLATION="$english"
 paint german PICTURE_TRANSLATION="$german"
 
 {

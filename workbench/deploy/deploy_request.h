@@ -14,6 +14,7 @@
 
 namespace workbench {
 
+class TSeenFiles;
 class TSharedWork;
 struct TDeployReport;
 
@@ -71,6 +72,8 @@ struct TRunTerms {
   /// Something else than 0, such as the number of a signal, interrupts the run; null: nothing does.
   const std::atomic<int>* Cancelled = nullptr;
   TSharedWork* Shared = nullptr; ///< with runs for other targets at the same time; null: with none
+  /// What the target answered a moment ago, for a plan that is not carried out; null: it is asked.
+  TSeenFiles* Seen = nullptr;
 };
 
 /// Everything that it names must live as long as the deploy runs.
@@ -86,8 +89,18 @@ struct TDeployRequest {
   /// does.
   const std::atomic<int>* Cancelled = nullptr;
   TPause Pause = nullptr; ///< called while the list is read; empty: nothing waits
+  /// What the target answered a moment ago, for a plan that is not carried out; null: it is asked.
+  TSeenFiles* Seen = nullptr;
 
-  TRunTerms Terms() const { return {Options, MayBegin, MayRun, MaySend, Background, Cancelled}; }
+  TRunTerms Terms() const {
+    return {.Options = Options,
+            .MayBegin = MayBegin,
+            .MayRun = MayRun,
+            .MaySend = MaySend,
+            .Background = Background,
+            .Cancelled = Cancelled,
+            .Seen = Seen};
+  }
 };
 
 } // namespace workbench

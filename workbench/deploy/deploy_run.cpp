@@ -86,6 +86,7 @@ TPlanOptions TDeployRun::PlanOptions() const {
       .Places = FFacts.Destinations.RulesOf(FFacts.Destination, FFacts.Target.Platform),
       .Target = FFacts.Target,
       .Cancelled = &FCancelled,
+      .Seen = wanted.DryRun ? FTerms.Seen : nullptr,
   };
 }
 

@@ -250,10 +250,11 @@ TDeployService::FilePairsOf(deployment::ICustomProject& project,
 
 std::vector<TTimeComparison> TDeployService::Compare(const std::vector<TFilePair>& files,
                                                      const TProfile& profile,
-                                                     const std::atomic<int>* cancelled) const {
+                                                     const std::atomic<int>* cancelled,
+                                                     TSeenFiles& seen) const {
   const TDestination destination{.Profile = profile};
   return CompareTimes(FDestinations.Connect(destination, cancelled),
-                      FDestinations.RulesOf(destination, profile.Platform), files);
+                      FDestinations.RulesOf(destination, profile.Platform), files, seen);
 }
 
 } // namespace workbench

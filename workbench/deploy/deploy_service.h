@@ -67,9 +67,10 @@ public:
                    const TUndoRequest& request) const;
   TRecordReading ReadRecord(const TDeploySubject& subject, const TProfile& profile,
                             const std::atomic<int>* cancelled) const;
-  /// The files beside those at the place of the profile, in their order. Throws TConnectionError.
+  /// The files beside those at the place of the profile, in their order; `seen` hears what the
+  /// target answers. Throws TConnectionError.
   std::vector<TTimeComparison> Compare(const std::vector<TFilePair>& files, const TProfile& profile,
-                                       const std::atomic<int>* cancelled) const;
+                                       const std::atomic<int>* cancelled, TSeenFiles& seen) const;
   /// What a deploy knows besides its request: the destination and the files. Throws
   /// TConnectionError when there is no profile. The project must have a deployment.
   TRunFacts FactsOf(const TDeployRequest& request) const;

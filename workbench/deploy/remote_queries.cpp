@@ -47,24 +47,15 @@ void TRemoteQueries::FollowLinks(std::vector<TRemoteName> names,
   }
 }
 
-void TRemoteQueries::ResolveDirectories(std::vector<std::string> directories) {
-  std::ranges::sort(directories);
-  directories.erase(std::unique(directories.begin(), directories.end()), directories.end());
-  std::erase_if(directories, [this](const auto& name) { return FDirectories.contains(name); });
-  if (directories.empty())
-    return;
-  std::vector<TRemoteDirectory> found = FConnection->Resolve(directories);
-  for (std::size_t i = 0; i < found.size(); ++i)
-    FDirectories.emplace(std::move(directories[i]), std::move(found[i]));
-}
-
 void TRemoteQueries::Ask(const std::vector<std::string>& remoteNames) {
   std::vector<TRemoteName> places;
-  std::vector<TFileAnswer*> answersOf; // references into an unordered map stay good
+  std::vector<TFileAnswer*> answersOf;                // references into an unordered map stay good
+  std::unordered_map<std::string, std::size_t> known; // directories, into the next one
   std::vector<std::string> directories;
+  std::vector<std::size_t> directoryOf; // of each place
   places.reserve(remoteNames.size());
   answersOf.reserve(remoteNames.size());
-  directories.reserve(remoteNames.size());
+  directoryOf.reserve(remoteNames.size());
   for (const std::string& name : remoteNames) {
     const auto [answer, isNew] = FAnswers.try_emplace(name);
     if (!isNew)
@@ -72,17 +63,21 @@ void TRemoteQueries::Ask(const std::vector<std::string>& remoteNames) {
     TTargetPlace place = FindTargetPlace(name, FRules);
     if (!place.Problem.empty())
       continue;
-    directories.push_back(place.Name.Directory);
+    const auto [directory, isFirst] = known.try_emplace(place.Name.Directory, directories.size());
+    if (isFirst)
+      directories.push_back(place.Name.Directory);
+    directoryOf.push_back(directory->second);
     places.push_back(std::move(place.Name));
     answersOf.push_back(&answer->second);
   }
-  ResolveDirectories(std::move(directories));
+  const std::vector<TRemoteDirectory> resolved =
+      (FSeen ? *FSeen : FDirectories).Resolve(*FConnection, directories);
   std::vector<TRemoteName> names;
   std::vector<TFileAnswer*> asked;
   names.reserve(places.size());
   asked.reserve(places.size());
   for (std::size_t i = 0; i < places.size(); ++i) {
-    const TRemoteDirectory& directory = FDirectories.find(places[i].Directory)->second;
+    const TRemoteDirectory& directory = resolved[directoryOf[i]];
     if (!DirectoryProblem(directory, FRules).empty())
       continue;
     answersOf[i]->IsKnown = !directory.Exists; // there is nothing in what is not there
@@ -91,7 +86,8 @@ void TRemoteQueries::Ask(const std::vector<std::string>& remoteNames) {
     names.push_back({directory.Path, std::move(places[i].Name)});
     asked.push_back(answersOf[i]);
   }
-  std::vector<TRemoteStatus> answers = FConnection->Examine(names);
+  std::vector<TRemoteStatus> answers =
+      FSeen ? FSeen->Examine(*FConnection, names) : FConnection->Examine(names);
   FollowLinks(std::move(names), answers);
   const auto resolution = FConnection->TimeResolution();
   for (std::size_t i = 0; i < answers.size(); ++i) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/remote/target/remote_connection.h"
+#include "workbench/remote/target/seen_files.h"
 #include "workbench/remote/target/target_place.h"
 
 #include <memory>
@@ -22,8 +23,11 @@ struct TFileAnswer {
 /// Holds a connection as long as it lives. What was asked once is not asked again.
 class TRemoteQueries {
 public:
-  TRemoteQueries(std::shared_ptr<IRemoteConnection> connection, const TPlaceRules& rules)
-      : FConnection(std::move(connection)), FRules(rules) {}
+  /// What `seen` knows is not asked, and it hears the answers; it must live as long. Null: nobody
+  /// shares them.
+  TRemoteQueries(std::shared_ptr<IRemoteConnection> connection, const TPlaceRules& rules,
+                 TSeenFiles* seen = nullptr)
+      : FConnection(std::move(connection)), FRules(rules), FSeen(seen) {}
 
   /// Asks about all these stored paths at once. Throws TConnectionError; what was not answered is
   /// unknown then.
@@ -43,12 +47,12 @@ private:
   template <class TValue>
   using TByText = std::unordered_map<std::string, TValue, THash, std::equal_to<>>;
 
-  void ResolveDirectories(std::vector<std::string> directories);
   void FollowLinks(std::vector<TRemoteName> names, std::vector<TRemoteStatus>& answers);
 
   std::shared_ptr<IRemoteConnection> FConnection;
   TPlaceRules FRules;
-  TByText<TRemoteDirectory> FDirectories;
+  TSeenFiles FDirectories;
+  TSeenFiles* FSeen;
   TByText<TFileAnswer> FAnswers; // by stored path
 };
 

@@ -26,8 +26,8 @@ TTimeComparison Compared(const TFilePair& file, const TRemoteQueries& queries) {
 
 std::vector<TTimeComparison> CompareTimes(std::shared_ptr<IRemoteConnection> connection,
                                           const TPlaceRules& rules,
-                                          const std::vector<TFilePair>& files) {
-  TRemoteQueries queries(std::move(connection), rules);
+                                          const std::vector<TFilePair>& files, TSeenFiles& seen) {
+  TRemoteQueries queries(std::move(connection), rules, &seen);
   std::vector<std::string> names;
   names.reserve(files.size());
   for (const TFilePair& file : files)

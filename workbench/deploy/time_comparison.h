@@ -3,6 +3,7 @@
 #pragma once
 
 #include "workbench/remote/target/remote_connection.h"
+#include "workbench/remote/target/seen_files.h"
 #include "workbench/remote/target/target_place.h"
 
 #include <memory>
@@ -21,9 +22,10 @@ struct TFilePair {
 /// What the file here is to the one there.
 enum class TTimeComparison { Unknown, Same, Older, Newer, NotFound };
 
-/// Compares all of them, in their order. Throws TConnectionError.
+/// Compares all of them, in their order; `seen` hears what the target answers. Throws
+/// TConnectionError.
 std::vector<TTimeComparison> CompareTimes(std::shared_ptr<IRemoteConnection> connection,
                                           const TPlaceRules& rules,
-                                          const std::vector<TFilePair>& files);
+                                          const std::vector<TFilePair>& files, TSeenFiles& seen);
 
 } // namespace workbench

@@ -136,7 +136,7 @@ void TRemoteProfileServices::BeginRemoteQueries(const IOTARemoteProfile& profile
   Ask(profile, [&] {
     const TProfile& asked = ProfileOf(profile);
     queries = std::make_unique<TRemoteQueries>(
-        FConnections.Open(asked), FDestinations.RulesOf({.Profile = asked}, asked.Platform));
+        FConnections.Open(asked), FDestinations.RulesOf({.Profile = asked}, asked.Platform), FSeen);
   });
 }
 

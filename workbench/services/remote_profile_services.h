@@ -24,6 +24,7 @@ namespace workbench {
 
 class IUserInteraction;
 class TRemoteQueries;
+class TSeenFiles;
 struct TFileAnswer;
 
 /// One profile as the package holds it: what it said when it was looked up.
@@ -75,6 +76,9 @@ public:
   /// TInputError when the file is damaged.
   void ReadProfilesAnew();
   const TDestinations& Destinations() const { return FDestinations; }
+  /// From now on what the view asks machines about is kept there, too; it must live until the next
+  /// call. Null: nowhere.
+  void ShareAnswers(TSeenFiles* seen) { FSeen = seen; }
   /// What the view's button does, for callers that have a request of their own.
   const TDeployService& Deploys() const { return FDeploys; }
   /// The face that a user sits before the workbench; null, as at the start: nobody. Set before the
@@ -128,7 +132,8 @@ private:
   TDeployService FDeploys;
   std::shared_ptr<IUserInteraction> FInteraction; // never null
   std::unordered_map<std::string, std::unique_ptr<TRemoteQueries>>
-      FQueries; // by profile, while they run
+      FQueries;                // by profile, while they run
+  TSeenFiles* FSeen = nullptr; // shares their answers
   std::vector<std::shared_ptr<deployment::IOTARemoteProfileNotifier>> FNotifiers;
   std::mutex FAttemptsMutex;
   std::vector<TAttempt*> FAttempts; // to connect, that run

@@ -22,12 +22,13 @@ void SetEnvironment(const QTemporaryDir& home) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-// Pictures may be wanted in German: the file with its translations is named for that.
+// Pictures may be wanted in a language: the file with its translations is named for that.
 void Translate(QTranslator& translator) {
   const QString file = qEnvironmentVariable("PICTURE_TRANSLATION");
   if (file.isEmpty() || !translator.load(file))
     return;
-  QLocale::setDefault(QLocale(QLocale::German));
+  if (file.endsWith("_de.qm"))
+    QLocale::setDefault(QLocale(QLocale::German));
   QApplication::installTranslator(&translator);
 }
 

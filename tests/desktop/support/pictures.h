@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QImage>
 #include <QWidget>
 #include <set>
@@ -12,7 +14,8 @@ namespace workbench::testing {
 /// Paints the widget; the picture has to have more colours than an empty one. It is kept when the
 /// environment variable names a directory.
 inline QImage KeepPicture(QWidget& widget, const QString& name, const char* directoryVariable) {
-  constexpr std::size_t ColoursOfAnEmptyOne = 10; // a frame and a little text
+  constexpr std::size_t ColoursOfAnEmptyOne = 10;                     // a frame and a little text
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // of texts just set
   QImage image = widget.grab().toImage();
   std::set<QRgb> colours;
   for (int y = 0; y < image.height(); y += 2) {

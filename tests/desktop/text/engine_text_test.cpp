@@ -83,6 +83,37 @@ TEST_F(TEngineText, NamesProfileAndPlace) {
   EXPECT_EQ(German("profile making it (eva@lab:/srv)"), "Profil making it (eva@lab:/srv)");
 }
 
+TEST_F(TEngineText, TranslatesWhatFilesOfTheUserAreRefusedFor) {
+  EXPECT_EQ(
+      German("the settings file is damaged: \"undo-runs\" should be a text, but is 7; mend it or "
+             "remove it"),
+      "die Datei mit Einstellungen ist beschädigt: „undo-runs“ sollte ein Text sein, ist aber 7; "
+      "reparieren oder entfernen Sie sie");
+  EXPECT_EQ(German("element \"Operation\": its text is \"9\", which is not an operation (0 to 5)"),
+            "Element „Operation“: der Text ist „9“, also keine Operation (0 bis 5)");
+  EXPECT_EQ(German("not well-formed XML: mismatched tag"),
+            "kein wohlgeformtes XML: schließendes Element passt nicht");
+}
+
+TEST_F(TEngineText, TranslatesWhatAProjectIsRefusedFor) {
+  EXPECT_EQ(
+      German("the condition \"'$(A' == ''\" is not valid: at character 2, a \"$(\" is not closed"),
+      "die Bedingung „'$(A' == ''“ ist ungültig: bei Zeichen 2, ein „$(“ ist nicht geschlossen");
+  EXPECT_EQ(
+      German("the import \"the.props\" was skipped: it looks for files that are not on this "
+             "machine"),
+      "der Import „the.props“ wurde übersprungen: er sucht Dateien, die nicht auf diesem Rechner "
+      "sind");
+  EXPECT_EQ(
+      German("a build of Debug, Win64 is a utility, which makes no program or library: there is "
+             "nothing to deploy"),
+      "ein Build von Debug, Win64 ist ein Hilfsprojekt, das weder Programm noch Bibliothek "
+      "erzeugt: es gibt nichts zu verteilen");
+  EXPECT_EQ(
+      German("unknown element \"Extra\" in \"DeployFile\" is not kept when the project is saved"),
+      "das unbekannte Element „Extra“ in „DeployFile“ geht beim Speichern des Projekts verloren");
+}
+
 TEST_F(TEngineText, ACommandStaysWordForWord) {
   EXPECT_EQ(German("on this machine: echo reading it; cp a file"),
             "auf diesem Rechner: echo reading it; cp a file");
@@ -152,13 +183,14 @@ QStringList LiteralsOf(const std::filesystem::path& file) {
 
 // What is no sentence for a person though it has words: commands, and answers of other programs.
 bool IsNoSentence(const QString& literal) {
-  static const std::array<const char*, 17> signs{
+  static const std::array<const char*, 19> signs{
       "xargs",          "command -v",   "test -f",
       "test ! -h",      "rm -f",        "cp -p",
       "cp --",          "Set-Location", "exit 1",
       "echo deploymgr", "revision of ", "deployment-manager ",
       "Host key ",      "cd /d ",       "Permission denied (",
-      "Too many auth",  "%ComSpec%"};
+      "Too many auth",  "%ComSpec%",    "<!-- made from ",
+      "<?xml version"};
   return std::ranges::any_of(signs, [&](const char* sign) { return literal.contains(sign); });
 }
 
@@ -167,11 +199,36 @@ TEST_F(TEngineText, NoSentenceOfTheEnginesSourcesIsMissing) {
   const QString known = EngineSentences().join('\n');
   static const QRegularExpression joint("[:;] *$|[:;] ");
   static const QRegularExpression words("[a-z]{2,},? [a-z]{2,}");
-  for (const char* room :
-       {"explain", "deploy", "deploy/plan", "deploy/record", "archive", "remote/folder",
-        "remote/profile", "remote/sftp", "remote/ssh", "remote/target", "files", "process"}) {
-    for (const auto& entry :
-         std::filesystem::directory_iterator(std::filesystem::path("workbench") / room)) {
+  for (const char* room : {"workbench/explain",
+                           "workbench/deploy",
+                           "workbench/deploy/plan",
+                           "workbench/deploy/record",
+                           "workbench/archive",
+                           "workbench/remote/folder",
+                           "workbench/remote/profile",
+                           "workbench/remote/sftp",
+                           "workbench/remote/ssh",
+                           "workbench/remote/target",
+                           "workbench/files",
+                           "workbench/process",
+                           "workbench/json",
+                           "workbench/settings",
+                           "workbench/xml",
+                           "workbench/msbuild",
+                           "workbench/msbuild/values",
+                           "workbench/project",
+                           "workbench/project/cpp",
+                           "workbench/project/build_import",
+                           "workbench/platforms",
+                           "workbench/services",
+                           "workbench/session",
+                           "workbench/history",
+                           "package/common",
+                           "package/host/api",
+                           "package/reconcile",
+                           "package/featured",
+                           "package/model"}) {
+    for (const auto& entry : std::filesystem::directory_iterator(room)) {
       if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h")
         continue;
       for (const QString& literal : LiteralsOf(entry.path()))

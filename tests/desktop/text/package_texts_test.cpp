@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QTranslator>
+#include <ctime>
 
 namespace workbench {
 namespace {
@@ -29,6 +30,14 @@ protected:
 
 TEST_F(TPackageTexts, AreTranslatedWhole) {
   EXPECT_EQ(Text("Keep added files"), "<Keep added files>");
+}
+
+// A list that is scrolled asks for thousands of them.
+TEST_F(TPackageTexts, OfCellsCostNoPatterns) {
+  const std::clock_t start = std::clock();
+  for (int i = 0; i < 20000; ++i)
+    ASSERT_EQ(PackageText("Same").size(), 6);
+  EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC);
 }
 
 TEST_F(TPackageTexts, KeepTheNamesInQuestions) {

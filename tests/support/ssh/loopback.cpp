@@ -47,13 +47,13 @@ void TLoopbackListener::Listen() const {
 
 TTextServer::TTextServer(const std::string& text)
     : FListener([this, text](int connection) {
-        FConnections.push_back(connection);
+        FConnections.Sockets.push_back(connection);
         static_cast<void>(::send(connection, text.data(), text.size(), MSG_NOSIGNAL));
         ++FCount;
       }) {}
 
-TTextServer::~TTextServer() {
-  for (const int connection : FConnections)
+TTextServer::TConnections::~TConnections() {
+  for (const int connection : Sockets)
     ::close(connection);
 }
 

@@ -39,14 +39,23 @@ private:
 class TTextServer {
 public:
   explicit TTextServer(const std::string& text);
-  ~TTextServer();
 
   unsigned Port() const { return FListener.Port(); }
   /// How many have connected so far.
   std::size_t Count() const { return FCount; }
 
 private:
-  std::vector<int> FConnections;
+  // Closed when they go.
+  struct TConnections {
+    TConnections() = default;
+    ~TConnections();
+    TConnections(const TConnections&) = delete;
+    TConnections& operator=(const TConnections&) = delete;
+
+    std::vector<int> Sockets = {};
+  };
+
+  TConnections FConnections; // outlive the listener, whose thread adds to them
   std::atomic<std::size_t> FCount = 0;
   TLoopbackListener FListener;
 };

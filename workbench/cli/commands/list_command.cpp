@@ -85,7 +85,7 @@ private:
     WarnSince(context, project, told);
     const TTargetStatus status = !FConnects ? TTargetStatus(TDeployReport())
                                  : FOffline ? RecallTarget(context, project, target)
-                                            : AskTarget(context, project, target);
+                                            : AskTarget(context, project, target, view.Seen());
     std::vector<std::string> lost = context.Interaction.LostConnections();
     if (lost.empty() && status.Report().End == TDeployEnd::NoConnection)
       lost.push_back(status.Report().Message);
@@ -120,13 +120,14 @@ private:
   }
 
   // A plan that is not carried out knows every state.
-  TTargetStatus AskTarget(TCommandContext& context, TOpenProject& project,
-                          const TTarget& target) const {
+  TTargetStatus AskTarget(TCommandContext& context, TOpenProject& project, const TTarget& target,
+                          TSeenFiles& seen) const {
     TSilentObserver nobody;
     TDeployReport report = context.Session.RemoteProfiles().Deploys().Deploy(
         {.Project = project.Project(),
          .Target = {target.Configuration, target.Platform},
-         .Options = {.DryRun = true, .SkipMissing = true}},
+         .Options = {.DryRun = true, .SkipMissing = true},
+         .Seen = &seen},
         nobody);
     if (report.End == TDeployEnd::Done || report.End == TDeployEnd::Unexpected)
       KeepKnownStates(KnownTargetOf(context, project, target), report);

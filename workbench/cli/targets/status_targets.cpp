@@ -109,11 +109,13 @@ private:
   TSeenTarget Ask(const TProfile& profile, const std::atomic<int>& cancelled,
                   IDeployObserver& observer) const {
     TSeenTarget seen;
-    seen.Times = FDeploys.Compare(FPairs, profile, &cancelled);
+    TSeenFiles files; // both ask about the same ones
+    seen.Times = FDeploys.Compare(FPairs, profile, &cancelled, files);
     // A plan that is not carried out knows every state.
     seen.Report = FDeploys.Deploy(
         FSubject, profile,
-        {.Options = {.DryRun = true, .SkipMissing = true}, .Cancelled = &cancelled}, observer);
+        {.Options = {.DryRun = true, .SkipMissing = true}, .Cancelled = &cancelled, .Seen = &files},
+        observer);
     CheckNotInterrupted(cancelled);
     return seen;
   }

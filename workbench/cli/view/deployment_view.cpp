@@ -5,6 +5,7 @@
 #include "package/host/api/platformapi.h"
 #include "package/host/api/platforms.h"
 #include "package/host/api/view_buttons.h"
+#include "workbench/services/remote_profile_services.h"
 
 #include <algorithm>
 #include <utility>
@@ -32,6 +33,7 @@ TDeploymentView::TDeploymentView(TCommandContext& context) : FContext(context) {
 TDeploymentView::~TDeploymentView() {
   FContext.Session.CloseViews();
   FContext.Session.SetEditorArea(nullptr);
+  FContext.Session.RemoteProfiles().ShareAnswers(nullptr);
 }
 
 std::unique_ptr<deployment::IControls>
@@ -63,6 +65,7 @@ void TDeploymentView::Open(TOpenProject& project, const TTarget& target) {
 }
 
 void TDeploymentView::OpenConnected(TOpenProject& project, const TTarget& target) {
+  FContext.Session.RemoteProfiles().ShareAnswers(&FSeen);
   Show(project, target, /*connect=*/true);
   TMemoryToolButton& button = *FControls->ToolBar()->Find(deployment::view_button::Connect);
   button.Update();

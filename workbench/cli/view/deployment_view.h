@@ -5,6 +5,7 @@
 #include "workbench/cli/context/silent_dialogs.h"
 #include "workbench/cli/context/target.h"
 #include "workbench/controls/memory_controls.h"
+#include "workbench/remote/target/seen_files.h"
 #include "workbench/services/editor_views.h"
 
 #include <memory>
@@ -40,6 +41,8 @@ public:
   /// The same, and connects before the rows are built. Throws TExitError with the reason when that
   /// fails.
   void OpenConnected(TOpenProject& project, const TTarget& target);
+  /// What the target was asked about for the rows, for others that ask the same.
+  TSeenFiles& Seen() { return FSeen; }
   /// Sorts by the text of that key. Throws TUsageError, with the keys, for another one.
   void Sort(std::string_view key, bool descending);
   /// Presses the button of that name; false when it is disabled.
@@ -58,6 +61,7 @@ private:
 
   TCommandContext& FContext;
   TSilentDialogs FDialogs;
+  TSeenFiles FSeen;
   TMemoryControls* FControls = nullptr; // of the view that is shown
 };
 

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <future>
 #include <system_error>
 #include <unordered_map>
 #include <utility>
@@ -23,6 +24,7 @@ using deployment::TDeployOperation;
 
 constexpr std::size_t LongestPath = 4095; // bytes
 constexpr unsigned LinkRights = 0777;
+constexpr std::size_t ManyFiles = 1000;
 
 class TPlanner {
 public:
@@ -37,15 +39,19 @@ public:
                    const std::function<const TTargetRecord&()>& readRecord) {
     FindTargets();
     ExamineLocalFiles();
+    const std::vector<std::size_t> outside = FindOutsideFiles(FPlan.Files, FOptions.SourceRoots);
     FConnection = &connect();
     ResolveDirectories();
-    FindLinks();
-    FPlan.Outside = FindOutsideSources(FPlan.Files, FOptions.SourceRoots);
+    const bool keepsLinks = FOptions.KeepLinks && FConnection->KnowsLinks();
+    std::future<std::vector<TRemoteStatus>> examined = BeginToExamine();
+    if (keepsLinks)
+      FindLinks();
+    FPlan.Outside = PathsToRead(FPlan.Files, outside);
     for (std::string& collision : FindCollisions(FPlan.Files, FOptions.Places.Names.IgnoresCase))
       FPlan.Problems.push_back(std::move(collision));
     const bool mayGoOn = FPlan.Problems.empty();
     const std::vector<TRemoteStatus> remote =
-        mayGoOn ? ExamineTargets() : std::vector<TRemoteStatus>();
+        mayGoOn ? examined.get() : std::vector<TRemoteStatus>();
     TakeRecord(readRecord());
     if (mayGoOn) {
       CompareWithTarget(remote);
@@ -73,7 +79,8 @@ private:
   void PlanAfterDeploy();
   void TakeRecord(const TTargetRecord& record);
   void CompareWithTarget(const std::vector<TRemoteStatus>& remote);
-  std::vector<TRemoteStatus> ExamineTargets();
+  std::future<std::vector<TRemoteStatus>> BeginToExamine();
+  std::vector<TRemoteStatus> ExamineTargets() const;
   void Decide(TPlannedFile& file, const TRemoteStatus& remote);
   void DecideStates(const std::vector<TRemoteStatus>& remote);
   void DecideByContent(std::vector<std::size_t> undecided, std::vector<TThreeSides>& sides);
@@ -115,7 +122,8 @@ void TPlanner::FindTarget(TPlannedFile& file) {
 }
 
 void TPlanner::ResolveDirectories() {
-  FResolved = FConnection->Resolve(FDirectories);
+  FResolved = FOptions.Seen ? FOptions.Seen->Resolve(*FConnection, FDirectories)
+                            : FConnection->Resolve(FDirectories);
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
     TPlannedFile& file = FPlan.Files[i];
     const TRemoteDirectory& directory = FResolved[FDirectoryOf[i]];
@@ -138,7 +146,7 @@ void TPlanner::ResolveDirectories() {
 
 // Where links are not known, or one leads to what is not deployed, its content is.
 void TPlanner::FindLinks() {
-  if (!FOptions.KeepLinks || !FConnection->KnowsLinks())
+  if (std::ranges::none_of(FPlan.Files, &TPlannedFile::IsLinkHere))
     return;
   std::vector<std::string> texts = LinkTextsOf(FPlan);
   for (std::size_t i = 0; i < texts.size(); ++i) {
@@ -206,7 +214,14 @@ void TPlanner::CompareWithTarget(const std::vector<TRemoteStatus>& remote) {
   }
 }
 
-std::vector<TRemoteStatus> TPlanner::ExamineTargets() {
+// Of many files the target is asked while this machine goes on; of few a thread costs more.
+std::future<std::vector<TRemoteStatus>> TPlanner::BeginToExamine() {
+  const bool isWorthIt = FPlan.Problems.empty() && FPlan.Files.size() >= ManyFiles;
+  return std::async(isWorthIt ? std::launch::async : std::launch::deferred,
+                    [this] { return ExamineTargets(); });
+}
+
+std::vector<TRemoteStatus> TPlanner::ExamineTargets() const {
   std::vector<TRemoteName> names;
   std::vector<std::size_t> asked;
   for (std::size_t i = 0; i < FPlan.Files.size(); ++i) {
@@ -215,7 +230,8 @@ std::vector<TRemoteStatus> TPlanner::ExamineTargets() {
     names.push_back(FPlan.Files[i].Target);
     asked.push_back(i);
   }
-  const std::vector<TRemoteStatus> answers = FConnection->Examine(names);
+  const std::vector<TRemoteStatus> answers =
+      FOptions.Seen ? FOptions.Seen->Examine(*FConnection, names) : FConnection->Examine(names);
   std::vector<TRemoteStatus> all(FPlan.Files.size());
   for (std::size_t i = 0; i < asked.size(); ++i)
     all[asked[i]] = answers[i];

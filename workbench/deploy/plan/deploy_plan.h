@@ -7,6 +7,7 @@
 #include "workbench/deploy/record/file_state.h"
 #include "workbench/deploy/record/target_record.h"
 #include "workbench/remote/target/remote_connection.h"
+#include "workbench/remote/target/seen_files.h"
 #include "workbench/remote/target/target_place.h"
 
 #include <atomic>
@@ -49,6 +50,7 @@ struct TPlanOptions {
   TPlaceRules Places = {};
   deployment::TDeploymentTarget Target = {};
   const std::atomic<int>* Cancelled = nullptr; ///< null: never
+  TSeenFiles* Seen = nullptr; ///< what the target answered a moment ago; null: it is asked
 };
 
 /// One file of a plan.
@@ -67,6 +69,7 @@ struct TPlannedFile {
   std::string HashThere = {};                     ///< of that, where it is known
   std::string Link = {};              ///< what is deployed as a link is to store; else empty
   bool TimeDiffers = false;           ///< Unchanged, but the time stamp is to be brought in line
+  bool IsLinkHere = false;            ///< the name on this machine is a link
   std::vector<TAfterStep> Steps = {}; ///< to be done when the file is there
 
   std::string RemoteFile() const { return Target.Directory + "/" + Target.Name; }

@@ -13,7 +13,10 @@ namespace workbench {
 
 std::string ExamineLocalFile(TPlannedFile& file, const TPlanOptions& options) {
   struct stat status = {};
-  const bool isThere = ::stat(file.File.LocalFile.c_str(), &status) == 0;
+  bool isThere = ::lstat(file.File.LocalFile.c_str(), &status) == 0;
+  file.IsLinkHere = isThere && S_ISLNK(status.st_mode);
+  if (file.IsLinkHere)
+    isThere = ::stat(file.File.LocalFile.c_str(), &status) == 0;
   const int error = errno;
   if (isThere && S_ISREG(status.st_mode)) {
     file.Bytes = static_cast<std::uint64_t>(status.st_size);

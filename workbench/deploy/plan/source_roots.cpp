@@ -65,7 +65,11 @@ TSourceRoots::TSourceRoots(const std::vector<fs::path>& roots) {
 
 bool TSourceRoots::Holds(const fs::path& file) {
   struct stat status = {};
-  if (::lstat(file.c_str(), &status) == 0 && S_ISLNK(status.st_mode))
+  return Holds(file, ::lstat(file.c_str(), &status) == 0 && S_ISLNK(status.st_mode));
+}
+
+bool TSourceRoots::Holds(const fs::path& file, bool isLink) {
+  if (isLink)
     return IsBelow(RealPath(file));
   return IsBelow(RealDirectory(file.parent_path()) + "/");
 }

@@ -23,6 +23,8 @@ public:
 
   /// True when the file stands below one of the roots.
   bool Holds(const std::filesystem::path& file);
+  /// The same of a name that is known to be a link, or not to be one.
+  bool Holds(const std::filesystem::path& file, bool isLink);
 
 private:
   bool IsBelow(std::string_view path) const;

@@ -285,6 +285,8 @@ QString TDeployRowsModel::Text(const TPanelRow& row, int column) const {
 }
 
 QVariant TDeployRowsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole && section == Size)
+    return QVariant(Qt::AlignRight | Qt::AlignVCenter); // as its numbers
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
     return {};
   switch (section) {

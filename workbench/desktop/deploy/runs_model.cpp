@@ -8,6 +8,16 @@
 #include <utility>
 
 namespace workbench {
+namespace {
+
+// Numbers and their titles stand right.
+QVariant AlignmentOf(int column) {
+  return column >= TRunsModel::Copied && column <= TRunsModel::Failed
+             ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
+             : QVariant();
+}
+
+} // namespace
 
 void TRunsModel::Show(std::vector<TRecordedRun> runs) {
   beginResetModel();
@@ -39,9 +49,7 @@ QVariant TRunsModel::data(const QModelIndex& index, int role) const {
   case Qt::ToolTipRole:
     return Text(Run(index.row()), index.column()).toHtmlEscaped();
   case Qt::TextAlignmentRole:
-    return index.column() >= Copied && index.column() <= Failed
-               ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
-               : QVariant();
+    return AlignmentOf(index.column());
   default:
     return {};
   }
@@ -75,6 +83,8 @@ QString TRunsModel::Text(const TRecordedRun& run, int column) const {
 }
 
 QVariant TRunsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
+    return AlignmentOf(section);
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
     return {};
   switch (section) {

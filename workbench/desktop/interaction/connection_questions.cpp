@@ -90,6 +90,8 @@ TConnectionQuestions::TAnswer TConnectionQuestions::ShowPrompt(const std::string
   for (QLabel* label : dialog.findChildren<QLabel*>())
     label->setTextFormat(Qt::PlainText);
   dialog.setTextEchoMode(QLineEdit::Password);
+  dialog.setOkButtonText(tr("OK"));
+  dialog.setCancelButtonText(tr("Cancel"));
   return Run(dialog, isOver) == QDialog::Accepted ? TAnswer(ToStdString(dialog.textValue()))
                                                   : TAnswer();
 }

@@ -7,6 +7,9 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <span>
 #include <utility>
 
 namespace workbench {
@@ -19,19 +22,30 @@ namespace file_column = deployment::file_column;
 
 constexpr std::string_view NotConnected = "Not Connected";
 constexpr std::string_view Never = "Never";
+constexpr std::size_t UsualTextSize = 96; // of a row
+
+bool IsAscii(std::string_view text) {
+  constexpr std::uint64_t HighBits = 0x8080808080808080U;
+  std::uint64_t block = 0;
+  for (; text.size() >= sizeof(block); text.remove_prefix(sizeof(block))) {
+    std::memcpy(&block, text.data(), sizeof(block));
+    if ((block & HighBits) != 0)
+      return false;
+  }
+  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
 
 // As UpperCase does it; most names are ASCII, which need no tables.
 void AppendFolded(std::string& to, std::string_view text) {
-  if (std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) > 0x7F; })) {
+  if (!IsAscii(text)) {
     to += deployment::UpperCase(text);
     return;
   }
   const std::size_t start = to.size();
   to.append(text);
-  for (std::size_t i = start; i < to.size(); ++i) {
-    if (to[i] >= 'a' && to[i] <= 'z')
-      to[i] = static_cast<char>(to[i] - 'a' + 'A');
-  }
+  // Without a branch, which names of letters and digits would often take the wrong way.
+  for (char& c : std::span(to).subspan(start))
+    c = static_cast<char>(c ^ (static_cast<unsigned char>(c - 'a') < 26 ? 0x20 : 0));
 }
 
 } // namespace
@@ -152,7 +166,7 @@ std::size_t TRowIndex::FolderOf(TNodeId node) {
 // A line break stands in no word that is looked for, so that none is found across two cells.
 void TRowIndex::AppendText(TNodeId node) {
   const TMemoryTree& nodes = FModel.Nodes();
-  AppendFolded(FText, FFolders.Names[FFolders.OfNode[node]]);
+  FText += FFoldedFolders[FFolders.OfNode[node]];
   AppendFolded(FText, nodes.Text(node, file_column::LocalName));
   for (const int column : {file_column::RemotePath, file_column::RemoteName}) {
     FText += '\n';
@@ -172,11 +186,15 @@ void TRowIndex::ReadTexts() {
   classes.reserve(FClasses.Names.size());
   for (const std::string& name : FClasses.Names)
     classes.push_back(deployment::UpperCase("\n" + name + "\n" + ToStdString(ClassWords(name))));
-  const std::vector<TNodeId> rows = FModel.Nodes().GetChildren(0);
-  std::vector<TNodeId> byNode(rows);
+  FFoldedFolders.clear();
+  FFoldedFolders.reserve(FFolders.Names.size());
+  for (const std::string& name : FFolders.Names)
+    FFoldedFolders.push_back(deployment::UpperCase(name));
+  std::vector<TNodeId> byNode = FModel.Nodes().GetChildren(0);
   std::ranges::sort(byNode);
   FEnds.assign(FModel.Nodes().EndOfNodes(), 0);
   FText.clear();
+  FText.reserve(byNode.size() * UsualTextSize);
   TNodeId next = 0;
   for (const TNodeId node : byNode) {
     for (; next < node; ++next)

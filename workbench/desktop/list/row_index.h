@@ -78,6 +78,7 @@ private:
   std::string FText;              // of all rows, in capitals
   std::vector<std::size_t> FEnds; // by node, where its text ends in that of all
   std::vector<std::string> FStateWords;
+  std::vector<std::string> FFoldedFolders; // by their numbers
 };
 
 /// The words of a text that is looked for, so that the case of letters does not matter.

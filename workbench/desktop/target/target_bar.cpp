@@ -101,9 +101,10 @@ void TTargetBar::Place() {
   line->setSpacing(Margin * 2);
   line->addWidget(FPlatform);
   line->addWidget(FConfiguration);
-  line->addWidget(FProfile, 1);
+  line->addWidget(FProfile);
   line->addWidget(FProfiles);
-  line->addWidget(FConnection, 1);
+  line->addWidget(FConnection);
+  line->addStretch();
   line->addWidget(FButton);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(Margin, Margin, Margin, 0);

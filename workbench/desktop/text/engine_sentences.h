@@ -10,5 +10,8 @@ std::span<const char* const> ExplainSentences();
 std::span<const char* const> DeploySentences();
 std::span<const char* const> RemoteSentences();
 std::span<const char* const> MachineSentences();
+std::span<const char* const> DocumentSentences();
+std::span<const char* const> ProjectSentences();
+std::span<const char* const> BuildSentences();
 
 } // namespace workbench

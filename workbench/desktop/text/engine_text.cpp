@@ -58,7 +58,8 @@ TPattern PatternOf(const char* source) {
 std::vector<const char*> AllSources() {
   std::vector<const char*> sources;
   for (const auto table :
-       {ExplainSentences(), DeploySentences(), RemoteSentences(), MachineSentences()})
+       {ExplainSentences(), DeploySentences(), RemoteSentences(), MachineSentences(),
+        DocumentSentences(), ProjectSentences(), BuildSentences()})
     sources.insert(sources.end(), table.begin(), table.end());
   return sources;
 }

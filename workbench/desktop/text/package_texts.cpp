@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <array>
 #include <string>
+#include <vector>
 
 namespace workbench {
 namespace {
@@ -73,15 +74,14 @@ constexpr std::array Questions{
 
 constexpr QLatin1String Name("%s");
 
-// The names that a question has in it; none when the text is another one.
-QStringList NamesIn(const QString& text, const QString& question) {
+// A question as a pattern, with a group for each name.
+QRegularExpression PatternOf(const QString& question) {
   QStringList pieces = question.split(Name);
   for (QString& piece : pieces)
     piece = QRegularExpression::escape(piece);
-  const QRegularExpression pattern(
+  return QRegularExpression(
       QRegularExpression::anchoredPattern(pieces.join(QStringLiteral("(.*)"))),
       QRegularExpression::DotMatchesEverythingOption);
-  return pattern.match(text).capturedTexts().mid(1);
 }
 
 // One after the other, so that a name which looks like a place for a name is left alone.
@@ -95,14 +95,25 @@ QString WithNames(const QString& question, const QStringList& names) {
 
 } // namespace
 
+// Cells of lists ask for each text that is painted, and no cell is a question.
 QString PackageText(std::string_view text) {
-  const QString plain = ToQString(text);
-  for (const char* question : Questions) {
-    const QStringList names = NamesIn(plain, QString::fromUtf8(question));
-    if (!names.isEmpty())
-      return WithNames(QCoreApplication::translate(Context, question), names);
+  const std::string plain(text);
+  if (!text.ends_with('?'))
+    return QCoreApplication::translate(Context, plain.c_str());
+  static const std::vector<QRegularExpression> patterns = [] {
+    std::vector<QRegularExpression> made;
+    made.reserve(Questions.size());
+    for (const char* question : Questions)
+      made.push_back(PatternOf(QString::fromUtf8(question)));
+    return made;
+  }();
+  for (std::size_t i = 0; i < patterns.size(); ++i) {
+    const QRegularExpressionMatch match = patterns[i].match(ToQString(text));
+    if (match.hasMatch())
+      return WithNames(QCoreApplication::translate(Context, Questions[i]),
+                       match.capturedTexts().mid(1));
   }
-  return QCoreApplication::translate(Context, std::string(text).c_str());
+  return QCoreApplication::translate(Context, plain.c_str());
 }
 
 } // namespace workbench

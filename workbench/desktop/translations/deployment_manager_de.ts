@@ -1855,6 +1855,1098 @@ Sehen Sie nach, ob der Rechner läuft und von hier erreichbar ist und ob das Pro
         <source>Stale file handle</source>
         <translation>die Datei ist nicht mehr dieselbe</translation>
     </message>
+    <message>
+        <source>it should be %1, but is %2</source>
+        <translation>es sollte %1 sein, ist aber %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be %2, but is %3</source>
+        <translation>„%1“ sollte %2 sein, ist aber %3</translation>
+    </message>
+    <message>
+        <source>an object with the member &quot;%1&quot;</source>
+        <translation>ein Objekt mit dem Mitglied „%1“</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>ein Objekt</translation>
+    </message>
+    <message>
+        <source>a list of texts</source>
+        <translation>eine Liste von Texten</translation>
+    </message>
+    <message>
+        <source>true or false</source>
+        <translation>true oder false</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>ein Text</translation>
+    </message>
+    <message>
+        <source>a list</source>
+        <translation>eine Liste</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 to %2</source>
+        <translation>eine ganze Zahl von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>there is no member &quot;%1&quot;</source>
+        <translation>das Mitglied „%1“ fehlt</translation>
+    </message>
+    <message>
+        <source>a number is beyond all ranges at byte %1</source>
+        <translation>eine Zahl liegt außerhalb aller Bereiche, bei Byte %1</translation>
+    </message>
+    <message>
+        <source>it is no JSON at byte %1</source>
+        <translation>bei Byte %1 ist es kein JSON</translation>
+    </message>
+    <message>
+        <source>it is nested deeper than %1 levels</source>
+        <translation>es ist tiefer als %1 Ebenen verschachtelt</translation>
+    </message>
+    <message>
+        <source>the %1 file cannot be read: %2</source>
+        <translation>die Datei mit %1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>the %1 file is damaged: %2; mend it or remove it</source>
+        <translation>die Datei mit %1 ist beschädigt: %2; reparieren oder entfernen Sie sie</translation>
+    </message>
+    <message>
+        <source>the %1 would hold a text that is not UTF-8 and cannot be kept</source>
+        <translation>%1 enthielten einen Text, der kein UTF-8 ist und nicht gespeichert werden kann</translation>
+    </message>
+    <message>
+        <source>the %1 were not written: neither XDG_CONFIG_HOME nor HOME names a directory; no file was made</source>
+        <translation>%1 wurden nicht geschrieben: weder XDG_CONFIG_HOME noch HOME nennt ein Verzeichnis; es wurde keine Datei angelegt</translation>
+    </message>
+    <message>
+        <source>%1 was not written: its directory cannot be made: %2; no file was made</source>
+        <translation>%1 wurde nicht geschrieben: das Verzeichnis dafür kann nicht angelegt werden: %2; es wurde keine Datei angelegt</translation>
+    </message>
+    <message>
+        <source>settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>profiles</source>
+        <translation>Profile</translation>
+    </message>
+    <message>
+        <source>the setting &quot;%1&quot; is damaged: %2; &quot;settings unset&quot; removes it</source>
+        <translation>die Einstellung „%1“ ist beschädigt: %2; „settings unset“ entfernt sie</translation>
+    </message>
+    <message>
+        <source>there is no platform &quot;%1&quot;</source>
+        <translation>es gibt keine Plattform „%1“</translation>
+    </message>
+    <message>
+        <source>there is no setting &quot;%1&quot;</source>
+        <translation>es gibt keine Einstellung „%1“</translation>
+    </message>
+    <message>
+        <source>there is no platform &quot;%1&quot; for the setting &quot;%2&quot;</source>
+        <translation>es gibt keine Plattform „%1“ für die Einstellung „%2“</translation>
+    </message>
+    <message>
+        <source>the setting &quot;%1&quot; is true or false, not &quot;%2&quot;</source>
+        <translation>die Einstellung „%1“ ist true oder false, nicht „%2“</translation>
+    </message>
+    <message>
+        <source>the setting &quot;%1&quot; is a whole number, not &quot;%2&quot;</source>
+        <translation>die Einstellung „%1“ ist eine ganze Zahl, nicht „%2“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither a text nor a list of texts</source>
+        <translation>„%1“ ist weder ein Text noch eine Liste von Texten</translation>
+    </message>
+    <message>
+        <source>the name of a setting is empty</source>
+        <translation>der Name einer Einstellung ist leer</translation>
+    </message>
+    <message>
+        <source>the name of a setting has a control character</source>
+        <translation>der Name einer Einstellung enthält ein Steuerzeichen</translation>
+    </message>
+    <message>
+        <source>the setting &quot;%1&quot; is a history, which grows by what is entered</source>
+        <translation>die Einstellung „%1“ ist ein Verlauf, der durch Eingaben wächst</translation>
+    </message>
+    <message>
+        <source>the setting &quot;%1&quot; is &quot;%2&quot;, which is neither true nor false; it counts as %3</source>
+        <translation>die Einstellung „%1“ ist „%2“, also weder wahr noch falsch; sie gilt als %3</translation>
+    </message>
+    <message>
+        <source>%1 (the file declares &quot;%2&quot;)</source>
+        <translation>%1 (die Datei nennt „%2“)</translation>
+    </message>
+    <message>
+        <source>half of a character (a surrogate without its other one)</source>
+        <translation>ein halbes Zeichen (ein Surrogat ohne sein Gegenstück)</translation>
+    </message>
+    <message>
+        <source>the prefix of &quot;%1&quot; is not declared</source>
+        <translation>das Präfix von „%1“ ist nicht erklärt</translation>
+    </message>
+    <message>
+        <source>a document type declaration (DOCTYPE) is not allowed in such a file</source>
+        <translation>eine Dokumenttyp-Deklaration (DOCTYPE) ist in einer solchen Datei nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>the file is larger than %1 bytes</source>
+        <translation>die Datei ist größer als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>the text &quot;%1&quot; holds characters that an XML file cannot hold</source>
+        <translation>der Text „%1“ enthält Zeichen, die in einer XML-Datei nicht vorkommen dürfen</translation>
+    </message>
+    <message>
+        <source>elements are nested deeper than %1 levels</source>
+        <translation>Elemente sind tiefer als %1 Ebenen verschachtelt</translation>
+    </message>
+    <message>
+        <source>an element&apos;s name is longer than %1 bytes</source>
+        <translation>der Name eines Elements ist länger als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>element &quot;%1&quot; has more than %2 attributes</source>
+        <translation>das Element „%1“ hat mehr als %2 Attribute</translation>
+    </message>
+    <message>
+        <source>an attribute&apos;s name is longer than %1 bytes</source>
+        <translation>der Name eines Attributs ist länger als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>attribute &quot;%1&quot; is longer than %2 bytes</source>
+        <translation>das Attribut „%1“ ist länger als %2 Bytes</translation>
+    </message>
+    <message>
+        <source>syntax error</source>
+        <translation>Syntaxfehler</translation>
+    </message>
+    <message>
+        <source>partial character</source>
+        <translation>unvollständiges Zeichen</translation>
+    </message>
+    <message>
+        <source>duplicate attribute</source>
+        <translation>ein Attribut kommt zweimal vor</translation>
+    </message>
+    <message>
+        <source>undefined entity</source>
+        <translation>unbekannte Entität</translation>
+    </message>
+    <message>
+        <source>reference to invalid character number</source>
+        <translation>Verweis auf ein ungültiges Zeichen</translation>
+    </message>
+    <message>
+        <source>XML or text declaration not at start of entity</source>
+        <translation>die XML-Deklaration steht nicht am Anfang</translation>
+    </message>
+    <message>
+        <source>XML declaration not well-formed</source>
+        <translation>die XML-Deklaration ist nicht wohlgeformt</translation>
+    </message>
+    <message>
+        <source>unknown encoding</source>
+        <translation>unbekannte Kodierung</translation>
+    </message>
+    <message>
+        <source>encoding specified in XML declaration is incorrect</source>
+        <translation>die Kodierung der XML-Deklaration stimmt nicht</translation>
+    </message>
+    <message>
+        <source>unclosed CDATA section</source>
+        <translation>ein CDATA-Abschnitt ist nicht abgeschlossen</translation>
+    </message>
+    <message>
+        <source>unbound prefix</source>
+        <translation>ein Präfix ist nicht erklärt</translation>
+    </message>
+    <message>
+        <source>out of memory</source>
+        <translation>der Speicher reicht nicht</translation>
+    </message>
+    <message>
+        <source>element &quot;%1&quot;: its text is &quot;%2&quot;, which is not %3</source>
+        <translation>Element „%1“: der Text ist „%2“, also nicht %3</translation>
+    </message>
+    <message>
+        <source>element &quot;%1&quot;: attribute &quot;%2&quot; is &quot;%3&quot;, which is not %4</source>
+        <translation>Element „%1“: das Attribut „%2“ ist „%3“, also nicht %4</translation>
+    </message>
+    <message>
+        <source>element &quot;%1&quot; lacks the required attribute &quot;%2&quot;</source>
+        <translation>dem Element „%1“ fehlt das erforderliche Attribut „%2“</translation>
+    </message>
+    <message>
+        <source>a Boolean (true or false)</source>
+        <translation>ein Wahrheitswert (true oder false)</translation>
+    </message>
+    <message>
+        <source>an integer</source>
+        <translation>eine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>element &quot;%1&quot;: its text is &quot;%2&quot;, which is not an operation (0 to %3)</source>
+        <translation>Element „%1“: der Text ist „%2“, also keine Operation (0 bis %3)</translation>
+    </message>
+    <message>
+        <source>the list is of version %1, and this program knows version %2: what is new in it is not kept when the project is saved</source>
+        <translation>die Liste hat die Version %1, und dieses Programm kennt die Version %2: was darin neu ist, geht beim Speichern des Projekts verloren</translation>
+    </message>
+    <message>
+        <source>the text in &quot;%1&quot; is not kept when the project is saved</source>
+        <translation>der Text in „%1“ geht beim Speichern des Projekts verloren</translation>
+    </message>
+    <message>
+        <source>unknown element &quot;%1&quot; in &quot;%2&quot; is not kept when the project is saved</source>
+        <translation>das unbekannte Element „%1“ in „%2“ geht beim Speichern des Projekts verloren</translation>
+    </message>
+    <message>
+        <source>unknown attribute &quot;%1&quot; of &quot;%2&quot; is not kept when the project is saved</source>
+        <translation>das unbekannte Attribut „%1“ von „%2“ geht beim Speichern des Projekts verloren</translation>
+    </message>
+    <message>
+        <source>the record of an entry for &quot;%1&quot; is not kept when the project is saved</source>
+        <translation>die Angaben eines Eintrags für „%1“ gehen beim Speichern des Projekts verloren</translation>
+    </message>
+    <message>
+        <source>one of several elements &quot;%1&quot; in one &quot;%2&quot; is not kept when the project is saved</source>
+        <translation>eines von mehreren Elementen „%1“ in einem „%2“ geht beim Speichern des Projekts verloren</translation>
+    </message>
+    <message>
+        <source>%1 file entries have the same configuration, platform and name as a later one, which counts; the earlier ones are not kept when the project is saved</source>
+        <translation>%1 Einträge haben Konfiguration, Plattform und Namen eines späteren, der zählt; die früheren gehen beim Speichern des Projekts verloren</translation>
+    </message>
+    <message>
+        <source>%1 more unknown elements and attributes are not kept when the project is saved</source>
+        <translation>%1 weitere unbekannte Elemente und Attribute gehen beim Speichern des Projekts verloren</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: its remote directory &quot;%2&quot; on &quot;%3&quot; goes above the root of the target</source>
+        <translation>„%1“: das Zielverzeichnis „%2“ auf „%3“ liegt oberhalb des Wurzelverzeichnisses des Ziels</translation>
+    </message>
+    <message>
+        <source>the entry was not made by a deployment</source>
+        <translation>der Eintrag stammt aus keiner Verteilung</translation>
+    </message>
+    <message>
+        <source>the entry belongs to another deployment</source>
+        <translation>der Eintrag gehört zu einer anderen Verteilung</translation>
+    </message>
+    <message>
+        <source>no optional files are offered: %1</source>
+        <translation>es werden keine optionalen Dateien angeboten: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is the output for iOSDevice32 and for iOSDevice64; without a directory for each platform no 32-bit program can go beside the 64-bit one (%2)</source>
+        <translation>„%1“ ist die Ausgabe für iOSDevice32 und für iOSDevice64; ohne ein Verzeichnis je Plattform kann kein 32-Bit-Programm neben dem mit 64 Bit stehen (%2)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; and &quot;%2&quot; differ in case only; they have one entry, which is that of &quot;%3&quot;</source>
+        <translation>„%1“ und „%2“ unterscheiden sich nur in Groß- und Kleinschreibung; sie haben einen Eintrag, den von „%3“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has two roles for %2: &quot;%3&quot; and &quot;%4&quot;; one file has one entry, which is that of &quot;%5&quot;</source>
+        <translation>„%1“ hat zwei Rollen für %2: „%3“ und „%4“; eine Datei hat einen Eintrag, den von „%5“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has two roles for %2: &quot;%3&quot; and &quot;%4&quot;; one file has one entry, which is that of &quot;%5&quot;, with the values of a new one</source>
+        <translation>„%1“ hat zwei Rollen für %2: „%3“ und „%4“; eine Datei hat einen Eintrag, den von „%5“, mit den Werten eines neuen</translation>
+    </message>
+    <message>
+        <source>the element &quot;%1&quot; holds elements where a text is wanted</source>
+        <translation>das Element „%1“ enthält Elemente statt eines Textes</translation>
+    </message>
+    <message>
+        <source>the platform &quot;%1&quot; of the file &quot;%2&quot; holds no &quot;RemoteDir&quot;</source>
+        <translation>die Plattform „%1“ der Datei „%2“ enthält kein „RemoteDir“</translation>
+    </message>
+    <message>
+        <source>the file &quot;%1&quot; has two &quot;RemoteDir&quot; for &quot;%2&quot;</source>
+        <translation>die Datei „%1“ hat zwei „RemoteDir“ für „%2“</translation>
+    </message>
+    <message>
+        <source>the feature class &quot;%1&quot; stands twice</source>
+        <translation>die Klasse „%1“ kommt zweimal vor</translation>
+    </message>
+    <message>
+        <source>the name of a file is empty</source>
+        <translation>der Name einer Datei ist leer</translation>
+    </message>
+    <message>
+        <source>the file name &quot;%1&quot; holds characters that a project cannot hold</source>
+        <translation>der Dateiname „%1“ enthält Zeichen, die ein Projekt nicht speichern kann</translation>
+    </message>
+    <message>
+        <source>the path holds a &quot;\&quot;, which this program takes for a path delimiter</source>
+        <translation>der Pfad enthält einen „\“, den dieses Programm für ein Trennzeichen hält</translation>
+    </message>
+    <message>
+        <source>the project carries no deployment</source>
+        <translation>das Projekt enthält keine Verteilung</translation>
+    </message>
+    <message>
+        <source>the package is of an older version, which does not tell its number; it does not go with %1</source>
+        <translation>das Paket ist von einer älteren Version, die ihre Nummer nicht nennt; es passt nicht zu %1</translation>
+    </message>
+    <message>
+        <source>the package of %1 does not go with %2</source>
+        <translation>das Paket von %1 passt nicht zu %2</translation>
+    </message>
+    <message>
+        <source>%1 of this program</source>
+        <translation>%1 dieses Programms</translation>
+    </message>
+    <message>
+        <source>the package cannot be loaded: %1</source>
+        <translation>das Paket kann nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>the module is no deployment package: %1</source>
+        <translation>das Modul ist kein Verteilungspaket: %1</translation>
+    </message>
+    <message>
+        <source>the package did not come to life</source>
+        <translation>das Paket ließ sich nicht starten</translation>
+    </message>
+    <message>
+        <source>the package could not be started: %1</source>
+        <translation>das Paket konnte nicht gestartet werden: %1</translation>
+    </message>
+    <message>
+        <source>the package offers no Deployment Manager</source>
+        <translation>das Paket bietet keinen Deployment Manager</translation>
+    </message>
+    <message>
+        <source>the package shows no Deployment Manager for it</source>
+        <translation>das Paket zeigt dafür keinen Deployment Manager</translation>
+    </message>
+    <message>
+        <source>the build&apos;s configuration &quot;%1&quot; holds characters that a project cannot hold there</source>
+        <translation>die Konfiguration „%1“ des Builds enthält Zeichen, die ein Projekt dort nicht speichern kann</translation>
+    </message>
+    <message>
+        <source>platform table</source>
+        <translation>Plattformtabelle</translation>
+    </message>
+    <message>
+        <source>imported project file</source>
+        <translation>importierte Projektdatei</translation>
+    </message>
+    <message>
+        <source>MSBuild template</source>
+        <translation>MSBuild-Vorlage</translation>
+    </message>
+    <message>
+        <source>side file</source>
+        <translation>Begleitdatei</translation>
+    </message>
+    <message>
+        <source>recovery journal</source>
+        <translation>Wiederherstellungsprotokoll</translation>
+    </message>
+    <message>
+        <source>the project is shown already, as %1</source>
+        <translation>das Projekt wird bereits gezeigt, als %1</translation>
+    </message>
+    <message>
+        <source>is no project that this program knows</source>
+        <translation>ist kein Projekt, das dieses Programm kennt</translation>
+    </message>
+    <message>
+        <source>it is made from a project by each save; open the project</source>
+        <translation>sie entsteht bei jedem Speichern aus einem Projekt; öffnen Sie das Projekt</translation>
+    </message>
+    <message>
+        <source>the solution names %1 as a project, which is a solution itself</source>
+        <translation>die Projektmappe nennt %1 als Projekt, das selbst eine Projektmappe ist</translation>
+    </message>
+    <message>
+        <source>the solution names a project that is not there: %1</source>
+        <translation>die Projektmappe nennt ein Projekt, das nicht da ist: %1</translation>
+    </message>
+    <message>
+        <source>the recovery journal is of another project, %1</source>
+        <translation>das Wiederherstellungsprotokoll gehört zu einem anderen Projekt, %1</translation>
+    </message>
+    <message>
+        <source>the recovery journal cannot be removed: %1</source>
+        <translation>das Wiederherstellungsprotokoll kann nicht entfernt werden: %1</translation>
+    </message>
+    <message>
+        <source>it was written by another version of this program (format %1)</source>
+        <translation>es wurde von einer anderen Version dieses Programms geschrieben (Format %1)</translation>
+    </message>
+    <message>
+        <source>it is no recovery journal</source>
+        <translation>es ist kein Wiederherstellungsprotokoll</translation>
+    </message>
+    <message>
+        <source>making the file</source>
+        <translation>Anlegen der Datei</translation>
+    </message>
+    <message>
+        <source>locking the file</source>
+        <translation>Sperren der Datei</translation>
+    </message>
+    <message>
+        <source>looking at the file</source>
+        <translation>Ansehen der Datei</translation>
+    </message>
+    <message>
+        <source>it would be too large; a save starts a new one</source>
+        <translation>es würde zu groß; Speichern beginnt ein neues</translation>
+    </message>
+    <message>
+        <source>there is no such %1: the installation is not complete; --root or the variable ZELK names another one</source>
+        <translation>%1 fehlt: die Installation ist unvollständig; --root oder die Variable ZELK nennt eine andere</translation>
+    </message>
+    <message>
+        <source>the profile &quot;%1&quot; is of another host</source>
+        <translation>das Profil „%1“ gehört zu einem anderen Programm</translation>
+    </message>
+    <message>
+        <source>attribute &quot;%1&quot; is empty</source>
+        <translation>das Attribut „%1“ ist leer</translation>
+    </message>
+    <message>
+        <source>attribute &quot;%1&quot; is &quot;%2&quot;, which leaves the project&apos;s directory on the target</source>
+        <translation>das Attribut „%1“ ist „%2“, was das Verzeichnis des Projekts auf dem Ziel verlässt</translation>
+    </message>
+    <message>
+        <source>attribute &quot;%1&quot; is &quot;%2&quot;, known is &quot;%3&quot;</source>
+        <translation>das Attribut „%1“ ist „%2“, bekannt ist „%3“</translation>
+    </message>
+    <message>
+        <source>the platform &quot;%1&quot; has the output kind &quot;%2&quot; twice</source>
+        <translation>die Plattform „%1“ hat die Ausgabeart „%2“ zweimal</translation>
+    </message>
+    <message>
+        <source>the platform &quot;%1&quot; has the personality &quot;%2&quot; twice</source>
+        <translation>die Plattform „%1“ hat die Personality „%2“ zweimal</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; stands for every platform and cannot name one</source>
+        <translation>„%1“ steht für alle Plattformen und kann keine einzelne benennen</translation>
+    </message>
+    <message>
+        <source>a platform has no such element</source>
+        <translation>eine Plattform hat kein solches Element</translation>
+    </message>
+    <message>
+        <source>the root of a platform table is &quot;Platforms&quot;</source>
+        <translation>die Wurzel einer Plattformtabelle heißt „Platforms“</translation>
+    </message>
+    <message>
+        <source>a platform table has no such element</source>
+        <translation>eine Plattformtabelle hat kein solches Element</translation>
+    </message>
+    <message>
+        <source>the platform &quot;%1&quot; stands in the table twice</source>
+        <translation>die Plattform „%1“ steht zweimal in der Tabelle</translation>
+    </message>
+    <message>
+        <source>the table has no platform</source>
+        <translation>die Tabelle hat keine Plattform</translation>
+    </message>
+    <message>
+        <source>the root element is &quot;%1&quot;, which is no MSBuild project</source>
+        <translation>das Wurzelelement ist „%1“, also kein MSBuild-Projekt</translation>
+    </message>
+    <message>
+        <source>the project holds a second section &quot;%1&quot;; the first one stands in line %2</source>
+        <translation>das Projekt enthält einen zweiten Abschnitt „%1“; der erste steht in Zeile %2</translation>
+    </message>
+    <message>
+        <source>the project has no group of items with the label &quot;%1&quot;</source>
+        <translation>das Projekt hat keine Gruppe von Elementen mit dem Label „%1“</translation>
+    </message>
+    <message>
+        <source>the item &quot;%1&quot; stands for several platforms; give &quot;%2&quot; an item of its own first</source>
+        <translation>das Element „%1“ steht für mehrere Plattformen; geben Sie „%2“ zuerst ein eigenes</translation>
+    </message>
+    <message>
+        <source>the project file has no item &quot;%1&quot; of its own for &quot;%2&quot;</source>
+        <translation>die Projektdatei hat kein eigenes Element „%1“ für „%2“</translation>
+    </message>
+    <message>
+        <source>the parent &quot;%1&quot; of the configuration &quot;%2&quot; is not in the project; it inherits from &quot;%3&quot;</source>
+        <translation>die Konfiguration „%1“, von der „%2“ erbt, fehlt im Projekt; sie erbt von „%3“</translation>
+    </message>
+    <message>
+        <source>the parent &quot;%1&quot; of the configuration &quot;%2&quot; inherits from it in turn; it inherits from &quot;%3&quot;</source>
+        <translation>die Konfiguration „%1“, von der „%2“ erbt, erbt selbst von ihr; sie erbt von „%3“</translation>
+    </message>
+    <message>
+        <source>nothing here says it</source>
+        <translation>nichts hier sagt es</translation>
+    </message>
+    <message>
+        <source>it is not set</source>
+        <translation>nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>the build or the environment sets it</source>
+        <translation>der Build oder die Umgebung setzt es</translation>
+    </message>
+    <message>
+        <source>the build system sets it</source>
+        <translation>das Buildsystem setzt sie</translation>
+    </message>
+    <message>
+        <source>the property &quot;%1&quot; is &quot;%2&quot;, which is not %3</source>
+        <translation>die Eigenschaft „%1“ ist „%2“, also nicht %3</translation>
+    </message>
+    <message>
+        <source>the item &quot;%1&quot; of &quot;%2&quot; was left out: %3</source>
+        <translation>das Element „%1“ von „%2“ wurde ausgelassen: %3</translation>
+    </message>
+    <message>
+        <source>what a build of %1, %2 makes is not known: %3</source>
+        <translation>was ein Build von %1, %2 erzeugt, ist nicht bekannt: %3</translation>
+    </message>
+    <message>
+        <source>the solution %1</source>
+        <translation>die Projektmappe %1</translation>
+    </message>
+    <message>
+        <source>given on the command line</source>
+        <translation>auf der Befehlszeile angegeben</translation>
+    </message>
+    <message>
+        <source>the target</source>
+        <translation>das Ziel</translation>
+    </message>
+    <message>
+        <source>a build of %1, %2 %3: there is nothing to deploy</source>
+        <translation>ein Build von %1, %2 %3: es gibt nichts zu verteilen</translation>
+    </message>
+    <message>
+        <source>it is not known what a build of %1, %2 makes</source>
+        <translation>es ist nicht bekannt, was ein Build von %1, %2 erzeugt</translation>
+    </message>
+    <message>
+        <source>makes a static library, which other builds link</source>
+        <translation>erzeugt eine statische Bibliothek, die andere Builds einbinden</translation>
+    </message>
+    <message>
+        <source>is a utility, which makes no program or library</source>
+        <translation>ist ein Hilfsprojekt, das weder Programm noch Bibliothek erzeugt</translation>
+    </message>
+    <message>
+        <source>is of the type &quot;%1&quot;, which makes no known kind of file</source>
+        <translation>ist von der Art „%1“, die keine bekannte Datei erzeugt</translation>
+    </message>
+    <message>
+        <source>runs commands and names no output (NMakeOutput)</source>
+        <translation>führt Befehle aus und nennt keine Ausgabe (NMakeOutput)</translation>
+    </message>
+    <message>
+        <source>several solutions name the project: &quot;%1&quot; is taken, and not &quot;%2&quot;</source>
+        <translation>mehrere Projektmappen nennen das Projekt: „%1“ wird genommen, nicht „%2“</translation>
+    </message>
+    <message>
+        <source>the project has no configuration &quot;%1&quot;, which its property &quot;Config&quot; names</source>
+        <translation>das Projekt hat keine Konfiguration „%1“, die seine Eigenschaft „Config“ nennt</translation>
+    </message>
+    <message>
+        <source>the project that is referred to cannot be read: %1</source>
+        <translation>das Projekt, auf das verwiesen wird, kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>it is not a file of this machine</source>
+        <translation>es ist keine Datei dieses Rechners</translation>
+    </message>
+    <message>
+        <source>the references go too far</source>
+        <translation>die Verweise gehen zu weit</translation>
+    </message>
+    <message>
+        <source>it is not known which of its targets is built with %1, %2</source>
+        <translation>es ist nicht bekannt, welches seiner Ziele mit %1, %2 gebaut wird</translation>
+    </message>
+    <message>
+        <source>nothing of the project &quot;%1&quot; is deployed with this one: %2</source>
+        <translation>aus dem Projekt „%1“ wird mit diesem nichts verteilt: %2</translation>
+    </message>
+    <message>
+        <source>the file is empty, so it is no solution</source>
+        <translation>die Datei ist leer, also keine Projektmappe</translation>
+    </message>
+    <message>
+        <source>this is no solution: &quot;%1&quot; stands where the format is named</source>
+        <translation>dies ist keine Projektmappe: „%1“ steht, wo das Format genannt wird</translation>
+    </message>
+    <message>
+        <source>a quote of the project is not closed</source>
+        <translation>ein Anführungszeichen des Projekts ist nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>the project lacks its type, name, path or id</source>
+        <translation>dem Projekt fehlen Art, Name, Pfad oder Kennung</translation>
+    </message>
+    <message>
+        <source>the solution names more than %1 projects</source>
+        <translation>die Projektmappe nennt mehr als %1 Projekte</translation>
+    </message>
+    <message>
+        <source>projects wait for each other in a ring: %1</source>
+        <translation>Projekte warten im Kreis aufeinander: %1</translation>
+    </message>
+    <message>
+        <source>folders lie in each other in a ring: %1</source>
+        <translation>Ordner liegen im Kreis ineinander: %1</translation>
+    </message>
+    <message>
+        <source>the wildcard &quot;%1&quot; stands for more than %2 files and directories</source>
+        <translation>der Platzhalter „%1“ steht für mehr als %2 Dateien und Verzeichnisse</translation>
+    </message>
+    <message>
+        <source>the wildcard &quot;%1&quot; is one too many: holding the wildcards of the project against the files takes too long</source>
+        <translation>der Platzhalter „%1“ ist einer zu viel: der Vergleich der Platzhalter des Projekts mit den Dateien dauert zu lange</translation>
+    </message>
+    <message>
+        <source>the value of &quot;%1&quot; grows too long</source>
+        <translation>der Wert von „%1“ wird zu lang</translation>
+    </message>
+    <message>
+        <source>the condition &quot;%1&quot; is not valid: at character %2, %3</source>
+        <translation>die Bedingung „%1“ ist ungültig: bei Zeichen %2, %3</translation>
+    </message>
+    <message>
+        <source>the condition is complete before this</source>
+        <translation>die Bedingung ist davor schon vollständig</translation>
+    </message>
+    <message>
+        <source>a &quot;)&quot; is missing</source>
+        <translation>eine „)“ fehlt</translation>
+    </message>
+    <message>
+        <source>there is no function &quot;%1&quot;</source>
+        <translation>es gibt keine Funktion „%1“</translation>
+    </message>
+    <message>
+        <source>a value is missing</source>
+        <translation>ein Wert fehlt</translation>
+    </message>
+    <message>
+        <source>the condition &quot;%1&quot; is nested deeper than %2 levels</source>
+        <translation>die Bedingung „%1“ ist tiefer als %2 Ebenen verschachtelt</translation>
+    </message>
+    <message>
+        <source>the condition &quot;%1&quot; asks for a Boolean where the value is &quot;%2&quot;</source>
+        <translation>die Bedingung „%1“ verlangt einen Wahrheitswert, der Wert ist aber „%2“</translation>
+    </message>
+    <message>
+        <source>the condition &quot;%1&quot; asks for a number where the value is &quot;%2&quot;</source>
+        <translation>die Bedingung „%1“ verlangt eine Zahl, der Wert ist aber „%2“</translation>
+    </message>
+    <message>
+        <source>the condition &quot;%1&quot; is longer than %2 bytes</source>
+        <translation>die Bedingung „%1“ ist länger als %2 Bytes</translation>
+    </message>
+    <message>
+        <source>a &quot;$(&quot; is not closed</source>
+        <translation>ein „$(“ ist nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>a quote is not closed</source>
+        <translation>ein Anführungszeichen ist nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>a &quot;(&quot; is missing behind &quot;$&quot;</source>
+        <translation>hinter „$“ fehlt eine „(“</translation>
+    </message>
+    <message>
+        <source>&quot;=&quot; alone does not compare, &quot;==&quot; does</source>
+        <translation>„=“ allein vergleicht nicht, „==“ schon</translation>
+    </message>
+    <message>
+        <source>this character has no meaning here</source>
+        <translation>dieses Zeichen hat hier keine Bedeutung</translation>
+    </message>
+    <message>
+        <source>the property &quot;%1&quot; has no known value: %2</source>
+        <translation>die Eigenschaft „%1“ hat keinen bekannten Wert: %2</translation>
+    </message>
+    <message>
+        <source>the property &quot;%1&quot; is not known here: %2</source>
+        <translation>die Eigenschaft „%1“ ist hier nicht bekannt: %2</translation>
+    </message>
+    <message>
+        <source>the property &quot;%1&quot; cannot be assigned; the build itself sets it</source>
+        <translation>die Eigenschaft „%1“ kann nicht zugewiesen werden; der Build selbst setzt sie</translation>
+    </message>
+    <message>
+        <source>&quot;Choose&quot; is nested deeper than %1 levels</source>
+        <translation>„Choose“ ist tiefer als %1 Ebenen verschachtelt</translation>
+    </message>
+    <message>
+        <source>the condition of &quot;%1&quot; is not known: %2</source>
+        <translation>die Bedingung von „%1“ ist nicht bekannt: %2</translation>
+    </message>
+    <message>
+        <source>an import from an SDK was skipped</source>
+        <translation>ein Import aus einem SDK wurde übersprungen</translation>
+    </message>
+    <message>
+        <source>the import &quot;%1&quot; was skipped: %2</source>
+        <translation>der Import „%1“ wurde übersprungen: %2</translation>
+    </message>
+    <message>
+        <source>the import &quot;%1&quot; was skipped: it %2</source>
+        <translation>der Import „%1“ wurde übersprungen: er %2</translation>
+    </message>
+    <message>
+        <source>the import &quot;%1&quot; was skipped: it is part of the project already</source>
+        <translation>der Import „%1“ wurde übersprungen: er gehört schon zum Projekt</translation>
+    </message>
+    <message>
+        <source>the import &quot;%1&quot; was skipped: it is not a file of this machine</source>
+        <translation>der Import „%1“ wurde übersprungen: er ist keine Datei dieses Rechners</translation>
+    </message>
+    <message>
+        <source>the import &quot;%1&quot; was skipped: it is no file</source>
+        <translation>der Import „%1“ wurde übersprungen: er ist keine Datei</translation>
+    </message>
+    <message>
+        <source>the import &quot;%1&quot; was skipped: there is no such file</source>
+        <translation>der Import „%1“ wurde übersprungen: es gibt keine solche Datei</translation>
+    </message>
+    <message>
+        <source>the import &quot;%1&quot; was skipped: in line %2, %3</source>
+        <translation>der Import „%1“ wurde übersprungen: in Zeile %2, %3</translation>
+    </message>
+    <message>
+        <source>the import &quot;%1&quot; is no file</source>
+        <translation>der Import „%1“ ist keine Datei</translation>
+    </message>
+    <message>
+        <source>the import &quot;%1&quot; has %2 bytes; at most %3 are read</source>
+        <translation>der Import „%1“ hat %2 Bytes; höchstens %3 werden gelesen</translation>
+    </message>
+    <message>
+        <source>the import &quot;%1&quot; is nested deeper than %2 levels</source>
+        <translation>der Import „%1“ ist tiefer als %2 Ebenen verschachtelt</translation>
+    </message>
+    <message>
+        <source>the project imports more than %1 files</source>
+        <translation>das Projekt importiert mehr als %1 Dateien</translation>
+    </message>
+    <message>
+        <source>the item &quot;%1&quot; lacks the attribute &quot;Include&quot;</source>
+        <translation>dem Element „%1“ fehlt das Attribut „Include“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; of the item &quot;%2&quot; was left out: it %3</source>
+        <translation>„%1“ des Elements „%2“ wurde ausgelassen: es %3</translation>
+    </message>
+    <message>
+        <source>holds a list inside a name</source>
+        <translation>enthält eine Liste in einem Namen</translation>
+    </message>
+    <message>
+        <source>looks for files outside the project&apos;s directory</source>
+        <translation>sucht Dateien außerhalb des Projektverzeichnisses</translation>
+    </message>
+    <message>
+        <source>is longer than any path</source>
+        <translation>ist länger als jeder Pfad</translation>
+    </message>
+    <message>
+        <source>looks for files that are not on this machine</source>
+        <translation>sucht Dateien, die nicht auf diesem Rechner sind</translation>
+    </message>
+    <message>
+        <source>walks through everything above the project&apos;s directory</source>
+        <translation>geht durch alles oberhalb des Projektverzeichnisses</translation>
+    </message>
+    <message>
+        <source>the item &quot;%1&quot; makes the lists of the project grow too long</source>
+        <translation>das Element „%1“ lässt die Listen des Projekts zu lang werden</translation>
+    </message>
+    <message>
+        <source>element &quot;%1&quot;: with its references replaced, &quot;%2&quot; grows too long</source>
+        <translation>Element „%1“: mit eingesetzten Verweisen wird „%2“ zu lang</translation>
+    </message>
+    <message>
+        <source>references are nested deeper than %1 levels</source>
+        <translation>Verweise sind tiefer als %1 Ebenen verschachtelt</translation>
+    </message>
+    <message>
+        <source>&quot;$(%1)&quot; is not understood</source>
+        <translation>„$(%1)“ wird nicht verstanden</translation>
+    </message>
+    <message>
+        <source>&quot;$(%1)&quot; asks for a registry, which is not here</source>
+        <translation>„$(%1)“ fragt nach einer Registrierung, die es hier nicht gibt</translation>
+    </message>
+    <message>
+        <source>it calls &quot;%1&quot;, which is not evaluated here</source>
+        <translation>sie ruft „%1“ auf, was hier nicht ausgewertet wird</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be carried out: %2</source>
+        <translation>„%1“ kann nicht ausgeführt werden: %2</translation>
+    </message>
+    <message>
+        <source>it does not take %1 arguments</source>
+        <translation>sie nimmt keine %1 Argumente</translation>
+    </message>
+    <message>
+        <source>the result is too long</source>
+        <translation>das Ergebnis ist zu lang</translation>
+    </message>
+    <message>
+        <source>the result is longer than %1 bytes</source>
+        <translation>das Ergebnis ist länger als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>a number is divided by zero</source>
+        <translation>eine Zahl wird durch null geteilt</translation>
+    </message>
+    <message>
+        <source>a version has no %1 parts</source>
+        <translation>eine Version hat keine %1 Teile</translation>
+    </message>
+    <message>
+        <source>a part of a version is out of range</source>
+        <translation>ein Teil einer Version ist zu groß oder zu klein</translation>
+    </message>
+    <message>
+        <source>the path is empty</source>
+        <translation>der Pfad ist leer</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no name of a file</source>
+        <translation>„%1“ ist kein Dateiname</translation>
+    </message>
+    <message>
+        <source>a position is negative</source>
+        <translation>eine Position ist negativ</translation>
+    </message>
+    <message>
+        <source>a position lies behind the end of the text</source>
+        <translation>eine Position liegt hinter dem Ende des Textes</translation>
+    </message>
+    <message>
+        <source>the text to be replaced is empty</source>
+        <translation>der zu ersetzende Text ist leer</translation>
+    </message>
+    <message>
+        <source>the width is out of range</source>
+        <translation>die Breite ist zu groß oder zu klein</translation>
+    </message>
+    <message>
+        <source>the format &quot;%1&quot; is not understood</source>
+        <translation>das Format „%1“ wird nicht verstanden</translation>
+    </message>
+    <message>
+        <source>the list has no item %1</source>
+        <translation>die Liste hat kein Element %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number</source>
+        <translation>„%1“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no whole number</source>
+        <translation>„%1“ ist keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no version</source>
+        <translation>„%1“ ist keine Version</translation>
+    </message>
+    <message>
+        <source>this is no build directory of CMake or Meson: it has neither a CMakeCache.txt nor a directory meson-info</source>
+        <translation>dies ist kein Buildverzeichnis von CMake oder Meson: es hat weder eine CMakeCache.txt noch ein Verzeichnis meson-info</translation>
+    </message>
+    <message>
+        <source>CMake has not told the install rules of this directory yet, and a dry run does not ask it</source>
+        <translation>CMake hat die Installationsregeln dieses Verzeichnisses noch nicht genannt, und ein Probelauf fragt nicht danach</translation>
+    </message>
+    <message>
+        <source>the project was not made from a build: it has no item &quot;%1&quot; with a platform</source>
+        <translation>das Projekt stammt aus keinem Build: ihm fehlt das Element „%1“ mit einer Plattform</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is installed a second time, here; the list has one entry for one file, which is that of %2</source>
+        <translation>„%1“ wird hier ein zweites Mal installiert; die Liste hat einen Eintrag je Datei, den von %2</translation>
+    </message>
+    <message>
+        <source>the build runs a script when it installs; what that does is not in the list</source>
+        <translation>der Build führt beim Installieren ein Skript aus; was das tut, steht nicht in der Liste</translation>
+    </message>
+    <message>
+        <source>a rule of the type &quot;%1&quot; makes no entry</source>
+        <translation>eine Regel der Art „%1“ ergibt keinen Eintrag</translation>
+    </message>
+    <message>
+        <source>the rule chooses files by patterns, which CMake does not tell; all files of the directory are taken</source>
+        <translation>die Regel wählt Dateien nach Mustern, die CMake nicht nennt; alle Dateien des Verzeichnisses werden genommen</translation>
+    </message>
+    <message>
+        <source>the reply of CMake cannot be read: %1</source>
+        <translation>die Antwort von CMake kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>the reply of CMake</source>
+        <translation>die Antwort von CMake</translation>
+    </message>
+    <message>
+        <source>CMake cache</source>
+        <translation>CMake-Cache</translation>
+    </message>
+    <message>
+        <source>the install plan of Meson</source>
+        <translation>der Installationsplan von Meson</translation>
+    </message>
+    <message>
+        <source>the targets of Meson</source>
+        <translation>die Ziele von Meson</translation>
+    </message>
+    <message>
+        <source>the options of Meson</source>
+        <translation>die Optionen von Meson</translation>
+    </message>
+    <message>
+        <source>the summary of Meson</source>
+        <translation>die Zusammenfassung von Meson</translation>
+    </message>
+    <message>
+        <source>the file changed after CMake ran; run &quot;cmake %1&quot; to have its rules</source>
+        <translation>die Datei wurde nach dem Lauf von CMake geändert; „cmake %1“ bringt ihre Regeln</translation>
+    </message>
+    <message>
+        <source>the question to CMake cannot be written</source>
+        <translation>die Anfrage an CMake kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>it left no reply; 3.14 is the first version that does</source>
+        <translation>er hinterließ keine Antwort; 3.14 ist die erste Version, die das tut</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;, which tells the install rules: %2</source>
+        <translation>„%1“, was die Installationsregeln nennt: %2</translation>
+    </message>
+    <message>
+        <source>CMake has left no reply there</source>
+        <translation>CMake hat dort keine Antwort hinterlassen</translation>
+    </message>
+    <message>
+        <source>%1: its root %2</source>
+        <translation>%1: die Wurzel %2</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is no object</source>
+        <translation>%1: „%2“ ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is no array</source>
+        <translation>%1: „%2“ ist kein Feld</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is no text</source>
+        <translation>%1: „%2“ ist kein Text</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is no Boolean</source>
+        <translation>%1: „%2“ ist kein Wahrheitswert</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is empty</source>
+        <translation>%1: „%2“ ist leer</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; has no member &quot;%3&quot;</source>
+        <translation>%1: „%2“ hat kein Mitglied „%3“</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; has no value of number %3</source>
+        <translation>%1: „%2“ hat keinen Wert Nummer %3</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is %3; known is %4</source>
+        <translation>%1: „%2“ ist %3; bekannt ist %4</translation>
+    </message>
+    <message>
+        <source>is no object</source>
+        <translation>ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>is no array</source>
+        <translation>ist kein Feld</translation>
+    </message>
+    <message>
+        <source>is no whole number</source>
+        <translation>ist keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>is no name of a file</source>
+        <translation>ist kein Dateiname</translation>
+    </message>
+    <message>
+        <source>has no member &quot;%1&quot;</source>
+        <translation>hat kein Mitglied „%1“</translation>
+    </message>
+    <message>
+        <source>has no rules; CMake 3.21 is the first version that tells them</source>
+        <translation>hat keine Regeln; CMake 3.21 ist die erste Version, die sie nennt</translation>
+    </message>
+    <message>
+        <source>names no code model; run &quot;cmake %1&quot;</source>
+        <translation>nennt kein Codemodell; „cmake %1“ bringt eines</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; has no rules; CMake 3.21 is the first version that tells them</source>
+        <translation>%1: „%2“ hat keine Regeln; CMake 3.21 ist die erste Version, die sie nennt</translation>
+    </message>
+    <message>
+        <source>the rule installs &quot;%1&quot;, a name that a project cannot hold</source>
+        <translation>die Regel installiert „%1“, einen Namen, den ein Projekt nicht speichern kann</translation>
+    </message>
+    <message>
+        <source>the destination &quot;%1&quot; is absolute and not below the install prefix; make it relative, or name the components to be taken and leave &quot;%2&quot; out</source>
+        <translation>das Ziel „%1“ ist absolut und liegt nicht unter dem Installationspräfix; machen Sie es relativ, oder nennen Sie die Komponenten, die genommen werden sollen, ohne „%2“</translation>
+    </message>
+    <message>
+        <source>the destination &quot;%1&quot; is absolute and not below the install prefix &quot;%2&quot;; make it relative, or name the components to be taken and leave &quot;%3&quot; out</source>
+        <translation>das Ziel „%1“ ist absolut und liegt nicht unter dem Installationspräfix „%2“; machen Sie es relativ, oder nennen Sie die Komponenten, die genommen werden sollen, ohne „%3“</translation>
+    </message>
+    <message>
+        <source>the rule installs to &quot;%1&quot;, which is above the install prefix</source>
+        <translation>die Regel installiert nach „%1“, oberhalb des Installationspräfixes</translation>
+    </message>
+    <message>
+        <source>the rule is optional and &quot;%1&quot; is not there; it is left out</source>
+        <translation>die Regel ist optional, und „%1“ fehlt; sie wird ausgelassen</translation>
+    </message>
+    <message>
+        <source>the rule installs a file as &quot;%1&quot;, which is no name of a file</source>
+        <translation>die Regel installiert eine Datei als „%1“, was kein Dateiname ist</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a link to a directory; what is behind it is left out</source>
+        <translation>„%1“ ist ein Link auf ein Verzeichnis; was dahinter liegt, wird ausgelassen</translation>
+    </message>
+    <message>
+        <source>the directory &quot;%1&quot; cannot be read: %2; its files are left out</source>
+        <translation>das Verzeichnis „%1“ kann nicht gelesen werden: %2; seine Dateien werden ausgelassen</translation>
+    </message>
+    <message>
+        <source>the build has no component &quot;%1&quot;; known are: %2</source>
+        <translation>der Build hat keine Komponente „%1“; bekannt sind: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; goes to &quot;%2&quot;, a place that Meson does not tell; it is left out</source>
+        <translation>„%1“ kommt nach „%2“, an einen Ort, den Meson nicht nennt; es wird ausgelassen</translation>
+    </message>
 </context>
 <context>
     <name>ErrorText</name>
@@ -2314,7 +3406,7 @@ Mit „Bei Bedarf automatisch zeigen“ öffnet sich dieser Dialog von selbst, w
     </message>
     <message>
         <source>missing here</source>
-        <translation>fehlt hier</translation>
+        <translation>hier fehlend</translation>
     </message>
     <message>
         <source>%1 cancelled</source>
@@ -2691,6 +3783,14 @@ Nehmen Sie ihn nur an, wenn der Besitzer des Rechners denselben Fingerabdruck ne
     <message>
         <source>Log In</source>
         <translation>Anmelden</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -4331,7 +5431,7 @@ Eine Projektdatei kann auch hierher gezogen werden.</translation>
     </message>
     <message>
         <source>missing here</source>
-        <translation>fehlt hier</translation>
+        <translation>hier fehlend</translation>
     </message>
     <message>
         <source>switched off</source>

@@ -22,6 +22,7 @@
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace workbench {
 namespace {
@@ -45,6 +46,34 @@ QStringList PlatformNamesOf(const TSession& session) {
   for (const std::string& name : session.Platforms().Names())
     names += ToQString(name);
   return names;
+}
+
+QList<QWidget*> LabelsOf(const QFormLayout& form) {
+  QList<QWidget*> labels;
+  for (int row = 0; row < form.rowCount(); ++row) {
+    if (QLayoutItem* item = form.itemAt(row, QFormLayout::LabelRole); item && item->widget())
+      labels += item->widget();
+  }
+  return labels;
+}
+
+// The fields of forms that stand below each other begin at one line; the lower ones are indented.
+void AlignFields(const QFormLayout& top, const QList<QFormLayout*>& lower) {
+  constexpr int Indent = 20;
+  int width = 0;
+  for (const QWidget* label : LabelsOf(top))
+    width = std::max(width, label->sizeHint().width() - Indent);
+  for (const QFormLayout* form : lower) {
+    for (const QWidget* label : LabelsOf(*form))
+      width = std::max(width, label->sizeHint().width());
+  }
+  for (QWidget* label : LabelsOf(top))
+    label->setMinimumWidth(width + Indent);
+  for (QFormLayout* form : lower) {
+    form->setContentsMargins(Indent, 0, 0, 0);
+    for (QWidget* label : LabelsOf(*form))
+      label->setMinimumWidth(width);
+  }
 }
 
 } // namespace
@@ -109,6 +138,7 @@ void TNewProjectDialog::MakeFields() {
   FBuildPlatform = new QComboBox(this);
   FBuildPlatform->addItems(PlatformNamesOf(FSession));
   build->addRow(tr("It builds &for"), FBuildPlatform);
+  AlignFields(*form, {empty, build});
 
   FProblem = new QLabel(this);
   FProblem->setTextFormat(Qt::PlainText);

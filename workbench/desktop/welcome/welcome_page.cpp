@@ -46,6 +46,7 @@ TWelcomePage::TWelcomePage(const std::vector<TExampleProject>& examples, bool ha
                              "A project file can also be dropped here."),
                           column);
   hint->setAlignment(Qt::AlignCenter);
+  hint->setMargin(Gap / 2); // the dots of a capital letter need more than its line has
   auto* create = new QPushButton(tr("&New Project…"), column);
   auto* open = new QPushButton(tr("&Open Project…"), column);
   connect(create, &QPushButton::clicked, this, &TWelcomePage::NewWanted);

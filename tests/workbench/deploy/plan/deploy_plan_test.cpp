@@ -169,5 +169,43 @@ TEST(DeployPlan, ListsWhatWouldRun) {
                     "on the target: restart"}));
 }
 
+TEST(DeployPlan, BelievesWhatWasSeenOnTheTargetAMomentAgo) {
+  const TRemotePlace place;
+  const TDeployFile file = place.File("a", "a", "12345");
+  TFolderConnection connection(place.Target());
+  TSeenFiles seen;
+  const TTargetRecord record;
+  const auto plan = [&] {
+    return MakeDeployPlan(
+        {file}, {.Seen = &seen}, [&]() -> IRemoteConnection& { return connection; },
+        [&]() -> const TTargetRecord& { return record; });
+  };
+  EXPECT_EQ(plan().Files[0].State, TFileState::New);
+  TRemotePlace::Write(place.Target("a"), "12345");
+  EXPECT_EQ(plan().Files[0].State, TFileState::New);
+  EXPECT_EQ(place.Plan({file}).Files[0].State, TFileState::Same);
+}
+
+TEST(DeployPlan, OfManyFilesSaysOfEachWhatStandsInItsPlace) {
+  const TRemotePlace place;
+  std::vector<TDeployFile> files;
+  constexpr std::size_t Count = 1200;
+  for (std::size_t i = 0; i < Count; ++i)
+    files.push_back(place.File("f" + std::to_string(i), "f" + std::to_string(i)));
+  std::filesystem::create_symlink("f0", place.Local("link"));
+  files.push_back({.LocalName = "link", .LocalFile = place.Local("link"), .RemoteName = "link"});
+  TRemotePlace::Write(place.Target("f7"), "longer than the content here");
+  std::filesystem::create_directories(place.Target("f1100"));
+  EXPECT_EQ(place.Plan(files).Problems,
+            TTexts{"\"f1100\": it lands on " + place.Target("f1100").string() +
+                   ", which is a directory on the target"});
+  std::filesystem::remove(place.Target("f1100"));
+  const TDeployPlan plan = place.Plan(files, {.KeepLinks = true});
+  EXPECT_EQ(plan.Files[7].There.Size, 28U);
+  EXPECT_EQ(plan.Files[8].There.Kind, TRemoteKind::None);
+  EXPECT_EQ(plan.Files[Count].Link, "f0");
+  EXPECT_EQ(plan.Outside.size(), Count);
+}
+
 } // namespace
 } // namespace workbench

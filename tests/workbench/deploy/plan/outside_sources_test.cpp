@@ -17,12 +17,15 @@ protected:
     fs::create_directories(Tree);
     fs::create_symlink("../library", Library.File.LocalFile);
   }
-  TFileNames Found() const { return FindOutsideSources({&Library, 1}, {Tree}); }
+  TFileNames Found() const {
+    return PathsToRead({&Library, 1}, FindOutsideFiles({&Library, 1}, {Tree}));
+  }
 
   const testing::TTemporaryDirectory Place;
   const fs::path Tree = Place.Path() / "tree";
   TPlannedFile Library{
-      .File = {.LocalName = "libx.so", .LocalFile = Tree / "libx.so", .RemoteName = "libx.so"}};
+      .File = {.LocalName = "libx.so", .LocalFile = Tree / "libx.so", .RemoteName = "libx.so"},
+      .IsLinkHere = true};
 };
 
 TEST_F(OutsideSources, AreWhereTheContentOfALinkIs) {
