@@ -1,5 +1,6 @@
 #include "tests/workbench/session/session_fixture.h"
 #include "workbench/deploy/deploy_service.h"
+#include "workbench/remote/target/seen_files.h"
 #include "workbench/services/remote_profile_services.h"
 
 namespace workbench {
@@ -50,6 +51,37 @@ TEST_F(DeployService, ShowsThePlanBeforeItBeginsAndDoesNothingWithoutAYes) {
   EXPECT_EQ(planned[0].LocalFile, FFile.parent_path() / "levels.dat");
   EXPECT_EQ(planned[0].SizeHere, 6U);
   EXPECT_FALSE(IsThere());
+}
+
+// Rows and states of one status ask about the same files; a deploy looks itself.
+TEST_F(DeployService, PlansAStatusWithWhatItsRowsSawOfTheTarget) {
+  TRemoteProfileServices& services = Host().RemoteProfiles();
+  TSilentObserver nobody;
+  const auto planned = [&](TSeenFiles* seen, bool dryRun) {
+    TDeployRequest request{.Project = FOpen->Project(), .Target = {"Debug", "Win32"}};
+    request.Options = {.DryRun = dryRun, .SkipMissing = true};
+    request.MayBegin = [](const TDeployReport&) { return false; };
+    request.Seen = seen;
+    return services.Deploys().Deploy(request, nobody).Rows.front();
+  };
+  const std::filesystem::path there = planned(nullptr, /*dryRun=*/true).RemoteFile;
+  std::filesystem::create_directories(there.parent_path());
+
+  TSeenFiles seen;
+  services.ShareAnswers(&seen);
+  const auto profile = services.FindProfile("place");
+  std::vector<std::string> names;
+  for (const TFilePair& pair : services.Deploys().FilePairsOf(FOpen->Project(), {"Debug", "Win32"}))
+    names.push_back(pair.RemoteName);
+  services.BeginRemoteQueries(*profile);
+  services.ExpectRemoteQueries(*profile, names);
+  services.EndRemoteQueries(*profile);
+  services.ShareAnswers(nullptr);
+
+  Write(there, "of somebody else");
+  EXPECT_EQ(planned(&seen, /*dryRun=*/true).State, TFileState::New);
+  EXPECT_EQ(planned(nullptr, /*dryRun=*/true).State, TFileState::Unrecorded);
+  EXPECT_EQ(planned(&seen, /*dryRun=*/false).State, TFileState::Unrecorded);
 }
 
 TEST_F(DeployService, BeginsAfterAYes) {
