@@ -177,4 +177,4 @@ room(workbench/ide/kdevelop SEES workbench/desktop/text workbench/ide/view)
 room(workbench/ide/kate SEES workbench/desktop/text workbench/ide/view)
 
 room(workbench/desktop SEES ${FOUNDATION} workbench/desktop/controls workbench/desktop/text
-  workbench/desktop/window workbench/project workbench/session)
+  workbench/desktop/window workbench/files workbench/project workbench/session)

@@ -1,5 +1,6 @@
 // deploymgr: the command line of the Deployment Manager.
 #include "workbench/cli/command_line.h"
+#include "workbench/files/open_file_limit.h"
 
 #include <csignal>
 #include <deployment_commit.h>
@@ -28,6 +29,7 @@ void OccupyClosedStreams() {
 
 int main(int argc, char** argv) {
   OccupyClosedStreams();
+  workbench::AllowManyOpenFiles();
   std::signal(SIGINT, EndInterrupted);
   std::signal(SIGTERM, EndInterrupted);
   std::signal(SIGPIPE, SIG_IGN);

@@ -6,6 +6,7 @@
 #include "workbench/desktop/window/main_window.h"
 #include "workbench/desktop/window/screenshot.h"
 #include "workbench/desktop/window/translations.h"
+#include "workbench/files/open_file_limit.h"
 #include "workbench/project/project_settings.h"
 #include "workbench/session/session.h"
 
@@ -208,6 +209,7 @@ int main(int argc, char* argv[]) {
                   StatusFailed);
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
+  AllowManyOpenFiles();
   QApplication application(argc, argv);
   QApplication::setApplicationName("Deployment Manager");
   QApplication::setApplicationVersion(VersionText());

@@ -4,8 +4,11 @@
 #include "workbench/remote/sftp/sftp_upload_file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <fcntl.h>
+#include <thread>
+#include <utility>
 
 namespace workbench {
 namespace {
@@ -16,6 +19,9 @@ constexpr std::size_t FewestUploads = 128;
 constexpr std::size_t MostUploads = 768;
 constexpr unsigned AnswersPerFile = 4;
 constexpr std::chrono::microseconds WorkPerFile(60);
+// Other channels, such as those to other targets, close files all the time.
+constexpr std::chrono::milliseconds WaitForFiles(10);
+constexpr int MostWaits = 500;
 constexpr std::string_view Interrupted = "the run was interrupted";
 constexpr std::string_view Changed = "it changed while it was copied";
 
@@ -38,13 +44,18 @@ std::uint64_t FreeSpace(TSftpParser answer) {
 }
 
 // The local file, opened without waiting for anyone; errno tells why not.
-TFileDescriptor OpenSource(const TSendRequest& request, struct stat& status, std::string& problem) {
-  TFileDescriptor file(::open(request.LocalFile.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0)
-    problem = "reading it: " + SystemReason(errno);
-  else if (!S_ISREG(status.st_mode))
-    problem = "reading it: it is " + std::string(KindOfFile(status.st_mode));
-  return file;
+TFileDescriptor OpenSource(const TSendRequest& request) {
+  return TFileDescriptor(::open(request.LocalFile.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+}
+
+std::string SourceProblem(const struct stat& status) {
+  return S_ISREG(status.st_mode) ? std::string()
+                                 : "reading it: it is " + std::string(KindOfFile(status.st_mode));
+}
+
+// This process, or this machine, has as many files open as it may.
+bool IsTooManyFiles(int error) {
+  return error == EMFILE || error == ENFILE;
 }
 
 } // namespace
@@ -85,6 +96,8 @@ TSftpUpload::TFile& TSftpUpload::TakeSlot() {
 
 // Begins with the next file; false when there is none to begin with.
 bool TSftpUpload::Start(TSftpChannel& channel) {
+  if (FHeldBack)
+    return StartHeldBack(channel);
   const std::size_t active = FFiles.size() - FFree.size();
   if (FNoMore || FJob.IsCancelled() || active >= FMostFiles)
     return false;
@@ -99,9 +112,51 @@ bool TSftpUpload::Start(TSftpChannel& channel) {
   return true;
 }
 
+bool TSftpUpload::StartHeldBack(TSftpChannel& channel) {
+  const std::size_t others = FFiles.size() - FFree.size() - 1;
+  if (others >= FMostFiles && !FJob.IsCancelled())
+    return false;
+  TFile& file = *std::exchange(FHeldBack, nullptr);
+  if (FJob.IsCancelled()) {
+    file.Outcome.Problem = Interrupted;
+    End(file);
+  } else {
+    Begin(channel, file);
+  }
+  return true;
+}
+
+// Of many targets at once each channel would open as many files as if it were alone. Where they are
+// too many for this process the file waits until another one is closed, and fewer are open from
+// then on; the only one of a channel waits for what other channels close.
+bool TSftpUpload::HoldBack(TFile& file, int error) {
+  if (!IsTooManyFiles(error))
+    return false;
+  const std::size_t others = FFiles.size() - FFree.size() - 1;
+  if (others > 0 && !FHeldBack) {
+    FMostFiles = others;
+    FHeldBack = &file;
+    return true;
+  }
+  for (int i = 0; FMayWait && i < MostWaits && !FJob.IsCancelled(); ++i) {
+    std::this_thread::sleep_for(WaitForFiles);
+    file.Source = OpenSource(*file.Request);
+    if (file.Source.IsOpen())
+      return false;
+  }
+  FMayWait = false;
+  return false;
+}
+
 void TSftpUpload::Begin(TSftpChannel& channel, TFile& file) {
+  file.Source = OpenSource(*file.Request);
+  if (const int error = errno; !file.Source.IsOpen() && HoldBack(file, error))
+    return;
   ++file.Attempts;
-  file.Source = OpenSource(*file.Request, file.Status, file.Outcome.Problem);
+  if (!file.Source.IsOpen() || ::fstat(file.Source.Get(), &file.Status) != 0)
+    file.Outcome.Problem = "reading it: " + SystemReason(errno);
+  else
+    file.Outcome.Problem = SourceProblem(file.Status);
   if (!file.Outcome.Problem.empty())
     return End(file);
   file.Offset = 0;

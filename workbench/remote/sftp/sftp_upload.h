@@ -67,6 +67,8 @@ private:
   struct TFile;
 
   bool Start(TSftpChannel& channel);
+  bool StartHeldBack(TSftpChannel& channel);
+  bool HoldBack(TFile& file, int error);
   TFile& TakeSlot();
   void Begin(TSftpChannel& channel, TFile& file);
   void Queue(TFile& file);
@@ -93,7 +95,9 @@ private:
   TUnfinishedNames& FNames;
   const TSftpLimits& FLimits;
   const bool FSetsModes;
-  const std::size_t FMostFiles; // open at a time
+  std::size_t FMostFiles;     // open at a time
+  TFile* FHeldBack = nullptr; // begins when another one is closed
+  bool FMayWait = true;       // for files that other channels close
   TFindPart FFindPart;
   std::vector<std::unique_ptr<TFile>> FFiles; // slots; a cookie names one
   std::vector<std::size_t> FFree;

@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace workbench {
 namespace {
@@ -14,6 +16,25 @@ using testing::Program;
 using testing::SftpServer;
 using testing::TRemotePlace;
 using testing::TTestRun;
+
+// This process may open so many files more, as long as the object lives.
+class TFewOpenFiles {
+public:
+  explicit TFewOpenFiles(rlim_t count) {
+    EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &FBefore), 0);
+    const int next = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    EXPECT_GE(next, 0);
+    ::close(next);
+    const rlimit few{static_cast<rlim_t>(next) + count, FBefore.rlim_max};
+    EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+  }
+  ~TFewOpenFiles() { static_cast<void>(::setrlimit(RLIMIT_NOFILE, &FBefore)); }
+  TFewOpenFiles(const TFewOpenFiles&) = delete;
+  TFewOpenFiles& operator=(const TFewOpenFiles&) = delete;
+
+private:
+  rlimit FBefore = {};
+};
 
 class SftpDeploy : public testing::SftpTest {
 protected:
@@ -128,6 +149,16 @@ TEST_F(SftpDeploy, CopiesManyFilesWholeWithTimesAndRights) {
   EXPECT_EQ(Unfinished(), std::vector<std::string>());
   for (const TPlannedFile& file : Plan(files).Files)
     EXPECT_EQ(file.Action, TDeployAction::Unchanged) << file.File.LocalName;
+}
+
+// As with several targets at once, each of which opens as many files as suit its line.
+TEST_F(SftpDeploy, SendsAllFilesWhereFewMayBeOpenAtATime) {
+  const std::vector<TDeployFile> files = ManyFiles(600, 100);
+  const TFewOpenFiles few(60);
+  const TTestRun& run = Deploy(files);
+  for (const TDeployRow& row : run.Report.Rows)
+    ASSERT_EQ(row.Action, TDeployAction::Copied) << row.LocalName << ": " << row.Error;
+  EXPECT_EQ(run.Report.Rows.size(), files.size());
 }
 
 TEST_F(SftpDeploy, ReplacesAFileThatIsThere) {
