@@ -51,11 +51,12 @@ std::vector<TRemoteStatus> TSeenFiles::Examine(IRemoteConnection& connection,
 }
 
 void TSeenFiles::Meet(IRemoteConnection& connection) {
-  if (FConnection == &connection)
+  std::string root = connection.Root();
+  if (root == FRoot)
     return;
   FDirectories.clear();
   FFiles.clear();
-  FConnection = &connection;
+  FRoot = std::move(root);
 }
 
 } // namespace workbench

@@ -10,12 +10,13 @@
 
 namespace workbench {
 
-/// Asks a target about directories and files, each once. The answers are those of the moment of
-/// asking: for questions that belong together, such as the rows and the plan of one status.
+/// Asks one target about directories and files, each once, over whichever connections lead to it.
+/// The answers are those of the moment of asking: for questions that belong together, such as the
+/// rows and the plan of one status.
 class TSeenFiles {
 public:
-  /// As those of the connection. What another connection answered is forgotten. Throw
-  /// TConnectionError.
+  /// As those of the connection. What was answered for another path of a profile is forgotten.
+  /// Throw TConnectionError.
   std::vector<TRemoteDirectory> Resolve(IRemoteConnection& connection,
                                         std::span<const std::string> directories);
   std::vector<TRemoteStatus> Examine(IRemoteConnection& connection,
@@ -24,7 +25,7 @@ public:
 private:
   void Meet(IRemoteConnection& connection);
 
-  const IRemoteConnection* FConnection = nullptr;                 // that answered
+  std::string FRoot;                                              // of the target that answered
   std::unordered_map<std::string, TRemoteDirectory> FDirectories; // by the name asked about
   std::unordered_map<std::string, TRemoteStatus> FFiles;          // by path
 };

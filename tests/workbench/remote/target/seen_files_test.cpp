@@ -43,10 +43,17 @@ TEST_F(SeenFilesTest, AreAnsweredInTheirOrderWhereOnlySomeAreKnown) {
   EXPECT_EQ(answers[3].Size, 4U);
 }
 
-TEST_F(SeenFilesTest, OfAnotherConnectionAreForgotten) {
+TEST_F(SeenFilesTest, AreThoseOfTheTargetOverAnyConnection) {
   EXPECT_EQ(SizeOf(FConnection, "a"), 4U);
   testing::TRemotePlace::Write(FPlace.Target("lib/a"), "changed since");
   TFolderConnection other(FPlace.Target());
+  EXPECT_EQ(SizeOf(other, "a"), 4U);
+}
+
+TEST_F(SeenFilesTest, OfAnotherPlaceAreForgotten) {
+  EXPECT_EQ(SizeOf(FConnection, "a"), 4U);
+  testing::TRemotePlace::Write(FPlace.Local("lib/a"), "another place");
+  TFolderConnection other(FPlace.Local());
   EXPECT_EQ(SizeOf(other, "a"), 13U);
 }
 
